@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Whole-document colouring as the commands use it: compute the runs, hand them to the surface, leave caret,
+// typing colour and flags as a colouring leaves them.
+#pragma once
+
+#include "editor/document_state.h"
+#include "editor/surface.h"
+
+namespace kevra {
+
+class DocumentColouring {
+public:
+    DocumentColouring(EditorSurface &document, DocumentState &state);
+
+    /// Colours every tag in the code colour. Text that is no tag keeps its colour; the caret goes to the top
+    /// and the document counts as unmodified.
+    void colourTags();
+    /// Colours the whole document as a script: everything black, then keywords, placeholders and separator
+    /// comments outside string literals. The caret goes to the top.
+    void ColourText();
+    /// One of the two, as the tool set that is shown says.
+    void colourForTools();
+    /// Everything black, the caret at the top.
+    void removeColours();
+
+private:
+    EditorSurface &m_document;
+    DocumentState &m_state;
+};
+
+} // namespace kevra

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/memory_surface.h"
+
+#include <algorithm>
+
+namespace kevra {
+
+MemorySurface::MemorySurface(std::string_view text)
+{
+    LoadText(text);
+}
+
+TextRange MemorySurface::inside(TextRange range) const
+{
+    const auto start = std::clamp<Offset>(range.start, 0, Length());
+    return {start, std::clamp(range.end, start, Length())};
+}
+
+std::string_view MemorySurface::Text(TextRange range) const
+{
+    const auto part = inside(range);
+    return std::string_view(m_text).substr(
+        static_cast<std::size_t>(part.start), static_cast<std::size_t>(part.length()));
+}
+
+void MemorySurface::LoadText(std::string_view text)
+{
+    m_text = text;
+    m_colours.assign(text.size(), colours::black);
+    m_selection = {};
+    m_firstVisibleLine = 0;
+}
+
+void MemorySurface::Replace(TextRange range, std::string_view text)
+{
+    const auto part = inside(range);
+    const auto from = m_colours.begin() + part.start;
+    m_colours.insert(m_colours.erase(from, from + part.length()), text.size(), m_typing);
+    m_text.replace(static_cast<std::size_t>(part.start), static_cast<std::size_t>(part.length()), text);
+    const auto end = part.start + static_cast<Offset>(text.size());
+    m_selection = {end, end};
+}
+
+void MemorySurface::Select(TextRange range)
+{
+    m_selection = inside(range);
+}
+
+Colour MemorySurface::SelColor() const
+{
+    return m_selection.empty() ? m_typing : ColourAt(m_selection.start);
+}
+
+void MemorySurface::SetSelColor(Colour colour)
+{
+    if (m_selection.empty())
+        m_typing = colour;
+    else
+        std::fill(m_colours.begin() + m_selection.start, m_colours.begin() + m_selection.end, colour);
+}
+
+Colour MemorySurface::ColourAt(Offset position) const
+{
+    return position >= 0 && position < Length() ? m_colours[static_cast<std::size_t>(position)]
+                                                : colours::black;
+}
+
+void MemorySurface::SetColours(TextRange range, std::span<const ColourRun> runs)
+{
+    const auto whole = inside(range);
+    std::fill(m_colours.begin() + whole.start, m_colours.begin() + whole.end, colours::black);
+    for (const auto &run : runs) {
+        const auto start = std::max(run.range.start, whole.start);
+        const auto end = std::min(run.range.end, whole.end);
+        if (start < end)
+            std::fill(m_colours.begin() + start, m_colours.begin() + end, run.colour);
+    }
+}
+
+Offset MemorySurface::GetLineFromChar(Offset position) const
+{
+    return std::ranges::count(Text({0, position}), '\n');
+}
+
+void MemorySurface::SetFirstVisibleLine(Offset line)
+{
+    m_firstVisibleLine = std::clamp<Offset>(line, 0, GetLineFromChar(Length()));
+}
+
+} // namespace kevra

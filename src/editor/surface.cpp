@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/surface.h"
+
+#include <algorithm>
+
+namespace kevra {
+
+bool EditorSurface::SetSelLength(Offset length)
+{
+    if (length < 0)
+        return false;
+    const auto start = SelStart();
+    Select({start, start + length});
+    return true;
+}
+
+void EditorSurface::Span(std::string_view characters)
+{
+    constexpr Offset chunk = 4096;
+    const auto start = SelStart();
+    const auto length = Length();
+    for (auto at = start; at < length; at += chunk) {
+        const auto found = Text({at, std::min(at + chunk, length)}).find_first_of(characters);
+        if (found != std::string_view::npos)
+            return Select({start, at + static_cast<Offset>(found)});
+    }
+    Select({start, length});
+}
+
+BusySurface::BusySurface(EditorSurface &surface)
+    : m_surface(surface)
+{
+    m_surface.SetDisplay(false);
+    m_surface.SetMousePointer(MousePointer::Hourglass);
+}
+
+BusySurface::~BusySurface()
+{
+    m_surface.SetMousePointer(MousePointer::Default);
+    m_surface.SetDisplay(true);
+}
+
+} // namespace kevra

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What counts as a word: letters of any alphabet, digits and the underscore, in UTF-8 text.
+#pragma once
+
+#include "editor/types.h"
+
+#include <string_view>
+
+namespace kevra {
+
+[[nodiscard]] bool isWordCharacter(char32_t character);
+
+/// True when the character that ends right before `position` belongs to a word.
+[[nodiscard]] bool wordBefore(std::string_view text, Offset position);
+/// True when the character that starts at `position` belongs to a word.
+[[nodiscard]] bool wordAt(std::string_view text, Offset position);
+
+/// The number of characters in `text`; a line break of two bytes counts two.
+[[nodiscard]] Offset characterCount(std::string_view text);
+
+/// `byte` with A to Z made small; every other byte as it is.
+[[nodiscard]] constexpr char lowerAscii(char byte)
+{
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+} // namespace kevra

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Files as the commands need them. Paths are bytes as the file system has them; '/' and '\' both separate.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+enum class Saved {
+    Ok,
+    NotAFile, ///< a folder, device, FIFO or socket stands there
+    Denied,
+    DiskFull,
+    Failed,
+};
+
+/// Tells one state of a file from another: it differs after any write.
+struct FileStamp {
+    std::int64_t modified = 0; ///< nanoseconds since 1970
+    std::int64_t size = 0; ///< bytes
+    std::uint64_t identity = 0; ///< inode
+
+    friend bool operator==(const FileStamp &, const FileStamp &) = default;
+};
+
+class FileStore {
+public:
+    virtual ~FileStore() = default;
+    [[nodiscard]] virtual bool fileExists(
+        const std::string &path) const = 0; ///< a regular file, links followed
+    [[nodiscard]] virtual bool folderExists(const std::string &path) const = 0;
+    [[nodiscard]] virtual std::optional<FileStamp> stamp(const std::string &path) const = 0;
+    /// The bytes of a regular file; nothing when it cannot be read whole.
+    [[nodiscard]] virtual std::optional<std::string> read(const std::string &path) const = 0;
+    /// Afterwards the file holds either its old bytes or all the new ones.
+    [[nodiscard]] virtual Saved write(const std::string &path, std::string_view bytes) = 0;
+    /// Also read-only files. True when no such file is there afterwards.
+    virtual bool remove(const std::string &path) = 0;
+    /// Sets or clears the hidden attribute where the platform has one.
+    virtual void setHidden(const std::string &path, bool hidden) = 0;
+};
+
+} // namespace kevra

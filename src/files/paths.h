@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Taking paths apart. '/' and '\' both separate, whatever the platform.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+/// The text after the last separator.
+[[nodiscard]] std::string_view fileName(std::string_view path);
+/// What stands before the last separator; a root keeps its separator. Empty when there is none.
+[[nodiscard]] std::string_view parentFolder(std::string_view path);
+/// The text after the last dot of the file name, as written; empty without a dot.
+[[nodiscard]] std::string_view extension(std::string_view path);
+/// `text` with a to z made capital.
+[[nodiscard]] std::string upperAscii(std::string_view text);
+[[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
+/// `folder` without one trailing separator.
+[[nodiscard]] std::string_view withoutTrailingSeparator(std::string_view folder);
+
+} // namespace kevra

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+/// The desktop's clipboard, text only, UTF-8.
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    [[nodiscard]] virtual std::string text() const = 0; ///< empty when it holds no text
+    virtual void clear() = 0;
+    virtual void setText(std::string_view text) = 0;
+};
+
+} // namespace kevra

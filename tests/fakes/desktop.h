@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/clipboard.h"
+#include "settings/settings_store.h"
+
+#include <map>
+#include <tuple>
+#include <vector>
+
+namespace kevra {
+
+class FakeClipboard : public Clipboard {
+public:
+    std::string text() const override { return content; }
+    void clear() override
+    {
+        content.clear();
+        calls.emplace_back("clear");
+    }
+    void setText(std::string_view text) override
+    {
+        content = text;
+        calls.emplace_back("set");
+    }
+
+    std::string content;
+    std::vector<std::string> calls;
+};
+
+class FakeSettingsStore : public SettingsStore {
+public:
+    std::string getSetting(std::string_view app, std::string_view section, std::string_view key,
+        std::string_view fallback) const override
+    {
+        const auto it = values.find({std::string(app), std::string(section), std::string(key)});
+        return it == values.end() ? std::string(fallback) : it->second;
+    }
+    void saveSetting(
+        std::string_view app, std::string_view section, std::string_view key, std::string_view value) override
+    {
+        values[{std::string(app), std::string(section), std::string(key)}] = value;
+    }
+    void deleteSetting(std::string_view app, std::string_view section) override
+    {
+        std::erase_if(values, [&](const auto &entry) {
+            return std::get<0>(entry.first) == app && std::get<1>(entry.first) == section;
+        });
+    }
+    void deleteSetting(std::string_view app) override
+    {
+        std::erase_if(values, [&](const auto &entry) { return std::get<0>(entry.first) == app; });
+    }
+
+    std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
+};
+
+} // namespace kevra

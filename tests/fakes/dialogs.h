@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/file_dialogs.h"
+
+#include <deque>
+
+namespace kevra {
+
+/// Each dialog takes the next choice laid in; none left means cancelled.
+class FakeFileDialogs : public FileDialogs {
+public:
+    std::optional<std::string> openFile(const OpenRequest &request) override
+    {
+        openRequests.push_back(request);
+        return next();
+    }
+    std::vector<std::string> openFiles(const OpenRequest &request) override
+    {
+        openRequests.push_back(request);
+        std::vector<std::string> all(choices.begin(), choices.end());
+        choices.clear();
+        return all;
+    }
+    std::optional<SaveChoice> saveFile(const SaveRequest &request) override
+    {
+        saveRequests.push_back(request);
+        const auto path = next();
+        return path ? std::optional(SaveChoice{*path, request.filterIndex}) : std::nullopt;
+    }
+    std::optional<std::string> chooseFolder(const std::string &) override { return next(); }
+
+    std::deque<std::string> choices;
+    std::vector<OpenRequest> openRequests;
+    std::vector<SaveRequest> saveRequests;
+
+private:
+    std::optional<std::string> next()
+    {
+        if (choices.empty())
+            return std::nullopt;
+        auto choice = choices.front();
+        choices.pop_front();
+        return choice;
+    }
+};
+
+class FakeColourDialog : public ColourDialog {
+public:
+    Colour choose(Colour initial) override
+    {
+        initials.push_back(initial);
+        return chosen.value_or(initial);
+    }
+
+    std::optional<Colour> chosen; ///< empty: the dialog is cancelled
+    std::vector<Colour> initials;
+};
+
+} // namespace kevra

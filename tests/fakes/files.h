@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "files/file_store.h"
+
+#include <map>
+#include <set>
+
+namespace kevra {
+
+/// Files in memory. A path in `refused` answers every write with that outcome and leaves the file as it was.
+class FakeFileStore : public FileStore {
+public:
+    bool fileExists(const std::string &path) const override { return files.contains(path); }
+    bool folderExists(const std::string &path) const override { return folders.contains(path); }
+    std::optional<FileStamp> stamp(const std::string &path) const override
+    {
+        const auto it = files.find(path);
+        if (it == files.end())
+            return std::nullopt;
+        const auto written = writes.find(path);
+        return FileStamp{
+            written == writes.end() ? 0 : written->second, static_cast<std::int64_t>(it->second.size()), 1};
+    }
+    std::optional<std::string> read(const std::string &path) const override
+    {
+        const auto it = files.find(path);
+        return it == files.end() || unreadable.contains(path) ? std::nullopt : std::optional(it->second);
+    }
+    Saved write(const std::string &path, std::string_view bytes) override
+    {
+        if (const auto it = refused.find(path); it != refused.end())
+            return it->second;
+        files[path] = bytes;
+        ++writes[path];
+        return Saved::Ok;
+    }
+    bool remove(const std::string &path) override
+    {
+        files.erase(path);
+        return true;
+    }
+    void setHidden(const std::string &path, bool hide) override
+    {
+        if (hide)
+            hidden.insert(path);
+        else
+            hidden.erase(path);
+    }
+
+    std::map<std::string, std::string> files;
+    std::set<std::string> folders;
+    std::set<std::string> unreadable;
+    std::set<std::string> hidden;
+    std::map<std::string, Saved> refused;
+    std::map<std::string, int> writes;
+};
+
+} // namespace kevra

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/messages.h"
+
+#include <deque>
+#include <vector>
+
+namespace kevra {
+
+/// Keeps what was shown and gives the answers laid in; without one it gives the last button's harmless
+/// answer.
+class FakeMessages : public Messages {
+public:
+    Answer show(const Message &message) override
+    {
+        shown.push_back(message);
+        if (answers.empty())
+            return message.buttons == Buttons::Ok   ? Answer::Ok
+                : message.buttons == Buttons::YesNo ? Answer::No
+                                                    : Answer::Cancel;
+        const auto answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+
+    /// The texts shown so far, for a comparison in one line.
+    [[nodiscard]] std::vector<std::string> texts() const
+    {
+        std::vector<std::string> all;
+        for (const auto &message : shown)
+            all.push_back(message.text);
+        return all;
+    }
+
+    std::deque<Answer> answers;
+    std::vector<Message> shown;
+};
+
+} // namespace kevra

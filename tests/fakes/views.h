@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editor/main_view.h"
+
+#include <string>
+
+namespace kevra {
+
+class FakeMainView : public MainView {
+public:
+    void setInformation(std::string_view text) override { information = text; }
+    void setTitlePath(std::string_view path) override { titlePath = path; }
+    void redrawAndFocus() override { ++redraws; }
+    void levelLineNumbers() override { ++levelled; }
+    void refreshDocumentStatus() override { ++statusRefreshes; }
+
+    std::string information = "(untouched)";
+    std::string titlePath = "(untouched)";
+    int redraws = 0;
+    int levelled = 0;
+    int statusRefreshes = 0;
+};
+
+class FakeToolView : public ToolView {
+public:
+    void showScriptTools() override { ++scriptToolsShown; }
+    void showWebTools() override { ++webToolsShown; }
+    void showLineDebugging(bool on) override { lineDebugging = on; }
+    void showColourCoding(bool on) override { colourCoding = on; }
+    void showAutosave(bool on) override { autosave = on; }
+    void showFsoMenu(bool on) override { fsoMenu = on; }
+    void showProgramMenu(std::string_view text) override { programMenu = text; }
+
+    int scriptToolsShown = 0;
+    int webToolsShown = 0;
+    bool lineDebugging = false;
+    bool colourCoding = false;
+    bool autosave = false;
+    bool fsoMenu = false;
+    std::string programMenu;
+};
+
+} // namespace kevra
