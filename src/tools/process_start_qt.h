@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "tools/process_start.h"
+
+namespace kevra {
+
+class QtProcessStart : public ProcessStart {
+public:
+    [[nodiscard]] bool start(const std::string &path) override;
+    [[nodiscard]] bool runsWithoutExtension(const std::string &path) const override;
+};
+
+} // namespace kevra

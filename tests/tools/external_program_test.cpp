@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tools/external_program.h"
+
+#include "fakes/desktop.h"
+#include "fakes/files.h"
+#include "fakes/messages.h"
+#include "fakes/processes.h"
+#include "fakes/views.h"
+#include "settings/setting_access.h"
+
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+struct Desk {
+    ApplicationState state;
+    FakeSettingsStore settings;
+    FakeFileStore files;
+    FakeProcessStart processes;
+    FakeToolView tools;
+    FakeMessages messages;
+    ExternalProgram program{{state, settings, files, processes, tools, messages}};
+
+    [[nodiscard]] std::string lastMessage() const
+    {
+        return messages.shown.empty() ? "" : messages.shown.back().text;
+    }
+};
+
+TEST(ExternalProgram, IsTakenWhenItExistsAndIsAProgram)
+{
+    constexpr auto noFile = "The file doesn't exist or the path is wrong.";
+    constexpr auto noProgram = "That file is not an executable program.";
+    struct {
+        const char *name;
+        std::string path;
+        const char *message;
+    } const cases[] = {
+        {"nothing entered", "", ""},
+        {"no such file", "/opt/gone.exe", noFile},
+        {"a folder", "/opt", noFile},
+        {"batch file", "C:\\tools\\run.bat", noProgram},
+        {"runnable script with an extension", "/opt/run.sh", noProgram},
+        {"plain file without extension", "/opt/README", noProgram},
+        {"small letters", "C:\\tools\\paint.exe", ""},
+        {"runnable file without extension", "/opt/my paint", ""},
+        {"a dot in the folder only", "/opt/paint-2.8/paint", ""},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        Desk desk;
+        desk.files.folders = {"/opt"};
+        for (const auto *file : {"C:\\tools\\run.bat", "C:\\tools\\paint.exe", "/opt/run.sh", "/opt/README",
+                 "/opt/my paint", "/opt/paint-2.8/paint"})
+            desk.files.files[file] = "";
+        desk.processes.runnable = {"/opt/run.sh", "/opt/my paint", "/opt/paint-2.8/paint"};
+        desk.program.SetExternalProgram(c.path);
+        EXPECT_EQ(desk.lastMessage(), c.message);
+        const bool taken = !c.path.empty() && desk.messages.shown.empty();
+        EXPECT_EQ(desk.state.programPath, taken ? c.path : "none");
+        EXPECT_EQ(readSetting(desk.settings, keys::programPath), taken ? c.path : "no");
+    }
+}
+
+TEST(ExternalProgram, IsStartedOrTheUserIsToldWhyNot)
+{
+    Desk desk;
+    desk.program.RunExternalProgram();
+    EXPECT_EQ(desk.lastMessage(), "There is no program set to run. Go to Options > Settings to choose one.");
+    EXPECT_TRUE(desk.processes.started.empty());
+
+    desk.state.programPath = "/opt/moved";
+    desk.processes.starts = false;
+    desk.program.RunExternalProgram();
+    EXPECT_EQ(desk.lastMessage(),
+        "Failure opening the specified program. Check to make sure it hasn't been moved.");
+    EXPECT_EQ(desk.state.programPath, "/opt/moved");
+
+    desk.processes.starts = true;
+    desk.program.RunExternalProgram();
+    EXPECT_EQ(desk.processes.started, (std::vector<std::string>{"/opt/moved", "/opt/moved"}));
+    EXPECT_EQ(desk.messages.shown.size(), 2U);
+}
+
+TEST(ExternalProgram, MenuTextHasEightCharactersAtMost)
+{
+    struct {
+        const char *name;
+        std::string text;
+        bool taken;
+        std::string caption;
+    } const cases[] = {
+        {"empty", "", false, ""},
+        {"eight letters", "Uploader", true, "&Uploader"},
+        {"nine letters", "Uploaders", false, ""},
+        {"eight letters in more bytes", "\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84",
+            true, "&\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84"},
+        {"a sign the toolkit reads", "R&D", true, "&R&&D"},
+        {"the sign first", "&Go", true, "&&&Go"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        Desk desk;
+        desk.program.SetExternalMenuText(c.text);
+        EXPECT_EQ(desk.lastMessage(), c.taken || c.text.empty() ? "" : "Maximum 8 letters.");
+        EXPECT_EQ(readSetting(desk.settings, keys::programMenu), c.taken ? c.text : "no");
+        EXPECT_EQ(desk.tools.programMenu, c.taken ? c.text : "");
+        if (c.taken) {
+            EXPECT_EQ(programMenuCaption(desk.state.programMenuText), c.caption);
+        }
+    }
+}
+
+TEST(ExternalProgram, RemovingForgetsProgramAndName)
+{
+    Desk desk;
+    desk.state.programPath = "/opt/paint";
+    desk.program.SetExternalMenuText("Paint");
+    desk.program.RemoveExternalProgram();
+    EXPECT_EQ(readSetting(desk.settings, keys::programPath), "none");
+    EXPECT_EQ(readSetting(desk.settings, keys::programMenu), "EXE");
+    EXPECT_EQ(desk.tools.programMenu, "EXE");
+    desk.program.RunExternalProgram();
+    EXPECT_TRUE(desk.processes.started.empty());
+}
+
+} // namespace
+} // namespace kevra
