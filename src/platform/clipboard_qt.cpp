@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/clipboard_qt.h"
+
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+
+namespace kevra {
+
+std::string ClipboardQt::text() const
+{
+    return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void ClipboardQt::clear()
+{
+    QGuiApplication::clipboard()->clear();
+}
+
+void ClipboardQt::setText(std::string_view text)
+{
+    QGuiApplication::clipboard()->setText(
+        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+} // namespace kevra

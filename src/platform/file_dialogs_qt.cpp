@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/file_dialogs_qt.h"
+
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QColorDialog>
+#include <QtWidgets/QFileDialog>
+
+namespace kevra {
+
+namespace {
+
+/// The desktop's filter line: "description (*.a *.b)". A description that already lists its patterns in
+/// parentheses is shown as it stands, so the patterns are not repeated.
+QString filterLine(const FileFilter &filter)
+{
+    const auto patterns = QString::fromStdString(filter.patterns).replace(u';', u' ');
+    auto description = QString::fromStdString(filter.description);
+    if (const auto bracket = description.indexOf(u'('); bracket >= 0)
+        description.truncate(bracket);
+    return description + u'(' + patterns + u')';
+}
+
+QStringList filterLines(const std::vector<FileFilter> &filters)
+{
+    QStringList lines;
+    for (const auto &filter : filters)
+        lines << filterLine(filter);
+    return lines;
+}
+
+std::string bytesOf(const QString &path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+QString pathOf(const std::string &bytes)
+{
+    return QFile::decodeName(QByteArray::fromStdString(bytes));
+}
+
+std::vector<std::string> runDialog(QFileDialog &dialog)
+{
+    std::vector<std::string> paths;
+    if (dialog.exec() == QDialog::Accepted)
+        for (const auto &path : dialog.selectedFiles())
+            paths.push_back(bytesOf(path));
+    return paths;
+}
+
+std::vector<std::string> open(const OpenRequest &request, QFileDialog::FileMode mode)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(request.title));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(mode);
+    dialog.setNameFilters(filterLines(request.filters));
+    return runDialog(dialog);
+}
+
+} // namespace
+
+std::optional<std::string> FileDialogsQt::openFile(const OpenRequest &request)
+{
+    const auto paths = open(request, QFileDialog::ExistingFile);
+    return paths.empty() ? std::nullopt : std::optional(paths.front());
+}
+
+std::vector<std::string> FileDialogsQt::openFiles(const OpenRequest &request)
+{
+    return open(request, QFileDialog::ExistingFiles);
+}
+
+std::optional<SaveChoice> FileDialogsQt::saveFile(const SaveRequest &request)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(request.title));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    // The question about an existing file is the caller's, in its own words.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    const auto filters = filterLines(request.filters);
+    dialog.setNameFilters(filters);
+    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
+        dialog.selectNameFilter(filters[request.filterIndex - 1]);
+    if (!request.proposedName.empty()) {
+        const QFileInfo proposed(pathOf(request.proposedName));
+        if (proposed.isAbsolute())
+            dialog.setDirectory(proposed.absolutePath());
+        dialog.selectFile(proposed.fileName());
+    }
+    const auto paths = runDialog(dialog);
+    if (paths.empty())
+        return std::nullopt;
+    const auto chosen = static_cast<int>(filters.indexOf(dialog.selectedNameFilter()));
+    return SaveChoice{paths.front(), chosen < 0 ? request.filterIndex : chosen + 1};
+}
+
+std::optional<std::string> FileDialogsQt::chooseFolder(const std::string &title)
+{
+    QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(title));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    const auto paths = runDialog(dialog);
+    return paths.empty() ? std::nullopt : std::optional(paths.front());
+}
+
+Colour ColourDialogQt::choose(Colour initial)
+{
+    const QColor before(
+        static_cast<int>(initial.red()), static_cast<int>(initial.green()), static_cast<int>(initial.blue()));
+    const auto chosen = QColorDialog::getColor(before, QApplication::activeWindow());
+    if (!chosen.isValid())
+        return initial;
+    const auto part = [](int value) { return static_cast<std::uint32_t>(value); };
+    return Colour{part(chosen.red()) | part(chosen.green()) << 8 | part(chosen.blue()) << 16};
+}
+
+} // namespace kevra

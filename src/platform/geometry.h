@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Lengths as the logic and the settings store know them: twips, fifteen to a device-independent pixel.
+#pragma once
+
+namespace kevra {
+
+inline constexpr int twipsPerPixel = 15;
+
+/// A rectangle in twips.
+struct TwipRect {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+
+    [[nodiscard]] constexpr int bottom() const { return top + height; }
+    [[nodiscard]] constexpr int right() const { return left + width; }
+    friend constexpr bool operator==(const TwipRect &, const TwipRect &) = default;
+};
+
+} // namespace kevra
