@@ -4,6 +4,7 @@
 #pragma once
 
 #include "editor/types.h"
+#include "platform/geometry.h"
 
 #include <string>
 
@@ -34,6 +35,8 @@ struct DocumentState {
     [[nodiscard]] bool takesColour() const { return colourCoding && colourApplies; }
 };
 
+enum class PadState { Normal, Other };
+
 struct ApplicationState {
     std::string commandLine;
     bool helpShowing = false;
@@ -47,6 +50,8 @@ struct ApplicationState {
     bool autosaveWritten = false;
     std::string programPath = "none"; ///< the external program
     std::string programMenuText = "EXE";
+    TwipRect padGeometry; ///< where the clipping pad stands, or stood when it was last in its normal state
+    PadState padState = PadState::Normal; ///< kept by the pad
 };
 
 } // namespace kevra

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the settings dialog shows, kept from start-up on so that it is right whenever the dialog is built.
+#pragma once
+
+#include <string>
+
+namespace kevra {
+
+struct OptionsShown {
+    // Lamps: on is green, off is red.
+    bool zif = true;
+    bool zpop = true;
+    bool zauto = false;
+    bool zcol = true;
+    bool zcom = true;
+    bool zldebug = true;
+
+    int autosaveMinutes = 0; ///< the interval box
+    std::string fontFace; ///< the face box
+    std::string fontSize; ///< the size box
+};
+
+} // namespace kevra

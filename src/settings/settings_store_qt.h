@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "settings/settings_store.h"
+
+#include <QtCore/QSettings>
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+
+namespace kevra {
+
+/// One INI file an application name, in the user's configuration folder. A file that does not parse is copied
+/// aside before it is first written, because a write keeps only what could be parsed.
+class SettingsStoreQt : public SettingsStore {
+public:
+    [[nodiscard]] std::string getSetting(std::string_view app, std::string_view section, std::string_view key,
+        std::string_view fallback) const override;
+    void saveSetting(std::string_view app, std::string_view section, std::string_view key,
+        std::string_view value) override;
+    void deleteSetting(std::string_view app, std::string_view section) override;
+    void deleteSetting(std::string_view app) override;
+
+private:
+    QSettings &file(std::string_view app) const;
+    QSettings &fileToWrite(std::string_view app);
+
+    mutable std::map<std::string, std::unique_ptr<QSettings>, std::less<>> m_files;
+    std::set<std::string> m_keptAside;
+};
+
+} // namespace kevra

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/stored_settings.h"
+
+#include "files/paths.h"
+#include "settings/fonts.h"
+#include "settings/setting_access.h"
+
+#include <charconv>
+#include <optional>
+
+namespace kevra {
+
+namespace {
+
+constexpr std::string_view defaultTempFolder = R"(C:\My Documents)";
+constexpr std::uint32_t largestColour = 0xFFFFFF;
+
+/// A whole number and nothing else; what is not one counts as never stored.
+std::optional<int> wholeNumber(std::string_view text)
+{
+    int value = 0;
+    const auto *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stop != end)
+        return std::nullopt;
+    return value;
+}
+
+Colour codeColour(std::string_view stored)
+{
+    const auto value = wholeNumber(stored).value_or(0);
+    if (value <= 0 || static_cast<std::uint32_t>(value) > largestColour)
+        return colours::defaultCode;
+    return Colour{static_cast<std::uint32_t>(value)};
+}
+
+} // namespace
+
+StoredSettings::StoredSettings(SettingsStore &store, DocumentState &document, ApplicationState &application,
+    OptionsShown &options, SettingsViews &views)
+    : m_store(store)
+    , m_document(document)
+    , m_application(application)
+    , m_options(options)
+    , m_views(views)
+{
+}
+
+std::string StoredSettings::read(const SettingKey &key) const
+{
+    return readSetting(m_store, key);
+}
+
+void StoredSettings::write(const SettingKey &key, std::string_view value)
+{
+    writeSetting(m_store, key, value);
+}
+
+bool StoredSettings::isOn(const SettingKey &key) const
+{
+    const auto value = read(key);
+    return equalIgnoringCase(value, "yes") || equalIgnoringCase(value, "none");
+}
+
+int StoredSettings::number(const SettingKey &key, int fallback) const
+{
+    return wholeNumber(read(key)).value_or(fallback);
+}
+
+void StoredSettings::writeNumber(const SettingKey &key, int value)
+{
+    write(key, std::to_string(value));
+}
+
+void StoredSettings::loadTempFolder()
+{
+    const auto stored = read(keys::tempFolder);
+    const std::string_view folder = equalIgnoringCase(stored, "none") ? defaultTempFolder : stored;
+    m_application.tempFolder = withoutTrailingSeparator(folder);
+}
+
+void StoredSettings::loadExternalProgram()
+{
+    const auto path = read(keys::programPath);
+    const bool none = equalIgnoringCase(path, "no") || equalIgnoringCase(path, "none");
+    m_application.programPath = none ? "none" : path;
+    const auto menu = read(keys::programMenu);
+    m_application.programMenuText = equalIgnoringCase(menu, "no") ? "EXE" : menu;
+    m_views.tools().showProgramMenu(m_application.programMenuText);
+}
+
+void StoredSettings::loadFonts()
+{
+    const auto face = chosenFace(read(keys::fontFace));
+    const auto size = chosenSize(read(keys::fontSize));
+    m_document.fontFace = m_options.fontFace = face.text;
+    m_document.fontSize = m_options.fontSize = size.text;
+    m_views.fonts().selectFace(face.position);
+    m_views.fonts().selectSize(size.position);
+}
+
+void StoredSettings::loadEditorGeometry()
+{
+    auto &window = m_views.placement();
+    if (read(keys::editorState) != "0")
+        return window.maximise();
+    const auto now = window.normalGeometry();
+    window.placeNormal({.left = number(keys::editorLeft, now.left),
+        .top = number(keys::editorTop, now.top),
+        .width = number(keys::editorWidth, now.width),
+        .height = number(keys::editorHeight, now.height)});
+}
+
+void StoredSettings::loadPanelType()
+{
+    const auto type = read(keys::panelType);
+    if (!equalIgnoringCase(type, "none") && type != "1")
+        m_views.tools().showScriptTools();
+}
+
+void StoredSettings::loadCodeColour()
+{
+    m_document.codeColour = codeColour(read(keys::codeColour));
+    m_document.colourCoding = !equalIgnoringCase(read(keys::colourCoding), "no");
+    m_options.zcol = m_document.colourCoding;
+    m_views.tools().showColourCoding(m_document.colourCoding);
+}
+
+void StoredSettings::loadPadGeometry()
+{
+    const auto inner = m_views.placement().innerArea();
+    m_application.padGeometry = {.left = number(keys::padLeft, inner.left),
+        .top = number(keys::padTop, inner.bottom() / 2),
+        .width = number(keys::padWidth, inner.width),
+        .height = number(keys::padHeight, inner.height / 2)};
+}
+
+void StoredSettings::loadComments()
+{
+    m_document.snippetComments = m_options.zcom = isOn(keys::comments);
+}
+
+void StoredSettings::loadLineDebug()
+{
+    const bool on = isOn(keys::lineDebug);
+    m_document.lineDebugPreferred = m_document.lineDebugOn = m_options.zldebug = on;
+    m_views.tools().showLineDebugging(on);
+}
+
+void StoredSettings::loadIfCheck()
+{
+    m_document.ifChecking = m_options.zif = isOn(keys::ifCheck);
+}
+
+void StoredSettings::loadAutosave()
+{
+    const bool wanted = equalIgnoringCase(read(keys::autosave), "yes");
+    m_options.zauto = wanted;
+    const int minutes = number(keys::autosaveMinutes, 0);
+    m_application.autosaveMinutes = m_options.autosaveMinutes = minutes > 0 ? minutes : 0;
+    m_application.autosaveOn = wanted && minutes > 0;
+    if (m_application.autosaveOn)
+        m_views.autosaveTimer().start(minutes);
+    else
+        m_views.autosaveTimer().stop();
+    m_views.tools().showAutosave(m_application.autosaveOn);
+}
+
+void StoredSettings::loadFsoMenu()
+{
+    m_document.fsoMenu = m_options.zpop = isOn(keys::fsoMenu);
+    m_views.tools().showFsoMenu(m_document.fsoMenu);
+}
+
+bool StoredSettings::loadFirstStart() const
+{
+    return equalIgnoringCase(read(keys::firstStart), "yes");
+}
+
+void StoredSettings::saveFirstStartDone()
+{
+    write(keys::firstStart, "no");
+}
+
+void StoredSettings::saveEditorGeometry()
+{
+    const auto &window = m_views.placement();
+    if (window.windowState() != WindowState::Normal)
+        return write(keys::editorState, "2");
+    write(keys::editorState, "0");
+    const auto geometry = window.normalGeometry();
+    writeNumber(keys::editorTop, geometry.top);
+    writeNumber(keys::editorLeft, geometry.left);
+    writeNumber(keys::editorWidth, geometry.width);
+    writeNumber(keys::editorHeight, geometry.height);
+}
+
+void StoredSettings::savePadGeometry()
+{
+    if (m_application.padState != PadState::Normal)
+        return;
+    const auto &pad = m_application.padGeometry;
+    writeNumber(keys::padTop, pad.top);
+    writeNumber(keys::padLeft, pad.left);
+    writeNumber(keys::padWidth, pad.width);
+    writeNumber(keys::padHeight, pad.height);
+}
+
+void StoredSettings::savePanelType()
+{
+    write(keys::panelType, m_document.scriptTools ? "2" : "1");
+}
+
+void StoredSettings::cleanOldSettings()
+{
+    constexpr std::string_view older[] = {"kevraed", "kevra28"};
+    constexpr std::string_view sections[] = {optionsSection, windowsSection};
+    // A section that is written to exists for certain, so deleting it cannot fail.
+    for (const auto app : older)
+        for (const auto section : sections)
+            m_store.saveSetting(app, section, "cleaner", "x");
+    for (const auto app : older) {
+        for (const auto section : sections)
+            m_store.deleteSetting(app, section);
+        m_store.deleteSetting(app);
+    }
+}
+
+} // namespace kevra

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reads every stored option with its default into the program's state and onto the controls that show it, and
+// writes back what changes only at the end of the program. The settings dialog writes its options itself.
+#pragma once
+
+#include "editor/document_state.h"
+#include "editor/main_view.h"
+#include "platform/geometry.h"
+#include "settings/keys.h"
+#include "settings/options_shown.h"
+#include "settings/settings_store.h"
+
+#include <string>
+
+namespace kevra {
+
+/// The main window's font boxes. Selecting an entry applies it to the document as a user's choice would.
+class FontBoxes {
+public:
+    virtual ~FontBoxes() = default;
+    virtual void selectFace(int position) = 0; ///< from 0
+    virtual void selectSize(int position) = 0;
+    [[nodiscard]] virtual std::string face() const = 0;
+    [[nodiscard]] virtual std::string size() const = 0; ///< points, as text
+};
+
+enum class WindowState { Normal, Maximised, Minimised };
+
+/// Where a window stands on the screen, in twips.
+class WindowPlacement {
+public:
+    virtual ~WindowPlacement() = default;
+    [[nodiscard]] virtual WindowState windowState() const = 0;
+    [[nodiscard]] virtual TwipRect normalGeometry() const = 0;
+    [[nodiscard]] virtual TwipRect innerArea() const = 0;
+    virtual void maximise() = 0;
+    /// Brought onto a screen that exists.
+    virtual void placeNormal(const TwipRect &geometry) = 0;
+};
+
+class AutosaveTimer {
+public:
+    virtual ~AutosaveTimer() = default;
+    virtual void start(int minutes) = 0;
+    virtual void stop() = 0;
+};
+
+/// The parts of the main window that settings touch. The window is created when one of them is first used.
+class SettingsViews {
+public:
+    virtual ~SettingsViews() = default;
+    virtual ToolView &tools() = 0;
+    virtual FontBoxes &fonts() = 0;
+    virtual WindowPlacement &placement() = 0;
+    virtual AutosaveTimer &autosaveTimer() = 0;
+};
+
+class StoredSettings {
+public:
+    StoredSettings(SettingsStore &store, DocumentState &document, ApplicationState &application,
+        OptionsShown &options, SettingsViews &views);
+
+    [[nodiscard]] std::string read(const SettingKey &key) const;
+    void write(const SettingKey &key, std::string_view value);
+
+    void loadTempFolder();
+    void loadExternalProgram();
+    void loadFonts();
+    void loadEditorGeometry();
+    void loadPanelType();
+    void loadCodeColour();
+    void loadPadGeometry();
+    void loadComments();
+    void loadLineDebug();
+    void loadIfCheck();
+    void loadAutosave();
+    void loadFsoMenu();
+    /// True when the program has never been started before.
+    [[nodiscard]] bool loadFirstStart() const;
+
+    void saveEditorGeometry();
+    void savePadGeometry();
+    void savePanelType();
+    void saveFirstStartDone();
+    /// Removes what two older versions of the program have stored.
+    void cleanOldSettings();
+
+private:
+    [[nodiscard]] bool isOn(const SettingKey &key) const; ///< "yes", or never stored
+    [[nodiscard]] int number(const SettingKey &key, int fallback) const;
+    void writeNumber(const SettingKey &key, int value);
+
+    SettingsStore &m_store;
+    DocumentState &m_document;
+    ApplicationState &m_application;
+    OptionsShown &m_options;
+    SettingsViews &m_views;
+};
+
+} // namespace kevra
