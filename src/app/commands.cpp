@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/commands.h"
+
+#include <array>
+
+namespace kevra {
+
+namespace {
+
+using enum MenuKind;
+
+constexpr MenuRow separator{Separator, {}, {}, {}, {}, {}};
+
+constexpr auto menus = std::to_array<MenuRow>({
+    {Menu, "mfile", "&File", "", "", ""},
+    {Item, "mnewfile", "&New File", "Ctrl+N", "Start a new file", ""},
+    {Item, "mopenfile", "&Open File", "Ctrl+O", "Open a file", ""},
+    separator,
+    {Item, "msaveplain", "&Save", "Ctrl+S", "Save the file", ""},
+    {Item, "msaveas", "Save &As", "Ctrl+Shift+S", "Save under a name", ""},
+    separator,
+    {Item, "mprint", "&Print", "Ctrl+P", "Print the selection, or everything", ""},
+    separator,
+    {Item, "mexit", "E&xit", "Ctrl+Q", "Close the program", ""},
+
+    {HiddenMenu, "mpop", "popup", "", "", ""},
+    {Item, "popundo", "&Undo", "", "", "mundo"},
+    separator,
+    {Item, "popcut", "&Cut", "", "", "mcut"},
+    {Item, "popcopy", "C&opy", "", "", "mcopy"},
+    {Item, "poppaste", "&Paste", "", "", "mpaste"},
+    separator,
+    {Item, "popall", "&Select All", "", "", "mselall"},
+
+    {Menu, "medit", "&Edit", "", "", ""},
+    {Item, "mundo", "&Undo", "Ctrl+Z", "Undo the last change", ""},
+    {Item, "mredo", "&Redo", "Ctrl+Y; Ctrl+Shift+Z", "Redo what was undone", ""},
+    separator,
+    {Item, "mcut", "&Cut", "Ctrl+X", "Cut the selection to the clipboard", ""},
+    {Item, "mcopy", "C&opy", "Ctrl+C", "Copy the selection to the clipboard", ""},
+    {Item, "mpaste", "&Paste", "Ctrl+V", "Insert the clipboard's text", ""},
+    separator,
+    {Item, "mselall", "&Select All", "Ctrl+A", "Select the whole text", ""},
+    {Item, "mclear", "C&lear", "", "Delete the whole text", ""},
+    separator,
+    {CheckItem, "mwrap", "&Wordwrap", "Alt+Z", "Wrap lines at the window's width", ""},
+    separator,
+    {Item, "mfind", "&Find and Replace", "Ctrl+F; Ctrl+H", "Find and replace in the text", ""},
+    {Item, "mmulti", "&Multi-Page Replace", "Ctrl+Shift+H", "Replace in many files", ""},
+    separator,
+    {Item, "mtemplate", "&Start with Template", "Ctrl+Shift+N", "Start a new page from the template", ""},
+
+    {Menu, "moptions", "&Options", "", "", ""},
+    {CheckItem, "mscrshow", "Scripting &Editor", "Ctrl+2", "Show the script tools", ""},
+    {CheckItem, "mwebback", "&HTML/Text Editor", "Ctrl+1", "Show the web page tools", ""},
+    separator,
+    {Item, "mhidetools", "Hide &Toolbars", "", "Hide the button panels", ""},
+    {Item, "mshowtools", "&Show Toolbars", "", "Show the button panels", ""},
+    separator,
+    {CheckItem, "mcolcode", "&Color Code Text", "", "Color tags and keywords", ""},
+    {CheckItem, "mnocolor", "&No Color Coding", "", "Show the text in black", ""},
+    separator,
+    {CheckItem, "mauto", "&Autosave", "", "Save a copy at intervals", ""},
+    {CheckItem, "mfsoset", "&FileSystemObject Popup", "", "Offer method names when fso. is typed", ""},
+    separator,
+    {Item, "msettings", "S&ettings", "Ctrl+,", "Change the settings", ""},
+    {Item, "mpad", "Clipping &Pad", "Ctrl+D", "Show the clipping pad", ""},
+    {Item, "mcolorfind", "&Color Finder", "", "Choose a color and copy its code", ""},
+    {Item, "mmsgboxref", "&MsgBox Ref.", "", "Show the message box constants", ""},
+
+    {Menu, "mdebug", "&Debug", "", "", ""},
+    {CheckItem, "mdodebug", "&Use Line Debugging", "", "Check each line when Return is hit", ""},
+    {CheckItem, "mnodebug", "&No Line Debugging", "", "Do not check lines while typing", ""},
+    separator,
+    {Item, "mrundebug", "&Run Debugger", "F8", "Check the whole script", ""},
+
+    {Menu, "mimops", "&Graphics", "", "", ""},
+    {Item, "msample", "&View Image", "Ctrl+I", "View an image", ""},
+
+    {BarItem, "mex", "&EXE", "", "Start the external program", ""},
+    {BarItem, "mabout", "&About", "", "About the program", ""},
+
+    {Menu, "mhelp", "&Help", "", "", ""},
+    {Item, "mcallhelp", "&KEVRA Help", "F1", "Show the help page", ""},
+    {Item, "mvbsinfo", "&VBScript Info", "Shift+F1", "Show the VBScript reference page", ""},
+
+    {HiddenMenu, "mpopfso", "popup", "", "", ""},
+});
+
+constexpr ToolRow gap{{}, {}, {}, 0};
+
+constexpr auto tools = std::to_array<ToolRow>({
+    {"openb", "mopenfile", "OPEN FILE", 1},
+    {"saveb", "msaveas", "SAVE AS", 2},
+    {"printb", "mprint", "PRINT", 3},
+    gap,
+    {"cutb", "mcut", "CUT", 4},
+    {"copyb", "mcopy", "COPY", 5},
+    {"pasteb", "mpaste", "PASTE", 6},
+    gap,
+    {"textb", "mpad", "CLIPPING PAD", 7},
+    gap,
+    {"fandsb", "mfind", "FIND AND REPLACE", 8},
+    {"multirb", "mmulti", "MULTI-PAGE REPLACE", 9},
+    gap,
+    {"retagb", "mcolcode", "COLOR CODE TEXT", 10},
+    {"reblackb", "mnocolor", "NO COLOR CODING", 11},
+    gap,
+    gap,
+    {"colfindb", "mcolorfind", "COLOR FINDER", 12},
+    {"viewimb", "msample", "VIEW IMAGE", 13},
+    gap,
+    {"debugb", "mrundebug", "RUN DEBUGGER", 14},
+    gap,
+    {"lineyesb", "mdodebug", "USE LINE DEBUGGING", 15},
+    {"linenob", "mnodebug", "NO LINE DEBUGGING", 20},
+    gap,
+    {"autob", "mauto", "AUTOSAVE", 18},
+});
+
+constexpr std::array<std::string_view, imageCount> images{"open", "save", "print", "cut", "copy", "paste",
+    "pad", "find", "multi", "colour", "black", "colour-finder", "image", "debug", "line-on", "line-off",
+    "autosave-on", "autosave-off", "line-on-rest", "line-off-rest"};
+
+constexpr auto methods = std::to_array<std::string_view>({"FileExists", "FolderExists", "DriveExists",
+    "GetFile", "GetFolder", "GetDrive", "GetTempName", "GetBaseName", "GetExtensionName",
+    "GetParentFolderName", "GetAbsolutePathName", "CopyFile", "CopyFolder", "MoveFile", "DeleteFile",
+    "DeleteFolder", "CreateFolder", "CreateTextFile", "OpenTextFile"});
+
+} // namespace
+
+std::span<const MenuRow> menuRows()
+{
+    return menus;
+}
+
+std::span<const ToolRow> toolRows()
+{
+    return tools;
+}
+
+std::string_view imageName(int image)
+{
+    return images[static_cast<std::size_t>(image - 1)];
+}
+
+std::span<const std::string_view> fsoMethods()
+{
+    return methods;
+}
+
+} // namespace kevra

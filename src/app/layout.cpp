@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/layout.h"
+
+#include <algorithm>
+
+namespace kevra {
+
+namespace {
+
+constexpr int above = 780; ///< the strip over the editor
+constexpr int besideLeft = 435; ///< the line numbers' room
+constexpr int aboveAndBelow = 1275;
+constexpr int widthPercent = 94;
+constexpr int informationMargin = 180;
+constexpr int rowGap = 30;
+
+int noLessThanZero(int value)
+{
+    return std::max(value, 0);
+}
+
+/// As wide as asked for, and never wider than the window: a panel that starts left of it could not be
+/// reached.
+TwipRect centred(const TwipRect &inner, TwipSize size, int top)
+{
+    const int width = std::min(size.width, noLessThanZero(inner.width));
+    return {inner.left + (noLessThanZero(inner.width) - width) / 2, top, width, size.height};
+}
+
+} // namespace
+
+MainLayout layout(const LayoutRequest &request)
+{
+    const auto &inner = request.inner;
+    MainLayout result;
+    result.editor = {.left = inner.left + besideLeft,
+        .top = inner.top + above,
+        .width = noLessThanZero(static_cast<int>(static_cast<long long>(inner.width) * widthPercent / 100)),
+        .height = noLessThanZero(inner.height - aboveAndBelow)};
+    result.lineNumbers = {inner.left, result.editor.top, besideLeft, result.editor.height};
+    for (std::size_t i = 0; i < result.panels.size(); ++i)
+        result.panels[i] = centred(inner, request.panels[i], result.editor.bottom());
+
+    const auto &fonts = request.fonts;
+    result.fonts = {inner.right() - fonts.width, inner.top, fonts.width, fonts.height};
+    const int rowWidth = noLessThanZero(inner.width - fonts.width - informationMargin);
+    result.information
+        = {inner.left + informationMargin, inner.top + rowGap, rowWidth, request.information.height};
+    const int statusTop = result.information.bottom() + rowGap;
+    result.status
+        = {inner.left + informationMargin, statusTop, noLessThanZero(inner.width - 2 * informationMargin),
+            noLessThanZero(inner.top + above - rowGap - statusTop)};
+
+    result.image = centred(inner, request.image, inner.bottom() - request.image.height);
+    // Over the information box, which the web page tools do not need while a colour is chosen.
+    result.colour = centred(inner, request.colour, inner.top);
+    return result;
+}
+
+} // namespace kevra

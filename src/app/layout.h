@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where the main window's controls stand in its inner area. All lengths in twips, none negative.
+#pragma once
+
+#include "platform/geometry.h"
+
+#include <array>
+
+namespace kevra {
+
+/// What a control asks for.
+struct TwipSize {
+    int width = 0;
+    int height = 0;
+};
+
+struct LayoutRequest {
+    TwipRect inner;
+    std::array<TwipSize, 4> panels; ///< Frame1, Frame2, frscript1, frscript2
+    TwipSize fonts; ///< frtbar
+    TwipSize information; ///< tinfo; its width is not used
+    TwipSize image; ///< fr1
+    TwipSize colour; ///< frcol
+};
+
+struct MainLayout {
+    TwipRect editor;
+    TwipRect lineNumbers;
+    std::array<TwipRect, 4> panels;
+    TwipRect fonts;
+    TwipRect information;
+    TwipRect status; ///< the line under the information box
+    TwipRect image;
+    TwipRect colour;
+};
+
+[[nodiscard]] MainLayout layout(const LayoutRequest &request);
+
+} // namespace kevra

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/quit.h"
+
+#include <utility>
+
+namespace kevra {
+
+Quit::Quit(EditorSurface &text, DocumentState &document, ApplicationState &application,
+    StoredSettings &settings, Messages &messages, ShellWindows &windows, SessionFiles &files)
+    : m_text(text)
+    , m_document(document)
+    , m_application(application)
+    , m_settings(settings)
+    , m_messages(messages)
+    , m_windows(windows)
+    , m_files(files)
+{
+}
+
+bool Quit::confirmed(const char *question)
+{
+    return m_messages.show({question, Icon::Question, Buttons::YesNo, "Quit?"}) == Answer::Yes;
+}
+
+void Quit::clearFlags()
+{
+    m_application.helpShowing = false;
+    m_application.vbsInfoShowing = false;
+    m_document.unsaved = false;
+}
+
+void Quit::requestQuit()
+{
+    if (m_application.helpShowing) {
+        if (!confirmed("You're closing the program from Help. Is that what you want to do?"))
+            return;
+    } else if (m_application.vbsInfoShowing) {
+        if (!confirmed("You're closing the program. Is that what you want to do?"))
+            return;
+    }
+    if (m_document.unsaved)
+        return promptSaveCurrentText();
+    clearFlags();
+    shutdown();
+}
+
+void Quit::closeMainWindow()
+{
+    if (m_text.Length() > 0)
+        return requestQuit();
+    m_document.unsaved = false;
+    shutdown();
+}
+
+void Quit::promptSaveCurrentText()
+{
+    switch (m_messages.show({"Save current text?", Icon::Question, Buttons::YesNoCancel})) {
+    case Answer::Yes:
+        m_files.saveAs();
+        return shutdown();
+    case Answer::No:
+        m_document.unsaved = false;
+        m_files.textGivenUp();
+        return shutdown();
+    default:
+        return;
+    }
+}
+
+void Quit::shutdown()
+{
+    if (std::exchange(m_ended, true))
+        return;
+    m_windows.stopAutosaveTimer();
+    m_files.keepUnsavedText();
+    m_files.deletePreviewPage();
+    m_files.deleteAutosave();
+    m_settings.savePadGeometry();
+    m_settings.saveEditorGeometry();
+    m_settings.savePanelType();
+    m_windows.unloadMainWindow();
+    for (const auto window : secondaryWindows)
+        m_windows.unloadWindow(window);
+    m_windows.endProgram();
+}
+
+} // namespace kevra

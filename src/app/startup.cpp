@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/startup.h"
+
+namespace kevra {
+
+Startup::Startup(DocumentState &document, ApplicationState &application, StoredSettings &settings,
+    ShellWindows &windows, SessionFiles &files)
+    : m_document(document)
+    , m_application(application)
+    , m_settings(settings)
+    , m_windows(windows)
+    , m_files(files)
+{
+}
+
+void Startup::startup(std::string commandLine)
+{
+    m_application.commandLine = std::move(commandLine);
+    loadWindowSettings();
+    for (const auto window : secondaryWindows)
+        m_windows.createWindow(window);
+    m_windows.showMainWindow();
+    loadOptions();
+    resetState();
+    m_files.openFromCommandLine(m_application.commandLine);
+    greetAtFirstStart();
+    m_files.offerRecovery();
+}
+
+void Startup::loadWindowSettings()
+{
+    m_settings.loadTempFolder();
+    m_settings.loadExternalProgram();
+    m_settings.loadFonts();
+    m_settings.loadEditorGeometry();
+    m_settings.loadPanelType();
+}
+
+void Startup::loadOptions()
+{
+    m_settings.loadCodeColour();
+    m_settings.loadPadGeometry();
+    m_settings.loadComments();
+    m_settings.loadLineDebug();
+    m_settings.loadIfCheck();
+    m_settings.loadAutosave();
+    m_settings.loadFsoMenu();
+}
+
+void Startup::resetState()
+{
+    m_application.helpShowing = false;
+    m_application.previewFresh = true;
+    m_application.vbsInfoShowing = false;
+    m_application.fontFaceChanged = false;
+    m_document.colourApplies = true;
+    m_document.busyLoadingOrSaving = false;
+}
+
+void Startup::greetAtFirstStart()
+{
+    if (!m_settings.loadFirstStart())
+        return;
+    m_windows.showFirstStartNotices();
+    m_settings.saveFirstStartDone();
+    m_settings.cleanOldSettings();
+}
+
+} // namespace kevra

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/tool_sets.h"
+
+#include <charconv>
+
+namespace kevra {
+
+namespace {
+
+enum class Part { Control, Item, Check, Button };
+
+struct ToolSetRow {
+    Part part;
+    std::string_view name;
+    int button; ///< toolbar number
+    bool script; ///< visible, or checked, with the script tools
+    bool web;
+};
+
+constexpr ToolSetRow toolSetRows[] = {
+    {Part::Control, "t2", 0, true, false},
+    {Part::Control, "tline", 0, true, false},
+    {Part::Control, "tcolumn", 0, true, false},
+    {Part::Control, "tcount", 0, true, false},
+    {Part::Control, "tlcount", 0, true, false},
+    {Part::Control, "Frame1", 0, false, true},
+    {Part::Control, "Frame2", 0, false, false},
+    {Part::Control, "frscript1", 0, true, false},
+    {Part::Control, "frscript2", 0, false, false},
+    {Part::Item, "mcolorfind", 0, false, true},
+    {Part::Item, "mtemplate", 0, false, true},
+    {Part::Item, "mimops", 0, false, true},
+    {Part::Item, "mex", 0, false, true},
+    {Part::Item, "mmsgboxref", 0, true, false},
+    {Part::Item, "mdebug", 0, true, false},
+    {Part::Check, "mscrshow", 0, true, false},
+    {Part::Check, "mwebback", 0, false, true},
+    {Part::Button, "", 18, false, true},
+    {Part::Button, "", 19, false, true},
+    {Part::Button, "", 20, false, true},
+    {Part::Button, "", 21, true, false},
+    {Part::Button, "", 22, true, false},
+    {Part::Button, "", 23, true, false},
+    {Part::Button, "", 24, true, false},
+};
+
+constexpr std::string_view panels[] = {"Frame1", "Frame2", "frscript1", "frscript2"};
+
+void apply(ShellView &view, const ToolSetRow &row, bool on)
+{
+    switch (row.part) {
+    case Part::Control:
+        return view.setControlVisible(row.name, on);
+    case Part::Item:
+        return view.setItemVisible(row.name, on);
+    case Part::Check:
+        return view.setItemChecked(row.name, on);
+    case Part::Button:
+        return view.setButtonVisible(row.button, on);
+    }
+}
+
+} // namespace
+
+ToolSets::ToolSets(EditorSurface &document, EditorSurface &lineNumbers, DocumentState &state, ShellView &view,
+    FontBoxes &fonts)
+    : m_document(document)
+    , m_lineNumbers(lineNumbers)
+    , m_state(state)
+    , m_view(view)
+    , m_fonts(fonts)
+{
+}
+
+EditorFont ToolSets::chosenFont() const
+{
+    constexpr int standardSize = 10;
+    EditorFont font{m_fonts.face(), standardSize};
+    const auto size = m_fonts.size();
+    std::from_chars(size.data(), size.data() + size.size(), font.size);
+    return font;
+}
+
+void ToolSets::show(bool scriptTools)
+{
+    m_document.SetFont(chosenFont());
+    if (scriptTools)
+        m_lineNumbers.SetFont(chosenFont());
+    m_state.scriptTools = scriptTools;
+    for (const auto &row : toolSetRows)
+        apply(m_view, row, scriptTools ? row.script : row.web);
+}
+
+void ToolSets::showScriptTools()
+{
+    show(true);
+}
+
+void ToolSets::showWebTools()
+{
+    show(false);
+}
+
+void ToolSets::hideTools()
+{
+    for (const auto panel : panels)
+        m_view.setControlVisible(panel, false);
+}
+
+void ToolSets::showTools()
+{
+    hideTools();
+    m_view.setControlVisible(m_state.scriptTools ? "frscript1" : "Frame1", true);
+}
+
+void ToolSets::showLineDebugging(bool on)
+{
+    m_view.setItemChecked("mdodebug", on);
+    m_view.setItemChecked("mnodebug", !on);
+    m_view.setButtonImage(23, on ? 15 : 19);
+    m_view.setButtonImage(24, on ? 20 : 16);
+}
+
+void ToolSets::showColourCoding(bool on)
+{
+    m_view.setItemChecked("mcolcode", on);
+    m_view.setItemChecked("mnocolor", !on);
+}
+
+void ToolSets::showAutosave(bool on)
+{
+    m_view.setItemChecked("mauto", on);
+    m_view.setButtonImage(26, on ? 17 : 18);
+}
+
+void ToolSets::showFsoMenu(bool on)
+{
+    m_view.setItemChecked("mfsoset", on);
+}
+
+void ToolSets::showProgramMenu(std::string_view text)
+{
+    m_view.setItemCaption("mex", "&" + std::string(text));
+}
+
+void ToolSets::reapplyFont()
+{
+    m_document.SetFont(chosenFont());
+    m_lineNumbers.SetFont(chosenFont());
+}
+
+void ToolSets::fontChosen()
+{
+    m_document.SetFont(chosenFont());
+    if (m_state.scriptTools)
+        m_lineNumbers.SetFont(chosenFont());
+    if (m_state.takesColour() && m_fontChanged)
+        m_fontChanged();
+}
+
+} // namespace kevra
