@@ -79,7 +79,12 @@ void MemorySurface::SetColours(TextRange range, std::span<const ColourRun> runs)
 
 Offset MemorySurface::GetLineFromChar(Offset position) const
 {
-    return std::ranges::count(Text({0, position}), '\n');
+    // A lone carriage return ends a line as well; one that is followed by a line feed does not count itself.
+    const auto before = Text({0, position});
+    Offset line = 0;
+    for (std::size_t i = 0; i < before.size(); ++i)
+        line += before[i] == '\n' || (before[i] == '\r' && m_text.compare(i + 1, 1, "\n") != 0);
+    return line;
 }
 
 void MemorySurface::SetFirstVisibleLine(Offset line)

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/edit_scope_qt.h"
+
+#include <algorithm>
+
+namespace kevra {
+
+EditScope::EditScope(EditorControl &control, EditKind kind)
+    : m_control(control)
+    , m_outer(control.m_kind)
+    , m_outermost(!control.m_inCommand)
+{
+    if (!m_outermost)
+        return;
+    m_control.m_kind = kind;
+    m_control.m_inCommand = true;
+    m_selection = m_control.Selection();
+    m_control.settle();
+}
+
+EditScope::~EditScope()
+{
+    m_control.settle();
+    if (!m_outermost)
+        return;
+    const auto kind = std::exchange(m_control.m_kind, m_outer);
+    const auto touched = std::exchange(m_control.m_touched, std::nullopt);
+    m_control.m_inCommand = false;
+    if (touched && kind != EditKind::Program) {
+        if (m_control.m_typingHandler)
+            m_control.m_typingHandler->edited(*touched, kind);
+        emit m_control.edited(*touched, kind);
+    }
+    if (!touched && kind != EditKind::Program && m_control.m_typingHandler
+        && m_control.Selection() != m_selection)
+        m_control.m_typingHandler->caretPlaced();
+    m_control.announce();
+}
+
+void EditorControl::beforeChange(int position, int type, int length)
+{
+    settle();
+    if (type & SC_MOD_BEFOREINSERT)
+        m_change = {position, 0, length};
+    else if (type & SC_MOD_BEFOREDELETE)
+        m_change = {position, length, 0};
+}
+
+void EditorControl::settle()
+{
+    if (!m_change)
+        return;
+    const auto change = *std::exchange(m_change, std::nullopt);
+    const bool coloured = m_kind == EditKind::Program || m_kind == EditKind::Typing;
+    if (change.added > 0 && coloured && m_typing != colours::black)
+        paint({change.position, change.position + change.added}, styleOf(m_typing));
+    noteTouched(change);
+    emit changed(change.position, change.removed, change.added, m_kind);
+}
+
+void EditorControl::noteTouched(const Change &change)
+{
+    const TextRange fresh{change.position, change.position + change.added};
+    if (!m_touched) {
+        m_touched = fresh;
+        return;
+    }
+    const auto moved = [&](Offset position) {
+        if (position >= change.position + change.removed)
+            return position + change.added - change.removed;
+        return std::min(position, change.position);
+    };
+    m_touched = {std::min(moved(m_touched->start), fresh.start), std::max(moved(m_touched->end), fresh.end)};
+}
+
+void EditorControl::announce()
+{
+    if (m_inCommand || !m_displayed)
+        return;
+    const auto caret = Offset{send(SCI_GETCURRENTPOS)};
+    const auto anchor = Offset{send(SCI_GETANCHOR)};
+    if (const TextRange now{anchor, caret}; now != std::exchange(m_knownSelection, now))
+        emit caretMoved();
+    if (const auto first = FirstVisibleLine(); first != std::exchange(m_knownFirstLine, first))
+        emit firstVisibleLineChanged(first);
+    if (const bool saved = isAtSavePoint(); saved != std::exchange(m_knownSavePoint, saved))
+        emit savePointChanged(saved);
+}
+
+} // namespace kevra

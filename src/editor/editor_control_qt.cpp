@@ -1,0 +1,367 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/editor_control_qt.h"
+
+#include "editor/edit_scope_qt.h"
+
+#include <QFont>
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+using Sci = QsciScintillaBase;
+
+constexpr Offset paintedAtOnce = 1 << 20; ///< bytes; keeps the buffer for a whole document's styles small
+
+/// The colours of `range` as style bytes, laid over `styles`, which stand for its bytes.
+void layRuns(
+    std::string &styles, TextRange range, std::span<const ColourRun> runs, std::span<const char> runStyles)
+{
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        const auto start = std::max(runs[i].range.start, range.start);
+        const auto end = std::min(runs[i].range.end, range.end);
+        if (start < end)
+            std::fill(
+                styles.begin() + (start - range.start), styles.begin() + (end - range.start), runStyles[i]);
+    }
+}
+
+/// How much of `a` and `b` is alike at the start, not counting a character that is alike in part.
+Offset commonStart(std::string_view a, std::string_view b)
+{
+    auto same = std::ranges::mismatch(a, b).in1 - a.begin();
+    const auto insideCharacter = [&](std::string_view text) {
+        return same < std::ssize(text) && (text[static_cast<std::size_t>(same)] & 0xC0) == 0x80;
+    };
+    while (same > 0 && (insideCharacter(a) || insideCharacter(b)))
+        --same;
+    return same;
+}
+
+Offset commonEnd(std::string_view a, std::string_view b)
+{
+    auto same = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend()).first - a.rbegin();
+    while (same > 0 && (a[a.size() - static_cast<std::size_t>(same)] & 0xC0) == 0x80)
+        --same;
+    return same;
+}
+
+} // namespace
+
+EditorControl::EditorControl(QWidget *parent)
+    : QsciScintillaBase(parent)
+    , m_direct(reinterpret_cast<Direct>(SendScintillaPtrResult(SCI_GETDIRECTFUNCTION)))
+    , m_scintilla(SendScintillaPtrResult(SCI_GETDIRECTPOINTER))
+    , m_styleColours(1, colours::black)
+{
+    setUp();
+    bindKeys();
+    connect(this, &Sci::SCN_MODIFIED, this,
+        [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
+    connect(this, &Sci::SCN_STYLENEEDED, this, [this] { stylesAreUpToDate(); });
+    connect(this, &Sci::SCN_UPDATEUI, this, [this] {
+        settle();
+        announce();
+    });
+}
+
+void EditorControl::setUp()
+{
+    // Scintilla tells of a change only beforehand: what the library does with the later notification, for
+    // accessibility, costs a scan of the text up to the change.
+    send(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
+    send(SCI_SETCODEPAGE, SC_CP_UTF8);
+    send(SCI_SETEOLMODE, SC_EOL_CRLF);
+    for (int margin = 0; margin < 5; ++margin)
+        send(SCI_SETMARGINWIDTHN, margin, 0);
+    send(SCI_SETMULTIPLESELECTION, 0);
+    send(SCI_SETADDITIONALSELECTIONTYPING, 0);
+    send(SCI_SETMOUSESELECTIONRECTANGULARSWITCH, 0);
+    send(SCI_SETVIRTUALSPACEOPTIONS, SCVS_NONE);
+    send(SCI_SETUSETABS, 1);
+    send(SCI_SETTABWIDTH, 4);
+    send(SCI_SETTABINDENTS, 0);
+    send(SCI_SETBACKSPACEUNINDENTS, 0);
+    send(SCI_SETSCROLLWIDTH, 1);
+    send(SCI_SETSCROLLWIDTHTRACKING, 1);
+    send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
+    send(SCI_USEPOPUP, SC_POPUP_NEVER);
+    send(SCI_SETCARETFORE, 0);
+    send(SCI_SETSELBACK, 1, 0xFFD3A6);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setAttribute(Qt::WA_KeyCompression, false);
+    applyFont();
+}
+
+std::intptr_t EditorControl::send(unsigned message, Offset first, std::intptr_t second) const
+{
+    return m_direct(m_scintilla, message, static_cast<std::uintptr_t>(first), second);
+}
+
+std::intptr_t EditorControl::sendBytes(unsigned message, Offset first, const char *bytes) const
+{
+    return send(message, first, reinterpret_cast<std::intptr_t>(bytes));
+}
+
+TextRange EditorControl::inside(TextRange range) const
+{
+    const auto start = std::clamp<Offset>(range.start, 0, Length());
+    return {start, std::clamp(range.end, start, Length())};
+}
+
+std::string_view EditorControl::Text() const
+{
+    return {
+        reinterpret_cast<const char *>(send(SCI_GETCHARACTERPOINTER)), static_cast<std::size_t>(Length())};
+}
+
+std::string_view EditorControl::Text(TextRange range) const
+{
+    const auto part = inside(range);
+    if (part.empty())
+        return {};
+    return {reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, part.start, part.length())),
+        static_cast<std::size_t>(part.length())};
+}
+
+Offset EditorControl::Length() const
+{
+    return send(SCI_GETLENGTH);
+}
+
+void EditorControl::LoadText(std::string_view text)
+{
+    const EditScope scope(*this, EditKind::Program);
+    const auto typing = std::exchange(m_typing, colours::black);
+    send(SCI_SETREADONLY, 0);
+    send(SCI_SETUNDOCOLLECTION, 0);
+    send(SCI_CLEARALL);
+    send(SCI_ALLOCATE, std::ssize(text) + 1);
+    sendBytes(SCI_APPENDTEXT, std::ssize(text), text.data());
+    send(SCI_SETUNDOCOLLECTION, 1);
+    send(SCI_EMPTYUNDOBUFFER);
+    send(SCI_SETSAVEPOINT);
+    send(SCI_SETREADONLY, m_readOnly);
+    settle();
+    m_typing = typing;
+    send(SCI_SETSCROLLWIDTH, 1);
+    send(SCI_GOTOPOS, 0);
+    stylesAreUpToDate();
+}
+
+void EditorControl::Replace(TextRange range, std::string_view text)
+{
+    const EditScope scope(*this, EditKind::Program);
+    const auto part = inside(range);
+    const auto old = Text(part);
+    const auto kept = commonStart(old, text);
+    const auto rest = static_cast<std::size_t>(kept);
+    const auto keptAtEnd = commonEnd(old.substr(rest), text.substr(rest));
+    const auto fresh = text.substr(rest, text.size() - rest - static_cast<std::size_t>(keptAtEnd));
+    send(SCI_SETREADONLY, 0);
+    send(SCI_BEGINUNDOACTION);
+    send(SCI_SETTARGETRANGE, part.start + kept, part.end - keptAtEnd);
+    sendBytes(SCI_REPLACETARGET, std::ssize(fresh), fresh.data());
+    send(SCI_ENDUNDOACTION);
+    send(SCI_SETREADONLY, m_readOnly);
+    settle();
+    const auto end = part.start + std::ssize(text);
+    paint({part.start, end}, styleOf(m_typing));
+    Select({end, end});
+}
+
+TextRange EditorControl::Selection() const
+{
+    return {send(SCI_GETSELECTIONSTART), send(SCI_GETSELECTIONEND)};
+}
+
+void EditorControl::Select(TextRange range)
+{
+    const EditScope scope(*this, EditKind::Program);
+    const auto part = inside(range);
+    // What works on the text unseen leaves the view where it is.
+    if (m_displayed)
+        send(SCI_SETSEL, part.start, part.end);
+    else
+        send(SCI_SETSELECTION, part.end, part.start);
+}
+
+Colour EditorControl::SelColor() const
+{
+    const auto selection = Selection();
+    return selection.empty() ? m_typing : ColourAt(selection.start);
+}
+
+void EditorControl::SetSelColor(Colour colour)
+{
+    const auto selection = Selection();
+    if (selection.empty())
+        m_typing = colour;
+    else
+        paint(selection, styleOf(colour));
+}
+
+Colour EditorControl::ColourAt(Offset position) const
+{
+    if (position < 0 || position >= Length())
+        return colours::black;
+    const auto style = static_cast<std::size_t>(send(SCI_GETSTYLEAT, position));
+    return style < m_styleColours.size() ? m_styleColours[style] : colours::black;
+}
+
+void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs)
+{
+    settle();
+    const auto whole = inside(range);
+    std::string runStyles(runs.size(), 0);
+    std::ranges::transform(runs, runStyles.begin(),
+        [this](const ColourRun &run) { return static_cast<char>(styleOf(run.colour)); });
+    std::string styles(static_cast<std::size_t>(whole.length()), 0);
+    layRuns(styles, whole, runs, runStyles);
+    send(SCI_STARTSTYLING, whole.start);
+    for (Offset at = 0; at < whole.length(); at += paintedAtOnce)
+        sendBytes(SCI_SETSTYLINGEX, std::min(paintedAtOnce, whole.length() - at), styles.data() + at);
+    stylesAreUpToDate();
+}
+
+int EditorControl::styleOf(Colour colour)
+{
+    const auto known = std::ranges::find(m_styleColours, colour);
+    if (known != m_styleColours.end())
+        return static_cast<int>(known - m_styleColours.begin());
+    if (m_styleColours.size() == STYLE_DEFAULT)
+        m_styleColours.resize(STYLE_LASTPREDEFINED + 1, colours::black);
+    if (m_styleColours.size() > STYLE_MAX)
+        return 0;
+    m_styleColours.push_back(colour);
+    const auto style = static_cast<int>(m_styleColours.size()) - 1;
+    send(SCI_STYLESETFORE, style, static_cast<std::intptr_t>(colour.value));
+    return style;
+}
+
+void EditorControl::paint(TextRange range, int style)
+{
+    settle();
+    send(SCI_STARTSTYLING, range.start);
+    send(SCI_SETSTYLING, range.length(), style);
+    stylesAreUpToDate();
+}
+
+void EditorControl::stylesAreUpToDate()
+{
+    // Inserted text got its colour when it came; Scintilla need not ask for what lies behind it.
+    send(SCI_STARTSTYLING, Length());
+}
+
+void EditorControl::SetFont(const EditorFont &font)
+{
+    if (font == m_font)
+        return;
+    m_font = font;
+    applyFont();
+}
+
+void EditorControl::applyFont()
+{
+    sendBytes(SCI_STYLESETFONT, STYLE_DEFAULT, m_font.face.c_str());
+    send(SCI_STYLESETSIZE, STYLE_DEFAULT, m_font.size);
+    send(SCI_STYLESETFORE, STYLE_DEFAULT, 0);
+    send(SCI_STYLESETBACK, STYLE_DEFAULT, 0xFFFFFF);
+    send(SCI_STYLECLEARALL);
+    for (std::size_t style = 0; style < m_styleColours.size(); ++style)
+        send(SCI_STYLESETFORE, static_cast<Offset>(style),
+            static_cast<std::intptr_t>(m_styleColours[style].value));
+}
+
+void EditorControl::SetRightMargin(int twips)
+{
+    m_rightMargin = twips;
+    send(SCI_SETWRAPMODE, twips == 0 ? SC_WRAP_WORD : SC_WRAP_NONE);
+}
+
+Offset EditorControl::GetLineFromChar(Offset position) const
+{
+    return send(SCI_LINEFROMPOSITION, std::clamp<Offset>(position, 0, Length()));
+}
+
+Offset EditorControl::FirstVisibleLine() const
+{
+    return send(SCI_GETFIRSTVISIBLELINE);
+}
+
+void EditorControl::SetFirstVisibleLine(Offset line)
+{
+    send(SCI_SETFIRSTVISIBLELINE, std::clamp<Offset>(line, 0, shownLine(lineCount() - 1)));
+    announce();
+}
+
+void EditorControl::SetDisplay(bool on)
+{
+    m_displayed = on;
+    viewport()->setUpdatesEnabled(on);
+    announce();
+}
+
+void EditorControl::SetMousePointer(MousePointer pointer)
+{
+    const bool wait = pointer == MousePointer::Hourglass;
+    send(SCI_SETCURSOR, wait ? SC_CURSORWAIT : SC_CURSORNORMAL);
+    viewport()->setCursor(wait ? Qt::WaitCursor : Qt::IBeamCursor);
+}
+
+void EditorControl::SetFocus()
+{
+    setFocus(Qt::OtherFocusReason);
+}
+
+void EditorControl::setReadOnly(bool on)
+{
+    m_readOnly = on;
+    send(SCI_SETREADONLY, on);
+}
+
+void EditorControl::setSavePoint()
+{
+    send(SCI_SETSAVEPOINT);
+    announce();
+}
+
+bool EditorControl::isAtSavePoint() const
+{
+    return send(SCI_GETMODIFY) == 0;
+}
+
+Offset EditorControl::lineCount() const
+{
+    return send(SCI_GETLINECOUNT);
+}
+
+TextRange EditorControl::lineRange(Offset line) const
+{
+    return {send(SCI_POSITIONFROMLINE, line), send(SCI_GETLINEENDPOSITION, line)};
+}
+
+Offset EditorControl::shownLine(Offset line) const
+{
+    return send(SCI_VISIBLEFROMDOCLINE, line);
+}
+
+Offset EditorControl::shownLineCount(Offset line) const
+{
+    return send(SCI_WRAPCOUNT, line);
+}
+
+Offset EditorControl::linesOnScreen() const
+{
+    return send(SCI_LINESONSCREEN);
+}
+
+QPoint EditorControl::bottomLeftOf(Offset position) const
+{
+    return {static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, position)),
+        static_cast<int>(
+            send(SCI_POINTYFROMPOSITION, 0, position) + send(SCI_TEXTHEIGHT, GetLineFromChar(position)))};
+}
+
+} // namespace kevra

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// EditorSurface over Scintilla. Every colour in use is a Scintilla style; undo belongs to the control and
+// knows nothing of colours.
+#pragma once
+
+#include "editor/surface.h"
+#include "editor/typing.h"
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <cstdint>
+#include <optional>
+
+namespace kevra {
+
+class EditorControl : public QsciScintillaBase, public EditorSurface {
+    Q_OBJECT
+
+public:
+    explicit EditorControl(QWidget *parent = nullptr);
+
+    [[nodiscard]] std::string_view Text() const override;
+    [[nodiscard]] std::string_view Text(TextRange range) const override;
+    [[nodiscard]] Offset Length() const override;
+    void LoadText(std::string_view text) override;
+    void Replace(TextRange range, std::string_view text) override;
+    [[nodiscard]] TextRange Selection() const override;
+    void Select(TextRange range) override;
+    [[nodiscard]] Colour SelColor() const override;
+    void SetSelColor(Colour colour) override;
+    [[nodiscard]] Colour ColourAt(Offset position) const override;
+    void SetColours(TextRange range, std::span<const ColourRun> runs) override;
+    [[nodiscard]] EditorFont Font() const override { return m_font; }
+    void SetFont(const EditorFont &font) override;
+    [[nodiscard]] int RightMargin() const override { return m_rightMargin; }
+    void SetRightMargin(int twips) override;
+    [[nodiscard]] Offset GetLineFromChar(Offset position) const override;
+    /// Counts the lines as they are shown: a wrapped line is several.
+    [[nodiscard]] Offset FirstVisibleLine() const override;
+    void SetFirstVisibleLine(Offset line) override;
+    void SetDisplay(bool on) override;
+    void SetMousePointer(MousePointer pointer) override;
+    void SetFocus() override;
+
+    /// Who colours while the user types; not owned, may be null.
+    void setTypingHandler(TypingHandler *handler) { m_typingHandler = handler; }
+    /// Read-only for the user; the program still writes.
+    void setReadOnly(bool on);
+
+    [[nodiscard]] bool canUndo() const;
+    [[nodiscard]] bool canRedo() const;
+    [[nodiscard]] bool canPaste() const;
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    void paste();
+    void selectAll();
+    /// Deletes the selection, or the character behind the caret.
+    void deleteForward();
+    /// Replaces a part of the text as the user's own doing: it can be undone, and the colouring hears of it.
+    void replaceAsUser(TextRange range, std::string_view text);
+
+    /// The text as it is now is what the file holds.
+    void setSavePoint();
+    [[nodiscard]] bool isAtSavePoint() const;
+
+    [[nodiscard]] Offset lineCount() const;
+    [[nodiscard]] TextRange lineRange(Offset line) const; ///< without the line break
+    /// The first of the lines shown that hold a line of the text, and how many they are.
+    [[nodiscard]] Offset shownLine(Offset line) const;
+    [[nodiscard]] Offset shownLineCount(Offset line) const;
+    [[nodiscard]] Offset linesOnScreen() const;
+    /// The place of a character's left bottom corner in the control's own coordinates.
+    [[nodiscard]] QPoint bottomLeftOf(Offset position) const;
+
+signals:
+    /// The text has changed, once for every stretch; `position` and `removed` count in the text before.
+    void changed(kevra::Offset position, kevra::Offset removed, kevra::Offset added, kevra::EditKind kind);
+    /// Caret or selection are elsewhere.
+    void caretMoved();
+    void firstVisibleLineChanged(kevra::Offset line);
+    void savePointChanged(bool atSavePoint);
+    /// After a whole command of the user's, when `touched` has changed.
+    void edited(kevra::TextRange touched, kevra::EditKind kind);
+
+protected:
+    bool event(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    [[nodiscard]] bool canInsertFromMimeData(const QMimeData *source) const override;
+    [[nodiscard]] QByteArray fromMimeData(const QMimeData *source, bool &rectangular) const override;
+    [[nodiscard]] QMimeData *toMimeData(const QByteArray &text, bool rectangular) const override;
+
+private:
+    friend class EditScope;
+
+    struct Change {
+        Offset position = 0;
+        Offset removed = 0;
+        Offset added = 0;
+    };
+
+    std::intptr_t send(unsigned message, Offset first = 0, std::intptr_t second = 0) const;
+    std::intptr_t sendBytes(unsigned message, Offset first, const char *bytes) const;
+    void setUp();
+    void bindKeys();
+    [[nodiscard]] TextRange inside(TextRange range) const;
+    [[nodiscard]] int styleOf(Colour colour);
+    void applyFont();
+    void paint(TextRange range, int style);
+    void stylesAreUpToDate();
+    void beforeChange(int position, int type, int length);
+    void settle();
+    void noteTouched(const Change &change);
+    void announce();
+    void command(EditKind kind, unsigned message);
+    void typeKey(QKeyEvent &event, char32_t character);
+    void deleteByKey(QKeyEvent &event);
+    void typeText(const QString &text);
+    void announceCharacter(char32_t character);
+
+    using Direct = std::intptr_t (*)(void *, unsigned, std::uintptr_t, std::intptr_t);
+    Direct m_direct = nullptr;
+    void *m_scintilla = nullptr;
+    std::vector<Colour> m_styleColours; ///< by style; the styles that Scintilla keeps for itself stay black
+    Colour m_typing = colours::black;
+    EditorFont m_font{"Courier New", 10};
+    int m_rightMargin = noWrapMargin;
+    bool m_displayed = true;
+    bool m_readOnly = false;
+    TypingHandler *m_typingHandler = nullptr;
+    EditKind m_kind = EditKind::Program;
+    bool m_inCommand = false;
+    std::optional<Change> m_change; ///< announced by Scintilla, and done by the time anything else happens
+    std::optional<TextRange> m_touched; ///< by the user's command that is under way
+    TextRange m_knownSelection;
+    Offset m_knownFirstLine = 0;
+    bool m_knownSavePoint = true;
+};
+
+} // namespace kevra
