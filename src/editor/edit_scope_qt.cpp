@@ -46,18 +46,14 @@ void EditorControl::beforeChange(int position, int type, int length)
         m_change = {position, length, 0};
 }
 
-Colour EditorControl::freshColour() const
-{
-    return m_kind == EditKind::Program || m_kind == EditKind::Typing ? m_typing : colours::black;
-}
-
 void EditorControl::settle()
 {
     if (!m_change)
         return;
     const auto change = *std::exchange(m_change, std::nullopt);
-    if (change.added > 0 && freshColour() != colours::black)
-        paint({change.position, change.position + change.added}, styleOf(freshColour()));
+    const bool coloured = m_kind == EditKind::Program || m_kind == EditKind::Typing;
+    if (change.added > 0 && coloured && m_typing != colours::black)
+        paint({change.position, change.position + change.added}, styleOf(m_typing));
     noteTouched(change);
     emit changed(change.position, change.removed, change.added, m_kind);
 }

@@ -3,7 +3,7 @@
 
 #include "editor/edit_scope_qt.h"
 
-#include <QScrollBar>
+#include <QFont>
 
 #include <algorithm>
 
@@ -60,7 +60,6 @@ EditorControl::EditorControl(QWidget *parent)
     connect(this, &Sci::SCN_MODIFIED, this,
         [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
     connect(this, &Sci::SCN_STYLENEEDED, this, [this] { stylesAreUpToDate(); });
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { announce(); });
     connect(this, &Sci::SCN_UPDATEUI, this, [this] {
         settle();
         announce();
@@ -168,11 +167,7 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     send(SCI_SETREADONLY, m_readOnly);
     settle();
     const auto end = part.start + std::ssize(text);
-    // What was alike and stayed is new text too.
-    const auto style = styleOf(freshColour());
-    paint({part.start, part.start + kept}, style);
-    paint({end - keptAtEnd, end}, style);
-    noteTouched({part.start, std::ssize(text), std::ssize(text)});
+    paint({part.start, end}, styleOf(m_typing));
     Select({end, end});
 }
 
@@ -248,8 +243,6 @@ int EditorControl::styleOf(Colour colour)
 void EditorControl::paint(TextRange range, int style)
 {
     settle();
-    if (range.empty())
-        return;
     send(SCI_STARTSTYLING, range.start);
     send(SCI_SETSTYLING, range.length(), style);
     stylesAreUpToDate();
@@ -369,11 +362,6 @@ QPoint EditorControl::bottomLeftOf(Offset position) const
     return {static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, position)),
         static_cast<int>(
             send(SCI_POINTYFROMPOSITION, 0, position) + send(SCI_TEXTHEIGHT, GetLineFromChar(position)))};
-}
-
-Offset EditorControl::positionAt(QPoint place) const
-{
-    return send(SCI_POSITIONFROMPOINT, place.x(), place.y());
 }
 
 } // namespace kevra

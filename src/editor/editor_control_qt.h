@@ -73,8 +73,6 @@ public:
     [[nodiscard]] Offset linesOnScreen() const;
     /// The place of a character's left bottom corner in the control's own coordinates.
     [[nodiscard]] QPoint bottomLeftOf(Offset position) const;
-    /// The position between characters that is nearest to a place in the control's own coordinates.
-    [[nodiscard]] Offset positionAt(QPoint place) const;
 
 signals:
     /// The text has changed, once for every stretch; `position` and `removed` count in the text before.
@@ -99,6 +97,7 @@ protected:
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     [[nodiscard]] bool canInsertFromMimeData(const QMimeData *source) const override;
+    [[nodiscard]] QByteArray fromMimeData(const QMimeData *source, bool &rectangular) const override;
     [[nodiscard]] QMimeData *toMimeData(const QByteArray &text, bool rectangular) const override;
 
 private:
@@ -116,8 +115,6 @@ private:
     void bindKeys();
     [[nodiscard]] TextRange inside(TextRange range) const;
     [[nodiscard]] int styleOf(Colour colour);
-    /// The colour of text that comes in now.
-    [[nodiscard]] Colour freshColour() const;
     void applyFont();
     void paint(TextRange range, int style);
     void stylesAreUpToDate();
@@ -130,8 +127,6 @@ private:
     void deleteByKey(QKeyEvent &event);
     void typeText(const QString &text);
     void announceCharacter(char32_t character);
-    void insertAsUser(TextRange range, const QMimeData *source, EditKind kind);
-    void pasteSelectionAt(QPoint place);
 
     using Direct = std::intptr_t (*)(void *, unsigned, std::uintptr_t, std::intptr_t);
     Direct m_direct = nullptr;

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/application_qt.h"
+
+#include "app/font_frame_panel.h"
+#include "app/information_window.h"
+#include "app/wiring_qt.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <chrono>
+
+namespace kevra {
+
+namespace {
+
+class AutosaveTimerQt : public AutosaveTimer {
+public:
+    explicit AutosaveTimerQt(QTimer &timer)
+        : m_timer(timer)
+    {
+    }
+    void start(int minutes) override { m_timer.start(std::chrono::minutes(std::min(minutes, longest))); }
+    void stop() override { m_timer.stop(); }
+
+private:
+    static constexpr int longest = 24 * 60; ///< the timer counts milliseconds in an int
+    QTimer &m_timer;
+};
+
+template <typename... Arguments>
+void runIfSet(const std::function<void(Arguments...)> &step, std::type_identity_t<Arguments>... arguments)
+{
+    if (step)
+        step(arguments...);
+}
+
+} // namespace
+
+Application::Application()
+    : folders(programFolders())
+    , m_settings(store, document, state, options, *this)
+    , m_autosaveTimer(std::make_unique<AutosaveTimerQt>(timer1))
+{
+}
+
+Application::~Application()
+{
+    m_windows.clear();
+    // What was made last may use what was made before.
+    while (!m_kept.empty())
+        m_kept.pop_back();
+}
+
+void Application::start(std::string commandLine)
+{
+    Startup(document, state, m_settings, *this, *this).startup(std::move(commandLine));
+}
+
+MainWindow &Application::mainWindow()
+{
+    if (!m_mainWindow)
+        createMainWindow();
+    return *m_mainWindow;
+}
+
+ToolSets &Application::toolSets()
+{
+    if (!m_mainWindow)
+        createMainWindow();
+    return *m_toolSets;
+}
+
+Quit &Application::quit()
+{
+    if (!m_mainWindow)
+        createMainWindow();
+    return *m_quit;
+}
+
+AutosaveTimer &Application::autosaveTimer()
+{
+    return *m_autosaveTimer;
+}
+
+FontBoxes &Application::fonts()
+{
+    return mainWindow().fonts();
+}
+
+void Application::createMainWindow()
+{
+    state.autosaveWritten = false;
+    state.helpShowing = false;
+    document.scriptTools = false;
+    m_mainWindow = std::make_unique<MainWindow>(commands);
+    auto &window = *m_mainWindow;
+    m_toolSets = std::make_unique<ToolSets>(
+        window.document(), window.lineNumbers(), document, window, window.fonts());
+    m_quit.reset(new Quit(window.document(), document, state, m_settings, messages, *this, *this));
+    for (const auto wire : {wireEditing, wireFiles, wireColour, wireChecker, wireFind, wirePreview,
+             wireImages, wireSettings, wirePad, wireProgram})
+        wire(*this);
+    m_toolSets->showWebTools();
+    window.enableBoundCommands();
+}
+
+void Application::makesWindow(SecondaryWindow window, std::function<QWidget *()> make)
+{
+    m_makers[window] = std::move(make);
+}
+
+QWidget *Application::window(SecondaryWindow window) const
+{
+    const auto it = m_windows.find(window);
+    return it == m_windows.end() ? nullptr : it->second.get();
+}
+
+void Application::showWindow(SecondaryWindow which)
+{
+    if (auto *shown = window(which)) {
+        shown->show();
+        shown->raise();
+        shown->activateWindow();
+    }
+}
+
+void Application::createWindow(SecondaryWindow window)
+{
+    if (const auto make = m_makers.find(window); make != m_makers.end())
+        m_windows[window].reset(make->second());
+}
+
+void Application::showMainWindow()
+{
+    auto &window = mainWindow();
+    window.enableBoundCommands();
+    window.show();
+    window.redrawAndFocus();
+}
+
+void Application::showFirstStartNotices()
+{
+    if (auto *information = dynamic_cast<InformationWindow *>(window(SecondaryWindow::Information)))
+        information->showFirstStartNotices();
+}
+
+void Application::unloadMainWindow()
+{
+    // Its close event or one of its actions may be what brought us here, so it is only taken off the screen;
+    // it goes with this object.
+    m_mainWindow->hide();
+}
+
+void Application::unloadWindow(SecondaryWindow which)
+{
+    if (auto *shown = window(which))
+        shown->hide();
+}
+
+void Application::endProgram()
+{
+    QCoreApplication::exit(0);
+}
+
+void Application::openFromCommandLine(const std::string &commandLine)
+{
+    runIfSet(session.openFromCommandLine, commandLine);
+}
+
+void Application::offerRecovery()
+{
+    runIfSet(session.offerRecovery);
+}
+
+void Application::saveAs()
+{
+    runIfSet(session.saveAs);
+}
+
+void Application::textGivenUp()
+{
+    runIfSet(session.textGivenUp);
+}
+
+void Application::keepUnsavedText()
+{
+    runIfSet(session.keepUnsavedText);
+}
+
+void Application::deletePreviewPage()
+{
+    runIfSet(session.deletePreviewPage);
+}
+
+void Application::deleteAutosave()
+{
+    runIfSet(session.deleteAutosave);
+}
+
+} // namespace kevra

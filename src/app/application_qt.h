@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The composition root: owns the state, the ports, the windows and the commands, and brings them together.
+#pragma once
+
+#include "app/command_registry.h"
+#include "app/main_window.h"
+#include "app/quit.h"
+#include "app/shell_ports.h"
+#include "app/startup.h"
+#include "app/tool_sets.h"
+#include "editor/document_state.h"
+#include "editor/editor_control_qt.h"
+#include "platform/clipboard_qt.h"
+#include "platform/file_dialogs_qt.h"
+#include "platform/messages_qt.h"
+#include "platform/program_folders_qt.h"
+#include "settings/options_shown.h"
+#include "settings/settings_store_qt.h"
+#include "settings/stored_settings.h"
+
+#include <QtCore/QTimer>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kevra {
+
+/// What the files' side does at the start and the end; a part that is not set does nothing.
+struct SessionSteps {
+    std::function<void(const std::string &commandLine)> openFromCommandLine;
+    std::function<void()> offerRecovery;
+    std::function<void()> saveAs;
+    std::function<void()> textGivenUp;
+    std::function<void()> keepUnsavedText;
+    std::function<void()> deletePreviewPage;
+    std::function<void()> deleteAutosave;
+};
+
+class Application : private SettingsViews, private ShellWindows, private SessionFiles {
+public:
+    Application();
+    ~Application() override;
+    Application(const Application &) = delete;
+    Application &operator=(const Application &) = delete;
+
+    /// Runs the start-up; afterwards the event loop takes over, unless hasEnded().
+    void start(std::string commandLine);
+    [[nodiscard]] bool hasEnded() const { return m_quit && m_quit->hasEnded(); }
+
+    // State and ports, for the wiring of the subsystems.
+    DocumentState document;
+    ApplicationState state;
+    OptionsShown options;
+    CommandRegistry commands;
+    SettingsStoreQt store;
+    MessagesQt messages;
+    FileDialogsQt fileDialogs;
+    ColourDialogQt colourDialog;
+    ClipboardQt clipboard;
+    ProgramFolders folders;
+    SessionSteps session;
+    QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
+
+    [[nodiscard]] MainWindow &mainWindow(); ///< created when it is first asked for
+    [[nodiscard]] ToolSets &toolSets();
+    [[nodiscard]] StoredSettings &settings() { return m_settings; }
+    [[nodiscard]] Quit &quit();
+    [[nodiscard]] AutosaveTimer &autosaveTimer() override;
+
+    /// Creates a command object that lives as long as the windows.
+    template <typename T, typename... Arguments> T &keep(Arguments &&...arguments)
+    {
+        auto object = std::make_shared<T>(std::forward<Arguments>(arguments)...);
+        m_kept.push_back(object);
+        return *object;
+    }
+
+    /// How the start-up makes a window; the application owns it.
+    void makesWindow(SecondaryWindow window, std::function<QWidget *()> make);
+    [[nodiscard]] QWidget *window(SecondaryWindow window) const; ///< null before the start-up has made it
+    void showWindow(SecondaryWindow window); ///< brought to the front, not modal
+
+private:
+    ToolView &tools() override { return toolSets(); }
+    FontBoxes &fonts() override;
+    WindowPlacement &placement() override { return mainWindow(); }
+
+    void createWindow(SecondaryWindow window) override;
+    void showMainWindow() override;
+    void showFirstStartNotices() override;
+    void stopAutosaveTimer() override { timer1.stop(); }
+    void unloadMainWindow() override;
+    void unloadWindow(SecondaryWindow window) override;
+    void endProgram() override;
+
+    void openFromCommandLine(const std::string &commandLine) override;
+    void offerRecovery() override;
+    void saveAs() override;
+    void textGivenUp() override;
+    void keepUnsavedText() override;
+    void deletePreviewPage() override;
+    void deleteAutosave() override;
+
+    void createMainWindow();
+
+    StoredSettings m_settings;
+    std::unique_ptr<AutosaveTimer> m_autosaveTimer;
+    std::unique_ptr<MainWindow> m_mainWindow;
+    std::unique_ptr<ToolSets> m_toolSets;
+    std::unique_ptr<Quit> m_quit;
+    std::map<SecondaryWindow, std::function<QWidget *()>> m_makers;
+    std::map<SecondaryWindow, std::unique_ptr<QWidget>> m_windows;
+    std::vector<std::shared_ptr<void>> m_kept;
+};
+
+} // namespace kevra

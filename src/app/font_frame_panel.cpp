@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/font_frame_panel.h"
+
+#include "app/named_qt.h"
+#include "settings/fonts.h"
+
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QHBoxLayout>
+
+namespace kevra {
+
+namespace {
+
+constexpr int standardEntry = 1;
+
+template <typename Entries> void fill(QComboBox &box, const Entries &entries)
+{
+    for (const auto entry : entries)
+        box.addItem(QString::fromLatin1(entry.data(), static_cast<qsizetype>(entry.size())));
+    box.setCurrentIndex(standardEntry);
+}
+
+} // namespace
+
+FontFrame::FontFrame(QWidget *parent)
+    : QFrame(parent)
+    , m_face(named<QComboBox>("comface", this, "Font face"))
+    , m_size(named<QComboBox>("comfsize", this, "Font size"))
+{
+    setObjectName("frtbar");
+    fill(*m_face, fontFaces);
+    fill(*m_size, fontSizes);
+    m_face->setToolTip("Font face");
+    m_size->setToolTip("Font size");
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(8, 2, 12, 2);
+    row->addWidget(m_face);
+    row->addWidget(m_size);
+    for (auto *box : {m_face, m_size})
+        connect(box, &QComboBox::currentIndexChanged, this, &FontFrame::fontChosen);
+}
+
+void FontFrame::selectFace(int position)
+{
+    m_face->setCurrentIndex(position);
+}
+
+void FontFrame::selectSize(int position)
+{
+    m_size->setCurrentIndex(position);
+}
+
+std::string FontFrame::face() const
+{
+    return m_face->currentText().toStdString();
+}
+
+std::string FontFrame::size() const
+{
+    return m_size->currentText().toStdString();
+}
+
+} // namespace kevra

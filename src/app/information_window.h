@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtWidgets/QDialog>
+
+class QLabel;
+
+namespace kevra {
+
+/// What the program is: `faboutkevra`, behind the About item and once at the very first start, when three
+/// notices stand with the text.
+class InformationWindow : public QDialog {
+public:
+    explicit InformationWindow(QWidget *parent = nullptr);
+
+    void showFirstStartNotices();
+
+private:
+    QList<QLabel *> m_notices;
+};
+
+} // namespace kevra

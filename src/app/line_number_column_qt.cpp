@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/line_number_column_qt.h"
+
+#include "app/line_numbers.h"
+#include "editor/editor_control_qt.h"
+
+#include <QtCore/QEvent>
+#include <QtCore/QScopedValueRollback>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
+
+#include <algorithm>
+
+namespace kevra {
+
+namespace {
+
+constexpr int fewestNumbers = 199;
+
+} // namespace
+
+LineNumberColumn::LineNumberColumn(EditorControl &document, EditorControl &column)
+    : QObject(&column)
+    , m_document(document)
+    , m_column(column)
+{
+    column.setReadOnly(true);
+    column.setFocusPolicy(Qt::NoFocus);
+    column.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    column.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // The document's last page can reach lower than the column's own, because of its scroll bar.
+    column.SendScintilla(QsciScintillaBase::SCI_SETENDATLASTLINE, 0UL);
+    column.SendScintilla(QsciScintillaBase::SCI_ANNOTATIONSETVISIBLE,
+        static_cast<unsigned long>(QsciScintillaBase::ANNOTATION_STANDARD));
+    column.SendScintilla(QsciScintillaBase::SCI_SETCARETSTYLE, 0UL);
+    column.viewport()->setCursor(Qt::ArrowCursor);
+    column.viewport()->installEventFilter(this);
+    column.installEventFilter(this);
+    connect(&document, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
+    connect(&document, &QsciScintillaBase::SCN_PAINTED, this, &LineNumberColumn::level);
+    connect(&column, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
+}
+
+void LineNumberColumn::level()
+{
+    if (!m_column.isVisible() || m_levelling)
+        return;
+    const QScopedValueRollback guard(m_levelling, true);
+    holdEnoughNumbers();
+    followDocument();
+}
+
+void LineNumberColumn::holdEnoughNumbers()
+{
+    const int needed = std::max(fewestNumbers, static_cast<int>(m_document.lineCount()));
+    if (needed <= m_numbers && m_numbers < 4 * needed)
+        return;
+    // Twice as many as needed, so that typing lines does not renew them every time.
+    m_numbers = needed == fewestNumbers ? needed : 2 * needed;
+    clearGaps();
+    m_column.LoadText(lineNumbers(m_numbers));
+}
+
+void LineNumberColumn::clearGaps()
+{
+    if (!m_gaps.empty())
+        m_column.SendScintilla(QsciScintillaBase::SCI_ANNOTATIONCLEARALL);
+    m_gaps.clear();
+}
+
+std::vector<LineNumberColumn::Gap> LineNumberColumn::visibleGaps(Offset firstLine) const
+{
+    std::vector<Gap> gaps;
+    const auto end = std::min(firstLine + m_document.linesOnScreen() + 1, m_document.lineCount());
+    for (auto line = firstLine; line < end; ++line)
+        if (const auto extra = m_document.shownLineCount(line) - 1; extra > 0)
+            gaps.emplace_back(line, extra);
+    return gaps;
+}
+
+void LineNumberColumn::showGaps(const std::vector<Gap> &gaps)
+{
+    if (gaps == m_gaps)
+        return;
+    clearGaps();
+    for (const auto &[line, extra] : gaps) {
+        // A note of so many empty lines; an empty text would take the note away.
+        const std::string note = " " + std::string(static_cast<std::size_t>(extra - 1), '\n');
+        m_column.SendScintilla(
+            QsciScintillaBase::SCI_ANNOTATIONSETTEXT, static_cast<unsigned long>(line), note.c_str());
+    }
+    m_gaps = gaps;
+}
+
+void LineNumberColumn::followDocument()
+{
+    const auto first = m_document.FirstVisibleLine();
+    const auto line = static_cast<Offset>(m_document.SendScintilla(
+        QsciScintillaBase::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(first)));
+    showGaps(m_document.RightMargin() == 0 ? visibleGaps(line) : std::vector<Gap>());
+    const auto wanted = m_column.shownLine(line) + first - m_document.shownLine(line);
+    if (m_column.FirstVisibleLine() != wanted)
+        m_column.SetFirstVisibleLine(wanted);
+}
+
+bool LineNumberColumn::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_column.viewport() && event->type() == QEvent::Wheel)
+        return QCoreApplication::sendEvent(m_document.viewport(), event);
+    if (event->type() == QEvent::Show || event->type() == QEvent::Resize)
+        QMetaObject::invokeMethod(this, &LineNumberColumn::level, Qt::QueuedConnection);
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace kevra

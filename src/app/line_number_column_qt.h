@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editor/types.h"
+
+#include <QtCore/QObject>
+
+#include <utility>
+#include <vector>
+
+namespace kevra {
+
+class EditorControl;
+
+/// Keeps the line-number column `t2` level with the document, by whatever means it scrolls, and gives it as
+/// many numbers as the document has lines. Costs nothing while the column is hidden.
+class LineNumberColumn : public QObject {
+public:
+    LineNumberColumn(EditorControl &document, EditorControl &column);
+
+    void level();
+
+private:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void holdEnoughNumbers();
+    void followDocument();
+    /// A line that is shown as several leaves as many places empty under its number.
+    using Gap = std::pair<Offset, Offset>; ///< the line, and how many
+    [[nodiscard]] std::vector<Gap> visibleGaps(Offset firstLine) const;
+    void showGaps(const std::vector<Gap> &gaps);
+    void clearGaps();
+
+    EditorControl &m_document;
+    EditorControl &m_column;
+    int m_numbers = 0;
+    std::vector<Gap> m_gaps;
+    bool m_levelling = false;
+};
+
+} // namespace kevra

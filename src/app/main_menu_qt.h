@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's menus, built from their table. Actions and menus carry the item's name as object name.
+#pragma once
+
+#include "app/command_registry.h"
+
+#include <QtCore/QObject>
+
+#include <map>
+#include <string>
+#include <string_view>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class QWidget;
+
+namespace kevra {
+
+class MainMenu : public QObject {
+public:
+    /// Choosing an item runs its command from `commands`, which must live as long as the menus.
+    MainMenu(QMenuBar &bar, QWidget &window, const CommandRegistry &commands);
+
+    [[nodiscard]] QMenu *menu(std::string_view item) const; ///< null when there is none
+    [[nodiscard]] QAction *action(
+        std::string_view item) const; ///< also a menu's own; null when there is none
+    void enableBoundItems();
+
+private:
+    void addCommand(const struct MenuRow &row, QWidget &place);
+
+    QWidget &m_window;
+    const CommandRegistry &m_commands;
+    std::map<std::string, QMenu *, std::less<>> m_menus;
+    std::map<std::string, QAction *, std::less<>> m_actions;
+};
+
+} // namespace kevra

@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/main_window.h"
+
+#include "app/font_frame_panel.h"
+#include "app/layout.h"
+#include "app/line_number_column_qt.h"
+#include "app/main_menu_qt.h"
+#include "app/named_qt.h"
+#include "app/status_row_panel.h"
+#include "app/svg_icon_qt.h"
+#include "app/tool_bar_qt.h"
+#include "app/window_geometry_qt.h"
+#include "editor/editor_control_qt.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtGui/QScreen>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+
+namespace kevra {
+
+namespace {
+
+constexpr const char *panelNames[] = {"Frame1", "Frame2", "frscript1", "frscript2"};
+constexpr const char *sideNames[] = {"fr1", "frcol"};
+constexpr QSize firstSize(1024, 720);
+
+QString textOf(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+TwipSize wantedSize(const QWidget &widget)
+{
+    const auto size = widget.sizeHint().expandedTo(widget.minimumSize()).boundedTo(widget.maximumSize());
+    return {size.width() * twipsPerPixel, size.height() * twipsPerPixel};
+}
+
+} // namespace
+
+MainWindow::MainWindow(const CommandRegistry &commands)
+    : m_inner(new QWidget(this))
+    , m_document(named<EditorControl>("t1", m_inner, "Document"))
+    , m_lineNumbers(named<EditorControl>("t2", m_inner, "Line numbers"))
+    , m_fonts(new FontFrame(m_inner))
+    , m_information(named<QLineEdit>("tinfo", m_inner, "Information"))
+    , m_status(new StatusRow(m_inner))
+    , m_toolBar(new ToolBar(commands, this))
+    , m_menus(new MainMenu(*menuBar(), *this, commands))
+    , m_column(new LineNumberColumn(*m_document, *m_lineNumbers))
+{
+    setObjectName("fedit");
+    setWindowTitle("KEVRA");
+    setWindowIcon(svgIcon("kevra"));
+    addToolBar(m_toolBar);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setCentralWidget(m_inner);
+    createControls();
+    connectDocument();
+    resize(firstSize);
+}
+
+void MainWindow::createControls()
+{
+    m_inner->setObjectName("inner");
+    m_inner->installEventFilter(this);
+    m_information->setReadOnly(true);
+    m_information->setFocusPolicy(Qt::ClickFocus);
+    for (const char *name : panelNames)
+        named<QFrame>(name, m_inner)->hide();
+    for (const char *name : sideNames) {
+        auto *frame = named<QFrame>(name, m_inner);
+        frame->setAutoFillBackground(true);
+        frame->hide();
+    }
+    for (auto *control : {m_document, m_lineNumbers})
+        control->setFrameShape(QFrame::NoFrame);
+}
+
+void MainWindow::connectDocument()
+{
+    setAcceptDrops(true);
+    installEventFilter(this);
+    m_document->viewport()->installEventFilter(this);
+    const auto popUp = [this](QWidget *at) {
+        at->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(at, &QWidget::customContextMenuRequested, this,
+            [this, at](const QPoint &place) { m_menus->menu("mpop")->popup(at->mapToGlobal(place)); });
+    };
+    popUp(m_document);
+    popUp(m_document->viewport());
+    connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showCaretPlace);
+    connect(m_document, &EditorControl::changed, this, &MainWindow::showCaretPlace);
+    connect(m_document, &EditorControl::savePointChanged, this, &MainWindow::refreshDocumentStatus);
+}
+
+QFrame &MainWindow::frame(const QString &name)
+{
+    return *m_inner->findChild<QFrame *>(name, Qt::FindDirectChildrenOnly);
+}
+
+void MainWindow::enableBoundCommands()
+{
+    m_menus->enableBoundItems();
+    m_toolBar->enableBoundButtons();
+}
+
+void MainWindow::layOut()
+{
+    if (isMinimized())
+        return;
+    LayoutRequest request;
+    request.inner = innerArea();
+    for (std::size_t i = 0; i < request.panels.size(); ++i)
+        request.panels[i] = wantedSize(frame(panelNames[i]));
+    request.fonts = wantedSize(*m_fonts);
+    request.information = wantedSize(*m_information);
+    request.image = wantedSize(frame("fr1"));
+    request.colour = wantedSize(frame("frcol"));
+
+    const auto places = kevra::layout(request);
+    m_document->setGeometry(pixels(places.editor));
+    m_lineNumbers->setGeometry(pixels(places.lineNumbers));
+    for (std::size_t i = 0; i < places.panels.size(); ++i)
+        frame(panelNames[i]).setGeometry(pixels(places.panels[i]));
+    m_fonts->setGeometry(pixels(places.fonts));
+    m_information->setGeometry(pixels(places.information));
+    m_status->setGeometry(pixels(places.status));
+    frame("fr1").setGeometry(pixels(places.image));
+    frame("frcol").setGeometry(pixels(places.colour));
+    m_column->level();
+}
+
+void MainWindow::setInformation(std::string_view text)
+{
+    m_information->setText(textOf(text));
+    m_information->setCursorPosition(0);
+}
+
+void MainWindow::setTitlePath(std::string_view path)
+{
+    const auto title = "KEVRA - " + textOf(path);
+    setWindowTitle(title);
+    for (auto *window : m_titled)
+        window->setWindowTitle(title);
+}
+
+void MainWindow::redrawAndFocus()
+{
+    update();
+    activateWindow();
+    m_document->setFocus();
+}
+
+void MainWindow::levelLineNumbers()
+{
+    m_column->level();
+}
+
+void MainWindow::refreshDocumentStatus()
+{
+    if (!m_statusSource)
+        return;
+    auto words = m_statusSource();
+    words.resize(3);
+    m_status->setDocumentStatus(words[0], words[1], words[2]);
+}
+
+void MainWindow::showCaretPlace()
+{
+    if (!m_status->showsPlaces())
+        return;
+    const auto caret = m_document->Selection().end;
+    const auto line = m_document->GetLineFromChar(caret);
+    const auto characters = [this](Offset from, Offset to) {
+        return m_document->SendScintilla(
+            QsciScintillaBase::SCI_COUNTCHARACTERS, static_cast<unsigned long>(from), static_cast<long>(to));
+    };
+    m_status->setCaret(line + 1, characters(m_document->lineRange(line).start, caret) + 1);
+    m_status->setCounts(characters(0, m_document->Length()), m_document->lineCount());
+}
+
+void MainWindow::setControlVisible(std::string_view control, bool visible)
+{
+    if (auto *widget = m_inner->findChild<QWidget *>(textOf(control)))
+        widget->setVisible(visible);
+    showCaretPlace();
+}
+
+void MainWindow::setItemVisible(std::string_view item, bool visible)
+{
+    m_menus->action(item)->setVisible(visible);
+}
+
+void MainWindow::setItemChecked(std::string_view item, bool checked)
+{
+    m_menus->action(item)->setChecked(checked);
+}
+
+void MainWindow::setItemCaption(std::string_view item, std::string_view caption)
+{
+    m_menus->action(item)->setText(textOf(caption));
+}
+
+void MainWindow::setButtonVisible(int number, bool visible)
+{
+    m_toolBar->setButtonVisible(number, visible);
+}
+
+void MainWindow::setButtonImage(int number, int image)
+{
+    m_toolBar->setButtonImage(number, image);
+}
+
+kevra::WindowState MainWindow::windowState() const
+{
+    if (isMinimized())
+        return kevra::WindowState::Minimised;
+    return isMaximized() || isFullScreen() ? kevra::WindowState::Maximised : kevra::WindowState::Normal;
+}
+
+TwipRect MainWindow::normalGeometry() const
+{
+    return twips(QRect(pos(), size()));
+}
+
+TwipRect MainWindow::innerArea() const
+{
+    return twips(m_inner->rect());
+}
+
+void MainWindow::maximise()
+{
+    setWindowState(Qt::WindowMaximized);
+}
+
+void MainWindow::placeNormal(const TwipRect &geometry)
+{
+    setWindowState(Qt::WindowNoState);
+    const auto place = onAScreen(pixels(geometry));
+    move(place.topLeft());
+    resize(place.size());
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    emit closeAsked();
+}
+
+bool MainWindow::takesDrop(QEvent &event)
+{
+    auto &drop = static_cast<QDropEvent &>(event);
+    const auto urls = drop.mimeData()->urls();
+    if (urls.size() != 1 || !urls.first().isLocalFile())
+        return false;
+    drop.setDropAction(Qt::CopyAction);
+    drop.accept();
+    if (event.type() == QEvent::Drop)
+        emit fileDropped(urls.first().toLocalFile());
+    return true;
+}
+
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        if (watched != m_inner && takesDrop(*event))
+            return true;
+        break;
+    case QEvent::Resize:
+    case QEvent::LayoutRequest:
+        if (watched == m_inner)
+            layOut();
+        break;
+    default:
+        break;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace kevra

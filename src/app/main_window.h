@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window `fedit`: the document, its tools and menus. It shows and hands over; what a command does is
+// decided elsewhere.
+#pragma once
+
+#include "app/command_registry.h"
+#include "app/tool_sets.h"
+#include "editor/main_view.h"
+#include "settings/stored_settings.h"
+
+#include <QtWidgets/QMainWindow>
+
+#include <functional>
+
+class QFrame;
+class QLineEdit;
+
+namespace kevra {
+
+class EditorControl;
+class FontFrame;
+class LineNumberColumn;
+class MainMenu;
+class StatusRow;
+class ToolBar;
+
+class MainWindow : public QMainWindow, public MainView, public ShellView, public WindowPlacement {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(const CommandRegistry &commands);
+
+    [[nodiscard]] EditorControl &document() { return *m_document; } ///< `t1`
+    [[nodiscard]] EditorControl &lineNumbers() { return *m_lineNumbers; } ///< `t2`
+    [[nodiscard]] FontFrame &fonts() { return *m_fonts; }
+    [[nodiscard]] MainMenu &menus() { return *m_menus; }
+    [[nodiscard]] ToolBar &toolBar() { return *m_toolBar; }
+    /// Frame1, Frame2, frscript1, frscript2, fr1 or frcol: empty until their subsystem fills them.
+    [[nodiscard]] QFrame &frame(const QString &name);
+    /// Items and buttons whose command is bound are enabled, the others are not.
+    void enableBoundCommands();
+    /// The frames have got their contents, or new ones.
+    void layOut();
+
+    void setInformation(std::string_view text) override;
+    void setTitlePath(std::string_view path) override;
+    void redrawAndFocus() override;
+    void levelLineNumbers() override;
+    void refreshDocumentStatus() override;
+    /// Who knows the document's encoding, line ends and whether it is saved, in words.
+    void setStatusSource(std::function<QStringList()> source) { m_statusSource = std::move(source); }
+    /// Another window that carries the document's path in its caption as this one does.
+    void addTitled(QWidget *window) { m_titled.append(window); }
+
+    void setControlVisible(std::string_view control, bool visible) override;
+    void setItemVisible(std::string_view item, bool visible) override;
+    void setItemChecked(std::string_view item, bool checked) override;
+    void setItemCaption(std::string_view item, std::string_view caption) override;
+    void setButtonVisible(int number, bool visible) override;
+    void setButtonImage(int number, int image) override;
+
+    [[nodiscard]] kevra::WindowState windowState() const override;
+    [[nodiscard]] TwipRect normalGeometry() const override;
+    [[nodiscard]] TwipRect innerArea() const override;
+    void maximise() override;
+    void placeNormal(const TwipRect &geometry) override;
+
+signals:
+    /// By the frame or the desktop. The window stays until the program ends.
+    void closeAsked();
+    void fileDropped(const QString &path);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void createControls();
+    void connectDocument();
+    void showCaretPlace();
+    [[nodiscard]] bool takesDrop(QEvent &event);
+
+    QWidget *m_inner;
+    EditorControl *m_document;
+    EditorControl *m_lineNumbers;
+    FontFrame *m_fonts;
+    QLineEdit *m_information;
+    StatusRow *m_status;
+    ToolBar *m_toolBar;
+    MainMenu *m_menus;
+    LineNumberColumn *m_column;
+    std::function<QStringList()> m_statusSource;
+    QList<QWidget *> m_titled;
+};
+
+} // namespace kevra

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "app/printing.h"
+#include "editor/types.h"
+
+class QPrinter;
+
+namespace kevra {
+
+class EditorControl;
+
+class PrintingQt : public Printing {
+public:
+    explicit PrintingQt(EditorControl &document)
+        : m_document(document)
+    {
+    }
+
+    [[nodiscard]] bool printDocument() override;
+    /// Prints a stretch of the text in its colours, wrapped at the paper's width.
+    [[nodiscard]] bool print(QPrinter &printer, TextRange range);
+
+private:
+    EditorControl &m_document;
+};
+
+} // namespace kevra

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/status_row_panel.h"
+
+#include "app/named_qt.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+
+namespace kevra {
+
+namespace {
+
+/// A box's label goes when the box goes.
+class PlaceLabel : public QLabel {
+public:
+    PlaceLabel(const QString &text, QWidget &box, QWidget *parent)
+        : QLabel(text, parent)
+    {
+        box.installEventFilter(this);
+    }
+
+private:
+    bool eventFilter(QObject *box, QEvent *event) override
+    {
+        if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+            setVisible(event->type() == QEvent::ShowToParent);
+        return QLabel::eventFilter(box, event);
+    }
+};
+
+} // namespace
+
+StatusRow::StatusRow(QWidget *parent)
+    : QFrame(parent)
+    , m_status(named<QLabel>("tstatus", this, "Document status"))
+{
+    setObjectName("frstatus");
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(6);
+    row->addWidget(m_status);
+    row->addStretch();
+    m_line = addPlace("tline", "Line", 6);
+    m_column = addPlace("tcolumn", "Column", 5);
+    m_characters = addPlace("tcount", "Characters", 8);
+    m_lines = addPlace("tlcount", "Lines", 6);
+}
+
+QLineEdit *StatusRow::addPlace(const char *name, const char *caption, int digits)
+{
+    auto *box = named<QLineEdit>(name, this, caption);
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::ClickFocus);
+    box->setAlignment(Qt::AlignRight);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QString(digits, u'0')) + 14);
+    box->setToolTip(caption);
+    auto *label = new PlaceLabel(caption, *box, this);
+    layout()->addWidget(label);
+    layout()->addWidget(box);
+    return box;
+}
+
+void StatusRow::setDocumentStatus(const QString &encoding, const QString &lineEnds, const QString &saved)
+{
+    QStringList parts{encoding, lineEnds, saved};
+    parts.removeAll(QString());
+    m_status->setText(parts.join(u"  \u00b7  "));
+}
+
+void StatusRow::setCaret(qint64 line, qint64 column)
+{
+    m_line->setText(QString::number(line));
+    m_column->setText(QString::number(column));
+}
+
+void StatusRow::setCounts(qint64 characters, qint64 lines)
+{
+    m_characters->setText(QString::number(characters));
+    m_lines->setText(QString::number(lines));
+}
+
+bool StatusRow::showsPlaces() const
+{
+    return m_line->isVisible();
+}
+
+} // namespace kevra

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/application_qt.h"
+#include "app/edit_commands.h"
+#include "app/font_frame_panel.h"
+#include "app/information_window.h"
+#include "app/main_menu_qt.h"
+#include "app/printing_qt.h"
+#include "app/wiring_qt.h"
+
+#include <QtGui/QAction>
+
+namespace kevra {
+
+namespace {
+
+void wireDocument(Application &app)
+{
+    auto &window = app.mainWindow();
+    auto &t1 = window.document();
+    auto &edit = app.keep<EditCommands>(t1, window);
+    app.commands.bind("mundo", [&t1] { t1.undo(); });
+    app.commands.bind("mredo", [&t1] { t1.redo(); });
+    app.commands.bind("mcut", [&t1] { t1.cut(); });
+    app.commands.bind("mcopy", [&t1] { t1.copy(); });
+    app.commands.bind("mpaste", [&t1] { t1.paste(); });
+    app.commands.bind("mselall", [&edit] { edit.selectAll(); });
+    app.commands.bind("mclear", [&edit] { edit.clear(); });
+    app.commands.bind("mwrap", [&edit, &window] {
+        edit.toggleWrap();
+        window.levelLineNumbers();
+    });
+    auto &printing = app.keep<PrintingQt>(t1);
+    app.commands.bind("mprint", [&printing, &app] { print(printing, app.messages); });
+    // An empty text has nothing that could be lost.
+    QObject::connect(&t1, &EditorControl::changed, &window, [&app, &t1] {
+        if (t1.Length() > 0)
+            app.document.unsaved = true;
+    });
+}
+
+void wireTools(Application &app)
+{
+    auto &tools = app.toolSets();
+    app.commands.bind("mscrshow", [&tools] { tools.showScriptTools(); });
+    app.commands.bind("mwebback", [&tools] { tools.showWebTools(); });
+    app.commands.bind("mhidetools", [&tools] { tools.hideTools(); });
+    app.commands.bind("mshowtools", [&tools] { tools.showTools(); });
+    QObject::connect(&app.mainWindow().fonts(), &FontFrame::fontChosen, &app.mainWindow(),
+        [&tools] { tools.fontChosen(); });
+    // The colouring has to be put back after the whole text has got another font.
+    tools.onFontChanged([&app] { app.commands.run("mcolcode"); });
+}
+
+void wireProgramEnd(Application &app)
+{
+    app.commands.bind("mexit", [&app] { app.quit().closeMainWindow(); });
+    QObject::connect(&app.mainWindow(), &MainWindow::closeAsked, &app.mainWindow(),
+        [&app] { app.quit().closeMainWindow(); });
+}
+
+} // namespace
+
+void wireEditing(Application &app)
+{
+    wireDocument(app);
+    wireTools(app);
+    wireProgramEnd(app);
+    app.makesWindow(
+        SecondaryWindow::Information, [&app] { return new InformationWindow(&app.mainWindow()); });
+    app.commands.bind("mabout", [&app] { app.showWindow(SecondaryWindow::Information); });
+}
+
+} // namespace kevra

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Each subsystem is connected to the main window in a file of its own: it creates its commands with
+// Application::keep, binds its menu items, and says how its windows are made with Application::makesWindow.
+// All run once, right after the main window exists and before anything is shown, in this order.
+#pragma once
+
+namespace kevra {
+
+class Application;
+
+void wireEditing(Application &app); ///< undo, clipboard, select all, word wrap, print, tool sets, fonts
+void wireFiles(Application &app);
+void wireColour(Application &app);
+void wireChecker(Application &app);
+void wireFind(Application &app);
+void wirePreview(Application &app);
+void wireImages(Application &app);
+void wireSettings(Application &app);
+void wirePad(Application &app);
+void wireProgram(Application &app);
+
+} // namespace kevra
