@@ -42,8 +42,15 @@ void EditorControl::beforeChange(int position, int type, int length)
     settle();
     if (type & SC_MOD_BEFOREINSERT)
         m_change = {position, 0, length};
-    else if (type & SC_MOD_BEFOREDELETE)
+    else if (type & SC_MOD_BEFOREDELETE) {
+        emit aboutToRemove(position, length);
         m_change = {position, length, 0};
+    }
+}
+
+Colour EditorControl::freshColour() const
+{
+    return m_kind == EditKind::Program || m_kind == EditKind::Typing ? m_typing : colours::black;
 }
 
 void EditorControl::settle()
@@ -51,9 +58,8 @@ void EditorControl::settle()
     if (!m_change)
         return;
     const auto change = *std::exchange(m_change, std::nullopt);
-    const bool coloured = m_kind == EditKind::Program || m_kind == EditKind::Typing;
-    if (change.added > 0 && coloured && m_typing != colours::black)
-        paint({change.position, change.position + change.added}, styleOf(m_typing));
+    if (change.added > 0 && freshColour() != colours::black)
+        paint({change.position, change.position + change.added}, styleOf(freshColour()));
     noteTouched(change);
     emit changed(change.position, change.removed, change.added, m_kind);
 }

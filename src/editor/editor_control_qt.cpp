@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/editor_control_qt.h"
 
+#include "editor/accessible_control_qt.h"
 #include "editor/edit_scope_qt.h"
 
-#include <QFont>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -55,11 +56,15 @@ EditorControl::EditorControl(QWidget *parent)
     , m_scintilla(SendScintillaPtrResult(SCI_GETDIRECTPOINTER))
     , m_styleColours(1, colours::black)
 {
+    // After the library's own, which comes with its first control.
+    AccessibleControl::install();
     setUp();
     bindKeys();
+    new AccessibilityNews(*this);
     connect(this, &Sci::SCN_MODIFIED, this,
         [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
     connect(this, &Sci::SCN_STYLENEEDED, this, [this] { stylesAreUpToDate(); });
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { announce(); });
     connect(this, &Sci::SCN_UPDATEUI, this, [this] {
         settle();
         announce();
@@ -167,7 +172,11 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     send(SCI_SETREADONLY, m_readOnly);
     settle();
     const auto end = part.start + std::ssize(text);
-    paint({part.start, end}, styleOf(m_typing));
+    // What was alike and stayed is new text too.
+    const auto style = styleOf(freshColour());
+    paint({part.start, part.start + kept}, style);
+    paint({end - keptAtEnd, end}, style);
+    noteTouched({part.start, std::ssize(text), std::ssize(text)});
     Select({end, end});
 }
 
@@ -243,6 +252,8 @@ int EditorControl::styleOf(Colour colour)
 void EditorControl::paint(TextRange range, int style)
 {
     settle();
+    if (range.empty())
+        return;
     send(SCI_STARTSTYLING, range.start);
     send(SCI_SETSTYLING, range.length(), style);
     stylesAreUpToDate();
@@ -362,6 +373,11 @@ QPoint EditorControl::bottomLeftOf(Offset position) const
     return {static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, position)),
         static_cast<int>(
             send(SCI_POINTYFROMPOSITION, 0, position) + send(SCI_TEXTHEIGHT, GetLineFromChar(position)))};
+}
+
+Offset EditorControl::positionAt(QPoint place) const
+{
+    return send(SCI_POSITIONFROMPOINT, place.x(), place.y());
 }
 
 } // namespace kevra

@@ -46,6 +46,7 @@ public:
     void setTypingHandler(TypingHandler *handler) { m_typingHandler = handler; }
     /// Read-only for the user; the program still writes.
     void setReadOnly(bool on);
+    [[nodiscard]] bool isReadOnly() const { return m_readOnly; }
 
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
@@ -58,7 +59,8 @@ public:
     void selectAll();
     /// Deletes the selection, or the character behind the caret.
     void deleteForward();
-    /// Replaces a part of the text as the user's own doing: it can be undone, and the colouring hears of it.
+    /// Replaces a part of the text as the user's own doing: the colouring hears of it, and nothing happens in
+    /// a read-only control.
     void replaceAsUser(TextRange range, std::string_view text);
 
     /// The text as it is now is what the file holds.
@@ -73,8 +75,12 @@ public:
     [[nodiscard]] Offset linesOnScreen() const;
     /// The place of a character's left bottom corner in the control's own coordinates.
     [[nodiscard]] QPoint bottomLeftOf(Offset position) const;
+    /// The position between characters that is nearest to a place in the control's own coordinates.
+    [[nodiscard]] Offset positionAt(QPoint place) const;
 
 signals:
+    /// The text from `position` is about to go and can be read a last time; not changed from here.
+    void aboutToRemove(kevra::Offset position, kevra::Offset length);
     /// The text has changed, once for every stretch; `position` and `removed` count in the text before.
     void changed(kevra::Offset position, kevra::Offset removed, kevra::Offset added, kevra::EditKind kind);
     /// Caret or selection are elsewhere.
@@ -97,7 +103,6 @@ protected:
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     [[nodiscard]] bool canInsertFromMimeData(const QMimeData *source) const override;
-    [[nodiscard]] QByteArray fromMimeData(const QMimeData *source, bool &rectangular) const override;
     [[nodiscard]] QMimeData *toMimeData(const QByteArray &text, bool rectangular) const override;
 
 private:
@@ -115,6 +120,8 @@ private:
     void bindKeys();
     [[nodiscard]] TextRange inside(TextRange range) const;
     [[nodiscard]] int styleOf(Colour colour);
+    /// The colour of text that comes in now.
+    [[nodiscard]] Colour freshColour() const;
     void applyFont();
     void paint(TextRange range, int style);
     void stylesAreUpToDate();
@@ -127,6 +134,8 @@ private:
     void deleteByKey(QKeyEvent &event);
     void typeText(const QString &text);
     void announceCharacter(char32_t character);
+    void insertAsUser(TextRange range, const QMimeData *source, EditKind kind);
+    void pasteSelectionAt(QPoint place);
 
     using Direct = std::intptr_t (*)(void *, unsigned, std::uintptr_t, std::intptr_t);
     Direct m_direct = nullptr;

@@ -173,7 +173,17 @@ void EditorControl::copy()
 
 void EditorControl::paste()
 {
-    command(EditKind::Paste, SCI_PASTE);
+    insertAsUser(Selection(), QGuiApplication::clipboard()->mimeData(), EditKind::Paste);
+}
+
+void EditorControl::insertAsUser(TextRange range, const QMimeData *source, EditKind kind)
+{
+    // Scintilla's own way ends at the first NUL.
+    if (m_readOnly || !source || !canInsertFromMimeData(source))
+        return;
+    const auto text = withDocumentLineBreaks(source->text().toUtf8());
+    const EditScope scope(*this, kind);
+    Replace(range, {text.data(), static_cast<std::size_t>(text.size())});
 }
 
 void EditorControl::deleteForward()
@@ -188,6 +198,8 @@ void EditorControl::selectAll()
 
 void EditorControl::replaceAsUser(TextRange range, std::string_view text)
 {
+    if (m_readOnly)
+        return;
     const EditScope scope(*this, EditKind::Paste);
     Replace(range, text);
 }
@@ -243,7 +255,10 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
     if (isText(*event))
         return typeText(event->text());
     const EditScope scope(*this, EditKind::Typing);
-    QsciScintillaBase::keyPressEvent(event);
+    // Without its text: Scintilla would type the letter of a menu's key.
+    QKeyEvent command(event->type(), event->key(), event->modifiers());
+    QsciScintillaBase::keyPressEvent(&command);
+    event->setAccepted(command.isAccepted());
 }
 
 void EditorControl::typeKey(QKeyEvent &event, char32_t character)
@@ -308,8 +323,20 @@ void EditorControl::inputMethodEvent(QInputMethodEvent *event)
 
 void EditorControl::mousePressEvent(QMouseEvent *event)
 {
-    const EditScope scope(*this, event->button() == Qt::MiddleButton ? EditKind::Paste : EditKind::Typing);
+    if (event->button() == Qt::MiddleButton)
+        return pasteSelectionAt(event->position().toPoint());
+    const EditScope scope(*this, EditKind::Typing);
     QsciScintillaBase::mousePressEvent(event);
+}
+
+void EditorControl::pasteSelectionAt(QPoint place)
+{
+    const auto *clipboard = QGuiApplication::clipboard();
+    setFocus(Qt::MouseFocusReason);
+    if (!clipboard->supportsSelection())
+        return;
+    const auto position = positionAt(place);
+    insertAsUser({position, position}, clipboard->mimeData(QClipboard::Selection), EditKind::Paste);
 }
 
 void EditorControl::mouseMoveEvent(QMouseEvent *event)
@@ -348,21 +375,31 @@ void EditorControl::dragMoveEvent(QDragMoveEvent *event)
 
 void EditorControl::dropEvent(QDropEvent *event)
 {
-    if (isFiles(*event->mimeData()))
+    if (isFiles(*event->mimeData()) || m_readOnly || !event->mimeData()->hasText())
         return event->ignore();
+    event->acceptProposedAction();
+    dragLeaveEvent(nullptr);
     const EditScope scope(*this, EditKind::Drop);
-    QsciScintillaBase::dropEvent(event);
+    auto position = positionAt(event->position().toPoint());
+    const auto length = Length();
+    send(SCI_BEGINUNDOACTION);
+    const auto dragged = Selection();
+    const bool moved = event->source() == this && event->dropAction() == Qt::MoveAction;
+    // The text first, as taking it out of its old place changes what the drag carries.
+    const auto text = withDocumentLineBreaks(event->mimeData()->text().toUtf8());
+    if (moved && position > dragged.start)
+        position = std::max(dragged.start, position - dragged.length());
+    if (moved)
+        Replace(dragged, {});
+    const auto before = moved ? length - dragged.length() : length;
+    Replace({position, position}, {text.data(), static_cast<std::size_t>(text.size())});
+    send(SCI_ENDUNDOACTION);
+    Select({position, position + Length() - before});
 }
 
 bool EditorControl::canInsertFromMimeData(const QMimeData *source) const
 {
     return source->hasText();
-}
-
-QByteArray EditorControl::fromMimeData(const QMimeData *source, bool &rectangular) const
-{
-    rectangular = false;
-    return withDocumentLineBreaks(source->text().toUtf8());
 }
 
 QMimeData *EditorControl::toMimeData(const QByteArray &, bool) const

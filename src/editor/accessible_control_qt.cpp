@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/accessible_control_qt.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+using Sci = QsciScintillaBase;
+
+/// Bytes of a change that a screen reader is told; who loads a large file is not read all of it.
+constexpr Offset toldAtMost = 1 << 20;
+
+QString toText(std::string_view bytes)
+{
+    return QString::fromUtf8(bytes.data(), std::ssize(bytes));
+}
+
+QAccessibleInterface *makeInterface(const QString &className, QObject *object)
+{
+    auto *control = className == QLatin1String(EditorControl::staticMetaObject.className())
+        ? qobject_cast<EditorControl *>(object)
+        : nullptr;
+    return control ? new AccessibleControl(*control) : nullptr;
+}
+
+AccessibleControl *interfaceOf(EditorControl &control)
+{
+    return dynamic_cast<AccessibleControl *>(QAccessible::queryAccessibleInterface(&control));
+}
+
+} // namespace
+
+AccessibleControl::AccessibleControl(EditorControl &control)
+    : QAccessibleWidget(&control, QAccessible::EditableText)
+    , m_control(control)
+{
+    m_control.SendScintilla(
+        Sci::SCI_ALLOCATELINECHARACTERINDEX, static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
+}
+
+void AccessibleControl::install()
+{
+    QAccessible::installFactory(makeInterface);
+}
+
+void *AccessibleControl::interface_cast(QAccessible::InterfaceType type)
+{
+    if (type == QAccessible::TextInterface)
+        return static_cast<QAccessibleTextInterface *>(this);
+    if (type == QAccessible::EditableTextInterface)
+        return static_cast<QAccessibleEditableTextInterface *>(this);
+    return QAccessibleWidget::interface_cast(type);
+}
+
+QAccessible::State AccessibleControl::state() const
+{
+    auto state = QAccessibleWidget::state();
+    state.multiLine = true;
+    state.selectableText = true;
+    state.readOnly = m_control.isReadOnly();
+    state.editable = !m_control.isReadOnly();
+    return state;
+}
+
+int AccessibleControl::offsetOf(Offset position) const
+{
+    const auto line = m_control.GetLineFromChar(position);
+    const auto start = m_control.lineRange(line).start;
+    return static_cast<int>(
+        m_control.SendScintilla(Sci::SCI_INDEXPOSITIONFROMLINE, static_cast<unsigned long>(line),
+            static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16))
+        + m_control.SendScintilla(
+            Sci::SCI_COUNTCODEUNITS, static_cast<unsigned long>(start), static_cast<long>(position)));
+}
+
+Offset AccessibleControl::positionOf(int offset) const
+{
+    const auto line = m_control.SendScintilla(Sci::SCI_LINEFROMINDEXPOSITION,
+        static_cast<unsigned long>(std::max(offset, 0)), static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
+    const auto start = m_control.lineRange(line).start;
+    const auto position = m_control.SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS,
+        static_cast<unsigned long>(start), static_cast<long>(offset - offsetOf(start)));
+    // Scintilla answers 0 for what lies beyond the text.
+    return offset >= characterCount() ? m_control.Length() : position;
+}
+
+void AccessibleControl::selection(int index, int *start, int *end) const
+{
+    const auto selected = m_control.Selection();
+    *start = *end = 0;
+    if (index != 0 || selected.empty())
+        return;
+    *start = offsetOf(selected.start);
+    *end = offsetOf(selected.end);
+}
+
+int AccessibleControl::selectionCount() const
+{
+    return m_control.Selection().empty() ? 0 : 1;
+}
+
+void AccessibleControl::addSelection(int start, int end)
+{
+    setSelection(0, start, end);
+}
+
+void AccessibleControl::removeSelection(int index)
+{
+    if (index == 0)
+        setCursorPosition(cursorPosition());
+}
+
+void AccessibleControl::setSelection(int index, int start, int end)
+{
+    if (index == 0)
+        m_control.Select({positionOf(start), positionOf(end)});
+}
+
+int AccessibleControl::cursorPosition() const
+{
+    return offsetOf(m_control.SendScintilla(Sci::SCI_GETCURRENTPOS));
+}
+
+void AccessibleControl::setCursorPosition(int offset)
+{
+    m_control.SetSelStart(positionOf(offset));
+}
+
+QString AccessibleControl::text(int start, int end) const
+{
+    return toText(m_control.Text({positionOf(start), positionOf(end)}));
+}
+
+QString AccessibleControl::textBeforeOffset(
+    int offset, QAccessible::TextBoundaryType type, int *start, int *end) const
+{
+    const auto here = stretchAround(resolved(offset), type);
+    return report(here.first > 0 ? stretchAround(here.first - 1, type) : Stretch{-1, -1}, start, end);
+}
+
+QString AccessibleControl::textAfterOffset(
+    int offset, QAccessible::TextBoundaryType type, int *start, int *end) const
+{
+    const auto here = stretchAround(resolved(offset), type);
+    return report(
+        here.second < characterCount() ? stretchAround(here.second, type) : Stretch{-1, -1}, start, end);
+}
+
+QString AccessibleControl::textAtOffset(
+    int offset, QAccessible::TextBoundaryType type, int *start, int *end) const
+{
+    return report(stretchAround(resolved(offset), type), start, end);
+}
+
+int AccessibleControl::resolved(int offset) const
+{
+    // By convention -1 is the end of the text and -2 the caret.
+    if (offset == -2)
+        return cursorPosition();
+    return offset < 0 ? characterCount() : std::min(offset, characterCount());
+}
+
+QString AccessibleControl::report(Stretch stretch, int *start, int *end) const
+{
+    std::tie(*start, *end) = stretch;
+    return stretch.first < 0 ? QString() : text(stretch.first, stretch.second);
+}
+
+AccessibleControl::Stretch AccessibleControl::lineAround(int offset) const
+{
+    const auto line = m_control.GetLineFromChar(positionOf(offset));
+    const auto end
+        = line + 1 < m_control.lineCount() ? m_control.lineRange(line + 1).start : m_control.Length();
+    return {offsetOf(m_control.lineRange(line).start), offsetOf(end)};
+}
+
+AccessibleControl::Stretch AccessibleControl::stretchAround(
+    int offset, QAccessible::TextBoundaryType type) const
+{
+    if (type == QAccessible::NoBoundary)
+        return {0, characterCount()};
+    const auto line = lineAround(offset);
+    if (type == QAccessible::LineBoundary || type == QAccessible::ParagraphBoundary)
+        return line;
+    const auto kind = type == QAccessible::CharBoundary ? QTextBoundaryFinder::Grapheme
+        : type == QAccessible::WordBoundary             ? QTextBoundaryFinder::Word
+                                                        : QTextBoundaryFinder::Sentence;
+    const auto content = text(line.first, line.second);
+    QTextBoundaryFinder finder(kind, content);
+    finder.setPosition(offset - line.first);
+    const auto from = finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
+    finder.setPosition(offset - line.first);
+    const auto to = finder.toNextBoundary();
+    return {line.first + static_cast<int>(std::max<qsizetype>(from, 0)),
+        line.first + static_cast<int>(to < 0 ? content.size() : to)};
+}
+
+int AccessibleControl::characterCount() const
+{
+    return offsetOf(m_control.Length());
+}
+
+QRect AccessibleControl::characterRect(int offset) const
+{
+    const auto position = positionOf(offset);
+    const auto after = m_control.SendScintilla(Sci::SCI_POSITIONAFTER, static_cast<long>(position));
+    const auto bottom = m_control.bottomLeftOf(position);
+    const auto next = m_control.bottomLeftOf(after);
+    const auto height = static_cast<int>(m_control.SendScintilla(Sci::SCI_TEXTHEIGHT, 0L));
+    const auto width = next.y() == bottom.y() ? next.x() - bottom.x() : 1;
+    return {m_control.viewport()->mapToGlobal(bottom - QPoint(0, height)), QSize(std::max(width, 1), height)};
+}
+
+int AccessibleControl::offsetAtPoint(const QPoint &point) const
+{
+    return offsetOf(m_control.positionAt(m_control.viewport()->mapFromGlobal(point)));
+}
+
+void AccessibleControl::scrollToSubstring(int start, int end)
+{
+    m_control.SendScintilla(Sci::SCI_SCROLLRANGE, static_cast<unsigned long>(positionOf(end)),
+        static_cast<long>(positionOf(start)));
+}
+
+QString AccessibleControl::attributes(int offset, int *start, int *end) const
+{
+    const auto position = positionOf(offset);
+    const auto colour = m_control.ColourAt(position);
+    const auto line = m_control.lineRange(m_control.GetLineFromChar(position));
+    TextRange same{position, std::min(position + 1, m_control.Length())};
+    while (same.start > line.start && m_control.ColourAt(same.start - 1) == colour)
+        --same.start;
+    while (same.end < line.end && m_control.ColourAt(same.end) == colour)
+        ++same.end;
+    *start = offsetOf(same.start);
+    *end = offsetOf(same.end);
+    const auto font = m_control.Font();
+    return QStringLiteral(
+        "color:rgb(%1,%2,%3);background-color:rgb(255,255,255);font-family:\"%4\";font-size:%5pt;")
+        .arg(QString::number(colour.red()), QString::number(colour.green()), QString::number(colour.blue()),
+            QString::fromStdString(font.face), QString::number(font.size));
+}
+
+void AccessibleControl::deleteText(int start, int end)
+{
+    replaceText(start, end, {});
+}
+
+void AccessibleControl::insertText(int offset, const QString &text)
+{
+    replaceText(offset, offset, text);
+}
+
+void AccessibleControl::replaceText(int start, int end, const QString &text)
+{
+    m_control.replaceAsUser({positionOf(start), positionOf(end)}, text.toStdString());
+}
+
+AccessibilityNews::AccessibilityNews(EditorControl &control, Tell tell)
+    : QObject(&control)
+    , m_control(control)
+    , m_tell(tell)
+    , m_listened(QAccessible::isActive())
+{
+    QAccessible::installActivationObserver(this);
+    connect(&control, &EditorControl::aboutToRemove, this,
+        [this](Offset position, Offset length) { keepRemoved(position, length); });
+    connect(&control, &EditorControl::changed, this,
+        [this](Offset position, Offset removed, Offset added) { textChanged(position, removed, added); });
+    connect(&control, &EditorControl::caretMoved, this, [this] { caretMoved(); });
+}
+
+AccessibilityNews::~AccessibilityNews()
+{
+    QAccessible::removeActivationObserver(this);
+}
+
+void AccessibilityNews::keepRemoved(Offset position, Offset length)
+{
+    if (m_listened)
+        m_removed = toText(m_control.Text({position, position + std::min(length, toldAtMost)}));
+}
+
+void AccessibilityNews::textChanged(Offset position, Offset removed, Offset added)
+{
+    auto *interface = m_listened ? interfaceOf(m_control) : nullptr;
+    if (!interface)
+        return;
+    const auto offset = interface->offsetOf(position);
+    if (removed > 0) {
+        QAccessibleTextRemoveEvent event(&m_control, offset, std::exchange(m_removed, {}));
+        m_tell(&event);
+    }
+    if (added > 0) {
+        const auto end = position + std::min(added, toldAtMost);
+        QAccessibleTextInsertEvent event(&m_control, offset, toText(m_control.Text({position, end})));
+        m_tell(&event);
+    }
+}
+
+void AccessibilityNews::caretMoved()
+{
+    auto *interface = m_listened ? interfaceOf(m_control) : nullptr;
+    if (!interface)
+        return;
+    QAccessibleTextCursorEvent caret(&m_control, interface->cursorPosition());
+    m_tell(&caret);
+    int start = 0;
+    int end = 0;
+    interface->selection(0, &start, &end);
+    QAccessibleTextSelectionEvent selection(&m_control, start, end);
+    m_tell(&selection);
+}
+
+} // namespace kevra
