@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pad/pad_commands.h"
+
+namespace kevra {
+namespace {
+
+constexpr std::string_view lineBreak = "\r\n";
+
+std::string_view withoutFinalBreak(std::string_view text)
+{
+    return text.ends_with(lineBreak) ? text.substr(0, text.size() - lineBreak.size()) : text;
+}
+
+class OwnChange {
+public:
+    explicit OwnChange(bool &flag)
+        : m_flag(flag)
+    {
+        m_flag = true;
+    }
+    ~OwnChange() { m_flag = false; }
+    OwnChange(const OwnChange &) = delete;
+    OwnChange &operator=(const OwnChange &) = delete;
+
+private:
+    bool &m_flag;
+};
+
+} // namespace
+
+PadCommands::PadCommands(EditorSurface &pad, const EditorSurface &document, Clipboard &clipboard)
+    : m_pad(pad)
+    , m_document(document)
+    , m_clipboard(clipboard)
+{
+}
+
+void PadCommands::PadCut()
+{
+    const auto selection = m_pad.Selection();
+    if (selection.empty())
+        return;
+    m_savedText = m_pad.SelText();
+    m_saved = {selection.start, selection.start};
+    clipboardTakes(m_savedText);
+    // A whole line leaves its line break, so that the lines around it stay lines.
+    replace(selection, m_savedText.ends_with(lineBreak) ? lineBreak : std::string_view());
+    m_pad.SetSelStart(selection.start);
+    m_last = Operation::Cut;
+}
+
+void PadCommands::PadCopy()
+{
+    if (m_pad.Selection().empty())
+        return;
+    m_savedText = m_clipboard.text();
+    clipboardTakes(m_pad.SelText());
+    m_last = Operation::Copy;
+}
+
+void PadCommands::PadPaste()
+{
+    const auto held = m_clipboard.text();
+    const auto text = withoutFinalBreak(held);
+    if (text.empty())
+        return;
+    takeDocumentFont();
+    const auto start = m_pad.SelStart();
+    replace(m_pad.Selection(), text);
+    m_saved = {start, start + static_cast<Offset>(text.size())};
+    m_last = Operation::Paste;
+}
+
+void PadCommands::PadClear()
+{
+    if (m_pad.Length() == 0)
+        return; // there is nothing to keep, and the clipboard may hold something
+    m_savedText = m_pad.Text();
+    clipboardTakes(m_savedText);
+    replace({0, m_pad.Length()}, {});
+    m_last = Operation::Clear;
+}
+
+void PadCommands::PadUndo()
+{
+    switch (m_last) {
+    case Operation::None:
+        return;
+    case Operation::Paste:
+        replace(m_saved, {});
+        break;
+    case Operation::Cut:
+        takeDocumentFont();
+        m_pad.SetSelStart(m_saved.start);
+        m_pad.SetSelColor(colours::black);
+        replace(m_saved, withoutFinalBreak(m_savedText));
+        break;
+    case Operation::Clear:
+        replace({0, m_pad.Length()}, m_savedText);
+        break;
+    case Operation::Copy:
+        clipboardTakes(m_savedText);
+        break;
+    }
+    m_last = Operation::None;
+}
+
+void PadCommands::PadSelectAll()
+{
+    m_pad.Select({0, m_pad.Length()});
+}
+
+void PadCommands::empty()
+{
+    m_pad.LoadText({});
+    m_last = Operation::None;
+}
+
+void PadCommands::textChanged(Offset position, Offset removed, Offset added)
+{
+    const bool anchored = m_last == Operation::Paste || m_last == Operation::Cut;
+    if (m_replacing || !anchored || position >= m_saved.end)
+        return;
+    if (position + removed <= m_saved.start)
+        m_saved = {m_saved.start + added - removed, m_saved.end + added - removed};
+    else if (m_last == Operation::Cut)
+        m_saved = {position, position};
+    else
+        m_last = Operation::None;
+}
+
+void PadCommands::replace(TextRange range, std::string_view text)
+{
+    const OwnChange own(m_replacing);
+    m_pad.Replace(range, text);
+}
+
+void PadCommands::clipboardTakes(std::string_view text)
+{
+    m_clipboard.clear();
+    if (!text.empty())
+        m_clipboard.setText(text);
+}
+
+void PadCommands::takeDocumentFont()
+{
+    m_pad.SetFont({m_document.Font().face, m_pad.Font().size});
+}
+
+} // namespace kevra

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pad/pad_commands.h"
+
+#include "editor/memory_surface.h"
+#include "fakes/desktop.h"
+
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+struct Pad {
+    MemorySurface document;
+    MemorySurface surface;
+    FakeClipboard clipboard;
+    PadCommands commands{surface, document, clipboard};
+
+    /// Text with its selection in brackets, or "|" for the caret.
+    void show(std::string_view marked)
+    {
+        std::string text(marked);
+        const auto open = text.find_first_of("[|");
+        text.erase(open, 1);
+        const auto close = text.find(']');
+        if (close != std::string::npos)
+            text.erase(close, 1);
+        surface.LoadText(text);
+        surface.Select(
+            {static_cast<Offset>(open), static_cast<Offset>(close == std::string::npos ? open : close)});
+    }
+
+    [[nodiscard]] std::string shown() const
+    {
+        std::string text(surface.Text());
+        const auto selection = surface.Selection();
+        if (selection.empty())
+            return text.insert(static_cast<std::size_t>(selection.start), "|");
+        text.insert(static_cast<std::size_t>(selection.end), "]");
+        return text.insert(static_cast<std::size_t>(selection.start), "[");
+    }
+
+    /// Letters: x cut, c copy, v paste, e clear, a select all, u undo; an upper-case letter is typed at the
+    /// text's start, and another program's copy is "!".
+    void run(std::string_view steps)
+    {
+        for (const char step : steps) {
+            switch (step) {
+            case 'x':
+                commands.PadCut();
+                break;
+            case 'c':
+                commands.PadCopy();
+                break;
+            case 'v':
+                commands.PadPaste();
+                break;
+            case 'e':
+                commands.PadClear();
+                break;
+            case 'a':
+                commands.PadSelectAll();
+                break;
+            case 'u':
+                commands.PadUndo();
+                break;
+            case '!':
+                clipboard.content = "other";
+                break;
+            default:
+                surface.Replace({0, 0}, std::string(1, step));
+                commands.textChanged(0, 0, 1);
+            }
+        }
+    }
+};
+
+TEST(PadCommands, EachIsTakenBackOnce)
+{
+    struct {
+        const char *name;
+        const char *before;
+        const char *clipboard;
+        const char *steps;
+        const char *after;
+        const char *clipboardAfter;
+    } const cases[] = {
+        {"cut nothing", "ab|c", "old", "x", "ab|c", "old"},
+        {"cut a word", "a[b]c", "old", "x", "a|c", "b"},
+        {"cut a line", "1\r\n[2\r\n]3", "", "x", "1\r\n|\r\n3", "2\r\n"},
+        {"undo the cut", "a[b]c", "", "xu", "ab|c", "b"},
+        {"undo the cut of a line", "1\r\n[2\r\n]3", "", "xu", "1\r\n2|\r\n3", "2\r\n"},
+        {"undo the cut after another program copied", "a[b]c", "", "x!u", "ab|c", "other"},
+        {"undo the cut after typing before it", "a[b]c", "", "xZu", "Zab|c", "b"},
+        {"undo twice", "a[b]c", "", "xuu", "ab|c", "b"},
+        {"copy nothing", "ab|c", "old", "cu", "ab|c", "old"},
+        {"copy", "a[b]c", "old", "c", "a[b]c", "b"},
+        {"undo the copy", "a[b]c", "old", "cu", "a[b]c", "old"},
+        {"undo the copy onto an empty clipboard", "a[b]c", "", "cu", "a[b]c", ""},
+        {"only the last is undone", "a[b]c", "", "xvu", "a|c", "b"},
+        {"paste drops one final line break", "a|c", "b\r\n\r\n", "v", "ab\r\n|c", "b\r\n\r\n"},
+        {"paste over a selection", "a[b]c", "xyz", "v", "axyz|c", "xyz"},
+        {"undo the paste", "a[b]c", "xyz", "vu", "a|c", "xyz"},
+        {"undo the paste after typing before it", "a|c", "xyz", "vZu", "Za|c", "xyz"},
+        {"paste without text", "a[b]c", "", "v", "a[b]c", ""},
+        {"paste a line break alone", "a[b]c", "\r\n", "v", "a[b]c", "\r\n"},
+        {"clear", "a[b]c", "old", "e", "|", "abc"},
+        {"undo the clear", "a[b]c", "old", "eu", "abc|", "abc"},
+        {"clear an empty pad", "|", "old", "e", "|", "old"},
+        {"select all", "a|bc", "", "a", "[abc]", ""},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        Pad pad;
+        pad.show(c.before);
+        pad.clipboard.content = c.clipboard;
+        pad.run(c.steps);
+        EXPECT_EQ(pad.shown(), c.after);
+        EXPECT_EQ(pad.clipboard.content, c.clipboardAfter);
+    }
+}
+
+TEST(PadCommands, UndoNeverTakesTextTypedIntoThePastedStretch)
+{
+    Pad pad;
+    pad.clipboard.content = "abc";
+    pad.run("v");
+    pad.surface.Replace({1, 1}, "typed");
+    pad.commands.textChanged(1, 0, 5);
+    pad.run("u");
+    EXPECT_EQ(pad.surface.Text(), "atypedbc");
+}
+
+TEST(PadCommands, ClipboardIsClearedBeforeItIsSet)
+{
+    Pad pad;
+    pad.show("a[b]c");
+    pad.run("cxe");
+    EXPECT_EQ(
+        pad.clipboard.calls, (std::vector<std::string>{"clear", "set", "clear", "set", "clear", "set"}));
+}
+
+TEST(PadCommands, PastedTextTakesTheDocumentsFaceAndCutTextComesBackBlack)
+{
+    Pad pad;
+    pad.document.SetFont({"Verdana", 14});
+    pad.show("a[b]c");
+    pad.surface.SetSelColor(colours::fault);
+    pad.run("xu");
+    EXPECT_EQ(pad.surface.Font(), (EditorFont{"Verdana", 10}));
+    EXPECT_EQ(pad.surface.ColourAt(1), colours::black);
+}
+
+TEST(PadCommands, AnEmptiedPadHasNothingToUndo)
+{
+    Pad pad;
+    pad.show("a[b]c");
+    pad.run("e");
+    pad.commands.empty();
+    pad.run("u");
+    EXPECT_EQ(pad.surface.Text(), "");
+}
+
+} // namespace
+} // namespace kevra
