@@ -47,7 +47,7 @@ bool equalIgnoringCase(std::string_view a, std::string_view b)
 
 std::string_view withoutTrailingSeparator(std::string_view folder)
 {
-    if (!folder.empty() && separators.find(folder.back()) != std::string_view::npos)
+    if (folder.size() > 1 && separators.find(folder.back()) != std::string_view::npos)
         folder.remove_suffix(1);
     return folder;
 }

@@ -16,7 +16,7 @@ namespace kevra {
 /// `text` with a to z made capital.
 [[nodiscard]] std::string upperAscii(std::string_view text);
 [[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
-/// `folder` without one trailing separator.
+/// `folder` without one trailing separator; a root that is nothing else keeps it.
 [[nodiscard]] std::string_view withoutTrailingSeparator(std::string_view folder);
 
 } // namespace kevra
