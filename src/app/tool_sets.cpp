@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tool_sets.h"
 
+#include "tools/external_program.h"
+
 #include <charconv>
 
 namespace kevra {
@@ -140,7 +142,7 @@ void ToolSets::showFsoMenu(bool on)
 
 void ToolSets::showProgramMenu(std::string_view text)
 {
-    m_view.setItemCaption("mex", "&" + std::string(text));
+    m_view.setItemCaption("mex", programMenuCaption(text));
 }
 
 void ToolSets::reapplyFont()
