@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/settings_commands.h"
+
+#include "settings/settings_desk.h"
+
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+constexpr auto intervalMessage
+    = "The time interval for Autosave must be set above zero before default Autosave can be set.";
+
+struct FreshDesk : private FakeSettingsStore, public SettingsDesk {
+    FreshDesk()
+        : SettingsDesk(static_cast<SettingsStore &>(*this))
+    {
+        load();
+    }
+};
+
+TEST(SettingsCommands, AutosaveNeedsAnInterval)
+{
+    FreshDesk desk;
+    desk.commands.setOption(Option::Autosave, true);
+    EXPECT_EQ(desk.messages.texts(), std::vector<std::string>{intervalMessage});
+    EXPECT_EQ(desk.messages.shown[0].icon, Icon::Information);
+    EXPECT_EQ(desk.stored(keys::autosave), "none");
+    EXPECT_FALSE(desk.options.zauto);
+
+    desk.commands.setInterval("15");
+    desk.commands.setOption(Option::Autosave, true);
+    EXPECT_EQ(desk.stored(keys::autosave), "yes");
+    EXPECT_EQ(desk.views.timer.minutes, 15);
+    desk.commands.setInterval("5");
+    EXPECT_EQ(desk.views.timer.minutes, 5) << "a running timer takes the new period";
+    desk.commands.setInterval("0");
+    EXPECT_EQ(desk.views.timer.minutes, std::nullopt);
+    EXPECT_FALSE(desk.views.toolView.autosave);
+    EXPECT_EQ(desk.messages.shown.size(), 1U);
+}
+
+TEST(SettingsCommands, SwitchingAutosaveForNowStoresNothing)
+{
+    FreshDesk desk;
+    desk.commands.toggleAutosave();
+    EXPECT_EQ(desk.messages.texts(), std::vector<std::string>{intervalMessage});
+    desk.commands.setInterval("10");
+    desk.commands.toggleAutosave();
+    EXPECT_EQ(desk.views.timer.minutes, 10);
+    EXPECT_TRUE(desk.views.toolView.autosave);
+    EXPECT_FALSE(desk.options.zauto);
+    EXPECT_EQ(desk.stored(keys::autosave), "none");
+    desk.commands.toggleAutosave();
+    EXPECT_EQ(desk.views.timer.minutes, std::nullopt);
+}
+
+TEST(SettingsCommands, TempFolderMustExist)
+{
+    struct {
+        const char *name;
+        std::string typed;
+        std::string stored; ///< "none" when nothing is
+        bool refused;
+    } const cases[] = {
+        {"nothing entered", "", "none", false},
+        {"trailing backslash", "C:\\Temp\\", "C:\\Temp", false},
+        {"trailing slash", "/srv/web/", "/srv/web", false},
+        {"two separators lose one", "/srv/web//", "/srv/web/", false},
+        {"the root", "/", "/", false},
+        {"a file", "/srv/page.htm", "none", true},
+        {"missing", "/nowhere", "none", true},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        FreshDesk desk;
+        desk.files.folders = {"C:\\Temp", "/srv/web", "/srv/web/", "/"};
+        desk.files.files["/srv/page.htm"] = "";
+        desk.commands.setTempFolder(c.typed);
+        EXPECT_EQ(desk.stored(keys::tempFolder), c.stored);
+        EXPECT_EQ(desk.application.tempFolder, c.stored == "none" ? "C:\\My Documents" : c.stored);
+        ASSERT_EQ(desk.messages.shown.size(), c.refused ? 1U : 0U);
+        if (c.refused) {
+            EXPECT_EQ(desk.messages.shown[0].text, "The path is wrong. There's no such folder.");
+            EXPECT_EQ(desk.messages.shown[0].icon, Icon::Critical);
+        }
+    }
+}
+
+TEST(SettingsCommands, ColourCodingReachesTheTextThatIsThere)
+{
+    struct {
+        const char *name;
+        const char *text;
+        bool on;
+        std::vector<std::string> done;
+    } const cases[] = {
+        {"off", "<B>", false, {"remove colours"}},
+        {"on", "<B>", true, {"colour"}},
+        {"off, nothing there", "", false, {}},
+        {"on, nothing there", "", true, {}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        FreshDesk desk;
+        desk.text.LoadText(c.text);
+        desk.commands.setOption(Option::ColourCoding, c.on);
+        EXPECT_EQ(desk.effects.done, c.done);
+        EXPECT_EQ(desk.stored(keys::colourCoding), c.on ? "yes" : "no");
+        EXPECT_EQ(desk.document.colourCoding, c.on);
+        EXPECT_TRUE(desk.text.isDisplayed());
+    }
+}
+
+TEST(SettingsCommands, ChosenColourWaitsForApply)
+{
+    struct {
+        const char *name;
+        std::optional<Colour> chosen;
+        bool coloured; ///< the document takes colours
+        const char *stored;
+        std::vector<std::string> done;
+    } const cases[] = {
+        {"red", Colour{0xFF}, true, "255", {"colour"}},
+        {"red, document without colours", Colour{0xFF}, false, "255", {}},
+        {"black counts as nothing", colours::black, true, "no", {}},
+        {"cancelled", std::nullopt, true, "no", {}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        FreshDesk desk;
+        desk.document.colourApplies = c.coloured;
+        desk.colourDialog.chosen = c.chosen;
+        desk.commands.chooseColour();
+        EXPECT_EQ(desk.colourDialog.initials, std::vector<Colour>{colours::defaultCode});
+        EXPECT_EQ(desk.document.codeColour, colours::defaultCode);
+        desk.commands.applyColour();
+        EXPECT_FALSE(desk.commands.hasChosenColour());
+        EXPECT_EQ(desk.stored(keys::codeColour), c.stored);
+        EXPECT_EQ(desk.effects.done, c.done);
+    }
+}
+
+TEST(SettingsCommands, ClosingGivesTheDocumentAChangedFontOnce)
+{
+    FreshDesk desk;
+    desk.commands.dialogClosed();
+    EXPECT_TRUE(desk.effects.done.empty());
+    desk.commands.setFontSize("14");
+    desk.commands.dialogClosed();
+    desk.commands.dialogClosed();
+    EXPECT_EQ(desk.effects.done, std::vector<std::string>{"font"});
+}
+
+TEST(SettingsCommands, BrowsingTakesProgramsAlone)
+{
+    FreshDesk desk;
+    desk.processes.runnable = {"/usr/bin/paint"};
+    desk.fileDialogs.choices = {"C:\\a.bat", "C:\\A.Exe", "/usr/bin/paint", "/etc/hosts"};
+    EXPECT_EQ(desk.commands.browseProgram(), std::nullopt);
+    EXPECT_EQ(desk.commands.browseProgram(), "C:\\A.Exe");
+    EXPECT_EQ(desk.commands.browseProgram(), "/usr/bin/paint");
+    EXPECT_EQ(desk.commands.browseProgram(), std::nullopt);
+    EXPECT_EQ(desk.commands.browseProgram(), std::nullopt) << "cancelled";
+}
+
+} // namespace
+} // namespace kevra

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editor/memory_surface.h"
+#include "fakes/desktop.h"
+#include "fakes/dialogs.h"
+#include "fakes/files.h"
+#include "fakes/messages.h"
+#include "fakes/processes.h"
+#include "fakes/settings_views.h"
+#include "settings/setting_access.h"
+#include "settings/settings_commands.h"
+
+namespace kevra {
+
+class FakeSettingsEffects : public SettingsEffects {
+public:
+    void colourForTools() override { done.emplace_back("colour"); }
+    void removeColours() override { done.emplace_back("remove colours"); }
+    void reapplyFont() override { done.emplace_back("font"); }
+
+    std::vector<std::string> done;
+};
+
+/// The settings' commands over a store, with everything around them in memory.
+struct SettingsDesk {
+    explicit SettingsDesk(SettingsStore &values)
+        : store(values)
+    {
+    }
+
+    /// What a start of the program reads.
+    void load()
+    {
+        StoredSettings settings(store, document, application, options, views);
+        settings.loadTempFolder();
+        settings.loadExternalProgram();
+        settings.loadFonts();
+        settings.loadCodeColour();
+        settings.loadComments();
+        settings.loadLineDebug();
+        settings.loadIfCheck();
+        settings.loadAutosave();
+        settings.loadFsoMenu();
+    }
+
+    [[nodiscard]] std::string stored(const SettingKey &key) const { return readSetting(store, key); }
+
+    SettingsStore &store;
+    DocumentState document;
+    ApplicationState application;
+    OptionsShown options;
+    FakeSettingsViews views;
+    MemorySurface text{"<B>"};
+    FakeSettingsEffects effects;
+    FakeFileStore files;
+    FakeMessages messages;
+    FakeFileDialogs fileDialogs;
+    FakeColourDialog colourDialog;
+    FakeProcessStart processes;
+    ExternalProgram program{{application, store, files, processes, views.toolView, messages}};
+    SettingsCommands commands{{store, document, application, options, views, text, effects, files, messages,
+        fileDialogs, colourDialog, program}};
+};
+
+} // namespace kevra

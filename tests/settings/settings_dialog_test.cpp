@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "settings/settings_dialog.h"
+
+#include "settings/settings_desk.h"
+#include "settings/settings_store_qt.h"
+
+#include <gtest/gtest.h>
+
+#include <QtTest/QTest>
+
+namespace kevra {
+namespace {
+
+/// The real dialog over the real store.
+class SettingsDialogTest : public testing::Test {
+protected:
+    SettingsDialogTest()
+    {
+        store.deleteSetting(settingsApplication);
+        desk.files.folders = {"/srv/web"};
+        desk.files.files["/usr/bin/paint"] = "";
+        desk.processes.runnable = {"/usr/bin/paint"};
+        desk.load();
+        dialog.showSettings();
+    }
+
+    template <class Widget> Widget &control(const char *name)
+    {
+        auto *found = dialog.findChild<Widget *>(name);
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    void click(const char *name) { QTest::mouseClick(&control<QPushButton>(name), Qt::LeftButton); }
+    void type(const char *name, const QString &text)
+    {
+        control<QLineEdit>(name).clear();
+        QTest::keyClicks(&control<QLineEdit>(name), text);
+    }
+    void pick(const char *name, const QString &text)
+    {
+        auto &box = control<QComboBox>(name);
+        box.setCurrentIndex(box.findText(text));
+    }
+    std::pair<QString, QColor> lamp(const char *name)
+    {
+        const auto &label = control<QLabel>(name);
+        return {label.text(), label.palette().color(QPalette::Window)};
+    }
+
+    SettingsStoreQt store;
+    SettingsDesk desk{store};
+    SettingsDialog dialog{desk.commands};
+};
+
+/// The next start of the program reads what this one stored.
+struct NextStart {
+    NextStart() { desk.load(); }
+
+    SettingsStoreQt store;
+    SettingsDesk desk{store};
+};
+
+TEST_F(SettingsDialogTest, YesAndNoAreStoredShownAndReadByTheNextStart)
+{
+    using InForce = bool (*)(const SettingsDesk &);
+    struct {
+        const char *name;
+        const char *yes;
+        const char *no;
+        const char *lamp;
+        const char *key;
+        InForce inForce; ///< in the program's state
+        InForce inWindow; ///< on the main window
+    } const cases[] = {
+        {"FSO menu", "bfsoyes", "bfsono", "zpop", "iffso",
+            [](const SettingsDesk &d) { return d.document.fsoMenu; },
+            [](const SettingsDesk &d) { return d.views.toolView.fsoMenu; }},
+        {"IF count", "byesdoif", "bnodoif", "zif", "ifif",
+            [](const SettingsDesk &d) { return d.document.ifChecking; }, nullptr},
+        {"autosave", "bautoyes", "bautono", "zauto", "autosave",
+            [](const SettingsDesk &d) { return d.application.autosaveOn && d.views.timer.minutes == 5; },
+            [](const SettingsDesk &d) { return d.views.toolView.autosave; }},
+        {"line debugging", "byesdebug", "bnodebug", "zldebug", "ifdebug",
+            [](const SettingsDesk &d) { return d.document.lineDebugOn && d.document.lineDebugPreferred; },
+            [](const SettingsDesk &d) { return d.views.toolView.lineDebugging; }},
+        {"comments", "byescoms", "bnocoms", "zcom", "ifcoms",
+            [](const SettingsDesk &d) { return d.document.snippetComments; }, nullptr},
+        {"colour coding", "byescol", "bnocol", "zcol", "ifcolor",
+            [](const SettingsDesk &d) { return d.document.colourCoding; },
+            [](const SettingsDesk &d) { return d.views.toolView.colourCoding; }},
+    };
+    pick("boxtime", "5");
+    click("btime");
+    for (const auto &c : cases) {
+        for (const bool on : {false, true, false}) {
+            SCOPED_TRACE(std::string(c.name) + (on ? " on" : " off"));
+            click(on ? c.yes : c.no);
+            EXPECT_EQ(store.getSetting("kevra285", "settings", c.key, "absent"), on ? "yes" : "no");
+            EXPECT_EQ(lamp(c.lamp),
+                (std::pair<QString, QColor>(on ? "YES" : "NO", on ? QColor(0, 240, 0) : QColor(248, 0, 0))));
+            NextStart next;
+            for (const auto *program : {&desk, &next.desk}) {
+                EXPECT_EQ(c.inForce(*program), on);
+                EXPECT_TRUE(!c.inWindow || c.inWindow(*program) == on);
+            }
+        }
+    }
+    EXPECT_TRUE(desk.messages.shown.empty());
+}
+
+TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
+{
+    type("ttemp", "/srv/web/");
+    click("btemp");
+    pick("boxtime", "20");
+    click("btime");
+    pick("boxface", "Tahoma");
+    click("bface");
+    pick("boxsize", "12");
+    click("bsize");
+    desk.colourDialog.chosen = Colour{0x0080FF};
+    EXPECT_FALSE(control<QPushButton>("bapply").isEnabled());
+    click("bpick");
+    EXPECT_EQ(control<QFrame>("piccol").palette().color(QPalette::Window), QColor(255, 128, 0));
+    click("bapply");
+    EXPECT_FALSE(control<QPushButton>("bapply").isEnabled());
+    desk.fileDialogs.choices = {"/usr/bin/paint"};
+    click("bbrowse");
+    click("bapset");
+    type("tmenu", "P&aint");
+    QTest::keyClick(&control<QLineEdit>("tmenu"), Qt::Key_Return);
+
+    NextStart next;
+    for (const auto *program : {&desk, &next.desk}) {
+        EXPECT_EQ(program->application.tempFolder, "/srv/web");
+        EXPECT_EQ(program->application.autosaveMinutes, 20);
+        EXPECT_EQ(program->document.fontFace, "Tahoma");
+        EXPECT_EQ(program->views.fontBoxes.facePosition, 3);
+        EXPECT_EQ(program->document.fontSize, "12");
+        EXPECT_EQ(program->views.fontBoxes.sizePosition, 2);
+        EXPECT_EQ(program->document.codeColour, Colour{0x0080FF});
+        EXPECT_EQ(program->application.programPath, "/usr/bin/paint");
+        EXPECT_EQ(program->views.toolView.programMenu, "P&aint");
+    }
+    EXPECT_EQ(desk.effects.done, std::vector<std::string>{"colour"});
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(desk.effects.done.back(), "font");
+
+    dialog.showSettings();
+    click("bremove");
+    EXPECT_EQ(NextStart().desk.application.programPath, "none");
+    EXPECT_EQ(control<QLineEdit>("tap").text(), "");
+    EXPECT_EQ(control<QLineEdit>("tmenu").text(), "EXE");
+}
+
+TEST_F(SettingsDialogTest, RefusalsLeaveLampAndStoreAlone)
+{
+    click("bautoyes");
+    EXPECT_EQ(lamp("zauto").first, "NO");
+    type("ttemp", "/nowhere");
+    click("btemp");
+    type("tmenu", "Uploaders");
+    click("bmenuset");
+    EXPECT_EQ(desk.messages.shown.size(), 3U);
+    for (const auto *key : {"autosave", "tempfol", "exemenu"})
+        EXPECT_EQ(store.getSetting("kevra285", "settings", key, "absent"), "absent") << key;
+}
+
+TEST_F(SettingsDialogTest, StoredValuesThatNoListHasAreShown)
+{
+    dialog.close();
+    writeSetting(store, keys::autosaveMinutes, "7");
+    writeSetting(store, keys::fontFace, "DejaVu Sans Mono");
+    writeSetting(store, keys::fontSize, "11");
+    desk.load();
+    dialog.showSettings();
+    EXPECT_EQ(control<QComboBox>("boxtime").currentText(), "7");
+    EXPECT_EQ(control<QComboBox>("boxtime").itemText(5), "7") << "between 5 and 10";
+    EXPECT_EQ(control<QComboBox>("boxface").currentText(), "DejaVu Sans Mono");
+    EXPECT_EQ(control<QComboBox>("boxsize").currentText(), "11");
+}
+
+TEST_F(SettingsDialogTest, TabFollowsTheEye)
+{
+    constexpr int sameRow = 12; // pixels
+    QWidget *const first = &control<QPushButton>("bfsoyes");
+    QPoint last;
+    int seen = 0;
+    auto *at = first;
+    do {
+        const auto place = at->mapTo(&dialog, at->rect().center());
+        EXPECT_TRUE(
+            place.y() > last.y() + sameRow || (place.x() > last.x() && place.y() > last.y() - sameRow))
+            << at->objectName().toStdString();
+        last = place;
+        ++seen;
+        do
+            at = at->nextInFocusChain();
+        while (at != first && (!(at->focusPolicy() & Qt::TabFocus) || !at->isVisibleTo(&dialog)));
+    } while (at != first && seen < 100);
+    EXPECT_EQ(seen, 6 * 2 + 6 * 2 + 4 + 1) << "yes and no, entries, four lone buttons, close";
+}
+
+} // namespace
+} // namespace kevra
