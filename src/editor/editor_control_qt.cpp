@@ -219,19 +219,35 @@ Colour EditorControl::ColourAt(Offset position) const
     return style < m_styleColours.size() ? m_styleColours[style] : colours::black;
 }
 
-void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs)
+void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground)
 {
     settle();
     const auto whole = inside(range);
     std::string runStyles(runs.size(), 0);
     std::ranges::transform(runs, runStyles.begin(),
         [this](const ColourRun &run) { return static_cast<char>(styleOf(run.colour)); });
-    std::string styles(static_cast<std::size_t>(whole.length()), 0);
+    std::string styles = ground == Ground::Black ? std::string(static_cast<std::size_t>(whole.length()), 0)
+                                                 : stylesIn(whole);
     layRuns(styles, whole, runs, runStyles);
     send(SCI_STARTSTYLING, whole.start);
     for (Offset at = 0; at < whole.length(); at += paintedAtOnce)
         sendBytes(SCI_SETSTYLINGEX, std::min(paintedAtOnce, whole.length() - at), styles.data() + at);
     stylesAreUpToDate();
+}
+
+std::string EditorControl::stylesIn(TextRange range) const
+{
+    std::string styles;
+    styles.reserve(static_cast<std::size_t>(range.length()));
+    std::string pairs(
+        static_cast<std::size_t>(2 * paintedAtOnce + 2), 0); // character, style, and a closing pair
+    for (auto at = range.start; at < range.end; at += paintedAtOnce) {
+        const auto end = std::min(at + paintedAtOnce, range.end);
+        SendScintilla(SCI_GETSTYLEDTEXT, static_cast<long>(at), static_cast<long>(end), pairs.data());
+        for (Offset i = 0; i < end - at; ++i)
+            styles += pairs[static_cast<std::size_t>(2 * i + 1)];
+    }
+    return styles;
 }
 
 int EditorControl::styleOf(Colour colour)

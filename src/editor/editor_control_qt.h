@@ -29,7 +29,8 @@ public:
     [[nodiscard]] Colour SelColor() const override;
     void SetSelColor(Colour colour) override;
     [[nodiscard]] Colour ColourAt(Offset position) const override;
-    void SetColours(TextRange range, std::span<const ColourRun> runs) override;
+    using EditorSurface::SetColours;
+    void SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground) override;
     [[nodiscard]] EditorFont Font() const override { return m_font; }
     void SetFont(const EditorFont &font) override;
     [[nodiscard]] int RightMargin() const override { return m_rightMargin; }
@@ -122,6 +123,7 @@ private:
     [[nodiscard]] int styleOf(Colour colour);
     /// The colour of text that comes in now.
     [[nodiscard]] Colour freshColour() const;
+    [[nodiscard]] std::string stylesIn(TextRange range) const;
     void applyFont();
     void paint(TextRange range, int style);
     void stylesAreUpToDate();

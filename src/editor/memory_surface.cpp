@@ -65,10 +65,11 @@ Colour MemorySurface::ColourAt(Offset position) const
                                                 : colours::black;
 }
 
-void MemorySurface::SetColours(TextRange range, std::span<const ColourRun> runs)
+void MemorySurface::SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground)
 {
     const auto whole = inside(range);
-    std::fill(m_colours.begin() + whole.start, m_colours.begin() + whole.end, colours::black);
+    if (ground == Ground::Black)
+        std::fill(m_colours.begin() + whole.start, m_colours.begin() + whole.end, colours::black);
     for (const auto &run : runs) {
         const auto start = std::max(run.range.start, whole.start);
         const auto end = std::min(run.range.end, whole.end);

@@ -20,7 +20,8 @@ public:
     [[nodiscard]] Colour SelColor() const override;
     void SetSelColor(Colour colour) override;
     [[nodiscard]] Colour ColourAt(Offset position) const override;
-    void SetColours(TextRange range, std::span<const ColourRun> runs) override;
+    using EditorSurface::SetColours;
+    void SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground) override;
     [[nodiscard]] EditorFont Font() const override { return m_font; }
     void SetFont(const EditorFont &font) override { m_font = font; }
     [[nodiscard]] int RightMargin() const override { return m_rightMargin; }

@@ -21,6 +21,9 @@ struct EditorFont {
     friend bool operator==(const EditorFont &, const EditorFont &) = default;
 };
 
+/// What a bulk colouring paints its runs on.
+enum class Ground { Black, AsItIs };
+
 enum class MousePointer { Default = 0, Hourglass = 11 };
 
 /// A right margin, in twips, beyond every line: no wrapping. 0 wraps at the control's width.
@@ -50,8 +53,13 @@ public:
     /// Colours the selection, or sets the typing colour when nothing is selected.
     virtual void SetSelColor(Colour colour) = 0;
     [[nodiscard]] virtual Colour ColourAt(Offset position) const = 0;
-    /// Makes `range` black and paints `runs` over it in their order; what reaches outside is cut off.
-    virtual void SetColours(TextRange range, std::span<const ColourRun> runs) = 0;
+    /// Makes `range` black, unless told to leave it as it is, and paints `runs` over it in their order; what
+    /// reaches outside is cut off.
+    virtual void SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground) = 0;
+    void SetColours(TextRange range, std::span<const ColourRun> runs)
+    {
+        SetColours(range, runs, Ground::Black);
+    }
 
     [[nodiscard]] virtual EditorFont Font() const = 0;
     virtual void SetFont(const EditorFont &font) = 0;

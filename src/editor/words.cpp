@@ -64,16 +64,29 @@ bool wordBefore(std::string_view text, Offset position)
 {
     if (position <= 0)
         return false;
-    auto at = position - 1;
-    while (at > 0 && at > position - 4 && continues(text[static_cast<std::size_t>(at)]))
-        --at;
-    return isWordCharacter(decode(text, at));
+    return isWordCharacter(decode(text, characterBefore(text, position)));
 }
 
 bool wordAt(std::string_view text, Offset position)
 {
     return position >= 0 && position < static_cast<Offset>(text.size())
         && isWordCharacter(decode(text, position));
+}
+
+Offset characterLength(std::string_view text, Offset position)
+{
+    auto end = position + 1;
+    while (end < static_cast<Offset>(text.size()) && continues(text[static_cast<std::size_t>(end)]))
+        ++end;
+    return end - position;
+}
+
+Offset characterBefore(std::string_view text, Offset position)
+{
+    auto at = position - 1;
+    while (at > 0 && at > position - 4 && continues(text[static_cast<std::size_t>(at)]))
+        --at;
+    return at > 0 ? at : 0;
 }
 
 Offset characterCount(std::string_view text)

@@ -18,6 +18,11 @@ namespace kevra {
 /// The number of characters in `text`; a line break of two bytes counts two.
 [[nodiscard]] Offset characterCount(std::string_view text);
 
+/// The bytes of the character that starts at `position`, which is inside the text.
+[[nodiscard]] Offset characterLength(std::string_view text, Offset position);
+/// Where the character that ends right before `position` starts; 0 at the start of the text.
+[[nodiscard]] Offset characterBefore(std::string_view text, Offset position);
+
 /// `byte` with A to Z made small; every other byte as it is.
 [[nodiscard]] constexpr char lowerAscii(char byte)
 {

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/document_colouring.h"
+
+#include "colour/keyword_pass.h"
+#include "colour/tag_pass.h"
+
+#include <utility>
+
+namespace kevra {
+namespace {
+
+/// Tells the change handlers that the program itself is at work.
+class ProgrammaticChange {
+public:
+    explicit ProgrammaticChange(DocumentState &state)
+        : m_state(state)
+        , m_before(std::exchange(state.programmaticChange, true))
+    {
+    }
+    ~ProgrammaticChange() { m_state.programmaticChange = m_before; }
+    ProgrammaticChange(const ProgrammaticChange &) = delete;
+    ProgrammaticChange &operator=(const ProgrammaticChange &) = delete;
+
+private:
+    DocumentState &m_state;
+    bool m_before;
+};
+
+void leaveAtTop(EditorSurface &document)
+{
+    document.SetSelStart(0);
+    document.SetSelColor(colours::black);
+}
+
+} // namespace
+
+DocumentColouring::DocumentColouring(EditorSurface &document, DocumentState &state)
+    : m_document(document)
+    , m_state(state)
+{
+}
+
+void DocumentColouring::colourTags()
+{
+    const ProgrammaticChange guard(m_state);
+    m_document.SetSelColor(colours::black);
+    const auto runs = tagRuns(m_document.Text(), m_state.codeColour);
+    m_document.SetColours({0, m_document.Length()}, runs, Ground::AsItIs);
+    leaveAtTop(m_document);
+    // A document that has just been coloured counts as not modified.
+    m_state.unsaved = false;
+}
+
+void DocumentColouring::ColourText()
+{
+    const ProgrammaticChange guard(m_state);
+    const auto runs = scriptRuns(m_document.Text(), m_state.codeColour);
+    m_document.SetColours({0, m_document.Length()}, runs);
+    leaveAtTop(m_document);
+}
+
+void DocumentColouring::colourForTools()
+{
+    if (m_state.scriptTools)
+        ColourText();
+    else
+        colourTags();
+}
+
+void DocumentColouring::removeColours()
+{
+    const ProgrammaticChange guard(m_state);
+    m_document.SetColours({0, m_document.Length()}, {});
+    leaveAtTop(m_document);
+}
+
+} // namespace kevra

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where the marks of a script stand. A pass asks again and again for the next mark behind a place; the answer
+// is kept while it still holds, so that a whole document costs one search for each kind of mark.
+#pragma once
+
+#include "editor/types.h"
+
+#include <string_view>
+
+namespace kevra {
+
+inline constexpr std::string_view placeholderOpening = "<<";
+inline constexpr std::string_view placeholderClosing = ">>";
+inline constexpr std::string_view separatorComment = "'--";
+
+class MarkSearch {
+public:
+    /// Both views must outlive the search.
+    MarkSearch(std::string_view text, std::string_view mark);
+
+    /// The first place at or behind `from` where the mark starts, or -1.
+    [[nodiscard]] Offset next(Offset from);
+
+private:
+    std::string_view m_text;
+    std::string_view m_mark;
+    Offset m_searchedFrom = 0;
+    Offset m_found = -2; ///< -2: not searched yet
+};
+
+/// The marks of one text, each searched once as a pass moves forward.
+struct ScriptMarks {
+    explicit ScriptMarks(std::string_view text);
+
+    MarkSearch opening;
+    MarkSearch closing;
+    MarkSearch comment;
+    MarkSearch lineEnd; ///< the carriage return
+};
+
+} // namespace kevra

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/tag_pass.h"
+
+#include "editor/words.h"
+
+#include <cstring>
+
+namespace kevra {
+namespace {
+
+constexpr Offset longestCharacter = 4; // bytes in UTF-8
+
+std::string_view part(std::string_view text, Offset start, Offset end)
+{
+    return text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start));
+}
+
+/// The offset of the character with that number, counted from `from`.
+Offset skipCharacters(std::string_view text, Offset from, Offset count)
+{
+    const auto size = static_cast<Offset>(text.size());
+    for (; count > 0 && from < size; --count)
+        from += characterLength(text, from);
+    return from;
+}
+
+} // namespace
+
+Offset tagRunStart(std::string_view text, Offset lt, Offset gt)
+{
+    // Characters are counted only where the outcome can depend on them: the tag is longer than the text
+    // before.
+    if ((gt - lt) * longestCharacter < lt + 2)
+        return lt;
+    const auto before = characterCount(part(text, 0, lt));
+    const auto searchFrom = skipCharacters(text, lt + 1, before + 1);
+    if (searchFrom > gt)
+        return lt;
+    const auto inner = part(text, searchFrom, gt).find('<');
+    if (inner == std::string_view::npos)
+        return lt;
+    const auto innerAt = searchFrom + static_cast<Offset>(inner);
+    return skipCharacters(text, 0, characterCount(part(text, lt + 1, innerAt)));
+}
+
+ColourRuns tagRuns(std::string_view text, Colour colour)
+{
+    ColourRuns runs;
+    runs.reserve(text.size() / 32);
+    const char *const begin = text.data();
+    const char *const end = begin + text.size();
+    const auto next = [end](const char *from, char mark) {
+        return from == end
+            ? nullptr
+            : static_cast<const char *>(std::memchr(from, mark, static_cast<std::size_t>(end - from)));
+    };
+    for (const char *at = begin; const char *lt = next(at, '<');) {
+        const char *const gt = next(lt + 1, '>');
+        if (!gt)
+            break;
+        runs.push_back({{tagRunStart(text, lt - begin, gt - begin), gt - begin + 1}, colour});
+        at = gt + 1;
+    }
+    return runs;
+}
+
+} // namespace kevra

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tags of a page: each stretch from a "<" to the next ">", whatever stands between them.
+#pragma once
+
+#include "editor/types.h"
+
+#include <string_view>
+
+namespace kevra {
+
+/// One run in `colour` for every tag of the whole text, in order. An unclosed "<" ends the list.
+[[nodiscard]] ColourRuns tagRuns(std::string_view text, Colour colour);
+
+/// Where the run of a tag from `lt` to `gt` begins: at its "<", except that a tag longer than the text before
+/// it is looked through for a further "<", and the offset found inside the tag is taken for one in the text.
+[[nodiscard]] Offset tagRunStart(std::string_view text, Offset lt, Offset gt);
+
+} // namespace kevra
