@@ -106,7 +106,8 @@ std::intptr_t EditorControl::send(unsigned message, Offset first, std::intptr_t 
 
 std::intptr_t EditorControl::sendBytes(unsigned message, Offset first, const char *bytes) const
 {
-    return send(message, first, reinterpret_cast<std::intptr_t>(bytes));
+    // An empty view may point nowhere, which Scintilla refuses.
+    return send(message, first, reinterpret_cast<std::intptr_t>(bytes ? bytes : ""));
 }
 
 TextRange EditorControl::inside(TextRange range) const

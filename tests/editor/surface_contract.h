@@ -103,6 +103,8 @@ TYPED_TEST_P(SurfaceContract, GivesTheTypingColourToNewText)
     surface.SetSelColor(colours::black);
     surface.Replace({7, 7}, "!");
     EXPECT_EQ(painted(surface), "gbbb....");
+    surface.Replace({1, 4}, {});
+    EXPECT_EQ(painted(surface), "g....");
 }
 
 TYPED_TEST_P(SurfaceContract, PaintsRunsInTheirOrder)
