@@ -10,7 +10,8 @@ namespace kevra {
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
-    [[nodiscard]] virtual std::string text() const = 0; ///< empty when it holds no text
+    /// With the document's line breaks, whatever the other program's; empty when it holds no text.
+    [[nodiscard]] virtual std::string text() const = 0;
     virtual void clear() = 0;
     virtual void setText(std::string_view text) = 0;
 };

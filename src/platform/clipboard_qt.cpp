@@ -8,7 +8,9 @@ namespace kevra {
 
 std::string ClipboardQt::text() const
 {
-    return QGuiApplication::clipboard()->text().toStdString();
+    auto text = QGuiApplication::clipboard()->text();
+    text.replace("\r\n", "\n").replace(u'\r', u'\n').replace(u'\n', "\r\n");
+    return text.toStdString();
 }
 
 void ClipboardQt::clear()
