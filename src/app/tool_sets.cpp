@@ -147,24 +147,17 @@ void ToolSets::showProgramMenu(std::string_view text)
 
 void ToolSets::reapplyFont()
 {
-    setDocumentFont();
+    m_document.SetFont(chosenFont());
     m_lineNumbers.SetFont(chosenFont());
 }
 
 void ToolSets::fontChosen()
 {
-    setDocumentFont();
+    m_document.SetFont(chosenFont());
     if (m_state.scriptTools)
         m_lineNumbers.SetFont(chosenFont());
     if (m_state.takesColour() && m_fontChanged)
         m_fontChanged();
-}
-
-void ToolSets::setDocumentFont()
-{
-    m_document.SetFont(chosenFont());
-    // The whole text is selected for it and let go again, which leaves the caret at the top.
-    m_document.SetSelStart(0);
 }
 
 } // namespace kevra

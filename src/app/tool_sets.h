@@ -51,7 +51,6 @@ public:
 
 private:
     void show(bool scriptTools);
-    void setDocumentFont();
     [[nodiscard]] EditorFont chosenFont() const;
 
     EditorSurface &m_document;

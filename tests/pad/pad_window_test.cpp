@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "pad/pad_window.h"
+
+#include "editor/memory_surface.h"
+#include "fakes/desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QtTest/QTest>
+
+namespace kevra {
+namespace {
+
+constexpr TwipRect remembered{1500, 1200, 7500, 4500};
+
+class PadWindowTest : public testing::Test {
+protected:
+    PadWindowTest()
+    {
+        document.SetFont({"Verdana", 12});
+        state.padGeometry = remembered;
+        open();
+    }
+
+    void open()
+    {
+        pad.show();
+        pad.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&pad));
+    }
+    EditorControl &control() { return *pad.findChild<EditorControl *>("rt1"); }
+    [[nodiscard]] TwipRect place() const
+    {
+        return {pad.x() * 15, pad.y() * 15, pad.width() * 15, pad.height() * 15};
+    }
+    [[nodiscard]] std::string text() { return std::string(control().Text()); }
+
+    MemorySurface document;
+    FakeClipboard clipboard;
+    ApplicationState state;
+    PadWindow pad{document, clipboard, state};
+};
+
+TEST_F(PadWindowTest, EveryMenuItemRunsItsCommand)
+{
+    struct {
+        const char *item;
+        const char *text;
+        const char *clipboard;
+    } const cases[] = {
+        {"mselallp", "abc", "old"},
+        {"mcutp", "", "abc"},
+        {"mundop", "abc", "abc"},
+        {"popselall", "abc", "abc"},
+        {"popcut", "", "abc"},
+        {"popundo", "abc", "abc"},
+        {"mclearp", "", "abc"},
+        {"mpastep", "abc", "abc"},
+        {"poppaste", "abcabc", "abc"},
+        {"popselall", "abcabc", "abc"},
+        {"mcopyp", "abcabc", "abcabc"},
+        {"popundo", "abcabc", "abc"},
+        {"popcopy", "abcabc", "abcabc"},
+    };
+    clipboard.content = "old";
+    QTest::keyClicks(&control(), "abc");
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.item);
+        pad.findChild<QAction *>(c.item)->trigger();
+        EXPECT_EQ(text(), c.text);
+        EXPECT_EQ(clipboard.content, c.clipboard);
+    }
+}
+
+TEST_F(PadWindowTest, KeysRunThePadsOwnCommands)
+{
+    clipboard.content = "line\r\n";
+    QTest::keyClick(&control(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(text(), "line");
+    QTest::keyClick(&control(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&control(), Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(clipboard.content, "line");
+    QTest::keyClick(&control(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(text(), "line");
+}
+
+TEST_F(PadWindowTest, UndoOfAPasteFollowsTypingBeforeIt)
+{
+    clipboard.content = "pasted";
+    pad.findChild<QAction *>("mpastep")->trigger();
+    control().SetSelStart(0);
+    QTest::keyClicks(&control(), "kept ");
+    pad.findChild<QAction *>("mundop")->trigger();
+    EXPECT_EQ(text(), "kept ");
+}
+
+TEST_F(PadWindowTest, StandsWhereItStoodInTheDocumentsFont)
+{
+    EXPECT_EQ(place(), remembered);
+    EXPECT_EQ(control().Font(), (EditorFont{"Verdana", 12}));
+    QTest::keyClicks(&control(), "abc");
+    pad.move(60, 70);
+    pad.resize(400, 350);
+    pad.close();
+    EXPECT_FALSE(pad.isVisible());
+    EXPECT_EQ(state.padGeometry, (TwipRect{900, 1050, 6000, 5250}));
+    document.SetFont({"Arial", 8});
+    open();
+    EXPECT_EQ(text(), "");
+    EXPECT_EQ(place(), (TwipRect{900, 1050, 6000, 5250}));
+    EXPECT_EQ(control().Font(), (EditorFont{"Arial", 8}));
+}
+
+TEST_F(PadWindowTest, MaximisedItKeepsTheOldPlace)
+{
+    pad.showMaximized();
+    EXPECT_EQ(state.padState, PadState::Other);
+    pad.close();
+    EXPECT_EQ(state.padGeometry, remembered);
+    open();
+    EXPECT_EQ(state.padState, PadState::Normal);
+    EXPECT_EQ(place(), remembered);
+}
+
+TEST_F(PadWindowTest, APlaceOffEveryScreenIsBroughtBack)
+{
+    pad.close();
+    state.padGeometry = {-900000, 900000, 150, 9000000};
+    open();
+    const auto screen = pad.screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(QRect(pad.pos(), pad.size())));
+}
+
+} // namespace
+} // namespace kevra
