@@ -40,6 +40,8 @@ EditScope::~EditScope()
 void EditorControl::beforeChange(int position, int type, int length)
 {
     settle();
+    if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE))
+        paintUpTo(position + (type & SC_MOD_BEFOREDELETE ? length : 0));
     if (type & SC_MOD_BEFOREINSERT)
         m_change = {position, 0, length};
     else if (type & SC_MOD_BEFOREDELETE) {
@@ -58,6 +60,7 @@ void EditorControl::settle()
     if (!m_change)
         return;
     const auto change = *std::exchange(m_change, std::nullopt);
+    m_unpainted.shift(change.added - change.removed);
     if (change.added > 0 && freshColour() != colours::black)
         paint({change.position, change.position + change.added}, styleOf(freshColour()));
     noteTouched(change);

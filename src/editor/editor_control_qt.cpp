@@ -7,15 +7,22 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <chrono>
 
 namespace kevra {
 namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr Offset paintedAtOnce = 1 << 20; ///< bytes; keeps the buffer for a whole document's styles small
+constexpr Offset slice = 1 << 20; ///< bytes painted at once while the rest of the text waits
 
-/// The colours of `range` as style bytes, laid over `styles`, which stand for its bytes.
+/// A text's tail longer than this is painted when it is looked at.
+constexpr Offset paintedLater = 256 * 1024;
+constexpr Offset paintedAhead
+    = 64 * 1024; ///< more than is asked for, so that scrolling does not ask at each line
+constexpr auto pauseBetweenSlices = std::chrono::milliseconds(10);
+
+/// Lays the colours of the runs over `styles`, which stand for the bytes of `range`.
 void layRuns(
     std::string &styles, TextRange range, std::span<const ColourRun> runs, std::span<const char> runStyles)
 {
@@ -63,7 +70,13 @@ EditorControl::EditorControl(QWidget *parent)
     new AccessibilityNews(*this);
     connect(this, &Sci::SCN_MODIFIED, this,
         [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
-    connect(this, &Sci::SCN_STYLENEEDED, this, [this] { stylesAreUpToDate(); });
+    connect(this, &Sci::SCN_STYLENEEDED, this, [this](int position) {
+        if (position > m_unpainted.start())
+            paintUpTo(position + paintedAhead);
+        stylesAreUpToDate();
+    });
+    m_paintRest.setInterval(pauseBetweenSlices);
+    connect(&m_paintRest, &QTimer::timeout, this, [this] { paintUpTo(m_unpainted.start() + slice); });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { announce(); });
     connect(this, &Sci::SCN_UPDATEUI, this, [this] {
         settle();
@@ -140,6 +153,8 @@ void EditorControl::LoadText(std::string_view text)
 {
     const EditScope scope(*this, EditKind::Program);
     const auto typing = std::exchange(m_typing, colours::black);
+    m_unpainted.clear();
+    m_allBlack = true;
     send(SCI_SETREADONLY, 0);
     send(SCI_SETUNDOCOLLECTION, 0);
     send(SCI_CLEARALL);
@@ -216,7 +231,8 @@ Colour EditorControl::ColourAt(Offset position) const
 {
     if (position < 0 || position >= Length())
         return colours::black;
-    const auto style = static_cast<std::size_t>(send(SCI_GETSTYLEAT, position));
+    const auto style = static_cast<unsigned char>(
+        position < m_unpainted.start() ? send(SCI_GETSTYLEAT, position) : m_unpainted.styleAt(position));
     return style < m_styleColours.size() ? m_styleColours[style] : colours::black;
 }
 
@@ -224,31 +240,62 @@ void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs,
 {
     settle();
     const auto whole = inside(range);
-    std::string runStyles(runs.size(), 0);
+    std::string runStyles(runs.size(), '\0');
     std::ranges::transform(runs, runStyles.begin(),
         [this](const ColourRun &run) { return static_cast<char>(styleOf(run.colour)); });
-    std::string styles = ground == Ground::Black ? std::string(static_cast<std::size_t>(whole.length()), 0)
-                                                 : stylesIn(whole);
+    const bool onBlack = ground == Ground::Black || m_allBlack;
+    if (onBlack && whole.end == Length() && whole.length() > paintedLater && UnpaintedRuns::canKeep(runs)) {
+        paintUpTo(whole.start);
+        m_unpainted.keep(whole.start, runs, runStyles);
+        m_allBlack = false;
+        paintUpTo(std::max(endOfView(), whole.start) + paintedAhead);
+        m_paintRest.start();
+        return;
+    }
+    paintUpTo(whole.end);
+    auto styles = onBlack ? std::string(static_cast<std::size_t>(whole.length()), '\0') : stylesIn(whole);
     layRuns(styles, whole, runs, runStyles);
-    send(SCI_STARTSTYLING, whole.start);
-    for (Offset at = 0; at < whole.length(); at += paintedAtOnce)
-        sendBytes(SCI_SETSTYLINGEX, std::min(paintedAtOnce, whole.length() - at), styles.data() + at);
-    stylesAreUpToDate();
+    setStyles(whole.start, styles);
 }
 
 std::string EditorControl::stylesIn(TextRange range) const
 {
-    std::string styles;
-    styles.reserve(static_cast<std::size_t>(range.length()));
     std::string pairs(
-        static_cast<std::size_t>(2 * paintedAtOnce + 2), 0); // character, style, and a closing pair
-    for (auto at = range.start; at < range.end; at += paintedAtOnce) {
-        const auto end = std::min(at + paintedAtOnce, range.end);
-        SendScintilla(SCI_GETSTYLEDTEXT, static_cast<long>(at), static_cast<long>(end), pairs.data());
-        for (Offset i = 0; i < end - at; ++i)
-            styles += pairs[static_cast<std::size_t>(2 * i + 1)];
+        static_cast<std::size_t>(2 * range.length() + 2), '\0'); // character, style, and a closing pair
+    SendScintilla(
+        SCI_GETSTYLEDTEXT, static_cast<long>(range.start), static_cast<long>(range.end), pairs.data());
+    for (std::size_t i = 0; i < static_cast<std::size_t>(range.length()); ++i)
+        pairs[i] = pairs[2 * i + 1];
+    pairs.resize(static_cast<std::size_t>(range.length()));
+    return pairs;
+}
+
+void EditorControl::setStyles(Offset start, std::string_view styles)
+{
+    m_allBlack = false;
+    send(SCI_STARTSTYLING, start);
+    sendBytes(SCI_SETSTYLINGEX, std::ssize(styles), styles.data());
+    stylesAreUpToDate();
+}
+
+void EditorControl::paintUpTo(Offset end)
+{
+    settle();
+    const auto last = std::min(end, Length());
+    while (m_unpainted.start() < last) {
+        const auto start = m_unpainted.start();
+        setStyles(start, m_unpainted.takeUpTo(std::min(start + slice, last)));
     }
-    return styles;
+    if (m_unpainted.start() >= Length()) {
+        m_unpainted.clear();
+        m_paintRest.stop();
+    }
+}
+
+Offset EditorControl::endOfView() const
+{
+    const auto line = send(SCI_DOCLINEFROMVISIBLE, FirstVisibleLine() + linesOnScreen() + 1);
+    return send(SCI_GETLINEENDPOSITION, std::min<Offset>(line, lineCount() - 1));
 }
 
 int EditorControl::styleOf(Colour colour)
@@ -271,6 +318,8 @@ void EditorControl::paint(TextRange range, int style)
     settle();
     if (range.empty())
         return;
+    paintUpTo(range.end);
+    m_allBlack = m_allBlack && style == 0;
     send(SCI_STARTSTYLING, range.start);
     send(SCI_SETSTYLING, range.length(), style);
     stylesAreUpToDate();
@@ -278,8 +327,8 @@ void EditorControl::paint(TextRange range, int style)
 
 void EditorControl::stylesAreUpToDate()
 {
-    // Inserted text got its colour when it came; Scintilla need not ask for what lies behind it.
-    send(SCI_STARTSTYLING, Length());
+    // Inserted text got its colour when it came: Scintilla need not ask for what lies behind it.
+    send(SCI_STARTSTYLING, std::min(Length(), m_unpainted.start()));
 }
 
 void EditorControl::SetFont(const EditorFont &font)

@@ -5,8 +5,11 @@
 
 #include "editor/surface.h"
 #include "editor/typing.h"
+#include "editor/unpainted_runs.h"
 
 #include <Qsci/qsciscintillabase.h>
+
+#include <QTimer>
 
 #include <cstdint>
 #include <optional>
@@ -126,6 +129,9 @@ private:
     [[nodiscard]] std::string stylesIn(TextRange range) const;
     void applyFont();
     void paint(TextRange range, int style);
+    void setStyles(Offset start, std::string_view styles);
+    void paintUpTo(Offset end);
+    [[nodiscard]] Offset endOfView() const;
     void stylesAreUpToDate();
     void beforeChange(int position, int type, int length);
     void settle();
@@ -143,6 +149,9 @@ private:
     Direct m_direct = nullptr;
     void *m_scintilla = nullptr;
     std::vector<Colour> m_styleColours; ///< by style; the styles that Scintilla keeps for itself stay black
+    UnpaintedRuns m_unpainted;
+    QTimer m_paintRest;
+    bool m_allBlack = true; ///< no colour has been given since the text was loaded
     Colour m_typing = colours::black;
     EditorFont m_font{"Courier New", 10};
     int m_rightMargin = noWrapMargin;

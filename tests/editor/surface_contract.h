@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace kevra {
 
 inline constexpr Colour blue = colours::defaultCode;
