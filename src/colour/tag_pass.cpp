@@ -26,6 +26,12 @@ Offset skipCharacters(std::string_view text, Offset from, Offset count)
 
 } // namespace
 
+bool tagIsLongForItsPlace(Offset lt, Offset gt)
+{
+    // In bytes, and so on the safe side: characters are counted only where the outcome can depend on them.
+    return (gt - lt) * longestCharacter >= lt + 2;
+}
+
 Offset tagRunStart(std::string_view text, Offset lt, Offset gt)
 {
     // Characters are counted only where the outcome can depend on them: the tag is longer than the text
@@ -45,10 +51,18 @@ Offset tagRunStart(std::string_view text, Offset lt, Offset gt)
 
 ColourRuns tagRuns(std::string_view text, Colour colour)
 {
+    auto runs = plainTagRuns(text, colour);
+    for (auto &run : runs)
+        run.range.start = tagRunStart(text, run.range.start, run.range.end - 1);
+    return runs;
+}
+
+ColourRuns plainTagRuns(std::string_view part, Colour colour)
+{
     ColourRuns runs;
-    runs.reserve(text.size() / 32);
-    const char *const begin = text.data();
-    const char *const end = begin + text.size();
+    runs.reserve(part.size() / 32);
+    const char *const begin = part.data();
+    const char *const end = begin + part.size();
     const auto next = [end](const char *from, char mark) {
         return from == end
             ? nullptr
@@ -58,7 +72,7 @@ ColourRuns tagRuns(std::string_view text, Colour colour)
         const char *const gt = next(lt + 1, '>');
         if (!gt)
             break;
-        runs.push_back({{tagRunStart(text, lt - begin, gt - begin), gt - begin + 1}, colour});
+        runs.push_back({{lt - begin, gt - begin + 1}, colour});
         at = gt + 1;
     }
     return runs;

@@ -1,26 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/document_colouring.h"
+#include "colour/marks_of.h"
 #include "editor/memory_surface.h"
 
 #include <gtest/gtest.h>
 
 namespace kevra {
 namespace {
-
-/// A letter a byte: "c" code, "o" placeholder, "g" separator comment, "-" black, "r" anything else.
-std::string marks(const EditorSurface &surface)
-{
-    std::string out;
-    for (Offset at = 0; at < surface.Length(); ++at) {
-        const auto colour = surface.ColourAt(at);
-        out += colour == colours::black           ? '-'
-            : colour == colours::defaultCode      ? 'c'
-            : colour == colours::placeholder      ? 'o'
-            : colour == colours::separatorComment ? 'g'
-                                                  : 'r';
-    }
-    return out;
-}
 
 TEST(DocumentColouring, PaintsPagesAndScripts)
 {
@@ -56,7 +42,7 @@ TEST(DocumentColouring, PaintsPagesAndScripts)
         document.SetSelStart(3);
         document.SetSelColor(colours::fault);
         DocumentColouring(document, state).colourForTools();
-        EXPECT_EQ(marks(document), c.marks);
+        EXPECT_EQ(marksOf(document), c.marks);
         EXPECT_EQ(document.Selection(), (TextRange{0, 0}));
         EXPECT_EQ(document.SelColor(), colours::black);
         EXPECT_EQ(document.Text(), c.text);
@@ -72,7 +58,7 @@ TEST(DocumentColouring, TagsLeaveOtherColoursAndClearUnsaved)
     DocumentState state;
     state.unsaved = true;
     DocumentColouring(document, state).colourTags();
-    EXPECT_EQ(marks(document), "rrr-ccc");
+    EXPECT_EQ(marksOf(document), "rrr-ccc");
     EXPECT_FALSE(state.unsaved);
     EXPECT_FALSE(state.programmaticChange);
 }

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/mending.h"
+
+#include "colour/keyword_pass.h"
+#include "colour/region_colouring.h"
+#include "colour/tag_pass.h"
+#include "editor/nearby.h"
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+/// Close to the document's start a tag's colour hangs on how much text stands before it.
+constexpr Offset nearStart = 4096;
+
+/// The part to paint anew. Right behind a ">" no tag is open, whatever came before; so a part may start
+/// there, and what follows the first ">" behind the edit has not changed.
+TextRange partToMend(const EditorSurface &document, TextRange touched)
+{
+    const auto start = touched.start < nearStart ? 0 : lastOf(document, '>', touched.start) + 1;
+    const auto end = firstOf(document, ">", std::max(touched.end, start == 0 ? 2 * nearStart : 0));
+    return {start, end == -1 ? document.Length() : end + 1};
+}
+
+bool reachesFarBack(const ColourRuns &runs, Offset before)
+{
+    return std::ranges::any_of(runs, [before](const ColourRun &run) {
+        return tagIsLongForItsPlace(run.range.start + before, run.range.end + before - 1);
+    });
+}
+
+} // namespace
+
+void mendTags(EditorSurface &document, TextRange touched, Colour code)
+{
+    const auto part = partToMend(document, touched);
+    auto runs = plainTagRuns(document.Text(part), code);
+    if (reachesFarBack(runs, part.start)) {
+        runs = tagRuns(document.Text({0, part.end}), code);
+    } else {
+        for (auto &run : runs)
+            run.range = {run.range.start + part.start, run.range.end + part.start};
+    }
+    document.SetColours(part, runs);
+}
+
+void mendScript(EditorSurface &document, TextRange touched, Colour code, ScriptMending extent)
+{
+    if (extent == ScriptMending::Whole || document.Length() <= smallScript) {
+        const auto runs = scriptRuns(document.Text(), code);
+        document.SetColours({0, document.Length()}, runs);
+        return;
+    }
+    const auto selection = document.Selection();
+    const auto lineEnd = firstOf(document, "\r", touched.end);
+    recolourRegion(
+        document, {lineStart(document, touched.start), lineEnd == -1 ? document.Length() : lineEnd}, code);
+    document.Select(selection);
+}
+
+} // namespace kevra

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Colours after an edit that was not plain typing: what was touched, and what hangs on it, looks as if the
+// whole document had just been coloured. Caret and selection stay.
+#pragma once
+
+#include "editor/document_state.h"
+#include "editor/surface.h"
+
+namespace kevra {
+
+/// The tags around `touched`.
+void mendTags(EditorSurface &document, TextRange touched, Colour code);
+
+enum class ScriptMending {
+    Whole, ///< a quote more or less turns literals into code as far as the document goes
+    LinesOnly, ///< in a long document a single key mends its line and leaves the rest to the next command
+};
+
+/// Documents up to this size, in bytes, are coloured as a whole even at a single key.
+inline constexpr Offset smallScript = 256 * 1024;
+
+void mendScript(EditorSurface &document, TextRange touched, Colour code, ScriptMending extent);
+
+} // namespace kevra

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/region_colouring.h"
+
+#include "colour/keyword_pass.h"
+#include "colour/literals.h"
+#include "colour/marks.h"
+#include "editor/nearby.h"
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+/// Before a region: its neighbour in any encoding of one character, and the mark that may start one place
+/// early.
+constexpr Offset lookBack = 8;
+
+/// The part of the text on which the region's pass finds all it looks for.
+TextRange windowFor(const EditorSurface &document, TextRange region)
+{
+    const auto start = std::max<Offset>(region.start - lookBack, 0);
+    const auto markStart = std::max<Offset>(region.start - 1, 0);
+    // A closing mark may stand anywhere behind.
+    if (document.Text({markStart, region.end + 1}).find(placeholderOpening) != std::string_view::npos)
+        return {0, document.Length()};
+    const auto lineEnd = firstOf(document, "\r", region.end);
+    return {start, lineEnd == -1 ? document.Length() : lineEnd + 1};
+}
+
+RegionRuns runsOf(const EditorSurface &document, TextRange region, Colour code)
+{
+    const auto window = windowFor(document, region);
+    const auto text = window.length() == document.Length() ? document.Text() : document.Text(window);
+    auto result = regionRuns(text, {region.start - window.start, region.end - window.start}, code);
+    for (auto &run : result.runs)
+        run.range = {run.range.start + window.start, run.range.end + window.start};
+    return result;
+}
+
+void paint(EditorSurface &document, const ColourRuns &runs)
+{
+    if (runs.empty())
+        return;
+    TextRange whole = runs.front().range;
+    for (const auto &run : runs)
+        whole = {std::min(whole.start, run.range.start), std::max(whole.end, run.range.end)};
+    document.SetColours(whole, runs, Ground::AsItIs);
+}
+
+} // namespace
+
+bool colourRegion(EditorSurface &document, TextRange region, Colour code)
+{
+    const auto result = runsOf(document, region, code);
+    paint(document, result.runs);
+    document.SetSelStart(region.end);
+    document.SetSelColor(colours::black);
+    return !result.failed;
+}
+
+void recolourRegion(EditorSurface &document, TextRange region, Colour code)
+{
+    document.SetColours({region.start, region.end + 1}, {});
+    std::vector<TextRange> pieces;
+    forEachPiece(document.Text(region), {0, region.length()}, [&](TextRange piece) {
+        if (!piece.empty())
+            pieces.push_back({piece.start + region.start, piece.end + region.start});
+    });
+    for (const auto piece : pieces) {
+        const auto result = runsOf(document, piece, code);
+        paint(document, result.runs);
+        if (result.failed)
+            break;
+    }
+    document.SetSelStart(region.end);
+    document.SetSelColor(colours::black);
+}
+
+} // namespace kevra

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/typing_colouring.h"
+
+#include "colour/mending.h"
+#include "colour/region_colouring.h"
+#include "editor/nearby.h"
+#include "editor/words.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kevra {
+namespace {
+
+constexpr Offset fewCharacters = 16; // bytes; enough to tell three characters from fewer
+
+/// The characters before a position, exact while they are few.
+Offset charactersBefore(const EditorSurface &document, Offset position)
+{
+    return characterCount(document.Text({0, std::min(position, fewCharacters)}));
+}
+
+Offset previousCharacter(const EditorSurface &document, Offset position)
+{
+    const auto start = std::max<Offset>(position - 4, 0);
+    return start + characterBefore(document.Text({start, position}), position - start);
+}
+
+} // namespace
+
+TypingColouring::TypingColouring(
+    EditorSurface &document, DocumentState &state, MainView &view, std::function<void(TextRange)> checkLine)
+    : m_document(document)
+    , m_state(state)
+    , m_view(view)
+    , m_checkLine(std::move(checkLine))
+{
+}
+
+void TypingColouring::keyTyped(char32_t character)
+{
+    if (!m_state.takesColour())
+        return;
+    if (m_state.scriptTools)
+        setTypingColour(colours::black);
+    else
+        typeInPage(character);
+}
+
+void TypingColouring::typeInPage(char32_t character)
+{
+    const auto selection = m_document.Selection();
+    if (character == U'<') {
+        paintTagOpenedAt(selection);
+        setTypingColour(m_state.codeColour);
+    } else if (character == U'>') {
+        m_tagClosed = true;
+        paintTagClosedAt(selection.start);
+        setTypingColour(m_state.codeColour);
+    } else if (std::exchange(m_tagClosed, false)) {
+        typeAfterTag();
+    }
+}
+
+/// The new "<" opens a tag when a ">" comes before any other "<".
+void TypingColouring::paintTagOpenedAt(TextRange selection)
+{
+    const auto mark = firstOf(m_document, "<>", selection.end);
+    if (mark == -1 || m_document.Text({mark, mark + 1}) != ">")
+        return;
+    const ColourRun tag{{selection.end, mark + 1}, m_state.codeColour};
+    m_document.SetColours(tag.range, {&tag, 1});
+}
+
+void TypingColouring::paintTagClosedAt(Offset caret)
+{
+    const auto before = charactersBefore(m_document, caret);
+    if (before < 2)
+        return;
+    const auto opening = lastOf(m_document, '<', caret);
+    if (opening == -1)
+        return;
+    // A ">" right before the caret, or one further back, does not count as the tag's end.
+    const auto twoBack = previousCharacter(m_document, previousCharacter(m_document, caret));
+    if (before >= 3 && lastOf(m_document, '>', twoBack, opening) != -1)
+        return;
+    const ColourRun tag{{opening, caret}, m_state.codeColour};
+    m_document.SetColours(tag.range, {&tag, 1});
+}
+
+/// Text goes on in black behind a tag, unless a new tag has begun right there.
+void TypingColouring::typeAfterTag()
+{
+    const auto caret = m_document.SelStart();
+    const auto start = charactersBefore(m_document, caret) < 2
+        ? Offset{0}
+        : previousCharacter(m_document, previousCharacter(m_document, caret));
+    if (m_document.Text({start, start + 2}) != "><")
+        setTypingColour(colours::black);
+}
+
+void TypingColouring::keyReleased(int key)
+{
+    if (key == keys::enter && m_state.scriptTools && m_document.SelStart() > 0)
+        finishLine();
+}
+
+void TypingColouring::finishLine()
+{
+    const auto end = m_document.SelStart();
+    const TextRange line{lastOf(m_document, '\n', end - 2) + 1, end};
+    if (m_state.takesColour())
+        recolourRegion(m_document, line, m_state.codeColour);
+    if (m_state.lineDebugPreferred && m_state.lineDebugOn)
+        m_checkLine(line);
+    m_view.levelLineNumbers();
+}
+
+void TypingColouring::edited(TextRange touched, EditKind kind)
+{
+    if (kind == EditKind::Program || kind == EditKind::Typing)
+        return;
+    m_tagClosed = false;
+    if (!m_state.takesColour())
+        return;
+    if (m_state.scriptTools)
+        mendScript(m_document, touched, m_state.codeColour,
+            kind == EditKind::Delete ? ScriptMending::LinesOnly : ScriptMending::Whole);
+    else
+        mendTags(m_document, touched, m_state.codeColour);
+    setTypingColour(colourAroundCaret());
+}
+
+void TypingColouring::caretPlaced()
+{
+    if (m_state.takesColour())
+        setTypingColour(colourAroundCaret());
+}
+
+/// Inside a tag that is not closed before the caret: its colour; anywhere else black.
+Colour TypingColouring::colourAroundCaret() const
+{
+    const auto caret = m_document.SelStart();
+    if (m_state.scriptTools || caret == 0 || m_document.Text({caret - 1, caret}) == ">")
+        return colours::black;
+    return m_document.ColourAt(caret - 1) == m_state.codeColour ? m_state.codeColour : colours::black;
+}
+
+/// Also while a selection stands that the character is about to replace.
+void TypingColouring::setTypingColour(Colour colour)
+{
+    const auto selection = m_document.Selection();
+    if (!selection.empty())
+        m_document.SetSelStart(selection.start);
+    m_document.SetSelColor(colour);
+    if (!selection.empty())
+        m_document.Select(selection);
+}
+
+} // namespace kevra

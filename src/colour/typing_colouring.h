@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Colours while the user types: a tag is painted as its "<" or ">" is typed, a script's line when Return ends
+// it. Costs nothing that grows with the document.
+#pragma once
+
+#include "editor/document_state.h"
+#include "editor/main_view.h"
+#include "editor/surface.h"
+#include "editor/typing.h"
+
+#include <functional>
+
+namespace kevra {
+
+class TypingColouring : public TypingHandler {
+public:
+    /// `checkLine` is given the line that Return has ended, its break included.
+    TypingColouring(EditorSurface &document, DocumentState &state, MainView &view,
+        std::function<void(TextRange)> checkLine);
+
+    void keyTyped(char32_t character) override;
+    void keyReleased(int key) override;
+    void edited(TextRange touched, EditKind kind) override;
+    void caretPlaced() override;
+
+private:
+    void typeInPage(char32_t character);
+    void paintTagOpenedAt(TextRange selection);
+    void paintTagClosedAt(Offset caret);
+    void typeAfterTag();
+    void finishLine();
+    void setTypingColour(Colour colour);
+    [[nodiscard]] Colour colourAroundCaret() const;
+
+    EditorSurface &m_document;
+    DocumentState &m_state;
+    MainView &m_view;
+    std::function<void(TextRange)> m_checkLine;
+    bool m_tagClosed = false; ///< a ">" was the last character typed
+};
+
+} // namespace kevra

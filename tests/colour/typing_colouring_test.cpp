@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/typing_colouring.h"
+
+#include "colour/keyword_pass.h"
+#include "colour/marks_of.h"
+#include "colour/tag_pass.h"
+#include "editor/memory_surface.h"
+#include "fakes/views.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace kevra {
+namespace {
+
+struct Desk {
+    explicit Desk(std::string_view text)
+        : document(text)
+        , typing(document, state, view, [this](TextRange line) { checked.push_back(line); })
+    {
+    }
+
+    void type(std::string_view keys)
+    {
+        for (const char key : keys) {
+            typing.keyTyped(static_cast<unsigned char>(key));
+            document.SetSelText(key == '\r' ? std::string_view("\r\n") : std::string_view(&key, 1));
+            if (key == '\r')
+                typing.keyReleased(keys::enter);
+        }
+    }
+
+    MemorySurface document;
+    DocumentState state;
+    FakeMainView view;
+    std::vector<TextRange> checked;
+    TypingColouring typing;
+};
+
+/// Text with "|" for the caret, or two around the selection.
+TextRange takeCaret(std::string &text)
+{
+    const auto first = text.find('|');
+    text.erase(first, 1);
+    const auto second = text.find('|');
+    if (second != std::string::npos)
+        text.erase(second, 1);
+    return {static_cast<Offset>(first), static_cast<Offset>(second == std::string::npos ? first : second)};
+}
+
+TEST(TypingColouring, PaintsTagsAsTheyAreTyped)
+{
+    struct {
+        const char *name;
+        std::string before;
+        std::string_view keys;
+        std::string_view after;
+        std::string_view marks;
+    } const cases[] = {
+        {"a whole tag", "|", "<b>x", "<b>x", "ccc-"},
+        {"closing a tag", "<B|", ">", "<B>", "ccc"},
+        {"a new tag right behind the last", "|", "<b><i", "<b><i", "ccccc"},
+        {"text behind a tag and a new tag", "|", "<b>x<i>", "<b>x<i>", "ccc-ccc"},
+        {"opening before text that a > closes", "|b> x", "<", "<b> x", "ccc--"},
+        {"another < comes first", "|b <i>", "<", "<b <i>", "c-----"},
+        {"no > follows", "|b", "<", "<b", "c-"},
+        {"a > without a tag", "ab|", ">", "ab>", "--c"},
+        {"the last tag is closed already", "<b>text|", ">", "<b>text>", "-------c"},
+        {"a > right before the caret is looked over", "<b>|", ">", "<b>>", "cccc"},
+        {"the second character", "<|", ">", "<>", "-c"},
+        {"over a selection", "<b|old|>", "<", "<b<>", "--cc"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        auto text = c.before;
+        const auto caret = takeCaret(text);
+        Desk desk(text);
+        desk.document.Select(caret);
+        desk.type(c.keys);
+        EXPECT_EQ(desk.document.Text(), c.after);
+        EXPECT_EQ(marksOf(desk.document), c.marks);
+    }
+}
+
+TEST(TypingColouring, ColoursAScriptLineAtReturn)
+{
+    Desk desk("If a\r\n");
+    desk.state.scriptTools = true;
+    desk.document.SetSelStart(6);
+    desk.type("If x = \"then\" Then");
+    EXPECT_EQ(marksOf(desk.document), std::string(24, '-'));
+    desk.type("\rEnd If '--x\r");
+    EXPECT_EQ(marksOf(desk.document), "------cc------------cccc--cccccc-gggg--");
+    EXPECT_EQ(desk.document.SelStart(), desk.document.Length());
+    EXPECT_EQ(desk.checked, (std::vector<TextRange>{{6, 26}, {26, 39}}));
+    EXPECT_EQ(desk.view.levelled, 2);
+}
+
+TEST(TypingColouring, LeavesDocumentsAloneThatTakeNoColour)
+{
+    Desk desk("x");
+    desk.state.colourApplies = false;
+    desk.type("<b>");
+    EXPECT_EQ(marksOf(desk.document), "----");
+    desk.state.scriptTools = true;
+    desk.state.lineDebugOn = false;
+    desk.type("sub\r");
+    EXPECT_EQ(marksOf(desk.document), "---------");
+    EXPECT_TRUE(desk.checked.empty());
+}
+
+TEST(TypingColouring, EditsLeaveWhatAWholePassWouldPaint)
+{
+    const std::vector<std::string> bits{"<b>", "<", ">", "text ", "\r\n", "\xC3\xA9", "if ", "next", "\"",
+        "<<", ">>", "'--", "end sub", " ", "<i class=\"x\">"};
+    std::mt19937 random(7);
+    const auto number = [&](Offset most) { return std::uniform_int_distribution<Offset>(0, most)(random); };
+    for (const bool script : {false, true}) {
+        Desk desk("");
+        desk.state.scriptTools = script;
+        for (int step = 0; step < 3000; ++step) {
+            auto start = number(desk.document.Length());
+            auto end
+                = std::min(start + number(desk.document.Length() > 9000 ? 900 : 12), desk.document.Length());
+            const auto inside = [&](Offset at) {
+                return at > 0 && desk.document.Text({at - 1, at}) == "\xC3" ? at - 1 : at;
+            };
+            start = inside(start);
+            end = inside(end);
+            std::string text;
+            for (auto i = number(9); i > 0; --i)
+                text += bits[static_cast<std::size_t>(number(static_cast<Offset>(bits.size()) - 1))];
+            desk.document.SetSelColor(colours::black);
+            desk.document.Replace({start, end}, text);
+            desk.typing.edited({start, start + static_cast<Offset>(text.size())}, EditKind::Paste);
+            if (step % 10 != 0)
+                continue;
+            MemorySurface whole(desk.document.Text());
+            const auto runs = script ? scriptRuns(whole.Text(), colours::defaultCode)
+                                     : tagRuns(whole.Text(), colours::defaultCode);
+            whole.SetColours({0, whole.Length()}, runs);
+            ASSERT_EQ(marksOf(desk.document), marksOf(whole)) << "step " << step << " script " << script;
+        }
+    }
+}
+
+} // namespace
+} // namespace kevra
