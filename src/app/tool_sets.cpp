@@ -147,17 +147,24 @@ void ToolSets::showProgramMenu(std::string_view text)
 
 void ToolSets::reapplyFont()
 {
-    m_document.SetFont(chosenFont());
+    setDocumentFont();
     m_lineNumbers.SetFont(chosenFont());
 }
 
 void ToolSets::fontChosen()
 {
-    m_document.SetFont(chosenFont());
+    setDocumentFont();
     if (m_state.scriptTools)
         m_lineNumbers.SetFont(chosenFont());
     if (m_state.takesColour() && m_fontChanged)
         m_fontChanged();
+}
+
+void ToolSets::setDocumentFont()
+{
+    m_document.SetFont(chosenFont());
+    // The whole text is selected for it and let go again, which leaves the caret at the top.
+    m_document.SetSelStart(0);
 }
 
 } // namespace kevra

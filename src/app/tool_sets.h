@@ -51,6 +51,7 @@ public:
 
 private:
     void show(bool scriptTools);
+    void setDocumentFont();
     [[nodiscard]] EditorFont chosenFont() const;
 
     EditorSurface &m_document;

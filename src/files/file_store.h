@@ -37,6 +37,11 @@ public:
     [[nodiscard]] virtual std::optional<std::string> read(const std::string &path) const = 0;
     /// Afterwards the file holds either its old bytes or all the new ones.
     [[nodiscard]] virtual Saved write(const std::string &path, std::string_view bytes) = 0;
+    /// As write(), also over a read-only file: somebody agreed to replace it.
+    [[nodiscard]] virtual Saved replace(const std::string &path, std::string_view bytes)
+    {
+        return write(path, bytes);
+    }
     /// Also read-only files. True when no such file is there afterwards.
     virtual bool remove(const std::string &path) = 0;
     /// Sets or clears the hidden attribute where the platform has one.

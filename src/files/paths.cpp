@@ -4,6 +4,7 @@
 #include "editor/words.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace kevra {
 namespace {
@@ -43,6 +44,16 @@ std::string upperAscii(std::string_view text)
 bool equalIgnoringCase(std::string_view a, std::string_view b)
 {
     return std::ranges::equal(a, b, {}, lowerAscii, lowerAscii);
+}
+
+std::string absolutePath(const std::string &path)
+{
+    const bool drive = path.size() > 1 && path[1] == ':';
+    if (path.empty() || drive || separators.find(path[0]) != std::string_view::npos)
+        return path;
+    std::error_code error;
+    const auto absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.string();
 }
 
 std::string_view withoutTrailingSeparator(std::string_view folder)

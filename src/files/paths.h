@@ -16,6 +16,8 @@ namespace kevra {
 /// `text` with a to z made capital.
 [[nodiscard]] std::string upperAscii(std::string_view text);
 [[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
+/// A relative path as it is meant from the current folder; any other as it stands.
+[[nodiscard]] std::string absolutePath(const std::string &path);
 /// `folder` without one trailing separator; a root that is nothing else keeps it.
 [[nodiscard]] std::string_view withoutTrailingSeparator(std::string_view folder);
 

@@ -3,6 +3,7 @@
 
 #include "files/file_store.h"
 
+#include <functional>
 #include <map>
 #include <set>
 
@@ -19,8 +20,8 @@ public:
         if (it == files.end())
             return std::nullopt;
         const auto written = writes.find(path);
-        return FileStamp{
-            written == writes.end() ? 0 : written->second, static_cast<std::int64_t>(it->second.size()), 1};
+        return FileStamp{written == writes.end() ? 0 : written->second,
+            static_cast<std::int64_t>(it->second.size()), std::hash<std::string>{}(path)};
     }
     std::optional<std::string> read(const std::string &path) const override
     {
@@ -31,9 +32,16 @@ public:
     {
         if (const auto it = refused.find(path); it != refused.end())
             return it->second;
+        if (readOnly.contains(path))
+            return Saved::Denied;
         files[path] = bytes;
         ++writes[path];
         return Saved::Ok;
+    }
+    Saved replace(const std::string &path, std::string_view bytes) override
+    {
+        readOnly.erase(path);
+        return write(path, bytes);
     }
     bool remove(const std::string &path) override
     {
@@ -53,6 +61,7 @@ public:
     std::set<std::string> unreadable;
     std::set<std::string> hidden;
     std::map<std::string, Saved> refused;
+    std::set<std::string> readOnly; ///< refused by write(), not by replace()
     std::map<std::string, int> writes;
 };
 

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "files/file_store.h"
+
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+/// Puts a new file, whole and on the disk, in the place of `target`, which is no link. Keeps mode, group and
+/// extended attributes; where it cannot, the outcome is Denied. Until the last step the old file stands.
+[[nodiscard]] Saved writeAtomically(const std::string &target, std::string_view bytes);
+
+/// Removes what a save that was killed between two steps left in the folder of `path`.
+void removeLeftovers(const std::string &path);
+
+} // namespace kevra

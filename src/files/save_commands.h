@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Save and Save As: which question, which file, and what a saved text makes stale.
+#pragma once
+
+#include "files/command_ports.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace kevra {
+
+class SaveCommands {
+public:
+    explicit SaveCommands(FileCommandPorts ports);
+
+    void save();
+    /// True when the text was written.
+    bool saveAs();
+    void saveAsMenu();
+    /// Save As under another dialog title and without the document's name.
+    bool saveAs(const std::string &title, const std::string &proposedName);
+
+    /// How the autosave file of this run is removed; set by whoever writes it.
+    void onAutosaveStale(std::function<void()> remove) { m_removeAutosave = std::move(remove); }
+
+private:
+    [[nodiscard]] bool nothingToSave();
+    [[nodiscard]] std::optional<std::string> chooseTarget(
+        const std::string &title, const std::string &proposedName);
+    [[nodiscard]] bool write(const std::string &path, Existing existing);
+    void removeStaleFiles();
+    void removePreviewPage(const std::string &path);
+
+    FileCommandPorts m_ports;
+    int m_filterIndex = 1;
+    std::function<void()> m_removeAutosave = [] {};
+};
+
+} // namespace kevra

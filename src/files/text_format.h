@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How a text lies in its file: character set, byte-order mark, line ends.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+enum class Encoding { Windows1252, Latin1, Latin9, Utf8, Utf16Le, Utf16Be };
+
+/// None is a text without a line break; what is added to it ends in CRLF.
+enum class LineEnds { None, CrLf, Lf, Cr, Mixed };
+
+/// What reads the file: it decides whether a declared character set counts, and what the file becomes when
+/// its encoding cannot hold a character.
+enum class TextKind { Page, Script, Plain };
+
+struct TextFormat {
+    Encoding encoding = Encoding::Windows1252;
+    bool mark = false;
+    LineEnds lineEnds = LineEnds::None;
+    std::optional<Encoding> declared; ///< the character set that a page named when it was read
+
+    friend bool operator==(const TextFormat &, const TextFormat &) = default;
+};
+
+/// Goes by the extension: HTML, HTM, PHP, ASP, SHTML are pages; VBS, WSF, WSC scripts.
+[[nodiscard]] TextKind textKind(std::string_view path);
+/// For people: "UTF-8 with mark".
+[[nodiscard]] std::string encodingName(const TextFormat &format);
+[[nodiscard]] std::string lineEndsName(LineEnds ends); ///< "CRLF", "LF", "CR", "mixed line ends"
+
+} // namespace kevra

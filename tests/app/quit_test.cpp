@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/quit.h"
+
+#include "editor/memory_surface.h"
+#include "fakes/desktop.h"
+#include "fakes/messages.h"
+#include "fakes/shell.h"
+#include "settings/setting_access.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+struct Running {
+    MemorySurface text{"<P>"};
+    DocumentState document;
+    ApplicationState application;
+    OptionsShown shown;
+    FakeSettingsStore store;
+    FakeMessages messages;
+    FakeShell shell;
+    StoredSettings settings{store, document, application, shown, shell};
+    Quit quit{text, document, application, settings, messages, shell, shell};
+
+    [[nodiscard]] bool did(const char *call) const
+    {
+        return testing::Value(shell.log, testing::Contains(call));
+    }
+};
+
+enum class Showing { Text, Help, ScriptInfo };
+using enum Answer;
+using Answers = std::deque<Answer>;
+
+constexpr const char *fromHelp = "You're closing the program from Help. Is that what you want to do?";
+constexpr const char *fromInfo = "You're closing the program. Is that what you want to do?";
+constexpr const char *saveText = "Save current text?";
+
+TEST(Quit, EveryBranchOfTheConversation)
+{
+    const struct {
+        const char *name;
+        Showing showing;
+        bool unsaved;
+        Answers answers;
+        std::vector<std::string> asked;
+        bool ends;
+        bool saves;
+    } cases[] = {
+        {"nothing to save", Showing::Text, false, {}, {}, true, false},
+        {"unsaved, save it", Showing::Text, true, {Yes}, {saveText}, true, true},
+        {"unsaved, drop it", Showing::Text, true, {No}, {saveText}, true, false},
+        {"unsaved, go on", Showing::Text, true, {Cancel}, {saveText}, false, false},
+        {"help, stay", Showing::Help, true, {No}, {fromHelp}, false, false},
+        {"help, leave", Showing::Help, false, {Yes}, {fromHelp}, true, false},
+        {"help, leave and save", Showing::Help, true, {Yes, Yes}, {fromHelp, saveText}, true, true},
+        {"help, leave, then go on", Showing::Help, true, {Yes, Cancel}, {fromHelp, saveText}, false, false},
+        {"info, stay", Showing::ScriptInfo, false, {No}, {fromInfo}, false, false},
+        {"info, leave", Showing::ScriptInfo, false, {Yes}, {fromInfo}, true, false},
+        {"info, leave, drop", Showing::ScriptInfo, true, {Yes, No}, {fromInfo, saveText}, true, false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        Running run;
+        run.application.helpShowing = c.showing == Showing::Help;
+        run.application.vbsInfoShowing = c.showing == Showing::ScriptInfo;
+        run.document.unsaved = c.unsaved;
+        run.messages.answers = c.answers;
+        run.quit.closeMainWindow();
+        EXPECT_EQ(run.messages.texts(), c.asked);
+        EXPECT_EQ(run.quit.hasEnded(), c.ends);
+        EXPECT_EQ(run.did("save as"), c.saves);
+        if (!c.ends) {
+            EXPECT_TRUE(run.shell.log.empty());
+            EXPECT_EQ(run.document.unsaved, c.unsaved);
+            EXPECT_EQ(run.application.helpShowing, c.showing == Showing::Help);
+        }
+    }
+}
+
+TEST(Quit, QuestionsHaveTheirTitlesAndButtons)
+{
+    Running run;
+    run.application.helpShowing = run.document.unsaved = true;
+    run.messages.answers = {Yes, Cancel};
+    run.quit.requestQuit();
+    ASSERT_EQ(run.messages.shown.size(), 2U);
+    EXPECT_EQ(run.messages.shown[0].title, "Quit?");
+    EXPECT_EQ(run.messages.shown[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(run.messages.shown[1].title, "KEVRA Editor");
+    EXPECT_EQ(run.messages.shown[1].buttons, Buttons::YesNoCancel);
+    for (const auto &message : run.messages.shown)
+        EXPECT_EQ(message.icon, Icon::Question);
+}
+
+TEST(Quit, AnEmptyEditorIsClosedWithoutAQuestion)
+{
+    Running run;
+    run.text.LoadText("");
+    run.document.unsaved = run.application.helpShowing = true;
+    run.quit.closeMainWindow();
+    EXPECT_TRUE(run.messages.shown.empty());
+    EXPECT_TRUE(run.quit.hasEnded());
+    EXPECT_FALSE(run.document.unsaved);
+}
+
+TEST(Quit, ShutdownTidiesUpInOrderAndOnce)
+{
+    Running run;
+    run.document.scriptTools = true;
+    run.quit.shutdown();
+    run.quit.shutdown();
+    EXPECT_THAT(run.shell.log,
+        testing::ElementsAre("stop timer", "keep text", "delete preview", "delete autosave", "unload main",
+            "unload 0", "unload 1", "unload 2", "unload 3", "unload 4", "unload 5", "unload 6", "unload 7",
+            "end"));
+    EXPECT_EQ(readSetting(run.store, keys::panelType), "2");
+    EXPECT_EQ(readSetting(run.store, keys::editorState), "0");
+    EXPECT_EQ(readSetting(run.store, keys::padTop), "0");
+}
+
+TEST(Quit, OnlyAnAnsweredNoGivesTheTextUp)
+{
+    Running run;
+    run.document.unsaved = true;
+    run.messages.answers = {No};
+    run.quit.requestQuit();
+    EXPECT_TRUE(run.did("text given up"));
+    Running saving;
+    saving.document.unsaved = true;
+    saving.messages.answers = {Yes};
+    saving.quit.requestQuit();
+    EXPECT_FALSE(saving.did("text given up")) << "the file dialog may have been cancelled";
+}
+
+} // namespace
+} // namespace kevra

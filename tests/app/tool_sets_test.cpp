@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/tool_sets.h"
+
+#include "app/commands.h"
+#include "app/edit_commands.h"
+#include "app/line_numbers.h"
+#include "editor/memory_surface.h"
+#include "fakes/shell.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+namespace kevra {
+namespace {
+
+class FakeShellView : public ShellView {
+public:
+    void setControlVisible(std::string_view control, bool on) override { state[std::string(control)] = on; }
+    void setItemVisible(std::string_view item, bool on) override { state[std::string(item)] = on; }
+    void setItemChecked(std::string_view item, bool on) override { checked[std::string(item)] = on; }
+    void setItemCaption(std::string_view, std::string_view text) override { caption = text; }
+    void setButtonVisible(int number, bool on) override { state["button " + std::to_string(number)] = on; }
+    void setButtonImage(int number, int image) override { images[number] = image; }
+
+    [[nodiscard]] std::set<std::string> visible() const
+    {
+        std::set<std::string> names;
+        for (const auto &[name, on] : state)
+            if (on)
+                names.insert(name);
+        return names;
+    }
+
+    std::map<std::string, bool> state;
+    std::map<std::string, bool> checked;
+    std::map<int, int> images;
+    std::string caption;
+};
+
+struct Tools {
+    MemorySurface document{"Dim a"};
+    MemorySurface numbers;
+    DocumentState state;
+    FakeShellView view;
+    FakeShell shell;
+    ToolSets tools{document, numbers, state, view, shell};
+};
+
+const std::set<std::string> web{
+    "Frame1", "mcolorfind", "mtemplate", "mimops", "mex", "button 18", "button 19", "button 20"};
+const std::set<std::string> script{"t2", "tline", "tcolumn", "tcount", "tlcount", "frscript1", "mmsgboxref",
+    "mdebug", "button 21", "button 22", "button 23", "button 24"};
+
+TEST(ToolSets, EachSetShowsItsOwn)
+{
+    Tools t;
+    for (int twice = 0; twice < 2; ++twice) {
+        t.tools.showScriptTools();
+        EXPECT_EQ(t.view.visible(), script);
+        EXPECT_TRUE(t.state.scriptTools && t.view.checked["mscrshow"] && !t.view.checked["mwebback"]);
+    }
+    t.tools.showWebTools();
+    EXPECT_EQ(t.view.visible(), web);
+    EXPECT_TRUE(!t.state.scriptTools && !t.view.checked["mscrshow"] && t.view.checked["mwebback"]);
+}
+
+TEST(ToolSets, ShowingAgainStartsWithTheFirstPanel)
+{
+    Tools t;
+    t.tools.showWebTools();
+    t.view.state["Frame1"] = false;
+    t.view.state["Frame2"] = true; // swapped in by its button
+    t.tools.hideTools();
+    EXPECT_FALSE(t.view.state["Frame2"]);
+    t.tools.showTools();
+    EXPECT_EQ(t.view.visible(), web);
+    t.tools.showScriptTools();
+    t.tools.hideTools();
+    t.tools.showTools();
+    EXPECT_EQ(t.view.visible(), script);
+}
+
+TEST(ToolSets, StatesAreShownByChecksAndPictures)
+{
+    Tools t;
+    t.tools.showLineDebugging(true);
+    EXPECT_EQ(t.view.images, (std::map<int, int>{{23, 15}, {24, 20}}));
+    EXPECT_TRUE(t.view.checked["mdodebug"] && !t.view.checked["mnodebug"]);
+    t.tools.showLineDebugging(false);
+    t.tools.showAutosave(true);
+    EXPECT_EQ(t.view.images, (std::map<int, int>{{23, 19}, {24, 16}, {26, 17}}));
+    t.tools.showAutosave(false);
+    EXPECT_EQ(t.view.images[26], 18);
+    t.tools.showProgramMenu("Gimp");
+    EXPECT_EQ(t.view.caption, "&Gimp");
+}
+
+TEST(ToolSets, AChosenFontGoesWhereItBelongs)
+{
+    Tools t;
+    const EditorFont chosen{"Courier New", 10};
+    const EditorFont other{"Arial", 8};
+    int recoloured = 0;
+    t.tools.onFontChanged([&] { ++recoloured; });
+    t.document.SetFont(other);
+    t.numbers.SetFont(other);
+    t.document.SetSelStart(3);
+    t.tools.fontChosen();
+    EXPECT_EQ(t.document.Font(), chosen);
+    EXPECT_EQ(t.document.SelStart(), 0) << "the whole text was selected and let go";
+    EXPECT_EQ(t.numbers.Font(), other) << "the column is not shown";
+    t.state.scriptTools = true;
+    t.state.colourApplies = false;
+    t.tools.fontChosen();
+    EXPECT_EQ(t.numbers.Font(), chosen);
+    EXPECT_EQ(recoloured, 1) << "only where colours apply";
+}
+
+TEST(EditCommands, WordWrapTwiceIsAsBefore)
+{
+    MemorySurface document("some text");
+    FakeShellView view;
+    EditCommands edit(document, view);
+    edit.toggleWrap();
+    EXPECT_EQ(document.RightMargin(), 0);
+    EXPECT_TRUE(view.checked["mwrap"]);
+    edit.toggleWrap();
+    EXPECT_EQ(document.RightMargin(), noWrapMargin);
+    EXPECT_FALSE(view.checked["mwrap"]);
+}
+
+TEST(LineNumbers, CycleThroughTwoDigits)
+{
+    EXPECT_EQ(lineNumbers(2), "01\r\n02");
+    const auto text = lineNumbers(201);
+    EXPECT_EQ(text.substr(98 * 4, 10), "99\r\n00\r\n01");
+    EXPECT_EQ(text.substr(text.size() - 6), "00\r\n01");
+}
+
+TEST(Commands, TheToolbarsNumbersAndPicturesHold)
+{
+    const std::map<int, std::string_view> places{{1, "openb"}, {2, "saveb"}, {3, "printb"}, {5, "cutb"},
+        {6, "copyb"}, {7, "pasteb"}, {9, "textb"}, {11, "fandsb"}, {12, "multirb"}, {14, "retagb"},
+        {15, "reblackb"}, {18, "colfindb"}, {19, "viewimb"}, {21, "debugb"}, {23, "lineyesb"},
+        {24, "linenob"}, {26, "autob"}};
+    std::map<int, std::string_view> found;
+    for (int number = 0; const auto &row : toolRows())
+        if (++number; !row.key.empty())
+            found[number] = row.key;
+    EXPECT_EQ(found, places);
+    std::set<std::string_view> items;
+    for (const auto &row : menuRows())
+        EXPECT_TRUE(row.item.empty() || items.insert(row.item).second) << row.item << " twice";
+    for (const auto &row : toolRows())
+        EXPECT_TRUE(row.item.empty() || items.contains(row.item)) << row.item;
+}
+
+} // namespace
+} // namespace kevra
