@@ -13,6 +13,7 @@ constexpr int aboveAndBelow = 1275;
 constexpr int widthPercent = 94;
 constexpr int informationMargin = 180;
 constexpr int rowGap = 30;
+constexpr int hairline = twipsPerPixel; ///< between the line numbers and the text
 
 int noLessThanZero(int value)
 {
@@ -37,7 +38,7 @@ MainLayout layout(const LayoutRequest &request)
         .top = inner.top + above,
         .width = noLessThanZero(static_cast<int>(static_cast<long long>(inner.width) * widthPercent / 100)),
         .height = noLessThanZero(inner.height - aboveAndBelow)};
-    result.lineNumbers = {inner.left, result.editor.top, besideLeft, result.editor.height};
+    result.lineNumbers = {inner.left, result.editor.top, besideLeft - hairline, result.editor.height};
     for (std::size_t i = 0; i < result.panels.size(); ++i)
         result.panels[i] = centred(inner, request.panels[i], result.editor.bottom());
 

@@ -12,11 +12,14 @@
 #include "app/window_geometry_qt.h"
 #include "editor/editor_control_qt.h"
 
+#include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
+
+#include <chrono>
 
 namespace kevra {
 
@@ -25,6 +28,7 @@ namespace {
 constexpr const char *panelNames[] = {"Frame1", "Frame2", "frscript1", "frscript2"};
 constexpr const char *sideNames[] = {"fr1", "frcol"};
 constexpr QSize firstSize(1024, 720);
+constexpr std::chrono::milliseconds windowManagerDelay{400};
 
 QString textOf(std::string_view text)
 {
@@ -233,6 +237,16 @@ TwipRect MainWindow::innerArea() const
 void MainWindow::maximise()
 {
     setWindowState(Qt::WindowMaximized);
+}
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    // Where no window manager answers, a maximised window keeps its size; it is given the screen's then.
+    QTimer::singleShot(windowManagerDelay, this, [this, before = size()] {
+        if (isMaximized() && size() == before)
+            setGeometry(screen()->availableGeometry());
+    });
 }
 
 void MainWindow::placeNormal(const TwipRect &geometry)
