@@ -69,6 +69,7 @@ public:
     [[nodiscard]] StoredSettings &settings() { return m_settings; }
     [[nodiscard]] Quit &quit();
     [[nodiscard]] AutosaveTimer &autosaveTimer() override;
+    [[nodiscard]] SettingsViews &settingsViews() { return *this; }
 
     /// Creates a command object that lives as long as the windows.
     template <typename T, typename... Arguments> T &keep(Arguments &&...arguments)

@@ -1,9 +1,57 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
+#include "colour/document_colouring.h"
+#include "files/file_store_qt.h"
+#include "settings/settings_dialog.h"
+#include "tools/process_start_qt.h"
 
 namespace kevra {
+namespace {
 
-void wireSettings(Application &) { }
+/// The settings, and the external program that is set there.
+class SettingsSide : private SettingsEffects {
+public:
+    explicit SettingsSide(Application &app)
+        : m_app(app)
+        , m_files(app.folders.autosave)
+        , m_colouring(app.mainWindow().document(), app.document)
+        , m_program({app.state, app.store, m_files, m_processes, app.toolSets(), app.messages})
+        , m_commands({app.store, app.document, app.state, app.options, app.settingsViews(),
+              app.mainWindow().document(), *this, m_files, app.messages, app.fileDialogs, app.colourDialog,
+              m_program})
+    {
+    }
+
+    void bind()
+    {
+        m_app.makesWindow(SecondaryWindow::Settings,
+            [this] { return m_dialog = new SettingsDialog(m_commands, &m_app.mainWindow()); });
+        m_app.commands.bind("msettings", [this] { m_dialog->showSettings(); });
+        m_app.commands.bind("mauto", [this] { m_commands.toggleAutosave(); });
+        m_app.commands.bind("mfsoset", [this] { m_commands.toggleFsoMenu(); });
+        m_app.commands.bind("mex", [this] { m_program.RunExternalProgram(); });
+    }
+
+private:
+    void colourForTools() override { m_colouring.colourForTools(); }
+    void removeColours() override { m_colouring.removeColours(); }
+    void reapplyFont() override { m_app.toolSets().reapplyFont(); }
+
+    Application &m_app;
+    FileStoreQt m_files;
+    DocumentColouring m_colouring;
+    QtProcessStart m_processes;
+    ExternalProgram m_program;
+    SettingsCommands m_commands;
+    SettingsDialog *m_dialog = nullptr; ///< the application owns it
+};
+
+} // namespace
+
+void wireSettings(Application &app)
+{
+    app.keep<SettingsSide>(app).bind();
+}
 
 } // namespace kevra

@@ -15,8 +15,7 @@ void wireChecker(Application &app);
 void wireFind(Application &app);
 void wirePreview(Application &app);
 void wireImages(Application &app);
-void wireSettings(Application &app);
+void wireSettings(Application &app); ///< also the external program
 void wirePad(Application &app);
-void wireProgram(Application &app);
 
 } // namespace kevra

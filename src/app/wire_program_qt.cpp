@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/application_qt.h"
-#include "app/wiring_qt.h"
-
-namespace kevra {
-
-void wireProgram(Application &) { }
-
-} // namespace kevra
