@@ -244,18 +244,15 @@ void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs,
     std::ranges::transform(runs, runStyles.begin(),
         [this](const ColourRun &run) { return static_cast<char>(styleOf(run.colour)); });
     const bool onBlack = ground == Ground::Black || m_allBlack;
-    if (onBlack && whole.end == Length() && whole.length() > paintedLater && UnpaintedRuns::canKeep(runs)) {
-        paintUpTo(whole.start);
-        m_unpainted.keep(whole.start, runs, runStyles);
-        m_allBlack = false;
-        paintUpTo(std::max(endOfView(), whole.start) + paintedAhead);
-        m_paintRest.start();
-        return;
-    }
-    paintUpTo(whole.end);
+    const bool later = onBlack && whole.end == Length() && whole.length() > paintedLater;
+    paintUpTo(later ? whole.start : whole.end);
     auto styles = onBlack ? std::string(static_cast<std::size_t>(whole.length()), '\0') : stylesIn(whole);
     layRuns(styles, whole, runs, runStyles);
-    setStyles(whole.start, styles);
+    if (!later)
+        return setStyles(whole.start, styles);
+    m_unpainted.keep(whole.start, std::move(styles));
+    paintUpTo(std::max(endOfView(), whole.start) + paintedAhead);
+    m_paintRest.start();
 }
 
 std::string EditorControl::stylesIn(TextRange range) const

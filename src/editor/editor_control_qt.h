@@ -5,7 +5,7 @@
 
 #include "editor/surface.h"
 #include "editor/typing.h"
-#include "editor/unpainted_runs.h"
+#include "editor/unpainted_styles.h"
 
 #include <Qsci/qsciscintillabase.h>
 
@@ -149,7 +149,7 @@ private:
     Direct m_direct = nullptr;
     void *m_scintilla = nullptr;
     std::vector<Colour> m_styleColours; ///< by style; the styles that Scintilla keeps for itself stay black
-    UnpaintedRuns m_unpainted;
+    UnpaintedStyles m_unpainted;
     QTimer m_paintRest;
     bool m_allBlack = true; ///< no colour has been given since the text was loaded
     Colour m_typing = colours::black;
