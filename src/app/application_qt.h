@@ -10,6 +10,9 @@
 #include "app/tool_sets.h"
 #include "editor/document_state.h"
 #include "editor/editor_control_qt.h"
+#include "files/backup_store_qt.h"
+#include "files/document_file.h"
+#include "files/file_store_qt.h"
 #include "platform/clipboard_qt.h"
 #include "platform/file_dialogs_qt.h"
 #include "platform/messages_qt.h"
@@ -61,6 +64,9 @@ public:
     ColourDialogQt colourDialog;
     ClipboardQt clipboard;
     ProgramFolders folders;
+    BackupStoreQt backups{folders.autosave + "/backups"};
+    FileStoreQt files{folders.autosave + "/recovery"};
+    DocumentFile file{files, backups}; ///< of the document in the main window
     SessionSteps session;
     QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
 

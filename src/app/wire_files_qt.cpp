@@ -1,9 +1,222 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
+#include "colour/document_colouring.h"
+#include "files/end_signals_qt.h"
+#include "files/open_commands.h"
+#include "files/recovery_journal.h"
+#include "files/recovery_offer.h"
+#include "files/recovery_store_qt.h"
+#include "files/review_bar_panel.h"
+#include "files/save_commands.h"
+
+#include <QtCore/QFile>
+#include <QtGui/QSessionManager>
+#include <QtWidgets/QApplication>
 
 namespace kevra {
 
-void wireFiles(Application &) { }
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto recordDelay = 2s; ///< so that, with the writing, three seconds of typing are lost at most
+constexpr auto statusDelay = 200ms;
+constexpr Offset largeDeletion = 200; ///< characters worth a record of their own before they go
+
+QString textOf(const std::string &path)
+{
+    return QString::fromLocal8Bit(path.data(), static_cast<qsizetype>(path.size()));
+}
+
+/// Everything of the document's files that lives as long as the windows.
+class FilesSide : public QObject, private ReviewView {
+public:
+    explicit FilesSide(Application &app);
+
+private:
+    void bindCommands();
+    void fillSession();
+    void watchDocument();
+    void watchDisk();
+    void watchEnd();
+    void abandonReviewAnd(const std::function<void()> &command);
+    [[nodiscard]] QStringList status() const;
+    void tellDiskState();
+
+    void showReview(const std::string &description) override;
+    void endReview() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    Application &m_app;
+    EditorControl &m_document;
+    RecoveryStoreQt m_store;
+    RecoveryJournal m_journal;
+    FileCommandPorts m_ports;
+    DocumentColouring m_colouring;
+    SaveCommands m_saving;
+    OpenCommands m_opening;
+    RecoveryOffer m_offer;
+    ReviewBar &m_bar; ///< the window's
+    QTimer m_recordTimer;
+    QTimer m_statusTimer;
+    DiskState m_toldState = DiskState::Unchanged;
+    std::unique_ptr<EndSignalsQt> m_signals;
+};
+
+FilesSide::FilesSide(Application &app)
+    : m_app(app)
+    , m_document(app.mainWindow().document())
+    , m_store(app.folders.autosave, app.backups)
+    , m_journal(m_document, app.document, app.state, app.file, m_store)
+    , m_ports{m_document, app.document, app.state, app.files, app.file, m_journal, app.backups,
+          app.fileDialogs, app.messages, app.mainWindow(), app.toolSets()}
+    , m_colouring(m_document, app.document)
+    , m_saving(m_ports)
+    , m_opening(m_ports, m_saving, m_colouring)
+    , m_offer(m_ports, m_saving, m_opening, m_journal, m_store, *this)
+    , m_bar(*new ReviewBar(&app.mainWindow()))
+{
+    m_bar.hide();
+    bindCommands();
+    fillSession();
+    watchDocument();
+    watchDisk();
+    watchEnd();
+}
+
+void FilesSide::abandonReviewAnd(const std::function<void()> &command)
+{
+    m_offer.abandonReview();
+    command();
+}
+
+void FilesSide::bindCommands()
+{
+    connect(&m_bar, &ReviewBar::saveChosen, this, [this] { m_offer.saveReviewed(); });
+    connect(&m_bar, &ReviewBar::discardChosen, this, [this] { m_offer.discardReviewed(); });
+    connect(&m_bar, &ReviewBar::laterChosen, this, [this] { m_offer.leaveReviewed(); });
+    auto &commands = m_app.commands;
+    commands.bind("mnewfile", [this] { abandonReviewAnd([this] { m_opening.newFile(); }); });
+    commands.bind("mopenfile", [this] { abandonReviewAnd([this] { m_opening.openWithDialog(); }); });
+    commands.bind("mtemplate",
+        [this] { abandonReviewAnd([this] { m_opening.startWithTemplate(assetPath("template.html")); }); });
+    commands.bind("msaveplain", [this] { m_offer.reviewing() ? m_offer.saveReviewed() : m_saving.save(); });
+    commands.bind(
+        "msaveas", [this] { m_offer.reviewing() ? m_offer.saveReviewed() : m_saving.saveAsMenu(); });
+    connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const QString &path) {
+        abandonReviewAnd([&] { m_opening.openDropped(QFile::encodeName(path).toStdString()); });
+    });
+}
+
+void FilesSide::fillSession()
+{
+    auto &session = m_app.session;
+    session.openFromCommandLine = [this](const std::string &text) { m_opening.openFromCommandLine(text); };
+    session.offerRecovery = [this] { m_offer.offer(); };
+    session.saveAs = [this] { m_saving.saveAs(); };
+    session.textGivenUp = [this] { m_journal.textGivenUp(); };
+    session.keepUnsavedText = [this] {
+        m_journal.textLeaves();
+        m_store.finish();
+    };
+    session.deletePreviewPage = [this] {
+        if (!m_app.state.previewTempPath.empty())
+            m_app.files.remove(m_app.state.previewTempPath);
+    };
+    session.deleteAutosave = [this] { m_store.removeAutosave(m_app.state.autosaveWritten); };
+    m_saving.onAutosaveStale(session.deleteAutosave);
+}
+
+void FilesSide::watchDocument()
+{
+    m_recordTimer.setSingleShot(true);
+    m_recordTimer.setInterval(recordDelay);
+    m_statusTimer.setSingleShot(true);
+    m_statusTimer.setInterval(statusDelay);
+    auto &window = m_app.mainWindow();
+    window.setStatusSource([this] { return status(); });
+    connect(&m_document, &EditorControl::changed, this, [this] {
+        if (m_app.document.busyLoadingOrSaving)
+            return;
+        m_journal.textChanged();
+        if (!m_recordTimer.isActive())
+            m_recordTimer.start();
+        if (!m_statusTimer.isActive())
+            m_statusTimer.start();
+    });
+    connect(&m_document, &EditorControl::aboutToRemove, this, [this](Offset, Offset length) {
+        if (length >= largeDeletion && !m_app.document.busyLoadingOrSaving)
+            m_journal.writeDown();
+    });
+    connect(&m_recordTimer, &QTimer::timeout, this, [this] { m_journal.writeDown(); });
+    connect(&m_statusTimer, &QTimer::timeout, &window, &MainWindow::refreshDocumentStatus);
+    connect(&m_app.timer1, &QTimer::timeout, this, [this] { m_journal.autosave(); });
+    window.refreshDocumentStatus();
+}
+
+QStringList FilesSide::status() const
+{
+    const auto &file = m_app.file;
+    const bool saved
+        = file.mayHold(static_cast<std::size_t>(m_document.Length())) && file.holds(m_document.Text());
+    return {QString::fromStdString(encodingName(file.format())),
+        QString::fromStdString(lineEndsName(file.format().lineEnds)), saved ? "saved" : "not saved"};
+}
+
+void FilesSide::watchDisk()
+{
+    m_app.mainWindow().installEventFilter(this);
+}
+
+bool FilesSide::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        tellDiskState();
+    return QObject::eventFilter(watched, event);
+}
+
+void FilesSide::tellDiskState()
+{
+    const auto state = m_app.file.diskState();
+    // Told once; afterwards the box belongs to whoever writes to it.
+    if (state == std::exchange(m_toldState, state) || state == DiskState::Unchanged)
+        return;
+    m_app.mainWindow().setInformation(state == DiskState::Changed
+            ? "The file on disk has been changed by another program."
+            : "The file is no longer on disk.");
+}
+
+void FilesSide::watchEnd()
+{
+    m_signals = std::make_unique<EndSignalsQt>(
+        [this] { m_app.quit().shutdown(); }, [this] { m_journal.writeDownAtCrash(); });
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
+        m_journal.writeDown();
+        m_store.finish();
+    });
+}
+
+void FilesSide::showReview(const std::string &description)
+{
+    m_bar.setDescription(textOf(description));
+    m_app.mainWindow().addToolBarBreak();
+    m_app.mainWindow().addToolBar(&m_bar);
+    m_bar.show();
+    m_document.setReadOnly(true);
+}
+
+void FilesSide::endReview()
+{
+    m_bar.hide();
+    m_document.setReadOnly(false);
+}
+
+} // namespace
+
+void wireFiles(Application &app)
+{
+    app.keep<FilesSide>(app);
+}
 
 } // namespace kevra

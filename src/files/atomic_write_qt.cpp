@@ -84,9 +84,12 @@ private:
 
 mode_t modeOfNewFiles()
 {
-    // The mask can only be read by setting it.
-    const auto mask = ::umask(022);
-    ::umask(mask);
+    // The mask can only be read by setting it, which is better not done while another thread makes files.
+    static const mode_t mask = [] {
+        const auto now = ::umask(022);
+        ::umask(now);
+        return now;
+    }();
     return 0666 & ~mask;
 }
 

@@ -8,7 +8,7 @@ namespace kevra {
 
 class FileStoreQt : public FileStore {
 public:
-    /// `stateFolder` keeps copies while a file is written in place; it must exist.
+    /// `stateFolder` keeps copies while a file is written in place.
     explicit FileStoreQt(std::string stateFolder);
 
     [[nodiscard]] bool fileExists(const std::string &path) const override;

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <memory>
 #include <sys/file.h>
 #include <vector>
@@ -99,6 +100,8 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
         return Saved::Failed;
     const Change change{*before, bytes};
 
+    std::error_code error;
+    std::filesystem::create_directories(stateFolder, error);
     const auto copy = copyPath(stateFolder);
     if (const auto kept = writeAtomically(copy, sealed({target, *before, bytes})); kept != Saved::Ok)
         return kept;

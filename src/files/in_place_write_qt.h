@@ -11,7 +11,7 @@
 
 namespace kevra {
 
-/// `stateFolder` takes the copies and must exist. After a failure the file has its old bytes again.
+/// `stateFolder` takes the copies. After a failure the file has its old bytes again.
 [[nodiscard]] Saved writeInPlace(
     const std::string &target, std::string_view bytes, const std::string &stateFolder);
 

@@ -44,15 +44,12 @@ void SaveCommands::saveAsMenu()
 
 bool SaveCommands::saveAs()
 {
-    const auto &path = m_ports.state.currentPath;
-    if (!path.empty())
-        m_filterIndex = saveFilterFor(path);
-    return saveAs("Save As", std::string(fileName(path)));
+    return saveAs("Save As", m_ports.state.currentPath);
 }
 
-bool SaveCommands::saveAs(const std::string &title, const std::string &proposedName)
+bool SaveCommands::saveAs(const std::string &title, const std::string &proposed)
 {
-    const auto path = chooseTarget(title, proposedName);
+    const auto path = chooseTarget(title, proposed);
     if (!path || !write(*path, Existing::Replace))
         return false;
     m_ports.state.currentPath = *path;
@@ -62,10 +59,22 @@ bool SaveCommands::saveAs(const std::string &title, const std::string &proposedN
     return true;
 }
 
-std::optional<std::string> SaveCommands::chooseTarget(
-    const std::string &title, const std::string &proposedName)
+bool SaveCommands::saveBytesAs(const std::string &title, const std::string &proposed, std::string_view bytes)
 {
-    const auto choice = m_ports.dialogs.saveFile({title, proposedName, saveFilters(), m_filterIndex});
+    const auto path = chooseTarget(title, proposed);
+    if (!path)
+        return false;
+    if (const auto there = m_ports.files.read(*path); there && there != bytes)
+        m_ports.backups.keep(*path, *there);
+    return m_ports.files.replace(*path, bytes) == Saved::Ok;
+}
+
+std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, const std::string &proposed)
+{
+    if (!proposed.empty())
+        m_filterIndex = saveFilterFor(proposed);
+    const auto choice
+        = m_ports.dialogs.saveFile({title, std::string(fileName(proposed)), saveFilters(), m_filterIndex});
     if (!choice || choice->path.empty())
         return std::nullopt;
     m_filterIndex = choice->filterIndex;

@@ -18,16 +18,17 @@ public:
     /// True when the text was written.
     bool saveAs();
     void saveAsMenu();
-    /// Save As under another dialog title and without the document's name.
-    bool saveAs(const std::string &title, const std::string &proposedName);
+    /// Save As under another dialog title; name and type proposed are those of `path`.
+    bool saveAs(const std::string &title, const std::string &path);
+    /// Bytes that are not the document, which stays as it is. `path` is where they would have gone.
+    bool saveBytesAs(const std::string &title, const std::string &path, std::string_view bytes);
 
     /// How the autosave file of this run is removed; set by whoever writes it.
     void onAutosaveStale(std::function<void()> remove) { m_removeAutosave = std::move(remove); }
 
 private:
     [[nodiscard]] bool nothingToSave();
-    [[nodiscard]] std::optional<std::string> chooseTarget(
-        const std::string &title, const std::string &proposedName);
+    [[nodiscard]] std::optional<std::string> chooseTarget(const std::string &title, const std::string &path);
     [[nodiscard]] bool write(const std::string &path, Existing existing);
     void removeStaleFiles();
     void removePreviewPage(const std::string &path);

@@ -96,11 +96,6 @@ private:
     std::string_view m_view;
 };
 
-std::string textOf(std::string_view bytes, const TextFormat &format)
-{
-    return toCrLf(OriginalText(bytes, format).view(), format.lineEnds);
-}
-
 std::string withFileLineEnds(std::string_view text, const TextFormat &format, std::string_view original)
 {
     if (format.lineEnds != LineEnds::Mixed)
@@ -120,10 +115,15 @@ DecodedFile decodeFile(std::string_view bytes, TextKind kind)
     return file;
 }
 
+std::string decodeFile(std::string_view bytes, const TextFormat &format)
+{
+    return toCrLf(OriginalText(bytes, format).view(), format.lineEnds);
+}
+
 EncodedFile encodeFile(
     std::string_view text, const TextFormat &format, std::string_view original, TextKind kind)
 {
-    if (!original.empty() && textOf(original, format) == text)
+    if (!original.empty() && decodeFile(original, format) == text)
         return {std::string(original), format};
 
     auto wanted = format;

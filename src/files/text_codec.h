@@ -23,6 +23,9 @@ struct EncodedFile {
 
 [[nodiscard]] DecodedFile decodeFile(std::string_view bytes, TextKind kind);
 
+/// The same for bytes whose format is known.
+[[nodiscard]] std::string decodeFile(std::string_view bytes, const TextFormat &format);
+
 /// `text` as the file should hold it. `format` and `original` are those of the file the text was read from
 /// or last written to; a new text has a default format and no original. What the encoding cannot hold is
 /// never replaced: a page or plain text becomes UTF-8, a script UTF-16 with mark.
