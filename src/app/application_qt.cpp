@@ -102,6 +102,7 @@ void Application::createMainWindow()
         wire(*this);
     m_toolSets->showWebTools();
     window.enableBoundCommands();
+    checkTempFolder(state, files, messages);
 }
 
 void Application::makesWindow(SecondaryWindow window, std::function<QWidget *()> make)

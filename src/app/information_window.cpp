@@ -54,7 +54,7 @@ InformationWindow::InformationWindow(QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
-    resize(560, 420);
+    resize(640, 400);
 }
 
 void InformationWindow::showFirstStartNotices()

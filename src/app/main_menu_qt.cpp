@@ -90,6 +90,13 @@ QAction *MainMenu::action(std::string_view item) const
     return valueOrNull(m_actions, item);
 }
 
+void MainMenu::setEnabled(std::string_view item, bool enabled)
+{
+    for (const auto &row : menuRows())
+        if (!row.item.empty() && commandOf(row) == item)
+            action(row.item)->setEnabled(enabled);
+}
+
 void MainMenu::enableBoundItems()
 {
     for (const auto &row : menuRows())

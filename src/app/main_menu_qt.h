@@ -26,6 +26,8 @@ public:
     [[nodiscard]] QAction *action(
         std::string_view item) const; ///< also a menu's own; null when there is none
     void enableBoundItems();
+    /// Every item that runs the command of `item`.
+    void setEnabled(std::string_view item, bool enabled);
 
 private:
     void addCommand(const struct MenuRow &row, QWidget &place);

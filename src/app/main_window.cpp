@@ -96,6 +96,8 @@ void MainWindow::connectDocument()
     popUp(m_document->viewport());
     connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showCaretPlace);
     connect(m_document, &EditorControl::changed, this, &MainWindow::showCaretPlace);
+    connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showWhatCanBeDone);
+    connect(m_document, &EditorControl::changed, this, &MainWindow::showWhatCanBeDone);
     connect(m_document, &EditorControl::savePointChanged, this, &MainWindow::refreshDocumentStatus);
 }
 
@@ -108,6 +110,21 @@ void MainWindow::enableBoundCommands()
 {
     m_menus->enableBoundItems();
     m_toolBar->enableBoundButtons();
+    m_possible = {true, true, true};
+    showWhatCanBeDone();
+}
+
+void MainWindow::showWhatCanBeDone()
+{
+    const std::array possible{m_document->canUndo(), m_document->canRedo(), !m_document->Selection().empty()};
+    if (possible == std::exchange(m_possible, possible))
+        return;
+    m_menus->setEnabled("mundo", possible[0]);
+    m_menus->setEnabled("mredo", possible[1]);
+    for (const char *item : {"mcut", "mcopy"}) {
+        m_menus->setEnabled(item, possible[2]);
+        m_toolBar->setEnabled(item, possible[2]);
+    }
 }
 
 void MainWindow::layOut()
@@ -115,7 +132,7 @@ void MainWindow::layOut()
     if (isMinimized())
         return;
     LayoutRequest request;
-    request.inner = innerArea();
+    request.inner = twips(m_inner->rect());
     for (std::size_t i = 0; i < request.panels.size(); ++i)
         request.panels[i] = wantedSize(frame(panelNames[i]));
     request.fonts = wantedSize(*m_fonts);
@@ -231,7 +248,12 @@ TwipRect MainWindow::normalGeometry() const
 
 TwipRect MainWindow::innerArea() const
 {
-    return twips(m_inner->rect());
+    QRect inner = m_inner->rect();
+    // The window manager maximises when it gets round to it; the size is known before.
+    const auto missing = screen()->availableSize() - size();
+    if (isMaximized() && missing.width() > 0)
+        inner.setSize(inner.size() + missing);
+    return twips(inner);
 }
 
 void MainWindow::maximise()

@@ -10,6 +10,7 @@
 
 #include <QtWidgets/QMainWindow>
 
+#include <array>
 #include <functional>
 
 class QFrame;
@@ -79,6 +80,7 @@ private:
     void createControls();
     void connectDocument();
     void showCaretPlace();
+    void showWhatCanBeDone();
     [[nodiscard]] bool takesDrop(QEvent &event);
 
     QWidget *m_inner;
@@ -92,6 +94,7 @@ private:
     LineNumberColumn *m_column;
     std::function<QStringList()> m_statusSource;
     QList<QWidget *> m_titled;
+    std::array<bool, 3> m_possible{true, true, true}; ///< undo, redo, and cut with copy
 };
 
 } // namespace kevra

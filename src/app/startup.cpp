@@ -3,6 +3,13 @@
 
 namespace kevra {
 
+void checkTempFolder(const ApplicationState &application, const FileStore &files, Messages &messages)
+{
+    if (!files.folderExists(application.tempFolder))
+        messages.inform("The setting for the Webpage Temp Folder, " + application.tempFolder
+            + ", is pointing to a non-existent folder and needs to be changed in Options -- Settings.");
+}
+
 Startup::Startup(DocumentState &document, ApplicationState &application, StoredSettings &settings,
     ShellWindows &windows, SessionFiles &files)
     : m_document(document)

@@ -4,11 +4,16 @@
 
 #include "app/shell_ports.h"
 #include "editor/document_state.h"
+#include "files/file_store.h"
+#include "platform/messages.h"
 #include "settings/stored_settings.h"
 
 #include <string>
 
 namespace kevra {
+
+/// Says so when the folder for preview pages of unsaved work is not there; goes on in any case.
+void checkTempFolder(const ApplicationState &application, const FileStore &files, Messages &messages);
 
 class Startup {
 public:

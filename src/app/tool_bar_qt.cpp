@@ -31,7 +31,7 @@ ToolBar::ToolBar(const CommandRegistry &commands, QWidget *parent)
     setIconSize({iconEdge, iconEdge});
     for (const auto &row : toolRows()) {
         if (row.key.empty()) {
-            m_buttons.push_back({addSeparator(), 0});
+            addGap();
             continue;
         }
         auto *action = addAction(svgIcon(imageName(row.image)), textOf(row.tip));
@@ -42,6 +42,15 @@ ToolBar::ToolBar(const CommandRegistry &commands, QWidget *parent)
         button->setFocusPolicy(Qt::TabFocus);
         m_buttons.push_back({action, row.image});
     }
+}
+
+void ToolBar::addGap()
+{
+    const bool afterGap = !m_buttons.empty() && m_buttons.back().action->isSeparator();
+    m_buttons.push_back({addSeparator(), 0});
+    // Both have their number, but two lines side by side would look like a mistake.
+    if (afterGap)
+        widgetForAction(m_buttons.back().action)->setFixedWidth(0);
 }
 
 void ToolBar::setButtonVisible(int number, bool visible)
@@ -59,6 +68,13 @@ void ToolBar::setButtonImage(int number, int image)
 int ToolBar::buttonImage(int number) const
 {
     return m_buttons.at(static_cast<std::size_t>(number - 1)).image;
+}
+
+void ToolBar::setEnabled(std::string_view item, bool enabled)
+{
+    for (std::size_t i = 0; i < m_buttons.size(); ++i)
+        if (toolRows()[i].item == item)
+            m_buttons[i].action->setEnabled(enabled);
 }
 
 void ToolBar::enableBoundButtons()

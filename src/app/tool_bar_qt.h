@@ -19,12 +19,15 @@ public:
     void setButtonImage(int number, int image);
     [[nodiscard]] int buttonImage(int number) const;
     void enableBoundButtons();
+    void setEnabled(std::string_view item, bool enabled); ///< the button that runs the item's command
 
 private:
     struct Button {
         QAction *action = nullptr;
         int image = 0;
     };
+
+    void addGap();
 
     const CommandRegistry &m_commands;
     std::vector<Button> m_buttons;

@@ -27,8 +27,10 @@ const QScreen *screenFor(const QRect &rect)
 
 QRect pixels(const TwipRect &rect)
 {
-    return {rect.left / twipsPerPixel, rect.top / twipsPerPixel, rect.width / twipsPerPixel,
-        rect.height / twipsPerPixel};
+    // Stored by hand, a length may be anything; sums of two must not overflow.
+    static constexpr int furthest = 1'000'000;
+    const auto pixel = [](int length) { return std::clamp(length / twipsPerPixel, -furthest, furthest); };
+    return {pixel(rect.left), pixel(rect.top), pixel(rect.width), pixel(rect.height)};
 }
 
 TwipRect twips(const QRect &rect)

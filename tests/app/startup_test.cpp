@@ -2,6 +2,8 @@
 #include "app/startup.h"
 
 #include "fakes/desktop.h"
+#include "fakes/files.h"
+#include "fakes/messages.h"
 #include "fakes/shell.h"
 #include "settings/setting_access.h"
 
@@ -84,6 +86,24 @@ TEST(Startup, FlagsStartInTheirState)
     EXPECT_FALSE(start.application.helpShowing || start.application.vbsInfoShowing);
     EXPECT_FALSE(start.application.fontFaceChanged || start.document.busyLoadingOrSaving);
     EXPECT_TRUE(start.application.previewFresh && start.document.colourApplies);
+}
+
+TEST(Startup, AMissingTempFolderIsOnlyReported)
+{
+    ApplicationState application;
+    application.tempFolder = "/gone";
+    FakeFileStore files;
+    FakeMessages messages;
+    checkTempFolder(application, files, messages);
+    files.folders.insert("/gone");
+    checkTempFolder(application, files, messages);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text,
+        "The setting for the Webpage Temp Folder, /gone, is pointing to a non-existent folder and needs to "
+        "be "
+        "changed in Options -- Settings.");
+    EXPECT_EQ(messages.shown[0].icon, Icon::Information);
+    EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
 }
 
 } // namespace
