@@ -2,7 +2,6 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
-#include "files/file_store_qt.h"
 #include "settings/settings_dialog.h"
 #include "tools/process_start_qt.h"
 
@@ -14,11 +13,10 @@ class SettingsSide : private SettingsEffects {
 public:
     explicit SettingsSide(Application &app)
         : m_app(app)
-        , m_files(app.folders.autosave)
         , m_colouring(app.mainWindow().document(), app.document)
-        , m_program({app.state, app.store, m_files, m_processes, app.toolSets(), app.messages})
+        , m_program({app.state, app.store, app.files, m_processes, app.toolSets(), app.messages})
         , m_commands({app.store, app.document, app.state, app.options, app.settingsViews(),
-              app.mainWindow().document(), *this, m_files, app.messages, app.fileDialogs, app.colourDialog,
+              app.mainWindow().document(), *this, app.files, app.messages, app.fileDialogs, app.colourDialog,
               m_program})
     {
     }
@@ -39,7 +37,6 @@ private:
     void reapplyFont() override { m_app.toolSets().reapplyFont(); }
 
     Application &m_app;
-    FileStoreQt m_files;
     DocumentColouring m_colouring;
     QtProcessStart m_processes;
     ExternalProgram m_program;
