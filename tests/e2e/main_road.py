@@ -1,0 +1,153 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""One sitting with the program, driven from outside as a person with a screen reader and a keyboard would."""
+import os
+import sys
+
+import desktop
+
+desktop.on_private_bus()
+
+from screen_reader import (  # noqa: E402
+    Reader, colour_at, enter, find, keys, press, selection_of, showing, text_of, things, type_text, wait_for)
+
+PAGE = "<HTML>\n<P>caf\u00e9</P>\n</HTML>\n"
+BLUE = "0,0,255"
+BLACK = "0,0,0"
+
+
+class Sitting:
+    def __init__(self, here, program):
+        self.folder = os.path.join(here.home, "pages")
+        os.mkdir(self.folder)
+        self.process = here.start(program)
+        self.reader = Reader(self.process)
+        self.window = self.reader.window("KEVRA")
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def write(self, name, text):
+        with open(self.path(name), "w", encoding="utf-8", newline="") as file:
+            file.write(text)
+
+    def read(self, name):
+        with open(self.path(name), encoding="utf-8", newline="") as file:
+            return file.read()
+
+    @property
+    def document(self):
+        return find(self.window, "Document", "text")
+
+    def expect_text(self, text):
+        wait_for(f"the document to be {text!r}, not {text_of(self.document)!r}",
+                 lambda: text_of(self.document).replace("\r\n", "\n") == text)
+
+    def expect_colour(self, piece, colour):
+        wait_for(f"'{piece}' in {colour}", lambda: colour_at(
+            self.document, text_of(self.document).index(piece)) == colour)
+
+    def open(self, name):
+        self.reader.activate("KEVRA")
+        keys("ctrl+o")
+        dialog = self.reader.active_window("Open a File")
+        enter(find(dialog, "File name:", "text"), self.path(name))
+        press(find(dialog, "Open", "push button"))
+
+    def answer(self, question, button):
+        box = wait_for(f"the question '{question}'", lambda: next(
+            (w for w in self.reader.windows() for t in things(w) if showing(w) and t.get_name() == question), None))
+        press(find(box, button))
+
+
+def greets_at_the_first_start(sitting):
+    greeting = sitting.reader.window("KEVRA information")
+    find(greeting, "THIS WINDOW WILL SHOW ONLY AT FIRST STARTUP")
+    press(find(greeting, "Close"))
+    sitting.reader.no_window("KEVRA information")
+
+
+def names_every_control(sitting):
+    for name in ("Document", "Information", "OPEN FILE", "SAVE AS", "CLIPPING PAD", "AUTOSAVE"):
+        find(sitting.window, name)
+
+
+def opens_and_colours_a_page(sitting):
+    sitting.write("page.htm", PAGE)
+    sitting.open("page.htm")
+    sitting.reader.window("KEVRA - " + sitting.path("page.htm"))
+    sitting.expect_text(PAGE)
+    sitting.expect_colour("<P>", BLUE)
+    sitting.expect_colour("caf", BLACK)
+
+
+def types_into_it(sitting):
+    sitting.reader.activate("KEVRA")
+    keys("ctrl+End")
+    type_text("typed")
+    sitting.expect_text(PAGE + "typed")
+
+
+def keeps_pieces_in_the_pad(sitting):
+    keys("ctrl+shift+Home", "ctrl+c", "ctrl+d")
+    pad = sitting.reader.active_window("Clipping Pad")
+    keys("ctrl+v")
+    parked = find(pad, "Clipping pad", "text")
+    wait_for("the piece in the pad", lambda: text_of(parked).replace("\r\n", "\n") == PAGE + "typed")
+    keys("alt+F4")
+    sitting.reader.no_window("Clipping Pad")
+
+
+def sets_an_option(sitting):
+    sitting.reader.activate("KEVRA")
+    keys("ctrl+comma")
+    settings = sitting.reader.active_window("Settings")
+    press(find(settings, "Do not include comments with auto-insert"))
+    stored = os.path.join(os.environ["XDG_CONFIG_HOME"], "kevra", "kevra285.ini")
+    wait_for("the option in the store", lambda: "ifcoms=no" in open(stored, encoding="utf-8").read())
+    keys("Escape")
+    sitting.reader.no_window("Settings")
+
+
+def saves_what_was_typed(sitting):
+    sitting.reader.activate("KEVRA")
+    keys("ctrl+s")
+    wait_for("the saved file", lambda: sitting.read("page.htm") == PAGE + "typed")
+
+
+def asks_before_it_quits(sitting):
+    type_text("!")
+    keys("ctrl+q")
+    sitting.answer("Save current text?", "Cancel")
+    sitting.reader.activate("KEVRA")
+    keys("ctrl+q")
+    sitting.answer("Save current text?", "No")
+    assert sitting.process.wait(10) == 0, "the program's exit status"
+    assert sitting.read("page.htm") == PAGE + "typed"
+
+
+ROAD = (
+    greets_at_the_first_start,
+    names_every_control,
+    opens_and_colours_a_page,
+    types_into_it,
+    keeps_pieces_in_the_pad,
+    sets_an_option,
+    saves_what_was_typed,
+    asks_before_it_quits,
+)
+
+
+def main():
+    with desktop.Desktop() as here:
+        sitting = Sitting(here, sys.argv[1])
+        for step in ROAD:
+            print(step.__name__.replace("_", " "), flush=True)
+            try:
+                step(sitting)
+            except BaseException:
+                here.keep_picture("e2e-failure.png")
+                raise
+    print("the whole road")
+
+
+main()
