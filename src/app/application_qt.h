@@ -68,6 +68,8 @@ public:
     FileStoreQt files{folders.autosave + "/recovery"};
     DocumentFile file{files, backups}; ///< of the document in the main window
     SessionSteps session;
+    /// Judges the script line that Return has ended; set by the checker.
+    std::function<void(TextRange line)> checkFinishedLine;
     QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
 
     [[nodiscard]] MainWindow &mainWindow(); ///< created when it is first asked for

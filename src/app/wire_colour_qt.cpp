@@ -1,9 +1,83 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
+#include "app/main_menu_qt.h"
 #include "app/wiring_qt.h"
+#include "colour/colour_commands.h"
+#include "colour/fso_popup_qt.h"
+#include "colour/snippet_commands.h"
+#include "colour/snippet_panel.h"
+#include "colour/typing_colouring.h"
+
+#include <QtWidgets/QFrame>
+
+#include <array>
 
 namespace kevra {
+namespace {
 
-void wireColour(Application &) { }
+struct PanelSwitch {
+    std::string_view button;
+    SnippetPanel from;
+    SnippetPanel to;
+};
+
+constexpr std::array panelSwitches{
+    PanelSwitch{"bsw1", SnippetPanel::Web1, SnippetPanel::Web2},
+    PanelSwitch{"bsw2", SnippetPanel::Web2, SnippetPanel::Web1},
+    PanelSwitch{"bscrsw1", SnippetPanel::Script1, SnippetPanel::Script2},
+    PanelSwitch{"bscrsw2", SnippetPanel::Script2, SnippetPanel::Script1},
+};
+
+void wireCommands(Application &app)
+{
+    auto &colours = app.keep<ColourCommands>(app.mainWindow().document(), app.document, app.toolSets());
+    app.commands.bind("mcolcode", [&colours] { colours.colourOn(); });
+    app.commands.bind("mnocolor", [&colours] { colours.colourOff(); });
+    for (const auto &swap : panelSwitches) {
+        app.commands.bind(swap.button, [&app, swap] {
+            app.mainWindow().setControlVisible(frameName(swap.from), false);
+            app.mainWindow().setControlVisible(frameName(swap.to), true);
+        });
+    }
+}
+
+void wireTyping(Application &app)
+{
+    auto &window = app.mainWindow();
+    auto &typing = app.keep<TypingColouring>(window.document(), app.document, window, [&app](TextRange line) {
+        if (app.checkFinishedLine)
+            app.checkFinishedLine(line);
+    });
+    window.document().setTypingHandler(&typing);
+    app.keep<FsoPopup>(window.document(), app.document, *window.menus().menu("mpopfso"));
+}
+
+} // namespace
+
+void wireColour(Application &app)
+{
+    wireCommands(app);
+    wireTyping(app);
+}
+
+void wireSnippetPanels(Application &app)
+{
+    auto &window = app.mainWindow();
+    auto &snippetCommands = app.keep<SnippetCommands>(window.document(), app.document, window);
+    const SnippetPanelHooks hooks{
+        [&app, &snippetCommands](const Snippet &snippet) {
+            if (snippet.insertion == Insertion::Command)
+                app.commands.run(snippet.button);
+            else
+                snippetCommands.insert(snippet);
+        },
+        [&app] { return app.document.snippetComments; },
+        [&app](std::string_view button) { return app.commands.isBound(button); },
+    };
+    for (const auto panel :
+        {SnippetPanel::Web1, SnippetPanel::Web2, SnippetPanel::Script1, SnippetPanel::Script2})
+        fillSnippetPanel(window.frame(QString::fromUtf8(frameName(panel).data())), panel, hooks);
+    window.layOut();
+}
 
 } // namespace kevra

@@ -17,5 +17,7 @@ void wirePreview(Application &app);
 void wireImages(Application &app);
 void wireSettings(Application &app); ///< also the external program
 void wirePad(Application &app);
+/// Last: its buttons are enabled where their commands have been bound by then.
+void wireSnippetPanels(Application &app);
 
 } // namespace kevra

@@ -42,7 +42,7 @@ void TypingColouring::keyTyped(char32_t character)
     if (!m_state.takesColour())
         return;
     if (m_state.scriptTools)
-        setTypingColour(colours::black);
+        m_document.SetTypingColor(colours::black);
     else
         typeInPage(character);
 }
@@ -52,11 +52,11 @@ void TypingColouring::typeInPage(char32_t character)
     const auto selection = m_document.Selection();
     if (character == U'<') {
         paintTagOpenedAt(selection);
-        setTypingColour(m_state.codeColour);
+        m_document.SetTypingColor(m_state.codeColour);
     } else if (character == U'>') {
         m_tagClosed = true;
         paintTagClosedAt(selection.start);
-        setTypingColour(m_state.codeColour);
+        m_document.SetTypingColor(m_state.codeColour);
     } else if (std::exchange(m_tagClosed, false)) {
         typeAfterTag();
     }
@@ -96,7 +96,7 @@ void TypingColouring::typeAfterTag()
         ? Offset{0}
         : previousCharacter(m_document, previousCharacter(m_document, caret));
     if (m_document.Text({start, start + 2}) != "><")
-        setTypingColour(colours::black);
+        m_document.SetTypingColor(colours::black);
 }
 
 void TypingColouring::keyReleased(int key)
@@ -128,13 +128,13 @@ void TypingColouring::edited(TextRange touched, EditKind kind)
             kind == EditKind::Delete ? ScriptMending::LinesOnly : ScriptMending::Whole);
     else
         mendTags(m_document, touched, m_state.codeColour);
-    setTypingColour(colourAroundCaret());
+    m_document.SetTypingColor(colourAroundCaret());
 }
 
 void TypingColouring::caretPlaced()
 {
     if (m_state.takesColour())
-        setTypingColour(colourAroundCaret());
+        m_document.SetTypingColor(colourAroundCaret());
 }
 
 /// Inside a tag that is not closed before the caret: its colour; anywhere else black.
@@ -144,17 +144,6 @@ Colour TypingColouring::colourAroundCaret() const
     if (m_state.scriptTools || caret == 0 || m_document.Text({caret - 1, caret}) == ">")
         return colours::black;
     return m_document.ColourAt(caret - 1) == m_state.codeColour ? m_state.codeColour : colours::black;
-}
-
-/// Also while a selection stands that the character is about to replace.
-void TypingColouring::setTypingColour(Colour colour)
-{
-    const auto selection = m_document.Selection();
-    if (!selection.empty())
-        m_document.SetSelStart(selection.start);
-    m_document.SetSelColor(colour);
-    if (!selection.empty())
-        m_document.Select(selection);
 }
 
 } // namespace kevra

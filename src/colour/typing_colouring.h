@@ -29,7 +29,6 @@ private:
     void paintTagClosedAt(Offset caret);
     void typeAfterTag();
     void finishLine();
-    void setTypingColour(Colour colour);
     [[nodiscard]] Colour colourAroundCaret() const;
 
     EditorSurface &m_document;

@@ -14,6 +14,16 @@ bool EditorSurface::SetSelLength(Offset length)
     return true;
 }
 
+void EditorSurface::SetTypingColor(Colour colour)
+{
+    const auto selection = Selection();
+    if (selection.empty())
+        return SetSelColor(colour);
+    SetSelStart(selection.start);
+    SetSelColor(colour);
+    Select(selection);
+}
+
 void EditorSurface::Span(std::string_view characters)
 {
     constexpr Offset chunk = 4096;

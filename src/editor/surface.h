@@ -82,6 +82,8 @@ public:
     [[nodiscard]] Offset SelLength() const { return Selection().length(); }
     /// False, with nothing changed, when the length is negative.
     bool SetSelLength(Offset length);
+    /// Sets the typing colour also while something is selected, which keeps its colours and stays selected.
+    void SetTypingColor(Colour colour);
     [[nodiscard]] std::string SelText() const { return std::string(Text(Selection())); }
     void SetSelText(std::string_view text) { Replace(Selection(), text); }
 

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Colour coding on and off, from menu and toolbar. The stored setting stays as it is.
+#pragma once
+
+#include "colour/document_colouring.h"
+#include "editor/main_view.h"
+
+namespace kevra {
+
+class ColourCommands {
+public:
+    ColourCommands(EditorSurface &document, DocumentState &state, ToolView &tools)
+        : m_document(document)
+        , m_state(state)
+        , m_tools(tools)
+        , m_colouring(document, state)
+    {
+    }
+
+    /// Colours the document whatever its type, as the tool set that is shown does it.
+    void colourOn()
+    {
+        m_state.colourCoding = true;
+        m_state.colourApplies = true;
+        m_tools.showColourCoding(true);
+        if (m_document.Length() == 0)
+            return;
+        const BusySurface busy(m_document);
+        m_colouring.colourForTools();
+    }
+
+    void colourOff()
+    {
+        m_state.colourCoding = false;
+        m_tools.showColourCoding(false);
+        const BusySurface busy(m_document);
+        m_colouring.removeColours();
+    }
+
+private:
+    EditorSurface &m_document;
+    DocumentState &m_state;
+    ToolView &m_tools;
+    DocumentColouring m_colouring;
+};
+
+} // namespace kevra

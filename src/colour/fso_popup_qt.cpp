@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/fso_popup_qt.h"
+
+#include "colour/fso_popup.h"
+#include "editor/editor_control_qt.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QMenu>
+
+#include <algorithm>
+#include <array>
+
+namespace kevra {
+namespace {
+
+constexpr std::array keysOfTheMenu{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Return,
+    Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Escape};
+
+} // namespace
+
+FsoPopup::FsoPopup(EditorControl &document, const DocumentState &state, QMenu &menu)
+    : m_document(document)
+    , m_state(state)
+    , m_menu(menu)
+{
+    menu.installEventFilter(this);
+    connect(&menu, &QMenu::triggered, this, [this](QAction *method) { insert(*method); });
+    // The full stop is in the text only when the key has done its work.
+    connect(
+        &document, &EditorControl::changed, this,
+        [this](Offset, Offset, Offset added, EditKind kind) {
+            if (kind == EditKind::Typing && added == 1 && m_state.scriptTools && m_state.fsoMenu
+                && offersFsoMethods(m_document))
+                openAtCaret();
+        },
+        Qt::QueuedConnection);
+}
+
+void FsoPopup::openAtCaret()
+{
+    if (!m_document.hasFocus())
+        return;
+    m_menu.popup(m_document.viewport()->mapToGlobal(m_document.bottomLeftOf(m_document.SelStart())));
+    m_menu.setActiveAction(m_menu.actions().value(0));
+}
+
+void FsoPopup::insert(const QAction &method)
+{
+    const auto name = method.text().remove('&').toStdString();
+    m_document.SetTypingColor(colours::black);
+    m_document.SetSelText(name);
+    m_document.SetFocus();
+}
+
+/// Keys that the menu has no use for go on into the text.
+bool FsoPopup::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    auto *key = static_cast<QKeyEvent *>(event);
+    if (std::ranges::find(keysOfTheMenu, key->key()) == keysOfTheMenu.end()) {
+        m_menu.close();
+        QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text(), key->isAutoRepeat());
+        QCoreApplication::sendEvent(&m_document, &again);
+        return true;
+    }
+    if (key->key() != Qt::Key_Tab)
+        return false;
+    auto *chosen = m_menu.activeAction();
+    m_menu.close();
+    if (chosen)
+        chosen->trigger();
+    return true;
+}
+
+} // namespace kevra

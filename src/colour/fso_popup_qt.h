@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The menu of FileSystemObject methods that opens at the caret when "fso." is typed in a script.
+#pragma once
+
+#include "editor/document_state.h"
+
+#include <QtCore/QObject>
+
+class QAction;
+class QMenu;
+
+namespace kevra {
+
+class EditorControl;
+
+class FsoPopup : public QObject {
+public:
+    /// `menu` holds the method names as its items; choosing one inserts it.
+    FsoPopup(EditorControl &document, const DocumentState &state, QMenu &menu);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void openAtCaret();
+    void insert(const QAction &method);
+
+    EditorControl &m_document;
+    const DocumentState &m_state;
+    QMenu &m_menu;
+};
+
+} // namespace kevra

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Puts a snippet in at the caret, in its colours. The caret ends behind it and typing goes on in black.
+#pragma once
+
+#include "colour/snippets.h"
+#include "editor/document_state.h"
+#include "editor/main_view.h"
+#include "editor/surface.h"
+
+namespace kevra {
+
+class SnippetCommands {
+public:
+    SnippetCommands(EditorSurface &document, DocumentState &state, MainView &view);
+
+    /// A snippet that is a command inserts nothing.
+    void insert(const Snippet &snippet);
+
+private:
+    void insertTag(std::string_view text);
+    void insertScriptLine(std::string_view text);
+
+    EditorSurface &m_document;
+    DocumentState &m_state;
+    MainView &m_view;
+};
+
+} // namespace kevra

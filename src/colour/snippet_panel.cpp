@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/snippet_panel.h"
+
+#include <QtGui/QHelpEvent>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QToolTip>
+
+namespace kevra {
+namespace {
+
+constexpr int gapInGroup = 2; // device-independent pixels
+constexpr int gapBetweenGroups = 8;
+constexpr int sidePadding = 12;
+
+QString textOf(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+class SnippetButton : public QToolButton {
+public:
+    SnippetButton(const Snippet &snippet, const SnippetPanelHooks &hooks, QWidget *parent)
+        : QToolButton(parent)
+        , m_snippet(snippet)
+        , m_withComments(hooks.withComments)
+    {
+        setObjectName(textOf(snippet.button));
+        setText(textOf(snippet.caption));
+        setFocusPolicy(Qt::TabFocus);
+        setToolTip(tip());
+        setEnabled(snippet.insertion != Insertion::Command || hooks.isBound(snippet.button));
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+        connect(this, &QToolButton::clicked, this, [&snippet, chosen = hooks.chosen] { chosen(snippet); });
+    }
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return {fontMetrics().horizontalAdvance(text()) + sidePadding, fontMetrics().height() + sidePadding};
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() == QEvent::ToolTip)
+            setToolTip(tip()); // what is inserted follows a setting
+        return QToolButton::event(event);
+    }
+
+private:
+    [[nodiscard]] QString tip() const
+    {
+        const auto text = textOf(textToInsert(m_snippet, m_withComments()));
+        if (m_snippet.insertion == Insertion::Command)
+            return text;
+        return "<pre>" + text.toHtmlEscaped().remove('\r') + "</pre>";
+    }
+
+    const Snippet &m_snippet;
+    std::function<bool()> m_withComments;
+};
+
+} // namespace
+
+void fillSnippetPanel(QFrame &frame, SnippetPanel panel, const SnippetPanelHooks &hooks)
+{
+    auto *row = new QHBoxLayout(&frame);
+    row->setContentsMargins(0, 2, 0, 2);
+    row->setSpacing(gapInGroup);
+    int group = 0;
+    for (const auto &snippet : snippets()) {
+        if (snippet.panel != panel)
+            continue;
+        if (snippet.group != group)
+            row->addSpacing(gapBetweenGroups);
+        group = snippet.group;
+        row->addWidget(new SnippetButton(snippet, hooks, &frame));
+    }
+}
+
+} // namespace kevra

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "colour/fso_popup.h"
+#include "colour/marks_of.h"
+#include "colour/snippet_commands.h"
+#include "editor/memory_surface.h"
+#include "fakes/views.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+namespace kevra {
+namespace {
+
+const Snippet &snippetOf(std::string_view button)
+{
+    return *std::ranges::find(snippets(), button, &Snippet::button);
+}
+
+TEST(Snippets, AreInsertedWithTheirColours)
+{
+    struct {
+        const char *name;
+        std::string_view button;
+        bool comments;
+        bool colours;
+        std::string_view text;
+        std::string_view marks;
+    } const cases[] = {
+        {"a tag", "bb", true, true, "<B>", "ccc"},
+        {"a tag without colour coding", "bb", true, false, "<B>", "---"},
+        {"a line", "bfileexists", true, true, "If fso.FileExists() Then", "cc------------------cccc"},
+        {"plain", "binstr", false, true, " = InStr()", "----------"},
+        {"its comment on the same line", "bleft", true, true, " = Left()   '--(string, #-of-char.-to-return)",
+            "------------ggggggggggggggggggggggggggggggggg"},
+        {"a literal is painted too", "bdelfile", true, true,
+            "fso.DeleteFile\r\n'--DeleteFile filename+path[, delete if read only- as Bool.]",
+            "----------------gggggggggggggggggggggggggggggggggggggggggggggggggggggggggggg"},
+        {"bare", "bchr", true, true, "Chr(34)", "-------"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        MemorySurface document("over");
+        document.Select({0, 4});
+        DocumentState state;
+        state.snippetComments = c.comments;
+        state.colourCoding = c.colours;
+        FakeMainView view;
+        SnippetCommands(document, state, view).insert(snippetOf(c.button));
+        EXPECT_EQ(document.Text(), c.text);
+        EXPECT_EQ(marksOf(document), c.marks);
+        EXPECT_EQ(document.SelStart(), document.Length());
+        EXPECT_EQ(document.SelColor(), colours::black);
+        EXPECT_TRUE(document.hasFocus());
+    }
+}
+
+TEST(Snippets, PlaceholdersOfTheShortcutAreOrange)
+{
+    MemorySurface document;
+    DocumentState state;
+    FakeMainView view;
+    SnippetCommands(document, state, view).insert(snippetOf("bshtcut"));
+    const auto at = static_cast<Offset>(document.Text().find("<<executable"));
+    EXPECT_EQ(document.ColourAt(at), colours::placeholder);
+    EXPECT_EQ(document.ColourAt(at + 18), colours::placeholder);
+    EXPECT_EQ(document.ColourAt(at + 19), colours::black);
+    EXPECT_EQ(std::ranges::count(document.Text(), '\n'), 9);
+}
+
+TEST(Snippets, EveryButtonStandsOnce)
+{
+    std::set<std::string_view> names;
+    for (const auto &snippet : snippets())
+        EXPECT_TRUE(names.insert(snippet.button).second) << snippet.button;
+    EXPECT_EQ(names.size(), 25u + 11u + 17u + 2u + 5u + 4u);
+}
+
+TEST(FsoPopup, OpensBehindFsoInCodeOnly)
+{
+    struct {
+        std::string_view line; ///< the caret stands at its end
+        bool offers;
+    } const cases[] = {
+        {"fso.", true},
+        {"x = FSO.", true},
+        {"x = \"a\" & fso.", true},
+        {"x\r\nFso.", true},
+        {"so.", false},
+        {"fso", false},
+        {"MsgBox \"fso.", false},
+        {"' fso.", false},
+        {"x = \"it's\" & fso.", true},
+        {"\"open above\r\nfso.", true},
+    };
+    for (const auto &c : cases) {
+        MemorySurface document(c.line);
+        document.SetSelStart(document.Length());
+        EXPECT_EQ(offersFsoMethods(document), c.offers) << c.line;
+    }
+}
+
+} // namespace
+} // namespace kevra
