@@ -35,6 +35,11 @@ InformationWindow::InformationWindow(QWidget *parent)
 {
     setObjectName("faboutkevra");
     setWindowTitle("KEVRA information");
+    resize(640, 400);
+}
+
+void InformationWindow::fill()
+{
     auto *column = new QVBoxLayout(this);
     for (int i = 0; const char *notice : notices) {
         auto *label = new QLabel(notice, this);
@@ -54,14 +59,21 @@ InformationWindow::InformationWindow(QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
-    resize(640, 400);
+}
+
+void InformationWindow::showEvent(QShowEvent *event)
+{
+    // Not at every start of the program for a window that is hardly ever looked at.
+    if (!layout())
+        fill();
+    QDialog::showEvent(event);
 }
 
 void InformationWindow::showFirstStartNotices()
 {
+    show();
     for (auto *notice : m_notices)
         notice->show();
-    show();
 }
 
 } // namespace kevra

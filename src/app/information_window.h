@@ -15,7 +15,12 @@ public:
 
     void showFirstStartNotices();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
+    void fill();
+
     QList<QLabel *> m_notices;
 };
 

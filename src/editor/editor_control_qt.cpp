@@ -86,6 +86,8 @@ EditorControl::EditorControl(QWidget *parent)
 
 void EditorControl::setUp()
 {
+    // The font first: many settings have Scintilla load whatever font it has at the time.
+    applyFont();
     // Scintilla tells of a change only beforehand: what the library does with the later notification, for
     // accessibility, costs a scan of the text up to the change.
     send(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
@@ -109,7 +111,6 @@ void EditorControl::setUp()
     send(SCI_SETSELBACK, 1, 0xFFD3A6);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setAttribute(Qt::WA_KeyCompression, false);
-    applyFont();
 }
 
 std::intptr_t EditorControl::send(unsigned message, Offset first, std::intptr_t second) const

@@ -84,7 +84,10 @@ SettingsDialog::SettingsDialog(SettingsCommands &commands, QWidget *parent)
 {
     setObjectName("fsetkevra");
     setWindowTitle("Settings");
+}
 
+void SettingsDialog::build()
+{
     auto *content = new QWidget;
     auto *groups = new QVBoxLayout(content);
     groups->addWidget(switches());
@@ -107,8 +110,6 @@ SettingsDialog::SettingsDialog(SettingsCommands &commands, QWidget *parent)
     layout->addWidget(closing);
     fitScreen(*content);
     showEntries();
-    showLamps();
-    showColour();
 }
 
 void SettingsDialog::fitScreen(const QWidget &content)
@@ -297,7 +298,10 @@ QPushButton *SettingsDialog::button(
 
 void SettingsDialog::showSettings()
 {
-    if (!isVisible())
+    // Every start makes the dialog, but few open it.
+    if (!layout())
+        build();
+    else if (!isVisible())
         showEntries();
     show();
     raise();
@@ -312,7 +316,7 @@ void SettingsDialog::done(int result)
 
 bool SettingsDialog::event(QEvent *event)
 {
-    if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) {
+    if (layout() && (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate)) {
         showLamps();
         showColour();
     }

@@ -34,6 +34,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void build();
     QWidget *switches();
     QWidget *entries();
     QWidget *program();
