@@ -36,8 +36,8 @@ void runIfSet(const std::function<void(Arguments...)> &step, std::type_identity_
 
 } // namespace
 
-Application::Application()
-    : folders(programFolders())
+Application::Application(ProgramFolders programFolders)
+    : folders(std::move(programFolders))
     , m_settings(store, document, state, options, *this)
     , m_autosaveTimer(std::make_unique<AutosaveTimerQt>(timer1))
 {

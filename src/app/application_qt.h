@@ -44,7 +44,8 @@ struct SessionSteps {
 
 class Application : private SettingsViews, private ShellWindows, private SessionFiles {
 public:
-    Application();
+    /// `programFolders` says where the autosave file and the recovery records are kept.
+    explicit Application(ProgramFolders programFolders);
     ~Application() override;
     Application(const Application &) = delete;
     Application &operator=(const Application &) = delete;

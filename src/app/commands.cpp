@@ -88,6 +88,7 @@ constexpr auto menus = std::to_array<MenuRow>({
 });
 
 constexpr ToolRow gap{{}, {}, {}, 0};
+constexpr ToolRow secondGap{{}, {}, {}, 0, false};
 
 constexpr auto tools = std::to_array<ToolRow>({
     {"openb", "mopenfile", "OPEN FILE", 1},
@@ -106,10 +107,10 @@ constexpr auto tools = std::to_array<ToolRow>({
     {"retagb", "mcolcode", "COLOR CODE TEXT", 10},
     {"reblackb", "mnocolor", "NO COLOR CODING", 11},
     gap,
-    gap,
+    secondGap,
     {"colfindb", "mcolorfind", "COLOR FINDER", 12},
     {"viewimb", "msample", "VIEW IMAGE", 13},
-    gap,
+    secondGap,
     {"debugb", "mrundebug", "RUN DEBUGGER", 14},
     gap,
     {"lineyesb", "mdodebug", "USE LINE DEBUGGING", 15},

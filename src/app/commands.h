@@ -33,6 +33,7 @@ struct ToolRow {
     std::string_view item; ///< the menu item whose command it runs
     std::string_view tip; ///< also the accessible name
     int image; ///< the picture at first
+    bool lineShown = true; ///< a separator that stands next to another one shows no line
 };
 
 /// The toolbar's buttons and separators; the first one is number 1.

@@ -32,7 +32,7 @@ int main(int argc, char **argv)
     QApplication::setWindowIcon(kevra::svgIcon("kevra"));
     // The main window is hidden while a page is looked at; only the quit path ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
-    kevra::Application kevra;
+    kevra::Application kevra(kevra::programFolders());
     kevra.start(commandLine({argv, static_cast<std::size_t>(argc)}));
     return kevra.hasEnded() ? 0 : QApplication::exec();
 }

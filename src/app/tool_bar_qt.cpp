@@ -31,7 +31,9 @@ ToolBar::ToolBar(const CommandRegistry &commands, QWidget *parent)
     setIconSize({iconEdge, iconEdge});
     for (const auto &row : toolRows()) {
         if (row.key.empty()) {
-            addGap();
+            m_buttons.push_back({addSeparator(), 0});
+            if (!row.lineShown)
+                widgetForAction(m_buttons.back().action)->setFixedWidth(0);
             continue;
         }
         auto *action = addAction(svgIcon(imageName(row.image)), textOf(row.tip));
@@ -42,15 +44,6 @@ ToolBar::ToolBar(const CommandRegistry &commands, QWidget *parent)
         button->setFocusPolicy(Qt::TabFocus);
         m_buttons.push_back({action, row.image});
     }
-}
-
-void ToolBar::addGap()
-{
-    const bool afterGap = !m_buttons.empty() && m_buttons.back().action->isSeparator();
-    m_buttons.push_back({addSeparator(), 0});
-    // Both have their number, but two lines side by side would look like a mistake.
-    if (afterGap)
-        widgetForAction(m_buttons.back().action)->setFixedWidth(0);
 }
 
 void ToolBar::setButtonVisible(int number, bool visible)

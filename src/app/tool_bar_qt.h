@@ -27,8 +27,6 @@ private:
         int image = 0;
     };
 
-    void addGap();
-
     const CommandRegistry &m_commands;
     std::vector<Button> m_buttons;
 };

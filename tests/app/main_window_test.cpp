@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window as users and scripts find it: by the names of its controls.
+#include "app/main_window.h"
+
+#include "app/commands.h"
+#include "app/font_frame_panel.h"
+#include "app/main_menu_qt.h"
+#include "app/tool_bar_qt.h"
+#include "app/window_geometry_qt.h"
+#include "editor/editor_control_qt.h"
+
+#include <QtTest/QtTest>
+
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+QString textOf(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+struct Shown {
+    CommandRegistry commands;
+    QStringList ran;
+    std::unique_ptr<MainWindow> window;
+    DocumentState state;
+    std::unique_ptr<ToolSets> tools;
+
+    Shown()
+    {
+        for (const auto &row : menuRows())
+            if (!row.item.empty())
+                commands.bind(row.item, [this, item = textOf(row.item)] { ran << item; });
+        window = std::make_unique<MainWindow>(commands);
+        tools = std::make_unique<ToolSets>(
+            window->document(), window->lineNumbers(), state, *window, window->fonts());
+        window->resize(1000, 700);
+        window->enableBoundCommands();
+        window->show();
+        QCoreApplication::processEvents();
+    }
+
+    template <typename T> T *find(const char *name) const { return window->findChild<T *>(name); }
+};
+
+TEST(MainWindow, MenusStandInTheirOrder)
+{
+    Shown s;
+    QStringList bar;
+    for (const auto *action : s.window->menuBar()->actions())
+        bar << (action->menu() ? action->menu()->objectName() : action->objectName());
+    EXPECT_EQ(bar.join(' '), "mfile medit moptions mdebug mimops mex mabout mhelp");
+    QStringList options;
+    for (const auto *action : s.find<QMenu>("moptions")->actions())
+        if (!action->isSeparator())
+            options << action->objectName();
+    EXPECT_EQ(options.join(' '),
+        "mscrshow mwebback mhidetools mshowtools mcolcode mnocolor mauto mfsoset msettings mpad mcolorfind "
+        "mmsgboxref");
+    EXPECT_EQ(s.find<QMenu>("mpopfso")->actions().size(), 19);
+}
+
+TEST(MainWindow, EveryItemRunsItsCommandOnce)
+{
+    Shown s;
+    for (const auto &row : menuRows()) {
+        if (row.item.empty())
+            continue;
+        auto *action = s.window->menus().action(row.item);
+        if (action->menu())
+            continue;
+        action->setEnabled(true);
+        s.ran.clear();
+        const bool checked = action->isChecked();
+        action->trigger();
+        EXPECT_EQ(s.ran.join(' ').toStdString(), row.command.empty() ? row.item : row.command);
+        EXPECT_EQ(action->isChecked(), checked) << "the command decides about the mark: " << row.item;
+    }
+    s.ran.clear();
+    QTest::mouseClick(s.find<QToolButton>("saveb"), Qt::LeftButton);
+    EXPECT_EQ(s.ran.join(' '), "msaveas") << "the button always asks for a name";
+}
+
+TEST(MainWindow, WhatNobodyBoundIsDisabled)
+{
+    CommandRegistry commands;
+    commands.bind("mopenfile", [] {});
+    MainWindow window(commands);
+    window.enableBoundCommands();
+    EXPECT_TRUE(window.findChild<QAction *>("mopenfile")->isEnabled());
+    EXPECT_TRUE(window.findChild<QToolButton *>("openb")->isEnabled());
+    EXPECT_FALSE(window.findChild<QAction *>("mfind")->isEnabled());
+    EXPECT_FALSE(window.findChild<QToolButton *>("fandsb")->isEnabled());
+}
+
+TEST(MainWindow, ToolSetsSwitchTheRealControls)
+{
+    Shown s;
+    s.tools->showScriptTools();
+    QCoreApplication::processEvents();
+    for (const char *name : {"t2", "tline", "tlcount", "frscript1", "debugb", "linenob"})
+        EXPECT_TRUE(s.find<QWidget>(name)->isVisible()) << name;
+    for (const char *name : {"Frame1", "frscript2", "colfindb"})
+        EXPECT_FALSE(s.find<QWidget>(name)->isVisible()) << name;
+    EXPECT_FALSE(s.find<QMenu>("mimops")->menuAction()->isVisible());
+    s.tools->showWebTools();
+    EXPECT_FALSE(s.find<QWidget>("t2")->isVisible());
+    EXPECT_TRUE(s.find<QMenu>("mimops")->menuAction()->isVisible());
+    EXPECT_FALSE(s.find<QMenu>("mdebug")->menuAction()->isVisible());
+}
+
+TEST(MainWindow, ControlsWithoutACaptionHaveASpokenName)
+{
+    Shown s;
+    const std::pair<const char *, const char *> names[]
+        = {{"t1", "Document"}, {"t2", "Line numbers"}, {"tinfo", "Information"}, {"tline", "Line"},
+            {"tcolumn", "Column"}, {"tcount", "Characters"}, {"tlcount", "Lines"}, {"comface", "Font face"},
+            {"comfsize", "Font size"}, {"debugb", "RUN DEBUGGER"}};
+    for (const auto &[control, name] : names)
+        EXPECT_EQ(s.find<QWidget>(control)->accessibleName(), name) << control;
+}
+
+TEST(MainWindow, ResizingLaysOutByTheTwip)
+{
+    Shown s;
+    const auto inner = s.find<QWidget>("inner")->size();
+    EXPECT_EQ(s.window->document().geometry(), QRect(29, 52, inner.width() * 94 / 100, inner.height() - 85));
+    auto *fonts = s.find<QWidget>("frtbar");
+    auto *information = s.find<QWidget>("tinfo");
+    EXPECT_EQ(fonts->geometry().right() + 1, inner.width());
+    EXPECT_EQ(information->x(), 12);
+    EXPECT_EQ(information->geometry().right() + 1, fonts->x());
+    s.window->resize(s.window->minimumSizeHint().expandedTo({50, 50}));
+    s.window->resize(1000, 700);
+    EXPECT_EQ(s.window->document().y(), 52);
+}
+
+TEST(MainWindow, ClosingIsAskedForAndNeverDone)
+{
+    Shown s;
+    QSignalSpy asked(s.window.get(), &MainWindow::closeAsked);
+    EXPECT_FALSE(s.window->close());
+    EXPECT_EQ(asked.count(), 1);
+    EXPECT_TRUE(s.window->isVisible());
+}
+
+TEST(MainWindow, CaretPlaceCountsCharactersFromOne)
+{
+    Shown s;
+    s.tools->showScriptTools();
+    s.window->document().LoadText("Dim a\r\n'\xc3\xa9\xe2\x82\xac\tx");
+    s.window->document().Select({7, 14});
+    const auto text = [&](const char *name) { return s.find<QLineEdit>(name)->text().toStdString(); };
+    EXPECT_EQ(text("tline") + ":" + text("tcolumn"), "2:5");
+    EXPECT_EQ(text("tcount") + ", " + text("tlcount"), "12, 2");
+}
+
+TEST(MainWindow, LineNumbersStayLevelHoweverTheTextScrolls)
+{
+    Shown s;
+    s.tools->showScriptTools();
+    std::string text;
+    for (int line = 0; line < 300; ++line)
+        text += std::string(line % 7 == 3 ? 400 : 5, 'x') + "\r\n";
+    auto &t1 = s.window->document();
+    auto &t2 = s.window->lineNumbers();
+    t1.LoadText(text);
+    const auto numberAtTop = [&] {
+        const auto line = t2.SendScintilla(
+            QsciScintillaBase::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(t2.FirstVisibleLine()));
+        return line + 1;
+    };
+    for (const int margin : {noWrapMargin, 0}) {
+        SCOPED_TRACE(margin);
+        t1.SetRightMargin(margin);
+        for (const int line : {0, 3, 120, 250}) {
+            t1.SetFirstVisibleLine(t1.shownLine(line));
+            s.window->levelLineNumbers();
+            EXPECT_EQ(numberAtTop(), line + 1);
+        }
+        t1.verticalScrollBar()->setValue(40);
+        QCoreApplication::processEvents();
+        const auto shown = t1.SendScintilla(
+            QsciScintillaBase::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(t1.FirstVisibleLine()));
+        EXPECT_EQ(numberAtTop(), shown + 1);
+    }
+    EXPECT_GE(t2.lineCount(), t1.lineCount()) << "more lines than 199 are numbered too";
+}
+
+TEST(MainWindow, UndoAndCopyAreOfferedWhenThereIsSomething)
+{
+    Shown s;
+    auto *undo = s.find<QAction>("mundo");
+    auto *copy = s.find<QToolButton>("copyb");
+    EXPECT_FALSE(undo->isEnabled() || copy->isEnabled());
+    s.window->document().Replace({0, 0}, "text");
+    s.window->document().Select({0, 4});
+    EXPECT_TRUE(undo->isEnabled() && copy->isEnabled() && s.find<QAction>("popcut")->isEnabled());
+}
+
+TEST(MainWindow, ADroppedFileIsHandedOver)
+{
+    Shown s;
+    QSignalSpy dropped(s.window.get(), &MainWindow::fileDropped);
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile("/tmp/a page.htm")});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(s.window->document().viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(s.window->document().viewport(), &drop);
+    ASSERT_EQ(dropped.count(), 1);
+    EXPECT_EQ(dropped.first().first().toString(), "/tmp/a page.htm");
+    EXPECT_EQ(s.window->document().Length(), 0) << "the path is not typed into the text";
+}
+
+TEST(WindowGeometry, StoredPlacesComeOntoAScreen)
+{
+    const auto screen = QGuiApplication::primaryScreen()->availableGeometry();
+    for (const QRect stored : {QRect(-5000, -5000, 300, 300), QRect(90000, 10, 640, 480),
+             QRect(0, 0, 99999, 99999), QRect(5, 5, 0, -8)}) {
+        const auto place = onAScreen(stored);
+        EXPECT_TRUE(screen.contains(place)) << stored.x() << "," << stored.y();
+        EXPECT_GE(place.width(), std::min(320, screen.width()));
+    }
+    EXPECT_EQ(onAScreen({20, 30, 400, 300}), QRect(20, 30, 400, 300));
+    EXPECT_EQ(twips(pixels({150, 300, 4500, 6000})), (TwipRect{150, 300, 4500, 6000}));
+}
+
+} // namespace
+} // namespace kevra
