@@ -87,6 +87,8 @@ constexpr auto menus = std::to_array<MenuRow>({
     {HiddenMenu, "mpopfso", "popup", "", "", ""},
 });
 
+constexpr auto keys = std::to_array<KeyRow>({{"F5", "bview"}});
+
 constexpr ToolRow gap{{}, {}, {}, 0};
 constexpr ToolRow secondGap{{}, {}, {}, 0, false};
 
@@ -133,6 +135,11 @@ constexpr auto methods = std::to_array<std::string_view>({"FileExists", "FolderE
 std::span<const MenuRow> menuRows()
 {
     return menus;
+}
+
+std::span<const KeyRow> keyRows()
+{
+    return keys;
 }
 
 std::span<const ToolRow> toolRows()

@@ -28,6 +28,14 @@ struct MenuRow {
 
 [[nodiscard]] std::span<const MenuRow> menuRows();
 
+/// A key for a command that stands on a button and not in a menu.
+struct KeyRow {
+    std::string_view key; ///< in portable form
+    std::string_view command;
+};
+
+[[nodiscard]] std::span<const KeyRow> keyRows();
+
 struct ToolRow {
     std::string_view key; ///< empty for a separator
     std::string_view item; ///< the menu item whose command it runs

@@ -16,7 +16,6 @@ namespace kevra {
 namespace {
 
 constexpr int fewestNumbers = 199;
-constexpr long marginPixels = 4;
 
 } // namespace
 
@@ -34,7 +33,6 @@ LineNumberColumn::LineNumberColumn(EditorControl &document, EditorControl &colum
     column.SendScintilla(QsciScintillaBase::SCI_ANNOTATIONSETVISIBLE,
         static_cast<unsigned long>(QsciScintillaBase::ANNOTATION_STANDARD));
     column.SendScintilla(QsciScintillaBase::SCI_SETCARETSTYLE, 0UL);
-    column.SendScintilla(QsciScintillaBase::SCI_SETMARGINLEFT, 0UL, marginPixels);
     column.viewport()->setCursor(Qt::ArrowCursor);
     column.viewport()->installEventFilter(this);
     column.installEventFilter(this);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/main_window.h"
 
+#include "app/commands.h"
 #include "app/font_frame_panel.h"
 #include "app/layout.h"
 #include "app/line_number_column_qt.h"
@@ -15,6 +16,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
+#include <QtGui/QShortcut>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -28,6 +30,7 @@ namespace {
 constexpr const char *panelNames[] = {"Frame1", "Frame2", "frscript1", "frscript2"};
 constexpr const char *sideNames[] = {"fr1", "frcol"};
 constexpr QSize firstSize(1024, 720);
+constexpr long textMargin = 4; ///< pixels left of the text
 constexpr std::chrono::milliseconds windowManagerDelay{400};
 
 QString textOf(std::string_view text)
@@ -58,6 +61,9 @@ MainWindow::MainWindow(const CommandRegistry &commands)
     setWindowTitle("KEVRA");
     setWindowIcon(svgIcon("kevra"));
     addToolBar(m_toolBar);
+    for (const auto &row : keyRows())
+        connect(new QShortcut(QKeySequence(textOf(row.key)), this), &QShortcut::activated, this,
+            [&commands, command = row.command] { commands.run(command); });
     setContextMenuPolicy(Qt::NoContextMenu);
     setCentralWidget(m_inner);
     createControls();
@@ -78,8 +84,10 @@ void MainWindow::createControls()
         frame->setAutoFillBackground(true);
         frame->hide();
     }
-    for (auto *control : {m_document, m_lineNumbers})
+    for (auto *control : {m_document, m_lineNumbers}) {
         control->setFrameShape(QFrame::NoFrame);
+        control->SendScintilla(QsciScintillaBase::SCI_SETMARGINLEFT, 0UL, textMargin);
+    }
 }
 
 void MainWindow::connectDocument()

@@ -33,7 +33,7 @@ constexpr auto table = std::to_array<Snippet>({
     {"bf", "FONT", Tag, Web1, 2, "<FONT FACE= COLOR= SIZE=>"},
     {"bxf", "/FONT", Tag, Web1, 2, "</FONT>"},
     {"bcom", "<!-->", Tag, Web1, 2, "<!-- -->"},
-    {"bview", "VIEW PAGE", Command, Web1, 3, "View the page in the browser window"},
+    {"bview", "VIEW PAGE", Command, Web1, 3, "View the page in the browser window (F5)"},
     {"bsw1", "MORE \u25B8", Command, Web1, 3, "Show links, images and frames"},
 
     {"ba", "LINK", Tag, Web2, 0, "<A HREF=></A>"},
@@ -44,7 +44,7 @@ constexpr auto table = std::to_array<Snippet>({
     {"bfrsrc", "FRAME", Tag, Web2, 2, "<FRAME SRC= SCROLLING=>"},
     {"bfrcol", "FRAME COLS", Tag, Web2, 2, "<FRAMESET COLS=>\r\n\r\n</FRAMESET>"},
     {"bfrrow", "FRAME ROWS", Tag, Web2, 2, "<FRAMESET ROWS=>\r\n\r\n</FRAMESET>"},
-    {"bview2", "VIEW PAGE", Command, Web2, 3, "View the page in the browser window"},
+    {"bview2", "VIEW PAGE", Command, Web2, 3, "View the page in the browser window (F5)"},
     {"bsw2", "\u25C2 BACK", Command, Web2, 3, "Show page structure and text"},
 
     {"bfsoset", "fso", ScriptLine, Script1, 0,

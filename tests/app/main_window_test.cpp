@@ -33,6 +33,7 @@ struct Shown {
         for (const auto &row : menuRows())
             if (!row.item.empty())
                 commands.bind(row.item, [this, item = textOf(row.item)] { ran << item; });
+        commands.bind("bview", [this] { ran << "bview"; });
         window = std::make_unique<MainWindow>(commands);
         tools = std::make_unique<ToolSets>(
             window->document(), window->lineNumbers(), state, *window, window->fonts());
@@ -81,6 +82,9 @@ TEST(MainWindow, EveryItemRunsItsCommandOnce)
     s.ran.clear();
     QTest::mouseClick(s.find<QToolButton>("saveb"), Qt::LeftButton);
     EXPECT_EQ(s.ran.join(' '), "msaveas") << "the button always asks for a name";
+    s.ran.clear();
+    QTest::keyClick(s.window.get(), Qt::Key_F5);
+    EXPECT_EQ(s.ran.join(' '), "bview");
 }
 
 TEST(MainWindow, WhatNobodyBoundIsDisabled)
