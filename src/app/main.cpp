@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/svg_icon_qt.h"
+#include "platform/combo_box_names_qt.h"
 
 #include <QtWidgets/QApplication>
 
@@ -32,6 +33,7 @@ int main(int argc, char **argv)
     QApplication::setWindowIcon(kevra::svgIcon("kevra"));
     // The main window is hidden while a page is looked at; only the quit path ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
+    kevra::installComboBoxNames();
     kevra::Application kevra(kevra::programFolders());
     kevra.start(commandLine({argv, static_cast<std::size_t>(argc)}));
     return kevra.hasEnded() ? 0 : QApplication::exec();

@@ -11,6 +11,14 @@ from screen_reader import (  # noqa: E402
     Reader, colour_at, enter, find, keys, press, selection_of, showing, text_of, things, type_text, wait_for)
 
 PAGE = "<HTML>\n<P>caf\u00e9</P>\n</HTML>\n"
+MAIN_WINDOW_NAMES = (
+    "Document", "Line numbers", "Information", "Line", "Column", "Characters", "Lines", "Font face", "Font size",
+    "OPEN FILE", "SAVE AS", "PRINT", "CUT", "COPY", "PASTE", "CLIPPING PAD", "FIND AND REPLACE",
+    "MULTI-PAGE REPLACE", "COLOR CODE TEXT", "NO COLOR CODING", "COLOR FINDER", "VIEW IMAGE", "RUN DEBUGGER",
+    "USE LINE DEBUGGING", "NO LINE DEBUGGING", "AUTOSAVE")
+SETTINGS_NAMES = (
+    "Webpage temp folder", "Autosave interval", "Default font face", "Default font size", "Program path",
+    "Menu text", "Popup menu when fso. is typed", "No popup menu", "Autosave on at startup")
 BLUE = "0,0,255"
 BLACK = "0,0,0"
 
@@ -67,8 +75,9 @@ def greets_at_the_first_start(sitting):
 
 
 def names_every_control(sitting):
-    for name in ("Document", "Information", "OPEN FILE", "SAVE AS", "CLIPPING PAD", "AUTOSAVE"):
-        find(sitting.window, name)
+    names = [thing.get_name() for thing in things(sitting.window)]
+    missing = [name for name in MAIN_WINDOW_NAMES if name not in names]
+    assert not missing, missing
 
 
 def opens_and_colours_a_page(sitting):
@@ -101,6 +110,9 @@ def sets_an_option(sitting):
     sitting.reader.activate("KEVRA")
     keys("ctrl+comma")
     settings = sitting.reader.active_window("Settings")
+    names = [thing.get_name() for thing in things(settings)]
+    missing = [name for name in SETTINGS_NAMES if name not in names]
+    assert not missing, missing
     press(find(settings, "Do not include comments with auto-insert"))
     stored = os.path.join(os.environ["XDG_CONFIG_HOME"], "kevra", "kevra285.ini")
     wait_for("the option in the store", lambda: "ifcoms=no" in open(stored, encoding="utf-8").read())
