@@ -98,7 +98,7 @@ void Application::createMainWindow()
         window.document(), window.lineNumbers(), document, window, window.fonts());
     m_quit.reset(new Quit(window.document(), document, state, m_settings, messages, *this, *this));
     for (const auto wire : {wireEditing, wireFiles, wireColour, wireChecker, wireFind, wirePreview,
-             wireImages, wireSettings, wirePad, wireSnippetPanels})
+             wireImages, wireSettings, wirePad, wireNavigation, wireSnippetPanels})
         wire(*this);
     m_toolSets->showWebTools();
     window.enableBoundCommands();

@@ -47,6 +47,7 @@ constexpr auto menus = std::to_array<MenuRow>({
     separator,
     {Item, "mfind", "&Find and Replace", "Ctrl+F; Ctrl+H", "Find and replace in the text", ""},
     {Item, "mmulti", "&Multi-Page Replace", "Ctrl+Shift+H", "Replace in many files", ""},
+    {Item, "mgoto", "&Go to Line", "Ctrl+G", "Go to a line by its number", ""},
     separator,
     {Item, "mtemplate", "&Start with Template", "Ctrl+Shift+N", "Start a new page from the template", ""},
 

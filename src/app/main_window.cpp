@@ -173,6 +173,7 @@ void MainWindow::setTitlePath(std::string_view path)
     setWindowTitle(title);
     for (auto *window : m_titled)
         window->setWindowTitle(title);
+    emit documentNamed();
 }
 
 void MainWindow::redrawAndFocus()

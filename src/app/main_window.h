@@ -70,6 +70,8 @@ signals:
     /// By the frame or the desktop. The window stays until the program ends.
     void closeAsked();
     void fileDropped(const QString &path);
+    /// The document has been given a path, by opening or saving.
+    void documentNamed();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -17,6 +17,7 @@ void wirePreview(Application &app);
 void wireImages(Application &app);
 void wireSettings(Application &app); ///< also the external program
 void wirePad(Application &app);
+void wireNavigation(Application &app); ///< recent files, a line by its number
 /// Last: its buttons are enabled where their commands have been bound by then.
 void wireSnippetPanels(Application &app);
 

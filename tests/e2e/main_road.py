@@ -8,7 +8,8 @@ import desktop
 desktop.on_private_bus()
 
 from screen_reader import (  # noqa: E402
-    Reader, colour_at, enter, find, keys, press, selection_of, showing, text_of, things, type_text, wait_for)
+    Reader, caret_of, colour_at, enter, find, is_focused, keys, press, showing, text_of, things, type_text,
+    wait_for)
 
 PAGE = "<HTML>\n<P>caf\u00e9</P>\n</HTML>\n"
 MAIN_WINDOW_NAMES = (
@@ -19,8 +20,14 @@ MAIN_WINDOW_NAMES = (
 SETTINGS_NAMES = (
     "Webpage temp folder", "Autosave interval", "Default font face", "Default font size", "Program path",
     "Menu text", "Popup menu when fso. is typed", "No popup menu", "Autosave on at startup")
+TYPED = "typed<P></P>"
 BLUE = "0,0,255"
 BLACK = "0,0,0"
+
+
+def expect_names(window, names):
+    told = {thing.get_name() for thing in things(window)}
+    assert told.issuperset(names), f"never told: {set(names) - told}"
 
 
 class Sitting:
@@ -75,9 +82,7 @@ def greets_at_the_first_start(sitting):
 
 
 def names_every_control(sitting):
-    names = [thing.get_name() for thing in things(sitting.window)]
-    missing = [name for name in MAIN_WINDOW_NAMES if name not in names]
-    assert not missing, missing
+    expect_names(sitting.window, MAIN_WINDOW_NAMES)
 
 
 def opens_and_colours_a_page(sitting):
@@ -96,12 +101,30 @@ def types_into_it(sitting):
     sitting.expect_text(PAGE + "typed")
 
 
+def puts_a_snippet_in(sitting):
+    press(find(sitting.window, "P", "push button"))
+    sitting.expect_text(PAGE + "typed<P>")
+    wait_for("the focus back in the document", lambda: is_focused(sitting.document))
+    type_text("</P>")
+    sitting.expect_text(PAGE + TYPED)
+    sitting.expect_colour("<P></P>", BLUE)
+
+
+def goes_to_a_line(sitting):
+    keys("ctrl+g")
+    sitting.reader.active_window("Go to Line")
+    type_text("2")
+    keys("Return")
+    sitting.reader.no_window("Go to Line")
+    wait_for("the caret on line 2", lambda: caret_of(sitting.document) == text_of(sitting.document).index("<P>caf"))
+
+
 def keeps_pieces_in_the_pad(sitting):
-    keys("ctrl+shift+Home", "ctrl+c", "ctrl+d")
+    keys("ctrl+a", "ctrl+c", "ctrl+d")
     pad = sitting.reader.active_window("Clipping Pad")
     keys("ctrl+v")
     parked = find(pad, "Clipping pad", "text")
-    wait_for("the piece in the pad", lambda: text_of(parked).replace("\r\n", "\n") == PAGE + "typed")
+    wait_for("the piece in the pad", lambda: text_of(parked).replace("\r\n", "\n") == PAGE + TYPED)
     keys("alt+F4")
     sitting.reader.no_window("Clipping Pad")
 
@@ -110,9 +133,7 @@ def sets_an_option(sitting):
     sitting.reader.activate("KEVRA")
     keys("ctrl+comma")
     settings = sitting.reader.active_window("Settings")
-    names = [thing.get_name() for thing in things(settings)]
-    missing = [name for name in SETTINGS_NAMES if name not in names]
-    assert not missing, missing
+    expect_names(settings, SETTINGS_NAMES)
     press(find(settings, "Do not include comments with auto-insert"))
     stored = os.path.join(os.environ["XDG_CONFIG_HOME"], "kevra", "kevra285.ini")
     wait_for("the option in the store", lambda: "ifcoms=no" in open(stored, encoding="utf-8").read())
@@ -123,7 +144,16 @@ def sets_an_option(sitting):
 def saves_what_was_typed(sitting):
     sitting.reader.activate("KEVRA")
     keys("ctrl+s")
-    wait_for("the saved file", lambda: sitting.read("page.htm") == PAGE + "typed")
+    wait_for("the saved file", lambda: sitting.read("page.htm") == PAGE + TYPED)
+
+
+def offers_the_recent_files(sitting):
+    sitting.write("other.txt", "other")
+    sitting.open("other.txt")
+    sitting.expect_text("other")
+    keys("alt+f", "r", "2")
+    sitting.answer("Save the current text?", "No")
+    sitting.expect_text(PAGE + TYPED)
 
 
 def asks_before_it_quits(sitting):
@@ -134,7 +164,7 @@ def asks_before_it_quits(sitting):
     keys("ctrl+q")
     sitting.answer("Save current text?", "No")
     assert sitting.process.wait(10) == 0, "the program's exit status"
-    assert sitting.read("page.htm") == PAGE + "typed"
+    assert sitting.read("page.htm") == PAGE + TYPED
 
 
 ROAD = (
@@ -142,9 +172,12 @@ ROAD = (
     names_every_control,
     opens_and_colours_a_page,
     types_into_it,
+    puts_a_snippet_in,
+    goes_to_a_line,
     keeps_pieces_in_the_pad,
     sets_an_option,
     saves_what_was_typed,
+    offers_the_recent_files,
     asks_before_it_quits,
 )
 

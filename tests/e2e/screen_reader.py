@@ -120,10 +120,13 @@ def press(thing):
         raise NotSeen(f"an action on '{thing.get_name()}'")
 
 
-def selection_of(thing):
-    """Start and end, in characters."""
-    found = Atspi.Text.get_selection(thing, 0)
-    return found.start_offset, found.end_offset
+def caret_of(thing):
+    """In characters."""
+    return Atspi.Text.get_caret_offset(thing)
+
+
+def is_focused(thing):
+    return has_state(thing, Atspi.StateType.FOCUSED)
 
 
 def colour_at(thing, offset):
