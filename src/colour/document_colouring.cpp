@@ -3,28 +3,10 @@
 
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
-
-#include <utility>
+#include "editor/programmatic_change.h"
 
 namespace kevra {
 namespace {
-
-/// Tells the change handlers that the program itself is at work.
-class ProgrammaticChange {
-public:
-    explicit ProgrammaticChange(DocumentState &state)
-        : m_state(state)
-        , m_before(std::exchange(state.programmaticChange, true))
-    {
-    }
-    ~ProgrammaticChange() { m_state.programmaticChange = m_before; }
-    ProgrammaticChange(const ProgrammaticChange &) = delete;
-    ProgrammaticChange &operator=(const ProgrammaticChange &) = delete;
-
-private:
-    DocumentState &m_state;
-    bool m_before;
-};
 
 void leaveAtTop(EditorSurface &document)
 {

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "checker/checker.h"
+
+#include "checker/block_counts.h"
+#include "checker/line_rules.h"
+#include "checker/object_rules.h"
+#include "colour/document_colouring.h"
+#include "editor/nearby.h"
+#include "editor/programmatic_change.h"
+
+#include <cstring>
+
+namespace kevra {
+namespace {
+
+/// Calls visit(line, number) for every line that a run checks: those with a carriage return that is not the
+/// text's last character. Stops when visit says so.
+template <typename Visit> void forEachCheckedLine(std::string_view text, Visit visit)
+{
+    const auto length = static_cast<Offset>(text.size());
+    Offset pos = 1; // counts from 1, as the rules' line starts do for the first line
+    for (Offset number = 1; pos < length; ++number) {
+        const auto at = text.find('\r', static_cast<std::size_t>(pos - 1));
+        if (at == std::string_view::npos || static_cast<Offset>(at) + 1 >= length)
+            return;
+        const auto end = static_cast<Offset>(at) + 1;
+        if (!visit(ScriptLine{pos, end}, number))
+            return;
+        pos = end + 1;
+    }
+}
+
+std::optional<Finding> firstLineFault(std::string_view text)
+{
+    std::optional<Finding> fault;
+    forEachCheckedLine(text, [&](ScriptLine line, Offset number) {
+        fault = CheckLine(text, line, number);
+        return !fault;
+    });
+    return fault;
+}
+
+} // namespace
+
+CheckResult check(std::string_view text, bool ifChecking)
+{
+    CheckResult result;
+    if (auto fault = firstLineFault(text)) {
+        result.verdict = fault->message;
+        // Only while text follows does the run come round to mark the line once more, one place further left.
+        result.recolourBeforeMark = fault->caret + 1 < static_cast<Offset>(text.size());
+        if (result.recolourBeforeMark)
+            --fault->caret;
+        result.fault = std::move(fault);
+        return result;
+    }
+    result.reachedBlocks = true;
+    if (const auto blocks = blockVerdicts(countBlocks(text), ifChecking); !blocks.empty()) {
+        result.verdict = blocks.front();
+        return result;
+    }
+    if (const auto references = CheckObjectReferences(text); !references.empty()) {
+        result.verdict = references.front().message;
+        result.fault = references.front();
+    }
+    return result;
+}
+
+std::vector<std::string> checkAll(std::string_view text, bool ifChecking)
+{
+    std::vector<std::string> findings;
+    forEachCheckedLine(text, [&](ScriptLine line, Offset number) {
+        if (const auto fault = CheckLine(text, line, number))
+            findings.push_back(fault->message);
+        return true;
+    });
+    for (auto &verdict : blockVerdicts(countBlocks(text), ifChecking))
+        findings.push_back(std::move(verdict));
+    for (auto &finding : CheckObjectReferences(text, true))
+        findings.push_back(std::move(finding.message));
+    return findings;
+}
+
+Checker::Checker(EditorSurface &document, DocumentState &state, MainView &view)
+    : m_document(document)
+    , m_state(state)
+    , m_view(view)
+{
+}
+
+void Checker::runDebugger()
+{
+    {
+        const BusySurface busy(m_document);
+        m_view.setInformation("Debugging. . .");
+        RunDebugger();
+    }
+    m_document.SetFocus();
+}
+
+void Checker::RunDebugger()
+{
+    const ProgrammaticChange guard(m_state);
+    const auto result = check(m_document.Text(), m_state.ifChecking);
+    if (result.reachedBlocks)
+        DocumentColouring(m_document, m_state).removeColours();
+    if (m_state.takesColour() && (result.reachedBlocks || result.recolourBeforeMark))
+        recolour();
+    m_view.setInformation(result.verdict);
+    if (result.fault)
+        mark(*result.fault);
+    else
+        m_document.SetSelStart(0);
+    m_view.levelLineNumbers();
+}
+
+void Checker::recolour()
+{
+    DocumentColouring colouring(m_document, m_state);
+    colouring.removeColours();
+    colouring.colourForTools();
+}
+
+void Checker::mark(const Finding &fault)
+{
+    const ColourRun red{fault.marked, colours::fault};
+    m_document.SetColours(fault.marked, {&red, 1});
+    m_document.SetSelStart(fault.caret);
+    m_document.SetSelColor(colours::black);
+}
+
+void Checker::checkFinishedLine(TextRange line)
+{
+    // The rules look one character behind the line and a few before it, never further.
+    constexpr Offset around = 8;
+    const auto base = std::max<Offset>(line.start - around, 0);
+    const auto text = m_document.Text({base, std::min(line.end + around, m_document.Length())});
+    const auto number = m_document.GetLineFromChar(line.start + 1) + 1;
+    auto fault = CheckLine(text, {line.start - base, line.end - base}, number);
+    if (!fault)
+        return;
+    fault->marked = {fault->marked.start + base, fault->marked.end + base};
+    fault->caret += base;
+    m_view.setInformation(fault->message);
+    mark(*fault);
+}
+
+} // namespace kevra

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editor/types.h"
+
+#include <string>
+
+namespace kevra {
+
+/// What a rule reports of a script: one line's fault.
+struct Finding {
+    std::string message; ///< with the line's number
+    Offset line = 0; ///< from 1
+    TextRange marked; ///< shown red
+    Offset caret = 0; ///< where the caret stands afterwards
+
+    friend bool operator==(const Finding &, const Finding &) = default;
+};
+
+} // namespace kevra

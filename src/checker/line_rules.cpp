@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "checker/line_rules.h"
+
+#include "colour/marks.h"
+#include "editor/words.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kevra {
+namespace {
+
+/// Only these odd counts are looked at: a line with eleven quotes passes.
+constexpr bool isOddCount(Offset quotes)
+{
+    return quotes % 2 == 1 && quotes <= 9;
+}
+
+/// Behind so many quotes a character is code; behind eight or more it counts as part of a literal.
+constexpr bool isOutsideLiteral(Offset quotes)
+{
+    return quotes % 2 == 0 && quotes <= 6;
+}
+
+enum class Mark : unsigned char { None, Quote, Apostrophe, Open, Close, Comma, Equal, LetterI, LetterT };
+
+constexpr auto marks = [] {
+    std::array<Mark, 256> all{};
+    all['"'] = Mark::Quote;
+    all['\''] = Mark::Apostrophe;
+    all['('] = Mark::Open;
+    all[')'] = Mark::Close;
+    all[','] = Mark::Comma;
+    all['='] = Mark::Equal;
+    all['i'] = all['I'] = Mark::LetterI;
+    all['t'] = all['T'] = Mark::LetterT;
+    return all;
+}();
+
+/// Where a word stands and how many quotes of the line stand before it.
+struct WordPlace {
+    Offset at = 0;
+    Offset quotes = 0;
+};
+
+/// All the rules ask of a line, gathered in one pass over it.
+class LineFacts {
+public:
+    LineFacts(std::string_view text, ScriptLine line)
+        : m_text(text)
+        , m_line(line)
+        , m_end(std::min(line.end + 1, static_cast<Offset>(text.size())))
+    {
+        for (auto at = line.start == 1 ? 0 : line.start; at < m_end && !m_ended; ++at)
+            take(at);
+    }
+
+    [[nodiscard]] bool quoteMissing() const { return isOddCount(m_allQuotes); }
+    [[nodiscard]] bool parenthesisMissing() const { return m_opening != m_closing; }
+    [[nodiscard]] bool commaSpacedWrong() const { return m_badComma; }
+    [[nodiscard]] bool equalSpacedWrong() const { return m_badEqual; }
+
+    [[nodiscard]] bool thenMissing() const
+    {
+        if (!m_if || isEndIf(m_if->at) || m_if->quotes > 0)
+            return false;
+        return !m_then || !isOutsideLiteral(m_then->quotes);
+    }
+
+private:
+    [[nodiscard]] char byte(Offset at) const
+    {
+        return at >= 0 && at < static_cast<Offset>(m_text.size()) ? m_text[static_cast<std::size_t>(at)]
+                                                                  : '\0';
+    }
+
+    void take(Offset at)
+    {
+        const auto mark = marks[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
+        if (mark == Mark::None)
+            return;
+        const bool counted = at >= m_line.start;
+        switch (mark) {
+        case Mark::Quote:
+            ++m_allQuotes;
+            m_quotes += counted;
+            break;
+        case Mark::Apostrophe:
+            m_ended = startsComment(at);
+            break;
+        case Mark::Open:
+            m_opening += counted;
+            break;
+        case Mark::Close:
+            ++m_closing;
+            break;
+        default:
+            if (counted)
+                takeCode(mark, at);
+        }
+    }
+
+    void takeCode(Mark mark, Offset at)
+    {
+        if (mark == Mark::Comma)
+            m_badComma
+                = m_badComma || (isOutsideLiteral(m_quotes) && (byte(at - 1) == ' ' || byte(at + 1) != ' '));
+        else if (mark == Mark::Equal)
+            takeEqual(at);
+        else if (mark == Mark::LetterI)
+            takeWord(m_if, "if", at);
+        else
+            takeWord(m_then, "then", at);
+    }
+
+    void takeEqual(Offset at)
+    {
+        // At the very start of the text there is nothing before it, and no further one is judged.
+        m_equalsEnded = m_equalsEnded || at == 0;
+        if (m_equalsEnded || !isOutsideLiteral(m_quotes))
+            return;
+        const char before = byte(at - 1);
+        const bool spaced
+            = byte(at + 1) == ' ' && (before == '\n' || before == '<' || before == '>' || before == ' ');
+        m_badEqual = m_badEqual || !spaced;
+    }
+
+    void takeWord(std::optional<WordPlace> &place, std::string_view word, Offset at)
+    {
+        const auto end = at + static_cast<Offset>(word.size());
+        if (place || end > m_end)
+            return;
+        const auto found = m_text.substr(static_cast<std::size_t>(at), word.size());
+        if (std::ranges::equal(found, word, {}, lowerAscii) && !wordBefore(m_text, at)
+            && !wordAt(m_text, end))
+            place = {at, m_quotes};
+    }
+
+    [[nodiscard]] bool startsComment(Offset at) const
+    {
+        return at + static_cast<Offset>(separatorComment.size()) <= m_line.end
+            && m_text.substr(static_cast<std::size_t>(at)).starts_with(separatorComment);
+    }
+
+    /// The "d" of "End" stands two characters before the "If", and not at the very start of the line.
+    [[nodiscard]] bool isEndIf(Offset at) const
+    {
+        const auto twoBack = characterBefore(m_text, characterBefore(m_text, at));
+        return twoBack > m_line.start && lowerAscii(byte(twoBack)) == 'd';
+    }
+
+    std::string_view m_text;
+    ScriptLine m_line;
+    Offset m_end;
+    bool m_ended = false;
+    Offset m_allQuotes = 0;
+    Offset m_quotes = 0; ///< from the line's start as it was given
+    Offset m_opening = 0;
+    Offset m_closing = 0;
+    bool m_badComma = false;
+    bool m_badEqual = false;
+    bool m_equalsEnded = false;
+    std::optional<WordPlace> m_if;
+    std::optional<WordPlace> m_then;
+};
+
+struct LineRule {
+    std::string_view message; ///< the line number is appended
+    bool (LineFacts::*broken)() const;
+};
+
+// The first rule broken is the one shown.
+constexpr std::array lineRules{
+    LineRule{"Quotation mark missing - Line ", &LineFacts::quoteMissing},
+    LineRule{"Parenthesis missing - Line ", &LineFacts::parenthesisMissing},
+    LineRule{"Spacing around comma is wrong - Line ", &LineFacts::commaSpacedWrong},
+    LineRule{"Wrong spacing at equal sign - Line ", &LineFacts::equalSpacedWrong},
+    LineRule{"IF without THEN - Line ", &LineFacts::thenMissing},
+};
+
+} // namespace
+
+std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber)
+{
+    const LineFacts facts(text, line);
+    const auto rule = std::ranges::find_if(lineRules, [&](const LineRule &r) { return (facts.*r.broken)(); });
+    if (rule == lineRules.end())
+        return std::nullopt;
+    const TextRange marked{line.start, std::min(line.end + 1, static_cast<Offset>(text.size()))};
+    return Finding{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
+}
+
+} // namespace kevra

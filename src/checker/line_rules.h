@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The rules that judge one line by its characters: quotation marks, parentheses, the spaces around commas and
+// equal signs, IF without THEN. What follows "'--" is no code.
+#pragma once
+
+#include "checker/finding.h"
+
+#include <optional>
+#include <string_view>
+
+namespace kevra {
+
+/// A line as the rules are given it. `start` is the line's first character, save that a run over a whole
+/// script gives 1 for the first line; what a rule counts from there leaves that line's first character out.
+/// `end` is the place right behind the carriage return, or the caret behind the line break just typed.
+struct ScriptLine {
+    Offset start = 0;
+    Offset end = 0;
+};
+
+/// The first rule the line breaks, or nothing. `lineNumber` counts from 1. Costs one pass over the line.
+[[nodiscard]] std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber);
+
+} // namespace kevra

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Methods and properties of the scripting objects that are written without an object before them.
+#pragma once
+
+#include "checker/finding.h"
+
+#include <string_view>
+#include <vector>
+
+namespace kevra {
+
+/// Every member without its object: first those of the FileSystemObject, then of the shell, then of text
+/// streams, drives and folders; among these by the order of the member lists, then by place. `all` false
+/// stops at the first one, which is the one a run reports.
+[[nodiscard]] std::vector<Finding> CheckObjectReferences(std::string_view text, bool all = false);
+
+} // namespace kevra
