@@ -66,18 +66,18 @@ CheckResult check(std::string_view text, bool ifChecking)
     return result;
 }
 
-std::vector<std::string> checkAll(std::string_view text, bool ifChecking)
+std::vector<Finding> checkAll(std::string_view text, bool ifChecking)
 {
-    std::vector<std::string> findings;
+    std::vector<Finding> findings;
     forEachCheckedLine(text, [&](ScriptLine line, Offset number) {
-        if (const auto fault = CheckLine(text, line, number))
-            findings.push_back(fault->message);
+        if (auto fault = CheckLine(text, line, number))
+            findings.push_back(std::move(*fault));
         return true;
     });
     for (auto &verdict : blockVerdicts(countBlocks(text), ifChecking))
-        findings.push_back(std::move(verdict));
+        findings.push_back({std::move(verdict), 0, {}, 0});
     for (auto &finding : CheckObjectReferences(text, true))
-        findings.push_back(std::move(finding.message));
+        findings.push_back(std::move(finding));
     return findings;
 }
 

@@ -26,8 +26,8 @@ struct CheckResult {
 /// Judges a script. Costs a few passes over the text whatever it holds.
 [[nodiscard]] CheckResult check(std::string_view text, bool ifChecking);
 
-/// Every finding: of all lines, then all kinds of blocks, then all object references.
-[[nodiscard]] std::vector<std::string> checkAll(std::string_view text, bool ifChecking);
+/// Every finding: of all lines, then all kinds of blocks, which have no line, then all object references.
+[[nodiscard]] std::vector<Finding> checkAll(std::string_view text, bool ifChecking);
 
 /// The checker at work on a document, with what it leaves on the screen.
 class Checker {

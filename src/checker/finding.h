@@ -10,7 +10,7 @@ namespace kevra {
 /// What a rule reports of a script: one line's fault.
 struct Finding {
     std::string message; ///< with the line's number
-    Offset line = 0; ///< from 1
+    Offset line = 0; ///< from 1; 0 when it is about the whole text
     TextRange marked; ///< shown red
     Offset caret = 0; ///< where the caret stands afterwards
 

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "checker/checker.h"
+
+#include "checker/block_counts.h"
+
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+TEST(Checker, GivesOneVerdict)
+{
+    struct {
+        const char *name;
+        std::string_view text;
+        std::string_view verdict;
+        bool ifChecking = true;
+    } const cases[] = {
+        {"nothing", "", "OK"},
+        {"one character", "x", "OK"},
+        {"one line without a break is not judged by the line rules", "x=1", "OK"},
+        {"nor is the last line", "a\r\nx=1", "OK"},
+        {"nor a line whose break ends the text", "x=1\r", "OK"},
+        {"one-line If", "If a Then b", "IF - 1   END IF - 0"},
+        {"one-line If, not asked for", "If a Then b", "OK", false},
+        {"Exit For counts", "For i = 1 To 3\r\nExit For\r\nNext\r\n", "FOR - 2   NEXT - 1"},
+        {"Exit Sub counts", "Sub x\r\nExit Sub\r\nEnd Sub\r\n", "SUB - 2   END SUB - 1"},
+        {"Resume Next does not", "On Error Resume Next", "OK"},
+        {"with two blanks it does", "On Error Resume  Next", "FOR - 0   NEXT - 1"},
+        {"behind two tabs it does not", "For i = 1 To 2\r\n\t\tNext\r\n", "FOR - 1   NEXT - 0"},
+        {"Exit Do does not", "Do\r\nExit Do\r\nLoop\r\n", "OK"},
+        {"but is taken away in a comment", "Do\r\n'-- Exit Do\r\nLoop\r\n", "DO - 0   LOOP - 1"},
+        {"a Next in a comment is not", "'-- Resume Next\r\n", "OK"},
+        {"words in literals do not count", "MsgBox \"for if do\"", "OK"},
+        {"before an open literal they count twice", "for \"x", "FOR - 2   NEXT - 0"},
+        {"open literal", "MsgBox \"Hello\r\n", "Quotation mark missing - Line 1"},
+        {"eleven quotes pass", "\"\"\"\"\"\"\"\"\"\"\"\r\n\r\n", "OK"},
+        {"comma in a literal", "x = Len(\"a,b\")\r\n", "OK"},
+        {"comma between literals", "x = f(\"a\",\"b\")\r\n", "Spacing around comma is wrong - Line 1"},
+        {"comma at the line's end", "a\r\nf(a,\r\n)\r\n", "Parenthesis missing - Line 2"},
+        {"marked comment", "'-- x=1,y\r\n", "OK"},
+        {"plain comment", "' x=1\r\n", "Wrong spacing at equal sign - Line 1"},
+        {"comparison", "If a <= b Then\r\nEnd If\r\n", "OK"},
+        {"If without Then", "a\r\nIf x = 1\r\n", "IF without THEN - Line 2"},
+        {"the first line's If is not seen", "If x = 1\r\nEnd If\r\n", "OK"},
+        {"End  If with two blanks", "If x Then\r\nEnd  If\r\n", "IF without THEN - Line 2"},
+        {"a quote before the if", "MsgBox \"if only\"\r\n", "OK"},
+        {"Then in a literal", "a\r\nIf s = \"then\" \r\n", "IF without THEN - Line 2"},
+        {"first character is a parenthesis", "(a) + (b)\r\nx\r\n", "Parenthesis missing - Line 1"},
+        {"first character is =", "= 1\r\n", "OK"},
+        {"a bare method", "y = \"FileSystemObject\"\r\nIf FileExists(f) Then\r\nEnd If\r\n",
+            "FileSystemObject required - Line 2"},
+        {"without the object's name nothing is asked", "x = FileExists(f)\r\n", "OK"},
+        {"a method in a literal", "y = \"FileSystemObject\"\r\nMsgBox \"use CopyFile here\"\r\n",
+            "FileSystemObject required - Line 2"},
+        {"shell", "y = \"WScript.Shell\"\r\nRegWrite \"x\", 1\r\n", "Shell Object required - Line 2"},
+        {"Run with a parenthesis is not searched for", "y = \"WScript.Shell\"\r\nRun(\"x\")\r\n", "OK"},
+        {"RegWrite is no Write", "y = \"WScript.Shell\"\r\nsh.RegWrite \"x\", 1\r\n", "OK"},
+        {"a name inside a name", "Enclosed = 1", "Textstream, Drive or Folder Object required - Line 1"},
+        {"a stream's name in a literal", "MsgBox \"Close\"", "OK"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_EQ(check(c.text, c.ifChecking).verdict, c.verdict);
+    }
+}
+
+TEST(Checker, ListsEveryFinding)
+{
+    std::vector<std::string> messages;
+    for (const auto &finding :
+        checkAll("x=1\r\ny=2\r\nFor\r\nIf a Then b\r\nClose\r\nts.Close\r\nSkip\r\n", true))
+        messages.push_back(finding.message);
+    EXPECT_EQ(messages,
+        (std::vector<std::string>{"Wrong spacing at equal sign - Line 1",
+            "Wrong spacing at equal sign - Line 2", "IF - 1   END IF - 0", "FOR - 1   NEXT - 0",
+            "Textstream, Drive or Folder Object required - Line 5",
+            "Textstream, Drive or Folder Object required - Line 7"}));
+}
+
+TEST(BlockCounts, StayBalancedBeyondSixteenBits)
+{
+    std::string text;
+    for (int i = 0; i < 40'000; ++i)
+        text += "If a Then\r\nEnd If\r\n";
+    EXPECT_EQ(check(text, true).verdict, "OK");
+}
+
+} // namespace
+} // namespace kevra
