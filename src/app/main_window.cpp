@@ -12,11 +12,12 @@
 #include "app/tool_bar_qt.h"
 #include "app/window_geometry_qt.h"
 #include "editor/editor_control_qt.h"
+#include "editor/words.h"
 
-#include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
+#include <QtGui/QWindow>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -31,7 +32,10 @@ constexpr const char *panelNames[] = {"Frame1", "Frame2", "frscript1", "frscript
 constexpr const char *sideNames[] = {"fr1", "frcol"};
 constexpr QSize firstSize(1024, 720);
 constexpr long textMargin = 4; ///< pixels left of the text
-constexpr std::chrono::milliseconds windowManagerDelay{400};
+constexpr std::chrono::milliseconds patienceTick{50};
+constexpr int patienceTicks = 8;
+constexpr std::chrono::milliseconds countDelay{100};
+constexpr Offset largeText = 256 * 1024; ///< bytes
 
 QString textOf(std::string_view text)
 {
@@ -103,9 +107,10 @@ void MainWindow::connectDocument()
     popUp(m_document);
     popUp(m_document->viewport());
     connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showCaretPlace);
-    connect(m_document, &EditorControl::changed, this, &MainWindow::showCaretPlace);
     connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showWhatCanBeDone);
-    connect(m_document, &EditorControl::changed, this, &MainWindow::showWhatCanBeDone);
+    connect(m_document, &EditorControl::changed, this, &MainWindow::textChanged);
+    m_countTimer.setSingleShot(true);
+    connect(&m_countTimer, &QTimer::timeout, this, &MainWindow::showCounts);
     connect(m_document, &EditorControl::savePointChanged, this, &MainWindow::refreshDocumentStatus);
 }
 
@@ -203,12 +208,25 @@ void MainWindow::showCaretPlace()
         return;
     const auto caret = m_document->Selection().end;
     const auto line = m_document->GetLineFromChar(caret);
-    const auto characters = [this](Offset from, Offset to) {
-        return m_document->SendScintilla(
-            QsciScintillaBase::SCI_COUNTCHARACTERS, static_cast<unsigned long>(from), static_cast<long>(to));
-    };
-    m_status->setCaret(line + 1, characters(m_document->lineRange(line).start, caret) + 1);
-    m_status->setCounts(characters(0, m_document->Length()), m_document->lineCount());
+    const auto before = m_document->Text({m_document->lineRange(line).start, caret});
+    m_status->setCaret(line + 1, characterCount(before) + 1);
+}
+
+void MainWindow::showCounts()
+{
+    if (m_status->showsPlaces())
+        m_status->setCounts(characterCount(m_document->Text()), m_document->lineCount());
+}
+
+void MainWindow::textChanged()
+{
+    showCaretPlace();
+    showWhatCanBeDone();
+    // Counting a large text at every key would be felt.
+    if (m_document->Length() < largeText)
+        showCounts();
+    else if (!m_countTimer.isActive())
+        m_countTimer.start(countDelay);
 }
 
 void MainWindow::setControlVisible(std::string_view control, bool visible)
@@ -216,6 +234,7 @@ void MainWindow::setControlVisible(std::string_view control, bool visible)
     if (auto *widget = m_inner->findChild<QWidget *>(textOf(control)))
         widget->setVisible(visible);
     showCaretPlace();
+    showCounts();
 }
 
 void MainWindow::setItemVisible(std::string_view item, bool visible)
@@ -274,10 +293,17 @@ void MainWindow::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
     // Where no window manager answers, a maximised window keeps its size; it is given the screen's then.
-    QTimer::singleShot(windowManagerDelay, this, [this, before = size()] {
-        if (isMaximized() && size() == before)
-            setGeometry(screen()->availableGeometry());
+    // Ticks are counted and not time, which may have passed over a large file without a look at the answer.
+    auto *clock = new QTimer(this);
+    connect(clock, &QTimer::timeout, this, [this, clock, before = size(), ticks = 0]() mutable {
+        if (!isMaximized() || size() != before)
+            return clock->deleteLater();
+        if (++ticks < patienceTicks)
+            return;
+        clock->deleteLater();
+        windowHandle()->setGeometry(screen()->availableGeometry()); // the widget itself stays maximised
     });
+    clock->start(patienceTick);
 }
 
 void MainWindow::placeNormal(const TwipRect &geometry)

@@ -8,6 +8,7 @@
 #include "editor/main_view.h"
 #include "settings/stored_settings.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
 
 #include <array>
@@ -81,7 +82,9 @@ protected:
 private:
     void createControls();
     void connectDocument();
+    void textChanged();
     void showCaretPlace();
+    void showCounts();
     void showWhatCanBeDone();
     [[nodiscard]] bool takesDrop(QEvent &event);
 
@@ -96,6 +99,7 @@ private:
     LineNumberColumn *m_column;
     std::function<QStringList()> m_statusSource;
     QList<QWidget *> m_titled;
+    QTimer m_countTimer;
     std::array<bool, 3> m_possible{true, true, true}; ///< undo, redo, and cut with copy
 };
 

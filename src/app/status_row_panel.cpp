@@ -33,7 +33,7 @@ private:
 
 StatusRow::StatusRow(QWidget *parent)
     : QFrame(parent)
-    , m_status(named<QLabel>("tstatus", this, "Document status"))
+    , m_status(named<QLabel>("tstatus", this))
 {
     setObjectName("frstatus");
     auto *row = new QHBoxLayout(this);
@@ -82,7 +82,7 @@ void StatusRow::setCounts(qint64 characters, qint64 lines)
 
 bool StatusRow::showsPlaces() const
 {
-    return m_line->isVisible();
+    return !m_line->isHidden();
 }
 
 } // namespace kevra
