@@ -44,6 +44,9 @@ PadWindow::PadWindow(
     , m_popUp(new QMenu("popup", this))
     , m_commands(*m_control, document, clipboard)
 {
+    // As a dialog it stays above the document's window, where pieces are dragged to and fro.
+    setWindowFlags(
+        Qt::Dialog | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     setObjectName("fpad");
     setWindowTitle("Clipping Pad");
     m_control->setObjectName("rt1");
