@@ -20,6 +20,7 @@ MAIN_WINDOW_NAMES = (
 SETTINGS_NAMES = (
     "Webpage temp folder", "Autosave interval", "Default font face", "Default font size", "Program path",
     "Menu text", "Popup menu when fso. is typed", "No popup menu", "Autosave on at startup")
+SCRIPT = 'If a = 1 Then\nMsgBox "text"\n'
 TYPED = "typed<P></P>"
 BLUE = "0,0,255"
 BLACK = "0,0,0"
@@ -61,9 +62,11 @@ class Sitting:
         wait_for(f"'{piece}' in {colour}", lambda: colour_at(
             self.document, text_of(self.document).index(piece)) == colour)
 
-    def open(self, name):
+    def open(self, name, leaving_unsaved=False):
         self.reader.activate("KEVRA")
         keys("ctrl+o")
+        if leaving_unsaved:
+            self.answer("Save the current text?", "No")
         dialog = self.reader.active_window("Open a File")
         enter(find(dialog, "File name:", "text"), self.path(name))
         press(find(dialog, "Open", "push button"))
@@ -156,6 +159,17 @@ def offers_the_recent_files(sitting):
     sitting.expect_text(PAGE + TYPED)
 
 
+def checks_a_script(sitting):
+    sitting.write("script.vbs", SCRIPT)
+    sitting.open("script.vbs", leaving_unsaved=True)
+    sitting.expect_text(SCRIPT)
+    sitting.expect_colour("If", BLUE)
+    sitting.expect_colour("text", BLACK)
+    keys("F8")
+    information = find(sitting.window, "Information", "text")
+    wait_for(f"a verdict, not {text_of(information)!r}", lambda: "END IF" in text_of(information).upper())
+
+
 def asks_before_it_quits(sitting):
     type_text("!")
     keys("ctrl+q")
@@ -164,7 +178,7 @@ def asks_before_it_quits(sitting):
     keys("ctrl+q")
     sitting.answer("Save current text?", "No")
     assert sitting.process.wait(10) == 0, "the program's exit status"
-    assert sitting.read("page.htm") == PAGE + TYPED
+    assert sitting.read("script.vbs") == SCRIPT
 
 
 ROAD = (
@@ -178,6 +192,7 @@ ROAD = (
     sets_an_option,
     saves_what_was_typed,
     offers_the_recent_files,
+    checks_a_script,
     asks_before_it_quits,
 )
 
