@@ -55,8 +55,9 @@ void LineNumberColumn::holdEnoughNumbers()
     const int needed = std::max(fewestNumbers, static_cast<int>(m_document.lineCount()));
     if (needed <= m_numbers && m_numbers < 4 * needed)
         return;
-    // Twice as many as needed, so that typing lines does not renew them every time.
-    m_numbers = needed == fewestNumbers ? needed : 2 * needed;
+    // More than needed, so that typing lines does not renew them every time; a large script must not pay for
+    // its numbers as for its text.
+    m_numbers = needed == fewestNumbers ? needed : needed + needed / 16 + fewestNumbers;
     clearGaps();
     m_column.LoadText(lineNumbers(m_numbers));
 }

@@ -16,6 +16,8 @@ using Sci = QsciScintillaBase;
 
 constexpr Offset slice = 1 << 20; ///< bytes painted at once while the rest of the text waits
 
+/// Bytes beyond a loaded text. Without them the first read, which puts an end mark behind it, would move it all.
+constexpr Offset roomForTyping = 64 * 1024;
 /// A text's tail longer than this is painted when it is looked at.
 constexpr Offset paintedLater = 256 * 1024;
 constexpr Offset paintedAhead
@@ -159,7 +161,7 @@ void EditorControl::LoadText(std::string_view text)
     send(SCI_SETREADONLY, 0);
     send(SCI_SETUNDOCOLLECTION, 0);
     send(SCI_CLEARALL);
-    send(SCI_ALLOCATE, std::ssize(text) + 1);
+    send(SCI_ALLOCATE, std::ssize(text) + roomForTyping);
     sendBytes(SCI_APPENDTEXT, std::ssize(text), text.data());
     send(SCI_SETUNDOCOLLECTION, 1);
     send(SCI_EMPTYUNDOBUFFER);
