@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/document_file.h"
 
+#include "files/charset.h"
 #include "files/sealed_record.h"
 
 namespace kevra {
@@ -77,7 +78,10 @@ DiskState DocumentFile::diskState() const
 void DocumentFile::adopt(std::string bytes, std::string_view text, const TextFormat &format,
     const std::string &path, std::optional<FileStamp> stamp)
 {
-    m_original = std::make_shared<const std::string>(std::move(bytes));
+    // Bytes that are the text itself come out of it again, edited or not; a large document need not be held
+    // twice for them.
+    const bool isText = format.lineEnds == LineEnds::CrLf && bytes == text && isAscii(bytes);
+    m_original = std::make_shared<const std::string>(isText ? std::string() : std::move(bytes));
     m_format = format;
     m_path = path;
     m_stamp = stamp;
@@ -87,13 +91,18 @@ void DocumentFile::adopt(std::string bytes, std::string_view text, const TextFor
     m_textFingerprint = fingerprint(text);
 }
 
+bool DocumentFile::isOriginal(std::string_view bytes) const
+{
+    return m_original->empty() ? !m_path.empty() && holds(bytes) : bytes == *m_original;
+}
+
 void DocumentFile::keepForeignContent(const std::string &path) const
 {
     const auto stamp = m_files.stamp(path);
     if (!stamp || (path == m_path && stamp == m_stamp))
         return;
     // A save goes on when nothing can be kept: the user asked for it.
-    if (const auto there = m_files.read(path); there && *there != *m_original)
+    if (const auto there = m_files.read(path); there && !isOriginal(*there))
         m_backups.keep(path, *there);
 }
 

@@ -63,10 +63,13 @@ public:
 private:
     void adopt(std::string bytes, std::string_view text, const TextFormat &format, const std::string &path,
         std::optional<FileStamp> stamp);
+    /// Whether these are the bytes that were last read or written.
+    [[nodiscard]] bool isOriginal(std::string_view bytes) const;
     void keepForeignContent(const std::string &path) const;
 
     FileStore &m_files;
     BackupStore &m_backups;
+    /// Empty when the text itself tells the bytes.
     std::shared_ptr<const std::string> m_original = std::make_shared<const std::string>();
     TextFormat m_format;
     std::string m_path; ///< last read or written; empty for new work
