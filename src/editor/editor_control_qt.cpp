@@ -16,7 +16,8 @@ using Sci = QsciScintillaBase;
 
 constexpr Offset slice = 1 << 20; ///< bytes painted at once while the rest of the text waits
 
-/// Bytes beyond a loaded text. Without them the first read, which puts an end mark behind it, would move it all.
+/// Bytes beyond a loaded text. Without them the first read, which puts an end mark behind it, would move it
+/// all.
 constexpr Offset roomForTyping = 64 * 1024;
 /// A text's tail longer than this is painted when it is looked at.
 constexpr Offset paintedLater = 256 * 1024;
