@@ -29,7 +29,7 @@ public:
         setObjectName(textOf(snippet.button));
         setText(textOf(snippet.caption));
         setFocusPolicy(Qt::TabFocus);
-        setToolTip(tip());
+        describe();
         setEnabled(snippet.insertion != Insertion::Command || hooks.isBound(snippet.button));
         setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
         connect(this, &QToolButton::clicked, this, [&snippet, chosen = hooks.chosen] { chosen(snippet); });
@@ -45,17 +45,18 @@ protected:
     bool event(QEvent *event) override
     {
         if (event->type() == QEvent::ToolTip)
-            setToolTip(tip()); // what is inserted follows a setting
+            describe(); // what is inserted follows a setting
         return QToolButton::event(event);
     }
 
 private:
-    [[nodiscard]] QString tip() const
+    void describe()
     {
-        const auto text = textOf(textToInsert(m_snippet, m_withComments()));
-        if (m_snippet.insertion == Insertion::Command)
-            return text;
-        return "<pre>" + text.toHtmlEscaped().remove('\r') + "</pre>";
+        const auto text = textOf(textToInsert(m_snippet, m_withComments())).remove('\r');
+        setToolTip(
+            m_snippet.insertion == Insertion::Command ? text : "<pre>" + text.toHtmlEscaped() + "</pre>");
+        // Spoken as it is inserted; the tooltip would be read out with its markup.
+        setAccessibleDescription(text);
     }
 
     const Snippet &m_snippet;
