@@ -3,6 +3,7 @@
 
 #include "colour/literals.h"
 #include "colour/marks.h"
+#include "editor/mark_scan.h"
 #include "editor/words.h"
 
 #include <algorithm>
@@ -66,6 +67,16 @@ bool followsBreakOrBlank(std::string_view text, Offset word)
     return byte == '\r' || byte == '\n' || byte == ' ';
 }
 
+/// The first two letters of each word.
+Truths mayStartWord(Lane bytes, Lane following)
+{
+    const auto first = lowered(bytes);
+    const auto second = lowered(following);
+    return (is(first, 'i') & is(second, 'f'))
+        | ((is(first, 'f') | is(first, 'd') | is(first, 'l')) & is(second, 'o'))
+        | (is(first, 'n') & is(second, 'e')) | (is(first, 's') & is(second, 'u'));
+}
+
 enum class Place { Code, Comment };
 
 class WordCounter {
@@ -79,14 +90,21 @@ public:
 
     Tally count()
     {
-        for (auto at = m_region.start; at < m_region.end; ++at) {
-            const auto candidate
-                = firstLetters[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
-            if (candidate && !(at > 0 && isAsciiWord(m_text[static_cast<std::size_t>(at - 1)])))
-                take(candidate - 1u, at);
-        }
+        const auto part = m_text.substr(
+            static_cast<std::size_t>(m_region.start), static_cast<std::size_t>(m_region.length()));
+        forEachMark(part, mayStartWord, [this](Offset at) { look(m_region.start + at); });
         return m_tally;
     }
+
+    /// Counts the word that starts there, if one does.
+    void look(Offset at)
+    {
+        const auto candidate = firstLetters[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
+        if (candidate && !(at > 0 && isAsciiWord(m_text[static_cast<std::size_t>(at - 1)])))
+            take(candidate - 1u, at);
+    }
+
+    [[nodiscard]] const Tally &tally() const { return m_tally; }
 
 private:
     void take(std::size_t first, Offset at)
@@ -123,6 +141,24 @@ constexpr std::int16_t wrapped(int value)
     return static_cast<std::int16_t>(value);
 }
 
+void add(const Tally &tally, BlockCounts &counts)
+{
+    for (std::size_t i = 0; i < tally.size(); ++i) {
+        auto &count = counts.*blockWords[i].count;
+        count = static_cast<std::int16_t>(count + tally[i]);
+    }
+}
+
+/// Takes away, never below zero.
+void take(const Tally &tally, BlockCounts &counts)
+{
+    for (std::size_t i = 0; i < tally.size(); ++i) {
+        auto &count = counts.*blockWords[i].count;
+        if (count > 0)
+            count = static_cast<std::int16_t>(std::max<Offset>(count - tally[i], 0));
+    }
+}
+
 std::string verdict(std::string_view opening, int openings, std::string_view closing, int closings)
 {
     return std::string(opening) + " - " + std::to_string(openings) + "   " + std::string(closing) + " - "
@@ -138,36 +174,50 @@ void ResetBlockCounts(BlockCounts &counts)
 
 void CountBlocks(std::string_view text, TextRange region, BlockCounts &counts)
 {
-    const auto tally = WordCounter(text, region, Place::Code).count();
-    for (std::size_t i = 0; i < tally.size(); ++i) {
-        auto &count = counts.*blockWords[i].count;
-        count = static_cast<std::int16_t>(count + tally[i]);
-    }
+    add(WordCounter(text, region, Place::Code).count(), counts);
 }
 
 void UncountCommentBlocks(std::string_view text, BlockCounts &counts)
 {
-    MarkSearch comments(text, separatorComment);
-    MarkSearch lineEnds(text, "\r");
     const auto length = static_cast<Offset>(text.size());
-    for (auto comment = comments.next(0); comment != -1;) {
-        const auto carriageReturn = lineEnds.next(comment);
-        const auto end = carriageReturn == -1 ? length : carriageReturn;
-        const auto tally = WordCounter(text, {comment, end}, Place::Comment).count();
-        for (std::size_t i = 0; i < tally.size(); ++i) {
-            auto &count = counts.*blockWords[i].count;
-            if (count > 0)
-                count = static_cast<std::int16_t>(std::max<Offset>(count - tally[i], 0));
-        }
-        comment = end + 1 < length ? comments.next(end + 1) : -1;
-    }
+    Offset passed = 0; // an earlier comment's line
+    forEachMark(
+        text, [](Lane bytes, Lane following) { return is(bytes, '\'') & is(following, '-'); },
+        [&](Offset at) {
+            const auto from = static_cast<std::size_t>(at);
+            if (at < passed || !text.substr(from).starts_with(separatorComment))
+                return;
+            const auto carriageReturn = text.find('\r', from);
+            const auto end
+                = carriageReturn == std::string_view::npos ? length : static_cast<Offset>(carriageReturn);
+            take(WordCounter(text, {at, end}, Place::Comment).count(), counts);
+            passed = end + 1;
+        });
 }
 
 BlockCounts countBlocks(std::string_view text)
 {
+    // One walk over the whole text, its literals left out, in place of one for each piece between them.
+    const auto length = static_cast<Offset>(text.size());
+    WordCounter counter(text, {0, length}, Place::Code);
+    bool literal = false;
+    Offset pieceStart = 0;
+    forEachMark(
+        text,
+        [](Lane bytes, Lane following) { return is(bytes, quoteMark) | mayStartWord(bytes, following); },
+        [&](Offset at) {
+            if (text[static_cast<std::size_t>(at)] == quoteMark) {
+                literal = !literal;
+                pieceStart = literal ? pieceStart : at + 1;
+            } else if (!literal) {
+                counter.look(at);
+            }
+        });
     BlockCounts counts;
-    forEachPiece(text, {0, static_cast<Offset>(text.size())},
-        [&](TextRange piece) { CountBlocks(text, piece, counts); });
+    add(counter.tally(), counts);
+    // A literal that is never closed is code, and the piece before it counts once more.
+    if (literal)
+        CountBlocks(text, {pieceStart, length}, counts);
     UncountCommentBlocks(text, counts);
     return counts;
 }

@@ -8,50 +8,18 @@
 #include "editor/nearby.h"
 #include "editor/programmatic_change.h"
 
-#include <cstring>
-
 namespace kevra {
-namespace {
-
-/// Calls visit(line, number) for every line that a run checks: those with a carriage return that is not the
-/// text's last character. Stops when visit says so.
-template <typename Visit> void forEachCheckedLine(std::string_view text, Visit visit)
-{
-    const auto length = static_cast<Offset>(text.size());
-    Offset pos = 1; // counts from 1, as the rules' line starts do for the first line
-    for (Offset number = 1; pos < length; ++number) {
-        const auto at = text.find('\r', static_cast<std::size_t>(pos - 1));
-        if (at == std::string_view::npos || static_cast<Offset>(at) + 1 >= length)
-            return;
-        const auto end = static_cast<Offset>(at) + 1;
-        if (!visit(ScriptLine{pos, end}, number))
-            return;
-        pos = end + 1;
-    }
-}
-
-std::optional<Finding> firstLineFault(std::string_view text)
-{
-    std::optional<Finding> fault;
-    forEachCheckedLine(text, [&](ScriptLine line, Offset number) {
-        fault = CheckLine(text, line, number);
-        return !fault;
-    });
-    return fault;
-}
-
-} // namespace
-
 CheckResult check(std::string_view text, bool ifChecking)
 {
     CheckResult result;
-    if (auto fault = firstLineFault(text)) {
+    if (auto faults = checkLines(text, Faults::First); !faults.empty()) {
+        auto *fault = &faults.front();
         result.verdict = fault->message;
         // Only while text follows does the run come round to mark the line once more, one place further left.
         result.recolourBeforeMark = fault->caret + 1 < static_cast<Offset>(text.size());
         if (result.recolourBeforeMark)
             --fault->caret;
-        result.fault = std::move(fault);
+        result.fault = std::move(*fault);
         return result;
     }
     result.reachedBlocks = true;
@@ -68,12 +36,7 @@ CheckResult check(std::string_view text, bool ifChecking)
 
 std::vector<Finding> checkAll(std::string_view text, bool ifChecking)
 {
-    std::vector<Finding> findings;
-    forEachCheckedLine(text, [&](ScriptLine line, Offset number) {
-        if (auto fault = CheckLine(text, line, number))
-            findings.push_back(std::move(*fault));
-        return true;
-    });
+    auto findings = checkLines(text, Faults::All);
     for (auto &verdict : blockVerdicts(countBlocks(text), ifChecking))
         findings.push_back({std::move(verdict), 0, {}, 0});
     for (auto &finding : CheckObjectReferences(text, true))

@@ -2,6 +2,7 @@
 #include "checker/line_rules.h"
 
 #include "colour/marks.h"
+#include "editor/mark_scan.h"
 #include "editor/words.h"
 
 #include <algorithm>
@@ -46,13 +47,39 @@ struct WordPlace {
 /// All the rules ask of a line, gathered in one pass over it.
 class LineFacts {
 public:
-    LineFacts(std::string_view text, ScriptLine line)
+    /// A line that ends at `end` at the latest; its bytes are handed to take() in order, those that are no
+    /// mark or all of them.
+    LineFacts(std::string_view text, Offset start, Offset end)
         : m_text(text)
-        , m_line(line)
-        , m_end(std::min(line.end + 1, static_cast<Offset>(text.size())))
+        , m_start(start)
+        , m_end(end)
     {
-        for (auto at = line.start == 1 ? 0 : line.start; at < m_end && !m_ended; ++at)
-            take(at);
+    }
+
+    void take(Offset at)
+    {
+        const auto mark = marks[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
+        if (mark == Mark::None || m_ended)
+            return;
+        const bool counted = at >= m_start;
+        switch (mark) {
+        case Mark::Quote:
+            ++m_allQuotes;
+            m_quotes += counted;
+            break;
+        case Mark::Apostrophe:
+            m_ended = startsComment(at);
+            break;
+        case Mark::Open:
+            m_opening += counted;
+            break;
+        case Mark::Close:
+            ++m_closing;
+            break;
+        default:
+            if (counted)
+                takeCode(mark, at);
+        }
     }
 
     [[nodiscard]] bool quoteMissing() const { return isOddCount(m_allQuotes); }
@@ -72,32 +99,6 @@ private:
     {
         return at >= 0 && at < static_cast<Offset>(m_text.size()) ? m_text[static_cast<std::size_t>(at)]
                                                                   : '\0';
-    }
-
-    void take(Offset at)
-    {
-        const auto mark = marks[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
-        if (mark == Mark::None)
-            return;
-        const bool counted = at >= m_line.start;
-        switch (mark) {
-        case Mark::Quote:
-            ++m_allQuotes;
-            m_quotes += counted;
-            break;
-        case Mark::Apostrophe:
-            m_ended = startsComment(at);
-            break;
-        case Mark::Open:
-            m_opening += counted;
-            break;
-        case Mark::Close:
-            ++m_closing;
-            break;
-        default:
-            if (counted)
-                takeCode(mark, at);
-        }
     }
 
     void takeCode(Mark mark, Offset at)
@@ -138,7 +139,8 @@ private:
 
     [[nodiscard]] bool startsComment(Offset at) const
     {
-        return at + static_cast<Offset>(separatorComment.size()) <= m_line.end
+        // The line's carriage return and what may follow it are no part of a comment's mark.
+        return at + static_cast<Offset>(separatorComment.size()) < m_end
             && m_text.substr(static_cast<std::size_t>(at)).starts_with(separatorComment);
     }
 
@@ -146,11 +148,11 @@ private:
     [[nodiscard]] bool isEndIf(Offset at) const
     {
         const auto twoBack = characterBefore(m_text, characterBefore(m_text, at));
-        return twoBack > m_line.start && lowerAscii(byte(twoBack)) == 'd';
+        return twoBack > m_start && lowerAscii(byte(twoBack)) == 'd';
     }
 
     std::string_view m_text;
-    ScriptLine m_line;
+    Offset m_start;
     Offset m_end;
     bool m_ended = false;
     Offset m_allQuotes = 0;
@@ -178,16 +180,90 @@ constexpr std::array lineRules{
     LineRule{"IF without THEN - Line ", &LineFacts::thenMissing},
 };
 
-} // namespace
-
-std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber)
+std::optional<Finding> faultOf(
+    const LineFacts &facts, std::string_view text, ScriptLine line, Offset lineNumber)
 {
-    const LineFacts facts(text, line);
     const auto rule = std::ranges::find_if(lineRules, [&](const LineRule &r) { return (facts.*r.broken)(); });
     if (rule == lineRules.end())
         return std::nullopt;
     const TextRange marked{line.start, std::min(line.end + 1, static_cast<Offset>(text.size()))};
     return Finding{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
+}
+
+Truths isMark(Lane bytes, Lane following)
+{
+    const auto letters = lowered(bytes);
+    const auto next = lowered(following);
+    return is(bytes, '"') | is(bytes, '\'') | is(bytes, '(') | is(bytes, ')') | is(bytes, ',')
+        | is(bytes, '=') | is(bytes, '\r') | (is(letters, 'i') & is(next, 'f'))
+        | (is(letters, 't') & is(next, 'h'));
+}
+
+/// Goes through a text from mark to mark and judges each line as its carriage return comes.
+class LineWalk {
+public:
+    LineWalk(std::string_view text, Faults wanted)
+        : m_text(text)
+        , m_wanted(wanted)
+        , m_length(static_cast<Offset>(text.size()))
+        , m_facts(text, m_start, m_length)
+    {
+    }
+
+    std::vector<Finding> run()
+    {
+        forEachMark(m_text, isMark, [this](Offset at) {
+            if (m_done)
+                return;
+            if (m_text[static_cast<std::size_t>(at)] == '\r')
+                endLine(at + 1);
+            else
+                m_facts.take(at);
+        });
+        return std::move(m_faults);
+    }
+
+private:
+    void endLine(Offset end)
+    {
+        // Also where no line is judged any more: the run ends at a carriage return that ends the text.
+        m_done = end >= m_length;
+        if (m_done)
+            return;
+        if (auto fault = faultOf(m_facts, m_text, {m_start, end}, m_number)) {
+            m_faults.push_back(std::move(*fault));
+            m_done = m_wanted == Faults::First;
+        }
+        m_start = end + 1;
+        m_done = m_done || m_start >= m_length;
+        ++m_number;
+        m_facts = LineFacts(m_text, m_start, m_length);
+    }
+
+    std::string_view m_text;
+    Faults m_wanted;
+    Offset m_length;
+    Offset m_start = 1; // the first line's start is given as 1
+    Offset m_number = 1;
+    bool m_done = false;
+    LineFacts m_facts;
+    std::vector<Finding> m_faults;
+};
+
+} // namespace
+
+std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber)
+{
+    const auto end = std::min(line.end + 1, static_cast<Offset>(text.size()));
+    LineFacts facts(text, line.start, end);
+    for (auto at = line.start == 1 ? 0 : line.start; at < end; ++at)
+        facts.take(at);
+    return faultOf(facts, text, line, lineNumber);
+}
+
+std::vector<Finding> checkLines(std::string_view text, Faults wanted)
+{
+    return LineWalk(text, wanted).run();
 }
 
 } // namespace kevra

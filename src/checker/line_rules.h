@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace kevra {
 
@@ -20,5 +21,10 @@ struct ScriptLine {
 
 /// The first rule the line breaks, or nothing. `lineNumber` counts from 1. Costs one pass over the line.
 [[nodiscard]] std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber);
+
+/// The same for every line that a run checks: those with a carriage return that is not the text's last
+/// character. Stops behind the first faulty line unless all are wanted.
+enum class Faults { First, All };
+[[nodiscard]] std::vector<Finding> checkLines(std::string_view text, Faults wanted);
 
 } // namespace kevra

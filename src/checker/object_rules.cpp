@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "checker/object_rules.h"
 
-#include "editor/find.h"
+#include "editor/mark_scan.h"
 #include "editor/words.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <utility>
 
 namespace kevra {
 namespace {
@@ -76,38 +76,110 @@ constexpr bool isInLiteral(Offset quotes)
     return quotes % 2 == 1 && quotes <= 7;
 }
 
-constexpr std::size_t pairSlot(char first, char second)
+/// The first two letters of each member, and of the texts that a section needs.
+Truths mayStartName(Lane bytes, Lane following)
 {
-    return static_cast<std::size_t>((first & 31) << 5 | (second & 31));
+    const auto first = lowered(bytes);
+    const auto second = lowered(following);
+    const auto i = is(second, 'i');
+    const auto o = is(second, 'o');
+    const auto e = is(second, 'e');
+    const auto r = is(second, 'r');
+    const auto u = is(second, 'u');
+    return (is(first, 'f') & (i | o | r)) | (is(first, 'd') & (e | r)) | (is(first, 'm') & o)
+        | (is(first, 'c') & (o | r | is(second, 'l'))) | (is(first, 'o') & is(second, 'p'))
+        | (is(first, 'g') & e) | (is(first, 'r') & (e | u)) | (is(first, 'a') & is(second, 't'))
+        | (is(first, 's') & (is(second, 'k') | u)) | (is(first, 'w') & (r | is(second, 's')));
 }
 
-/// For two letters, whatever their case, whether a member may start with them.
-constexpr auto memberStarts = [] {
-    std::array<bool, 1024> all{};
-    for (const auto &member : members)
-        all[pairSlot(member.name[0], member.name[1])] = true;
+constexpr std::size_t startLength = 3;
+
+/// A number for the first three letters, whatever their case.
+constexpr std::size_t startSlot(std::string_view name)
+{
+    return static_cast<std::size_t>((name[0] & 31) << 10 | (name[1] & 31) << 5 | (name[2] & 31));
+}
+
+constexpr auto memberSlots = [] {
+    std::array<std::size_t, members.size()> all{};
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = startSlot(members[i].name);
     return all;
 }();
 
-/// One pass over the text that knows, at every place, what stands before it on its line.
+/// For three letters, whether a name may start with them.
+constexpr auto nameStarts = [] {
+    std::array<bool, 1u << 15> all{};
+    for (const auto &member : members)
+        all[startSlot(member.name)] = true;
+    for (const auto &rule : sectionRules) {
+        if (!rule.needs.empty())
+            all[startSlot(rule.needs)] = true;
+    }
+    return all;
+}();
+
+/// What stands on a line before a place. Places are asked for in order; each byte is looked at once at most.
+class LineBefore {
+public:
+    explicit LineBefore(std::string_view text)
+        : m_text(text)
+    {
+    }
+
+    void moveTo(std::size_t at)
+    {
+        const auto passed = m_text.substr(m_at, at - m_at);
+        const auto feed = passed.rfind('\n');
+        if (feed != std::string_view::npos) {
+            m_number += std::ranges::count(passed, '\n');
+            m_start = m_at + feed + 1;
+            m_quotes = 0;
+            m_apostrophe = false;
+        }
+        const auto onLine = m_text.substr(std::max(m_start, m_at), at - std::max(m_start, m_at));
+        m_quotes += std::ranges::count(onLine, '"');
+        m_apostrophe = m_apostrophe || onLine.find('\'') != std::string_view::npos;
+        m_at = at;
+    }
+
+    [[nodiscard]] Offset start() const { return static_cast<Offset>(m_start); }
+    [[nodiscard]] Offset number() const { return m_number; } ///< from 1
+    [[nodiscard]] Offset quotes() const { return m_quotes; }
+    [[nodiscard]] bool hasApostrophe() const { return m_apostrophe; }
+
+private:
+    std::string_view m_text;
+    std::size_t m_at = 0;
+    std::size_t m_start = 0;
+    Offset m_number = 1;
+    Offset m_quotes = 0;
+    bool m_apostrophe = false;
+};
+
 class ObjectScan {
 public:
     ObjectScan(std::string_view text, bool all)
         : m_text(text)
         , m_all(all)
+        , m_line(text)
     {
-        const TextRange whole{0, static_cast<Offset>(text.size())};
         for (std::size_t i = 0; i < sectionRules.size(); ++i)
-            m_active[i] = sectionRules[i].needs.empty() || find(text, sectionRules[i].needs, whole);
+            m_active[i] = sectionRules[i].needs.empty();
     }
 
     std::vector<Finding> run()
     {
-        for (std::size_t at = 0; at < m_text.size(); ++at)
-            take(at);
+        forEachMark(m_text, mayStartName, [this](Offset at) {
+            const auto start = m_text.substr(static_cast<std::size_t>(at), startLength);
+            if (start.size() == startLength && nameStarts[startSlot(start)])
+                look(static_cast<std::size_t>(at), startSlot(start));
+        });
         std::vector<Finding> findings;
         for (const auto &places : m_found) {
             for (const auto &place : places) {
+                if (!m_active[static_cast<std::size_t>(members[place.member].section)])
+                    continue;
                 findings.push_back(finding(place));
                 if (!m_all)
                     return findings;
@@ -124,33 +196,17 @@ private:
         Offset line = 0;
     };
 
-    void take(std::size_t at)
+    void look(std::size_t at, std::size_t slot)
     {
-        const char byte = m_text[at];
-        if (byte == '\n') {
-            m_lineStart = static_cast<Offset>(at) + 1;
-            ++m_line;
-            m_quotes = 0;
-            m_apostrophe = false;
-        } else if (byte == '"') {
-            ++m_quotes;
-        } else if (byte == '\'') {
-            m_apostrophe = true;
-        } else if (at + 1 < m_text.size() && memberStarts[pairSlot(byte, m_text[at + 1])]) {
-            takeMembers(at);
-        }
-    }
-
-    void takeMembers(std::size_t at)
-    {
-        const bool hasObject = at > 0 && m_text[at - 1] == '.';
-        if (hasObject || m_apostrophe)
+        for (std::size_t i = 0; i < sectionRules.size(); ++i)
+            m_active[i]
+                = m_active[i] || (!sectionRules[i].needs.empty() && matches(at, sectionRules[i].needs));
+        if (at > 0 && m_text[at - 1] == '.')
             return;
         for (std::size_t i = 0; i < members.size(); ++i) {
-            const bool wanted
-                = m_active[static_cast<std::size_t>(members[i].section)] && (m_all || m_found[i].empty());
+            const bool wanted = memberSlots[i] == slot && (m_all || m_found[i].empty());
             if (wanted && matches(at, members[i].name) && lacksObject(members[i], at))
-                m_found[i].push_back({i, static_cast<Offset>(at), m_lineStart, m_line});
+                m_found[i].push_back({i, static_cast<Offset>(at), m_line.start(), m_line.number()});
         }
     }
 
@@ -160,21 +216,27 @@ private:
     }
 
     // The file system's and the shell's names are looked for in literals as well.
-    [[nodiscard]] bool lacksObject(const Member &member, std::size_t at) const
+    [[nodiscard]] bool lacksObject(const Member &member, std::size_t at)
     {
+        m_line.moveTo(at);
+        if (m_line.hasApostrophe())
+            return false;
         if (member.section != Section::Streams)
             return true;
         const bool ofTheShell = member.name == "Write " && at >= 3 && matches(at - 3, "Reg");
-        return !ofTheShell && !isInLiteral(m_quotes);
+        return !ofTheShell && !isInLiteral(m_line.quotes());
     }
 
-    [[nodiscard]] Finding finding(const Found &place) const
+    [[nodiscard]] Finding finding(const Found &place)
     {
         const auto length = static_cast<Offset>(m_text.size());
-        const auto searchFrom = static_cast<std::size_t>(std::max<Offset>(place.at - 1, 0));
-        const auto carriageReturn = m_text.find('\r', searchFrom);
-        const auto lineEnd
-            = carriageReturn == std::string_view::npos ? length : static_cast<Offset>(carriageReturn) + 1;
+        if (place.lineStart != m_endOfLine.first) {
+            const auto carriageReturn
+                = m_text.find('\r', static_cast<std::size_t>(std::max<Offset>(place.at - 1, 0)));
+            m_endOfLine = {place.lineStart,
+                carriageReturn == std::string_view::npos ? length : static_cast<Offset>(carriageReturn) + 1};
+        }
+        const auto lineEnd = m_endOfLine.second;
         const auto &rule = sectionRules[static_cast<std::size_t>(members[place.member].section)];
         return {std::string(rule.message) + std::to_string(place.line), place.line,
             {place.lineStart, std::min(lineEnd + 1, length)}, lineEnd - 1};
@@ -184,10 +246,8 @@ private:
     bool m_all;
     std::array<bool, sectionRules.size()> m_active{};
     std::array<std::vector<Found>, members.size()> m_found;
-    Offset m_lineStart = 0;
-    Offset m_line = 1;
-    Offset m_quotes = 0;
-    bool m_apostrophe = false;
+    LineBefore m_line;
+    std::pair<Offset, Offset> m_endOfLine{-1, 0}; ///< a line's start, and its end
 };
 
 } // namespace
