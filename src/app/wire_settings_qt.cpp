@@ -38,7 +38,7 @@ private:
 
     Application &m_app;
     DocumentColouring m_colouring;
-    QtProcessStart m_processes;
+    ProcessStartQt m_processes;
     ExternalProgram m_program;
     SettingsCommands m_commands;
     SettingsDialog *m_dialog = nullptr; ///< the application owns it

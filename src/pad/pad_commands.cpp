@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pad/pad_commands.h"
 
+#include "editor/flag_guard.h"
+
 namespace kevra {
 namespace {
 
@@ -10,21 +12,6 @@ std::string_view withoutFinalBreak(std::string_view text)
 {
     return text.ends_with(lineBreak) ? text.substr(0, text.size() - lineBreak.size()) : text;
 }
-
-class OwnChange {
-public:
-    explicit OwnChange(bool &flag)
-        : m_flag(flag)
-    {
-        m_flag = true;
-    }
-    ~OwnChange() { m_flag = false; }
-    OwnChange(const OwnChange &) = delete;
-    OwnChange &operator=(const OwnChange &) = delete;
-
-private:
-    bool &m_flag;
-};
 
 } // namespace
 
@@ -131,7 +118,7 @@ void PadCommands::textChanged(Offset position, Offset removed, Offset added)
 
 void PadCommands::replace(TextRange range, std::string_view text)
 {
-    const OwnChange own(m_replacing);
+    const FlagGuard own(m_replacing);
     m_pad.Replace(range, text);
 }
 

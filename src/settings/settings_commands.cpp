@@ -30,66 +30,66 @@ void SettingsCommands::setOption(Option option, bool on)
     const auto &group = groupOf(option);
     if (option == Option::Autosave && on && refuseAutosave())
         return;
-    writeSetting(m.store, group.key, on ? "yes" : "no");
+    writeSetting(m_parts.store, group.key, on ? "yes" : "no");
     if (group.flag)
-        m.document.*group.flag = on;
-    m.options.*group.lampOn = on;
+        m_parts.document.*group.flag = on;
+    m_parts.options.*group.lampOn = on;
     if (group.show)
-        (m.views.tools().*group.show)(on);
+        (m_parts.views.tools().*group.show)(on);
 
     if (option == Option::Autosave)
         runAutosave(on);
     else if (option == Option::LineDebug)
-        m.document.lineDebugPreferred = on;
+        m_parts.document.lineDebugPreferred = on;
     else if (option == Option::ColourCoding)
         switchColours(on);
 }
 
 bool SettingsCommands::refuseAutosave()
 {
-    if (m.application.autosaveMinutes > 0)
+    if (m_parts.application.autosaveMinutes > 0)
         return false;
-    m.messages.inform(
+    m_parts.messages.inform(
         "The time interval for Autosave must be set above zero before default Autosave can be set.");
     return true;
 }
 
 void SettingsCommands::runAutosave(bool on)
 {
-    m.application.autosaveOn = on;
+    m_parts.application.autosaveOn = on;
     if (on)
-        m.views.autosaveTimer().start(m.application.autosaveMinutes);
+        m_parts.views.autosaveTimer().start(m_parts.application.autosaveMinutes);
     else
-        m.views.autosaveTimer().stop();
-    m.views.tools().showAutosave(on);
+        m_parts.views.autosaveTimer().stop();
+    m_parts.views.tools().showAutosave(on);
 }
 
 void SettingsCommands::toggleAutosave()
 {
-    const bool on = !m.application.autosaveOn;
+    const bool on = !m_parts.application.autosaveOn;
     if (!on || !refuseAutosave())
         runAutosave(on);
 }
 
 void SettingsCommands::toggleFsoMenu()
 {
-    setOption(Option::FsoMenu, !m.document.fsoMenu);
+    setOption(Option::FsoMenu, !m_parts.document.fsoMenu);
 }
 
 void SettingsCommands::switchColours(bool on)
 {
-    if (m.text.Length() == 0)
+    if (m_parts.text.Length() == 0)
         return;
     if (on)
         colourDocument();
     else
-        m.effects.removeColours();
+        m_parts.effects.removeColours();
 }
 
 void SettingsCommands::colourDocument()
 {
-    const BusySurface busy(m.text);
-    m.effects.colourForTools();
+    const BusySurface busy(m_parts.text);
+    m_parts.effects.colourForTools();
 }
 
 void SettingsCommands::setTempFolder(const std::string &folder)
@@ -97,40 +97,40 @@ void SettingsCommands::setTempFolder(const std::string &folder)
     if (folder.empty())
         return;
     const std::string path(withoutTrailingSeparator(folder));
-    if (!m.files.folderExists(path))
-        return m.messages.stop("The path is wrong. There's no such folder.");
-    writeSetting(m.store, keys::tempFolder, path);
-    m.application.tempFolder = path;
+    if (!m_parts.files.folderExists(path))
+        return m_parts.messages.stop("The path is wrong. There's no such folder.");
+    writeSetting(m_parts.store, keys::tempFolder, path);
+    m_parts.application.tempFolder = path;
 }
 
 void SettingsCommands::setInterval(const std::string &minutes)
 {
-    writeSetting(m.store, keys::autosaveMinutes, minutes);
-    m.application.autosaveMinutes = m.options.autosaveMinutes = wholeMinutes(minutes);
+    writeSetting(m_parts.store, keys::autosaveMinutes, minutes);
+    m_parts.application.autosaveMinutes = m_parts.options.autosaveMinutes = wholeMinutes(minutes);
     // The running timer takes the new period; without one it has nothing to run by.
-    if (m.application.autosaveOn)
-        runAutosave(m.application.autosaveMinutes > 0);
+    if (m_parts.application.autosaveOn)
+        runAutosave(m_parts.application.autosaveMinutes > 0);
 }
 
 void SettingsCommands::setFontFace(const std::string &face)
 {
-    writeSetting(m.store, keys::fontFace, face);
-    m.document.fontFace = m.options.fontFace = face;
-    m.views.fonts().selectFace(chosenFace(face).position);
-    m.application.fontFaceChanged = true;
+    writeSetting(m_parts.store, keys::fontFace, face);
+    m_parts.document.fontFace = m_parts.options.fontFace = face;
+    m_parts.views.fonts().selectFace(chosenFace(face).position);
+    m_parts.application.fontFaceChanged = true;
 }
 
 void SettingsCommands::setFontSize(const std::string &size)
 {
-    writeSetting(m.store, keys::fontSize, size);
-    m.document.fontSize = m.options.fontSize = size;
-    m.views.fonts().selectSize(chosenSize(size).position);
-    m.application.fontFaceChanged = true;
+    writeSetting(m_parts.store, keys::fontSize, size);
+    m_parts.document.fontSize = m_parts.options.fontSize = size;
+    m_parts.views.fonts().selectSize(chosenSize(size).position);
+    m_parts.application.fontFaceChanged = true;
 }
 
 void SettingsCommands::chooseColour()
 {
-    const auto colour = m.colourDialog.choose(shownColour());
+    const auto colour = m_parts.colourDialog.choose(shownColour());
     // Black counts as nothing chosen; the colour it was opened with is what a cancelled dialog answers.
     if (colour != colours::black && colour != shownColour())
         m_chosenColour = colour;
@@ -140,31 +140,32 @@ void SettingsCommands::applyColour()
 {
     if (!m_chosenColour)
         return;
-    m.document.codeColour = *m_chosenColour;
+    m_parts.document.codeColour = *m_chosenColour;
     m_chosenColour.reset();
-    writeSetting(m.store, keys::codeColour, std::to_string(m.document.codeColour.value));
-    if (m.document.takesColour() && m.text.Length() > 0)
+    writeSetting(m_parts.store, keys::codeColour, std::to_string(m_parts.document.codeColour.value));
+    if (m_parts.document.takesColour() && m_parts.text.Length() > 0)
         colourDocument();
 }
 
 Colour SettingsCommands::shownColour() const
 {
-    return m_chosenColour.value_or(m.document.codeColour);
+    return m_chosenColour.value_or(m_parts.document.codeColour);
 }
 
 std::optional<std::string> SettingsCommands::browseProgram()
 {
-    auto path = m.fileDialogs.openFile({"Program For EXE Menu", {{"Programs", "*.exe"}, {"All Files", "*"}}});
-    return path && m.program.isProgram(*path) ? path : std::nullopt;
+    auto path
+        = m_parts.fileDialogs.openFile({"Program For EXE Menu", {{"Programs", "*.exe"}, {"All Files", "*"}}});
+    return path && m_parts.program.isProgram(*path) ? path : std::nullopt;
 }
 
 void SettingsCommands::dialogClosed()
 {
     m_chosenColour.reset();
-    if (!m.application.fontFaceChanged)
+    if (!m_parts.application.fontFaceChanged)
         return;
-    m.application.fontFaceChanged = false;
-    m.effects.reapplyFont();
+    m_parts.application.fontFaceChanged = false;
+    m_parts.effects.reapplyFont();
 }
 
 } // namespace kevra

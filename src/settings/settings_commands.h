@@ -44,7 +44,7 @@ struct SettingsParts {
 class SettingsCommands {
 public:
     explicit SettingsCommands(const SettingsParts &parts)
-        : m(parts)
+        : m_parts(parts)
     {
     }
 
@@ -68,12 +68,12 @@ public:
 
     /// The program the user picked, when it is one.
     [[nodiscard]] std::optional<std::string> browseProgram();
-    [[nodiscard]] ExternalProgram &program() { return m.program; }
+    [[nodiscard]] ExternalProgram &program() { return m_parts.program; }
 
     void dialogClosed();
 
-    [[nodiscard]] const OptionsShown &options() const { return m.options; }
-    [[nodiscard]] const ApplicationState &application() const { return m.application; }
+    [[nodiscard]] const OptionsShown &options() const { return m_parts.options; }
+    [[nodiscard]] const ApplicationState &application() const { return m_parts.application; }
 
 private:
     void runAutosave(bool on);
@@ -81,7 +81,7 @@ private:
     void colourDocument();
     [[nodiscard]] bool refuseAutosave();
 
-    SettingsParts m;
+    SettingsParts m_parts;
     std::optional<Colour> m_chosenColour;
 };
 

@@ -25,36 +25,38 @@ std::string programMenuCaption(std::string_view text)
 bool ExternalProgram::isProgram(const std::string &path) const
 {
     const auto type = extension(path);
-    return equalIgnoringCase(type, "exe") || (type.empty() && m.processes.runsWithoutExtension(path));
+    return equalIgnoringCase(type, "exe") || (type.empty() && m_parts.processes.runsWithoutExtension(path));
 }
 
 void ExternalProgram::RunExternalProgram()
 {
-    if (equalIgnoringCase(m.state.programPath, noProgram))
-        return m.messages.inform("There is no program set to run. Go to Options > Settings to choose one.");
-    if (!m.processes.start(m.state.programPath))
-        m.messages.inform("Failure opening the specified program. Check to make sure it hasn't been moved.");
+    if (equalIgnoringCase(m_parts.state.programPath, noProgram))
+        return m_parts.messages.inform(
+            "There is no program set to run. Go to Options > Settings to choose one.");
+    if (!m_parts.processes.start(m_parts.state.programPath))
+        m_parts.messages.inform(
+            "Failure opening the specified program. Check to make sure it hasn't been moved.");
 }
 
 void ExternalProgram::SetExternalProgram(const std::string &path)
 {
     if (path.empty())
         return;
-    if (!m.files.fileExists(path))
-        return m.messages.inform("The file doesn't exist or the path is wrong.");
+    if (!m_parts.files.fileExists(path))
+        return m_parts.messages.inform("The file doesn't exist or the path is wrong.");
     if (!isProgram(path))
-        return m.messages.inform("That file is not an executable program.");
-    writeSetting(m.settings, keys::programPath, path);
-    m.state.programPath = path;
+        return m_parts.messages.inform("That file is not an executable program.");
+    writeSetting(m_parts.settings, keys::programPath, path);
+    m_parts.state.programPath = path;
 }
 
 void ExternalProgram::RemoveExternalProgram()
 {
-    writeSetting(m.settings, keys::programPath, noProgram);
-    writeSetting(m.settings, keys::programMenu, defaultMenuText);
-    m.state.programPath = noProgram;
-    m.state.programMenuText = defaultMenuText;
-    m.tools.showProgramMenu(defaultMenuText);
+    writeSetting(m_parts.settings, keys::programPath, noProgram);
+    writeSetting(m_parts.settings, keys::programMenu, defaultMenuText);
+    m_parts.state.programPath = noProgram;
+    m_parts.state.programMenuText = defaultMenuText;
+    m_parts.tools.showProgramMenu(defaultMenuText);
 }
 
 void ExternalProgram::SetExternalMenuText(const std::string &text)
@@ -62,10 +64,10 @@ void ExternalProgram::SetExternalMenuText(const std::string &text)
     if (text.empty())
         return;
     if (characterCount(text) > longestMenuText)
-        return m.messages.inform("Maximum 8 letters.");
-    writeSetting(m.settings, keys::programMenu, text);
-    m.state.programMenuText = text;
-    m.tools.showProgramMenu(text);
+        return m_parts.messages.inform("Maximum 8 letters.");
+    writeSetting(m_parts.settings, keys::programMenu, text);
+    m_parts.state.programMenuText = text;
+    m_parts.tools.showProgramMenu(text);
 }
 
 } // namespace kevra

@@ -32,7 +32,7 @@ struct ExternalProgramParts {
 class ExternalProgram {
 public:
     explicit ExternalProgram(const ExternalProgramParts &parts)
-        : m(parts)
+        : m_parts(parts)
     {
     }
 
@@ -46,7 +46,7 @@ public:
     [[nodiscard]] bool isProgram(const std::string &path) const;
 
 private:
-    ExternalProgramParts m;
+    ExternalProgramParts m_parts;
 };
 
 } // namespace kevra

@@ -46,7 +46,7 @@ QString fileName(const std::string &path)
 
 } // namespace
 
-bool QtProcessStart::start(const std::string &path)
+bool ProcessStartQt::start(const std::string &path)
 {
     QProcess process;
     // Absolute, because a bare name would be looked for in the folders of PATH.
@@ -64,7 +64,7 @@ bool QtProcessStart::start(const std::string &path)
 #endif
 }
 
-bool QtProcessStart::runsWithoutExtension(const std::string &path) const
+bool ProcessStartQt::runsWithoutExtension(const std::string &path) const
 {
 #ifdef Q_OS_WIN
     static_cast<void>(path);

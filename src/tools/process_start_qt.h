@@ -5,7 +5,7 @@
 
 namespace kevra {
 
-class QtProcessStart : public ProcessStart {
+class ProcessStartQt : public ProcessStart {
 public:
     [[nodiscard]] bool start(const std::string &path) override;
     [[nodiscard]] bool runsWithoutExtension(const std::string &path) const override;

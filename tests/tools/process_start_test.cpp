@@ -35,7 +35,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QtProcessStart start;
+    ProcessStartQt start;
 };
 
 TEST_F(ProcessStartTest, TheProgramIsOnItsOwnAndHoldsNoFileOfOurs)
