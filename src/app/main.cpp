@@ -28,7 +28,7 @@ int main(int argc, char **argv)
 {
     QApplication::setApplicationName("kevra");
     QApplication::setApplicationDisplayName("");
-    QApplication::setDesktopFileName("kevra");
+    QApplication::setDesktopFileName("org.kevra.editor");
     QApplication application(argc, argv);
     QApplication::setWindowIcon(kevra::svgIcon("kevra"));
     // The main window is hidden while a page is looked at; only the quit path ends the program.
