@@ -2,6 +2,7 @@
 """A desktop of its own for one test: message bus, display, window manager, home folder."""
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -17,6 +18,13 @@ def on_private_bus():
         os.execvp("dbus-run-session", ["dbus-run-session", "--", sys.executable, *sys.argv])
 
 
+LONGEST = 55  # seconds; before the test runner's own limit, which would leave the display behind
+
+
+def _too_long(*_):
+    raise TimeoutError(f"not done after {LONGEST} seconds")
+
+
 class Desktop:
     """The display and what runs on it; everything started here is ended on leaving."""
 
@@ -26,6 +34,8 @@ class Desktop:
         self.home = tempfile.mkdtemp(prefix="kevra-e2e-")
 
     def __enter__(self):
+        signal.signal(signal.SIGALRM, _too_long)
+        signal.alarm(LONGEST)
         try:
             self._open_display()
             self._set_environment()
@@ -36,6 +46,7 @@ class Desktop:
         return self
 
     def __exit__(self, *_):
+        signal.alarm(0)
         for process in reversed(self._started):
             process.terminate()
             try:
