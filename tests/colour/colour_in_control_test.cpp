@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Colours under real keys and edits, in the control itself.
+#include "colour/fso_popup_qt.h"
+#include "colour/keyword_pass.h"
+#include "colour/marks_of.h"
+#include "colour/tag_pass.h"
+#include "colour/typing_colouring.h"
+#include "editor/editor_control_qt.h"
+#include "editor/memory_surface.h"
+#include "fakes/views.h"
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QMenu>
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace kevra {
+namespace {
+
+struct Desk {
+    Desk()
+        : typing(document, state, view, [](TextRange) {})
+    {
+        document.setTypingHandler(&typing);
+        document.resize(600, 400);
+        document.show();
+        document.setFocus();
+        QApplication::setActiveWindow(&document);
+        QCoreApplication::processEvents();
+    }
+
+    std::string wholePass() const
+    {
+        MemorySurface whole(document.Text());
+        whole.SetColours({0, whole.Length()},
+            state.scriptTools ? scriptRuns(whole.Text(), state.codeColour)
+                              : tagRuns(whole.Text(), state.codeColour));
+        return marksOf(whole);
+    }
+
+    EditorControl document;
+    DocumentState state;
+    FakeMainView view;
+    TypingColouring typing;
+};
+
+TEST(ColourInControl, FollowsKeys)
+{
+    Desk page;
+    QTest::keyClicks(&page.document, "a<b>bold</b> and <i");
+    EXPECT_EQ(marksOf(page.document), "-ccc----cccc-----cc");
+    Desk script;
+    script.state.scriptTools = true;
+    QTest::keyClicks(&script.document, "If x Then");
+    EXPECT_EQ(marksOf(script.document), "---------");
+    QTest::keyClick(&script.document, Qt::Key_Return);
+    QTest::keyClicks(&script.document, "End If");
+    EXPECT_EQ(marksOf(script.document), "cc---cccc--------");
+}
+
+TEST(ColourInControl, EditCommandsLeaveWhatAWholePassWouldPaint)
+{
+    const QStringList bits{"<b>", "<", ">", "text", "\n", "if ", "next", "\"", "<<x>>", "'--", "end sub\n"};
+    std::mt19937 random(3);
+    const auto number = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
+    for (const bool script : {false, true}) {
+        Desk desk;
+        desk.state.scriptTools = script;
+        for (int step = 0; step < 400; ++step) {
+            const auto length = static_cast<int>(desk.document.Length());
+            const int start = number(length);
+            desk.document.Select({start, std::min(start + number(8), length)});
+            switch (number(5)) {
+            case 0:
+                desk.document.cut();
+                break;
+            case 1:
+                desk.document.deleteForward();
+                break;
+            case 2:
+                desk.document.undo();
+                break;
+            case 3:
+                desk.document.redo();
+                break;
+            default:
+                QGuiApplication::clipboard()->setText(bits[number(10)] + bits[number(10)]);
+                desk.document.paste();
+            }
+            ASSERT_EQ(marksOf(desk.document), desk.wholePass()) << "step " << step << " script " << script;
+        }
+    }
+}
+
+TEST(FsoPopup, OffersMethodsAndLosesNoKey)
+{
+    Desk desk;
+    desk.state.scriptTools = true;
+    QMenu menu;
+    menu.addAction("FileExists");
+    menu.addAction("GetFile");
+    FsoPopup popup(desk.document, desk.state, menu);
+    const auto type = [&](const char *keys) {
+        QTest::keyClicks(&desk.document, keys);
+        QCoreApplication::processEvents();
+    };
+    type("x = Fso.");
+    ASSERT_TRUE(menu.isVisible());
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QTest::keyClick(&menu, Qt::Key_Return);
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_EQ(desk.document.Text(), "x = Fso.GetFile");
+
+    desk.document.LoadText("");
+    type("fso.");
+    ASSERT_TRUE(menu.isVisible());
+    QTest::keyClick(&menu, 'z');
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_EQ(desk.document.Text(), "fso.z");
+
+    desk.state.fsoMenu = false;
+    type(" fso.");
+    EXPECT_FALSE(menu.isVisible());
+}
+
+} // namespace
+} // namespace kevra
