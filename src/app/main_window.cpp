@@ -34,8 +34,6 @@ constexpr QSize firstSize(1024, 720);
 constexpr long textMargin = 4; ///< pixels left of the text
 constexpr std::chrono::milliseconds patienceTick{50};
 constexpr int patienceTicks = 8;
-constexpr std::chrono::milliseconds countDelay{100};
-constexpr Offset largeText = 256 * 1024; ///< bytes
 
 QString textOf(std::string_view text)
 {
@@ -109,8 +107,6 @@ void MainWindow::connectDocument()
     connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showCaretPlace);
     connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showWhatCanBeDone);
     connect(m_document, &EditorControl::changed, this, &MainWindow::textChanged);
-    m_countTimer.setSingleShot(true);
-    connect(&m_countTimer, &QTimer::timeout, this, &MainWindow::showCounts);
     connect(m_document, &EditorControl::savePointChanged, this, &MainWindow::refreshDocumentStatus);
 }
 
@@ -215,18 +211,14 @@ void MainWindow::showCaretPlace()
 void MainWindow::showCounts()
 {
     if (m_status->showsPlaces())
-        m_status->setCounts(characterCount(m_document->Text()), m_document->lineCount());
+        m_status->setCounts(m_document->characters(), m_document->lineCount());
 }
 
 void MainWindow::textChanged()
 {
     showCaretPlace();
     showWhatCanBeDone();
-    // Counting a large text at every key would be felt.
-    if (m_document->Length() < largeText)
-        showCounts();
-    else if (!m_countTimer.isActive())
-        m_countTimer.start(countDelay);
+    showCounts();
 }
 
 void MainWindow::setControlVisible(std::string_view control, bool visible)

@@ -8,7 +8,6 @@
 #include "editor/main_view.h"
 #include "settings/stored_settings.h"
 
-#include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
 
 #include <array>
@@ -99,7 +98,6 @@ private:
     LineNumberColumn *m_column;
     std::function<QStringList()> m_statusSource;
     QList<QWidget *> m_titled;
-    QTimer m_countTimer;
     std::array<bool, 3> m_possible{true, true, true}; ///< undo, redo, and cut with copy
 };
 

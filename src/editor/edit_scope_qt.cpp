@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/edit_scope_qt.h"
 
+#include "editor/words.h"
+
 #include <algorithm>
 
 namespace kevra {
@@ -46,6 +48,8 @@ void EditorControl::beforeChange(int position, int type, int length)
         m_change = {position, 0, length};
     else if (type & SC_MOD_BEFOREDELETE) {
         emit aboutToRemove(position, length);
+        if (m_characters)
+            *m_characters -= characterCount(Text({position, position + length}));
         m_change = {position, length, 0};
     }
 }
@@ -61,6 +65,8 @@ void EditorControl::settle()
         return;
     const auto change = *std::exchange(m_change, std::nullopt);
     m_unpainted.shift(change.added - change.removed);
+    if (m_characters)
+        *m_characters += characterCount(Text({change.position, change.position + change.added}));
     if (change.added > 0 && freshColour() != colours::black)
         paint({change.position, change.position + change.added}, styleOf(freshColour()));
     noteTouched(change);

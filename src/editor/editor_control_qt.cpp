@@ -3,6 +3,7 @@
 
 #include "editor/accessible_control_qt.h"
 #include "editor/edit_scope_qt.h"
+#include "editor/words.h"
 
 #include <QScrollBar>
 
@@ -159,6 +160,7 @@ void EditorControl::LoadText(std::string_view text)
     const auto typing = std::exchange(m_typing, colours::black);
     m_unpainted.clear();
     m_allBlack = true;
+    m_characters.reset();
     send(SCI_SETREADONLY, 0);
     send(SCI_SETUNDOCOLLECTION, 0);
     send(SCI_CLEARALL);
@@ -408,6 +410,13 @@ void EditorControl::setSavePoint()
 bool EditorControl::isAtSavePoint() const
 {
     return send(SCI_GETMODIFY) == 0;
+}
+
+Offset EditorControl::characters() const
+{
+    if (!m_characters)
+        m_characters = characterCount(Text());
+    return *m_characters;
 }
 
 Offset EditorControl::lineCount() const

@@ -71,6 +71,8 @@ public:
     void setSavePoint();
     [[nodiscard]] bool isAtSavePoint() const;
 
+    /// The characters of the text, a line break counting two. Counted once for each text and kept up to date.
+    [[nodiscard]] Offset characters() const;
     [[nodiscard]] Offset lineCount() const;
     [[nodiscard]] TextRange lineRange(Offset line) const; ///< without the line break
     /// The first of the lines shown that hold a line of the text, and how many they are.
@@ -162,6 +164,7 @@ private:
     bool m_inCommand = false;
     std::optional<Change> m_change; ///< announced by Scintilla, and done by the time anything else happens
     std::optional<TextRange> m_touched; ///< by the user's command that is under way
+    mutable std::optional<Offset> m_characters; ///< once somebody has asked
     TextRange m_knownSelection;
     Offset m_knownFirstLine = 0;
     bool m_knownSavePoint = true;

@@ -3,6 +3,7 @@
 
 #include "editor/memory_surface.h"
 #include "editor/surface_contract.h"
+#include "editor/words.h"
 
 #include <QImage>
 #include <QTest>
@@ -82,6 +83,7 @@ public:
     void compare()
     {
         ASSERT_EQ(m_control.Text(), m_memory.Text());
+        ASSERT_EQ(m_control.characters(), characterCount(m_memory.Text()));
         ASSERT_EQ(m_control.Selection(), m_memory.Selection());
         ASSERT_EQ(m_control.SelColor(), m_memory.SelColor());
         ASSERT_TRUE(painted(m_control) == painted(m_memory));
