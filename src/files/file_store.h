@@ -44,6 +44,9 @@ public:
     }
     /// Also read-only files. True when no such file is there afterwards.
     virtual bool remove(const std::string &path) = 0;
+    /// Gives a file another name in its folder, everything else about it unchanged; false, with nothing done,
+    /// when something has that name.
+    [[nodiscard]] virtual bool rename(const std::string &from, const std::string &to) = 0;
     /// Sets or clears the hidden attribute where the platform has one.
     virtual void setHidden(const std::string &path, bool hidden) = 0;
 };

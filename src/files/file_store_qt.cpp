@@ -7,6 +7,7 @@
 #include "files/native_path_qt.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 
 namespace kevra {
@@ -109,6 +110,18 @@ bool FileStoreQt::remove(const std::string &path)
     if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode))
         return false;
     return ::unlink(native.c_str()) == 0 || errno == ENOENT;
+}
+
+bool FileStoreQt::rename(const std::string &from, const std::string &to)
+{
+    const auto source = nativePath(from);
+    const auto target = nativePath(to);
+    if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
+        return true;
+    // Some network file systems do not know the flag.
+    if (errno != EINVAL || ::access(target.c_str(), F_OK) == 0)
+        return false;
+    return ::rename(source.c_str(), target.c_str()) == 0;
 }
 
 } // namespace kevra

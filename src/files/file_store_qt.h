@@ -18,6 +18,7 @@ public:
     [[nodiscard]] Saved write(const std::string &path, std::string_view bytes) override;
     [[nodiscard]] Saved replace(const std::string &path, std::string_view bytes) override;
     bool remove(const std::string &path) override;
+    [[nodiscard]] bool rename(const std::string &from, const std::string &to) override;
     /// File systems here know no hidden attribute.
     void setHidden(const std::string &, bool) override { }
 

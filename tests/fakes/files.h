@@ -48,6 +48,15 @@ public:
         files.erase(path);
         return true;
     }
+    bool rename(const std::string &from, const std::string &to) override
+    {
+        if (!files.contains(from) || files.contains(to))
+            return false;
+        files[to] = files[from];
+        writes[to] = writes[from];
+        files.erase(from);
+        return true;
+    }
     void setHidden(const std::string &path, bool hide) override
     {
         if (hide)
