@@ -10,6 +10,8 @@ int main(int argc, char **argv)
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME"})
         qputenv(name, home.path().toUtf8());
     testing::InitGoogleTest(&argc, argv);
+    // The web engine wants this said before the application exists, though it may never be loaded.
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

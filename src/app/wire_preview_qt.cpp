@@ -1,9 +1,148 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
+#include "preview/browser_control_qt.h"
+#include "preview/browser_window.h"
+#include "preview/message_box_reference_window.h"
+#include "preview/preview_commands.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QPointer>
+#include <QtGui/QShortcut>
 
 namespace kevra {
 
-void wirePreview(Application &) { }
+namespace {
+
+/// Everything of the preview that lives as long as the windows.
+class PreviewSide : private PreviewWindows {
+public:
+    explicit PreviewSide(Application &app);
+
+private:
+    void bindCommands();
+    QWidget *makeBrowser();
+    void connectBrowser();
+    [[nodiscard]] PreviewCommands &commands() { return *m_commands; }
+    bool hideTool(SecondaryWindow which);
+
+    void hideFind() override { hideTool(SecondaryWindow::Find); }
+    bool hideImageViewer() override;
+    void hideMain() override { m_app.mainWindow().hide(); }
+    void showMain() override;
+    void showBrowser() override;
+    void hideBrowser() override { m_window->hide(); }
+    void setLinkTarget(const std::string &text) override
+    {
+        m_window->setLinkTarget(QString::fromStdString(text));
+    }
+
+    Application &m_app;
+    QPointer<BrowserWindow> m_window; ///< the application's
+    std::unique_ptr<BrowserControlQt> m_control;
+    std::unique_ptr<PreviewCommands> m_commands;
+};
+
+PreviewSide::PreviewSide(Application &app)
+    : m_app(app)
+{
+    app.makesWindow(SecondaryWindow::Browser, [this] { return makeBrowser(); });
+    app.makesWindow(SecondaryWindow::MessageBoxReference,
+        [&app] { return new MessageBoxReferenceWindow(&app.mainWindow()); });
+    bindCommands();
+}
+
+void PreviewSide::bindCommands()
+{
+    auto &registry = m_app.commands;
+    for (const char *button : {"bview", "bview2"})
+        registry.bind(button, [this] { commands().ViewPage(); });
+    registry.bind("mcallhelp", [this] { commands().ShowHelp(); });
+    registry.bind("mvbsinfo", [this] { commands().ShowScriptReference(); });
+    registry.bind("mmsgboxref", [this] { m_app.showWindow(SecondaryWindow::MessageBoxReference); });
+    m_app.session.deletePreviewPage = [this] {
+        if (m_commands)
+            commands().removePreviewPage();
+    };
+    auto *key = new QShortcut(QKeySequence(Qt::Key_F5), &m_app.mainWindow());
+    QObject::connect(key, &QShortcut::activated, &m_app.mainWindow(), [this] { commands().ViewPage(); });
+}
+
+QWidget *PreviewSide::makeBrowser()
+{
+    // A window of its own, without the main window as parent: it stays when that one is hidden.
+    m_window = new BrowserWindow;
+    m_app.mainWindow().addTitled(m_window);
+    m_control = std::make_unique<BrowserControlQt>(*m_window);
+    m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_app.mainWindow().document(), m_app.document,
+        m_app.state, m_app.files, m_app.file, m_app.backups, m_app.messages, m_app.mainWindow(), *this,
+        *m_control, [](const std::string &name) { return assetPath(name); },
+        QFile::encodeName(QDir::homePath()).toStdString()});
+    m_control->setCommands(commands());
+    connectBrowser();
+    return m_window;
+}
+
+void PreviewSide::connectBrowser()
+{
+    auto *window = m_window.data();
+    const auto on = [&](auto signal, auto step) { QObject::connect(window, signal, window, step); };
+    on(&BrowserWindow::textAsked, [this] { commands().BackToText(); });
+    on(&BrowserWindow::saveAsAsked, [this] { m_app.commands.run("msaveas"); });
+    on(&BrowserWindow::quitAsked, [this] { m_app.quit().requestQuit(); });
+    on(&BrowserWindow::refreshAsked, [this] { commands().refresh(); });
+    on(&BrowserWindow::helpAsked, [this] { commands().helpFromBrowser(); });
+    on(&BrowserWindow::referenceAsked, [this] { commands().referenceFromBrowser(); });
+    on(&BrowserWindow::firstShown, [this] { commands().browserFirstShown(); });
+    on(&BrowserWindow::sizeAsked, [this](const QSize &size) {
+        m_control->resizeTo(size.width(), size.height());
+        m_window->setPageSize(size);
+    });
+    on(&BrowserWindow::remoteChanged, [this](bool remote) {
+        m_control->setRemote(remote ? Remote::On : Remote::Off);
+        commands().refresh();
+    });
+}
+
+bool PreviewSide::hideTool(SecondaryWindow which)
+{
+    auto *tool = m_app.window(which);
+    if (!tool || !tool->isVisible())
+        return false;
+    tool->hide();
+    tool->lower();
+    return true;
+}
+
+bool PreviewSide::hideImageViewer()
+{
+    if (!hideTool(SecondaryWindow::ImageViewer))
+        return false;
+    m_app.mainWindow().setControlVisible("fr1", false);
+    return true;
+}
+
+void PreviewSide::showMain()
+{
+    m_app.mainWindow().show();
+    m_app.mainWindow().activateWindow();
+}
+
+void PreviewSide::showBrowser()
+{
+    const bool again = m_window->isVisible();
+    m_window->show();
+    if (!again) {
+        m_window->raise();
+        m_window->activateWindow();
+    }
+}
+
+} // namespace
+
+void wirePreview(Application &app)
+{
+    app.keep<PreviewSide>(app);
+}
 
 } // namespace kevra

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "preview/browser_control_qt.h"
+
+#include "files/native_path_qt.h"
+#include "preview/browser_window.h"
+#include "preview/preview_commands.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QPluginLoader>
+
+namespace kevra {
+
+namespace {
+
+constexpr auto pluginFile = "libkevra_preview.so";
+
+QString textOf(const std::string &path)
+{
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+/// With links and ".." resolved, so that no way around leads out of a folder.
+std::string resolved(const QString &path)
+{
+    const auto canonical = QFileInfo(path).canonicalFilePath();
+    return QFile::encodeName(canonical.isEmpty() ? QDir::cleanPath(path) : canonical).toStdString();
+}
+
+std::string addressOf(const QUrl &url)
+{
+    return url.toString(QUrl::FullyEncoded).toStdString();
+}
+
+/// Beside the program, where it is built or carried about; else where it is installed.
+QString pluginPath()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    for (const char *folder : {"./", "../lib/kevra/"}) {
+        if (const auto path = program.filePath(QString(folder) + pluginFile); QFileInfo::exists(path))
+            return path;
+    }
+    return program.filePath(pluginFile);
+}
+
+} // namespace
+
+BrowserControlQt::BrowserControlQt(BrowserWindow &window)
+    : m_window(window)
+{
+}
+
+BrowserControlQt::~BrowserControlQt() = default;
+
+bool BrowserControlQt::loadEngine()
+{
+    if (m_engine)
+        return true;
+    // The plugin stays loaded when this object goes: the engine cannot be started twice.
+    QPluginLoader loader(pluginPath());
+    auto *plugin = qobject_cast<BrowserEnginePlugin *>(loader.instance());
+    if (!plugin)
+        return false;
+    m_engine = plugin->create(&m_window, *this);
+    m_window.setPageWidget(m_engine->widget());
+    if (!m_engine->isSandboxed())
+        m_window.showNote("Run as root: the page is shown without the browser's sandbox");
+    return true;
+}
+
+bool BrowserControlQt::navigate(const std::string &path, const PageScope &scope)
+{
+    if (!loadEngine())
+        return false;
+    m_scope = {resolved(textOf(nativePath(scope.folder))), resolved(textOf(nativePath(scope.site)))};
+    m_askedPath = path;
+    m_askedUrl = QUrl::fromLocalFile(textOf(nativePath(path)));
+    m_engine->navigate(m_askedUrl);
+    return true;
+}
+
+void BrowserControlQt::follow(const std::string &address)
+{
+    if (m_engine)
+        m_engine->follow(QUrl(QString::fromStdString(address)));
+}
+
+void BrowserControlQt::resizeTo(int width, int height)
+{
+    if (m_engine)
+        m_engine->runScript(QString("window.resizeTo(%1, %2)").arg(width).arg(height));
+}
+
+void BrowserControlQt::unload()
+{
+    m_askedPath.clear();
+    m_askedUrl.clear();
+    if (m_engine)
+        m_engine->unload();
+    m_window.showProgress(100);
+}
+
+bool BrowserControlQt::beforeNavigate(const QUrl &url, bool mainFrame)
+{
+    Navigation target{addressOf(url), {}, mainFrame ? Frame::Main : Frame::Sub};
+    if (url == m_askedUrl)
+        target.path = m_askedPath;
+    else if (url.isLocalFile())
+        target.path = QFile::encodeName(url.toLocalFile()).toStdString();
+    // An empty frame is made, not gone to.
+    if (!mainFrame && url.scheme() == "about")
+        return true;
+    return m_commands->beforeNavigate(target);
+}
+
+bool BrowserControlQt::allowsRequest(const QUrl &url, Resource kind)
+{
+    PageRequest request{kind, url.scheme().toStdString(), {}};
+    if (url.isLocalFile())
+        request.path = resolved(url.toLocalFile());
+    return kevra::allowsRequest(request, m_scope, m_remote);
+}
+
+void BrowserControlQt::linkClicked(const QUrl &url)
+{
+    m_commands->linkClicked(addressOf(url));
+}
+
+void BrowserControlQt::loadProgress(int percent)
+{
+    m_window.showProgress(percent);
+}
+
+void BrowserControlQt::loadFinished()
+{
+    m_commands->navigationComplete();
+}
+
+void BrowserControlQt::processDied()
+{
+    m_commands->pageFailed();
+}
+
+} // namespace kevra

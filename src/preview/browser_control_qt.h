@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The browser control over the plugin with the web engine, which is loaded when the first page is asked for.
+#pragma once
+
+#include "preview/browser_control.h"
+#include "preview/browser_engine_qt.h"
+
+#include <QtCore/QString>
+
+#include <functional>
+#include <memory>
+
+namespace kevra {
+
+class BrowserWindow;
+class PreviewCommands;
+
+class BrowserControlQt : public BrowserControl, private BrowserEvents {
+public:
+    explicit BrowserControlQt(BrowserWindow &window);
+    ~BrowserControlQt() override;
+
+    /// Who decides. Set before the first page is asked for.
+    void setCommands(PreviewCommands &commands) { m_commands = &commands; }
+    void setRemote(Remote remote) { m_remote = remote; }
+
+    [[nodiscard]] bool navigate(const std::string &path, const PageScope &scope) override;
+    void follow(const std::string &address) override;
+    void resizeTo(int width, int height) override;
+    void unload() override;
+
+private:
+    [[nodiscard]] bool beforeNavigate(const QUrl &url, bool mainFrame) override;
+    [[nodiscard]] bool allowsRequest(const QUrl &url, Resource kind) override;
+    void linkClicked(const QUrl &url) override;
+    void loadProgress(int percent) override;
+    void loadFinished() override;
+    void processDied() override;
+
+    [[nodiscard]] bool loadEngine();
+
+    BrowserWindow &m_window;
+    PreviewCommands *m_commands = nullptr;
+    std::unique_ptr<BrowserEngine> m_engine;
+    PageScope m_scope;
+    Remote m_remote = Remote::Off;
+    std::string m_askedPath; ///< as it was asked for, and the address it got
+    QUrl m_askedUrl;
+};
+
+} // namespace kevra

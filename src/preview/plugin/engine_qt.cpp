@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The web engine behind BrowserEngine. Everything a previewed page does not need is off.
+#include "preview/plugin/page_qt.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QWheelEvent>
+#include <QtWebEngineCore/QWebEngineDownloadRequest>
+#include <QtWebEngineCore/QWebEngineProfile>
+#include <QtWebEngineCore/QWebEngineSettings>
+#include <QtWebEngineCore/QWebEngineUrlRequestInterceptor>
+#include <QtWebEngineWidgets/QWebEngineView>
+
+#include <algorithm>
+#include <cmath>
+#include <unistd.h>
+
+namespace kevra {
+
+namespace {
+
+struct Switch {
+    QWebEngineSettings::WebAttribute attribute;
+    bool on;
+};
+constexpr Switch switches[] = {
+    {QWebEngineSettings::LocalContentCanAccessFileUrls, true}, // its own images; the filter decides
+    {QWebEngineSettings::LocalContentCanAccessRemoteUrls, true}, // the same
+    {QWebEngineSettings::JavascriptCanOpenWindows, false},
+    {QWebEngineSettings::JavascriptCanAccessClipboard, false},
+    {QWebEngineSettings::JavascriptCanPaste, false},
+    {QWebEngineSettings::AllowWindowActivationFromJavaScript, false},
+    {QWebEngineSettings::AllowRunningInsecureContent, false},
+    {QWebEngineSettings::AllowGeolocationOnInsecureOrigins, false},
+    {QWebEngineSettings::PluginsEnabled, false},
+    {QWebEngineSettings::PdfViewerEnabled, false},
+    {QWebEngineSettings::FullScreenSupportEnabled, false},
+    {QWebEngineSettings::ScreenCaptureEnabled, false},
+    {QWebEngineSettings::HyperlinkAuditingEnabled, false},
+    {QWebEngineSettings::DnsPrefetchEnabled, false},
+    {QWebEngineSettings::ErrorPageEnabled, false},
+    {QWebEngineSettings::WebRTCPublicInterfacesOnly, true},
+    {QWebEngineSettings::PlaybackRequiresUserGesture, true},
+    {QWebEngineSettings::NavigateOnDropEnabled, false},
+};
+
+Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type)
+{
+    switch (type) {
+    case QWebEngineUrlRequestInfo::ResourceTypeMainFrame:
+        return Resource::MainFrame;
+    case QWebEngineUrlRequestInfo::ResourceTypeSubFrame:
+        return Resource::SubFrame;
+    case QWebEngineUrlRequestInfo::ResourceTypeStylesheet:
+        return Resource::Style;
+    case QWebEngineUrlRequestInfo::ResourceTypeScript:
+        return Resource::Script;
+    case QWebEngineUrlRequestInfo::ResourceTypeImage:
+    case QWebEngineUrlRequestInfo::ResourceTypeFavicon:
+        return Resource::Image;
+    case QWebEngineUrlRequestInfo::ResourceTypeFontResource:
+        return Resource::Font;
+    case QWebEngineUrlRequestInfo::ResourceTypeMedia:
+        return Resource::Media;
+    default:
+        return Resource::Other;
+    }
+}
+
+class RequestFilter : public QWebEngineUrlRequestInterceptor {
+public:
+    RequestFilter(BrowserEvents &events, QObject *parent)
+        : QWebEngineUrlRequestInterceptor(parent)
+        , m_events(events)
+    {
+    }
+    void interceptRequest(QWebEngineUrlRequestInfo &request) override
+    {
+        request.block(!m_events.allowsRequest(request.requestUrl(), resourceOf(request.resourceType())));
+    }
+
+private:
+    BrowserEvents &m_events;
+};
+
+class Engine : public BrowserEngine, private QObject {
+public:
+    Engine(QWidget *parent, BrowserEvents &events, bool sandboxed)
+        : m_view(new QWebEngineView(parent))
+        , m_events(events)
+        , m_sandboxed(sandboxed)
+    {
+        m_view->setContextMenuPolicy(Qt::NoContextMenu);
+        m_view->installEventFilter(this);
+        navigateNowhere();
+    }
+    ~Engine() override
+    {
+        delete m_view;
+        endPage();
+    }
+
+    QWidget *widget() override { return m_view; }
+    bool isSandboxed() const override { return m_sandboxed; }
+    void navigate(const QUrl &url) override
+    {
+        newPage();
+        m_page->load(url);
+    }
+    void follow(const QUrl &url) override
+    {
+        if (m_page)
+            m_page->setUrl(url);
+    }
+    void runScript(const QString &script) override
+    {
+        if (m_page)
+            m_page->runJavaScript(script);
+    }
+    void unload() override { navigateNowhere(); }
+
+private:
+    void newPage();
+    void endPage();
+    /// Without a page the view would make one of its own, in the profile that writes to the disk.
+    void navigateNowhere() { newPage(); }
+    void zoom(int steps);
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+    QPointer<QWebEngineView> m_view;
+    BrowserEvents &m_events;
+    std::unique_ptr<QWebEngineProfile> m_profile;
+    std::unique_ptr<Page> m_page;
+    qreal m_zoom = 1;
+    bool m_sandboxed;
+};
+
+void Engine::newPage()
+{
+    auto oldProfile = std::move(m_profile);
+    auto oldPage = std::move(m_page);
+    m_profile = std::make_unique<QWebEngineProfile>(); // without a name it is off the record
+    m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
+    m_profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
+    m_profile->setUrlRequestInterceptor(new RequestFilter(m_events, m_profile.get()));
+    connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this,
+        [this](QWebEngineDownloadRequest *download) {
+            download->cancel();
+            m_events.linkClicked(download->url());
+        });
+    m_page = std::make_unique<Page>(m_profile.get(), m_events, nullptr);
+    for (const auto &each : switches)
+        m_page->settings()->setAttribute(each.attribute, each.on);
+    m_page->settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    m_page->setZoomFactor(m_zoom);
+    m_view->setPage(m_page.get());
+    // A page goes before the profile it lives in.
+    oldPage.reset();
+    oldProfile.reset();
+}
+
+void Engine::endPage()
+{
+    m_page.reset();
+    m_profile.reset();
+}
+
+void Engine::zoom(int steps)
+{
+    m_zoom = std::clamp(m_zoom * std::pow(1.1, steps), 0.25, 5.0);
+    m_page->setZoomFactor(m_zoom);
+}
+
+bool Engine::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ChildAdded) {
+        static_cast<QChildEvent *>(event)->child()->installEventFilter(this);
+    } else if (event->type() == QEvent::Wheel) {
+        const auto *wheel = static_cast<QWheelEvent *>(event);
+        if (wheel->modifiers() == Qt::ControlModifier && wheel->angleDelta().y() != 0) {
+            zoom(wheel->angleDelta().y() > 0 ? 1 : -1);
+            return true;
+        }
+    } else if (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop) {
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace
+
+class EnginePlugin : public QObject, public BrowserEnginePlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/1")
+    Q_INTERFACES(kevra::BrowserEnginePlugin)
+
+public:
+    std::unique_ptr<BrowserEngine> create(QWidget *parent, BrowserEvents &events) override
+    {
+        // With its sandbox the engine would end the whole program when it is run by root.
+        const bool root = ::geteuid() == 0;
+        if (root)
+            qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+        const bool sandboxed = !root && qEnvironmentVariableIntValue("QTWEBENGINE_DISABLE_SANDBOX") == 0;
+        return std::make_unique<Engine>(parent, events, sandboxed);
+    }
+};
+
+} // namespace kevra
+
+#include "engine_qt.moc"

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One page from its load to its end, in a profile of its own that leaves nothing behind.
+#pragma once
+
+#include "preview/browser_engine_qt.h"
+
+#include <QtWebEngineCore/QWebEnginePage>
+
+namespace kevra {
+
+class Page : public QWebEnginePage {
+    Q_OBJECT
+
+public:
+    Page(QWebEngineProfile *profile, BrowserEvents &events, QObject *parent);
+    /// Its process ends first, whatever its scripts are doing.
+    ~Page() override;
+
+protected:
+    bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
+    QWebEnginePage *createWindow(WebWindowType type) override;
+    QStringList chooseFiles(
+        FileSelectionMode mode, const QStringList &oldFiles, const QStringList &acceptedMimeTypes) override;
+    void javaScriptAlert(const QUrl &origin, const QString &message) override;
+    bool javaScriptConfirm(const QUrl &origin, const QString &message) override;
+    bool javaScriptPrompt(
+        const QUrl &origin, const QString &message, const QString &initial, QString *answer) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString &message, int line,
+        const QString &source) override;
+
+private:
+    void refuseWhatNobodyAskedFor();
+    void insertLinkScript();
+    [[nodiscard]] bool mayShowDialog();
+
+    BrowserEvents &m_events;
+    QString m_linkMark; ///< how the link script's messages are told from the page's
+    int m_dialogs = 0;
+    bool m_ending = false;
+};
+
+} // namespace kevra

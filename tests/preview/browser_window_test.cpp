@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The browser window over the real web engine, without a display.
+#include "preview/browser_window.h"
+
+#include "editor/memory_surface.h"
+#include "fakes/document_desk.h"
+#include "fakes/messages.h"
+#include "fakes/views.h"
+#include "files/file_store_qt.h"
+#include "preview/browser_control_qt.h"
+#include "preview/message_box_reference_window.h"
+#include "preview/preview_commands.h"
+
+#include <gtest/gtest.h>
+
+#include <QtTest/QTest>
+
+namespace kevra {
+namespace {
+
+class PreviewDesk : private PreviewWindows {
+public:
+    PreviewDesk()
+    {
+        control.setCommands(commands);
+        QObject::connect(&window, &BrowserWindow::refreshAsked, &window, [this] { commands.refresh(); });
+    }
+
+    void put(const QString &name, const QByteArray &bytes)
+    {
+        QFile asset(folder.filePath(name));
+        EXPECT_TRUE(asset.open(QIODevice::WriteOnly) && asset.write(bytes) == bytes.size());
+    }
+    /// Shows a page that says in its title when it is there, and waits for it.
+    void view(const char *text)
+    {
+        document.LoadText(text);
+        commands.ViewPage();
+        waitForPage();
+    }
+    void waitForPage()
+    {
+        QTest::qWait(50);
+        EXPECT_TRUE(
+            QTest::qWaitFor([this] { return window.findChild<QWidget *>("pload")->isHidden(); }, 20000));
+    }
+    [[nodiscard]] QWidget *page()
+    {
+        return window.findChild<QWidget *>("wb1")->findChild<QWidget *>(
+            QString(), Qt::FindDirectChildrenOnly);
+    }
+    [[nodiscard]] QString title() { return page()->property("title").toString(); }
+    [[nodiscard]] QUrl address() { return page()->property("url").toUrl(); }
+    [[nodiscard]] QString target() { return window.findChild<QLineEdit *>("turl")->text(); }
+    /// Clicks near the page's upper left corner, where every page here has its link.
+    void click()
+    {
+        auto *inner = page()->focusProxy() ? page()->focusProxy() : page();
+        QTest::mouseClick(inner, Qt::LeftButton, {}, {30, 30});
+        QTest::qWait(400);
+    }
+
+    QTemporaryDir folder;
+    MemorySurface document;
+    DocumentState state;
+    ApplicationState application;
+    FileStoreQt files{folder.path().toStdString()};
+    FakeBackupStore backups;
+    DocumentFile file{files, backups};
+    FakeMessages messages;
+    FakeMainView main;
+    BrowserWindow window;
+    BrowserControlQt control{window};
+    PreviewCommands commands{
+        PreviewPorts{document, state, application, files, file, backups, messages, main, *this, control,
+            [this](const std::string &name) {
+                return folder.filePath(QString::fromStdString(name)).toStdString();
+            },
+            "/home/somebody"}};
+    bool mainVisible = true;
+
+private:
+    void hideFind() override { }
+    bool hideImageViewer() override { return false; }
+    void hideMain() override { mainVisible = false; }
+    void showMain() override { mainVisible = true; }
+    void showBrowser() override { window.show(); }
+    void hideBrowser() override { window.hide(); }
+    void setLinkTarget(const std::string &text) override
+    {
+        window.setLinkTarget(QString::fromStdString(text));
+    }
+};
+
+constexpr auto bigLink
+    = "<a href='%1' %2 style='display:block;width:400px;height:200px;background:#eee'>go</a>";
+
+QByteArray linkPage(const char *href, const char *more = "")
+{
+    return "<title>here</title>" + QString(bigLink).arg(href, more).toUtf8();
+}
+
+class BrowserTest : public testing::Test, protected PreviewDesk {
+protected:
+    BrowserTest()
+    {
+        state.currentPath = folder.filePath("page.htm").toStdString();
+        put("other.html", "<title>other</title>");
+    }
+};
+
+TEST_F(BrowserTest, LinksOfThePreviewAreShownAndNotFollowed)
+{
+    const auto here = QUrl::fromLocalFile(folder.path()).toString() + '/';
+    struct {
+        const char *href;
+        const char *more;
+        QString shown;
+    } const cases[] = {
+        {"other.html", "", here + "other.html"},
+        {"#part", "", here + "kevratemp.html#part"},
+        {"other.html", "target=_blank", here + "other.html"},
+        {"mailto:a@example.org", "", "mailto:a@example.org"},
+        {"javascript:document.title=1", "", "javascript:document.title=1"},
+        {"other.html", "download", here + "other.html"},
+        {"http://127.0.0.1:9/", "", "http://127.0.0.1:9/"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(std::string(c.href) + c.more);
+        view(linkPage(c.href, c.more));
+        window.setLinkTarget("");
+        click();
+        EXPECT_EQ(target().toStdString(), c.shown.toStdString());
+        EXPECT_EQ(title().toStdString(), "here");
+        EXPECT_EQ(address().fileName(), "kevratemp.html");
+    }
+}
+
+TEST_F(BrowserTest, HelpFollowsLinksAndTheReferenceDoesNot)
+{
+    put("kevrahelp.html", linkPage("other.html"));
+    put("VBSInfo.html", linkPage("other.html"));
+    commands.ShowHelp();
+    waitForPage();
+    click();
+    waitForPage();
+    EXPECT_EQ(title().toStdString(), "other");
+    commands.BackToText();
+
+    commands.ShowScriptReference();
+    waitForPage();
+    window.setLinkTarget("as it was");
+    click();
+    EXPECT_EQ(title().toStdString(), "here");
+    EXPECT_EQ(target(), "as it was");
+}
+
+TEST_F(BrowserTest, PageLoadsWithItsFramesImagesAndStyle)
+{
+    put("left.html", "<script>parent.document.title += 'L'</script>");
+    put("frame.html",
+        "<body onload=\"parent.postMessage('F', '*')\"><img src=dot.gif onload=\"parent.postMessage('I', "
+        "'*')\">");
+    put("dot.gif", QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7"));
+    put("style.css", "body { margin-left: 77px }");
+    view("<link rel=stylesheet href=style.css><script>seen = ''; onmessage = e => { seen += e.data;"
+         "document.title = [...seen].sort().join('') + getComputedStyle(document.body).marginLeft }</script>"
+         "<body><iframe src=frame.html></iframe>");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return title() == "FI77px"; }, 10000)) << title().toStdString();
+}
+
+TEST_F(BrowserTest, ShowsTheTextAsItIsNowAndDeletesThePage)
+{
+    const auto page = folder.filePath("kevratemp.html");
+    for (const char *text : {"<title>first</title>", "<title>second</title>"}) {
+        view(text);
+        EXPECT_TRUE(QFileInfo::exists(page));
+        EXPECT_FALSE(mainVisible);
+        EXPECT_EQ("<title>" + title() + "</title>", text);
+    }
+    window.findChild<QAction *>("mrefresh")->trigger();
+    waitForPage();
+    EXPECT_EQ(title().toStdString(), "second");
+    commands.BackToText();
+    EXPECT_FALSE(QFileInfo::exists(page));
+    EXPECT_TRUE(mainVisible);
+}
+
+TEST(BrowserWindow, SizesTheViewAndGivesItTheWindowBack)
+{
+    BrowserWindow window;
+    window.show();
+    QObject::connect(&window, &BrowserWindow::sizeAsked, &window, &BrowserWindow::setPageSize);
+    auto *page = window.findChild<QWidget *>("wb1");
+    window.findChild<QAction *>("m15")->trigger();
+    EXPECT_EQ(page->size(), QSize(800, 490));
+    window.findChild<QAction *>("m17")->trigger();
+    EXPECT_EQ(page->size(), QSize(1024, 658));
+    window.findChild<QAction *>("mreset")->trigger();
+    EXPECT_TRUE(window.isMaximized());
+    EXPECT_LT(page->maximumWidth() - QWIDGETSIZE_MAX, 1);
+    EXPECT_NE(page->size(), QSize(1024, 658));
+}
+
+TEST(BrowserWindow, ClosingAsksToQuit)
+{
+    BrowserWindow window;
+    window.show();
+    int asked = 0;
+    QObject::connect(&window, &BrowserWindow::quitAsked, &window, [&] { ++asked; });
+    window.close();
+    window.findChild<QPushButton *>("bexit")->click();
+    window.findChild<QAction *>("mexit")->trigger();
+    EXPECT_EQ(asked, 3);
+    EXPECT_TRUE(window.isVisible());
+}
+
+} // namespace
+} // namespace kevra

@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "preview/preview_commands.h"
+
+#include "editor/memory_surface.h"
+#include "fakes/document_desk.h"
+#include "fakes/files.h"
+#include "fakes/messages.h"
+#include "fakes/views.h"
+
+#include <gmock/gmock.h>
+
+namespace kevra {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string failedText
+    = "Error loading page. If this is new work the Webpage Temp Folder may be invalid.";
+
+/// Everything that happens to the windows and the browser, as one list of words.
+class PreviewTest : public testing::Test, protected PreviewWindows, protected BrowserControl {
+protected:
+    PreviewTest()
+    {
+        files.folders.insert("/tmp/pages");
+        files.files["/app/kevrahelp.html"] = "help";
+        files.files["/app/VBSInfo.html"] = "reference";
+        application.tempFolder = "/tmp/pages";
+        state.currentPath = "/site/index.htm";
+        document.LoadText("<P>text");
+    }
+
+    bool navigate(const std::string &path, const PageScope &) override
+    {
+        busyWhileShown = state.busyLoadingOrSaving;
+        happened.push_back("load " + path);
+        return engine;
+    }
+    void follow(const std::string &address) override { happened.push_back("follow " + address); }
+    void resizeTo(int, int) override { }
+    void unload() override { happened.emplace_back("unload"); }
+    void hideFind() override { happened.emplace_back("hide find"); }
+    bool hideImageViewer() override { return viewerVisible; }
+    void hideMain() override { happened.emplace_back("hide main"); }
+    void showMain() override { happened.emplace_back("show main"); }
+    void showBrowser() override { happened.emplace_back("show browser"); }
+    void hideBrowser() override { happened.emplace_back("hide browser"); }
+    void setLinkTarget(const std::string &text) override { turl = text; }
+
+    [[nodiscard]] bool goes(
+        const std::string &address, const std::string &path = {}, Frame frame = Frame::Main)
+    {
+        return commands.beforeNavigate({address, path, frame});
+    }
+    void expectMessage(const char *text, Icon icon, const char *title)
+    {
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].text, text);
+        EXPECT_EQ(messages.shown[0].icon, icon);
+        EXPECT_EQ(messages.shown[0].title, title);
+        EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
+    }
+
+    MemorySurface document;
+    DocumentState state;
+    ApplicationState application;
+    FakeFileStore files;
+    FakeBackupStore backups;
+    DocumentFile file{files, backups};
+    FakeMessages messages;
+    FakeMainView main;
+    std::vector<std::string> happened;
+    std::string turl = "(untouched)";
+    bool engine = true;
+    bool viewerVisible = false;
+    bool busyWhileShown = false;
+    PreviewCommands commands{PreviewPorts{document, state, application, files, file, backups, messages, main,
+        *this, *this, [](const std::string &name) { return "/app/" + name; }, "/home/me"}};
+};
+
+TEST_F(PreviewTest, WritesBesideTheDocumentAndShowsIt)
+{
+    viewerVisible = true;
+    commands.ViewPage();
+    EXPECT_EQ(files.files["/site/kevratemp.html"], "<P>text");
+    EXPECT_TRUE(files.hidden.contains("/site/kevratemp.html"));
+    EXPECT_EQ(application.previewTempPath, "/site/kevratemp.html");
+    EXPECT_THAT(happened, ElementsAre("hide find", "load /site/kevratemp.html", "hide main", "show browser"));
+    EXPECT_EQ(main.information, "");
+    EXPECT_TRUE(busyWhileShown);
+    EXPECT_FALSE(state.busyLoadingOrSaving);
+
+    document.LoadText("changed");
+    commands.WritePreviewPage();
+    EXPECT_EQ(files.files["/site/kevratemp.html"], "changed");
+    happened.clear();
+    commands.BackToText();
+    EXPECT_THAT(happened, ElementsAre("hide browser", "show main", "unload"));
+    EXPECT_FALSE(files.files.contains("/site/kevratemp.html"));
+    EXPECT_THAT(messages.texts(), IsEmpty());
+}
+
+TEST_F(PreviewTest, ChoosesTheFolder)
+{
+    struct {
+        const char *current;
+        const char *page;
+    } const cases[] = {
+        {"", "/tmp/pages/kevratemp.html"},
+        {"/index.htm", "/kevratemp.html"},
+        {"C:\\index.htm", "C:/kevratemp.html"},
+        {"/a b/c/index.htm", "/a b/c/kevratemp.html"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.current);
+        state.currentPath = c.current;
+        commands.ViewPage();
+        EXPECT_EQ(application.previewTempPath, c.page);
+        commands.BackToText();
+    }
+}
+
+TEST_F(PreviewTest, PageHoldsWhatSaveWouldWrite)
+{
+    state.currentPath.clear();
+    document.LoadText("caf\xC3\xA9\r\n");
+    commands.ViewPage();
+    EXPECT_EQ(files.files["/tmp/pages/kevratemp.html"], file.encoded(document.Text(), "", false).bytes);
+    EXPECT_EQ(files.files["/tmp/pages/kevratemp.html"], "caf\xE9\r\n");
+}
+
+TEST_F(PreviewTest, SaysWhyThereIsNoPage)
+{
+    constexpr auto standard = "KEVRA Editor";
+    const auto clear = [this] { document.LoadText(""); };
+    struct {
+        const char *name;
+        std::function<void()> before;
+        void (PreviewCommands::*command)();
+        const char *text;
+        Icon icon;
+        const char *title;
+    } const cases[] = {
+        {"empty, viewed", clear, &PreviewCommands::ViewPage, "There isn't yet a page to view!",
+            Icon::Critical, standard},
+        {"empty, written", clear, &PreviewCommands::WritePreviewPage, "There isn't any page yet to view!",
+            Icon::Information, "Error"},
+        {"no temporary folder",
+            [this] {
+                state.currentPath.clear();
+                files.folders.clear();
+            },
+            &PreviewCommands::ViewPage,
+            "Error loading page. The setting for the Webpage Temp Folder may be invalid.", Icon::Critical,
+            standard},
+        {"cannot be written", [this] { files.refused["/site/kevratemp.html"] = Saved::DiskFull; },
+            &PreviewCommands::ViewPage, failedText.c_str(), Icon::Critical, standard},
+        {"no web engine", [this] { engine = false; }, &PreviewCommands::ViewPage, failedText.c_str(),
+            Icon::Critical, standard},
+        {"nothing to show", [] {}, &PreviewCommands::refresh, "There doesn't seem to be a page to view!",
+            Icon::Information, "Error"},
+        {"no help", [this] { files.files.clear(); }, &PreviewCommands::ShowHelp,
+            "The help file is missing. You should have kevrahelp.html in the KEVRA folder.",
+            Icon::Information, "Help File Missing"},
+        {"no reference", [this] { files.files.clear(); }, &PreviewCommands::ShowScriptReference,
+            "The VBScript Info. file is missing. You should have VBSInfo.html in the KEVRA folder.",
+            Icon::Information, "Help File Missing"},
+        {"no help, browser", [this] { files.files.clear(); }, &PreviewCommands::helpFromBrowser,
+            "The Help file is missing. You should have kevrahelp.html in the KEVRA folder.", Icon::None,
+            "Help File Missing"},
+        {"no reference, browser", [this] { files.files.clear(); }, &PreviewCommands::referenceFromBrowser,
+            "The VBScript Info. file is missing. You should have VBSInfo.html in the KEVRA folder.",
+            Icon::None, "Help File Missing"},
+        {"help, no web engine", [this] { engine = false; }, &PreviewCommands::ShowHelp, failedText.c_str(),
+            Icon::Critical, standard},
+    };
+    const auto startFiles = files;
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        files = startFiles;
+        engine = true;
+        state.currentPath = "/site/index.htm";
+        document.LoadText("<P>text");
+        messages.shown.clear();
+        happened.clear();
+        application.helpShowing = application.vbsInfoShowing = false;
+        c.before();
+        (commands.*c.command)();
+        expectMessage(c.text, c.icon, c.title);
+        EXPECT_THAT(happened, testing::Not(testing::Contains("show browser")));
+        EXPECT_FALSE(files.files.contains("/site/kevratemp.html"));
+        EXPECT_FALSE(state.busyLoadingOrSaving);
+    }
+}
+
+TEST_F(PreviewTest, ModeDecidesOnLinks)
+{
+    commands.ViewPage();
+    EXPECT_TRUE(goes("file:///site/kevratemp.html", "/site/kevratemp.html")) << "asked for";
+    EXPECT_TRUE(goes("file:///site/left.html", "/site/left.html", Frame::Sub)) << "part of the page";
+    EXPECT_FALSE(goes("http://early/")) << "not what was asked for";
+    EXPECT_EQ(turl, "http://early/");
+    commands.navigationComplete();
+    EXPECT_EQ(turl, "http://early/") << "kept in the preview";
+    EXPECT_FALSE(goes("file:///site/kevratemp.html", "/site/kevratemp.html"));
+    EXPECT_FALSE(goes("file:///site/left.html", "/site/left.html", Frame::Sub));
+    EXPECT_EQ(turl, "file:///site/left.html");
+    commands.linkClicked("mailto:a@b");
+    EXPECT_EQ(turl, "mailto:a@b");
+    commands.BackToText();
+    EXPECT_FALSE(goes("http://after/")) << "nothing is asked for";
+
+    commands.ShowScriptReference();
+    commands.navigationComplete();
+    turl = "as it was";
+    commands.linkClicked("http://a/");
+    EXPECT_FALSE(goes("http://a/"));
+    EXPECT_EQ(turl, "as it was");
+
+    commands.helpFromBrowser();
+    EXPECT_TRUE(application.helpShowing && application.vbsInfoShowing);
+    commands.navigationComplete();
+    EXPECT_EQ(turl, "");
+    EXPECT_TRUE(goes("http://a/"));
+    happened.clear();
+    commands.linkClicked("file:///app/kevrahelp.html#menus");
+    commands.refresh();
+    EXPECT_THAT(happened, ElementsAre("follow file:///app/kevrahelp.html#menus", "load /app/kevrahelp.html"));
+    commands.BackToText();
+    EXPECT_FALSE(application.helpShowing || application.vbsInfoShowing);
+}
+
+TEST_F(PreviewTest, SomebodyElsesFileComesBackUnharmed)
+{
+    files.files["/site/kevratemp.html"] = "theirs";
+    commands.ViewPage();
+    commands.ViewPage();
+    EXPECT_EQ(files.files["/site/kevratemp.html"], "<P>text");
+    commands.BackToText();
+    EXPECT_EQ(files.files["/site/kevratemp.html"], "theirs");
+    EXPECT_EQ(application.previewTempPath, "") << "it is not ours to delete at the end";
+
+    // A page that cannot be written leaves it where it is.
+    files.refused["/site/kevratemp.html"] = Saved::DiskFull;
+    commands.ViewPage();
+    EXPECT_EQ(files.files["/site/kevratemp.html"], "theirs");
+}
+
+TEST_F(PreviewTest, DocumentSavedInThePagesPlaceStays)
+{
+    files.files["/site/kevratemp.html"] = "theirs";
+    commands.ViewPage();
+    std::ignore = files.write("/site/kevratemp.html", "the document");
+    commands.BackToText();
+    EXPECT_EQ(files.files["/site/kevratemp.html"], "the document");
+    EXPECT_EQ(backups.kept.size(), 1U);
+    EXPECT_FALSE(files.files.contains("/site/kevratemp.html.aside"));
+}
+
+TEST_F(PreviewTest, DeadProcessGivesTheEditorBack)
+{
+    commands.ViewPage();
+    happened.clear();
+    commands.pageFailed();
+    EXPECT_THAT(happened, ElementsAre("hide browser", "show main", "unload"));
+    EXPECT_THAT(messages.texts(), ElementsAre(failedText));
+    EXPECT_FALSE(files.files.contains("/site/kevratemp.html"));
+}
+
+TEST_F(PreviewTest, FirstPageOfAnEmptyBrowser)
+{
+    commands.browserFirstShown();
+    files.files.erase("/app/kevrahelp.html");
+    commands.BackToText();
+    files.files["/app/template.html"] = "";
+    commands.browserFirstShown();
+    EXPECT_THAT(happened,
+        ElementsAre(
+            "load /app/kevrahelp.html", "hide browser", "show main", "unload", "load /app/template.html"));
+}
+
+} // namespace
+} // namespace kevra
