@@ -4,8 +4,10 @@
 #include "editor/words.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <string>
+#include <utility>
 
 namespace kevra {
 namespace {
@@ -66,56 +68,134 @@ bool isWholeWord(std::string_view text, TextRange hit)
     return !wordBefore(text, hit.start) && !wordAt(text, hit.end);
 }
 
-/// Finds without regard to case: by the first byte in both its forms, or byte by byte when it has more forms.
-class FoldedSearch {
-public:
-    explicit FoldedSearch(std::string_view what)
-        : m_what(lowered(what))
-    {
-    }
+constexpr unsigned firstPair = 0xC380; ///< U+00C0
+constexpr unsigned lastPair = 0xD3BF; ///< U+04FF
 
-    [[nodiscard]] std::optional<Offset> next(std::string_view text, Offset from, Offset end) const
-    {
-        const auto last = end - static_cast<Offset>(m_what.size());
-        const char first = m_what.front();
-        const bool manyForms = static_cast<unsigned char>(first) >= 0x80;
-        const char upper = first >= 'a' && first <= 'z' ? static_cast<char>(first - ('a' - 'A')) : first;
-        for (Offset at = from; at <= last; ++at) {
-            const char byte = text[static_cast<std::size_t>(at)];
-            if ((manyForms || byte == first || byte == upper) && equalIgnoringCase(text.data() + at, m_what))
-                return at;
-        }
-        return std::nullopt;
-    }
+/// The bytes at `at` of all the forms of the letter of two bytes there; they are two at most.
+std::pair<unsigned char, unsigned char> formsInPair(
+    std::string_view lowered, std::size_t lead, std::size_t at)
+{
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(lowered[i]); };
+    const unsigned small = static_cast<unsigned>(byteAt(lead)) << 8 | byteAt(lead + 1);
+    const unsigned shift = at == lead ? 8 : 0;
+    std::pair<unsigned char, unsigned char> forms{byteAt(at), byteAt(at)};
+    for (unsigned pair = firstPair; pair <= lastPair; ++pair)
+        if ((pair & 0xC0) == 0x80 && pair != small && lowerPair(pair >> 8, pair & 0xFF) == small)
+            forms.second = static_cast<unsigned char>(pair >> shift & 0xFF);
+    return forms;
+}
 
-private:
-    std::string m_what;
-};
+std::pair<unsigned char, unsigned char> formsAt(std::string_view lowered, std::size_t at)
+{
+    const auto isLead = [&](std::size_t i) {
+        const auto byte = static_cast<unsigned char>(lowered[i]);
+        return byte >= 0xC3 && byte <= 0xD3 && i + 1 < lowered.size();
+    };
+    const auto byte = static_cast<unsigned char>(lowered[at]);
+    if (byte >= 'a' && byte <= 'z')
+        return {byte, static_cast<unsigned char>(byte - ('a' - 'A'))};
+    if (isLead(at))
+        return formsInPair(lowered, at, at);
+    if (at > 0 && (byte & 0xC0) == 0x80 && isLead(at - 1))
+        return formsInPair(lowered, at - 1, at);
+    return {byte, byte};
+}
+
+/// Sixteen bytes compared at once, with whatever instructions the machine has for it.
+using Block = unsigned char __attribute__((vector_size(16)));
+constexpr Offset blockSize = sizeof(Block);
+
+Block load(const char *from)
+{
+    Block block;
+    std::memcpy(&block, from, sizeof block);
+    return block;
+}
+
+bool isZero(Block block)
+{
+    std::uint64_t halves[2];
+    std::memcpy(halves, &block, sizeof block);
+    return (halves[0] | halves[1]) == 0;
+}
 
 } // namespace
 
-std::optional<Offset> find(std::string_view text, std::string_view what, TextRange range, FindOptions options)
+bool sameIgnoringCase(std::string_view a, std::string_view b)
 {
-    const Offset start = std::max<Offset>(range.start, 0);
-    const Offset end = std::min(range.end, static_cast<Offset>(text.size()));
-    const auto length = static_cast<Offset>(what.size());
-    if (what.empty() || end - start < length)
-        return std::nullopt;
+    return a.size() == b.size() && lowered(a) == lowered(b);
+}
 
-    const FoldedSearch folded(options.letters == Case::Ignore ? what : std::string_view("?"));
-    const auto within = text.substr(0, static_cast<std::size_t>(end));
-    for (Offset from = start; from + length <= end; ++from) {
-        std::optional<Offset> hit;
-        if (options.letters == Case::Ignore)
-            hit = folded.next(text, from, end);
-        else if (const auto at = within.find(what, static_cast<std::size_t>(from));
-                 at != std::string_view::npos)
-            hit = static_cast<Offset>(at);
-        if (!hit || options.words == Word::Any || isWholeWord(text, {*hit, *hit + length}))
+Finder::Finder(std::string_view what, FindOptions options)
+    : m_what(options.letters == Case::Ignore ? lowered(what) : std::string(what))
+    , m_options(options)
+{
+    if (m_what.empty())
+        return;
+    const auto forms = [&](std::size_t at) -> Forms {
+        const auto byte = static_cast<unsigned char>(m_what[at]);
+        if (options.letters == Case::Match)
+            return {byte, byte};
+        const auto [a, b] = formsAt(m_what, at);
+        return {a, b};
+    };
+    m_first = forms(0);
+    m_last = forms(m_what.size() - 1);
+}
+
+bool Finder::matches(const char *at) const
+{
+    return m_options.letters == Case::Ignore ? equalIgnoringCase(at, m_what)
+                                             : std::memcmp(at, m_what.data(), m_what.size()) == 0;
+}
+
+std::optional<Offset> Finder::firstOfAnyWord(std::string_view text, Offset from, Offset end) const
+{
+    // Where the first and the last byte fit is found block by block; only there the rest is looked at.
+    const char *const data = text.data();
+    const auto apart = std::ssize(m_what) - 1;
+    const auto fits = [](unsigned char byte, Forms forms) { return byte == forms.a || byte == forms.b; };
+    const auto hitIn = [&](Offset start, Offset stop) -> std::optional<Offset> {
+        for (Offset at = start; at < stop; ++at)
+            if (fits(static_cast<unsigned char>(data[at]), m_first)
+                && fits(static_cast<unsigned char>(data[at + apart]), m_last) && matches(data + at))
+                return at;
+        return std::nullopt;
+    };
+    Offset at = from;
+    for (; at + blockSize + apart <= end; at += blockSize) {
+        const auto first = load(data + at);
+        const auto last = load(data + at + apart);
+        const auto both
+            = ((first == m_first.a) | (first == m_first.b)) & ((last == m_last.a) | (last == m_last.b));
+        if (isZero(reinterpret_cast<Block>(both)))
+            continue;
+        if (const auto hit = hitIn(at, at + blockSize))
+            return hit;
+    }
+    return hitIn(at, end - apart);
+}
+
+std::optional<Offset> Finder::first(std::string_view text, TextRange range) const
+{
+    const auto length = std::ssize(m_what);
+    const Offset end = std::min(range.end, std::ssize(text));
+    if (m_what.empty())
+        return std::nullopt;
+    for (Offset from = std::max<Offset>(range.start, 0); from + length <= end; ++from) {
+        const auto hit = firstOfAnyWord(text, from, end);
+        if (!hit || m_options.words == Word::Any || isWholeWord(text, {*hit, *hit + length}))
             return hit;
         from = *hit;
     }
     return std::nullopt;
+}
+
+std::optional<Offset> find(std::string_view text, std::string_view what, TextRange range, FindOptions options)
+{
+    if (range.end - range.start < std::ssize(what))
+        return std::nullopt;
+    return Finder(what, options).first(text, range);
 }
 
 } // namespace kevra

@@ -7,6 +7,7 @@
 #include "editor/types.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace kevra {
@@ -17,6 +18,33 @@ enum class Word { Any, Whole };
 struct FindOptions {
     Case letters = Case::Ignore;
     Word words = Word::Any;
+};
+
+/// Whether the two are the same text but for capital and small letters, as a search sees it.
+[[nodiscard]] bool sameIgnoringCase(std::string_view a, std::string_view b);
+
+/// A string made ready for being found again and again.
+class Finder {
+public:
+    explicit Finder(std::string_view what, FindOptions options = {});
+
+    /// The first hit in `range` of `text`.
+    [[nodiscard]] std::optional<Offset> first(std::string_view text, TextRange range) const;
+
+private:
+    /// A byte in its two forms; the same twice when it has one.
+    struct Forms {
+        unsigned char a = 0;
+        unsigned char b = 0;
+    };
+
+    [[nodiscard]] std::optional<Offset> firstOfAnyWord(std::string_view text, Offset from, Offset end) const;
+    [[nodiscard]] bool matches(const char *at) const;
+
+    std::string m_what; ///< in small letters when their case does not matter
+    FindOptions m_options;
+    Forms m_first;
+    Forms m_last;
 };
 
 /// The first hit of `what` in `range` of `text`; an empty `what` is never found. Letters beyond ASCII are

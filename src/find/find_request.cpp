@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "find/find_request.h"
+
+namespace kevra {
+
+bool hasText(const FindRequest &request, Messages &messages)
+{
+    if (request.text.empty())
+        messages.stop("No entry in \"String to Find\"");
+    return !request.text.empty();
+}
+
+bool mayReplaceAll(const FindRequest &request, Messages &messages)
+{
+    if (!hasText(request, messages))
+        return false;
+    if (sameIgnoringCase(request.text, request.replacement)) {
+        messages.stop("You've entered the same text to replace the original!");
+        return false;
+    }
+    return !request.replacement.empty()
+        || messages.yes("No text entered. Delete all instances of \"" + request.text + "\"?");
+}
+
+void refuseEndless(Messages &messages)
+{
+    messages.stop("The file is too big to process further.");
+}
+
+} // namespace kevra

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editor/find.h"
+#include "platform/messages.h"
+
+#include <string>
+
+namespace kevra {
+
+/// What the user has entered, UTF-8.
+struct FindRequest {
+    std::string text = {};
+    std::string replacement = {};
+    Case letters = Case::Ignore;
+    Word words = Word::Any;
+
+    [[nodiscard]] FindOptions options() const { return {letters, words}; }
+    friend bool operator==(const FindRequest &, const FindRequest &) = default;
+};
+
+/// False, after a message, when nothing was entered to be found.
+[[nodiscard]] bool hasText(const FindRequest &request, Messages &messages);
+/// The refusals and the question that come before everything is replaced. True: go on.
+[[nodiscard]] bool mayReplaceAll(const FindRequest &request, Messages &messages);
+void refuseEndless(Messages &messages);
+
+} // namespace kevra

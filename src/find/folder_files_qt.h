@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra {
+
+/// The regular files in `folder` and below whose names fit one of the patterns, which semicolons or blanks
+/// separate; sorted. Hidden folders and links to folders are passed over.
+[[nodiscard]] std::vector<std::string> filesInFolder(const std::string &folder, std::string_view patterns);
+
+} // namespace kevra

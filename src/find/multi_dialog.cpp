@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "find/multi_dialog.h"
+
+#include "app/named_qt.h"
+#include "editor/flag_guard.h"
+#include "find/folder_files_qt.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QProgressBar>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QTreeWidget>
+
+namespace kevra {
+namespace {
+
+constexpr auto firstPatterns = "*.html;*.htm;*.shtml;*.asp;*.php;*.css;*.js;*.vbs;*.txt";
+constexpr QSize firstSize(720, 520);
+enum Column { PathColumn, HitsColumn, OutcomeColumn };
+
+QString textOf(const std::string &path)
+{
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+} // namespace
+
+MultiDialog::MultiDialog(
+    FileStore &files, OpenDocument &open, Messages &messages, FileDialogs &dialogs, QWidget *parent)
+    : QDialog(parent)
+    , m_dialogs(dialogs)
+    , m_commands(files, open, messages, *this)
+    , m_text(named<QLineEdit>("tmfind", this, "String to find"))
+    , m_replacement(named<QLineEdit>("tmrep", this, "Replacement"))
+    , m_patterns(named<QLineEdit>("tmpattern", this, "File name patterns"))
+    , m_case(named<QCheckBox>("ckmcase", this))
+    , m_whole(named<QCheckBox>("ckmwhole", this))
+    , m_backup(named<QCheckBox>("ckmbackup", this))
+    , m_list(named<QTreeWidget>("lmfiles", this, "Files"))
+    , m_progress(named<QProgressBar>("pmprogress", this, "Progress"))
+    , m_summary(named<QLabel>("tmsummary", this))
+{
+    setObjectName("fmulti");
+    setWindowTitle("Multi-Page Replace");
+    setAcceptDrops(true);
+    createControls();
+    layOut();
+    resize(firstSize);
+}
+
+void MultiDialog::createControls()
+{
+    m_text->setToolTip("The text to look for");
+    m_replacement->setToolTip("The text that takes its place");
+    m_patterns->setText(firstPatterns);
+    m_patterns->setToolTip("Which files of a folder are taken; separated by semicolons");
+    m_case->setText("Match &case");
+    m_case->setToolTip("Capital and small letters are different");
+    m_whole->setText("&Whole word");
+    m_whole->setToolTip("Not as a part of a longer word");
+    m_backup->setText("&Keep a backup");
+    m_backup->setToolTip("Keep the old content of each changed file beside it, as \".bak\"");
+    m_list->setHeaderLabels({"File", "Hits", "Result"});
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->setTextElideMode(Qt::ElideMiddle);
+    m_list->setToolTip("Files and folders can be dropped here");
+    m_list->header()->setStretchLastSection(true);
+    m_list->setColumnWidth(PathColumn, firstSize.width() / 2);
+    m_progress->setRange(0, 1);
+    m_progress->setValue(0);
+    m_summary->setWordWrap(true);
+}
+
+QPushButton *MultiDialog::button(const char *name, const char *caption, const char *tip)
+{
+    auto *made = named<QPushButton>(name, this);
+    made->setText(caption);
+    made->setToolTip(tip);
+    made->setAutoDefault(false);
+    return made;
+}
+
+void MultiDialog::layOut()
+{
+    auto *grid = new QGridLayout(this);
+    const auto row = [&](int at, const char *text, QWidget *field, QPushButton *beside) {
+        auto *label = new QLabel(text, this);
+        label->setBuddy(field);
+        grid->addWidget(label, at, 0);
+        grid->addWidget(field, at, 1, 1, 3);
+        grid->addWidget(beside, at, 4);
+    };
+    auto *preview
+        = button("bmpreview", "PREVIEW", "Show the number of hits in each file; nothing is written");
+    auto *replace = button("bmreplace", "REPLACE ALL", "Replace in every file with hits");
+    auto *folder = button("bmfolder", "ADD FOLDER...", "Add the files of a folder that fit the pattern");
+    auto *add = button("bmadd", "ADD FILES...", "Add files to the list");
+    auto *remove = button("bmremove", "REMOVE", "Take the selected files off the list");
+    m_cancel = button("bmcancel", "CANCEL", "Stop before the next file");
+    m_cancel->setEnabled(false);
+    preview->setDefault(true);
+
+    row(0, "STRING TO FIND:", m_text, preview);
+    row(1, "REPLACE 'STRING TO FIND' WITH:", m_replacement, replace);
+    auto *hint = new QLabel("(Leave blank to delete 'string to find'.)", this);
+    grid->addWidget(hint, 2, 1, 1, 3);
+    grid->addWidget(m_case, 3, 1);
+    grid->addWidget(m_whole, 3, 2);
+    grid->addWidget(m_backup, 3, 3);
+    row(4, "FILES OF A FOLDER:", m_patterns, folder);
+    grid->addWidget(m_list, 5, 0, 3, 4);
+    grid->addWidget(add, 5, 4, Qt::AlignTop);
+    grid->addWidget(remove, 6, 4, Qt::AlignTop);
+    grid->addWidget(m_progress, 8, 0, 1, 4);
+    grid->addWidget(m_cancel, 8, 4);
+    grid->addWidget(m_summary, 9, 0, 1, 5);
+    grid->setRowStretch(7, 1);
+    grid->setColumnStretch(3, 1);
+
+    connect(preview, &QPushButton::clicked, this, [this] { run(&MultiReplace::preview); });
+    connect(replace, &QPushButton::clicked, this, [this] { run(&MultiReplace::replaceAll); });
+    connect(folder, &QPushButton::clicked, this, &MultiDialog::addFolder);
+    connect(add, &QPushButton::clicked, this, &MultiDialog::addFiles);
+    connect(remove, &QPushButton::clicked, this, &MultiDialog::removeSelected);
+    connect(m_cancel, &QPushButton::clicked, this, [this] { m_cancelled = true; });
+}
+
+void MultiDialog::run(void (MultiReplace::*command)())
+{
+    if (m_running)
+        return;
+    const FlagGuard running(m_running);
+    m_cancelled = false;
+    for (auto *control : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        if (qobject_cast<QPushButton *>(control) || qobject_cast<QLineEdit *>(control))
+            control->setEnabled(control == m_cancel);
+    (m_commands.*command)();
+    for (auto *control : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        control->setEnabled(control != m_cancel);
+}
+
+MultiRequest MultiDialog::entered() const
+{
+    return {
+        {m_text->text().toStdString(), m_replacement->text().toStdString(),
+            m_case->isChecked() ? Case::Match : Case::Ignore, m_whole->isChecked() ? Word::Whole : Word::Any},
+        m_backup->isChecked()};
+}
+
+void MultiDialog::showFiles(const std::vector<ListedFile> &files)
+{
+    m_list->clear();
+    QList<QTreeWidgetItem *> items;
+    for (const auto &file : files) {
+        items.append(new QTreeWidgetItem({textOf(file.path)}));
+        items.back()->setToolTip(PathColumn, textOf(file.path));
+        items.back()->setTextAlignment(HitsColumn, Qt::AlignRight | Qt::AlignVCenter);
+    }
+    m_list->addTopLevelItems(items);
+    for (std::size_t i = 0; i < files.size(); ++i)
+        showFile(i, files[i]);
+}
+
+void MultiDialog::showFile(std::size_t index, const ListedFile &file)
+{
+    auto *item = m_list->topLevelItem(static_cast<int>(index));
+    item->setText(HitsColumn, file.outcome == FileOutcome::Added ? QString() : QString::number(file.hits));
+    item->setText(OutcomeColumn, QString::fromStdString(outcomeText(file.outcome)));
+}
+
+bool MultiDialog::goesOn(std::size_t done, std::size_t total)
+{
+    m_progress->setRange(0, static_cast<int>(total));
+    m_progress->setValue(static_cast<int>(done));
+    QCoreApplication::processEvents();
+    return !m_cancelled;
+}
+
+void MultiDialog::showSummary(const std::string &text)
+{
+    m_summary->setText(QString::fromStdString(text));
+}
+
+void MultiDialog::addFiles()
+{
+    m_commands.addFiles(m_dialogs.openFiles({"Files to replace in", {{"All Files", "*"}}}));
+}
+
+void MultiDialog::addFolder()
+{
+    if (const auto folder = m_dialogs.chooseFolder("Folder to replace in"))
+        m_commands.addFiles(filesInFolder(*folder, m_patterns->text().toStdString()));
+}
+
+void MultiDialog::removeSelected()
+{
+    std::vector<std::size_t> indexes;
+    for (auto *item : m_list->selectedItems())
+        indexes.push_back(static_cast<std::size_t>(m_list->indexOfTopLevelItem(item)));
+    m_commands.removeFiles(indexes);
+}
+
+void MultiDialog::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!m_running && event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void MultiDialog::dropEvent(QDropEvent *event)
+{
+    if (m_running)
+        return;
+    std::vector<std::string> paths;
+    for (const auto &url : event->mimeData()->urls()) {
+        const auto path = QFile::encodeName(url.toLocalFile()).toStdString();
+        if (!QFileInfo(url.toLocalFile()).isDir())
+            paths.push_back(path);
+        else
+            std::ranges::copy(
+                filesInFolder(path, m_patterns->text().toStdString()), std::back_inserter(paths));
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    m_commands.addFiles(paths);
+}
+
+void MultiDialog::reject()
+{
+    // Escape and the frame's close button stop what runs first.
+    if (m_running)
+        m_cancelled = true;
+    else
+        QDialog::reject();
+}
+
+} // namespace kevra

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "find/multi_replace.h"
+#include "platform/file_dialogs.h"
+
+#include <QtWidgets/QDialog>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QTreeWidget;
+
+namespace kevra {
+
+/// The dialog `fmulti`, not modal: which files, what, and what came of it. Files and folders can be dropped.
+class MultiDialog : public QDialog, private MultiView {
+    Q_OBJECT
+
+public:
+    MultiDialog(FileStore &files, OpenDocument &open, Messages &messages, FileDialogs &dialogs,
+        QWidget *parent = nullptr);
+
+    [[nodiscard]] MultiReplace &commands() { return m_commands; }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void reject() override;
+
+private:
+    [[nodiscard]] MultiRequest entered() const override;
+    void showFiles(const std::vector<ListedFile> &files) override;
+    void showFile(std::size_t index, const ListedFile &file) override;
+    bool goesOn(std::size_t done, std::size_t total) override;
+    void showSummary(const std::string &text) override;
+    void createControls();
+    void layOut();
+    void addFiles();
+    void addFolder();
+    void removeSelected();
+    void run(void (MultiReplace::*command)());
+    QPushButton *button(const char *name, const char *caption, const char *tip);
+
+    FileDialogs &m_dialogs;
+    MultiReplace m_commands;
+    QLineEdit *m_text;
+    QLineEdit *m_replacement;
+    QLineEdit *m_patterns;
+    QCheckBox *m_case;
+    QCheckBox *m_whole;
+    QCheckBox *m_backup;
+    QTreeWidget *m_list;
+    QProgressBar *m_progress;
+    QLabel *m_summary;
+    QPushButton *m_cancel;
+    bool m_running = false;
+    bool m_cancelled = false;
+};
+
+} // namespace kevra

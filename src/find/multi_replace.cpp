@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "find/multi_replace.h"
+
+#include "files/text_codec.h"
+#include "find/replacement.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+namespace kevra {
+namespace {
+
+constexpr int mostBackups = 1000;
+
+struct OutcomeText {
+    FileOutcome outcome;
+    std::string_view text;
+};
+
+constexpr std::array outcomeTexts{
+    OutcomeText{FileOutcome::Replaced, "replaced"},
+    OutcomeText{FileOutcome::Unreadable, "cannot be read"},
+    OutcomeText{FileOutcome::Binary, "is no text"},
+    OutcomeText{FileOutcome::Endless, "is too big to process further"},
+    OutcomeText{FileOutcome::Gone, "is no longer there"},
+    OutcomeText{FileOutcome::Changed, "has changed since the preview"},
+    OutcomeText{FileOutcome::UnsavedInEditor, "has unsaved changes in the editor"},
+    OutcomeText{FileOutcome::EncodingTooSmall, "its encoding cannot hold the replacement"},
+    OutcomeText{FileOutcome::BackupFailed, "the backup could not be written"},
+    OutcomeText{FileOutcome::NotAFile, "is no file"},
+    OutcomeText{FileOutcome::Denied, "must not be written"},
+    OutcomeText{FileOutcome::DiskFull, "the disk is full"},
+    OutcomeText{FileOutcome::WriteFailed, "could not be written"},
+};
+
+FileOutcome outcomeOf(Saved saved)
+{
+    switch (saved) {
+    case Saved::Ok:
+        return FileOutcome::Replaced;
+    case Saved::NotAFile:
+        return FileOutcome::NotAFile;
+    case Saved::Denied:
+        return FileOutcome::Denied;
+    case Saved::DiskFull:
+        return FileOutcome::DiskFull;
+    case Saved::Failed:
+        break;
+    }
+    return FileOutcome::WriteFailed;
+}
+
+bool isBinary(std::string_view bytes, const TextFormat &format)
+{
+    const bool wide = format.encoding == Encoding::Utf16Le || format.encoding == Encoding::Utf16Be;
+    return !wide && bytes.find('\0') != std::string_view::npos;
+}
+
+std::string counted(Offset number, std::string_view thing)
+{
+    return std::to_string(number) + " " + std::string(thing) + (number == 1 ? "" : "s");
+}
+
+/// A file as it is and as it would be.
+struct Change {
+    std::string bytes;
+    DecodedFile decoded;
+    Replacement replacement;
+};
+
+std::variant<Change, FileOutcome> changeOf(
+    const FileStore &files, const std::string &path, const FindRequest &request)
+{
+    auto bytes = files.read(path);
+    if (!bytes)
+        return FileOutcome::Unreadable;
+    auto decoded = decodeFile(*bytes, textKind(path));
+    if (isBinary(*bytes, decoded.format))
+        return FileOutcome::Binary;
+    auto result = replacedAll(decoded.text, request.text, request.replacement, request.options());
+    if (std::holds_alternative<Endless>(result))
+        return FileOutcome::Endless;
+    return Change{std::move(*bytes), std::move(decoded), std::get<Replacement>(std::move(result))};
+}
+
+std::string applied(const Change &change)
+{
+    const auto start = static_cast<std::size_t>(change.replacement.range.start);
+    const auto length = static_cast<std::size_t>(change.replacement.range.length());
+    return std::string(change.decoded.text).replace(start, length, change.replacement.text);
+}
+
+} // namespace
+
+std::string outcomeText(FileOutcome outcome)
+{
+    const auto row = std::ranges::find(outcomeTexts, outcome, &OutcomeText::outcome);
+    return row == outcomeTexts.end() ? std::string() : std::string(row->text);
+}
+
+void MultiReplace::addFiles(const std::vector<std::string> &paths)
+{
+    std::set<std::string> known;
+    for (const auto &file : m_files)
+        known.insert(file.path);
+    for (const auto &path : paths)
+        if (known.insert(path).second)
+            m_files.push_back({.path = path, .stamp = {}});
+    m_previewed.reset();
+    m_view.showFiles(m_files);
+    m_view.showSummary(counted(std::ssize(m_files), "file"));
+}
+
+void MultiReplace::removeFiles(const std::vector<std::size_t> &indexes)
+{
+    const std::set<std::size_t> gone(indexes.begin(), indexes.end());
+    std::vector<ListedFile> kept;
+    for (std::size_t i = 0; i < m_files.size(); ++i)
+        if (!gone.contains(i))
+            kept.push_back(std::move(m_files[i]));
+    m_files = std::move(kept);
+    m_view.showFiles(m_files);
+    m_view.showSummary(counted(std::ssize(m_files), "file"));
+}
+
+void MultiReplace::clearFiles()
+{
+    m_files.clear();
+    m_previewed.reset();
+    m_view.showFiles(m_files);
+    m_view.showSummary({});
+}
+
+bool MultiReplace::canStart(const MultiRequest &request)
+{
+    if (!hasText(request.find, m_messages))
+        return false;
+    if (m_files.empty())
+        m_messages.stop("No files have been chosen.");
+    return !m_files.empty();
+}
+
+void MultiReplace::lookAt(ListedFile &file, const FindRequest &request) const
+{
+    file.hits = 0;
+    // Before the reading: a change in between is noticed at the writing.
+    file.stamp = m_store.stamp(file.path);
+    if (!file.stamp) {
+        file.outcome = FileOutcome::Gone;
+        return;
+    }
+    if (m_open.hasUnsavedChangesOf(file.path)) {
+        file.outcome = FileOutcome::UnsavedInEditor;
+        return;
+    }
+    const auto change = changeOf(m_store, file.path, request);
+    if (const auto *outcome = std::get_if<FileOutcome>(&change)) {
+        file.outcome = *outcome;
+        return;
+    }
+    file.hits = std::get<Change>(change).replacement.count;
+    file.outcome = file.hits > 0 ? FileOutcome::Hits : FileOutcome::NoHits;
+}
+
+void MultiReplace::tellUnsaved() const
+{
+    for (const auto &file : m_files)
+        if (file.outcome == FileOutcome::UnsavedInEditor)
+            m_messages.stop("\"" + file.path
+                + "\" is open in the editor and has unsaved changes. Save it before replacing in it.");
+}
+
+void MultiReplace::look(const MultiRequest &request)
+{
+    m_previewed.reset();
+    Offset hits = 0;
+    Offset files = 0;
+    Offset skipped = 0;
+    for (std::size_t i = 0; i < m_files.size(); ++i) {
+        if (!m_view.goesOn(i, m_files.size()))
+            return m_view.showSummary("Cancelled. Nothing has been written.");
+        auto &file = m_files[i];
+        lookAt(file, request.find);
+        m_view.showFile(i, file);
+        hits += file.hits;
+        files += file.hits > 0;
+        skipped += !outcomeText(file.outcome).empty();
+    }
+    m_view.goesOn(m_files.size(), m_files.size());
+    m_previewed = request;
+    m_view.showSummary(counted(hits, "hit") + " in " + counted(files, "file") + ", "
+        + counted(skipped, "file") + " left out. Nothing has been written yet.");
+    tellUnsaved();
+}
+
+void MultiReplace::preview()
+{
+    const auto request = m_view.entered();
+    if (canStart(request))
+        look(request);
+}
+
+bool MultiReplace::keepBackup(const std::string &path, std::string_view bytes)
+{
+    auto name = path + ".bak";
+    for (int i = 2; m_store.stamp(name) || m_store.folderExists(name); ++i) {
+        if (i > mostBackups)
+            return false;
+        name = path + ".bak" + std::to_string(i);
+    }
+    return m_store.write(name, bytes) == Saved::Ok;
+}
+
+void MultiReplace::replaceIn(ListedFile &file, const MultiRequest &request)
+{
+    const auto fail = [&](FileOutcome outcome) { file.outcome = outcome; };
+    const auto now = m_store.stamp(file.path);
+    if (!now)
+        return fail(FileOutcome::Gone);
+    if (now != file.stamp)
+        return fail(FileOutcome::Changed);
+    if (m_open.hasUnsavedChangesOf(file.path))
+        return fail(FileOutcome::UnsavedInEditor);
+    const auto made = changeOf(m_store, file.path, request.find);
+    if (const auto *outcome = std::get_if<FileOutcome>(&made))
+        return fail(*outcome);
+    const auto &change = std::get<Change>(made);
+    const auto encoded
+        = encodeFile(applied(change), change.decoded.format, change.bytes, textKind(file.path));
+    if (encoded.format.encoding != change.decoded.format.encoding)
+        return fail(FileOutcome::EncodingTooSmall);
+    if (m_store.stamp(file.path) != file.stamp)
+        return fail(FileOutcome::Changed);
+    if (request.backup && !keepBackup(file.path, change.bytes))
+        return fail(FileOutcome::BackupFailed);
+    file.outcome = outcomeOf(m_store.write(file.path, encoded.bytes));
+    if (file.outcome == FileOutcome::Replaced)
+        m_open.fileWritten(file.path);
+}
+
+void MultiReplace::replaceAll()
+{
+    const auto request = m_view.entered();
+    if (!mayReplaceAll(request.find, m_messages) || !canStart(request))
+        return;
+    if (!m_previewed || m_previewed->find != request.find)
+        return look(request);
+    m_previewed.reset();
+    Offset hits = 0;
+    Offset files = 0;
+    Offset skipped = 0;
+    bool cancelled = false;
+    for (std::size_t i = 0; i < m_files.size(); ++i) {
+        cancelled = !m_view.goesOn(i, m_files.size());
+        if (cancelled)
+            break;
+        auto &file = m_files[i];
+        if (file.outcome == FileOutcome::Hits)
+            replaceIn(file, request);
+        m_view.showFile(i, file);
+        const bool replaced = file.outcome == FileOutcome::Replaced;
+        hits += replaced ? file.hits : 0;
+        files += replaced;
+        skipped += !replaced && file.outcome != FileOutcome::NoHits;
+    }
+    if (!cancelled)
+        m_view.goesOn(m_files.size(), m_files.size());
+    m_view.showSummary(std::string(cancelled ? "Cancelled. " : "") + counted(hits, "replacement") + " in "
+        + counted(files, "file") + ", " + counted(skipped, "file") + " left out.");
+}
+
+} // namespace kevra

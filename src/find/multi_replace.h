@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Replacement of a text in many files: a preview with the hits of each file, then the writing, file by file.
+// A file keeps its encoding and line ends; one that cannot be dealt with is reported and left as it is.
+#pragma once
+
+#include "files/file_store.h"
+#include "find/find_request.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kevra {
+
+enum class FileOutcome {
+    Added, ///< not looked at yet
+    Hits,
+    NoHits,
+    Replaced,
+    Unreadable,
+    Binary,
+    Endless,
+    Gone,
+    Changed, ///< since the preview
+    UnsavedInEditor,
+    EncodingTooSmall,
+    BackupFailed,
+    NotAFile,
+    Denied,
+    DiskFull,
+    WriteFailed,
+};
+
+/// For people; empty for what the number of hits says already.
+[[nodiscard]] std::string outcomeText(FileOutcome outcome);
+
+struct ListedFile {
+    std::string path;
+    FileOutcome outcome = FileOutcome::Added;
+    Offset hits = 0;
+    std::optional<FileStamp> stamp; ///< when it was looked at
+};
+
+struct MultiRequest {
+    FindRequest find;
+    bool backup = false; ///< keep the old content beside each changed file
+
+    friend bool operator==(const MultiRequest &, const MultiRequest &) = default;
+};
+
+class MultiView {
+public:
+    virtual ~MultiView() = default;
+    [[nodiscard]] virtual MultiRequest entered() const = 0;
+    virtual void showFiles(const std::vector<ListedFile> &files) = 0;
+    virtual void showFile(std::size_t index, const ListedFile &file) = 0;
+    /// False when the user wants it to stop before the next file.
+    virtual bool goesOn(std::size_t done, std::size_t total) = 0;
+    virtual void showSummary(const std::string &text) = 0;
+};
+
+/// The document in the editor, as far as its file is concerned.
+class OpenDocument {
+public:
+    virtual ~OpenDocument() = default;
+    [[nodiscard]] virtual bool hasUnsavedChangesOf(const std::string &path) const = 0;
+    /// If it is the document's file, the document takes what is there now.
+    virtual void fileWritten(const std::string &path) = 0;
+};
+
+class MultiReplace {
+public:
+    MultiReplace(FileStore &files, OpenDocument &open, Messages &messages, MultiView &view)
+        : m_store(files)
+        , m_open(open)
+        , m_messages(messages)
+        , m_view(view)
+    {
+    }
+
+    /// Each file once.
+    void addFiles(const std::vector<std::string> &paths);
+    void removeFiles(const std::vector<std::size_t> &indexes);
+    void clearFiles();
+    /// Counts what would be replaced; writes nothing.
+    void preview();
+    /// Writes what the preview has shown; without one of just these entries it only makes one.
+    void replaceAll();
+
+private:
+    [[nodiscard]] bool canStart(const MultiRequest &request);
+    void look(const MultiRequest &request);
+    void lookAt(ListedFile &file, const FindRequest &request) const;
+    void replaceIn(ListedFile &file, const MultiRequest &request);
+    [[nodiscard]] bool keepBackup(const std::string &path, std::string_view bytes);
+    void tellUnsaved() const;
+
+    FileStore &m_store;
+    OpenDocument &m_open;
+    Messages &m_messages;
+    MultiView &m_view;
+    std::vector<ListedFile> m_files;
+    std::optional<MultiRequest> m_previewed; ///< what the list shows the hits of
+};
+
+} // namespace kevra

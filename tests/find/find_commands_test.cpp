@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "find/find_commands.h"
+
+#include "editor/memory_surface.h"
+#include "fakes/messages.h"
+#include "find/replacement.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace kevra {
+namespace {
+
+class FakeFindView : public FindView {
+public:
+    FindRequest entered() const override { return request; }
+    void showCount(Offset number) override { count = number; }
+    void hitSelected() override { ++hits; }
+    void showReplaced(Offset number) override { replaced = number; }
+
+    FindRequest request;
+    Offset count = -1;
+    Offset replaced = -1;
+    int hits = 0;
+};
+
+class FindCommandsTest : public testing::Test {
+protected:
+    void load(const char *text, FindRequest request)
+    {
+        document.LoadText(text);
+        view.request = std::move(request);
+    }
+    std::string said()
+    {
+        const auto last = messages.shown.empty() ? std::string() : messages.shown.back().text;
+        messages.shown.clear();
+        return last;
+    }
+
+    MemorySurface document;
+    DocumentState state;
+    FakeMessages messages;
+    FakeFindView view;
+    FindCommands commands{document, state, messages, view};
+};
+
+TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)
+{
+    load("ab ab", {.text = "AB"});
+    struct {
+        void (FindCommands::*command)();
+        TextRange selection;
+        const char *message;
+    } const steps[] = {
+        {&FindCommands::findFirst, {0, 2}, ""},
+        {&FindCommands::findNext, {3, 5}, ""},
+        {&FindCommands::findNext, {3, 5}, "No more occurences."},
+        {&FindCommands::findNext, {0, 2}, ""},
+        {&FindCommands::findFirst, {0, 2}, ""},
+        {&FindCommands::findNext, {3, 5}, ""},
+    };
+    for (const auto &step : steps) {
+        (commands.*step.command)();
+        EXPECT_EQ(document.Selection(), step.selection);
+        EXPECT_EQ(said(), step.message);
+    }
+}
+
+TEST_F(FindCommandsTest, SaysWhyNothingHappens)
+{
+    using enum Icon;
+    struct {
+        const char *name;
+        void (FindCommands::*command)();
+        FindRequest request;
+        const char *message;
+        Icon icon;
+    } const cases[] = {
+        {"first, nothing entered", &FindCommands::findFirst, {}, "No entry in \"String to Find\"", Critical},
+        {"next, nothing entered", &FindCommands::findNext, {}, "No entry in \"String to Find\"", Critical},
+        {"count, nothing entered", &FindCommands::countOccurrences, {}, "No entry in \"String to Find\"",
+            Critical},
+        {"all, nothing entered", &FindCommands::replaceAll, {}, "No entry in \"String to Find\"", Critical},
+        {"first, not there", &FindCommands::findFirst, {.text = "x"}, "No occurences.", Information},
+        {"case differs", &FindCommands::findFirst, {.text = "A", .letters = Case::Match}, "No occurences.",
+            Information},
+        {"one, nothing selected", &FindCommands::replaceOne, {.text = "a"},
+            "There's nothing found yet to replace.", Critical},
+        {"same but for case", &FindCommands::replaceAll,
+            {.text = "\xC3\x89"
+                     "a",
+                .replacement = "\xC3\xA9"
+                               "A",
+                .letters = Case::Match},
+            "You've entered the same text to replace the original!", Critical},
+        {"delete all?", &FindCommands::replaceAll, {.text = "a"},
+            "No text entered. Delete all instances of \"a\"?", Question},
+        {"endless", &FindCommands::replaceAll, {.text = "a", .replacement = "bab"},
+            "The file is too big to process further.", Critical},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        load("a cat", c.request);
+        (commands.*c.command)();
+        ASSERT_EQ(messages.shown.size(), 1u);
+        EXPECT_EQ(messages.shown.back().icon, c.icon);
+        EXPECT_EQ(said(), c.message);
+        EXPECT_EQ(document.Text(), "a cat");
+        EXPECT_EQ(document.pointer(), MousePointer::Default);
+        EXPECT_FALSE(state.unsaved);
+    }
+}
+
+TEST_F(FindCommandsTest, ReplacesWhateverIsSelected)
+{
+    load("one two", {.text = "zzz", .replacement = "2"});
+    document.Select({4, 7});
+    commands.replaceOne();
+    EXPECT_EQ(document.Text(), "one 2");
+    EXPECT_TRUE(state.unsaved);
+    view.request.replacement.clear();
+    document.Select({0, 4});
+    commands.replaceOne();
+    EXPECT_EQ(said(), "No text entered. Delete \"zzz\"?");
+    EXPECT_EQ(document.Text(), "one 2");
+    messages.answers = {Answer::Yes};
+    commands.replaceOne();
+    EXPECT_EQ(document.Text(), "2");
+}
+
+TEST_F(FindCommandsTest, ReplacedTagsAreColoured)
+{
+    load("<B>x</B> B", {.text = "b", .replacement = "EM"});
+    commands.replaceAll();
+    EXPECT_EQ(document.Text(), "<EM>x</EM> EM");
+    EXPECT_EQ(view.replaced, 3);
+    EXPECT_EQ(document.SelStart(), 13);
+    for (const Offset at : {0, 2, 3, 5, 8, 9})
+        EXPECT_EQ(document.ColourAt(at), state.codeColour) << at;
+    for (const Offset at : {4, 10, 11, 12})
+        EXPECT_EQ(document.ColourAt(at), colours::black) << at;
+}
+
+TEST(CountOccurrences, CountsOverlapsAndPartsOfWords)
+{
+    EXPECT_EQ(countOccurrences("aaaa", "aa", Case::Ignore), 3);
+    EXPECT_EQ(countOccurrences("aAaA", "aa", Case::Match), 0);
+    EXPECT_EQ(countOccurrences("\xD0\x9F\xD1\x80\xD0\xA0", "\xD1\x80", Case::Ignore), 2);
+    EXPECT_EQ(countOccurrences("", "a", Case::Ignore), 0);
+}
+
+/// The replacing as a user would do it by hand; nothing when it does not end.
+std::optional<std::string> byHand(std::string text, const FindRequest &request)
+{
+    constexpr int manyTimes = 200;
+    Offset at = 0;
+    for (int i = 0; i < manyTimes; ++i) {
+        const auto hit = find(text, request.text, {at, std::ssize(text)}, request.options());
+        if (!hit)
+            return text;
+        text.replace(static_cast<std::size_t>(*hit), request.text.size(), request.replacement);
+        at = *hit;
+    }
+    return std::nullopt;
+}
+
+std::string applied(std::string text, const Replacement &replacement)
+{
+    return text.replace(static_cast<std::size_t>(replacement.range.start),
+        static_cast<std::size_t>(replacement.range.length()), replacement.text);
+}
+
+TEST(ReplacedAll, GivesWhatReplacingStepByStepGives)
+{
+    const FindRequest special[] = {
+        {.text = "aab", .replacement = "xa"}, // the next hit begins in what was put in
+        {.text = "ab", .replacement = ""},
+        {.text = "a", .replacement = "-", .words = Word::Whole},
+        {.text = "-a", .replacement = "b-", .words = Word::Whole},
+    };
+    std::mt19937 random(7);
+    const auto word = [&](int longest) {
+        std::string made(random() % static_cast<unsigned>(longest + 1), ' ');
+        for (char &c : made)
+            c = "abA- "[random() % 5];
+        return made;
+    };
+    constexpr int rounds = 20000;
+    int endless = 0;
+    for (int i = 0; i < rounds; ++i) {
+        auto request = i < 4 ? special[i] : FindRequest{word(3), word(4)};
+        if (i >= 4) {
+            request.letters = i % 2 ? Case::Match : Case::Ignore;
+            request.words = i % 3 ? Word::Any : Word::Whole;
+        }
+        const auto text = word(40);
+        const auto expected = byHand(text, request);
+        const auto result = replacedAll(text, request.text, request.replacement, request.options());
+        SCOPED_TRACE("\"" + text + "\" \"" + request.text + "\" \"" + request.replacement + "\"");
+        endless += !expected;
+        ASSERT_EQ(std::holds_alternative<Replacement>(result), expected.has_value());
+        if (expected) {
+            ASSERT_EQ(applied(text, std::get<Replacement>(result)), *expected);
+        }
+    }
+    EXPECT_GT(endless, 100);
+}
+
+} // namespace
+} // namespace kevra
