@@ -71,6 +71,8 @@ public:
     SessionSteps session;
     /// Judges the script line that Return has ended; set by the checker.
     std::function<void(TextRange line)> checkFinishedLine;
+    /// Takes a file dropped on the window before it is opened as a document; set by the images.
+    std::function<bool(const std::string &path)> takesDroppedFile;
     QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
 
     [[nodiscard]] MainWindow &mainWindow(); ///< created when it is first asked for

@@ -53,8 +53,9 @@ MainLayout layout(const LayoutRequest &request)
             noLessThanZero(inner.top + above - rowGap - statusTop)};
 
     result.image = centred(inner, request.image, inner.bottom() - request.image.height);
-    // Over the information box, which the web page tools do not need while a colour is chosen.
-    result.colour = centred(inner, request.colour, inner.top);
+    // At the bottom of the document's place, where the colour finder is opened.
+    result.colour
+        = centred(inner, request.colour, noLessThanZero(result.editor.bottom() - request.colour.height));
     return result;
 }
 

@@ -105,7 +105,9 @@ void FilesSide::bindCommands()
     commands.bind(
         "msaveas", [this] { m_offer.reviewing() ? m_offer.saveReviewed() : m_saving.saveAsMenu(); });
     connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const QString &path) {
-        abandonReviewAnd([&] { m_opening.openDropped(QFile::encodeName(path).toStdString()); });
+        const auto file = QFile::encodeName(path).toStdString();
+        if (!m_app.takesDroppedFile || !m_app.takesDroppedFile(file))
+            abandonReviewAnd([&] { m_opening.openDropped(file); });
     });
 }
 

@@ -1,9 +1,136 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
+#include "images/colour_finder_panel.h"
+#include "images/image_commands.h"
+#include "images/image_panel.h"
+#include "images/image_viewer_window.h"
+#include "images/picture_decoder_qt.h"
+
+#include <QtWidgets/QFrame>
+
+#include <array>
 
 namespace kevra {
 
-void wireImages(Application &) { }
+namespace {
+
+/// The viewer and its panel in the main window as one.
+class ImagesSide : private ViewerView {
+public:
+    explicit ImagesSide(Application &app)
+        : m_app(app)
+        , m_frame(app.mainWindow().frame("fr1"))
+        , m_commands({app.mainWindow().document(), app.mainWindow(), app.files, app.fileDialogs, app.messages,
+              app.clipboard, m_decoder, *this})
+        , m_panel(m_frame,
+              {[this] { m_commands.CopySampledColour(); }, [this] { m_commands.CopyViewedImageTag(); }})
+        , m_finder(app.mainWindow().frame("frcol"), app.mainWindow().document(), app.colourDialog,
+              app.messages, app.clipboard)
+    {
+    }
+
+    [[nodiscard]] ImageCommands &commands() { return m_commands; }
+    [[nodiscard]] ColourFinderCommands &finder() { return m_finder.commands(); }
+
+    QWidget *makeViewer()
+    {
+        m_viewer = new ImageViewerWindow(&m_app.mainWindow());
+        QObject::connect(
+            m_viewer, &ImageViewerWindow::closeAsked, m_viewer, [this] { m_commands.CloseImageViewer(); });
+        QObject::connect(&m_viewer->picture(), &PictureView::clicked, m_viewer,
+            [this](int x, int y) { m_commands.SampleImageColour(x, y); });
+        return m_viewer;
+    }
+
+private:
+    void hideFindDialog() override
+    {
+        if (auto *dialog = m_app.window(SecondaryWindow::Find); dialog && dialog->isVisible()) {
+            dialog->hide();
+            dialog->lower();
+        }
+    }
+    std::optional<PictureSize> load(const std::string &path) override
+    {
+        auto picture = m_decoder.decode(path);
+        if (!picture)
+            return std::nullopt;
+        const PictureSize size{picture->width(), picture->height()};
+        m_viewer->picture().setPicture(std::move(*picture));
+        return size;
+    }
+    void emptyPicture() override { m_viewer->picture().setPicture({}); }
+    void enableTag(bool on) override { m_panel.enableTag(on); }
+    void showSpecification(const std::string &size, const std::string &path) override
+    {
+        m_panel.showSpecification(size, path);
+    }
+    void showViewer(PictureSize size) override { m_viewer->showFor(size); }
+    bool viewerIsVisible() const override { return m_viewer->isVisible(); }
+    void raiseViewer() override
+    {
+        m_viewer->raise();
+        m_viewer->activateWindow();
+    }
+    void hideViewer() override
+    {
+        m_viewer->hide();
+        m_viewer->lower();
+    }
+    void showPanel(bool on) override
+    {
+        m_frame.setVisible(on);
+        if (on)
+            m_frame.raise();
+    }
+    std::optional<Colour> colourAt(int x, int y) const override
+    {
+        const auto &picture = m_viewer->picture().picture();
+        if (!picture.valid(x, y))
+            return std::nullopt;
+        const auto pixel = picture.pixel(x, y);
+        return Colour{static_cast<std::uint32_t>(qRed(pixel) | qGreen(pixel) << 8 | qBlue(pixel) << 16)};
+    }
+    void showSample(Colour colour, const std::string &code) override { m_panel.showSample(colour, code); }
+    std::string sampleCode() const override { return m_panel.sampleCode(); }
+
+    Application &m_app;
+    QFrame &m_frame;
+    PictureDecoderQt m_decoder;
+    ImageCommands m_commands;
+    ImagePanel m_panel;
+    ColourFinderPanel m_finder;
+    ImageViewerWindow *m_viewer = nullptr; ///< the application's
+};
+
+struct ImageItem {
+    const char *item;
+    void (ImageCommands::*command)();
+};
+
+constexpr std::array imageItems{
+    ImageItem{"msample", &ImageCommands::ViewImage},
+    ImageItem{"bim", &ImageCommands::CopyImageTag},
+    ImageItem{"bai", &ImageCommands::CopyLinkedImageTag},
+    ImageItem{"bbi", &ImageCommands::CopyBodyBackgroundTag},
+};
+
+} // namespace
+
+void wireImages(Application &app)
+{
+    auto &images = app.keep<ImagesSide>(app);
+    app.makesWindow(SecondaryWindow::ImageViewer, [&images] { return images.makeViewer(); });
+    for (const auto &row : imageItems)
+        app.commands.bind(row.item, [&images, row] { (images.commands().*row.command)(); });
+    app.commands.bind("mcolorfind", [&images] { images.finder().ShowColourFinder(); });
+    app.takesDroppedFile = [&app, &images](const std::string &path) {
+        if (!images.commands().copyTagOf(path))
+            return false;
+        app.mainWindow().setInformation("The image's tag is on the clipboard.");
+        return true;
+    };
+}
 
 } // namespace kevra

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "images/colour_finder_commands.h"
+
+#include "editor/words.h"
+#include "images/colour_code.h"
+
+namespace kevra {
+
+void ColourFinderCommands::ChooseColour()
+{
+    TakeChosenColour(m_dialog.choose(m_view.shownColour()));
+}
+
+void ColourFinderCommands::ShowTypedColour()
+{
+    const auto text = m_view.typedCode();
+    if (text.empty())
+        return;
+    if (characterCount(text) != static_cast<Offset>(hexDigits))
+        return m_messages.inform("The hex code must be 6 characters.");
+    const auto colour = colourOfHex(text);
+    if (!colour)
+        return m_messages.inform("Error in hex code. All characters must be 0 thru 9 or A thru F.");
+    m_view.showColour(*colour, "\"#" + text + "\"");
+    TakeChosenColour(m_dialog.choose(*colour));
+}
+
+void ColourFinderCommands::TakeChosenColour(Colour colour)
+{
+    // Black counts as nothing chosen; it can only be typed.
+    if (colour == colours::black)
+        return;
+    m_view.showColour(colour, "\"" + ColourToHtml(colour) + "\"");
+    m_document.SetFocus();
+}
+
+void ColourFinderCommands::CopyColourCode()
+{
+    m_clipboard.clear();
+    m_clipboard.setText(m_view.shownCode());
+}
+
+} // namespace kevra

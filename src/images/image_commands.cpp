@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "images/image_commands.h"
+
+#include "files/paths.h"
+#include "images/colour_code.h"
+#include "images/image_tags.h"
+
+namespace kevra {
+
+void ImageCommands::ViewImage()
+{
+    m_ports.viewer.hideFindDialog();
+    const auto path = m_ports.dialogs.openFile(
+        {"", {{"Image Files(*.gif;*.jpg;*.bmp;*.ico)", "*.gif;*.jpg;*.bmp;*.ico"}}});
+    if (path)
+        view(*path);
+    if (m_ports.viewer.viewerIsVisible())
+        return m_ports.viewer.raiseViewer();
+    m_ports.viewer.showPanel(false);
+    m_ports.viewer.hideViewer();
+    m_ports.main.setInformation("");
+}
+
+void ImageCommands::view(const std::string &path)
+{
+    auto &viewer = m_ports.viewer;
+    m_name = fileName(path);
+    const auto type = imageType(path);
+    if (type == ImageType::NotAccepted)
+        return;
+    viewer.enableTag(type == ImageType::Web);
+    const auto size = viewer.load(path);
+    const auto stamp = m_ports.files.stamp(path);
+    if (!size || !stamp)
+        return;
+    m_size = *size;
+    viewer.showSpecification(std::to_string(size->width) + " x " + std::to_string(size->height), path);
+    viewer.showViewer(*size);
+    viewer.showPanel(true);
+    m_ports.main.setInformation(pictureInformation(m_name, stamp->size));
+}
+
+void ImageCommands::SampleImageColour(int x, int y)
+{
+    if (const auto colour = m_ports.viewer.colourAt(x, y))
+        m_ports.viewer.showSample(*colour, ColourToHtml(*colour));
+}
+
+void ImageCommands::CloseImageViewer()
+{
+    m_ports.viewer.emptyPicture();
+    m_ports.viewer.hideViewer();
+    m_ports.viewer.showPanel(false);
+    m_ports.main.setInformation("");
+    m_ports.document.SetFocus();
+}
+
+void ImageCommands::put(const std::string &text)
+{
+    m_ports.clipboard.clear();
+    m_ports.clipboard.setText(text);
+}
+
+void ImageCommands::CopyViewedImageTag()
+{
+    put(imageTag(m_name, m_size));
+}
+
+void ImageCommands::CopySampledColour()
+{
+    put("\"" + m_ports.viewer.sampleCode() + "\"");
+}
+
+std::optional<std::string> ImageCommands::chooseWebImage()
+{
+    return m_ports.dialogs.openFile({"", {{"Web Files(*.gif;*.jpg;)", "*.gif;*.jpg;"}}});
+}
+
+void ImageCommands::copyTag(Tag tag)
+{
+    const auto path = chooseWebImage();
+    if (!path)
+        return;
+    m_name = fileName(*path);
+    if (imageType(*path) != ImageType::Web) {
+        m_ports.messages.show({"As this function auto-inserts code for webpage images, it only accepts .jpg "
+                               "and .gif files.",
+            Icon::Information, Buttons::Ok, "Wrong file type"});
+        return;
+    }
+    const auto size = m_ports.sizes.sizeOf(*path);
+    if (!size)
+        return;
+    put(tag(m_name, *size));
+    m_ports.document.SetFocus();
+}
+
+void ImageCommands::CopyImageTag()
+{
+    copyTag([](std::string_view name, PictureSize size) { return imageTag(name, size); });
+}
+
+void ImageCommands::CopyLinkedImageTag()
+{
+    copyTag(linkedImageTag);
+}
+
+void ImageCommands::CopyBodyBackgroundTag()
+{
+    const auto path = chooseWebImage();
+    if (!path)
+        return;
+    m_name = fileName(*path);
+    put(bodyBackgroundTag(m_name));
+    m_ports.document.SetFocus();
+}
+
+bool ImageCommands::copyTagOf(const std::string &path)
+{
+    const auto size = imageType(path) == ImageType::Web ? m_ports.sizes.sizeOf(path) : std::nullopt;
+    if (size)
+        put(imageTag(fileName(path), *size));
+    return size.has_value();
+}
+
+} // namespace kevra

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Viewing a picture, picking a colour in it, and the tags that name one. Tags go to the clipboard; the
+// document is not changed.
+#pragma once
+
+#include "editor/main_view.h"
+#include "editor/surface.h"
+#include "files/file_store.h"
+#include "images/viewer_rules.h"
+#include "platform/clipboard.h"
+#include "platform/file_dialogs.h"
+#include "platform/messages.h"
+
+#include <optional>
+#include <string>
+
+namespace kevra {
+
+/// The size of a picture file; nothing for what is no picture or is too large to be one.
+class PictureSizes {
+public:
+    virtual ~PictureSizes() = default;
+    [[nodiscard]] virtual std::optional<PictureSize> sizeOf(const std::string &path) const = 0;
+};
+
+/// The window `fbitmap` and the panel `fr1`.
+class ViewerView {
+public:
+    virtual ~ViewerView() = default;
+    virtual void hideFindDialog() = 0;
+    /// Loads the picture at its natural size; nothing when it cannot be decoded.
+    virtual std::optional<PictureSize> load(const std::string &path) = 0;
+    virtual void emptyPicture() = 0;
+    virtual void enableTag(bool on) = 0; ///< `bspec`
+    virtual void showSpecification(const std::string &size, const std::string &path) = 0;
+    /// Sized and captioned for the picture, not modal.
+    virtual void showViewer(PictureSize size) = 0;
+    [[nodiscard]] virtual bool viewerIsVisible() const = 0;
+    virtual void raiseViewer() = 0; ///< above the program's other windows
+    virtual void hideViewer() = 0; ///< and put at the bottom
+    virtual void showPanel(bool on) = 0; ///< `fr1`
+    /// At a place in the picture's own pixels.
+    [[nodiscard]] virtual std::optional<Colour> colourAt(int x, int y) const = 0;
+    virtual void showSample(Colour colour, const std::string &code) = 0;
+    [[nodiscard]] virtual std::string sampleCode() const = 0; ///< `thex`
+};
+
+struct ImagePorts {
+    EditorSurface &document;
+    MainView &main;
+    FileStore &files;
+    FileDialogs &dialogs;
+    Messages &messages;
+    Clipboard &clipboard;
+    PictureSizes &sizes;
+    ViewerView &viewer;
+};
+
+class ImageCommands {
+public:
+    explicit ImageCommands(ImagePorts ports)
+        : m_ports(ports)
+    {
+    }
+
+    void ViewImage();
+    void SampleImageColour(int x, int y);
+    void CloseImageViewer();
+    void CopyViewedImageTag();
+    void CopySampledColour();
+    void CopyImageTag();
+    void CopyLinkedImageTag();
+    void CopyBodyBackgroundTag();
+    /// Puts the tag of a picture on the clipboard; false when it is none for a web page.
+    bool copyTagOf(const std::string &path);
+
+private:
+    using Tag = std::string (*)(std::string_view name, PictureSize size);
+
+    void view(const std::string &path);
+    void copyTag(Tag tag);
+    void put(const std::string &text);
+    [[nodiscard]] std::optional<std::string> chooseWebImage();
+
+    ImagePorts m_ports;
+    std::string m_name; ///< of the file last chosen, without its folder
+    PictureSize m_size;
+};
+
+} // namespace kevra

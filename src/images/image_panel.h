@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editor/types.h"
+
+#include <QtWidgets/QWidget>
+
+#include <functional>
+#include <string>
+
+class QFrame;
+class QLineEdit;
+class QPushButton;
+
+namespace kevra {
+
+/// A patch that shows a colour.
+void showColourIn(QWidget &patch, Colour colour);
+/// A patch of a panel, black at first.
+[[nodiscard]] QFrame *colourPatch(const char *name, QWidget *parent);
+
+/// What the frame `fr1` holds: the colour sampled in the viewed image, its size and path.
+class ImagePanel {
+public:
+    struct Hooks {
+        std::function<void()> copyColour;
+        std::function<void()> copyTag;
+    };
+
+    /// The controls belong to `frame`.
+    ImagePanel(QWidget &frame, const Hooks &hooks);
+
+    void enableTag(bool on);
+    void showSpecification(const std::string &size, const std::string &path);
+    void showSample(Colour colour, const std::string &code);
+    [[nodiscard]] std::string sampleCode() const;
+
+private:
+    QFrame *m_sample;
+    QLineEdit *m_code;
+    QLineEdit *m_size;
+    QLineEdit *m_path;
+    QPushButton *m_tag;
+};
+
+} // namespace kevra

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "images/image_viewer_window.h"
+
+#include "platform/geometry.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QScreen>
+
+#include <algorithm>
+
+namespace kevra {
+
+PictureView::PictureView(QWidget *parent)
+    : QWidget(parent)
+{
+    setObjectName("piclarge");
+    setAccessibleName("Image");
+    setToolTip("Click to sample a color.");
+    setCursor(Qt::CrossCursor);
+}
+
+void PictureView::setPicture(QImage picture)
+{
+    m_picture = std::move(picture);
+    resize(m_picture.size());
+    update();
+}
+
+void PictureView::paintEvent(QPaintEvent *)
+{
+    QPainter(this).drawImage(0, 0, m_picture);
+}
+
+void PictureView::mousePressEvent(QMouseEvent *event)
+{
+    const auto place = event->position();
+    if (event->button() == Qt::LeftButton)
+        emit clicked(static_cast<int>(place.x()), static_cast<int>(place.y()));
+}
+
+ImageViewerWindow::ImageViewerWindow(QWidget *parent)
+    : QWidget(parent, Qt::Window)
+    , m_picture(new PictureView(this))
+{
+    setObjectName("fbitmap");
+    setWindowTitle("VIEW IMAGE");
+}
+
+void ImageViewerWindow::showFor(PictureSize size)
+{
+    const auto screenSize = screen()->size();
+    const auto plan = viewerPlan(size, std::int64_t{screenSize.width()} * twipsPerPixel,
+        std::int64_t{screenSize.height()} * twipsPerPixel);
+    setWindowTitle(QString::fromUtf8(plan.caption.data(), static_cast<qsizetype>(plan.caption.size())));
+    const auto height = std::max<std::int64_t>(plan.height - titleBarTwips, twipsPerPixel);
+    resize(static_cast<int>(plan.width / twipsPerPixel), static_cast<int>(height / twipsPerPixel));
+    m_picture->move(0, 0);
+    show();
+}
+
+void ImageViewerWindow::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    emit closeAsked();
+}
+
+void ImageViewerWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit closeAsked();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+} // namespace kevra

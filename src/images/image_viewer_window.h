@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "images/viewer_rules.h"
+
+#include <QtGui/QImage>
+#include <QtWidgets/QWidget>
+
+namespace kevra {
+
+/// The control `piclarge`: a picture in its natural size, one of its pixels to one of the window's.
+class PictureView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PictureView(QWidget *parent);
+
+    void setPicture(QImage picture);
+    [[nodiscard]] const QImage &picture() const { return m_picture; }
+
+signals:
+    /// In the picture's own pixels, whatever the screen's scale.
+    void clicked(int x, int y);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    QImage m_picture;
+};
+
+/// The window `fbitmap`. Closing it is refused and told; it stays as long as the program.
+class ImageViewerWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ImageViewerWindow(QWidget *parent = nullptr);
+
+    [[nodiscard]] PictureView &picture() { return *m_picture; }
+    void showFor(PictureSize size);
+
+signals:
+    void closeAsked();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    PictureView *m_picture;
+};
+
+} // namespace kevra

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "images/picture_decoder_qt.h"
+
+#include <QtCore/QFileInfo>
+#include <QtGui/QImageReader>
+#include <QtGui/QPainter>
+
+#include <algorithm>
+#include <array>
+
+namespace kevra {
+namespace {
+
+constexpr qint64 mostPixels = qint64{32} * 1024 * 1024; ///< 128 MB as an image
+
+constexpr std::array formats{"gif", "jpeg", "jpg", "bmp", "ico"};
+
+bool open(QImageReader &reader, const std::string &path)
+{
+    const auto name = QFile::decodeName(QByteArray::fromStdString(path));
+    if (!QFileInfo(name).isFile())
+        return false;
+    // The content decides, so that no other decoder is ever let at the file for its name.
+    reader.setDecideFormatFromContent(true);
+    reader.setFileName(name);
+    const auto format = reader.format();
+    return std::ranges::any_of(formats, [&](const char *known) { return format == known; });
+}
+
+bool isSane(QSize size)
+{
+    return size.width() > 0 && size.height() > 0 && qint64{size.width()} * size.height() <= mostPixels;
+}
+
+std::optional<QImage> read(QImageReader &reader)
+{
+    // Every one of the formats has its size in the header; without one the file is broken.
+    if (!isSane(reader.size()))
+        return std::nullopt;
+    auto image = reader.read();
+    if (image.isNull() || !isSane(image.size()))
+        return std::nullopt;
+    return image;
+}
+
+} // namespace
+
+std::optional<PictureSize> PictureDecoderQt::sizeOf(const std::string &path) const
+{
+    QImageReader reader;
+    if (!open(reader, path) || !isSane(reader.size()))
+        return std::nullopt;
+    return PictureSize{reader.size().width(), reader.size().height()};
+}
+
+std::optional<QImage> PictureDecoderQt::decode(const std::string &path) const
+{
+    QImageReader reader;
+    if (!open(reader, path))
+        return std::nullopt;
+    const auto image = read(reader);
+    if (!image)
+        return std::nullopt;
+    QImage shown(image->size(), QImage::Format_RGB32);
+    if (shown.isNull())
+        return std::nullopt;
+    shown.fill(Qt::white);
+    QPainter(&shown).drawImage(0, 0, *image);
+    return shown;
+}
+
+} // namespace kevra
