@@ -3,12 +3,47 @@
 #include "app/wiring_qt.h"
 #include "checker/checker.h"
 
+#include <QtWidgets/QLineEdit>
+
 namespace kevra {
+
+namespace {
+
+/// A double click on a finding in the information box goes to the line it names.
+class FindingLink : public QObject {
+public:
+    FindingLink(QLineEdit &box, EditorControl &document)
+        : m_box(box)
+        , m_document(document)
+    {
+        box.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const auto line = event->type() == QEvent::MouseButtonDblClick
+            ? lineNamedBy(m_box.text().toStdString())
+            : std::nullopt;
+        if (!line || *line > m_document.lineCount())
+            return QObject::eventFilter(watched, event);
+        m_document.SetSelStart(m_document.lineRange(*line - 1).start);
+        m_document.SetFocus();
+        return true;
+    }
+
+private:
+    QLineEdit &m_box;
+    EditorControl &m_document;
+};
+
+} // namespace
 
 void wireChecker(Application &app)
 {
     auto &checker = app.keep<Checker>(app.mainWindow().document(), app.document, app.mainWindow());
     app.checkFinishedLine = [&checker](TextRange line) { checker.checkFinishedLine(line); };
+    app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), app.mainWindow().document());
     app.commands.bind("mrundebug", [&checker] { checker.runDebugger(); });
     const auto useLineDebugging = [&app](bool on) {
         app.document.lineDebugPreferred = app.document.lineDebugOn = on;

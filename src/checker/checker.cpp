@@ -8,6 +8,8 @@
 #include "editor/nearby.h"
 #include "editor/programmatic_change.h"
 
+#include <charconv>
+
 namespace kevra {
 CheckResult check(std::string_view text, bool ifChecking)
 {
@@ -42,6 +44,19 @@ std::vector<Finding> checkAll(std::string_view text, bool ifChecking)
     for (auto &finding : CheckObjectReferences(text, true))
         findings.push_back(std::move(finding));
     return findings;
+}
+
+std::optional<Offset> lineNamedBy(std::string_view finding)
+{
+    constexpr std::string_view mark = " - Line ";
+    const auto at = finding.rfind(mark);
+    if (at == std::string_view::npos)
+        return std::nullopt;
+    const auto number = finding.substr(at + mark.size());
+    Offset line = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), line);
+    const bool whole = error == std::errc() && end == number.data() + number.size() && line > 0;
+    return whole ? std::optional(line) : std::nullopt;
 }
 
 Checker::Checker(EditorSurface &document, DocumentState &state, MainView &view)

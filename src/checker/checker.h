@@ -29,6 +29,9 @@ struct CheckResult {
 /// Every finding: of all lines, then all kinds of blocks, which have no line, then all object references.
 [[nodiscard]] std::vector<Finding> checkAll(std::string_view text, bool ifChecking);
 
+/// The line, from 1, that a finding's text names at its end; nothing when it is about the whole script.
+[[nodiscard]] std::optional<Offset> lineNamedBy(std::string_view finding);
+
 /// The checker at work on a document, with what it leaves on the screen.
 class Checker {
 public:

@@ -78,6 +78,13 @@ TEST(Checker, ListsEveryFinding)
             "Textstream, Drive or Folder Object required - Line 7"}));
 }
 
+TEST(Checker, NamesALineToGoTo)
+{
+    EXPECT_EQ(lineNamedBy("IF without THEN - Line 12"), 12);
+    for (const char *text : {"OK", "IF - 1   END IF - 0", "x - Line ", "x - Line 0", "x - Line 3a", ""})
+        EXPECT_FALSE(lineNamedBy(text)) << text;
+}
+
 TEST(BlockCounts, StayBalancedBeyondSixteenBits)
 {
     std::string text;
