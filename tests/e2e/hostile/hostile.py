@@ -1,0 +1,156 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Shows pages that mean harm in the preview and counts what they achieve. A server on this machine stands for
+the web: offline, not even a connection may reach it. Usage: hostile.py HARNESS"""
+
+import os
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+
+BIG = "style='display:block;width:500px;height:300px;background:#ddd'"
+
+
+def pages(web, secret):
+    def link(href, more=""):
+        return f"<a href='{href}' {more} {BIG}>go</a>"
+
+    def script(code):
+        return f"<body><script>{code}</script>"
+
+    def reads(code):
+        return script("const tell = t => document.title = t; " + code)
+
+    return {
+        "link": link(web), "link-fragment": link("#x"), "link-blank": link(web, "target=_blank"),
+        "link-local": link(secret), "link-javascript": link("javascript:location=%22" + web + "%22"),
+        "link-mailto": link("mailto:a@example.org"), "link-scheme": link("kevra-unknown:x"),
+        "link-download": link(web, "download"), "link-ping": link("#", f"ping='{web}'"),
+        "link-scripted": link("#", f"onclick='location=\"{web}\"'"),
+        "open": script(f"open('{web}')"),
+        "open-click": f"<div {BIG} onclick=\"open('{web}')\">go</div>",
+        "location": script(f"location='{web}'"),
+        "location-timer": script(f"setTimeout(()=>location='{web}', 300)"),
+        "location-local": script(f"location='{secret}'"),
+        "location-data": script("location='data:text/html,x'"),
+        "refresh-0": f"<meta http-equiv=refresh content='0;url={web}'>",
+        "refresh-1": f"<meta http-equiv=refresh content='1;url={web}'>",
+        "form-get": f"<form action='{web}'><input name=a value=b></form><script>document.forms[0].submit()</script>",
+        "form-post": f"<form method=post action='{web}'></form><script>document.forms[0].submit()</script>",
+        "frame-remote": f"<iframe src='{web}'></iframe>",
+        "frame-local": f"<iframe src='{secret}' onload='try {{document.title=this.contentDocument.body.innerText}}"
+                       " catch (e) {}'></iframe>",
+        "frame-moves": f"<iframe srcdoc='x'></iframe><script>setTimeout(()=>frames[0].location='{web}', 500)</script>",
+        "frame-top": f"<iframe srcdoc=\"<script>top.location='{web}'</script>\"></iframe>",
+        "fetch-local": reads(f"fetch('{secret}').then(r=>r.text()).then(tell)"),
+        "fetch-beside": reads("fetch('beside.txt').then(r=>r.text()).then(tell)"),
+        "fetch-web": reads(f"fetch('{web}',{{mode:'no-cors'}})"),
+        "xhr-local": reads(f"const x=new XMLHttpRequest; x.open('GET','{secret}'); x.onload=()=>tell(x.responseText);"
+                           " x.send()"),
+        "xhr-beside": reads("const x=new XMLHttpRequest; x.open('GET','beside.txt'); x.onload=()=>"
+                            "tell(x.responseText); x.send()"),
+        "script-local": f"<script src='{secret}'></script>", "style-local": f"<link rel=stylesheet href='{secret}'>",
+        "socket": script(f"new WebSocket('{web.replace('http', 'ws')}')"),
+        "worker": script(f"new Worker(URL.createObjectURL(new Blob([\"fetch('{web}',{{mode:'no-cors'}});"
+                         f"new WebSocket('{web.replace('http', 'ws')}')\"])))"),
+        "events": script(f"new EventSource('{web}')"), "beacon": script(f"navigator.sendBeacon('{web}','x')"),
+        "peer": script("new RTCPeerConnection({iceServers:[{urls:'stun:127.0.0.1:%s'}]}).createOffer()"
+                       % web.split(":")[2].strip("/")),
+        "hints": "".join(f"<link rel={r} href='{web}'>" for r in ("prefetch", "preload", "preconnect", "dns-prefetch")),
+        "image-web": f"<img src='{web}'><link rel=icon href='{web}'>",
+        "object": f"<object data='{web}'></object><object data='{secret}'></object>",
+        "embed": f"<embed src='{web}'><embed src='{secret}'>",
+        "video": f"<video autoplay src='{web}'></video><audio autoplay src='{web}'></audio>",
+        "style-web": f"<style>@import '{web}'; body{{background:url({web})}}"
+                     f"@font-face{{font-family:q;src:url({web})}} body{{font-family:q}}</style>x",
+        "alerts": script("for (;;) { alert(1); confirm(2); prompt(3); if (performance.now() > 9000) break }"),
+        "beforeunload": script("onbeforeunload=e=>{e.preventDefault(); return e.returnValue='stay'}"),
+        "endless": script("for (;;);"), "endless-later": script("setTimeout(()=>{for (;;);}, 300)"),
+        "million": script("for (let i=0;i<1e6;i++) document.body.appendChild(document.createElement('b'))"),
+        "memory": script("const a=[]; setInterval(()=>a.push(new Array(1e5).fill(1)), 5)"),
+        "print": script("setInterval(print, 100)"), "close": script("close(); setTimeout(()=>window.close(), 200)"),
+        "full-screen": f"<div {BIG} onclick='this.requestFullscreen()'>go</div>",
+        "permissions": script("navigator.geolocation.getCurrentPosition(()=>0); Notification.requestPermission();"
+                              "navigator.mediaDevices && navigator.mediaDevices.getUserMedia({audio:true})"),
+        "history": script("history.pushState({},'','#a'); history.back(); setTimeout(()=>history.go(-5), 200)"),
+        "file-box": f"<label {BIG}><input type=file id=f>go</label>",
+        "schemes": script("for (const s of ['chrome://version','view-source:file:///etc/passwd','ftp://127.0.0.1/'])"
+                          "{const f=document.createElement('iframe'); f.src=s; document.body.append(f)}"),
+    }
+
+
+class Sink:
+    """Accepts connections on this machine, answers like a web server, and keeps their first lines."""
+
+    def __init__(self):
+        self.seen = []
+        self.server = socket.create_server(("127.0.0.1", 0))
+        self.packets = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
+        self.packets.bind(("127.0.0.1", self.server.getsockname()[1]))
+        for work in (self.serve, self.listen):
+            threading.Thread(target=work, daemon=True).start()
+
+    @property
+    def address(self):
+        return f"http://127.0.0.1:{self.server.getsockname()[1]}/"
+
+    def serve(self):
+        while True:
+            connection, _ = self.server.accept()
+            connection.settimeout(1)
+            try:
+                self.seen.append(connection.recv(200).split(b"\r\n")[0].decode("latin-1"))
+                connection.sendall(b"HTTP/1.1 200 OK\r\nContent-Length: 2\r\nAccess-Control-Allow-Origin: *\r\n\r\nok")
+            except OSError:
+                self.seen.append("(connection)")
+            connection.close()
+
+    def listen(self):
+        while True:
+            self.packets.recv(2000)
+            self.seen.append("(packet)")
+
+
+def main():
+    sink = Sink()
+    # The sink has to be able to notice something, or its zero would mean nothing.
+    with socket.create_connection(("127.0.0.1", sink.server.getsockname()[1])) as probe:
+        probe.sendall(b"PROBE\r\n")
+        probe.recv(10)
+    if sink.seen != ["PROBE"]:
+        sys.exit("the sink hears nothing")
+    sink.seen.clear()
+    with tempfile.TemporaryDirectory() as folder:
+        site = os.path.join(folder, "site")
+        os.mkdir(site)
+        for path in (os.path.join(folder, "secret.txt"), os.path.join(site, "beside.txt")):
+            with open(path, "w", encoding="ascii") as file:
+                file.write("document.title = 'TOP-SECRET'")
+        attempts = pages(sink.address, "file://" + os.path.join(folder, "secret.txt"))
+        for name, text in attempts.items():
+            with open(os.path.join(site, name + ".hostile"), "w", encoding="utf-8") as file:
+                file.write(text)
+        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=folder, XDG_RUNTIME_DIR=folder)
+        run = subprocess.run([sys.argv[1], site], env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                             text=True, timeout=280, check=False)
+    print(run.stdout, end="")
+    results = {line.split()[0]: dict(part.split("=") for part in line.split()[1:]) for line in run.stdout.splitlines()}
+
+    def total(key):
+        return sum(int(result[key]) for result in results.values())
+
+    slowest = max((int(result["back"]) for result in results.values()), default=0)
+    running = [name for name, result in results.items() if result["ended"] != "yes"]
+    most = max((int(result["dialogs"]) for result in results.values()), default=0)
+    print(f"pages {len(results)} of {len(attempts)}, navigations followed {total('followed')}, local files read "
+          f"{total('read')}, new windows {total('windows')}, requests at the sink {len(sink.seen)} {sink.seen}, "
+          f"most dialogs {most}, slowest way back {slowest} ms, still running {running}")
+    good = (run.returncode == 0 and len(results) == len(attempts) and not sink.seen and not running and most <= 3
+            and slowest < 2000 and not any(total(key) for key in ("followed", "read", "windows")))
+    return 0 if good else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

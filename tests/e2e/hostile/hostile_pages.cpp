@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Shows every page of a folder in the browser window over the real web engine, clicks on it, goes back to the
+// text, and prints what the page has achieved, one line a page:
+//   NAME followed=N read=N windows=N dialogs=N back=MS ended=yes|no
+#include "editor/memory_surface.h"
+#include "files/backup_store.h"
+#include "files/file_store_qt.h"
+#include "preview/browser_control_qt.h"
+#include "preview/browser_window.h"
+#include "preview/preview_commands.h"
+
+#include <QtTest/QTest>
+#include <QtWidgets/QtWidgets>
+
+#include <cstdio>
+
+using namespace kevra;
+
+namespace {
+
+constexpr int settleTime = 1100; ///< ms; the pages' timers are below a second
+constexpr auto secret = "TOP-SECRET";
+
+class NoBackups : public BackupStore {
+    bool keep(const std::string &, std::string_view) override { return true; }
+};
+class NoMessages : public Messages {
+    Answer show(const Message &) override { return Answer::Ok; }
+};
+class NoMain : public MainView {
+    void setInformation(std::string_view) override { }
+    void setTitlePath(std::string_view) override { }
+    void redrawAndFocus() override { }
+    void levelLineNumbers() override { }
+    void refreshDocumentStatus() override { }
+};
+
+/// The processes that pages of this program run in.
+QList<int> pageProcesses()
+{
+    QHash<int, int> parents;
+    QList<int> found;
+    for (const auto &name : QDir("/proc").entryList({"[0-9]*"}, QDir::Dirs)) {
+        QFile stat("/proc/" + name + "/stat");
+        QFile line("/proc/" + name + "/cmdline");
+        if (!stat.open(QIODevice::ReadOnly) || !line.open(QIODevice::ReadOnly))
+            continue;
+        const auto bytes = stat.readAll();
+        const auto fields = bytes.mid(bytes.lastIndexOf(')') + 2).split(' ');
+        parents[name.toInt()] = fields.value(1).toInt();
+        if (line.readAll().contains("QtWebEngineProcess") && fields.value(0) != "Z")
+            found.append(name.toInt());
+    }
+    // The program starts the engine's helpers, and only these start pages.
+    const auto all = found;
+    const auto self = static_cast<int>(QCoreApplication::applicationPid());
+    found.removeIf([&](int process) {
+        return !all.contains(parents[process]) || parents.value(parents[process]) != self;
+    });
+    return found;
+}
+
+class Stage : private PreviewWindows {
+public:
+    explicit Stage(const QString &folder)
+        : m_folder(folder)
+    {
+        m_control.setCommands(m_commands);
+        QObject::connect(&m_closer, &QTimer::timeout, &m_closer, [this] { closeDialog(); });
+        m_closer.start(20);
+        m_window.resize(900, 700);
+    }
+
+    void play(const QString &page);
+    [[nodiscard]] QString title() { return view() ? view()->property("title").toString() : QString(); }
+
+private:
+    [[nodiscard]] QWidget *view()
+    {
+        return m_window.findChild<QWidget *>("wb1")->findChild<QWidget *>({}, Qt::FindDirectChildrenOnly);
+    }
+    void watch(int time);
+    void click();
+    void closeDialog();
+
+    void hideFind() override { }
+    bool hideImageViewer() override { return false; }
+    void hideMain() override { m_main.hide(); }
+    void showMain() override { m_main.show(); }
+    void showBrowser() override { m_window.show(); }
+    void hideBrowser() override { m_window.hide(); }
+    void setLinkTarget(const std::string &) override { }
+
+    QString m_folder;
+    QWidget m_main;
+    MemorySurface m_document;
+    DocumentState m_state;
+    ApplicationState m_application;
+    FileStoreQt m_files{m_folder.toStdString()};
+    NoBackups m_backups;
+    NoMessages m_messages;
+    NoMain m_mainView;
+    DocumentFile m_file{m_files, m_backups};
+    BrowserWindow m_window;
+    BrowserControlQt m_control{m_window};
+    PreviewCommands m_commands{PreviewPorts{m_document, m_state, m_application, m_files, m_file, m_backups,
+        m_messages, m_mainView, *this, m_control, [](const std::string &name) { return name; }, "/root"}};
+    QTimer m_closer;
+    int m_dialogs = 0;
+    int m_followed = 0;
+    int m_read = 0;
+    int m_windows = 0;
+};
+
+void Stage::closeDialog()
+{
+    if (auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+        ++m_dialogs;
+        box->reject();
+    }
+}
+
+void Stage::watch(int time)
+{
+    QElapsedTimer clock;
+    for (clock.start(); clock.elapsed() < time;) {
+        QTest::qWait(30);
+        const auto address = view()->property("url").toUrl();
+        m_followed
+            = std::max(m_followed, address.isEmpty() || address.fileName() == "kevratemp.html" ? 0 : 1);
+        m_read = std::max(m_read, title().contains(secret) ? 1 : 0);
+        int shown = 0;
+        for (const auto *window : QApplication::topLevelWidgets())
+            shown += window->isVisible() && window != &m_window && window != &m_main
+                && !qobject_cast<const QDialog *>(window);
+        m_windows = std::max(m_windows, shown);
+    }
+}
+
+void Stage::click()
+{
+    auto *inner = view()->focusProxy() ? view()->focusProxy() : view();
+    QTest::mouseClick(inner, Qt::LeftButton, {}, {40, 40});
+}
+
+void Stage::play(const QString &page)
+{
+    QFile file(page);
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    m_dialogs = m_followed = m_read = m_windows = 0;
+    m_document.LoadText(file.readAll().toStdString());
+    m_state.currentPath = (m_folder + "/page.htm").toStdString();
+    m_commands.ViewPage();
+    watch(settleTime / 2);
+    click();
+    watch(settleTime);
+    const auto processes = pageProcesses();
+    QElapsedTimer clock;
+    clock.start();
+    m_commands.BackToText();
+    QCoreApplication::processEvents();
+    const auto back = clock.elapsed();
+    const bool ended = QTest::qWaitFor(
+        [&] {
+            const auto now = pageProcesses();
+            return std::ranges::none_of(processes, [&](int process) { return now.contains(process); });
+        },
+        2000);
+    std::printf("%s followed=%d read=%d windows=%d dialogs=%d back=%lld ended=%s\n",
+        qPrintable(QFileInfo(page).baseName()), m_followed, m_read, m_windows, m_dialogs,
+        static_cast<long long>(back), ended && !processes.isEmpty() ? "yes" : "no");
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    const QDir folder(application.arguments().value(1));
+    Stage stage(folder.path());
+    for (const auto &page : folder.entryList({"*.hostile"}, QDir::Files, QDir::Name))
+        stage.play(folder.filePath(page));
+    return 0;
+}
