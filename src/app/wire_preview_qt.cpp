@@ -8,7 +8,6 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QPointer>
-#include <QtGui/QShortcut>
 
 namespace kevra {
 
@@ -64,8 +63,6 @@ void PreviewSide::bindCommands()
         if (m_commands)
             commands().removePreviewPage();
     };
-    auto *key = new QShortcut(QKeySequence(Qt::Key_F5), &m_app.mainWindow());
-    QObject::connect(key, &QShortcut::activated, &m_app.mainWindow(), [this] { commands().ViewPage(); });
 }
 
 QWidget *PreviewSide::makeBrowser()
