@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "images/image_viewer_window.h"
+#include "images/picture_decoder_qt.h"
+
+#include <gtest/gtest.h>
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+namespace kevra {
+namespace {
+
+TEST(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
+{
+    QTemporaryDir folder;
+    const auto path = [&](const char *name) { return folder.filePath(name).toStdString(); };
+    const auto write = [&](const char *name, const QByteArray &bytes) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QFile::WriteOnly));
+        file.write(bytes);
+    };
+    QImage picture(30, 20, QImage::Format_RGB32);
+    picture.fill(qRgb(255, 128, 0));
+    ASSERT_TRUE(picture.save(folder.filePath("good.bmp")));
+    ASSERT_TRUE(picture.save(folder.filePath("good.jpg")));
+    ASSERT_TRUE(picture.save(folder.filePath("named.jpg"), "png"));
+    QFile whole(folder.filePath("good.bmp"));
+    ASSERT_TRUE(whole.open(QFile::ReadOnly));
+    const auto bytes = whole.readAll();
+    write("cut.bmp", bytes.left(40));
+    write("empty.gif", {});
+    auto enormous = bytes;
+    qToLittleEndian<qint32>(30000, enormous.data() + 18);
+    qToLittleEndian<qint32>(30000, enormous.data() + 22);
+    write("enormous.bmp", enormous);
+    QDir(folder.path()).mkdir("folder.gif");
+
+    const PictureDecoderQt decoder;
+    for (const auto *name : {"good.bmp", "good.jpg"}) {
+        EXPECT_EQ(decoder.sizeOf(path(name)), (PictureSize{30, 20})) << name;
+        EXPECT_EQ(decoder.decode(path(name)).value_or(QImage()).size(), QSize(30, 20)) << name;
+    }
+    for (const auto *name :
+        {"named.jpg", "cut.bmp", "empty.gif", "enormous.bmp", "folder.gif", "missing.gif"}) {
+        EXPECT_FALSE(decoder.sizeOf(path(name))) << name;
+        EXPECT_FALSE(decoder.decode(path(name))) << name;
+    }
+}
+
+TEST(ImageViewerWindow, ShowsAPictureUnscaledAndTellsClicksInItsPixels)
+{
+    ImageViewerWindow viewer;
+    QImage picture(5000, 60, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    viewer.picture().setPicture(picture);
+    viewer.showFor({5000, 60});
+    EXPECT_EQ(viewer.windowTitle(), "VIEW IMAGE - Note: Image has been cropped to fit screen.");
+    EXPECT_EQ(viewer.width(), viewer.screen()->size().width() * 9 / 10);
+    EXPECT_EQ(viewer.height(), 60);
+    EXPECT_EQ(viewer.picture().geometry(), QRect(0, 0, 5000, 60));
+    QSignalSpy clicks(&viewer.picture(), &PictureView::clicked);
+    QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {17, 42});
+    ASSERT_EQ(clicks.size(), 1);
+    EXPECT_EQ(clicks[0], (QVariantList{17, 42}));
+    QSignalSpy closes(&viewer, &ImageViewerWindow::closeAsked);
+    viewer.close();
+    EXPECT_EQ(closes.size(), 1);
+    EXPECT_TRUE(viewer.isVisible());
+}
+
+} // namespace
+} // namespace kevra
