@@ -9,22 +9,23 @@ namespace kevra {
 
 namespace {
 
-/// The desktop's filter line: "description (*.a *.b)". A description that already lists its patterns in
-/// parentheses is shown as it stands, so the patterns are not repeated.
+/// A line the dialog takes apart again: it shows the description as it stands, with the program's own way of
+/// writing patterns, and filters by the last parenthesis.
 QString filterLine(const FileFilter &filter)
 {
-    const auto patterns = QString::fromStdString(filter.patterns).replace(u';', u' ');
-    auto description = QString::fromStdString(filter.description);
-    if (const auto bracket = description.indexOf(u'('); bracket >= 0)
-        description.truncate(bracket);
-    return description + u'(' + patterns + u')';
+    auto patterns = QString::fromStdString(filter.patterns);
+    if (patterns == "*.*")
+        patterns = "*"; // a file without a dot is a file too
+    return QString::fromStdString(filter.description) + " (" + patterns.replace(u';', u' ') + u')';
 }
 
-QStringList filterLines(const std::vector<FileFilter> &filters)
+QStringList setFilters(QFileDialog &dialog, const std::vector<FileFilter> &filters)
 {
     QStringList lines;
     for (const auto &filter : filters)
         lines << filterLine(filter);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(lines);
     return lines;
 }
 
@@ -52,7 +53,7 @@ std::vector<std::string> open(const OpenRequest &request, QFileDialog::FileMode 
     QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(request.title));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(mode);
-    dialog.setNameFilters(filterLines(request.filters));
+    setFilters(dialog, request.filters);
     return runDialog(dialog);
 }
 
@@ -76,8 +77,7 @@ std::optional<SaveChoice> FileDialogsQt::saveFile(const SaveRequest &request)
     dialog.setFileMode(QFileDialog::AnyFile);
     // The question about an existing file is the caller's, in its own words.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    const auto filters = filterLines(request.filters);
-    dialog.setNameFilters(filters);
+    const auto filters = setFilters(dialog, request.filters);
     if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
         dialog.selectNameFilter(filters[request.filterIndex - 1]);
     if (!request.proposedName.empty()) {
