@@ -1,0 +1,4 @@
+Sub a
+If x = "1" Then
+End If
+End Sub
