@@ -58,7 +58,10 @@ class Screen:
         size = WIDTH * HEIGHT * PIXEL
         while not picture.exists() or picture.stat().st_size < size:
             time.sleep(0.02)
-        time.sleep(0.3)
+        # A desktop has a window manager; without one, an editor that starts maximised waits for it in vain.
+        self.manager = subprocess.Popen(["openbox"], env=dict(os.environ, DISPLAY=self.name),
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        time.sleep(0.6)
         with open(picture, "rb") as file:
             self.map = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
         self.start = len(self.map) - size
@@ -67,6 +70,8 @@ class Screen:
         return self.map[self.start:]
 
     def close(self):
+        self.manager.terminate()
+        self.manager.wait()
         self.server.terminate()
         self.server.wait()
 
