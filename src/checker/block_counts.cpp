@@ -68,14 +68,13 @@ bool followsBreakOrBlank(std::string_view text, Offset word)
 }
 
 /// The first two letters of each word.
-Truths mayStartWord(Lane bytes, Lane following)
-{
-    const auto first = lowered(bytes);
-    const auto second = lowered(following);
+constexpr auto mayStartWord = [](Places places) {
+    const auto first = lowered(places.behind(0));
+    const auto second = lowered(places.behind(1));
     return (is(first, 'i') & is(second, 'f'))
         | ((is(first, 'f') | is(first, 'd') | is(first, 'l')) & is(second, 'o'))
         | (is(first, 'n') & is(second, 'e')) | (is(first, 's') & is(second, 'u'));
-}
+};
 
 enum class Place { Code, Comment };
 
@@ -182,7 +181,7 @@ void UncountCommentBlocks(std::string_view text, BlockCounts &counts)
     const auto length = static_cast<Offset>(text.size());
     Offset passed = 0; // an earlier comment's line
     forEachMark(
-        text, [](Lane bytes, Lane following) { return is(bytes, '\'') & is(following, '-'); },
+        text, [](Places places) { return is(places.behind(0), '\'') & is(places.behind(1), '-'); },
         [&](Offset at) {
             const auto from = static_cast<std::size_t>(at);
             if (at < passed || !text.substr(from).starts_with(separatorComment))
@@ -203,8 +202,7 @@ BlockCounts countBlocks(std::string_view text)
     bool literal = false;
     Offset pieceStart = 0;
     forEachMark(
-        text,
-        [](Lane bytes, Lane following) { return is(bytes, quoteMark) | mayStartWord(bytes, following); },
+        text, [](Places places) { return is(places.behind(0), quoteMark) | mayStartWord(places); },
         [&](Offset at) {
             if (text[static_cast<std::size_t>(at)] == quoteMark) {
                 literal = !literal;

@@ -190,14 +190,14 @@ std::optional<Finding> faultOf(
     return Finding{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
 }
 
-Truths isMark(Lane bytes, Lane following)
-{
+constexpr auto isMark = [](Places places) {
+    const auto bytes = places.behind(0);
     const auto letters = lowered(bytes);
-    const auto next = lowered(following);
+    const auto next = lowered(places.behind(1));
     return is(bytes, '"') | is(bytes, '\'') | is(bytes, '(') | is(bytes, ')') | is(bytes, ',')
         | is(bytes, '=') | is(bytes, '\r') | (is(letters, 'i') & is(next, 'f'))
         | (is(letters, 't') & is(next, 'h'));
-}
+};
 
 /// Goes through a text from mark to mark and judges each line as its carriage return comes.
 class LineWalk {

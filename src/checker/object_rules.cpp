@@ -76,21 +76,27 @@ constexpr bool isInLiteral(Offset quotes)
     return quotes % 2 == 1 && quotes <= 7;
 }
 
-/// The first two letters of each member, and of the texts that a section needs.
-Truths mayStartName(Lane bytes, Lane following)
-{
-    const auto first = lowered(bytes);
-    const auto second = lowered(following);
-    const auto i = is(second, 'i');
-    const auto o = is(second, 'o');
+/// The first three letters of each member, and of the texts that a section needs.
+constexpr auto mayStartName = [](Places places) {
+    const auto first = lowered(places.behind(0));
+    const auto second = lowered(places.behind(1));
+    const auto third = lowered(places.behind(2));
     const auto e = is(second, 'e');
+    const auto o = is(second, 'o');
     const auto r = is(second, 'r');
     const auto u = is(second, 'u');
-    return (is(first, 'f') & (i | o | r)) | (is(first, 'd') & (e | r)) | (is(first, 'm') & o)
-        | (is(first, 'c') & (o | r | is(second, 'l'))) | (is(first, 'o') & is(second, 'p'))
-        | (is(first, 'g') & e) | (is(first, 'r') & (e | u)) | (is(first, 'a') & is(second, 't'))
-        | (is(first, 's') & (is(second, 'k') | u)) | (is(first, 'w') & (r | is(second, 's')));
-}
+    const auto e3 = is(third, 'e');
+    const auto i3 = is(third, 'i');
+    const auto l3 = is(third, 'l');
+    return (is(first, 'f') & (((is(second, 'i') | o) & l3) | (r & e3)))
+        | (is(first, 'd') & ((e & l3) | (r & i3))) | (is(first, 'm') & o & is(third, 'v'))
+        | (is(first, 'c') & ((o & is(third, 'p')) | (r & e3) | (is(second, 'l') & is(third, 'o'))))
+        | (is(first, 'o') & is(second, 'p') & e3) | (is(first, 'g') & e & is(third, 't'))
+        | (is(first, 'r') & ((e & (is(third, 'g') | is(third, 'a'))) | (u & is(third, 'n'))))
+        | (is(first, 'a') & is(second, 't') & e3)
+        | (is(first, 's') & ((is(second, 'k') & i3) | (u & is(third, 'b'))))
+        | (is(first, 'w') & ((r & i3) | (is(second, 's') & is(third, 'c'))));
+};
 
 constexpr std::size_t startLength = 3;
 
@@ -107,18 +113,6 @@ constexpr auto memberSlots = [] {
     return all;
 }();
 
-/// For three letters, whether a name may start with them.
-constexpr auto nameStarts = [] {
-    std::array<bool, 1u << 15> all{};
-    for (const auto &member : members)
-        all[startSlot(member.name)] = true;
-    for (const auto &rule : sectionRules) {
-        if (!rule.needs.empty())
-            all[startSlot(rule.needs)] = true;
-    }
-    return all;
-}();
-
 /// What stands on a line before a place. Places are asked for in order; each byte is looked at once at most.
 class LineBefore {
 public:
@@ -132,7 +126,6 @@ public:
         const auto passed = m_text.substr(m_at, at - m_at);
         const auto feed = passed.rfind('\n');
         if (feed != std::string_view::npos) {
-            m_number += std::ranges::count(passed, '\n');
             m_start = m_at + feed + 1;
             m_quotes = 0;
             m_apostrophe = false;
@@ -144,7 +137,6 @@ public:
     }
 
     [[nodiscard]] Offset start() const { return static_cast<Offset>(m_start); }
-    [[nodiscard]] Offset number() const { return m_number; } ///< from 1
     [[nodiscard]] Offset quotes() const { return m_quotes; }
     [[nodiscard]] bool hasApostrophe() const { return m_apostrophe; }
 
@@ -152,7 +144,6 @@ private:
     std::string_view m_text;
     std::size_t m_at = 0;
     std::size_t m_start = 0;
-    Offset m_number = 1;
     Offset m_quotes = 0;
     bool m_apostrophe = false;
 };
@@ -171,10 +162,10 @@ public:
     std::vector<Finding> run()
     {
         forEachMark(m_text, mayStartName, [this](Offset at) {
-            const auto start = m_text.substr(static_cast<std::size_t>(at), startLength);
-            if (start.size() == startLength && nameStarts[startSlot(start)])
-                look(static_cast<std::size_t>(at), startSlot(start));
+            const auto start = static_cast<std::size_t>(at);
+            look(start, startSlot(m_text.substr(start, startLength)));
         });
+        numberLines();
         std::vector<Finding> findings;
         for (const auto &places : m_found) {
             for (const auto &place : places) {
@@ -196,6 +187,25 @@ private:
         Offset line = 0;
     };
 
+    /// Counts the line breaks once, whatever the number of findings.
+    void numberLines()
+    {
+        std::vector<Found *> inOrder;
+        for (auto &places : m_found)
+            for (auto &place : places)
+                inOrder.push_back(&place);
+        std::ranges::sort(inOrder, {}, &Found::lineStart);
+        Offset counted = 0;
+        Offset line = 1;
+        for (auto *place : inOrder) {
+            const auto passed = m_text.substr(
+                static_cast<std::size_t>(counted), static_cast<std::size_t>(place->lineStart - counted));
+            line += countMarks(passed, [](Places places) { return is(places.behind(0), '\n'); });
+            counted = place->lineStart;
+            place->line = line;
+        }
+    }
+
     void look(std::size_t at, std::size_t slot)
     {
         for (std::size_t i = 0; i < sectionRules.size(); ++i)
@@ -206,7 +216,7 @@ private:
         for (std::size_t i = 0; i < members.size(); ++i) {
             const bool wanted = memberSlots[i] == slot && (m_all || m_found[i].empty());
             if (wanted && matches(at, members[i].name) && lacksObject(members[i], at))
-                m_found[i].push_back({i, static_cast<Offset>(at), m_line.start(), m_line.number()});
+                m_found[i].push_back({i, static_cast<Offset>(at), m_line.start(), 0});
         }
     }
 

@@ -11,9 +11,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -35,34 +37,69 @@ struct Closer {
     }
 };
 
-/// Tells on standard error why a file cannot be read.
-std::optional<std::string> readFile(const std::string &path)
-{
-    const std::unique_ptr<std::FILE, Closer> file(
-        path == standardInput ? stdin : std::fopen(path.c_str(), "rb"));
-    std::string bytes;
-    constexpr std::size_t step = 1 << 20;
-    std::size_t got = 0;
-    while (file) {
-        bytes.resize(got + step);
-        const auto read = std::fread(bytes.data() + got, 1, step, file.get());
-        got += read;
-        if (read < step)
-            break;
+/// A file's bytes; the room for them is not filled before they come.
+class FileBytes {
+public:
+    /// Tells on standard error why a file cannot be read.
+    static std::optional<FileBytes> read(const std::string &path)
+    {
+        const std::unique_ptr<std::FILE, Closer> file(
+            path == standardInput ? stdin : std::fopen(path.c_str(), "rb"));
+        FileBytes bytes;
+        std::error_code unknownSize;
+        const auto size = std::filesystem::file_size(path, unknownSize);
+        if (file)
+            bytes.readAll(*file, unknownSize ? firstRoom : static_cast<std::size_t>(size) + 1);
+        if (!file || std::ferror(file.get())) {
+            std::fprintf(stderr, "kevra-cli: %s: %s\n", path.c_str(), std::strerror(errno));
+            return std::nullopt;
+        }
+        return bytes;
     }
-    bytes.resize(got);
-    if (!file || std::ferror(file.get())) {
-        std::cerr << "kevra-cli: " << path << ": " << std::strerror(errno) << '\n';
-        return std::nullopt;
-    }
-    return bytes;
-}
 
-DecodedFile decode(const std::string &path, std::string_view bytes)
-{
-    const auto type = fileType(path);
-    return decodeFile(bytes, type ? type->kind : TextKind::Script);
-}
+    [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
+
+private:
+    static constexpr std::size_t firstRoom = 1 << 20;
+
+    void readAll(std::FILE &file, std::size_t room)
+    {
+        m_bytes = std::make_unique_for_overwrite<char[]>(room);
+        for (;;) {
+            m_size += std::fread(m_bytes.get() + m_size, 1, room - m_size, &file);
+            if (m_size < room)
+                return;
+            auto larger = std::make_unique_for_overwrite<char[]>(2 * room);
+            std::copy_n(m_bytes.get(), m_size, larger.get());
+            m_bytes = std::move(larger);
+            room *= 2;
+        }
+    }
+
+    std::unique_ptr<char[]> m_bytes;
+    std::size_t m_size = 0;
+};
+
+/// A file's text, which most often is its bytes as they stand.
+class FileText {
+public:
+    FileText(const std::string &path, std::string_view bytes)
+    {
+        const auto type = fileType(path);
+        const bool plain = isTextAsItStands(bytes);
+        if (!plain)
+            m_decoded = decodeFile(bytes, type ? type->kind : TextKind::Script).text;
+        m_view = plain ? bytes : m_decoded;
+    }
+    FileText(const FileText &) = delete;
+    FileText &operator=(const FileText &) = delete;
+
+    [[nodiscard]] std::string_view view() const { return m_view; }
+
+private:
+    std::string m_decoded;
+    std::string_view m_view;
+};
 
 struct CheckOptions {
     std::vector<std::string> files;
@@ -87,12 +124,13 @@ int runCheck(const CheckOptions &options)
 {
     int exitCode = AllRight;
     for (const auto &path : options.files) {
-        const auto bytes = readFile(path);
+        const auto bytes = FileBytes::read(path);
         if (!bytes) {
             exitCode = Unusable;
             continue;
         }
-        const CheckedFile file{path, findingsOf(decode(path, *bytes).text, options)};
+        const FileText text(path, bytes->view());
+        const CheckedFile file{path, findingsOf(text.view(), options)};
         std::cout << checkReport(file, options.format);
         if (!file.findings.empty())
             exitCode = std::max<int>(exitCode, SomethingFound);
@@ -125,10 +163,11 @@ ColourRuns runsOf(std::string_view text, const ColourOptions &options)
 
 int runColour(const ColourOptions &options)
 {
-    const auto bytes = readFile(options.file);
+    const auto bytes = FileBytes::read(options.file);
     if (!bytes)
         return Unusable;
-    const auto text = decode(options.file, *bytes).text;
+    const FileText decoded(options.file, bytes->view());
+    const auto text = decoded.view();
     const auto runs = flattened(runsOf(text, options), static_cast<Offset>(text.size()));
     std::cout << colourReport(text, runs, options.file, options.format);
     return AllRight;

@@ -49,31 +49,61 @@ inline unsigned bitsOf(Truths truths)
 #endif
 }
 
-/// Calls visit(offset) wherever question(bytes, followingBytes) holds for a byte of `text`. Behind the end of
-/// the text zeros are seen.
+/// Sixteen places of a text, each with the bytes that follow it.
+class Places {
+public:
+    static constexpr std::size_t farthest = 3; ///< bytes behind a place that may be asked for
+
+    explicit Places(const char *bytes)
+        : m_bytes(bytes)
+    {
+    }
+
+    /// The bytes so far behind the places.
+    [[nodiscard]] Lane behind(std::size_t distance) const
+    {
+        Lane lane;
+        std::memcpy(&lane, m_bytes + distance, laneSize);
+        return lane;
+    }
+
+private:
+    const char *m_bytes;
+};
+
+/// Calls visit(places, offset, valid) for the whole text in order; `valid` has a bit for every place that
+/// lies inside it. Behind the end of the text zeros are seen.
+template <typename Visit> void forEachLane(std::string_view text, Visit visit)
+{
+    constexpr unsigned all = (1u << laneSize) - 1;
+    std::size_t at = 0;
+    for (; at + laneSize + Places::farthest <= text.size(); at += laneSize)
+        visit(Places(text.data() + at), at, all);
+    std::array<char, 3 * laneSize> tail{};
+    std::copy_n(text.data() + at, text.size() - at, tail.data());
+    for (auto start = at; at < text.size(); at += laneSize)
+        visit(Places(tail.data() + (at - start)), at,
+            at + laneSize <= text.size() ? all : (1u << (text.size() - at)) - 1);
+}
+
+/// Calls visit(offset) wherever question(places) holds.
 template <typename Question, typename Visit>
 void forEachMark(std::string_view text, Question question, Visit visit)
 {
-    const auto bitsAt = [&](const char *bytes) {
-        Lane here;
-        Lane following;
-        std::memcpy(&here, bytes, laneSize);
-        std::memcpy(&following, bytes + 1, laneSize);
-        return bitsOf(question(here, following));
-    };
-    const auto visitBits = [&](unsigned bits, std::size_t at) {
-        for (; bits != 0; bits &= bits - 1)
+    forEachLane(text, [&](Places places, std::size_t at, unsigned valid) {
+        for (auto bits = bitsOf(question(places)) & valid; bits != 0; bits &= bits - 1)
             visit(static_cast<Offset>(at) + std::countr_zero(bits));
-    };
-    std::size_t at = 0;
-    for (; at + laneSize < text.size(); at += laneSize)
-        visitBits(bitsAt(text.data() + at), at);
-    const auto left = text.size() - at;
-    if (left == 0)
-        return;
-    std::array<char, 2 * laneSize> tail{};
-    std::copy_n(text.data() + at, left, tail.data());
-    visitBits(bitsAt(tail.data()) & ((1u << left) - 1), at);
+    });
+}
+
+/// At how many places question(places) holds.
+template <typename Question> Offset countMarks(std::string_view text, Question question)
+{
+    Offset count = 0;
+    forEachLane(text, [&](Places places, std::size_t, unsigned valid) {
+        count += std::popcount(bitsOf(question(places)) & valid);
+    });
+    return count;
 }
 
 } // namespace kevra

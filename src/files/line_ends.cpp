@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/line_ends.h"
 
+#include "editor/mark_scan.h"
 #include "files/line_match.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace kevra {
 namespace {
@@ -26,12 +28,14 @@ struct EndCounts {
 EndCounts countEnds(std::string_view text)
 {
     EndCounts counts;
-    for (auto at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1))
-        ++(at > 0 && text[at - 1] == '\r' ? counts.crLf : counts.lf);
-    std::size_t allCr = 0;
-    for (auto at = text.find('\r'); at != std::string_view::npos; at = text.find('\r', at + 1))
-        ++allCr;
-    counts.cr = allCr - counts.crLf;
+    forEachLane(text, [&](Places places, std::size_t, unsigned valid) {
+        const auto returns = is(places.behind(0), '\r');
+        const auto both = bitsOf(returns & is(places.behind(1), '\n')) & valid;
+        counts.crLf += static_cast<std::size_t>(std::popcount(both));
+        counts.cr += static_cast<std::size_t>(std::popcount(bitsOf(returns) & valid & ~both));
+        counts.lf += static_cast<std::size_t>(std::popcount(bitsOf(is(places.behind(0), '\n')) & valid));
+    });
+    counts.lf -= counts.crLf;
     return counts;
 }
 

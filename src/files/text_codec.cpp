@@ -115,6 +115,14 @@ DecodedFile decodeFile(std::string_view bytes, TextKind kind)
     return file;
 }
 
+bool isTextAsItStands(std::string_view bytes)
+{
+    if (!isAscii(bytes))
+        return false;
+    const auto ends = lineEndsOf(bytes);
+    return ends == LineEnds::CrLf || ends == LineEnds::None;
+}
+
 std::string decodeFile(std::string_view bytes, const TextFormat &format)
 {
     return toCrLf(OriginalText(bytes, format).view(), format.lineEnds);

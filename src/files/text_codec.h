@@ -23,6 +23,9 @@ struct EncodedFile {
 
 [[nodiscard]] DecodedFile decodeFile(std::string_view bytes, TextKind kind);
 
+/// Whether the bytes are the text as they stand: plain ASCII with CRLF line breaks, whatever the kind.
+[[nodiscard]] bool isTextAsItStands(std::string_view bytes);
+
 /// The same for bytes whose format is known.
 [[nodiscard]] std::string decodeFile(std::string_view bytes, const TextFormat &format);
 
