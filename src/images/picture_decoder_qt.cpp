@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/picture_decoder_qt.h"
 
+#include "images/whole_picture.h"
+
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
@@ -12,8 +15,21 @@ namespace kevra {
 namespace {
 
 constexpr qint64 mostPixels = qint64{32} * 1024 * 1024; ///< 128 MB as an image
+constexpr qint64 mostBytes = qint64{128} * 1024 * 1024; ///< of a JPEG file, which is read whole
 
 constexpr std::array formats{"gif", "jpeg", "jpg", "bmp", "ico"};
+
+/// The others' decoders refuse what has been cut off themselves.
+bool isWhole(const QString &name, const QByteArray &format)
+{
+    QFile file(name);
+    if (!file.open(QFile::ReadOnly))
+        return false;
+    if (format == "bmp")
+        return isWholeBmp(file.read(bmpHeaderBytes).toStdString(), file.size());
+    return !format.startsWith("jp")
+        || (file.size() <= mostBytes && isWholeJpeg(file.readAll().toStdString()));
+}
 
 bool open(QImageReader &reader, const std::string &path)
 {
@@ -24,7 +40,8 @@ bool open(QImageReader &reader, const std::string &path)
     reader.setDecideFormatFromContent(true);
     reader.setFileName(name);
     const auto format = reader.format();
-    return std::ranges::any_of(formats, [&](const char *known) { return format == known; });
+    return std::ranges::any_of(formats, [&](const char *known) { return format == known; })
+        && isWhole(name, format);
 }
 
 bool isSane(QSize size)

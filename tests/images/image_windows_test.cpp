@@ -47,6 +47,37 @@ TEST(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
     }
 }
 
+/// Of 2 by 2 pixels, black and white in turns.
+const auto tinyGif
+    = QByteArray::fromHex("47494638396102000200800000000000ffffff2c00000000020002000002030c1005003b");
+
+TEST(PictureDecoder, RefusesWhatIsCutOff)
+{
+    QTemporaryDir folder;
+    const auto bytesOf = [&](const char *format) {
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        QImage picture(64, 64, QImage::Format_RGB32);
+        for (int i = 0; i < 64 * 64; ++i)
+            picture.setPixel(i % 64, i / 64, static_cast<uint>(i) * 2654435761U);
+        EXPECT_TRUE(picture.save(&buffer, format)) << format;
+        return bytes;
+    };
+    const PictureDecoderQt decoder;
+    for (const auto &[name, bytes] : {std::pair("a.gif", tinyGif), std::pair("a.jpg", bytesOf("jpg")),
+             std::pair("a.ico", bytesOf("ico")), std::pair("a.bmp", bytesOf("bmp"))}) {
+        const auto path = folder.filePath(name);
+        const auto decodes = [&](qsizetype length) {
+            QFile file(path);
+            return file.open(QFile::WriteOnly) && file.write(bytes.left(length)) == length && file.flush()
+                && decoder.decode(path.toStdString()).has_value();
+        };
+        EXPECT_TRUE(decodes(bytes.size())) << name;
+        for (const qsizetype length : {bytes.size() / 4, bytes.size() / 2, bytes.size() * 3 / 4})
+            EXPECT_FALSE(decodes(length)) << name << " cut to " << length;
+    }
+}
+
 TEST(ImageViewerWindow, ShowsAPictureUnscaledAndTellsClicksInItsPixels)
 {
     ImageViewerWindow viewer;
