@@ -24,16 +24,17 @@ void ImageCommands::ViewImage()
 void ImageCommands::view(const std::string &path)
 {
     auto &viewer = m_ports.viewer;
-    m_name = fileName(path);
     const auto type = imageType(path);
     if (type == ImageType::NotAccepted)
         return;
-    viewer.enableTag(type == ImageType::Web);
-    const auto size = viewer.load(path);
+    // Before anything is set: the tag and the panel speak of the picture that can be seen.
     const auto stamp = m_ports.files.stamp(path);
-    if (!size || !stamp)
+    const auto size = stamp ? viewer.load(path) : std::nullopt;
+    if (!size)
         return;
+    m_name = fileName(path);
     m_size = *size;
+    viewer.enableTag(type == ImageType::Web);
     viewer.showSpecification(std::to_string(size->width) + " x " + std::to_string(size->height), path);
     viewer.showViewer(*size);
     viewer.showPanel(true);

@@ -146,6 +146,21 @@ TEST_F(ImageCommandsTest, PassesOverWhatIsNoPicture)
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(ImageCommandsTest, ABrokenPictureLeavesTheViewedOneAndItsTag)
+{
+    view("/pictures/sea.gif");
+    viewer.size.reset();
+    for (const auto *path : {"broken.jpg", "broken.bmp", "photo.jpeg"}) {
+        SCOPED_TRACE(path);
+        view(path);
+        EXPECT_TRUE(viewer.visible && viewer.panel && viewer.tagEnabled);
+        EXPECT_EQ(viewer.specification, "120 x 80");
+        EXPECT_EQ(main.information, "sea.gif - 2 KB");
+        commands.CopyViewedImageTag();
+        EXPECT_EQ(clipboard.content, "<IMG SRC=\"sea.gif\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
+    }
+}
+
 TEST_F(ImageCommandsTest, PutsTagsOnTheClipboard)
 {
     const auto wrongType = "As this function auto-inserts code for webpage images, it only accepts .jpg and "
