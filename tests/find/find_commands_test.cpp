@@ -143,6 +143,19 @@ TEST_F(FindCommandsTest, ReplacedTagsAreColoured)
         EXPECT_EQ(document.ColourAt(at), colours::black) << at;
 }
 
+TEST_F(FindCommandsTest, ReplacedScriptIsColoured)
+{
+    state.scriptTools = true;
+    load("wenn a Then\r\n'-- wenn\r\n", {.text = "wenn", .replacement = "If"});
+    commands.replaceAll();
+    EXPECT_EQ(document.Text(), "If a Then\r\n'-- If\r\n");
+    EXPECT_EQ(document.ColourAt(0), state.codeColour);
+    EXPECT_EQ(document.ColourAt(3), colours::black);
+    EXPECT_EQ(document.ColourAt(5), state.codeColour);
+    EXPECT_EQ(document.ColourAt(15), colours::separatorComment);
+    EXPECT_TRUE(state.unsaved);
+}
+
 TEST(CountOccurrences, CountsOverlapsAndPartsOfWords)
 {
     EXPECT_EQ(countOccurrences("aaaa", "aa", Case::Ignore), 3);

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtTest/QTest>
+#include <QtWidgets/QtWidgets>
+
+#include <functional>
+
+namespace kevra {
+
+/// Acts on the next modal dialog of its kind as soon as it is open; the dialog must be closed by the act.
+template <typename Dialog> class WhenModal {
+public:
+    explicit WhenModal(std::function<void(Dialog &)> act)
+    {
+        QObject::connect(&m_clock, &QTimer::timeout, &m_clock, [this, act = std::move(act)] {
+            if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget())) {
+                m_clock.stop();
+                act(*dialog);
+            }
+        });
+        m_clock.start(1);
+    }
+    /// Whether there was one.
+    [[nodiscard]] bool came() const { return !m_clock.isActive(); }
+
+private:
+    QTimer m_clock;
+};
+
+inline void drop(QWidget &target, const QStringList &paths)
+{
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const auto &path : paths)
+        urls << QUrl::fromLocalFile(path);
+    data.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&target, &enter);
+    if (!enter.isAccepted())
+        return;
+    QDropEvent dropped({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&target, &dropped);
+}
+
+} // namespace kevra

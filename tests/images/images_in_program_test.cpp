@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Viewer, colour finder and dropped pictures in the whole program, by the buttons people press.
+#include "app/application_qt.h"
+#include "fakes/modal.h"
+#include "images/image_viewer_window.h"
+#include "settings/setting_access.h"
+
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+class ImagesInProgram : public testing::Test {
+protected:
+    ImagesInProgram()
+    {
+        SettingsStoreQt().deleteSetting(settingsApplication);
+        writeSetting(app.store, keys::firstStart, "no");
+        app.start("");
+        QImage picture(120, 80, QImage::Format_RGB32);
+        picture.fill(qRgb(255, 128, 0));
+        EXPECT_TRUE(picture.save(folder.filePath("sea.jpg"), nullptr, 100));
+        EXPECT_TRUE(picture.save(folder.filePath("icon.bmp")));
+        QFile broken(folder.filePath("broken.bmp"));
+        EXPECT_TRUE(broken.open(QFile::WriteOnly));
+        broken.write("BM");
+    }
+    ~ImagesInProgram() override { SettingsStoreQt().deleteSetting(settingsApplication); }
+
+    template <typename T> T &find(const char *name) { return *app.mainWindow().findChild<T *>(name); }
+    void click(const char *name) { QTest::mouseClick(&find<QPushButton>(name), Qt::LeftButton); }
+    QString clipboard() { return QGuiApplication::clipboard()->text(); }
+    void view(const char *name)
+    {
+        const WhenModal<QFileDialog> choose([&](QFileDialog &dialog) {
+            dialog.selectFile(folder.filePath(name));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        app.commands.run("msample");
+        EXPECT_TRUE(choose.came());
+    }
+    void pickColour(const char *button, QColor colour)
+    {
+        const WhenModal<QColorDialog> choose([&](QColorDialog &dialog) {
+            dialog.setCurrentColor(colour);
+            dialog.accept();
+        });
+        click(button);
+        EXPECT_TRUE(choose.came());
+    }
+
+    QTemporaryDir folder;
+    Application app{{.portable = false, .autosave = folder.path().toStdString()}};
+};
+
+TEST_F(ImagesInProgram, TheViewersPanelSpeaksOfTheViewedPicture)
+{
+    view("sea.jpg");
+    auto &viewer = dynamic_cast<ImageViewerWindow &>(*app.window(SecondaryWindow::ImageViewer));
+    EXPECT_TRUE(viewer.isVisible() && find<QFrame>("fr1").isVisible());
+    EXPECT_EQ(find<QLineEdit>("tsize").text(), "120 x 80");
+    QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {60, 40});
+    click("bbitcol");
+    const QColor sampled(clipboard().mid(1, 7));
+    EXPECT_NEAR(sampled.red(), 255, 3);
+    EXPECT_NEAR(sampled.green(), 128, 3);
+    EXPECT_EQ(clipboard(), "\"" + find<QLineEdit>("thex").text() + "\"");
+    EXPECT_EQ(find<QFrame>("picsmall").palette().color(QPalette::Window), sampled);
+
+    view("broken.bmp");
+    EXPECT_EQ(viewer.picture().picture().size(), QSize(120, 80));
+    click("bspec");
+    EXPECT_EQ(clipboard(), "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
+    view("icon.bmp");
+    EXPECT_FALSE(find<QPushButton>("bspec").isEnabled());
+    viewer.close();
+    EXPECT_FALSE(viewer.isVisible() || find<QFrame>("fr1").isVisible());
+    EXPECT_TRUE(viewer.picture().picture().isNull());
+}
+
+TEST_F(ImagesInProgram, TheColourFinderShowsTypedAndChosenColours)
+{
+    app.commands.run("mcolorfind");
+    ASSERT_TRUE(find<QFrame>("frcol").isVisible());
+    find<QLineEdit>("tenter").setText("ff8000");
+    pickColour("bshowhex", Qt::black); // nothing chosen: what was typed stays as it was typed
+    click("bclip");
+    EXPECT_EQ(clipboard(), "\"#ff8000\"");
+    pickColour("bchoosecol", QColor(0x12, 0xAB, 0x34));
+    click("bclip");
+    EXPECT_EQ(clipboard(), "\"#12AB34\"");
+    EXPECT_EQ(find<QFrame>("pcol").palette().color(QPalette::Window), QColor(0x12, 0xAB, 0x34));
+    click("bclosecol");
+    EXPECT_FALSE(find<QFrame>("frcol").isVisible());
+}
+
+TEST_F(ImagesInProgram, ADroppedPictureGivesItsTagAndLeavesTheDocument)
+{
+    app.mainWindow().document().LoadText("typed");
+    drop(app.mainWindow(), {folder.filePath("sea.jpg")});
+    EXPECT_EQ(clipboard(), "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
+    EXPECT_EQ(app.mainWindow().document().Text(), "typed");
+}
+
+} // namespace
+} // namespace kevra
