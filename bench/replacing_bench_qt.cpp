@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// CPU of replacing and counting in a 10 MB page in the control, and the time of a replacement in many files.
+// Milliseconds, the best of five; the files are written once.
+//   QT_QPA_PLATFORM=offscreen build/release/bin/replacing_bench [FILES]
+#include "editor/editor_control_qt.h"
+#include "files/file_store_qt.h"
+#include "find/find_commands.h"
+#include "find/multi_replace.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+namespace {
+
+using namespace kevra;
+
+constexpr std::string_view line = "<p><b>Hours</b> <i>Mo</i></p> of the shop, and in summer as well as on "
+                                  "days between the years.. ..\r\n";
+constexpr int lines = 100'000;
+constexpr int linesOfAFile = 100;
+
+double cpu()
+{
+    return static_cast<double>(std::clock()) * 1e3 / CLOCKS_PER_SEC;
+}
+
+double wall()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(now).count();
+}
+
+std::string page(int count)
+{
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += line;
+    return text;
+}
+
+class Quiet : public Messages {
+public:
+    Answer show(const Message &message) override
+    {
+        std::printf("message: %s\n", message.text.c_str());
+        return Answer::Yes;
+    }
+};
+
+class Entered : public FindView {
+public:
+    FindRequest request{"Hours", "Opening hrs", Case::Match, Word::Any};
+    Offset count = 0;
+    [[nodiscard]] FindRequest entered() const override { return request; }
+    void showCount(Offset found) override { count = found; }
+    void hitSelected() override { }
+    void showReplaced(Offset replaced) override { count = replaced; }
+};
+
+void inTheDocument()
+{
+    const auto text = page(lines);
+    double replacing = 1e9;
+    double counting = 1e9;
+    double countingEither = 1e9;
+    Entered view;
+    for (int run = 0; run < 5; ++run) {
+        EditorControl control;
+        control.resize(900, 600);
+        control.show();
+        control.LoadText(text);
+        DocumentState state;
+        Quiet messages;
+        FindCommands commands(control, state, messages, view);
+        const auto measure = [&](auto command, Case letters, double &best) {
+            view.request.letters = letters;
+            const auto start = cpu();
+            (commands.*command)();
+            best = std::min(best, cpu() - start);
+        };
+        measure(&FindCommands::countOccurrences, Case::Match, counting);
+        measure(&FindCommands::countOccurrences, Case::Ignore, countingEither);
+        measure(&FindCommands::replaceAll, Case::Match, replacing);
+    }
+    std::printf("%zu bytes, %lld replaced: %.0f ms; counted: %.1f ms, in any case %.1f ms\n", text.size(),
+        static_cast<long long>(view.count), replacing, counting, countingEither);
+}
+
+class NoDocument : public OpenDocument {
+public:
+    [[nodiscard]] bool hasUnsavedChangesOf(const std::string &) const override { return false; }
+    void fileWritten(const std::string &) override { }
+};
+
+class Console : public MultiView {
+public:
+    [[nodiscard]] MultiRequest entered() const override
+    {
+        return {{"Hours", "Opening hrs", Case::Match, Word::Any}, false};
+    }
+    void showFiles(const std::vector<ListedFile> &) override { }
+    void showFile(std::size_t, const ListedFile &) override { }
+    bool goesOn(std::size_t, std::size_t) override { return true; }
+    void showSummary(const std::string &text) override { summary = text; }
+    std::string summary;
+};
+
+void inFiles(int count)
+{
+    const QTemporaryDir folder;
+    const auto text = page(linesOfAFile);
+    FileStoreQt files(folder.filePath("state").toStdString());
+    std::vector<std::string> paths;
+    for (int i = 0; i < count; ++i) {
+        paths.push_back(folder.filePath(QString("%1.html").arg(i)).toStdString());
+        QFile file(QString::fromStdString(paths.back()));
+        if (!file.open(QFile::WriteOnly) || file.write(text.data(), std::ssize(text)) != std::ssize(text))
+            return void(std::puts("The files could not be made."));
+    }
+    NoDocument open;
+    Quiet messages;
+    Console view;
+    MultiReplace commands(files, open, messages, view);
+    commands.addFiles(paths);
+    for (const auto command : {&MultiReplace::preview, &MultiReplace::replaceAll}) {
+        const auto start = wall();
+        const auto startCpu = cpu();
+        (commands.*command)();
+        std::printf("%d files of %zu bytes: %.0f ms, CPU %.0f ms: %s\n", count, text.size(), wall() - start,
+            cpu() - startCpu, view.summary.c_str());
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    inTheDocument();
+    inFiles(argc > 1 ? std::atoi(argv[1]) : 2000);
+}
