@@ -122,10 +122,6 @@ void FilesSide::fillSession()
         m_journal.textLeaves();
         m_store.finish();
     };
-    session.deletePreviewPage = [this] {
-        if (!m_app.state.previewTempPath.empty())
-            m_app.files.remove(m_app.state.previewTempPath);
-    };
     session.deleteAutosave = [this] { m_store.removeAutosave(m_app.state.autosaveWritten); };
     m_saving.onAutosaveStale(session.deleteAutosave);
 }
