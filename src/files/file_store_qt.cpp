@@ -119,7 +119,8 @@ bool FileStoreQt::rename(const std::string &from, const std::string &to)
     if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
         return true;
     // Some network file systems do not know the flag.
-    if (errno != EINVAL || ::access(target.c_str(), F_OK) == 0)
+    struct stat status { };
+    if (errno != EINVAL || ::lstat(target.c_str(), &status) == 0)
         return false;
     return ::rename(source.c_str(), target.c_str()) == 0;
 }

@@ -21,7 +21,9 @@ bool PreviewFile::isOurs(const std::string &path) const
 
 bool PreviewFile::setAside(const std::string &path)
 {
-    for (int number = 1; number <= mostAsideNames; ++number) {
+    // Without a file a link may stand there that leads nowhere; writing would go through it.
+    const int names = m_files.fileExists(path) ? mostAsideNames : 1;
+    for (int number = 1; number <= names; ++number) {
         const auto name = path + ".aside" + (number == 1 ? "" : std::to_string(number));
         if (m_files.rename(path, name)) {
             m_aside = name;
@@ -35,7 +37,7 @@ bool PreviewFile::write(const std::string &path, std::string_view bytes)
 {
     if (!isOurs(path)) {
         remove();
-        if (m_files.fileExists(path) && !setAside(path))
+        if (!m_files.folderExists(path) && !setAside(path) && m_files.fileExists(path))
             return false;
     }
     m_path = path;

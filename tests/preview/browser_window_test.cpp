@@ -186,6 +186,18 @@ TEST_F(BrowserTest, ShowsTheTextAsItIsNowAndDeletesThePage)
     EXPECT_TRUE(mainVisible);
 }
 
+TEST_F(BrowserTest, LinkInThePagesPlaceStays)
+{
+    const auto page = folder.filePath("kevratemp.html");
+    ASSERT_TRUE(QFile::link("nowhere.html", page));
+    view("<title>here</title>");
+    EXPECT_EQ(title().toStdString(), "here");
+    EXPECT_FALSE(QFileInfo(page).isSymLink());
+    commands.BackToText();
+    EXPECT_TRUE(QFileInfo(page).isSymLink());
+    EXPECT_FALSE(QFileInfo::exists(folder.filePath("nowhere.html")));
+}
+
 TEST(BrowserWindow, SizesTheViewAndGivesItTheWindowBack)
 {
     BrowserWindow window;
