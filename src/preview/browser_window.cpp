@@ -72,6 +72,8 @@ BrowserWindow::BrowserWindow(QWidget *parent)
     createControls();
     createStatusBar();
     resize(1040, 760);
+    // As the reset leaves it: a page has all the room there is.
+    setWindowState(Qt::WindowMaximized);
 }
 
 void BrowserWindow::createMenus()
@@ -136,6 +138,7 @@ void BrowserWindow::createStatusBar()
     m_progress->hide();
     m_network = named<QLabel>("lnetwork", this);
     m_network->setText("Remote content is not loaded");
+    statusBar()->setContentsMargins(6, 0, 6, 0);
     statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_network);
 }
@@ -159,6 +162,7 @@ void BrowserWindow::setPageWidget(QWidget *page)
     m_page->layout()->addWidget(page);
     m_page->setFocusProxy(page);
     page->show();
+    page->setFocus();
 }
 
 void BrowserWindow::setLinkTarget(const QString &text)

@@ -71,6 +71,8 @@ MessageBoxReferenceWindow::MessageBoxReferenceWindow(QWidget *parent)
     setWindowTitle("Message Box Reference");
     auto *column = new QVBoxLayout(this);
     column->setSpacing(2);
+    // The card is narrower than its title with the buttons of the frame beside it.
+    column->addStrut(fontMetrics().horizontalAdvance(windowTitle()) + 160);
     for (const auto &line : card) {
         if (line.style == Style::Heading)
             column->addSpacing(8);
