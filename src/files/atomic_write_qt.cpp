@@ -93,6 +93,16 @@ mode_t modeOfNewFiles()
     return 0666 & ~mask;
 }
 
+/// Its group may be another than the original's, and is then told nothing.
+mode_t modeOfCopy(const struct stat *original, int newFile)
+{
+    struct stat fresh { };
+    if (!original)
+        return modeOfNewFiles();
+    const bool sameGroup = ::fstat(newFile, &fresh) == 0 && fresh.st_gid == original->st_gid;
+    return original->st_mode & (sameGroup ? 0777 : 0700);
+}
+
 bool copyAttributes(int from, int to)
 {
     const auto size = ::flistxattr(from, nullptr, 0);
@@ -133,7 +143,7 @@ bool isWhole(int descriptor, std::size_t size)
 
 } // namespace
 
-Saved writeAtomically(const std::string &target, std::string_view bytes)
+Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original)
 {
     const auto folder = openFile(folderOf(target), O_RDONLY | O_DIRECTORY);
     if (!folder)
@@ -149,7 +159,7 @@ Saved writeAtomically(const std::string &target, std::string_view bytes)
         const auto oldFile = openFile(target, O_RDONLY);
         if (!takeOver(old, oldFile.get(), file.descriptor()))
             return Saved::Denied;
-    } else if (errno != ENOENT || ::fchmod(file.descriptor(), modeOfNewFiles()) != 0) {
+    } else if (errno != ENOENT || ::fchmod(file.descriptor(), modeOfCopy(original, file.descriptor())) != 0) {
         return savedFromErrno();
     }
 

@@ -42,6 +42,12 @@ public:
     {
         return write(path, bytes);
     }
+    /// As write(), a new file that is no more open to others than `original` is.
+    [[nodiscard]] virtual Saved writeCopy(
+        const std::string & /*original*/, const std::string &path, std::string_view bytes)
+    {
+        return write(path, bytes);
+    }
     /// Also read-only files. True when no such file is there afterwards.
     virtual bool remove(const std::string &path) = 0;
     /// Gives a file another name in its folder, everything else about it unchanged; false, with nothing done,

@@ -101,6 +101,14 @@ Saved FileStoreQt::replace(const std::string &path, std::string_view bytes)
     return saved;
 }
 
+Saved FileStoreQt::writeCopy(const std::string &original, const std::string &path, std::string_view bytes)
+{
+    const auto status = statusOf(nativePath(original));
+    if (!status)
+        return savedFromErrno();
+    return writeAtomically(nativePath(path), bytes, &*status);
+}
+
 bool FileStoreQt::remove(const std::string &path)
 {
     const auto native = nativePath(path);

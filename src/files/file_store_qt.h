@@ -17,6 +17,8 @@ public:
     [[nodiscard]] std::optional<std::string> read(const std::string &path) const override;
     [[nodiscard]] Saved write(const std::string &path, std::string_view bytes) override;
     [[nodiscard]] Saved replace(const std::string &path, std::string_view bytes) override;
+    [[nodiscard]] Saved writeCopy(
+        const std::string &original, const std::string &path, std::string_view bytes) override;
     bool remove(const std::string &path) override;
     [[nodiscard]] bool rename(const std::string &from, const std::string &to) override;
     /// File systems here know no hidden attribute.

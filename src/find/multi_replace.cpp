@@ -212,7 +212,7 @@ bool MultiReplace::keepBackup(const std::string &path, std::string_view bytes)
             return false;
         name = path + ".bak" + std::to_string(i);
     }
-    return m_store.write(name, bytes) == Saved::Ok;
+    return m_store.writeCopy(path, name, bytes) == Saved::Ok;
 }
 
 void MultiReplace::replaceIn(ListedFile &file, const MultiRequest &request)

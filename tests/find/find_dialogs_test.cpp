@@ -68,6 +68,7 @@ TEST(MultiDialogTest, ReplacesInAFolder)
     write("a.html", "old\n");
     write("sub/b.html", "old old\n");
     write("c.dat", "old\n");
+    QFile::setPermissions(folder.filePath("a.html"), QFile::ReadOwner | QFile::WriteOwner);
     FileStoreQt files(folder.filePath("state").toStdString());
     NoDocument open;
     FakeMessages messages;
@@ -78,6 +79,7 @@ TEST(MultiDialogTest, ReplacesInAFolder)
     const auto click = [&](const char *name) { dialog.findChild<QPushButton *>(name)->click(); };
     dialog.findChild<QLineEdit *>("tmfind")->setText("old");
     dialog.findChild<QLineEdit *>("tmrep")->setText("new");
+    dialog.findChild<QCheckBox *>("ckmbackup")->setChecked(true);
     click("bmfolder");
     auto *list = dialog.findChild<QTreeWidget *>("lmfiles");
     ASSERT_EQ(list->topLevelItemCount(), 2);
@@ -87,6 +89,8 @@ TEST(MultiDialogTest, ReplacesInAFolder)
     EXPECT_EQ(list->topLevelItem(1)->text(2), "replaced");
     EXPECT_EQ(files.read(folder.filePath("sub/b.html").toStdString()), "new new\n");
     EXPECT_EQ(files.read(folder.filePath("c.dat").toStdString()), "old\n");
+    EXPECT_EQ(files.read(folder.filePath("a.html.bak").toStdString()), "old\n");
+    EXPECT_FALSE(QFile::permissions(folder.filePath("a.html.bak")) & (QFile::ReadGroup | QFile::ReadOther));
     EXPECT_TRUE(messages.shown.empty());
 }
 
