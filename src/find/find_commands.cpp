@@ -71,7 +71,7 @@ void FindCommands::replaceOne()
 void FindCommands::replaceAll()
 {
     const auto request = m_view.entered();
-    if (!mayReplaceAll(request, m_messages))
+    if (!canReplaceAll(request, m_messages) || !wantsReplaceAll(request, m_messages))
         return;
     const Hourglass hourglass(m_document);
     m_nextStart = 0;

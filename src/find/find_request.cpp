@@ -10,7 +10,7 @@ bool hasText(const FindRequest &request, Messages &messages)
     return !request.text.empty();
 }
 
-bool mayReplaceAll(const FindRequest &request, Messages &messages)
+bool canReplaceAll(const FindRequest &request, Messages &messages)
 {
     if (!hasText(request, messages))
         return false;
@@ -18,6 +18,11 @@ bool mayReplaceAll(const FindRequest &request, Messages &messages)
         messages.stop("You've entered the same text to replace the original!");
         return false;
     }
+    return true;
+}
+
+bool wantsReplaceAll(const FindRequest &request, Messages &messages)
+{
     return !request.replacement.empty()
         || messages.yes("No text entered. Delete all instances of \"" + request.text + "\"?");
 }

@@ -21,8 +21,10 @@ struct FindRequest {
 
 /// False, after a message, when nothing was entered to be found.
 [[nodiscard]] bool hasText(const FindRequest &request, Messages &messages);
-/// The refusals and the question that come before everything is replaced. True: go on.
-[[nodiscard]] bool mayReplaceAll(const FindRequest &request, Messages &messages);
+/// False, after a message, when replacing everything makes no sense.
+[[nodiscard]] bool canReplaceAll(const FindRequest &request, Messages &messages);
+/// Asks before everything is deleted; true without a question when there is a replacement.
+[[nodiscard]] bool wantsReplaceAll(const FindRequest &request, Messages &messages);
 void refuseEndless(Messages &messages);
 
 } // namespace kevra

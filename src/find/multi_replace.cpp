@@ -245,10 +245,12 @@ void MultiReplace::replaceIn(ListedFile &file, const MultiRequest &request)
 void MultiReplace::replaceAll()
 {
     const auto request = m_view.entered();
-    if (!mayReplaceAll(request.find, m_messages) || !canStart(request))
+    if (!canReplaceAll(request.find, m_messages) || !canStart(request))
         return;
     if (!m_previewed || m_previewed->find != request.find)
         return look(request);
+    if (!wantsReplaceAll(request.find, m_messages))
+        return;
     m_previewed.reset();
     Offset hits = 0;
     Offset files = 0;

@@ -163,6 +163,7 @@ TEST_F(MultiReplaceTest, RefusesAndAsksAsTheDocumentDoes)
     view.request.find.replacement = "OLD";
     multi.replaceAll();
     view.request.find.replacement.clear();
+    multi.preview();
     multi.replaceAll();
     view.request.find.text.clear();
     multi.replaceAll();
