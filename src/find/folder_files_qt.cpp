@@ -8,16 +8,37 @@
 #include <algorithm>
 
 namespace kevra {
+namespace {
 
-std::vector<std::string> filesInFolder(const std::string &folder, std::string_view patterns)
+constexpr std::size_t entriesBetweenQuestions = 256;
+
+/// Fits what any of the patterns fits, and everything when there are none.
+QRegularExpression anyOf(std::string_view patterns)
 {
-    const auto names = QString::fromUtf8(patterns.data(), static_cast<qsizetype>(patterns.size()))
-                           .split(QRegularExpression("[;\\s]+"), Qt::SkipEmptyParts);
+    QStringList alternatives;
+    for (const auto &pattern : QString::fromUtf8(patterns.data(), static_cast<qsizetype>(patterns.size()))
+                                   .split(QRegularExpression("[;\\s]+"), Qt::SkipEmptyParts))
+        alternatives << QRegularExpression::wildcardToRegularExpression(pattern);
+    return QRegularExpression(alternatives.join('|'), QRegularExpression::CaseInsensitiveOption);
+}
+
+} // namespace
+
+std::optional<std::vector<std::string>> filesInFolder(const std::string &folder, std::string_view patterns,
+    const std::function<bool(std::size_t found)> &goesOn)
+{
+    const auto fits = anyOf(patterns);
     std::vector<std::string> files;
-    QDirIterator it(QFile::decodeName(QByteArray::fromStdString(folder)), names, QDir::Files,
-        QDirIterator::Subdirectories);
-    while (it.hasNext())
-        files.push_back(QFile::encodeName(it.next()).toStdString());
+    // Folders too, so that the question is asked also where there is no file for long.
+    QDirIterator it(QFile::decodeName(QByteArray::fromStdString(folder)),
+        QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    for (std::size_t entries = 1; it.hasNext(); ++entries) {
+        const auto path = it.next();
+        if (fits.match(it.fileName()).hasMatch() && it.fileInfo().isFile())
+            files.push_back(QFile::encodeName(path).toStdString());
+        if (entries % entriesBetweenQuestions == 0 && !goesOn(files.size()))
+            return std::nullopt;
+    }
     std::ranges::sort(files);
     return files;
 }

@@ -9,6 +9,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
+#include <QtCore/QTimer>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QGridLayout>
@@ -23,7 +24,9 @@ namespace kevra {
 namespace {
 
 constexpr auto firstPatterns = "*.html;*.htm;*.shtml;*.asp;*.php;*.css;*.js;*.vbs;*.txt";
-constexpr QSize firstSize(720, 520);
+constexpr QSize firstSize(800, 520);
+constexpr int pathWidth = 320;
+constexpr int hitsWidth = 60;
 enum Column { PathColumn, HitsColumn, OutcomeColumn };
 
 QString textOf(const std::string &path)
@@ -75,9 +78,12 @@ void MultiDialog::createControls()
     m_list->setTextElideMode(Qt::ElideMiddle);
     m_list->setToolTip("Files and folders can be dropped here");
     m_list->header()->setStretchLastSection(true);
-    m_list->setColumnWidth(PathColumn, firstSize.width() / 2);
+    m_list->headerItem()->setTextAlignment(HitsColumn, Qt::AlignCenter);
+    m_list->setColumnWidth(PathColumn, pathWidth);
+    m_list->setColumnWidth(HitsColumn, hitsWidth);
     m_progress->setRange(0, 1);
     m_progress->setValue(0);
+    m_summary->setText("Add files or a folder, or drop them here.");
     m_summary->setWordWrap(true);
 }
 
@@ -102,7 +108,8 @@ void MultiDialog::layOut()
     };
     auto *preview
         = button("bmpreview", "PREVIEW", "Show the number of hits in each file; nothing is written");
-    auto *replace = button("bmreplace", "REPLACE ALL", "Replace in every file with hits");
+    auto *replace = button(
+        "bmreplace", "REPLACE ALL", "Replace in every file with hits; without a preview, show that first");
     auto *folder = button("bmfolder", "ADD FOLDER...", "Add the files of a folder that fit the pattern");
     auto *add = button("bmadd", "ADD FILES...", "Add files to the list");
     auto *remove = button("bmremove", "REMOVE", "Take the selected files off the list");
@@ -127,26 +134,29 @@ void MultiDialog::layOut()
     grid->setRowStretch(7, 1);
     grid->setColumnStretch(3, 1);
 
-    connect(preview, &QPushButton::clicked, this, [this] { run(&MultiReplace::preview); });
-    connect(replace, &QPushButton::clicked, this, [this] { run(&MultiReplace::replaceAll); });
+    connect(preview, &QPushButton::clicked, this, [this] { run([this] { m_commands.preview(); }); });
+    connect(replace, &QPushButton::clicked, this, [this] { run([this] { m_commands.replaceAll(); }); });
     connect(folder, &QPushButton::clicked, this, &MultiDialog::addFolder);
     connect(add, &QPushButton::clicked, this, &MultiDialog::addFiles);
     connect(remove, &QPushButton::clicked, this, &MultiDialog::removeSelected);
     connect(m_cancel, &QPushButton::clicked, this, [this] { m_cancelled = true; });
 }
 
-void MultiDialog::run(void (MultiReplace::*command)())
+void MultiDialog::run(const std::function<void()> &work)
 {
     if (m_running)
         return;
     const FlagGuard running(m_running);
     m_cancelled = false;
+    auto *const focus = focusWidget();
     for (auto *control : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
         if (qobject_cast<QPushButton *>(control) || qobject_cast<QLineEdit *>(control))
             control->setEnabled(control == m_cancel);
-    (m_commands.*command)();
+    work();
     for (auto *control : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
         control->setEnabled(control != m_cancel);
+    if (focus && focus != m_cancel)
+        focus->setFocus();
 }
 
 MultiRequest MultiDialog::entered() const
@@ -164,7 +174,7 @@ void MultiDialog::showFiles(const std::vector<ListedFile> &files)
     for (const auto &file : files) {
         items.append(new QTreeWidgetItem({textOf(file.path)}));
         items.back()->setToolTip(PathColumn, textOf(file.path));
-        items.back()->setTextAlignment(HitsColumn, Qt::AlignRight | Qt::AlignVCenter);
+        items.back()->setTextAlignment(HitsColumn, Qt::AlignCenter);
     }
     m_list->addTopLevelItems(items);
     for (std::size_t i = 0; i < files.size(); ++i)
@@ -174,8 +184,10 @@ void MultiDialog::showFiles(const std::vector<ListedFile> &files)
 void MultiDialog::showFile(std::size_t index, const ListedFile &file)
 {
     auto *item = m_list->topLevelItem(static_cast<int>(index));
-    item->setText(HitsColumn, file.outcome == FileOutcome::Added ? QString() : QString::number(file.hits));
+    const bool counted = file.hits > 0 || file.outcome == FileOutcome::NoHits;
+    item->setText(HitsColumn, counted ? QString::number(file.hits) : QString());
     item->setText(OutcomeColumn, QString::fromStdString(outcomeText(file.outcome)));
+    item->setToolTip(OutcomeColumn, item->text(OutcomeColumn));
 }
 
 bool MultiDialog::goesOn(std::size_t done, std::size_t total)
@@ -199,14 +211,47 @@ void MultiDialog::addFiles()
 void MultiDialog::addFolder()
 {
     if (const auto folder = m_dialogs.chooseFolder("Folder to replace in"))
-        m_commands.addFiles(filesInFolder(*folder, m_patterns->text().toStdString()));
+        add({*folder});
+}
+
+bool MultiDialog::looksOn(std::size_t found)
+{
+    m_progress->setRange(0, 0); // how many there will be is not known
+    m_summary->setText(QString("%1 files found...").arg(found));
+    QCoreApplication::processEvents();
+    return !m_cancelled;
+}
+
+void MultiDialog::add(const std::vector<std::string> &paths)
+{
+    run([&] {
+        std::vector<std::string> all;
+        for (const auto &path : paths) {
+            if (!QFileInfo(textOf(path)).isDir()) {
+                all.push_back(path);
+                continue;
+            }
+            const auto before = all.size();
+            const auto inside = filesInFolder(path, m_patterns->text().toStdString(),
+                [&](std::size_t found) { return looksOn(before + found); });
+            if (!inside)
+                break;
+            all.insert(all.end(), inside->begin(), inside->end());
+        }
+        m_progress->setRange(0, 1);
+        m_progress->setValue(0);
+        if (m_cancelled)
+            showSummary("Cancelled. No file has been added.");
+        else
+            m_commands.addFiles(all);
+    });
 }
 
 void MultiDialog::removeSelected()
 {
     std::vector<std::size_t> indexes;
-    for (auto *item : m_list->selectedItems())
-        indexes.push_back(static_cast<std::size_t>(m_list->indexOfTopLevelItem(item)));
+    for (const auto &row : m_list->selectionModel()->selectedRows())
+        indexes.push_back(static_cast<std::size_t>(row.row()));
     m_commands.removeFiles(indexes);
 }
 
@@ -221,17 +266,13 @@ void MultiDialog::dropEvent(QDropEvent *event)
     if (m_running)
         return;
     std::vector<std::string> paths;
-    for (const auto &url : event->mimeData()->urls()) {
-        const auto path = QFile::encodeName(url.toLocalFile()).toStdString();
-        if (!QFileInfo(url.toLocalFile()).isDir())
-            paths.push_back(path);
-        else
-            std::ranges::copy(
-                filesInFolder(path, m_patterns->text().toStdString()), std::back_inserter(paths));
-    }
+    for (const auto &url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    m_commands.addFiles(paths);
+    // Later, so that the program they come from does not wait while a folder is looked through.
+    QTimer::singleShot(0, this, [this, paths] { add(paths); });
 }
 
 void MultiDialog::reject()

@@ -6,6 +6,8 @@
 
 #include <QtWidgets/QDialog>
 
+#include <functional>
+
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -40,8 +42,12 @@ private:
     void layOut();
     void addFiles();
     void addFolder();
+    /// Folders stand for the files in them that fit the pattern.
+    void add(const std::vector<std::string> &paths);
+    bool looksOn(std::size_t found);
     void removeSelected();
-    void run(void (MultiReplace::*command)());
+    /// Nothing but the button that cancels can be used meanwhile.
+    void run(const std::function<void()> &work);
     QPushButton *button(const char *name, const char *caption, const char *tip);
 
     FileDialogs &m_dialogs;

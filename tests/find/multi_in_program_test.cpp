@@ -27,6 +27,7 @@ protected:
         find<QLineEdit>("tmrep").setText("I");
         find<QCheckBox>("ckmcase").setChecked(true);
         drop(dialog(), {folder.filePath("page.htm"), folder.filePath("site")});
+        QApplication::processEvents();
     }
     ~MultiInProgram() override { SettingsStoreQt().deleteSetting(settingsApplication); }
 
