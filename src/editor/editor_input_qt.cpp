@@ -407,7 +407,8 @@ QMimeData *EditorControl::toMimeData(const QByteArray &, bool) const
     // The selection itself: what Scintilla hands over ends at the first NUL.
     const auto text = Text(Selection());
     auto *mime = new QMimeData;
-    mime->setText(QString::fromUtf8(text.data(), std::ssize(text)));
+    // With the desktop's line breaks: elsewhere the document's show as marks or as empty lines.
+    mime->setText(QString::fromUtf8(text.data(), std::ssize(text)).replace("\r\n", "\n"));
     return mime;
 }
 

@@ -13,6 +13,7 @@ public:
     /// With the document's line breaks, whatever the other program's; empty when it holds no text.
     [[nodiscard]] virtual std::string text() const = 0;
     virtual void clear() = 0;
+    /// Line breaks become the desktop's.
     virtual void setText(std::string_view text) = 0;
 };
 

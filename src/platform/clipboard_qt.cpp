@@ -20,8 +20,8 @@ void ClipboardQt::clear()
 
 void ClipboardQt::setText(std::string_view text)
 {
-    QGuiApplication::clipboard()->setText(
-        QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    auto content = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    QGuiApplication::clipboard()->setText(content.replace("\r\n", "\n"));
 }
 
 } // namespace kevra
