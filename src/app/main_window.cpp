@@ -84,6 +84,7 @@ void MainWindow::createControls()
     for (const char *name : sideNames) {
         auto *frame = named<QFrame>(name, m_inner);
         frame->setAutoFillBackground(true);
+        frame->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
         frame->hide();
     }
     for (auto *control : {m_document, m_lineNumbers}) {
@@ -147,6 +148,9 @@ void MainWindow::layOut()
     request.fonts = wantedSize(*m_fonts);
     request.information = wantedSize(*m_information);
     request.image = wantedSize(frame("fr1"));
+    // It stands over the snippet panels; one that stuck out on both sides would look broken.
+    for (const auto &panel : request.panels)
+        request.image.width = std::max(request.image.width, panel.width);
     request.colour = wantedSize(frame("frcol"));
 
     const auto places = kevra::layout(request);

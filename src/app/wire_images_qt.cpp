@@ -66,7 +66,13 @@ private:
     {
         m_panel.showSpecification(size, path);
     }
-    void showViewer(PictureSize size) override { m_viewer->showFor(size); }
+    void showViewer(PictureSize size) override
+    {
+        const auto &document = m_app.mainWindow().document();
+        QRect room(document.mapToGlobal(QPoint()), document.size());
+        room.setRight(m_app.mainWindow().geometry().right());
+        m_viewer->showFor(size, room);
+    }
     bool viewerIsVisible() const override { return m_viewer->isVisible(); }
     void raiseViewer() override
     {

@@ -41,7 +41,7 @@ ColourFinderPanel::ColourFinderPanel(
     , m_code(named<QLineEdit>("thex2", &frame, "Color code"))
     , m_patch(colourPatch("pcol", &frame))
 {
-    auto *row = new QHBoxLayout(&frame);
+    auto *row = panelRow(frame);
     const auto addButton = [&](const PanelButton &button) {
         auto *made = named<QPushButton>(button.name, &frame);
         made->setText(button.caption);

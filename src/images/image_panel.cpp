@@ -37,6 +37,14 @@ void showColourIn(QWidget &patch, Colour colour)
     patch.update();
 }
 
+QHBoxLayout *panelRow(QWidget &frame)
+{
+    // Low enough for the strip under the document.
+    auto *row = new QHBoxLayout(&frame);
+    row->setContentsMargins(8, 2, 8, 2);
+    return row;
+}
+
 QFrame *colourPatch(const char *name, QWidget *parent)
 {
     auto *patch = named<QFrame>(name, parent, "Color");
@@ -62,7 +70,9 @@ ImagePanel::ImagePanel(QWidget &frame, const Hooks &hooks)
     m_tag->setToolTip("Put IMG tag on clipboard with width and height specs for this file");
     m_code->setToolTip("The color sampled in the image");
     m_size->setToolTip("Width and height of the image");
-    auto *row = new QHBoxLayout(&frame);
+    m_path->setMinimumWidth(m_path->width());
+    m_path->setMaximumWidth(QWIDGETSIZE_MAX);
+    auto *row = panelRow(frame);
     for (QWidget *control : std::initializer_list<QWidget *>{m_sample, m_code, copy, m_size, m_path, m_tag})
         row->addWidget(control);
     QObject::connect(copy, &QPushButton::clicked, &frame, hooks.copyColour);

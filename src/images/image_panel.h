@@ -9,6 +9,7 @@
 #include <string>
 
 class QFrame;
+class QHBoxLayout;
 class QLineEdit;
 class QPushButton;
 
@@ -16,6 +17,8 @@ namespace kevra {
 
 /// A patch that shows a colour.
 void showColourIn(QWidget &patch, Colour colour);
+/// The one row of a panel's controls.
+[[nodiscard]] QHBoxLayout *panelRow(QWidget &frame);
 /// A patch of a panel, black at first.
 [[nodiscard]] QFrame *colourPatch(const char *name, QWidget *parent);
 

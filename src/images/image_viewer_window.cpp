@@ -10,6 +10,12 @@
 #include <algorithm>
 
 namespace kevra {
+namespace {
+
+constexpr QSize leastSize(220, 24); ///< the caption can be read and the window closed
+constexpr int windowManagerSlack = 4; ///< pixels a window manager may be off
+
+} // namespace
 
 PictureView::PictureView(QWidget *parent)
     : QWidget(parent)
@@ -45,9 +51,10 @@ ImageViewerWindow::ImageViewerWindow(QWidget *parent)
 {
     setObjectName("fbitmap");
     setWindowTitle("VIEW IMAGE");
+    setMinimumSize(leastSize);
 }
 
-void ImageViewerWindow::showFor(PictureSize size)
+void ImageViewerWindow::showFor(PictureSize size, const QRect &room)
 {
     const auto screenSize = screen()->size();
     const auto plan = viewerPlan(size, std::int64_t{screenSize.width()} * twipsPerPixel,
@@ -56,7 +63,20 @@ void ImageViewerWindow::showFor(PictureSize size)
     const auto height = std::max<std::int64_t>(plan.height - titleBarTwips, twipsPerPixel);
     resize(static_cast<int>(plan.width / twipsPerPixel), static_cast<int>(height / twipsPerPixel));
     m_picture->move(0, 0);
+    const bool moved = (pos() - m_placed).manhattanLength() > windowManagerSlack;
+    if (!isVisible() || !moved || !screen()->availableGeometry().contains(frameGeometry()))
+        place(room);
     show();
+}
+
+void ImageViewerWindow::place(const QRect &room)
+{
+    constexpr int titleBar = titleBarTwips / twipsPerPixel;
+    const auto area = screen()->availableGeometry();
+    // Upwards rather than over the panel below the room, where the sampled colour is.
+    const int top = std::min(room.top(), room.bottom() + 1 - titleBar - height());
+    m_placed = {std::max(area.left(), room.right() + 1 - width()), std::max(area.top(), top)};
+    move(m_placed);
 }
 
 void ImageViewerWindow::closeEvent(QCloseEvent *event)

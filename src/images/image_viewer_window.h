@@ -38,7 +38,9 @@ public:
     explicit ImageViewerWindow(QWidget *parent = nullptr);
 
     [[nodiscard]] PictureView &picture() { return *m_picture; }
-    void showFor(PictureSize size);
+    /// In the upper right corner of `room` (on the screen), where there is least text; where the user has
+    /// moved it, as long as it does not reach off the screen there.
+    void showFor(PictureSize size, const QRect &room);
 
 signals:
     void closeAsked();
@@ -48,7 +50,10 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void place(const QRect &room);
+
     PictureView *m_picture;
+    QPoint m_placed;
 };
 
 } // namespace kevra

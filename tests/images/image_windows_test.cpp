@@ -84,7 +84,7 @@ TEST(ImageViewerWindow, ShowsAPictureUnscaledAndTellsClicksInItsPixels)
     QImage picture(5000, 60, QImage::Format_RGB32);
     picture.fill(Qt::red);
     viewer.picture().setPicture(picture);
-    viewer.showFor({5000, 60});
+    viewer.showFor({5000, 60}, {0, 0, 600, 400});
     EXPECT_EQ(viewer.windowTitle(), "VIEW IMAGE - Note: Image has been cropped to fit screen.");
     EXPECT_EQ(viewer.width(), viewer.screen()->size().width() * 9 / 10);
     EXPECT_EQ(viewer.height(), 60);
