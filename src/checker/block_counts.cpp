@@ -4,11 +4,13 @@
 #include "colour/literals.h"
 #include "colour/marks.h"
 #include "editor/mark_scan.h"
+#include "editor/word_start.h"
 #include "editor/words.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 
 namespace kevra {
 namespace {
@@ -16,45 +18,49 @@ namespace {
 struct BlockWord {
     std::string_view text;
     std::int16_t BlockCounts::*count;
-    std::string_view before; ///< what makes it a closing entry: "end " before "if"
+    std::int16_t BlockCounts::*closingCount = nullptr; ///< of the word behind "end ", if that closes a block
     bool looksBack = false; ///< counted only behind a line break or a blank, two characters back
     bool looksBackInComments = false;
 };
 
-// Entries with the same word stand together.
 constexpr std::array blockWords{
-    BlockWord{"if", &BlockCounts::ifWords, ""},
-    BlockWord{"if", &BlockCounts::endIfWords, "end "},
-    BlockWord{"for", &BlockCounts::forWords, ""},
-    BlockWord{"next", &BlockCounts::nextWords, "", true, true},
-    BlockWord{"sub", &BlockCounts::subWords, ""},
-    BlockWord{"sub", &BlockCounts::endSubWords, "end "},
-    BlockWord{"do", &BlockCounts::doWords, "", true, false},
-    BlockWord{"loop", &BlockCounts::loopWords, ""},
+    BlockWord{"if", &BlockCounts::ifWords, &BlockCounts::endIfWords},
+    BlockWord{"for", &BlockCounts::forWords},
+    BlockWord{"next", &BlockCounts::nextWords, nullptr, true, true},
+    BlockWord{"sub", &BlockCounts::subWords, &BlockCounts::endSubWords},
+    BlockWord{"do", &BlockCounts::doWords, nullptr, true, false},
+    BlockWord{"loop", &BlockCounts::loopWords},
 };
 
-using Tally = std::array<Offset, blockWords.size()>;
+constexpr std::string_view closingWord = "end ";
 
-/// By first letter: the index of the first entry whose word starts with it, and 1 more.
+constexpr auto wordStarts = [] {
+    std::array<WordStart, blockWords.size()> all;
+    std::ranges::transform(blockWords, all.begin(), [](const auto &word) { return WordStart(word.text); });
+    return all;
+}();
+
+/// By first letter: the index of the word, and 1 more. No two start alike.
 constexpr auto firstLetters = [] {
     std::array<unsigned char, 256> all{};
-    for (std::size_t i = blockWords.size(); i-- > 0;) {
+    for (std::size_t i = 0; i < blockWords.size(); ++i) {
         const auto letter = static_cast<unsigned char>(blockWords[i].text.front());
         all[letter] = all[letter - 0x20] = static_cast<unsigned char>(i + 1);
     }
     return all;
 }();
 
-constexpr bool isAsciiWord(char byte)
-{
-    const char lower = lowerAscii(byte);
-    return (lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9') || byte == '_';
-}
+struct Tally {
+    std::array<Offset, blockWords.size()> words{};
+    std::array<Offset, blockWords.size()> closings{};
+};
 
-bool matches(std::string_view text, Offset at, std::string_view word)
+bool followsClosingWord(std::string_view text, Offset at, Offset from)
 {
-    return at >= 0
-        && std::ranges::equal(text.substr(static_cast<std::size_t>(at), word.size()), word, {}, lowerAscii);
+    const auto start = at - static_cast<Offset>(closingWord.size());
+    return start >= from && text[static_cast<std::size_t>(at - 1)] == closingWord.back()
+        && std::ranges::equal(
+            text.substr(static_cast<std::size_t>(start), closingWord.size()), closingWord, {}, lowerAscii);
 }
 
 bool followsBreakOrBlank(std::string_view text, Offset word)
@@ -67,13 +73,17 @@ bool followsBreakOrBlank(std::string_view text, Offset word)
     return byte == '\r' || byte == '\n' || byte == ' ';
 }
 
-/// The first two letters of each word.
-constexpr auto mayStartWord = [](Places places) {
-    const auto first = lowered(places.behind(0));
-    const auto second = lowered(places.behind(1));
-    return (is(first, 'i') & is(second, 'f'))
-        | ((is(first, 'f') | is(first, 'd') | is(first, 'l')) & is(second, 'o'))
-        | (is(first, 'n') & is(second, 'e')) | (is(first, 's') & is(second, 'u'));
+/// The letters of each word as far as three, where no letter stands before them.
+constexpr auto mayStartWord = [](auto places) {
+    const auto first = lowered(places.at(0));
+    const auto second = lowered(places.at(1));
+    const auto third = lowered(places.at(2));
+    const auto starts = (is(first, 'i') & is(second, 'f'))
+        | (is(second, 'o')
+            & ((is(first, 'f') & is(third, 'r')) | (is(first, 'l') & is(third, 'o')) | is(first, 'd')))
+        | (is(first, 'n') & is(second, 'e') & is(third, 'x'))
+        | (is(first, 's') & is(second, 'u') & is(third, 'b'));
+    return starts & ~isLetter(places.at(-1));
 };
 
 enum class Place { Code, Comment };
@@ -87,53 +97,76 @@ public:
     {
     }
 
-    Tally count()
-    {
-        const auto part = m_text.substr(
-            static_cast<std::size_t>(m_region.start), static_cast<std::size_t>(m_region.length()));
-        forEachMark(part, mayStartWord, [this](Offset at) { look(m_region.start + at); });
-        return m_tally;
-    }
-
     /// Counts the word that starts there, if one does.
     void look(Offset at)
     {
         const auto candidate = firstLetters[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
-        if (candidate && !(at > 0 && isAsciiWord(m_text[static_cast<std::size_t>(at - 1)])))
+        if (candidate != 0)
             take(candidate - 1u, at);
     }
 
     [[nodiscard]] const Tally &tally() const { return m_tally; }
 
 private:
-    void take(std::size_t first, Offset at)
+    void take(std::size_t i, Offset at)
     {
-        const auto word = blockWords[first].text;
-        const auto end = at + static_cast<Offset>(word.size());
-        if (end > m_region.end || !matches(m_text, at, word))
+        const auto &word = blockWords[i];
+        const auto end = at + static_cast<Offset>(word.text.size());
+        if (end > m_region.end || !wordStarts[i].mayBeAt(bytesAt(m_text, static_cast<std::size_t>(at))))
             return;
-        const bool whole = !wordBefore(m_text, at) && !wordAt(m_text, end);
-        for (auto i = first; i < blockWords.size() && blockWords[i].text == word; ++i) {
-            const auto &entry = blockWords[i];
-            const auto start = at - static_cast<Offset>(entry.before.size());
-            // A closing entry is found inside other words as well: "blend iffy" has one.
-            m_tally[i] += entry.before.empty()
-                ? whole && looksRight(entry, at)
-                : start >= m_region.start && matches(m_text, start, entry.before);
-        }
+        m_tally.words[i] += !wordBefore(m_text, at) && !wordAt(m_text, end) && looksRight(word, at);
+        // Behind "end " it closes a block inside other words as well: "blend iffy" has one.
+        if (word.closingCount)
+            m_tally.closings[i] += followsClosingWord(m_text, at, m_region.start);
     }
 
-    [[nodiscard]] bool looksRight(const BlockWord &entry, Offset at) const
+    [[nodiscard]] bool looksRight(const BlockWord &word, Offset at) const
     {
-        const bool looks = m_place == Place::Code ? entry.looksBack : entry.looksBackInComments;
+        const bool looks = m_place == Place::Code ? word.looksBack : word.looksBackInComments;
         return !looks || followsBreakOrBlank(m_text, at);
     }
 
     std::string_view m_text;
     TextRange m_region;
     Place m_place;
-    Tally m_tally{};
+    Tally m_tally;
 };
+
+/// Each bit is set from a quote up to the next one, that one left out. The last bit tells how it goes on.
+BlockBits behindQuotes(BlockBits quotes, bool literal)
+{
+    for (int distance = 1; distance < std::numeric_limits<BlockBits>::digits; distance *= 2)
+        quotes ^= quotes << distance;
+    return literal ? ~quotes : quotes;
+}
+
+struct CodeTally {
+    Tally tally;
+    bool endsInLiteral = false;
+};
+
+/// Counts the words outside literals, in one walk. A literal that is never closed is left out here.
+CodeTally countOutsideLiterals(std::string_view text)
+{
+    const TextRange all{0, static_cast<Offset>(text.size())};
+    WordCounter counter(text, all, Place::Code);
+    bool literal = false;
+    const auto visit = [&](Offset at, BlockBits quotes, BlockBits starts) {
+        const auto literals = behindQuotes(quotes, literal);
+        literal = literals >> (blockSize - 1) != 0;
+        forEachBit(starts & ~literals, [&](Offset bit) { counter.look(at + bit); });
+    };
+    forEachBlock(
+        text, all, visit, [](auto places) { return is(places.at(0), quoteMark); }, mayStartWord);
+    return {counter.tally(), literal};
+}
+
+/// Where the piece before the last quote begins: behind the quote before it.
+Offset lastPieceStart(std::string_view text)
+{
+    const auto before = text.substr(0, text.rfind(quoteMark)).rfind(quoteMark);
+    return before == std::string_view::npos ? 0 : static_cast<Offset>(before) + 1;
+}
 
 constexpr std::int16_t wrapped(int value)
 {
@@ -142,19 +175,26 @@ constexpr std::int16_t wrapped(int value)
 
 void add(const Tally &tally, BlockCounts &counts)
 {
-    for (std::size_t i = 0; i < tally.size(); ++i) {
-        auto &count = counts.*blockWords[i].count;
-        count = static_cast<std::int16_t>(count + tally[i]);
+    const auto addTo = [&](std::int16_t BlockCounts::*count, Offset number) {
+        if (count)
+            counts.*count = static_cast<std::int16_t>(counts.*count + number);
+    };
+    for (std::size_t i = 0; i < blockWords.size(); ++i) {
+        addTo(blockWords[i].count, tally.words[i]);
+        addTo(blockWords[i].closingCount, tally.closings[i]);
     }
 }
 
 /// Takes away, never below zero.
 void take(const Tally &tally, BlockCounts &counts)
 {
-    for (std::size_t i = 0; i < tally.size(); ++i) {
-        auto &count = counts.*blockWords[i].count;
-        if (count > 0)
-            count = static_cast<std::int16_t>(std::max<Offset>(count - tally[i], 0));
+    const auto takeFrom = [&](std::int16_t BlockCounts::*count, Offset number) {
+        if (count && counts.*count > 0)
+            counts.*count = static_cast<std::int16_t>(std::max<Offset>(counts.*count - number, 0));
+    };
+    for (std::size_t i = 0; i < blockWords.size(); ++i) {
+        takeFrom(blockWords[i].count, tally.words[i]);
+        takeFrom(blockWords[i].closingCount, tally.closings[i]);
     }
 }
 
@@ -173,7 +213,9 @@ void ResetBlockCounts(BlockCounts &counts)
 
 void CountBlocks(std::string_view text, TextRange region, BlockCounts &counts)
 {
-    add(WordCounter(text, region, Place::Code).count(), counts);
+    WordCounter counter(text, region, Place::Code);
+    forEachMark(text, region, mayStartWord, [&](Offset at) { counter.look(at); });
+    add(counter.tally(), counts);
 }
 
 void UncountCommentBlocks(std::string_view text, BlockCounts &counts)
@@ -181,7 +223,7 @@ void UncountCommentBlocks(std::string_view text, BlockCounts &counts)
     const auto length = static_cast<Offset>(text.size());
     Offset passed = 0; // an earlier comment's line
     forEachMark(
-        text, [](Places places) { return is(places.behind(0), '\'') & is(places.behind(1), '-'); },
+        text, [](auto places) { return is(places.at(0), '\'') & is(places.at(1), '-'); },
         [&](Offset at) {
             const auto from = static_cast<std::size_t>(at);
             if (at < passed || !text.substr(from).starts_with(separatorComment))
@@ -189,33 +231,23 @@ void UncountCommentBlocks(std::string_view text, BlockCounts &counts)
             const auto carriageReturn = text.find('\r', from);
             const auto end
                 = carriageReturn == std::string_view::npos ? length : static_cast<Offset>(carriageReturn);
-            take(WordCounter(text, {at, end}, Place::Comment).count(), counts);
+            // Comments are short: what finds words in long texts would cost more here.
+            WordCounter counter(text, {at, end}, Place::Comment);
+            for (auto place = at; place < end; ++place)
+                counter.look(place);
+            take(counter.tally(), counts);
             passed = end + 1;
         });
 }
 
 BlockCounts countBlocks(std::string_view text)
 {
-    // One walk over the whole text, its literals left out, in place of one for each piece between them.
-    const auto length = static_cast<Offset>(text.size());
-    WordCounter counter(text, {0, length}, Place::Code);
-    bool literal = false;
-    Offset pieceStart = 0;
-    forEachMark(
-        text, [](Places places) { return is(places.behind(0), quoteMark) | mayStartWord(places); },
-        [&](Offset at) {
-            if (text[static_cast<std::size_t>(at)] == quoteMark) {
-                literal = !literal;
-                pieceStart = literal ? pieceStart : at + 1;
-            } else if (!literal) {
-                counter.look(at);
-            }
-        });
     BlockCounts counts;
-    add(counter.tally(), counts);
+    const auto code = countOutsideLiterals(text);
+    add(code.tally, counts);
     // A literal that is never closed is code, and the piece before it counts once more.
-    if (literal)
-        CountBlocks(text, {pieceStart, length}, counts);
+    if (code.endsInLiteral)
+        CountBlocks(text, {lastPieceStart(text), static_cast<Offset>(text.size())}, counts);
     UncountCommentBlocks(text, counts);
     return counts;
 }

@@ -9,11 +9,29 @@
 #include "editor/programmatic_change.h"
 
 #include <charconv>
+#include <future>
 
 namespace kevra {
+namespace {
+
+/// From this size on the three kinds of rules are worth a thread each; below it a kind is looked at only once
+/// the one before it has found nothing.
+constexpr std::size_t worthThreads = 256 * 1024;
+
+template <typename Rules> auto startOn(std::string_view text, Rules rules)
+{
+    const auto policy
+        = text.size() < worthThreads ? std::launch::deferred : std::launch::async | std::launch::deferred;
+    return std::async(policy, rules);
+}
+
+} // namespace
+
 CheckResult check(std::string_view text, bool ifChecking)
 {
     CheckResult result;
+    auto counts = startOn(text, [text] { return countBlocks(text); });
+    auto objects = startOn(text, [text] { return CheckObjectReferences(text); });
     if (auto faults = checkLines(text, Faults::First); !faults.empty()) {
         auto *fault = &faults.front();
         result.verdict = fault->message;
@@ -25,11 +43,11 @@ CheckResult check(std::string_view text, bool ifChecking)
         return result;
     }
     result.reachedBlocks = true;
-    if (const auto blocks = blockVerdicts(countBlocks(text), ifChecking); !blocks.empty()) {
+    if (const auto blocks = blockVerdicts(counts.get(), ifChecking); !blocks.empty()) {
         result.verdict = blocks.front();
         return result;
     }
-    if (const auto references = CheckObjectReferences(text); !references.empty()) {
+    if (const auto references = objects.get(); !references.empty()) {
         result.verdict = references.front().message;
         result.fault = references.front();
     }
@@ -38,10 +56,12 @@ CheckResult check(std::string_view text, bool ifChecking)
 
 std::vector<Finding> checkAll(std::string_view text, bool ifChecking)
 {
+    auto counts = startOn(text, [text] { return countBlocks(text); });
+    auto objects = startOn(text, [text] { return CheckObjectReferences(text, true); });
     auto findings = checkLines(text, Faults::All);
-    for (auto &verdict : blockVerdicts(countBlocks(text), ifChecking))
+    for (auto &verdict : blockVerdicts(counts.get(), ifChecking))
         findings.push_back({std::move(verdict), 0, {}, 0});
-    for (auto &finding : CheckObjectReferences(text, true))
+    for (auto &finding : objects.get())
         findings.push_back(std::move(finding));
     return findings;
 }

@@ -23,18 +23,21 @@ constexpr bool isOutsideLiteral(Offset quotes)
     return quotes % 2 == 0 && quotes <= 6;
 }
 
-enum class Mark : unsigned char { None, Quote, Apostrophe, Open, Close, Comma, Equal, LetterI, LetterT };
+/// The first three are only counted.
+enum Mark : unsigned char { Quote, Open, Close, None, Apostrophe, Comma, Equal, LetterI, LetterT };
+constexpr std::size_t countedMarks = 3;
 
 constexpr auto marks = [] {
     std::array<Mark, 256> all{};
-    all['"'] = Mark::Quote;
-    all['\''] = Mark::Apostrophe;
-    all['('] = Mark::Open;
-    all[')'] = Mark::Close;
-    all[','] = Mark::Comma;
-    all['='] = Mark::Equal;
-    all['i'] = all['I'] = Mark::LetterI;
-    all['t'] = all['T'] = Mark::LetterT;
+    all.fill(None);
+    all['"'] = Quote;
+    all['\''] = Apostrophe;
+    all['('] = Open;
+    all[')'] = Close;
+    all[','] = Comma;
+    all['='] = Equal;
+    all['i'] = all['I'] = LetterI;
+    all['t'] = all['T'] = LetterT;
     return all;
 }();
 
@@ -47,8 +50,8 @@ struct WordPlace {
 /// All the rules ask of a line, gathered in one pass over it.
 class LineFacts {
 public:
-    /// A line that ends at `end` at the latest; its bytes are handed to take() in order, those that are no
-    /// mark or all of them.
+    /// A line that ends at `end` at the latest; its bytes are handed to take() in order, all of them or those
+    /// a rule may ask about.
     LineFacts(std::string_view text, Offset start, Offset end)
         : m_text(text)
         , m_start(start)
@@ -56,34 +59,45 @@ public:
     {
     }
 
+    /// The same for the next line; cheaper than to put another in its place.
+    void startAnew(Offset start)
+    {
+        m_start = start;
+        m_ended = m_badComma = m_badEqual = m_equalsEnded = false;
+        m_unheeded = None;
+        m_counts.fill(0);
+        m_if.reset();
+        m_then.reset();
+    }
+
     void take(Offset at)
     {
         const auto mark = marks[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
-        if (mark == Mark::None || m_ended)
+        if (m_ended || mark == None)
             return;
-        const bool counted = at >= m_start;
-        switch (mark) {
-        case Mark::Quote:
-            ++m_allQuotes;
-            m_quotes += counted;
-            break;
-        case Mark::Apostrophe:
+        if (mark < countedMarks)
+            ++m_counts[mark];
+        else if (mark == Apostrophe)
             m_ended = startsComment(at);
-            break;
-        case Mark::Open:
-            m_opening += counted;
-            break;
-        case Mark::Close:
-            ++m_closing;
-            break;
-        default:
-            if (counted)
-                takeCode(mark, at);
-        }
+        if (at < m_start)
+            m_unheeded = mark;
+        else if (mark > Apostrophe)
+            takeCode(mark, at);
     }
 
-    [[nodiscard]] bool quoteMissing() const { return isOddCount(m_allQuotes); }
-    [[nodiscard]] bool parenthesisMissing() const { return m_opening != m_closing; }
+    /// True for most lines, and no rule need be asked then.
+    [[nodiscard]] bool sound() const
+    {
+        return m_counts[Quote] % 2 == 0 && !parenthesisMissing() && !m_badComma && !m_badEqual && !m_if;
+    }
+
+    [[nodiscard]] bool quoteMissing() const { return isOddCount(m_counts[Quote]); }
+    /// The opening ones are counted from the line's start as it was given, the closing ones from its first
+    /// character.
+    [[nodiscard]] bool parenthesisMissing() const
+    {
+        return m_counts[Open] - (m_unheeded == Open) != m_counts[Close];
+    }
     [[nodiscard]] bool commaSpacedWrong() const { return m_badComma; }
     [[nodiscard]] bool equalSpacedWrong() const { return m_badEqual; }
 
@@ -101,14 +115,17 @@ private:
                                                                   : '\0';
     }
 
+    /// Those from the line's start as it was given.
+    [[nodiscard]] Offset quotes() const { return m_counts[Quote] - (m_unheeded == Quote); }
+
     void takeCode(Mark mark, Offset at)
     {
-        if (mark == Mark::Comma)
+        if (mark == Comma)
             m_badComma
-                = m_badComma || (isOutsideLiteral(m_quotes) && (byte(at - 1) == ' ' || byte(at + 1) != ' '));
-        else if (mark == Mark::Equal)
+                = m_badComma || (isOutsideLiteral(quotes()) && (byte(at - 1) == ' ' || byte(at + 1) != ' '));
+        else if (mark == Equal)
             takeEqual(at);
-        else if (mark == Mark::LetterI)
+        else if (mark == LetterI)
             takeWord(m_if, "if", at);
         else
             takeWord(m_then, "then", at);
@@ -118,7 +135,7 @@ private:
     {
         // At the very start of the text there is nothing before it, and no further one is judged.
         m_equalsEnded = m_equalsEnded || at == 0;
-        if (m_equalsEnded || !isOutsideLiteral(m_quotes))
+        if (m_equalsEnded || !isOutsideLiteral(quotes()))
             return;
         const char before = byte(at - 1);
         const bool spaced
@@ -134,7 +151,7 @@ private:
         const auto found = m_text.substr(static_cast<std::size_t>(at), word.size());
         if (std::ranges::equal(found, word, {}, lowerAscii) && !wordBefore(m_text, at)
             && !wordAt(m_text, end))
-            place = {at, m_quotes};
+            place = {at, quotes()};
     }
 
     [[nodiscard]] bool startsComment(Offset at) const
@@ -155,10 +172,8 @@ private:
     Offset m_start;
     Offset m_end;
     bool m_ended = false;
-    Offset m_allQuotes = 0;
-    Offset m_quotes = 0; ///< from the line's start as it was given
-    Offset m_opening = 0;
-    Offset m_closing = 0;
+    Mark m_unheeded = None; ///< the mark that stands before the start
+    std::array<Offset, countedMarks> m_counts{};
     bool m_badComma = false;
     bool m_badEqual = false;
     bool m_equalsEnded = false;
@@ -190,13 +205,21 @@ std::optional<Finding> faultOf(
     return Finding{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
 }
 
-constexpr auto isMark = [](Places places) {
-    const auto bytes = places.behind(0);
+/// What a rule over a whole script asks about: of commas and equal signs only those with the wrong
+/// neighbours, of words only those that start like the ones looked for.
+constexpr auto isMark = [](auto places) {
+    const auto bytes = places.at(0);
+    const auto before = places.at(-1);
+    const auto next = places.at(1);
     const auto letters = lowered(bytes);
-    const auto next = lowered(places.behind(1));
-    return is(bytes, '"') | is(bytes, '\'') | is(bytes, '(') | is(bytes, ')') | is(bytes, ',')
-        | is(bytes, '=') | is(bytes, '\r') | (is(letters, 'i') & is(next, 'f'))
-        | (is(letters, 't') & is(next, 'h'));
+    const auto nextLetters = lowered(next);
+    const auto wellBehind = is(next, ' ');
+    const auto blankBefore = is(before, ' ');
+    const auto wellBefore = blankBefore | is(before, '\n') | is(before, '<') | is(before, '>');
+    return is(bytes, '"') | is(bytes, '(') | is(bytes, ')') | is(bytes, '\r')
+        | (is(bytes, '\'') & is(next, '-')) | (is(bytes, ',') & (blankBefore | ~wellBehind))
+        | (is(bytes, '=') & ~(wellBefore & wellBehind)) | (is(letters, 'i') & is(nextLetters, 'f'))
+        | (is(letters, 't') & is(nextLetters, 'h') & is(lowered(places.at(2)), 'e'));
 };
 
 /// Goes through a text from mark to mark and judges each line as its carriage return comes.
@@ -230,14 +253,20 @@ private:
         m_done = end >= m_length;
         if (m_done)
             return;
-        if (auto fault = faultOf(m_facts, m_text, {m_start, end}, m_number)) {
-            m_faults.push_back(std::move(*fault));
-            m_done = m_wanted == Faults::First;
-        }
+        if (!m_facts.sound())
+            judge({m_start, end});
         m_start = end + 1;
         m_done = m_done || m_start >= m_length;
         ++m_number;
-        m_facts = LineFacts(m_text, m_start, m_length);
+        m_facts.startAnew(m_start);
+    }
+
+    void judge(ScriptLine line)
+    {
+        if (auto fault = faultOf(m_facts, m_text, line, m_number)) {
+            m_faults.push_back(std::move(*fault));
+            m_done = m_wanted == Faults::First;
+        }
     }
 
     std::string_view m_text;

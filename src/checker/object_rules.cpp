@@ -2,10 +2,12 @@
 #include "checker/object_rules.h"
 
 #include "editor/mark_scan.h"
+#include "editor/word_start.h"
 #include "editor/words.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace kevra {
@@ -76,42 +78,70 @@ constexpr bool isInLiteral(Offset quotes)
     return quotes % 2 == 1 && quotes <= 7;
 }
 
-/// The first three letters of each member, and of the texts that a section needs.
-constexpr auto mayStartName = [](Places places) {
-    const auto first = lowered(places.behind(0));
-    const auto second = lowered(places.behind(1));
-    const auto third = lowered(places.behind(2));
+/// The first three letters of each member, where no point before them names an object.
+constexpr auto mayStartMember = [](auto places) {
+    const auto first = lowered(places.at(0));
+    const auto second = lowered(places.at(1));
+    const auto third = lowered(places.at(2));
     const auto e = is(second, 'e');
     const auto o = is(second, 'o');
     const auto r = is(second, 'r');
-    const auto u = is(second, 'u');
     const auto e3 = is(third, 'e');
     const auto i3 = is(third, 'i');
     const auto l3 = is(third, 'l');
-    return (is(first, 'f') & (((is(second, 'i') | o) & l3) | (r & e3)))
+    const auto starts = (is(first, 'f') & (((is(second, 'i') | o) & l3) | (r & e3)))
         | (is(first, 'd') & ((e & l3) | (r & i3))) | (is(first, 'm') & o & is(third, 'v'))
         | (is(first, 'c') & ((o & is(third, 'p')) | (r & e3) | (is(second, 'l') & is(third, 'o'))))
         | (is(first, 'o') & is(second, 'p') & e3) | (is(first, 'g') & e & is(third, 't'))
-        | (is(first, 'r') & ((e & (is(third, 'g') | is(third, 'a'))) | (u & is(third, 'n'))))
-        | (is(first, 'a') & is(second, 't') & e3)
-        | (is(first, 's') & ((is(second, 'k') & i3) | (u & is(third, 'b'))))
-        | (is(first, 'w') & ((r & i3) | (is(second, 's') & is(third, 'c'))));
+        | (is(first, 'r') & ((e & (is(third, 'g') | is(third, 'a'))) | (is(second, 'u') & is(third, 'n'))))
+        | (is(first, 'a') & is(second, 't') & e3) | (is(first, 'w') & r & i3)
+        | (is(first, 's') & ((is(second, 'k') & i3) | (is(second, 'u') & is(third, 'b'))));
+    return starts & ~is(places.at(-1), '.');
 };
 
-constexpr std::size_t startLength = 3;
+/// The members in the order of their first letters, and where each letter's ones begin.
+struct MemberIndex {
+    struct Entry {
+        WordStart start;
+        unsigned char member = 0;
+    };
+    std::array<Entry, members.size()> entries{};
+    std::array<unsigned char, 33> first{};
 
-/// A number for the first three letters, whatever their case.
-constexpr std::size_t startSlot(std::string_view name)
+    static constexpr std::size_t letter(char byte) { return static_cast<unsigned char>(byte) & 31u; }
+};
+
+constexpr auto memberIndex = [] {
+    MemberIndex index;
+    std::size_t filled = 0;
+    for (std::size_t letter = 0; letter + 1 < index.first.size(); ++letter) {
+        index.first[letter] = static_cast<unsigned char>(filled);
+        for (std::size_t i = 0; i < members.size(); ++i)
+            if (MemberIndex::letter(members[i].name.front()) == letter)
+                index.entries[filled++] = {WordStart(members[i].name), static_cast<unsigned char>(i)};
+    }
+    index.first.back() = static_cast<unsigned char>(filled);
+    return index;
+}();
+
+bool matches(std::string_view text, std::size_t at, std::string_view name)
 {
-    return static_cast<std::size_t>((name[0] & 31) << 10 | (name[1] & 31) << 5 | (name[2] & 31));
+    return std::ranges::equal(text.substr(at, name.size()), name, {}, lowerAscii, lowerAscii);
 }
 
-constexpr auto memberSlots = [] {
-    std::array<std::size_t, members.size()> all{};
-    for (std::size_t i = 0; i < all.size(); ++i)
-        all[i] = startSlot(members[i].name);
-    return all;
-}();
+/// Whether a text speaks of something, whatever the case.
+bool speaksOf(std::string_view text, std::string_view name)
+{
+    const char first = lowerAscii(name[0]);
+    const char second = lowerAscii(name[1]);
+    bool found = false;
+    forEachMark(
+        text,
+        [first, second](
+            auto places) { return is(lowered(places.at(0)), first) & is(lowered(places.at(1)), second); },
+        [&](Offset at) { found = found || matches(text, static_cast<std::size_t>(at), name); });
+    return found;
+}
 
 /// What stands on a line before a place. Places are asked for in order; each byte is looked at once at most.
 class LineBefore {
@@ -155,22 +185,17 @@ public:
         , m_all(all)
         , m_line(text)
     {
-        for (std::size_t i = 0; i < sectionRules.size(); ++i)
-            m_active[i] = sectionRules[i].needs.empty();
     }
 
     std::vector<Finding> run()
     {
-        forEachMark(m_text, mayStartName, [this](Offset at) {
-            const auto start = static_cast<std::size_t>(at);
-            look(start, startSlot(m_text.substr(start, startLength)));
-        });
+        forEachMark(m_text, mayStartMember, [this](Offset at) { look(static_cast<std::size_t>(at)); });
         numberLines();
         std::vector<Finding> findings;
         for (const auto &places : m_found) {
+            if (places.empty() || !isActive(members[places.front().member].section))
+                continue;
             for (const auto &place : places) {
-                if (!m_active[static_cast<std::size_t>(members[place.member].section)])
-                    continue;
                 findings.push_back(finding(place));
                 if (!m_all)
                     return findings;
@@ -198,31 +223,34 @@ private:
         Offset counted = 0;
         Offset line = 1;
         for (auto *place : inOrder) {
-            const auto passed = m_text.substr(
-                static_cast<std::size_t>(counted), static_cast<std::size_t>(place->lineStart - counted));
-            line += countMarks(passed, [](Places places) { return is(places.behind(0), '\n'); });
+            line += countMarks(
+                m_text, {counted, place->lineStart}, [](auto places) { return is(places.at(0), '\n'); });
             counted = place->lineStart;
             place->line = line;
         }
     }
 
-    void look(std::size_t at, std::size_t slot)
+    void look(std::size_t at)
     {
-        for (std::size_t i = 0; i < sectionRules.size(); ++i)
-            m_active[i]
-                = m_active[i] || (!sectionRules[i].needs.empty() && matches(at, sectionRules[i].needs));
-        if (at > 0 && m_text[at - 1] == '.')
-            return;
-        for (std::size_t i = 0; i < members.size(); ++i) {
-            const bool wanted = memberSlots[i] == slot && (m_all || m_found[i].empty());
-            if (wanted && matches(at, members[i].name) && lacksObject(members[i], at))
-                m_found[i].push_back({i, static_cast<Offset>(at), m_line.start(), 0});
+        const auto bytes = bytesAt(m_text, at);
+        const auto letter = MemberIndex::letter(m_text[at]);
+        for (auto i = memberIndex.first[letter]; i < memberIndex.first[letter + 1]; ++i) {
+            const auto &[start, member] = memberIndex.entries[i];
+            auto &found = m_found[member];
+            if (start.mayBeAt(bytes) && (m_all || found.empty()) && matches(m_text, at, members[member].name)
+                && lacksObject(members[member], at))
+                found.push_back({member, static_cast<Offset>(at), m_line.start(), 0});
         }
     }
 
-    [[nodiscard]] bool matches(std::size_t at, std::string_view name) const
+    /// The text is searched only once a finding hangs on it.
+    [[nodiscard]] bool isActive(Section section)
     {
-        return std::ranges::equal(m_text.substr(at, name.size()), name, {}, lowerAscii, lowerAscii);
+        auto &active = m_active[static_cast<std::size_t>(section)];
+        const auto needs = sectionRules[static_cast<std::size_t>(section)].needs;
+        if (!active)
+            active = needs.empty() || speaksOf(m_text, needs);
+        return *active;
     }
 
     // The file system's and the shell's names are looked for in literals as well.
@@ -233,7 +261,7 @@ private:
             return false;
         if (member.section != Section::Streams)
             return true;
-        const bool ofTheShell = member.name == "Write " && at >= 3 && matches(at - 3, "Reg");
+        const bool ofTheShell = member.name == "Write " && at >= 3 && matches(m_text, at - 3, "Reg");
         return !ofTheShell && !isInLiteral(m_line.quotes());
     }
 
@@ -254,7 +282,7 @@ private:
 
     std::string_view m_text;
     bool m_all;
-    std::array<bool, sectionRules.size()> m_active{};
+    std::array<std::optional<bool>, sectionRules.size()> m_active;
     std::array<std::vector<Found>, members.size()> m_found;
     LineBefore m_line;
     std::pair<Offset, Offset> m_endOfLine{-1, 0}; ///< a line's start, and its end

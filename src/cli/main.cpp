@@ -8,6 +8,7 @@
 #include "colour/tag_pass.h"
 #include "files/file_types.h"
 #include "files/text_codec.h"
+#include "platform/byte_room.h"
 
 #include <CLI/CLI.hpp>
 
@@ -64,19 +65,19 @@ private:
 
     void readAll(std::FILE &file, std::size_t room)
     {
-        m_bytes = std::make_unique_for_overwrite<char[]>(room);
+        m_bytes = byteRoom(room);
         for (;;) {
             m_size += std::fread(m_bytes.get() + m_size, 1, room - m_size, &file);
             if (m_size < room)
                 return;
-            auto larger = std::make_unique_for_overwrite<char[]>(2 * room);
+            auto larger = byteRoom(2 * room);
             std::copy_n(m_bytes.get(), m_size, larger.get());
             m_bytes = std::move(larger);
             room *= 2;
         }
     }
 
-    std::unique_ptr<char[]> m_bytes;
+    ByteRoom m_bytes;
     std::size_t m_size = 0;
 };
 

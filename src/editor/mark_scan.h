@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Finding the few bytes of a text that matter, sixteen at a time. A question is asked of every byte and the
-// one behind it at once, and the places where it holds are visited in order.
+// Finding the few bytes of a text that matter, many at a time. A question is asked of every byte and its
+// neighbours at once, and the places where it holds are visited in order. Questions are generic lambdas over
+// Places, so that each is compiled for narrow lanes, which every processor has, and for wide ones.
 #pragma once
 
 #include "editor/types.h"
@@ -8,8 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <tuple>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -17,53 +21,61 @@
 
 namespace kevra {
 
-/// Sixteen bytes; comparing gives sixteen truths.
-using Lane = unsigned char __attribute__((vector_size(16)));
-using Truths = decltype(Lane() == Lane());
-
-inline constexpr std::size_t laneSize = sizeof(Lane);
+/// Some bytes side by side; comparing gives as many truths.
+using NarrowLane = unsigned char __attribute__((vector_size(16)));
+using WideLane = unsigned char __attribute__((vector_size(32)));
+template <typename Lane> using TruthsOf = decltype(Lane() == Lane());
 
 /// ASCII capitals made small. A few other characters change as well, never into a letter.
-inline Lane lowered(Lane bytes)
+template <typename Lane> Lane lowered(Lane bytes)
 {
     return bytes | static_cast<unsigned char>(0x20);
 }
 
-inline Truths is(Lane bytes, char byte)
+template <typename Lane> TruthsOf<Lane> is(Lane bytes, char byte)
 {
     return bytes == static_cast<unsigned char>(byte);
 }
 
-/// One bit a byte, the first in the lowest place.
-inline unsigned bitsOf(Truths truths)
+/// True for the letters of ASCII.
+template <typename Lane> TruthsOf<Lane> isLetter(Lane bytes)
 {
-#ifdef __SSE2__
-    __m128i packed;
-    std::memcpy(&packed, &truths, sizeof packed);
-    return static_cast<unsigned>(_mm_movemask_epi8(packed));
-#else
-    unsigned bits = 0;
-    for (std::size_t i = 0; i < laneSize; ++i)
-        bits |= static_cast<unsigned>(truths[i] != 0) << i;
-    return bits;
-#endif
+    return static_cast<Lane>(lowered(bytes) - static_cast<unsigned char>('a'))
+        < static_cast<unsigned char>(26);
 }
 
-/// Sixteen places of a text, each with the bytes that follow it.
-class Places {
+/// One bit a byte, the first in the lowest place.
+template <typename Truths> std::uint32_t bitsOf(Truths truths)
+{
+    std::uint32_t bits = 0;
+#ifdef __SSE2__
+    for (std::size_t i = 0; i < sizeof truths; i += sizeof(__m128i)) {
+        __m128i part;
+        std::memcpy(&part, reinterpret_cast<const char *>(&truths) + i, sizeof part);
+        bits |= static_cast<std::uint32_t>(_mm_movemask_epi8(part)) << i;
+    }
+#else
+    for (std::size_t i = 0; i < sizeof truths; ++i)
+        bits |= static_cast<std::uint32_t>(truths[i] != 0) << i;
+#endif
+    return bits;
+}
+
+/// Places of a text, each with its neighbours.
+template <typename LaneType> class Places {
 public:
-    static constexpr std::size_t farthest = 3; ///< bytes behind a place that may be asked for
+    using Lane = LaneType;
 
     explicit Places(const char *bytes)
         : m_bytes(bytes)
     {
     }
 
-    /// The bytes so far behind the places.
-    [[nodiscard]] Lane behind(std::size_t distance) const
+    /// The bytes so far behind the places, 3 at most, or before them, -1 at least.
+    [[nodiscard]] Lane at(std::ptrdiff_t distance) const
     {
         Lane lane;
-        std::memcpy(&lane, m_bytes + distance, laneSize);
+        std::memcpy(&lane, m_bytes + distance, sizeof lane);
         return lane;
     }
 
@@ -71,38 +83,127 @@ private:
     const char *m_bytes;
 };
 
-/// Calls visit(places, offset, valid) for the whole text in order; `valid` has a bit for every place that
-/// lies inside it. Behind the end of the text zeros are seen.
-template <typename Visit> void forEachLane(std::string_view text, Visit visit)
+/// The truths of as many places as a word has bits.
+using BlockBits = std::uint64_t;
+inline constexpr std::size_t blockSize = 64;
+
+/// Calls visit(number) for each bit that is set, in order.
+template <typename Visit> void forEachBit(BlockBits bits, Visit visit)
 {
-    constexpr unsigned all = (1u << laneSize) - 1;
-    std::size_t at = 0;
-    for (; at + laneSize + Places::farthest <= text.size(); at += laneSize)
-        visit(Places(text.data() + at), at, all);
-    std::array<char, 3 * laneSize> tail{};
-    std::copy_n(text.data() + at, text.size() - at, tail.data());
-    for (auto start = at; at < text.size(); at += laneSize)
-        visit(Places(tail.data() + (at - start)), at,
-            at + laneSize <= text.size() ? all : (1u << (text.size() - at)) - 1);
+    for (; bits != 0; bits &= bits - 1)
+        visit(static_cast<Offset>(std::countr_zero(bits)));
 }
 
-/// Calls visit(offset) wherever question(places) holds.
+/// The answers to some questions about a few blocks that follow each other.
+template <typename... Questions> class BlockAnswers {
+public:
+    static constexpr std::size_t mostBlocks = 16;
+    static constexpr std::size_t before = 1; ///< bytes that are looked at on either side of the blocks
+    static constexpr std::size_t behind = 3;
+    using Answers = std::array<BlockBits, sizeof...(Questions)>;
+
+    explicit BlockAnswers(Questions... questions)
+        : m_questions(questions...)
+    {
+    }
+
+    void ask(const char *bytes, std::size_t blocks)
+    {
+#ifdef __x86_64__
+        if (__builtin_cpu_supports("avx2"))
+            return askWide(bytes, blocks);
+#endif
+        askEach<NarrowLane>(bytes, blocks);
+    }
+
+    [[nodiscard]] const Answers &of(std::size_t block) const
+    {
+        return m_answers[block];
+    }
+
+private:
+#ifdef __x86_64__
+    __attribute__((target("avx2"), flatten)) void askWide(const char *bytes, std::size_t blocks)
+    {
+        askEach<WideLane>(bytes, blocks);
+    }
+#endif
+
+    template <typename Lane>
+    __attribute__((always_inline)) void askEach(const char *bytes, std::size_t blocks)
+    {
+        for (std::size_t i = 0; i < blocks; ++i, bytes += blockSize)
+            m_answers[i] = std::apply(
+                [bytes](auto... questions) { return Answers{answer<Lane>(bytes, questions)...}; },
+                m_questions);
+    }
+
+    template <typename Lane, typename Question>
+    __attribute__((always_inline)) static BlockBits answer(const char *bytes, Question question)
+    {
+        BlockBits bits = 0;
+        for (std::size_t i = 0; i < blockSize; i += sizeof(Lane))
+            bits |= BlockBits{bitsOf(question(Places<Lane>(bytes + i)))} << i;
+        return bits;
+    }
+
+    std::tuple<Questions...> m_questions;
+    std::array<Answers, mostBlocks> m_answers;
+};
+
+/// Calls visit(offset, bits...) for blocks that cover the range, in order, with a word of bits for each
+/// question; those of places outside the range are clear. Before and behind the text zeros are seen.
+template <typename Visit, typename... Questions>
+void forEachBlock(std::string_view text, TextRange range, Visit visit, Questions... questions)
+{
+    using Asked = BlockAnswers<Questions...>;
+    Asked asked(questions...);
+    const auto end = static_cast<std::size_t>(range.end);
+    auto at = static_cast<std::size_t>(range.start);
+    const auto askHere = [&]() -> std::size_t {
+        const auto room = text.size() - at;
+        if (at >= Asked::before && room >= blockSize + Asked::behind) {
+            const auto blocks = std::min({Asked::mostBlocks, (room - Asked::behind) / blockSize,
+                (end - at + blockSize - 1) / blockSize});
+            asked.ask(text.data() + at, blocks);
+            return blocks;
+        }
+        std::array<char, Asked::before + blockSize + Asked::behind> copy{};
+        const auto lead = std::min(at, Asked::before);
+        text.copy(copy.data() + Asked::before - lead, copy.size() - Asked::before + lead, at - lead);
+        asked.ask(copy.data() + Asked::before, 1);
+        return 1;
+    };
+    while (at < end) {
+        const auto blocks = askHere();
+        for (std::size_t i = 0; i < blocks; ++i, at += blockSize) {
+            const auto valid = at + blockSize <= end ? ~BlockBits{0} : ~(~BlockBits{0} << (end - at));
+            std::apply([&](auto... bits) { visit(static_cast<Offset>(at), (bits & valid)...); }, asked.of(i));
+        }
+    }
+}
+
+/// Calls visit(offset) wherever question(places) holds in the range.
+template <typename Question, typename Visit>
+void forEachMark(std::string_view text, TextRange range, Question question, Visit visit)
+{
+    const auto visitBlock
+        = [&](Offset at, BlockBits bits) { forEachBit(bits, [&](Offset bit) { visit(at + bit); }); };
+    forEachBlock(text, range, visitBlock, question);
+}
+
 template <typename Question, typename Visit>
 void forEachMark(std::string_view text, Question question, Visit visit)
 {
-    forEachLane(text, [&](Places places, std::size_t at, unsigned valid) {
-        for (auto bits = bitsOf(question(places)) & valid; bits != 0; bits &= bits - 1)
-            visit(static_cast<Offset>(at) + std::countr_zero(bits));
-    });
+    forEachMark(text, {0, static_cast<Offset>(text.size())}, question, visit);
 }
 
-/// At how many places question(places) holds.
-template <typename Question> Offset countMarks(std::string_view text, Question question)
+/// At how many places of the range question(places) holds.
+template <typename Question> Offset countMarks(std::string_view text, TextRange range, Question question)
 {
     Offset count = 0;
-    forEachLane(text, [&](Places places, std::size_t, unsigned valid) {
-        count += std::popcount(bitsOf(question(places)) & valid);
-    });
+    forEachBlock(
+        text, range, [&](Offset, BlockBits bits) { count += std::popcount(bits); }, question);
     return count;
 }
 

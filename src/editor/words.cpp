@@ -33,6 +33,11 @@ constexpr bool continues(char byte)
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
+constexpr bool isAscii(char byte)
+{
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
 char32_t decode(std::string_view text, Offset position)
 {
     const auto lead = static_cast<unsigned char>(text[static_cast<std::size_t>(position)]);
@@ -54,8 +59,7 @@ char32_t decode(std::string_view text, Offset position)
 bool isWordCharacter(char32_t character)
 {
     if (character < 0x80)
-        return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'Z')
-            || (character >= 'a' && character <= 'z') || character == '_';
+        return isAsciiWord(static_cast<char>(character));
     const auto block = std::ranges::upper_bound(signBlocks, character, {}, &CodeRange::first);
     return block == signBlocks.begin() || character > std::prev(block)->last;
 }
@@ -64,13 +68,16 @@ bool wordBefore(std::string_view text, Offset position)
 {
     if (position <= 0)
         return false;
-    return isWordCharacter(decode(text, characterBefore(text, position)));
+    const char byte = text[static_cast<std::size_t>(position - 1)];
+    return isAscii(byte) ? isAsciiWord(byte) : isWordCharacter(decode(text, characterBefore(text, position)));
 }
 
 bool wordAt(std::string_view text, Offset position)
 {
-    return position >= 0 && position < static_cast<Offset>(text.size())
-        && isWordCharacter(decode(text, position));
+    if (position < 0 || position >= static_cast<Offset>(text.size()))
+        return false;
+    const char byte = text[static_cast<std::size_t>(position)];
+    return isAscii(byte) ? isAsciiWord(byte) : isWordCharacter(decode(text, position));
 }
 
 Offset characterLength(std::string_view text, Offset position)

@@ -9,6 +9,12 @@
 namespace kevra {
 
 [[nodiscard]] bool isWordCharacter(char32_t character);
+/// The same of one byte of a text; no byte of a character beyond ASCII is one.
+[[nodiscard]] constexpr bool isAsciiWord(char byte)
+{
+    const auto small = static_cast<unsigned char>(byte | 0x20);
+    return (small >= 'a' && small <= 'z') || (byte >= '0' && byte <= '9') || byte == '_';
+}
 
 /// True when the character that ends right before `position` belongs to a word.
 [[nodiscard]] bool wordBefore(std::string_view text, Offset position);

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 
 namespace kevra {
 namespace {
@@ -19,24 +18,26 @@ std::string_view endText(LineEnds ends)
     return ends == LineEnds::Lf ? lineEndTexts[1] : ends == LineEnds::Cr ? lineEndTexts[2] : crLf;
 }
 
-struct EndCounts {
-    std::size_t crLf = 0;
-    std::size_t lf = 0; ///< alone
-    std::size_t cr = 0; ///< alone
+struct EndKinds {
+    bool crLf = false;
+    bool lf = false; ///< alone somewhere
+    bool cr = false; ///< alone somewhere
 };
 
-EndCounts countEnds(std::string_view text)
+EndKinds endKindsOf(std::string_view text)
 {
-    EndCounts counts;
-    forEachLane(text, [&](Places places, std::size_t, unsigned valid) {
-        const auto returns = is(places.behind(0), '\r');
-        const auto both = bitsOf(returns & is(places.behind(1), '\n')) & valid;
-        counts.crLf += static_cast<std::size_t>(std::popcount(both));
-        counts.cr += static_cast<std::size_t>(std::popcount(bitsOf(returns) & valid & ~both));
-        counts.lf += static_cast<std::size_t>(std::popcount(bitsOf(is(places.behind(0), '\n')) & valid));
-    });
-    counts.lf -= counts.crLf;
-    return counts;
+    EndKinds kinds;
+    const TextRange all{0, static_cast<Offset>(text.size())};
+    const auto look = [&](Offset, BlockBits returns, BlockBits feeds, BlockBits both) {
+        kinds.crLf = kinds.crLf || both != 0;
+        kinds.cr = kinds.cr || returns != 0;
+        kinds.lf = kinds.lf || feeds != 0;
+    };
+    forEachBlock(
+        text, all, look, [](auto p) { return is(p.at(0), '\r') & ~is(p.at(1), '\n'); },
+        [](auto p) { return is(p.at(0), '\n') & ~is(p.at(-1), '\r'); },
+        [](auto p) { return is(p.at(0), '\r') & is(p.at(1), '\n'); });
+    return kinds;
 }
 
 std::string replaceEach(std::string_view text, std::string_view from, std::string_view to)
@@ -99,14 +100,10 @@ std::vector<Line> splitLines(std::string_view text)
 
 LineEnds lineEndsOf(std::string_view text)
 {
-    const auto counts = countEnds(text);
-    const int kinds = (counts.crLf > 0) + (counts.lf > 0) + (counts.cr > 0);
-    if (kinds > 1)
+    const auto found = endKindsOf(text);
+    if (found.crLf + found.lf + found.cr > 1)
         return LineEnds::Mixed;
-    return counts.crLf > 0 ? LineEnds::CrLf
-        : counts.lf > 0    ? LineEnds::Lf
-        : counts.cr > 0    ? LineEnds::Cr
-                           : LineEnds::None;
+    return found.crLf ? LineEnds::CrLf : found.lf ? LineEnds::Lf : found.cr ? LineEnds::Cr : LineEnds::None;
 }
 
 std::string toCrLf(std::string_view text, LineEnds ends)
@@ -127,8 +124,8 @@ std::string toCrLf(std::string_view text, LineEnds ends)
 
 std::string fromCrLf(std::string_view text, LineEnds ends)
 {
-    const auto counts = countEnds(text);
-    if (counts.lf > 0 || counts.cr > 0)
+    const auto found = endKindsOf(text);
+    if (found.lf || found.cr)
         return joinLines(text, endText(ends));
     return endText(ends) == crLf ? std::string(text) : replaceEach(text, crLf, endText(ends));
 }
