@@ -201,7 +201,8 @@ std::optional<Finding> faultOf(
     const auto rule = std::ranges::find_if(lineRules, [&](const LineRule &r) { return (facts.*r.broken)(); });
     if (rule == lineRules.end())
         return std::nullopt;
-    const TextRange marked{line.start, std::min(line.end + 1, static_cast<Offset>(text.size()))};
+    const TextRange marked{line.start,
+        line.end < static_cast<Offset>(text.size()) ? line.end + characterLength(text, line.end) : line.end};
     return Finding{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
 }
 
@@ -229,6 +230,7 @@ public:
         : m_text(text)
         , m_wanted(wanted)
         , m_length(static_cast<Offset>(text.size()))
+        , m_start(text.empty() ? 0 : characterLength(text, 0))
         , m_facts(text, m_start, m_length)
     {
     }
@@ -272,7 +274,7 @@ private:
     std::string_view m_text;
     Faults m_wanted;
     Offset m_length;
-    Offset m_start = 1; // the first line's start is given as 1
+    Offset m_start; // of the first line it is the second character
     Offset m_number = 1;
     bool m_done = false;
     LineFacts m_facts;
@@ -285,7 +287,7 @@ std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset 
 {
     const auto end = std::min(line.end + 1, static_cast<Offset>(text.size()));
     LineFacts facts(text, line.start, end);
-    for (auto at = line.start == 1 ? 0 : line.start; at < end; ++at)
+    for (auto at = line.start; at < end; ++at)
         facts.take(at);
     return faultOf(facts, text, line, lineNumber);
 }

@@ -12,7 +12,7 @@
 namespace kevra {
 
 /// A line as the rules are given it. `start` is the line's first character, save that a run over a whole
-/// script gives 1 for the first line; what a rule counts from there leaves that line's first character out.
+/// script gives the second one of the first line; what a rule counts from there leaves the first one out.
 /// `end` is the place right behind the carriage return, or the caret behind the line break just typed.
 struct ScriptLine {
     Offset start = 0;

@@ -277,7 +277,7 @@ private:
         const auto lineEnd = m_endOfLine.second;
         const auto &rule = sectionRules[static_cast<std::size_t>(members[place.member].section)];
         return {std::string(rule.message) + std::to_string(place.line), place.line,
-            {place.lineStart, std::min(lineEnd + 1, length)}, lineEnd - 1};
+            {place.lineStart, std::min(lineEnd + 1, length)}, characterBefore(m_text, lineEnd)};
     }
 
     std::string_view m_text;

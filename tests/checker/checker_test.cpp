@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "checker/checker.h"
 
-#include "checker/block_counts.h"
+#include "checker/line_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -63,6 +63,37 @@ TEST(Checker, GivesOneVerdict)
         SCOPED_TRACE(c.name);
         EXPECT_EQ(check(c.text, c.ifChecking).verdict, c.verdict);
     }
+}
+
+TEST(Checker, MarksWholeCharacters)
+{
+    struct {
+        const char *name;
+        std::string_view text;
+        std::string_view verdict;
+        TextRange marked;
+        Offset caret;
+    } const cases[] = {
+        {"the first line's first character stays black", "\xC3\xA9=1\r\nx\r\n",
+            "Wrong spacing at equal sign - Line 1", {2, 6}, 4},
+        {"a d at the line's second character is no End",
+            "\xC3\xA9"
+            "d\tif\r\nx\r\n",
+            "IF without THEN - Line 1", {2, 8}, 6},
+        {"the caret stands before the last character", "Close \xC3\xA9",
+            "Textstream, Drive or Folder Object required - Line 1", {0, 8}, 6},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto result = check(c.text, true);
+        EXPECT_EQ(result.verdict, c.verdict);
+        ASSERT_TRUE(result.fault);
+        EXPECT_EQ(result.fault->marked, c.marked);
+        EXPECT_EQ(result.fault->caret, c.caret);
+    }
+    const auto finished = CheckLine("a,b\r\n\xC3\xA9", {0, 5}, 1);
+    ASSERT_TRUE(finished);
+    EXPECT_EQ(finished->marked, (TextRange{0, 7}));
 }
 
 TEST(Checker, ListsEveryFinding)
