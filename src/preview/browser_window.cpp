@@ -72,8 +72,6 @@ BrowserWindow::BrowserWindow(QWidget *parent)
     createControls();
     createStatusBar();
     resize(1040, 760);
-    // As the reset leaves it: a page has all the room there is.
-    setWindowState(Qt::WindowMaximized);
 }
 
 void BrowserWindow::createMenus()
@@ -162,7 +160,6 @@ void BrowserWindow::setPageWidget(QWidget *page)
     m_page->layout()->addWidget(page);
     m_page->setFocusProxy(page);
     page->show();
-    page->setFocus();
 }
 
 void BrowserWindow::setLinkTarget(const QString &text)
@@ -217,6 +214,8 @@ bool BrowserWindow::event(QEvent *event)
         setLinkTarget(invitation);
     if (event->type() == QEvent::Show && !m_wasShown) {
         m_wasShown = true;
+        // As the reset leaves it. Not earlier: the web engine's view makes the native window anew.
+        setWindowState(Qt::WindowMaximized);
         emit firstShown();
     }
     return handled;

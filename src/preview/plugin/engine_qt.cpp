@@ -153,6 +153,7 @@ void Engine::newPage()
     m_page->settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     m_page->setZoomFactor(m_zoom);
     m_view->setPage(m_page.get());
+    m_view->setFocus(); // it went with the page before
     // A page goes before the profile it lives in.
     oldPage.reset();
     oldProfile.reset();
