@@ -10,22 +10,34 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QPluginLoader>
 
+#include <filesystem>
+
 namespace kevra {
 
 namespace {
 
 constexpr auto pluginFile = "libkevra_preview.so";
 
-QString textOf(const std::string &path)
+/// A name need not be valid text; QUrl::fromLocalFile would lose the bytes that are not.
+QUrl addressOfFile(const std::string &path)
 {
-    return QFile::decodeName(QByteArray::fromStdString(path));
+    const auto bytes = QByteArray::fromStdString(path);
+    return QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/!$&'()*+,;=:@"));
+}
+
+std::string pathOf(const QUrl &file)
+{
+    const auto encoded = file.path(QUrl::FullyEncoded).toLatin1();
+    const auto path = QByteArray::fromPercentEncoding(encoded).toStdString();
+    return file.host().isEmpty() ? path : "//" + file.host().toStdString() + path;
 }
 
 /// With links and ".." resolved, so that no way around leads out of a folder.
-std::string resolved(const QString &path)
+std::string resolved(const std::string &path)
 {
-    const auto canonical = QFileInfo(path).canonicalFilePath();
-    return QFile::encodeName(canonical.isEmpty() ? QDir::cleanPath(path) : canonical).toStdString();
+    std::error_code missing;
+    const auto canonical = std::filesystem::canonical(path, missing);
+    return (missing ? std::filesystem::path(path).lexically_normal() : canonical).string();
 }
 
 std::string addressOf(const QUrl &url)
@@ -73,9 +85,9 @@ bool BrowserControlQt::navigate(const std::string &path, const PageScope &scope)
 {
     if (!loadEngine())
         return false;
-    m_scope = {resolved(textOf(nativePath(scope.folder))), resolved(textOf(nativePath(scope.site)))};
+    m_scope = {resolved(nativePath(scope.folder)), resolved(nativePath(scope.site))};
     m_askedPath = path;
-    m_askedUrl = QUrl::fromLocalFile(textOf(nativePath(path)));
+    m_askedUrl = addressOfFile(nativePath(path));
     m_engine->navigate(m_askedUrl);
     return true;
 }
@@ -107,7 +119,7 @@ bool BrowserControlQt::beforeNavigate(const QUrl &url, bool mainFrame)
     if (url == m_askedUrl)
         target.path = m_askedPath;
     else if (url.isLocalFile())
-        target.path = QFile::encodeName(url.toLocalFile()).toStdString();
+        target.path = pathOf(url);
     // An empty frame is made, not gone to.
     if (!mainFrame && url.scheme() == "about")
         return true;
@@ -118,7 +130,7 @@ bool BrowserControlQt::allowsRequest(const QUrl &url, Resource kind)
 {
     PageRequest request{kind, url.scheme().toStdString(), {}};
     if (url.isLocalFile())
-        request.path = resolved(url.toLocalFile());
+        request.path = resolved(pathOf(url));
     return kevra::allowsRequest(request, m_scope, m_remote);
 }
 

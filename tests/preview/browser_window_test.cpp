@@ -15,6 +15,8 @@
 
 #include <QtTest/QTest>
 
+#include <filesystem>
+
 namespace kevra {
 namespace {
 
@@ -26,10 +28,9 @@ public:
         QObject::connect(&window, &BrowserWindow::refreshAsked, &window, [this] { commands.refresh(); });
     }
 
-    void put(const QString &name, const QByteArray &bytes)
+    void put(const std::string &name, const QByteArray &bytes)
     {
-        QFile asset(folder.filePath(name));
-        EXPECT_TRUE(asset.open(QIODevice::WriteOnly) && asset.write(bytes) == bytes.size());
+        EXPECT_EQ(files.write(folder.path().toStdString() + '/' + name, bytes.toStdString()), Saved::Ok);
     }
     /// Shows a page that says in its title when it is there, and waits for it.
     void view(const char *text)
@@ -157,16 +158,21 @@ TEST_F(BrowserTest, HelpFollowsLinksAndTheReferenceDoesNot)
 
 TEST_F(BrowserTest, PageLoadsWithItsFramesImagesAndStyle)
 {
-    put("left.html", "<script>parent.document.title += 'L'</script>");
-    put("frame.html",
+    // A name need not be valid text, and these signs mean something in an address.
+    const std::string odd = "Men\xFC #1%20?/";
+    const auto place = folder.path().toStdString() + '/' + odd;
+    std::filesystem::create_directory(place);
+    state.currentPath = place + "page.htm";
+    put(odd + "frame.html",
         "<body onload=\"parent.postMessage('F', '*')\"><img src=dot.gif onload=\"parent.postMessage('I', "
         "'*')\">");
-    put("dot.gif", QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7"));
-    put("style.css", "body { margin-left: 77px }");
+    put(odd + "dot.gif", QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7"));
+    put(odd + "style.css", "body { margin-left: 77px }");
     view("<link rel=stylesheet href=style.css><script>seen = ''; onmessage = e => { seen += e.data;"
          "document.title = [...seen].sort().join('') + getComputedStyle(document.body).marginLeft }</script>"
          "<body><iframe src=frame.html></iframe>");
     EXPECT_TRUE(QTest::qWaitFor([this] { return title() == "FI77px"; }, 10000)) << title().toStdString();
+    std::filesystem::remove_all(place); // by its bytes, which the temporary folder does not know
 }
 
 TEST_F(BrowserTest, ShowsTheTextAsItIsNowAndDeletesThePage)
