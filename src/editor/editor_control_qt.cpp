@@ -8,36 +8,15 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <chrono>
 
 namespace kevra {
 namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr Offset slice = 1 << 20; ///< bytes painted at once while the rest of the text waits
-
 /// Bytes beyond a loaded text. Without them the first read, which puts an end mark behind it, would move it
 /// all.
 constexpr Offset roomForTyping = 64 * 1024;
-/// A text's tail longer than this is painted when it is looked at.
-constexpr Offset paintedLater = 256 * 1024;
-constexpr Offset paintedAhead
-    = 64 * 1024; ///< more than is asked for, so that scrolling does not ask at each line
-constexpr auto pauseBetweenSlices = std::chrono::milliseconds(10);
-
-/// Lays the colours of the runs over `styles`, which stand for the bytes of `range`.
-void layRuns(
-    std::string &styles, TextRange range, std::span<const ColourRun> runs, std::span<const char> runStyles)
-{
-    for (std::size_t i = 0; i < runs.size(); ++i) {
-        const auto start = std::max(runs[i].range.start, range.start);
-        const auto end = std::min(runs[i].range.end, range.end);
-        if (start < end)
-            std::fill(
-                styles.begin() + (start - range.start), styles.begin() + (end - range.start), runStyles[i]);
-    }
-}
 
 /// How much of `a` and `b` is alike at the start, not counting a character that is alike in part.
 Offset commonStart(std::string_view a, std::string_view b)
@@ -74,13 +53,7 @@ EditorControl::EditorControl(QWidget *parent)
     new AccessibilityNews(*this);
     connect(this, &Sci::SCN_MODIFIED, this,
         [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
-    connect(this, &Sci::SCN_STYLENEEDED, this, [this](int position) {
-        if (position > m_unpainted.start())
-            paintUpTo(position + paintedAhead);
-        stylesAreUpToDate();
-    });
-    m_paintRest.setInterval(pauseBetweenSlices);
-    connect(&m_paintRest, &QTimer::timeout, this, [this] { paintUpTo(m_unpainted.start() + slice); });
+    connectPainting();
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { announce(); });
     connect(this, &Sci::SCN_UPDATEUI, this, [this] {
         settle();
@@ -216,116 +189,6 @@ void EditorControl::Select(TextRange range)
         send(SCI_SETSEL, part.start, part.end);
     else
         send(SCI_SETSELECTION, part.end, part.start);
-}
-
-Colour EditorControl::SelColor() const
-{
-    const auto selection = Selection();
-    return selection.empty() ? m_typing : ColourAt(selection.start);
-}
-
-void EditorControl::SetSelColor(Colour colour)
-{
-    const auto selection = Selection();
-    if (selection.empty())
-        m_typing = colour;
-    else
-        paint(selection, styleOf(colour));
-}
-
-Colour EditorControl::ColourAt(Offset position) const
-{
-    if (position < 0 || position >= Length())
-        return colours::black;
-    const auto style = static_cast<unsigned char>(
-        position < m_unpainted.start() ? send(SCI_GETSTYLEAT, position) : m_unpainted.styleAt(position));
-    return style < m_styleColours.size() ? m_styleColours[style] : colours::black;
-}
-
-void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground)
-{
-    settle();
-    const auto whole = inside(range);
-    std::string runStyles(runs.size(), '\0');
-    std::ranges::transform(runs, runStyles.begin(),
-        [this](const ColourRun &run) { return static_cast<char>(styleOf(run.colour)); });
-    const bool onBlack = ground == Ground::Black || m_allBlack;
-    const bool later = onBlack && whole.end == Length() && whole.length() > paintedLater;
-    paintUpTo(later ? whole.start : whole.end);
-    auto styles = onBlack ? std::string(static_cast<std::size_t>(whole.length()), '\0') : stylesIn(whole);
-    layRuns(styles, whole, runs, runStyles);
-    if (!later)
-        return setStyles(whole.start, styles);
-    m_unpainted.keep(whole.start, std::move(styles));
-    paintUpTo(std::max(endOfView(), whole.start) + paintedAhead);
-    m_paintRest.start();
-}
-
-std::string EditorControl::stylesIn(TextRange range) const
-{
-    std::string pairs(
-        static_cast<std::size_t>(2 * range.length() + 2), '\0'); // character, style, and a closing pair
-    SendScintilla(
-        SCI_GETSTYLEDTEXT, static_cast<long>(range.start), static_cast<long>(range.end), pairs.data());
-    for (std::size_t i = 0; i < static_cast<std::size_t>(range.length()); ++i)
-        pairs[i] = pairs[2 * i + 1];
-    pairs.resize(static_cast<std::size_t>(range.length()));
-    return pairs;
-}
-
-void EditorControl::setStyles(Offset start, std::string_view styles)
-{
-    m_allBlack = false;
-    send(SCI_STARTSTYLING, start);
-    sendBytes(SCI_SETSTYLINGEX, std::ssize(styles), styles.data());
-    stylesAreUpToDate();
-}
-
-void EditorControl::paintUpTo(Offset end)
-{
-    settle();
-    const auto last = std::min(end, Length());
-    while (m_unpainted.start() < last) {
-        const auto start = m_unpainted.start();
-        setStyles(start, m_unpainted.takeUpTo(std::min(start + slice, last)));
-    }
-    if (m_unpainted.start() >= Length()) {
-        m_unpainted.clear();
-        m_paintRest.stop();
-    }
-}
-
-Offset EditorControl::endOfView() const
-{
-    const auto line = send(SCI_DOCLINEFROMVISIBLE, FirstVisibleLine() + linesOnScreen() + 1);
-    return send(SCI_GETLINEENDPOSITION, std::min<Offset>(line, lineCount() - 1));
-}
-
-int EditorControl::styleOf(Colour colour)
-{
-    const auto known = std::ranges::find(m_styleColours, colour);
-    if (known != m_styleColours.end())
-        return static_cast<int>(known - m_styleColours.begin());
-    if (m_styleColours.size() == STYLE_DEFAULT)
-        m_styleColours.resize(STYLE_LASTPREDEFINED + 1, colours::black);
-    if (m_styleColours.size() > STYLE_MAX)
-        return 0;
-    m_styleColours.push_back(colour);
-    const auto style = static_cast<int>(m_styleColours.size()) - 1;
-    send(SCI_STYLESETFORE, style, static_cast<std::intptr_t>(colour.value));
-    return style;
-}
-
-void EditorControl::paint(TextRange range, int style)
-{
-    settle();
-    if (range.empty())
-        return;
-    paintUpTo(range.end);
-    m_allBlack = m_allBlack && style == 0;
-    send(SCI_STARTSTYLING, range.start);
-    send(SCI_SETSTYLING, range.length(), style);
-    stylesAreUpToDate();
 }
 
 void EditorControl::stylesAreUpToDate()

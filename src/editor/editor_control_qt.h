@@ -124,6 +124,7 @@ private:
     std::intptr_t sendBytes(unsigned message, Offset first, const char *bytes) const;
     void setUp();
     void bindKeys();
+    void connectPainting();
     [[nodiscard]] TextRange inside(TextRange range) const;
     [[nodiscard]] int styleOf(Colour colour);
     /// The colour of text that comes in now.
