@@ -38,7 +38,7 @@ FindDialog::FindDialog(EditorSurface &document, DocumentState &state, Messages &
     , m_commands(document, state, messages, *this)
     , m_text(named<QLineEdit>("tfind", this, "String to find"))
     , m_replacement(named<QLineEdit>("trep", this, "Replacement"))
-    , m_count(named<QLineEdit>("tnum", this, "Number of occurences"))
+    , m_count(named<QLineEdit>("tnum", this, "Number of occurrences"))
     , m_case(named<QCheckBox>("ckcase", this))
     , m_whole(named<QCheckBox>("ckwhole", this))
     , m_outcome(named<QLabel>("toutcome", this))
@@ -54,7 +54,6 @@ FindDialog::FindDialog(EditorSurface &document, DocumentState &state, Messages &
     m_case->setToolTip("Capital and small letters are different");
     m_whole->setText("&Whole word");
     m_whole->setToolTip("Not as a part of a longer word");
-    m_count->setAccessibleName("Number of occurrences");
     layOut();
     createButtons();
 }
