@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One sitting with the program, driven from outside as a person with a screen reader and a keyboard would."""
+"""One sitting with the installed program, driven from outside as a person with a screen reader and a keyboard would."""
 import os
+import subprocess
 import sys
 
 import desktop
@@ -8,8 +9,8 @@ import desktop
 desktop.on_private_bus()
 
 from screen_reader import (  # noqa: E402
-    Reader, caret_of, colour_at, enter, find, is_focused, keys, press, showing, text_of, things, type_text,
-    wait_for)
+    Reader, caret_of, colour_at, enter, find, is_focused, keys, press, selection_of, showing, text_of, things,
+    type_text, wait_for)
 
 PAGE = "<HTML>\n<P>caf\u00e9</P>\n</HTML>\n"
 MAIN_WINDOW_NAMES = (
@@ -20,8 +21,12 @@ MAIN_WINDOW_NAMES = (
 SETTINGS_NAMES = (
     "Webpage temp folder", "Autosave interval", "Default font face", "Default font size", "Program path",
     "Menu text", "Popup menu when fso. is typed", "No popup menu", "Autosave on at startup")
+FIND_NAMES = ("String to find", "Replacement", "Number of occurrences", "FIND NEXT", "REPLACE ALL")
+BROWSER_NAMES = ("Link target", "Page", "VIEW TEXT", "EXIT", "Loading")
+PANEL_NAMES = ("Sampled color", "Image size", "Image path", "Color code", "Hex code")
 SCRIPT = 'If a = 1 Then\nMsgBox "text"\n'
 TYPED = "typed<P></P>"
+FOUND = "found<P></P>"
 BLUE = "0,0,255"
 BLACK = "0,0,0"
 
@@ -32,10 +37,12 @@ def expect_names(window, names):
 
 
 class Sitting:
-    def __init__(self, here, program):
+    def __init__(self, here, build):
+        program = os.path.join(here.home, "installed")
+        subprocess.run(["cmake", "--install", build, "--prefix", program], check=True, stdout=subprocess.DEVNULL)
         self.folder = os.path.join(here.home, "pages")
         os.mkdir(self.folder)
-        self.process = here.start(program)
+        self.process = here.start(os.path.join(program, "bin", "kevra"))
         self.reader = Reader(self.process)
         self.window = self.reader.window("KEVRA")
 
@@ -85,7 +92,7 @@ def greets_at_the_first_start(sitting):
 
 
 def names_every_control(sitting):
-    expect_names(sitting.window, MAIN_WINDOW_NAMES)
+    expect_names(sitting.window, MAIN_WINDOW_NAMES + PANEL_NAMES)
 
 
 def opens_and_colours_a_page(sitting):
@@ -122,12 +129,41 @@ def goes_to_a_line(sitting):
     wait_for("the caret on line 2", lambda: caret_of(sitting.document) == text_of(sitting.document).index("<P>caf"))
 
 
+def finds_and_replaces(sitting):
+    keys("ctrl+f")
+    dialog = sitting.reader.active_window("Find and Replace")
+    expect_names(dialog, FIND_NAMES)
+    type_text("typed")
+    keys("Return")
+    wait_for("the hit selected", lambda: selection_of(sitting.document) == "typed")
+    press(find(dialog, "Find number of occurences"))
+    counted = find(dialog, "Number of occurrences", "text")
+    wait_for("one occurrence counted", lambda: text_of(counted) == "1")
+    enter(find(dialog, "Replacement", "text"), "found")
+    press(find(dialog, "REPLACE THIS"))
+    sitting.expect_text(PAGE + FOUND)
+    keys("Escape")
+    sitting.reader.no_window("Find and Replace")
+
+
+def looks_at_the_page(sitting):
+    sitting.reader.activate("KEVRA")
+    keys("F5")
+    page = sitting.reader.active_window("KEVRA - " + sitting.path("page.htm"))
+    expect_names(page, BROWSER_NAMES)
+    find(page, "caf\u00e9")
+    assert sitting.read("kevratemp.html").replace("\r\n", "\n") == PAGE + FOUND
+    keys("Escape")
+    wait_for("the text in front again", lambda: is_focused(sitting.document))
+    assert not os.path.exists(sitting.path("kevratemp.html"))
+
+
 def keeps_pieces_in_the_pad(sitting):
     keys("ctrl+a", "ctrl+c", "ctrl+d")
     pad = sitting.reader.active_window("Clipping Pad")
     keys("ctrl+v")
     parked = find(pad, "Clipping pad", "text")
-    wait_for("the piece in the pad", lambda: text_of(parked).replace("\r\n", "\n") == PAGE + TYPED)
+    wait_for("the piece in the pad", lambda: text_of(parked).replace("\r\n", "\n") == PAGE + FOUND)
     keys("alt+F4")
     sitting.reader.no_window("Clipping Pad")
 
@@ -147,7 +183,7 @@ def sets_an_option(sitting):
 def saves_what_was_typed(sitting):
     sitting.reader.activate("KEVRA")
     keys("ctrl+s")
-    wait_for("the saved file", lambda: sitting.read("page.htm") == PAGE + TYPED)
+    wait_for("the saved file", lambda: sitting.read("page.htm") == PAGE + FOUND)
 
 
 def offers_the_recent_files(sitting):
@@ -156,7 +192,7 @@ def offers_the_recent_files(sitting):
     sitting.expect_text("other")
     keys("alt+f", "r", "2")
     sitting.answer("Save the current text?", "No")
-    sitting.expect_text(PAGE + TYPED)
+    sitting.expect_text(PAGE + FOUND)
 
 
 def checks_a_script(sitting):
@@ -188,6 +224,8 @@ ROAD = (
     types_into_it,
     puts_a_snippet_in,
     goes_to_a_line,
+    finds_and_replaces,
+    looks_at_the_page,
     keeps_pieces_in_the_pad,
     sets_an_option,
     saves_what_was_typed,

@@ -125,6 +125,11 @@ def caret_of(thing):
     return Atspi.Text.get_caret_offset(thing)
 
 
+def selection_of(thing):
+    selected = Atspi.Text.get_selection(thing, 0)
+    return Atspi.Text.get_text(thing, selected.start_offset, selected.end_offset)
+
+
 def is_focused(thing):
     return has_state(thing, Atspi.StateType.FOCUSED)
 

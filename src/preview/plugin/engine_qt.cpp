@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The web engine behind BrowserEngine. Everything a previewed page does not need is off.
+#include "platform/privileges_qt.h"
 #include "preview/plugin/page_qt.h"
 
 #include <QtCore/QPointer>
+#include <QtGui/QAccessible>
 #include <QtGui/QWheelEvent>
 #include <QtWebEngineCore/QWebEngineDownloadRequest>
 #include <QtWebEngineCore/QWebEngineProfile>
@@ -12,11 +14,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unistd.h>
 
 namespace kevra {
 
 namespace {
+
+constexpr auto engineFlags = "QTWEBENGINE_CHROMIUM_FLAGS";
 
 struct Switch {
     QWebEngineSettings::WebAttribute attribute;
@@ -198,9 +201,12 @@ public:
     std::unique_ptr<BrowserEngine> create(QWidget *parent, BrowserEvents &events) override
     {
         // With its sandbox the engine would end the whole program when it is run by root.
-        const bool root = ::geteuid() == 0;
+        const bool root = runsAsRoot();
         if (root)
             qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+        // Not found out by the engine itself, which then tells a screen reader of an empty page.
+        if (QAccessible::isActive())
+            qputenv(engineFlags, qgetenv(engineFlags) + " --force-renderer-accessibility");
         const bool sandboxed = !root && qEnvironmentVariableIntValue("QTWEBENGINE_DISABLE_SANDBOX") == 0;
         return std::make_unique<Engine>(parent, events, sandboxed);
     }
