@@ -2,13 +2,13 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
-#include "files/end_signals_qt.h"
 #include "files/open_commands.h"
 #include "files/recovery_journal.h"
 #include "files/recovery_offer.h"
 #include "files/recovery_store_qt.h"
 #include "files/review_bar_panel.h"
 #include "files/save_commands.h"
+#include "platform/end_signals_qt.h"
 
 #include <QtCore/QFile>
 #include <QtGui/QSessionManager>

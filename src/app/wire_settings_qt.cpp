@@ -2,8 +2,8 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
+#include "platform/process_start_qt.h"
 #include "settings/settings_dialog.h"
-#include "tools/process_start_qt.h"
 
 namespace kevra {
 namespace {

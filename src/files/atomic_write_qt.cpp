@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/atomic_write_qt.h"
 
-#include "files/file_handle_qt.h"
+#include "platform/file_handle_qt.h"
 
 #include <algorithm>
 #include <array>

@@ -2,9 +2,9 @@
 #include "files/file_store_qt.h"
 
 #include "files/atomic_write_qt.h"
-#include "files/file_handle_qt.h"
 #include "files/in_place_write_qt.h"
 #include "files/native_path_qt.h"
+#include "platform/file_handle_qt.h"
 
 #include <cerrno>
 #include <cstdio>

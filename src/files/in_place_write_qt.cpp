@@ -2,8 +2,8 @@
 #include "files/in_place_write_qt.h"
 
 #include "files/atomic_write_qt.h"
-#include "files/file_handle_qt.h"
 #include "files/sealed_record.h"
+#include "platform/file_handle_qt.h"
 
 #include <algorithm>
 #include <atomic>

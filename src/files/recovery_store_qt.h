@@ -5,9 +5,9 @@
 
 #include "files/background_writer_qt.h"
 #include "files/backup_store.h"
-#include "files/file_handle_qt.h"
 #include "files/recovery_journal.h"
 #include "files/recovery_offer.h"
+#include "platform/file_handle_qt.h"
 
 #include <map>
 #include <string>

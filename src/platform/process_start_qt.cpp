@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tools/process_start_qt.h"
+#include "platform/process_start_qt.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>

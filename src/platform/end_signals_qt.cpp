@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "files/end_signals_qt.h"
+#include "platform/end_signals_qt.h"
 
 #include <array>
 #include <csignal>

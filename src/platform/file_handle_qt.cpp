@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "files/file_handle_qt.h"
+#include "platform/file_handle_qt.h"
 
 #include <array>
 #include <cerrno>

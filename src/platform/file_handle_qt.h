@@ -49,7 +49,7 @@ private:
     const std::string &path, int flags, mode_t mode = 0, int folder = -100 /* AT_FDCWD */);
 /// False, with errno set, unless every byte was taken.
 [[nodiscard]] bool writeAll(int descriptor, std::string_view bytes, off_t at);
-/// The rest of the file from `at`; nothing on a read error.
+/// The rest of the file; nothing on a read error.
 [[nodiscard]] std::optional<std::string> readAll(int descriptor);
 /// fsync(2); file systems that have nothing to synchronise count as done.
 [[nodiscard]] bool synchronise(int descriptor);
