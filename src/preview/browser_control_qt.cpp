@@ -49,7 +49,7 @@ std::string addressOf(const QUrl &url)
 QString pluginPath()
 {
     const QDir program(QCoreApplication::applicationDirPath());
-    for (const char *folder : {"./", "../lib/kevra/"}) {
+    for (const char *folder : {"./", "../lib/kevra/plugins/"}) {
         if (const auto path = program.filePath(QString(folder) + pluginFile); QFileInfo::exists(path))
             return path;
     }
