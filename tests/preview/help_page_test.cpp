@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The user guide against the program's own tables, so that neither goes its way without the other.
+#include "app/commands.h"
+#include "checker/checker.h"
+#include "settings/option_groups.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <regex>
+
+namespace kevra {
+namespace {
+
+std::string helpPage()
+{
+    std::ifstream file(KEVRA_TESTS_FOLDER "/../assets/pages/kevrahelp.html");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string withoutAmpersand(std::string_view caption)
+{
+    std::string shown(caption);
+    std::erase(shown, '&');
+    return shown;
+}
+
+TEST(HelpPage, NamesEveryCommandKeySettingAndFinding)
+{
+    const auto page = helpPage();
+    const auto expectNamed
+        = [&](const std::string &text) { EXPECT_NE(page.find(text), std::string::npos) << text; };
+    for (const auto &row : menuRows()) {
+        expectNamed(withoutAmpersand(row.caption == "popup" ? "" : row.caption));
+        for (std::string keys(row.shortcut); !keys.empty();) {
+            const auto end = std::min(keys.find("; "), keys.size());
+            expectNamed("<kbd>" + keys.substr(0, end) + "</kbd>");
+            keys.erase(0, end + 2);
+        }
+    }
+    for (const auto &group : yesNoGroups)
+        expectNamed(std::string(group.heading.substr(0, group.heading.find(" (see Help)"))));
+    for (const auto *group : {&groups::tempFolder, &groups::interval, &groups::fontFace, &groups::fontSize})
+        expectNamed(std::string(group->heading.substr(0, group->heading.find(" (see Help)"))));
+
+    constexpr auto faults = "MsgBox \"a\r\nb(\r\nc ,d\r\ne=f\r\nIf g\r\nFor\r\nSub\r\nDo\r\n"
+                            "' FileSystemObject WScript.Shell\r\nCopyFile h\r\nRegRead(i\r\nReadLine\r\n";
+    const auto findings = checkAll(faults, true);
+    EXPECT_GE(findings.size(), 12U);
+    for (const auto &finding : findings)
+        expectNamed(finding.message.substr(0, finding.message.find_first_of("0123456789")));
+}
+
+TEST(HelpPage, LinksLeadSomewhere)
+{
+    const auto page = helpPage();
+    const std::regex link("href=\"(#?)([^\"]+)\"");
+    for (std::sregex_iterator hit(page.begin(), page.end(), link), end; hit != end; ++hit) {
+        EXPECT_EQ((*hit)[1], "#") << (*hit)[2];
+        EXPECT_NE(page.find("id=\"" + (*hit)[2].str() + '"'), std::string::npos) << (*hit)[2];
+    }
+}
+
+} // namespace
+} // namespace kevra
