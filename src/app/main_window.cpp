@@ -170,6 +170,8 @@ void MainWindow::setInformation(std::string_view text)
 {
     m_information->setText(textOf(text));
     m_information->setCursorPosition(0);
+    // At once: what is going on is said before the program is busy with it.
+    m_information->repaint();
 }
 
 void MainWindow::setTitlePath(std::string_view path)

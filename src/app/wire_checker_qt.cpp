@@ -3,6 +3,7 @@
 #include "app/wiring_qt.h"
 #include "checker/checker.h"
 
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
 namespace kevra {
@@ -37,6 +38,15 @@ private:
     EditorControl &m_document;
 };
 
+/// The hourglass wherever the pointer is: the menu and the toolbar are outside the document.
+class ScreenHourglass {
+public:
+    ScreenHourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~ScreenHourglass() { QApplication::restoreOverrideCursor(); }
+    ScreenHourglass(const ScreenHourglass &) = delete;
+    ScreenHourglass &operator=(const ScreenHourglass &) = delete;
+};
+
 } // namespace
 
 void wireChecker(Application &app)
@@ -44,7 +54,10 @@ void wireChecker(Application &app)
     auto &checker = app.keep<Checker>(app.mainWindow().document(), app.document, app.mainWindow());
     app.checkFinishedLine = [&checker](TextRange line) { checker.checkFinishedLine(line); };
     app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), app.mainWindow().document());
-    app.commands.bind("mrundebug", [&checker] { checker.runDebugger(); });
+    app.commands.bind("mrundebug", [&checker] {
+        const ScreenHourglass hourglass;
+        checker.runDebugger();
+    });
     const auto useLineDebugging = [&app](bool on) {
         app.document.lineDebugPreferred = app.document.lineDebugOn = on;
         app.toolSets().showLineDebugging(on);
