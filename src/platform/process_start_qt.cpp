@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #endif
 
@@ -28,6 +29,17 @@ void closeHandlesAtExec()
         fcntl(handle, F_SETFD, FD_CLOEXEC);
 }
 
+// What this program does not want to hear, another may: an ignored signal stays ignored when a program
+// starts.
+void heedSignalsAgain()
+{
+    for (int number = 1; number < NSIG; ++number)
+        std::signal(number, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
 // Runs in the child between fork and exec. The process in the middle ends at once, so that the program is
 // nobody's child: it is not ended with this one and leaves nothing to be waited for.
 void goOnAlone()
@@ -35,6 +47,7 @@ void goOnAlone()
     setsid();
     if (const auto program = fork(); program != 0)
         _exit(program > 0 ? EXIT_SUCCESS : EXIT_FAILURE);
+    heedSignalsAgain();
     closeHandlesAtExec();
 }
 #endif

@@ -42,19 +42,23 @@ TEST_F(ProcessStartTest, TheProgramIsOnItsOwnAndHoldsNoFileOfOurs)
 {
     // A handle that nobody marked close-on-exec, as libraries leave them about.
     const int leaked = dup(STDERR_FILENO);
+    auto *const heeded = ::signal(SIGXFSZ, SIG_IGN);
     ASSERT_LT(fcntl(leaked, F_SETFD, 0), 1);
     const auto here = folder.path().toUtf8();
     ASSERT_TRUE(start.start(program("tool with blanks & signs",
         "#!/bin/sh\ncd '" + here
-            + "' && { echo $#; ps -o sid= -p $$; echo $$; readlink /proc/$$/fd/*; } > part\n"
+            + "' && { echo $#; ps -o sid= -p $$; echo $$; ps -o ignored= -p $$; readlink /proc/$$/fd/*; } > "
+              "part\n"
               "mv part report\nexec sleep 60\n")));
     const auto lines = report();
     close(leaked);
+    ::signal(SIGXFSZ, heeded);
 
-    ASSERT_GE(lines.size(), 6);
+    ASSERT_GE(lines.size(), 7);
     EXPECT_EQ(lines[0], "0") << "arguments";
     EXPECT_NE(lines[1].trimmed().toInt(), getsid(0)) << "it would end with our session";
-    for (const auto &handle : lines.mid(3))
+    EXPECT_EQ(lines[3].trimmed().toULongLong(nullptr, 16), 0U) << "signals it does not hear";
+    for (const auto &handle : lines.mid(4))
         EXPECT_TRUE(handle == "/dev/null" || handle.startsWith(here)) << handle.toStdString();
 
     const auto pid = lines[2].toInt();
