@@ -16,6 +16,10 @@ namespace kevra {
 namespace {
 
 constexpr int fewestNumbers = 199;
+constexpr int cycle = 100; ///< after so many lines the numbers start again
+/// Past that many lines the column holds as many numbers, and stands for whichever stretch of the document is
+/// shown: a large script must not pay for its numbers as for its text.
+constexpr int mostNumbers = 100 * cycle;
 
 } // namespace
 
@@ -52,14 +56,19 @@ void LineNumberColumn::level()
 
 void LineNumberColumn::holdEnoughNumbers()
 {
-    const int needed = std::max(fewestNumbers, static_cast<int>(m_document.lineCount()));
+    const auto lines = std::clamp<Offset>(m_document.lineCount(), fewestNumbers, mostNumbers);
+    const auto needed = static_cast<int>(lines);
     if (needed <= m_numbers && m_numbers < 4 * needed)
         return;
-    // More than needed, so that typing lines does not renew them every time; a large script must not pay for
-    // its numbers as for its text.
+    // More than needed, so that typing lines does not renew them every time.
     m_numbers = needed == fewestNumbers ? needed : needed + needed / 16 + fewestNumbers;
     clearGaps();
     m_column.LoadText(lineNumbers(m_numbers));
+}
+
+Offset LineNumberColumn::firstLineHeld(Offset line) const
+{
+    return m_document.lineCount() > mostNumbers ? line - line % cycle : 0;
 }
 
 void LineNumberColumn::clearGaps()
@@ -72,10 +81,11 @@ void LineNumberColumn::clearGaps()
 std::vector<LineNumberColumn::Gap> LineNumberColumn::visibleGaps(Offset firstLine) const
 {
     std::vector<Gap> gaps;
+    const auto held = firstLineHeld(firstLine);
     const auto end = std::min(firstLine + m_document.linesOnScreen() + 1, m_document.lineCount());
     for (auto line = firstLine; line < end; ++line)
         if (const auto extra = m_document.shownLineCount(line) - 1; extra > 0)
-            gaps.emplace_back(line, extra);
+            gaps.emplace_back(line - held, extra);
     return gaps;
 }
 
@@ -99,7 +109,7 @@ void LineNumberColumn::followDocument()
     const auto line = static_cast<Offset>(m_document.SendScintilla(
         QsciScintillaBase::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(first)));
     showGaps(m_document.RightMargin() == 0 ? visibleGaps(line) : std::vector<Gap>());
-    const auto wanted = m_column.shownLine(line) + first - m_document.shownLine(line);
+    const auto wanted = m_column.shownLine(line - firstLineHeld(line)) + first - m_document.shownLine(line);
     if (m_column.FirstVisibleLine() != wanted)
         m_column.SetFirstVisibleLine(wanted);
 }

@@ -24,8 +24,10 @@ private:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void holdEnoughNumbers();
     void followDocument();
+    /// The document's line beside which the column's first one stands while `line` is the first one shown.
+    [[nodiscard]] Offset firstLineHeld(Offset line) const;
     /// A line that is shown as several leaves as many places empty under its number.
-    using Gap = std::pair<Offset, Offset>; ///< the line, and how many
+    using Gap = std::pair<Offset, Offset>; ///< the line of the column, and how many
     [[nodiscard]] std::vector<Gap> visibleGaps(Offset firstLine) const;
     void showGaps(const std::vector<Gap> &gaps);
     void clearGaps();

@@ -7,31 +7,17 @@
 #include "colour/document_colouring.h"
 #include "editor/nearby.h"
 #include "editor/programmatic_change.h"
+#include "editor/start_computing.h"
 
 #include <charconv>
-#include <future>
 
 namespace kevra {
-namespace {
-
-/// From this size on the three kinds of rules are worth a thread each; below it a kind is looked at only once
-/// the one before it has found nothing.
-constexpr std::size_t worthThreads = 256 * 1024;
-
-template <typename Rules> auto startOn(std::string_view text, Rules rules)
-{
-    const auto policy
-        = text.size() < worthThreads ? std::launch::deferred : std::launch::async | std::launch::deferred;
-    return std::async(policy, rules);
-}
-
-} // namespace
-
 CheckResult check(std::string_view text, bool ifChecking)
 {
     CheckResult result;
-    auto counts = startOn(text, [text] { return countBlocks(text); });
-    auto objects = startOn(text, [text] { return CheckObjectReferences(text); });
+    // Of a small text, each kind of rule is tried only once the one before it has found nothing.
+    auto counts = startComputing(text, [text] { return countBlocks(text); });
+    auto objects = startComputing(text, [text] { return CheckObjectReferences(text); });
     if (auto faults = checkLines(text, Faults::First); !faults.empty()) {
         auto *fault = &faults.front();
         result.verdict = fault->message;
@@ -56,8 +42,8 @@ CheckResult check(std::string_view text, bool ifChecking)
 
 std::vector<Finding> checkAll(std::string_view text, bool ifChecking)
 {
-    auto counts = startOn(text, [text] { return countBlocks(text); });
-    auto objects = startOn(text, [text] { return CheckObjectReferences(text, true); });
+    auto counts = startComputing(text, [text] { return countBlocks(text); });
+    auto objects = startComputing(text, [text] { return CheckObjectReferences(text, true); });
     auto findings = checkLines(text, Faults::All);
     for (auto &verdict : blockVerdicts(counts.get(), ifChecking))
         findings.push_back({std::move(verdict), 0, {}, 0});

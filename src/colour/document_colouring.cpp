@@ -4,6 +4,7 @@
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
 #include "editor/programmatic_change.h"
+#include "editor/start_computing.h"
 
 namespace kevra {
 namespace {
@@ -22,12 +23,26 @@ DocumentColouring::DocumentColouring(EditorSurface &document, DocumentState &sta
 {
 }
 
+PendingRuns DocumentColouring::tagsOf(std::string_view text) const
+{
+    return startComputing(text, [text, code = m_state.codeColour] { return tagRuns(text, code); });
+}
+
+PendingRuns DocumentColouring::scriptOf(std::string_view text) const
+{
+    return startComputing(text, [text, code = m_state.codeColour] { return scriptRuns(text, code); });
+}
+
 void DocumentColouring::colourTags()
+{
+    colourTags(tagsOf(m_document.Text()));
+}
+
+void DocumentColouring::colourTags(PendingRuns runs)
 {
     const ProgrammaticChange guard(m_state);
     m_document.SetSelColor(colours::black);
-    const auto runs = tagRuns(m_document.Text(), m_state.codeColour);
-    m_document.SetColours({0, m_document.Length()}, runs, Ground::AsItIs);
+    m_document.SetColours({0, m_document.Length()}, runs.get(), Ground::AsItIs);
     leaveAtTop(m_document);
     // A document that has just been coloured counts as not modified.
     m_state.unsaved = false;
@@ -35,9 +50,13 @@ void DocumentColouring::colourTags()
 
 void DocumentColouring::ColourText()
 {
+    ColourText(scriptOf(m_document.Text()));
+}
+
+void DocumentColouring::ColourText(PendingRuns runs)
+{
     const ProgrammaticChange guard(m_state);
-    const auto runs = scriptRuns(m_document.Text(), m_state.codeColour);
-    m_document.SetColours({0, m_document.Length()}, runs);
+    m_document.SetColours({0, m_document.Length()}, runs.get());
     leaveAtTop(m_document);
 }
 

@@ -6,18 +6,31 @@
 #include "editor/document_state.h"
 #include "editor/surface.h"
 
+#include <future>
+#include <string_view>
+
 namespace kevra {
+
+/// Runs that may still be being computed. A large text's are, on another core, while it is loaded; a small
+/// one's are computed when they are asked for. The text must outlive them.
+using PendingRuns = std::future<ColourRuns>;
 
 class DocumentColouring {
 public:
     DocumentColouring(EditorSurface &document, DocumentState &state);
 
+    /// The runs for a text that is about to become the document's.
+    [[nodiscard]] PendingRuns tagsOf(std::string_view text) const;
+    [[nodiscard]] PendingRuns scriptOf(std::string_view text) const;
+
     /// Colours every tag in the code colour. Text that is no tag keeps its colour; the caret goes to the top
     /// and the document counts as unmodified.
     void colourTags();
+    void colourTags(PendingRuns runs);
     /// Colours the whole document as a script: everything black, then keywords, placeholders and separator
     /// comments outside string literals. The caret goes to the top.
     void ColourText();
+    void ColourText(PendingRuns runs);
     /// One of the two, as the tool set that is shown says.
     void colourForTools();
     /// Everything black, the caret at the top.

@@ -5,6 +5,14 @@
 #include "files/paths.h"
 
 namespace kevra {
+namespace {
+
+constexpr bool isColoured(TypeGroup group)
+{
+    return group == TypeGroup::WebPage || group == TypeGroup::Script;
+}
+
+} // namespace
 
 OpenCommands::OpenCommands(FileCommandPorts ports, SaveCommands &saving, DocumentColouring &colouring)
     : m_ports(ports)
@@ -54,9 +62,10 @@ void OpenCommands::startWithTemplate(const std::string &templatePath)
     if (!bytes)
         return m_ports.messages.stop("The template, " + templatePath + ", is missing or cannot be read.");
     const auto old = askAboutText();
-    startNew(decodeFile(*bytes, TextKind::Page).text, old);
+    const auto text = decodeFile(*bytes, TextKind::Page).text;
+    startNew(text, old);
     showTools(TypeGroup::WebPage);
-    colour(TypeGroup::WebPage);
+    colour(TypeGroup::WebPage, runsOf(text, TypeGroup::WebPage));
     m_ports.state.unsaved = true;
 }
 
@@ -92,12 +101,16 @@ bool OpenCommands::load(const std::string &path, OldText old)
     auto file = type ? m_ports.file.read(path) : std::nullopt;
     if (!file)
         return false;
+    // Computed while the text goes into the document.
+    auto runs = runsOf(file->decoded.text, type->group);
     replaceText(file->decoded.text, old);
+    if (runs.valid())
+        runs.wait();
     m_ports.file.take(std::move(*file));
     m_ports.state.currentExtension = type->extension;
     m_ports.main.redrawAndFocus();
     showTools(type->group);
-    colour(type->group);
+    colour(type->group, std::move(runs));
     // An opened file counts as unsaved, so quitting straight away still asks.
     m_ports.state.unsaved = true;
     m_ports.main.setTitlePath(m_ports.state.currentPath);
@@ -144,19 +157,26 @@ void OpenCommands::showTools(TypeGroup group)
     m_ports.tools.showLineDebugging(state.lineDebugOn);
 }
 
-void OpenCommands::colour(TypeGroup group)
+PendingRuns OpenCommands::runsOf(std::string_view text, TypeGroup group) const
+{
+    if (!m_ports.state.colourCoding || !isColoured(group))
+        return {};
+    return group == TypeGroup::WebPage ? m_colouring.tagsOf(text) : m_colouring.scriptOf(text);
+}
+
+void OpenCommands::colour(TypeGroup group, PendingRuns runs)
 {
     auto &state = m_ports.state;
     if (!state.colourCoding)
         return;
-    state.colourApplies = group == TypeGroup::WebPage || group == TypeGroup::Script;
+    state.colourApplies = isColoured(group);
     if (!state.colourApplies)
         return;
     const BusySurface busy(m_ports.document);
     if (group == TypeGroup::WebPage)
-        m_colouring.colourTags();
+        m_colouring.colourTags(std::move(runs));
     else
-        m_colouring.ColourText();
+        m_colouring.ColourText(std::move(runs));
 }
 
 } // namespace kevra

@@ -38,7 +38,9 @@ private:
     void refuse(std::string_view path);
     void startNew(std::string_view text, OldText old);
     void showTools(TypeGroup group);
-    void colour(TypeGroup group);
+    /// Nothing for a text that is not coloured.
+    [[nodiscard]] PendingRuns runsOf(std::string_view text, TypeGroup group) const;
+    void colour(TypeGroup group, PendingRuns runs);
 
     FileCommandPorts m_ports;
     SaveCommands &m_saving;

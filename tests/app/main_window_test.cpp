@@ -193,6 +193,27 @@ TEST(MainWindow, LineNumbersStayLevelHoweverTheTextScrolls)
     EXPECT_GE(t2.lineCount(), t1.lineCount()) << "more lines than 199 are numbered too";
 }
 
+TEST(MainWindow, TheNumbersOfALongScriptAreThoseOfItsLines)
+{
+    Shown s;
+    s.tools->showScriptTools();
+    std::string text;
+    for (int line = 0; line < 30'000; ++line)
+        text += "x\r\n";
+    auto &t1 = s.window->document();
+    auto &t2 = s.window->lineNumbers();
+    t1.LoadText(text);
+    for (const auto &[line, number] : {std::pair(0, "01"), {98, "99"}, {9'999, "00"}, {29'950, "51"}}) {
+        t1.SetFirstVisibleLine(line);
+        s.window->levelLineNumbers();
+        const auto start = t2.SendScintilla(
+            QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(t2.FirstVisibleLine()));
+        EXPECT_EQ(t2.Text({start, start + 2}), number) << line;
+    }
+    EXPECT_LT(t2.lineCount(), t1.lineCount())
+        << "a large script does not pay for its numbers as for its text";
+}
+
 TEST(MainWindow, UndoAndCopyAreOfferedWhenThereIsSomething)
 {
     Shown s;
