@@ -7,17 +7,33 @@
 #include <QtPrintSupport/QPrintDialog>
 #include <QtPrintSupport/QPrinter>
 
+#include <limits>
+
 namespace kevra {
 
 namespace {
 
-constexpr qreal marginMillimetres = 15;
+constexpr qreal margin = 15; ///< millimetres
+
+struct Pages {
+    int first = 1;
+    int last = std::numeric_limits<int>::max();
+};
+
+Pages wantedPages(const QPrinter &printer)
+{
+    if (printer.printRange() != QPrinter::PageRange)
+        return {};
+    return {printer.fromPage(), printer.toPage()};
+}
 
 } // namespace
 
 bool PrintingQt::printDocument()
 {
     QPrinter printer(QPrinter::HighResolution);
+    // Before the dialog, where the user may choose others.
+    printer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
     QPrintDialog dialog(&printer, &m_document);
     dialog.setWindowTitle("Print The Editor Text");
     if (dialog.exec() != QDialog::Accepted)
@@ -28,9 +44,6 @@ bool PrintingQt::printDocument()
 
 bool PrintingQt::print(QPrinter &printer, TextRange range)
 {
-    printer.setPageMargins(
-        QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
-        QPageLayout::Millimeter);
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
@@ -39,14 +52,16 @@ bool PrintingQt::print(QPrinter &printer, TextRange range)
     const QRect page(QPoint(), printer.pageLayout().paintRectPixels(printer.resolution()).size());
     auto from = static_cast<long>(range.start);
     const auto end = static_cast<long>(range.end);
-    while (from < end) {
-        const auto next
-            = m_document.SendScintilla(QsciScintillaBase::SCI_FORMATRANGE, 1UL, &painter, page, from, end);
+    const auto pages = wantedPages(printer);
+    for (int number = 1; from < end && number <= pages.last; ++number) {
+        const bool drawn = number >= pages.first;
+        if (drawn && number > pages.first && !printer.newPage())
+            return false;
+        const auto next = m_document.SendScintilla(
+            QsciScintillaBase::SCI_FORMATRANGE, static_cast<unsigned long>(drawn), &painter, page, from, end);
         if (next <= from)
             break;
         from = next;
-        if (from < end && !printer.newPage())
-            return false;
     }
     return painter.end() && printer.printerState() != QPrinter::Error;
 }

@@ -38,10 +38,14 @@ TEST(Printing, APdfKeepsTheColoursAndBreaksPages)
     document.LoadText(text);
     const ColourRun run{{0, 3}, Colour{0x0000FF}};
     document.SetColours({0, document.Length()}, {&run, 1});
-    const auto pagesOf = [&](TextRange range, const char *name, QByteArray &out) {
+    const auto pagesOf = [&](TextRange range, const char *name, QByteArray &out, int first = 0) {
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(folder.filePath(name));
+        if (first > 0) {
+            printer.setPrintRange(QPrinter::PageRange);
+            printer.setFromTo(first, first + 1);
+        }
         EXPECT_TRUE(PrintingQt(document).print(printer, range));
         out = drawing(folder.filePath(name));
         return out.count("/Type /Page\n");
@@ -52,6 +56,8 @@ TEST(Printing, APdfKeepsTheColoursAndBreaksPages)
     EXPECT_TRUE(whole.contains("1 0 0 scn"));
     EXPECT_EQ(pagesOf({12, 17}, "some.pdf", selection), 1);
     EXPECT_FALSE(selection.contains("1 0 0 scn"));
+    EXPECT_EQ(pagesOf({0, document.Length()}, "two.pdf", selection, 2), 2);
+    EXPECT_FALSE(selection.contains("1 0 0 scn")) << "the first page was not asked for";
 }
 
 class NoPrinter : public Printing {
