@@ -176,7 +176,8 @@ void MainWindow::setInformation(std::string_view text)
 
 void MainWindow::setTitlePath(std::string_view path)
 {
-    const auto title = "KEVRA - " + textOf(path);
+    // A star in brackets stands for the mark of a changed text, doubled for itself.
+    const auto title = path.empty() ? "KEVRA" : "KEVRA - " + textOf(path).replace("[*]", "[*][*]");
     setWindowTitle(title);
     for (auto *window : m_titled)
         window->setWindowTitle(title);
@@ -294,8 +295,11 @@ void MainWindow::showEvent(QShowEvent *event)
     // Ticks are counted and not time, which may have passed over a large file without a look at the answer.
     auto *clock = new QTimer(this);
     connect(clock, &QTimer::timeout, this, [this, clock, before = size(), ticks = 0]() mutable {
-        if (!isMaximized() || size() != before)
+        if (!isMaximized() || size() != before) {
+            if (std::exchange(m_restored, false))
+                keepFrameOnScreen();
             return clock->deleteLater();
+        }
         if (++ticks < patienceTicks)
             return;
         clock->deleteLater();
@@ -304,12 +308,21 @@ void MainWindow::showEvent(QShowEvent *event)
     clock->start(patienceTick);
 }
 
+void MainWindow::keepFrameOnScreen()
+{
+    const auto frame = frameGeometry();
+    const auto wanted = onAScreen(frame);
+    move(wanted.topLeft());
+    resize(size() + wanted.size() - frame.size());
+}
+
 void MainWindow::placeNormal(const TwipRect &geometry)
 {
     setWindowState(Qt::WindowNoState);
     const auto place = onAScreen(pixels(geometry));
     move(place.topLeft());
     resize(place.size());
+    m_restored = true;
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -85,6 +85,8 @@ private:
     void showCaretPlace();
     void showCounts();
     void showWhatCanBeDone();
+    /// The place was chosen before the desktop had given the window its frame.
+    void keepFrameOnScreen();
     [[nodiscard]] bool takesDrop(QEvent &event);
 
     QWidget *m_inner;
@@ -98,6 +100,7 @@ private:
     LineNumberColumn *m_column;
     std::function<QStringList()> m_statusSource;
     QList<QWidget *> m_titled;
+    bool m_restored = false; ///< to a stored place, and not shown there yet
     std::array<bool, 3> m_possible{true, true, true}; ///< undo, redo, and cut with copy
 };
 

@@ -41,10 +41,10 @@ StatusRow::StatusRow(QWidget *parent)
     row->setSpacing(6);
     row->addWidget(m_status);
     row->addStretch();
-    m_line = addPlace("tline", "Line", 6);
-    m_column = addPlace("tcolumn", "Column", 5);
-    m_characters = addPlace("tcount", "Characters", 8);
-    m_lines = addPlace("tlcount", "Lines", 6);
+    m_line = addPlace("tline", "Line", 7);
+    m_column = addPlace("tcolumn", "Column", 7);
+    m_characters = addPlace("tcount", "Characters", 9);
+    m_lines = addPlace("tlcount", "Lines", 7);
 }
 
 QLineEdit *StatusRow::addPlace(const char *name, const char *caption, int digits)
