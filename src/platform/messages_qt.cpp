@@ -2,6 +2,7 @@
 #include "platform/messages_qt.h"
 
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QGridLayout>
 #include <QtWidgets/QMessageBox>
 
 namespace kevra {
@@ -59,6 +60,18 @@ Answer answerOf(int button)
     }
 }
 
+/// A box as narrow as its text would cut its title, which has buttons of the desktop's beside it.
+void widenForTitle(QMessageBox &box)
+{
+    constexpr int titleButtons = 130;
+    auto bold = box.font();
+    bold.setBold(true);
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + titleButtons;
+    auto *rows = qobject_cast<QGridLayout *>(box.layout());
+    if (rows)
+        rows->addItem(new QSpacerItem(width, 0), rows->rowCount(), 0, 1, rows->columnCount());
+}
+
 } // namespace
 
 Answer MessagesQt::show(const Message &message)
@@ -73,6 +86,7 @@ Answer MessagesQt::show(const Message &message)
     box.setStandardButtons(set.buttons);
     box.setDefaultButton(set.initial);
     box.setEscapeButton(set.escape);
+    widenForTitle(box);
     return answerOf(box.exec());
 }
 
