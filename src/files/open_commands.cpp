@@ -35,7 +35,8 @@ void OpenCommands::openFromCommandLine(const std::string &commandLine)
 void OpenCommands::openWithDialog()
 {
     const auto old = askAboutText();
-    const auto path = m_ports.dialogs.openFile({"Open a File", openFilters()});
+    const auto path = m_ports.dialogs.openFile(
+        {"Open a File", openFilters(), std::string(parentFolder(m_ports.state.currentPath))});
     if (path && !path->empty())
         openChosen(*path, old);
 }

@@ -73,8 +73,8 @@ std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, 
 {
     if (!proposed.empty())
         m_filterIndex = saveFilterFor(proposed);
-    const auto choice
-        = m_ports.dialogs.saveFile({title, std::string(fileName(proposed)), saveFilters(), m_filterIndex});
+    const auto choice = m_ports.dialogs.saveFile({title, std::string(fileName(proposed)), saveFilters(),
+        m_filterIndex, std::string(parentFolder(proposed))});
     if (!choice || choice->path.empty())
         return std::nullopt;
     m_filterIndex = choice->filterIndex;

@@ -19,6 +19,7 @@ struct FileFilter {
 struct OpenRequest {
     std::string title;
     std::vector<FileFilter> filters;
+    std::string folder{}; ///< where the dialog starts; empty or missing: where the last one was left
 };
 
 struct SaveRequest {
@@ -26,6 +27,7 @@ struct SaveRequest {
     std::string proposedName; ///< a name or a path; empty proposes nothing
     std::vector<FileFilter> filters;
     int filterIndex = 1; ///< from 1
+    std::string folder{}; ///< as for opening; a proposed path goes before it
 };
 
 struct SaveChoice {

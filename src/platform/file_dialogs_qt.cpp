@@ -3,11 +3,16 @@
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QTreeView>
 
 namespace kevra {
 
 namespace {
+
+constexpr QSize roomy(860, 520);
 
 /// A line the dialog takes apart again: it shows the description as it stands, with the program's own way of
 /// writing patterns, and filters by the last parenthesis.
@@ -26,6 +31,10 @@ QStringList setFilters(QFileDialog &dialog, const std::vector<FileFilter> &filte
         lines << filterLine(filter);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(lines);
+    // The dialog strips blanks at the ends of a description.
+    if (auto *types = dialog.findChild<QComboBox *>("fileTypeCombo"))
+        for (int i = 0; i < types->count(); ++i)
+            types->setItemText(i, QString::fromStdString(filters[static_cast<std::size_t>(i)].description));
     return lines;
 }
 
@@ -39,8 +48,26 @@ QString pathOf(const std::string &bytes)
     return QFile::decodeName(QByteArray::fromStdString(bytes));
 }
 
+void startIn(QFileDialog &dialog, const std::string &folder)
+{
+    if (const QFileInfo start(pathOf(folder)); start.isDir())
+        dialog.setDirectory(start.absoluteFilePath());
+}
+
+/// The toolkit's own dialog cuts sizes and dates; a desktop's has no list of this name.
+void showDetailsInFull(QFileDialog &dialog)
+{
+    dialog.resize(dialog.size().expandedTo(roomy));
+    const auto *list = dialog.findChild<QTreeView *>("treeView");
+    if (!list)
+        return;
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 std::vector<std::string> runDialog(QFileDialog &dialog)
 {
+    showDetailsInFull(dialog);
     std::vector<std::string> paths;
     if (dialog.exec() == QDialog::Accepted)
         for (const auto &path : dialog.selectedFiles())
@@ -54,6 +81,7 @@ std::vector<std::string> open(const OpenRequest &request, QFileDialog::FileMode 
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(mode);
     setFilters(dialog, request.filters);
+    startIn(dialog, request.folder);
     return runDialog(dialog);
 }
 
@@ -80,6 +108,7 @@ std::optional<SaveChoice> FileDialogsQt::saveFile(const SaveRequest &request)
     const auto filters = setFilters(dialog, request.filters);
     if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
         dialog.selectNameFilter(filters[request.filterIndex - 1]);
+    startIn(dialog, request.folder);
     if (!request.proposedName.empty()) {
         const QFileInfo proposed(pathOf(request.proposedName));
         if (proposed.isAbsolute())

@@ -78,6 +78,8 @@ TEST(SaveAs, ProposesNameAndTypeOfTheDocument)
         const auto &request = desk.dialogs.saveRequests.back();
         EXPECT_EQ(request.title, "Save As");
         EXPECT_EQ(request.proposedName, c.name);
+        EXPECT_EQ(
+            request.folder, c.path.substr(0, c.path.size() - std::min(c.path.size(), c.name.size() + 1)));
         EXPECT_EQ(request.filterIndex, c.filter);
         EXPECT_EQ(request.filters.size(), 10U);
     }

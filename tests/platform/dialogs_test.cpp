@@ -88,10 +88,13 @@ TEST(FileDialogs, SavingAsksNothingAndAddsNothing)
 
 TEST(FileDialogs, CancellingIsAnEmptyAnswer)
 {
-    const OpenRequest request{"Open a File", {{" (*.html;*.htm)", "*.html;*.htm"}}};
+    const QTemporaryDir folder;
+    const OpenRequest request{
+        "Open a File", {{" (*.html;*.htm)", "*.html;*.htm"}}, folder.path().toStdString()};
     const auto cancel = [](QFileDialog &dialog) { dialog.reject(); };
     whenOpen<QFileDialog>([&](QFileDialog &dialog) {
-        EXPECT_EQ(dialog.findChild<QComboBox *>("fileTypeCombo")->itemText(0).trimmed(), "(*.html;*.htm)");
+        EXPECT_EQ(dialog.findChild<QComboBox *>("fileTypeCombo")->itemText(0), " (*.html;*.htm)");
+        EXPECT_EQ(dialog.directory().absolutePath(), folder.path());
         EXPECT_EQ(dialog.windowTitle(), "Open a File");
         dialog.reject();
     });
