@@ -44,11 +44,12 @@ class NoMain : public MainView {
     void refreshDocumentStatus() override { }
 };
 
-/// The processes that pages of this program run in.
-QList<int> pageProcesses()
+/// The engine's processes of this program: those that pages run in, and those that start them. How many of
+/// these there are depends on the sandbox.
+QSet<int> engineProcesses()
 {
     QHash<int, int> parents;
-    QList<int> found;
+    QSet<int> found;
     for (const auto &name : QDir("/proc").entryList({"[0-9]*"}, QDir::Dirs)) {
         QFile stat("/proc/" + name + "/stat");
         QFile line("/proc/" + name + "/cmdline");
@@ -57,14 +58,17 @@ QList<int> pageProcesses()
         const auto bytes = stat.readAll();
         const auto fields = bytes.mid(bytes.lastIndexOf(')') + 2).split(' ');
         parents[name.toInt()] = fields.value(1).toInt();
-        if (line.readAll().contains("QtWebEngineProcess") && fields.value(0) != "Z")
-            found.append(name.toInt());
+        const auto command = line.readAll();
+        // Sound and the like have a process that serves every page; no script runs there.
+        const bool runsPages = command.contains("QtWebEngineProcess") && !command.contains("--type=utility");
+        if (runsPages && fields.value(0) != "Z")
+            found.insert(name.toInt());
     }
-    // The program starts the engine's helpers, and only these start pages.
-    const auto all = found;
     const auto self = static_cast<int>(QCoreApplication::applicationPid());
     found.removeIf([&](int process) {
-        return !all.contains(parents[process]) || parents.value(parents[process]) != self;
+        while (process > 0 && process != self)
+            process = parents.value(process);
+        return process != self;
     });
     return found;
 }
@@ -78,6 +82,7 @@ public:
         QObject::connect(&m_closer, &QTimer::timeout, &m_closer, [this] { closeDialog(); });
         m_closer.start(20);
         m_window.resize(900, 700);
+        startEngine();
     }
 
     void play(const QString &page);
@@ -88,10 +93,13 @@ private:
     {
         return m_window.findChild<QWidget *>("wb1")->findChild<QWidget *>({}, Qt::FindDirectChildrenOnly);
     }
+    void startEngine();
+    [[nodiscard]] QSet<int> pageProcesses() const { return engineProcesses() - m_helpers; }
+    void show(const std::string &text);
     void watch(int time);
     void click();
     /// Ends the processes of the page as a crash would. False when the user is not told.
-    [[nodiscard]] bool crash(const QList<int> &processes);
+    [[nodiscard]] bool crash(const QSet<int> &processes);
     void closeDialog();
 
     void hideFind() override { }
@@ -117,6 +125,7 @@ private:
     PreviewCommands m_commands{PreviewPorts{m_document, m_state, m_application, m_files, m_file, m_backups,
         m_messages, m_mainView, *this, m_control, [](const std::string &name) { return name; }, "/root"}};
     QTimer m_closer;
+    QSet<int> m_helpers; ///< what is left of the engine without a page
     int m_dialogs = 0;
     int m_followed = 0;
     int m_read = 0;
@@ -129,6 +138,22 @@ void Stage::closeDialog()
         ++m_dialogs;
         box->reject();
     }
+}
+
+void Stage::startEngine()
+{
+    show("nothing");
+    watch(settleTime);
+    m_commands.BackToText();
+    watch(settleTime / 2);
+    m_helpers = engineProcesses();
+}
+
+void Stage::show(const std::string &text)
+{
+    m_document.LoadText(text);
+    m_state.currentPath = (m_folder + "/page.htm").toStdString();
+    m_commands.ViewPage();
 }
 
 void Stage::watch(int time)
@@ -154,7 +179,7 @@ void Stage::click()
     QTest::mouseClick(inner, Qt::LeftButton, {}, {40, 40});
 }
 
-bool Stage::crash(const QList<int> &processes)
+bool Stage::crash(const QSet<int> &processes)
 {
     m_messages.shown = 0;
     for (const int process : processes)
@@ -168,11 +193,9 @@ void Stage::play(const QString &page)
     if (!file.open(QIODevice::ReadOnly))
         return;
     m_dialogs = m_followed = m_read = m_windows = 0;
-    m_document.LoadText(file.readAll().toStdString());
-    m_state.currentPath = (m_folder + "/page.htm").toStdString();
-    m_commands.ViewPage();
+    show(file.readAll().toStdString());
     // On a busy machine a page takes its time to start; what it does is counted from there.
-    std::ignore = QTest::qWaitFor([] { return !pageProcesses().isEmpty(); }, 10000);
+    std::ignore = QTest::qWaitFor([this] { return !pageProcesses().isEmpty(); }, 10000);
     watch(settleTime / 2);
     click();
     watch(settleTime);
@@ -186,12 +209,7 @@ void Stage::play(const QString &page)
         m_commands.BackToText();
     QCoreApplication::processEvents();
     const auto back = clock.elapsed();
-    const bool ended = QTest::qWaitFor(
-        [&] {
-            const auto now = pageProcesses();
-            return std::ranges::none_of(processes, [&](int process) { return now.contains(process); });
-        },
-        2000);
+    const bool ended = QTest::qWaitFor([&] { return !pageProcesses().intersects(processes); }, 2000);
     std::printf("%s followed=%d read=%d windows=%d dialogs=%d back=%lld ended=%s\n",
         qPrintable(QFileInfo(page).baseName()), m_followed, m_read, m_windows, m_dialogs,
         static_cast<long long>(back), ended && good ? "yes" : "no");
