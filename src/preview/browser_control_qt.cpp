@@ -77,7 +77,7 @@ bool BrowserControlQt::loadEngine()
     m_engine = plugin->create(&m_window, *this);
     m_window.setPageWidget(m_engine->widget());
     if (!m_engine->isSandboxed())
-        m_window.showNote("Run as root: the page is shown without the browser's sandbox");
+        m_window.showNote("The page is shown without the browser's sandbox");
     return true;
 }
 
