@@ -7,9 +7,9 @@ namespace kevra {
 
 namespace {
 
-constexpr int above = 780; ///< the strip over the editor
+constexpr int usuallyAbove = 780; ///< the strip over the editor
 constexpr int besideLeft = 435; ///< the line numbers' room
-constexpr int aboveAndBelow = 1275;
+constexpr int below = 495;
 constexpr int widthPercent = 94;
 constexpr int informationMargin = 180;
 constexpr int rowGap = 30;
@@ -33,14 +33,17 @@ TwipRect centred(const TwipRect &inner, TwipSize size, int top)
 MainLayout layout(const LayoutRequest &request)
 {
     const auto &inner = request.inner;
+    // A large font of the desktop needs more than the usual strip.
+    const int above = std::max(usuallyAbove, request.information.height + request.status + 3 * rowGap);
     MainLayout result;
     result.editor = {.left = inner.left + besideLeft,
         .top = inner.top + above,
         .width = noLessThanZero(static_cast<int>(static_cast<long long>(inner.width) * widthPercent / 100)),
-        .height = noLessThanZero(inner.height - aboveAndBelow)};
+        .height = noLessThanZero(inner.height - above - below)};
     result.lineNumbers = {inner.left, result.editor.top, besideLeft - hairline, result.editor.height};
     for (std::size_t i = 0; i < result.panels.size(); ++i)
-        result.panels[i] = centred(inner, request.panels[i], result.editor.bottom());
+        result.panels[i] = centred(inner,
+            {request.panels[i].width, std::min(request.panels[i].height, below)}, result.editor.bottom());
 
     const auto &fonts = request.fonts;
     result.fonts = {inner.right() - fonts.width, inner.top, fonts.width, fonts.height};

@@ -19,6 +19,7 @@ struct LayoutRequest {
     std::array<TwipSize, 4> panels; ///< Frame1, Frame2, frscript1, frscript2
     TwipSize fonts; ///< frtbar
     TwipSize information; ///< tinfo; its width is not used
+    int status = 0; ///< the least height of the line under it
     TwipSize image; ///< fr1
     TwipSize colour; ///< frcol
 };

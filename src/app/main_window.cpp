@@ -147,6 +147,7 @@ void MainWindow::layOut()
         request.panels[i] = wantedSize(frame(panelNames[i]));
     request.fonts = wantedSize(*m_fonts);
     request.information = wantedSize(*m_information);
+    request.status = m_status->fontMetrics().height() * twipsPerPixel;
     request.image = wantedSize(frame("fr1"));
     // It stands over the snippet panels; one that stuck out on both sides would look broken.
     for (const auto &panel : request.panels)

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/snippet_panel.h"
 
+#include "app/fitted_button_qt.h"
+
 #include <QtGui/QHelpEvent>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QStyleOption>
+#include <QtWidgets/QStylePainter>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QToolTip>
 
@@ -39,9 +43,17 @@ public:
     {
         return {fontMetrics().horizontalAdvance(text()) + sidePadding, fontMetrics().height() + sidePadding};
     }
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return leastSizeOf(*this); }
 
 protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        option.font = fontFitting(font(), text(), roomForCaption(*this));
+        option.fontMetrics = QFontMetrics(option.font);
+        QStylePainter(this).drawComplexControl(QStyle::CC_ToolButton, option);
+    }
     bool event(QEvent *event) override
     {
         if (event->type() == QEvent::ToolTip)

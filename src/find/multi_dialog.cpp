@@ -11,6 +11,7 @@
 #include <QtCore/QMimeData>
 #include <QtCore/QTimer>
 #include <QtGui/QDropEvent>
+#include <QtGui/QScreen>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QHeaderView>
@@ -56,7 +57,7 @@ MultiDialog::MultiDialog(
     setAcceptDrops(true);
     createControls();
     layOut();
-    resize(firstSize);
+    resize(firstSize.boundedTo(screen()->availableSize()));
 }
 
 void MultiDialog::createControls()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/colour_finder_panel.h"
 
+#include "app/fitted_button_qt.h"
 #include "app/named_qt.h"
 #include "images/image_panel.h"
 
@@ -8,12 +9,11 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
 namespace kevra {
 namespace {
 
-constexpr int codeCharacters = 13;
+constexpr int codeCharacters = 11;
 
 struct PanelButton {
     const char *name;
@@ -43,7 +43,7 @@ ColourFinderPanel::ColourFinderPanel(
 {
     auto *row = panelRow(frame);
     const auto addButton = [&](const PanelButton &button) {
-        auto *made = named<QPushButton>(button.name, &frame);
+        auto *made = named<FittedButton>(button.name, &frame);
         made->setText(button.caption);
         made->setToolTip(button.tip);
         QObject::connect(

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/image_panel.h"
 
+#include "app/fitted_button_qt.h"
 #include "app/named_qt.h"
 
 #include <QtCore/QFile>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QPushButton>
 
 namespace kevra {
 namespace {
@@ -61,9 +61,9 @@ ImagePanel::ImagePanel(QWidget &frame, const Hooks &hooks)
     , m_code(readOnlyBox("thex", "Sampled color", codeCharacters, frame))
     , m_size(readOnlyBox("tsize", "Image size", sizeCharacters, frame))
     , m_path(readOnlyBox("tgrfil", "Image path", pathCharacters, frame))
-    , m_tag(named<QPushButton>("bspec", &frame))
+    , m_tag(named<FittedButton>("bspec", &frame))
 {
-    auto *copy = named<QPushButton>("bbitcol", &frame);
+    auto *copy = named<FittedButton>("bbitcol", &frame);
     copy->setText("HEX CODE TO CLIPBOARD");
     copy->setToolTip("Copy hex color code to clipboard.");
     m_tag->setText("IMG TAG TO CLIPBOARD");

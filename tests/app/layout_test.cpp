@@ -43,6 +43,19 @@ TEST(Layout, EverythingStandsInItsPlace)
     EXPECT_GE(places.status.top, places.information.bottom());
 }
 
+TEST(Layout, LargeFontsAreNotCut)
+{
+    auto request = requestFor({0, 0, 20000, 12000});
+    request.information.height = 600;
+    request.status = 450;
+    request.panels[0].height = 700;
+    const auto places = layout(request);
+    EXPECT_GE(places.status.height, 450);
+    EXPECT_LE(places.status.bottom(), places.editor.top);
+    EXPECT_LE(places.panels[0].bottom(), 12000);
+    EXPECT_EQ(places.editor.bottom(), 12000 - 495);
+}
+
 TEST(Layout, TheInnerAreasOwnPlaceCounts)
 {
     const auto places = layout(requestFor({100, 200, 20000, 12000}));

@@ -67,7 +67,7 @@ TEST(PictureDecoder, RefusesWhatIsCutOff)
     for (const auto &[name, bytes] : {std::pair("a.gif", tinyGif), std::pair("a.jpg", bytesOf("jpg")),
              std::pair("a.ico", bytesOf("ico")), std::pair("a.bmp", bytesOf("bmp"))}) {
         const auto path = folder.filePath(name);
-        const auto decodes = [&](qsizetype length) {
+        const auto decodes = [&, &bytes = bytes](qsizetype length) {
             QFile file(path);
             return file.open(QFile::WriteOnly) && file.write(bytes.left(length)) == length && file.flush()
                 && decoder.decode(path.toStdString()).has_value();
