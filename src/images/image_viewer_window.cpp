@@ -14,6 +14,7 @@ namespace {
 
 constexpr QSize leastSize(220, 24); ///< the caption can be read and the window closed
 constexpr int windowManagerSlack = 4; ///< pixels a window manager may be off
+constexpr int frameWidth = 5; ///< of the window manager's frame, which is not known before it is there
 
 } // namespace
 
@@ -74,8 +75,8 @@ void ImageViewerWindow::place(const QRect &room)
     constexpr int titleBar = titleBarTwips / twipsPerPixel;
     const auto area = screen()->availableGeometry();
     // Upwards rather than over the panel below the room, where the sampled colour is.
-    const int top = std::min(room.top(), room.bottom() + 1 - titleBar - height());
-    m_placed = {std::max(area.left(), room.right() + 1 - width()), std::max(area.top(), top)};
+    const int top = std::min(room.top(), room.bottom() + 1 - titleBar - height() - frameWidth);
+    m_placed = {std::max(area.left(), room.right() + 1 - width() - frameWidth), std::max(area.top(), top)};
     move(m_placed);
 }
 

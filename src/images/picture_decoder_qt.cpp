@@ -60,6 +60,17 @@ std::optional<QImage> read(QImageReader &reader)
     return image;
 }
 
+/// Null when there is no memory for it.
+QImage onWhite(const QImage &image)
+{
+    QImage shown(image.size(), QImage::Format_RGB32);
+    if (shown.isNull())
+        return {};
+    shown.fill(Qt::white);
+    QPainter(&shown).drawImage(0, 0, image);
+    return shown;
+}
+
 } // namespace
 
 std::optional<PictureSize> PictureDecoderQt::sizeOf(const std::string &path) const
@@ -75,15 +86,13 @@ std::optional<QImage> PictureDecoderQt::decode(const std::string &path) const
     QImageReader reader;
     if (!open(reader, path))
         return std::nullopt;
-    const auto image = read(reader);
+    auto image = read(reader);
     if (!image)
         return std::nullopt;
-    QImage shown(image->size(), QImage::Format_RGB32);
-    if (shown.isNull())
-        return std::nullopt;
-    shown.fill(Qt::white);
-    QPainter(&shown).drawImage(0, 0, *image);
-    return shown;
+    // What is not transparent needs no second copy: one may be as large as pictures are allowed to be.
+    auto shown = image->hasAlphaChannel() ? onWhite(*image)
+                                          : std::move(*image).convertToFormat(QImage::Format_RGB32);
+    return shown.isNull() ? std::nullopt : std::optional(std::move(shown));
 }
 
 } // namespace kevra
