@@ -191,12 +191,17 @@ void MultiDialog::showFile(std::size_t index, const ListedFile &file)
     item->setToolTip(OutcomeColumn, item->text(OutcomeColumn));
 }
 
+bool MultiDialog::letsGoOn()
+{
+    QCoreApplication::processEvents();
+    return !m_cancelled && isVisible(); // the end of the program takes it off the screen
+}
+
 bool MultiDialog::goesOn(std::size_t done, std::size_t total)
 {
     m_progress->setRange(0, static_cast<int>(total));
     m_progress->setValue(static_cast<int>(done));
-    QCoreApplication::processEvents();
-    return !m_cancelled;
+    return letsGoOn();
 }
 
 void MultiDialog::showSummary(const std::string &text)
@@ -219,8 +224,7 @@ bool MultiDialog::looksOn(std::size_t found)
 {
     m_progress->setRange(0, 0); // how many there will be is not known
     m_summary->setText(QString("%1 files found...").arg(found));
-    QCoreApplication::processEvents();
-    return !m_cancelled;
+    return letsGoOn();
 }
 
 void MultiDialog::add(const std::vector<std::string> &paths)

@@ -45,6 +45,8 @@ private:
     /// Folders stand for the files in them that fit the pattern.
     void add(const std::vector<std::string> &paths);
     bool looksOn(std::size_t found);
+    /// False when what runs is to stop.
+    bool letsGoOn();
     void removeSelected();
     /// Nothing but the button that cancels can be used meanwhile.
     void run(const std::function<void()> &work);
