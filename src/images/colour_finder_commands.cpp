@@ -38,6 +38,13 @@ void ColourFinderCommands::CopyColourCode()
 {
     m_clipboard.clear();
     m_clipboard.setText(m_view.shownCode());
+    m_document.SetFocus();
+}
+
+void ColourFinderCommands::HideColourFinder()
+{
+    m_view.showPanel(false);
+    m_document.SetFocus(); // not to the next button, where what is typed would be lost
 }
 
 } // namespace kevra

@@ -35,7 +35,7 @@ public:
     }
 
     void ShowColourFinder() { m_view.showPanel(true); }
-    void HideColourFinder() { m_view.showPanel(false); }
+    void HideColourFinder();
     void ChooseColour();
     void ShowTypedColour();
     void CopyColourCode();

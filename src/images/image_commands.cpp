@@ -60,6 +60,7 @@ void ImageCommands::put(const std::string &text)
 {
     m_ports.clipboard.clear();
     m_ports.clipboard.setText(text);
+    m_ports.document.SetFocus(); // where it is pasted next
 }
 
 void ImageCommands::CopyViewedImageTag()
@@ -82,18 +83,14 @@ void ImageCommands::copyTag(Tag tag)
     const auto path = chooseWebImage();
     if (!path)
         return;
-    m_name = fileName(*path);
     if (imageType(*path) != ImageType::Web) {
         m_ports.messages.show({"As this function auto-inserts code for webpage images, it only accepts .jpg "
                                "and .gif files.",
             Icon::Information, Buttons::Ok, "Wrong file type"});
         return;
     }
-    const auto size = m_ports.sizes.sizeOf(*path);
-    if (!size)
-        return;
-    put(tag(m_name, *size));
-    m_ports.document.SetFocus();
+    if (const auto size = m_ports.sizes.sizeOf(*path))
+        put(tag(fileName(*path), *size));
 }
 
 void ImageCommands::CopyImageTag()
@@ -108,12 +105,8 @@ void ImageCommands::CopyLinkedImageTag()
 
 void ImageCommands::CopyBodyBackgroundTag()
 {
-    const auto path = chooseWebImage();
-    if (!path)
-        return;
-    m_name = fileName(*path);
-    put(bodyBackgroundTag(m_name));
-    m_ports.document.SetFocus();
+    if (const auto path = chooseWebImage())
+        put(bodyBackgroundTag(fileName(*path)));
 }
 
 bool ImageCommands::copyTagOf(const std::string &path)

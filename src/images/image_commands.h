@@ -83,8 +83,8 @@ private:
     [[nodiscard]] std::optional<std::string> chooseWebImage();
 
     ImagePorts m_ports;
-    std::string m_name; ///< of the file last chosen, without its folder
-    PictureSize m_size;
+    std::string m_name; ///< of the viewed picture's file, without its folder
+    PictureSize m_size; ///< of the viewed picture
 };
 
 } // namespace kevra

@@ -146,9 +146,11 @@ TEST_F(ImageCommandsTest, PassesOverWhatIsNoPicture)
     EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST_F(ImageCommandsTest, ABrokenPictureLeavesTheViewedOneAndItsTag)
+TEST_F(ImageCommandsTest, OnlyAPictureThatIsShownChangesTheViewedOnesTag)
 {
     view("/pictures/sea.gif");
+    dialogs.choices = {"other.jpg"};
+    commands.CopyImageTag();
     viewer.size.reset();
     for (const auto *path : {"broken.jpg", "broken.bmp", "photo.jpeg"}) {
         SCOPED_TRACE(path);
@@ -159,6 +161,7 @@ TEST_F(ImageCommandsTest, ABrokenPictureLeavesTheViewedOneAndItsTag)
         commands.CopyViewedImageTag();
         EXPECT_EQ(clipboard.content, "<IMG SRC=\"sea.gif\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
     }
+    EXPECT_TRUE(document.hasFocus()) << "where the tag is pasted";
 }
 
 TEST_F(ImageCommandsTest, PutsTagsOnTheClipboard)
