@@ -82,7 +82,9 @@ Saved FileStoreQt::write(const std::string &path, std::string_view bytes)
     if (status && mustStaySameFile(*status))
         return writeInPlace(target, bytes, m_stateFolder);
 
-    removeLeftovers(target);
+    // Once: in a folder of thousands of files, looking through it at each of them takes longer than writing.
+    if (m_swept.insert(folderOf(target)).second)
+        removeLeftovers(target);
     const auto saved = writeAtomically(target, bytes);
     return saved == Saved::Denied && status ? writeInPlace(target, bytes, m_stateFolder) : saved;
 }

@@ -4,6 +4,8 @@
 
 #include "files/file_store.h"
 
+#include <set>
+
 namespace kevra {
 
 class FileStoreQt : public FileStore {
@@ -26,6 +28,7 @@ public:
 
 private:
     std::string m_stateFolder;
+    std::set<std::string> m_swept; ///< folders without what a killed save has left
 };
 
 } // namespace kevra
