@@ -60,7 +60,7 @@ ColourRuns tagRuns(std::string_view text, Colour colour)
 ColourRuns plainTagRuns(std::string_view part, Colour colour)
 {
     ColourRuns runs;
-    runs.reserve(part.size() / 32);
+    runs.reserve(part.size() / 16);
     const char *const begin = part.data();
     const char *const end = begin + part.size();
     const auto next = [end](const char *from, char mark) {

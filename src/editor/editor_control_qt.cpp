@@ -160,6 +160,9 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     const auto keptAtEnd = commonEnd(old.substr(rest), text.substr(rest));
     const auto fresh = text.substr(rest, text.size() - rest - static_cast<std::size_t>(keptAtEnd));
     send(SCI_SETREADONLY, 0);
+    // Left alone, the buffers grow by all that comes, although most of it fits where the old text goes.
+    if (std::ssize(fresh) > Length() / 2)
+        send(SCI_ALLOCATE, Length() - part.length() + std::ssize(text) + roomForTyping);
     send(SCI_BEGINUNDOACTION);
     send(SCI_SETTARGETRANGE, part.start + kept, part.end - keptAtEnd);
     sendBytes(SCI_REPLACETARGET, std::ssize(fresh), fresh.data());

@@ -36,6 +36,8 @@ public:
         if (m_finder.first(m_by, {0, std::ssize(m_by)}))
             return Endless::NeverEnds;
         m_start = m_next = *first;
+        // Memory that is not needed in the end costs nothing; growing a long result step by step would.
+        m_result.reserve((m_text.size() - static_cast<std::size_t>(m_start)) / 4 * 5);
         put(0, *first + m_length);
         while (replaceNext())
             if (std::ssize(m_result) > longestResult)
