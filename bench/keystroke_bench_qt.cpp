@@ -2,7 +2,7 @@
 // CPU of one keystroke, from the key event to the painted line, in the middle of a small and a large
 // document, in both tool sets, against a bare Scintilla control that has no accessibility to serve. Prints
 // p50 and p99 in microseconds.
-//   QT_QPA_PLATFORM=offscreen build/release/bin/keystroke_bench [KEYS]
+//   QT_QPA_PLATFORM=offscreen build/release/bin/keystroke_bench [KEYS [KILOBYTES [bare|page|script [KEY]]]]
 #include "colour/document_colouring.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
@@ -15,6 +15,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -79,7 +81,8 @@ struct Key {
 constexpr Key keys[] = {{"letter", Qt::Key_A, "a"}, {"<", Qt::Key_Less, "<"}, {">", Qt::Key_Greater, ">"},
     {"Return", Qt::Key_Return, "\r"}, {"Backspace", Qt::Key_Backspace, "\b"}};
 
-void press(QWidget &control, const Key &key)
+/// A function of its own wherever it is called, so that a profiler can be told to look at nothing else.
+[[gnu::noinline]] void press(QWidget &control, const Key &key)
 {
     QKeyEvent event(QEvent::KeyPress, key.code, Qt::NoModifier, QString::fromLatin1(key.text));
     QCoreApplication::sendEvent(&control, &event);
@@ -108,17 +111,29 @@ void measure(const std::string &what, Sci &control, const Key &key, int count)
     std::printf("%-28s %-10s %8.0f %8.0f\n", what.c_str(), key.name, at(0.5), at(0.99));
 }
 
-void measureAll(const std::string &what, Sci &control, int count)
+struct Wanted {
+    int count = 300;
+    std::vector<std::size_t> kilobytes = {100, 20'000};
+    std::string control; ///< empty: all of them
+    std::string key;
+};
+
+void measureAll(const std::string &what, Sci &control, const Wanted &wanted)
 {
     control.resize(900, 600);
     control.show();
+    // What is painted in the pauses after loading is no part of a key.
+    do
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    while (control.SendScintilla(Sci::SCI_GETENDSTYLED) < control.SendScintilla(Sci::SCI_GETLENGTH));
     for (int i = 0; i < 500; ++i)
         QCoreApplication::processEvents();
     for (const auto &key : keys)
-        measure(what, control, key, count);
+        if (wanted.key.empty() || wanted.key == key.name)
+            measure(what, control, key, wanted.count);
 }
 
-void measureMode(const std::string &what, std::string_view text, bool script, int count)
+void measureMode(const std::string &what, std::string_view text, bool script, const Wanted &wanted)
 {
     EditorControl control;
     DocumentState state;
@@ -128,7 +143,27 @@ void measureMode(const std::string &what, std::string_view text, bool script, in
     control.setTypingHandler(&typing);
     control.LoadText(text);
     DocumentColouring(control, state).colourForTools();
-    measureAll(what, control, count);
+    measureAll(what, control, wanted);
+}
+
+void measureBare(const std::string &what, const std::string &text, const Wanted &wanted)
+{
+    Bare bare;
+    bare.SendScintilla(Sci::SCI_APPENDTEXT, text.size(), text.c_str());
+    measureAll(what, bare, wanted);
+}
+
+void measureSize(std::size_t kilobytes, const Wanted &wanted)
+{
+    const auto size = std::to_string(kilobytes) + " KB";
+    const auto wants
+        = [&](const char *control) { return wanted.control.empty() || wanted.control == control; };
+    if (wants("bare"))
+        measureBare("bare, " + size, filled(pageLine, kilobytes * 1000), wanted);
+    if (wants("page"))
+        measureMode("page, " + size, filled(pageLine, kilobytes * 1000), false, wanted);
+    if (wants("script"))
+        measureMode("script, " + size, filled(scriptLine, kilobytes * 1000), true, wanted);
 }
 
 } // namespace
@@ -136,17 +171,16 @@ void measureMode(const std::string &what, std::string_view text, bool script, in
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    const int count = argc > 1 ? std::atoi(argv[1]) : 300;
+    Wanted wanted;
+    if (argc > 1)
+        wanted.count = std::atoi(argv[1]);
+    if (argc > 2)
+        wanted.kilobytes = {static_cast<std::size_t>(std::atol(argv[2]))};
+    if (argc > 3)
+        wanted.control = argv[3];
+    if (argc > 4)
+        wanted.key = argv[4];
     std::printf("%-28s %-10s %8s %8s  microseconds of CPU\n", "control", "key", "p50", "p99");
-    for (const std::size_t size : {100'000, 20'000'000}) {
-        const std::string label = size > 1'000'000 ? ", 20 MB" : ", 100 KB";
-        const auto page = filled(pageLine, size);
-        {
-            Bare bare;
-            bare.SendScintilla(Sci::SCI_APPENDTEXT, page.size(), page.c_str());
-            measureAll("bare" + label, bare, count);
-        }
-        measureMode("page" + label, page, false, count);
-        measureMode("script" + label, filled(scriptLine, size), true, count);
-    }
+    for (const auto kilobytes : wanted.kilobytes)
+        measureSize(kilobytes, wanted);
 }
