@@ -8,7 +8,8 @@ namespace kevra {
 
 void ColourFinderCommands::ChooseColour()
 {
-    TakeChosenColour(m_dialog.choose(m_view.shownColour()));
+    const auto shown = m_view.shownColour();
+    TakeChosenColour(m_dialog.choose(shown).value_or(shown));
 }
 
 void ColourFinderCommands::ShowTypedColour()
@@ -22,7 +23,7 @@ void ColourFinderCommands::ShowTypedColour()
     if (!colour)
         return m_messages.inform("Error in hex code. All characters must be 0 thru 9 or A thru F.");
     m_view.showColour(*colour, "\"#" + text + "\"");
-    TakeChosenColour(m_dialog.choose(*colour));
+    TakeChosenColour(m_dialog.choose(*colour).value_or(*colour));
 }
 
 void ColourFinderCommands::TakeChosenColour(Colour colour)

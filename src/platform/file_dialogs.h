@@ -48,8 +48,7 @@ public:
 class ColourDialog {
 public:
     virtual ~ColourDialog() = default;
-    /// The colour chosen, or `initial` when the dialog was cancelled.
-    [[nodiscard]] virtual Colour choose(Colour initial) = 0;
+    [[nodiscard]] virtual std::optional<Colour> choose(Colour initial) = 0;
 };
 
 } // namespace kevra

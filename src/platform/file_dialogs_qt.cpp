@@ -131,13 +131,13 @@ std::optional<std::string> FileDialogsQt::chooseFolder(const std::string &title)
     return paths.empty() ? std::nullopt : std::optional(paths.front());
 }
 
-Colour ColourDialogQt::choose(Colour initial)
+std::optional<Colour> ColourDialogQt::choose(Colour initial)
 {
     const QColor before(
         static_cast<int>(initial.red()), static_cast<int>(initial.green()), static_cast<int>(initial.blue()));
     const auto chosen = QColorDialog::getColor(before, QApplication::activeWindow());
     if (!chosen.isValid())
-        return initial;
+        return std::nullopt;
     const auto part = [](int value) { return static_cast<std::uint32_t>(value); };
     return Colour{part(chosen.red()) | part(chosen.green()) << 8 | part(chosen.blue()) << 16};
 }

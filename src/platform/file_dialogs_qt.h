@@ -15,7 +15,7 @@ public:
 
 class ColourDialogQt : public ColourDialog {
 public:
-    [[nodiscard]] Colour choose(Colour initial) override;
+    [[nodiscard]] std::optional<Colour> choose(Colour initial) override;
 };
 
 } // namespace kevra

@@ -131,8 +131,8 @@ void SettingsCommands::setFontSize(const std::string &size)
 void SettingsCommands::chooseColour()
 {
     const auto colour = m_parts.colourDialog.choose(shownColour());
-    // Black counts as nothing chosen; the colour it was opened with is what a cancelled dialog answers.
-    if (colour != colours::black && colour != shownColour())
+    // Black counts as nothing chosen.
+    if (colour && *colour != colours::black)
         m_chosenColour = colour;
 }
 
@@ -154,8 +154,8 @@ Colour SettingsCommands::shownColour() const
 
 std::optional<std::string> SettingsCommands::browseProgram()
 {
-    auto path
-        = m_parts.fileDialogs.openFile({"Program For EXE Menu", {{"Programs", "*.exe"}, {"All Files", "*"}}});
+    auto path = m_parts.fileDialogs.openFile(
+        {"Program For EXE Menu", {{"Programs", m_parts.program.namePattern()}, {"All Files", "*"}}});
     return path && m_parts.program.isProgram(*path) ? path : std::nullopt;
 }
 

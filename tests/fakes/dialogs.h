@@ -47,10 +47,10 @@ private:
 
 class FakeColourDialog : public ColourDialog {
 public:
-    Colour choose(Colour initial) override
+    std::optional<Colour> choose(Colour initial) override
     {
         initials.push_back(initial);
-        return chosen.value_or(initial);
+        return chosen;
     }
 
     std::optional<Colour> chosen; ///< empty: the dialog is cancelled

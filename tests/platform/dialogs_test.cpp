@@ -104,6 +104,8 @@ TEST(FileDialogs, CancellingIsAnEmptyAnswer)
     whenOpen<QFileDialog>(cancel);
     EXPECT_FALSE(FileDialogsQt().saveFile({"Save a File", "page.htm", {}, 1}));
     whenOpen<QColorDialog>([](QColorDialog &dialog) { dialog.reject(); });
+    EXPECT_FALSE(ColourDialogQt().choose(Colour{0x112233}));
+    whenOpen<QColorDialog>([](QColorDialog &dialog) { dialog.accept(); });
     EXPECT_EQ(ColourDialogQt().choose(Colour{0x112233}), Colour{0x112233});
 }
 

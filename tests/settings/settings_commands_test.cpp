@@ -123,6 +123,7 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
     } const cases[] = {
         {"red", Colour{0xFF}, true, "255", {"colour"}},
         {"red, document without colours", Colour{0xFF}, false, "255", {}},
+        {"the colour it was", colours::defaultCode, true, "16711680", {"colour"}},
         {"black counts as nothing", colours::black, true, "no", {}},
         {"cancelled", std::nullopt, true, "no", {}},
     };
