@@ -88,4 +88,13 @@ bool ProcessStartQt::runsWithoutExtension(const std::string &path) const
 #endif
 }
 
+std::string ProcessStartQt::namePattern() const
+{
+#ifdef Q_OS_WIN
+    return "*.exe";
+#else
+    return "*";
+#endif
+}
+
 } // namespace kevra

@@ -9,6 +9,7 @@ class ProcessStartQt : public ProcessStart {
 public:
     [[nodiscard]] bool start(const std::string &path) override;
     [[nodiscard]] bool runsWithoutExtension(const std::string &path) const override;
+    [[nodiscard]] std::string namePattern() const override;
 };
 
 } // namespace kevra

@@ -44,6 +44,8 @@ public:
     void SetExternalMenuText(const std::string &text);
     /// Whether a file's name says that it is a program.
     [[nodiscard]] bool isProgram(const std::string &path) const;
+    /// For a file dialog: where programs have a name of their own kind, that one, else every name.
+    [[nodiscard]] std::string namePattern() const { return m_parts.processes.namePattern(); }
 
 private:
     ExternalProgramParts m_parts;

@@ -14,6 +14,8 @@ public:
     [[nodiscard]] virtual bool start(const std::string &path) = 0;
     /// Whether programs of this platform carry no extension and this file may be run as one.
     [[nodiscard]] virtual bool runsWithoutExtension(const std::string &path) const = 0;
+    /// The names that programs have on this platform, as a file dialog filters them.
+    [[nodiscard]] virtual std::string namePattern() const = 0;
 };
 
 } // namespace kevra

@@ -16,6 +16,7 @@ public:
         return starts;
     }
     bool runsWithoutExtension(const std::string &path) const override { return runnable.contains(path); }
+    std::string namePattern() const override { return "*"; }
 
     bool starts = true;
     std::set<std::string> runnable;
