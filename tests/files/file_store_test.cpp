@@ -129,6 +129,21 @@ TEST_F(FileStoreOnDisk, StampTellsEveryWrite)
     EXPECT_NE(store.stamp(file), first);
 }
 
+TEST_F(FileStoreOnDisk, RenamesAndReplacesNothing)
+{
+    const auto theirs = put("theirs", "theirs");
+    ::chmod(theirs.c_str(), 0400);
+    const auto stamp = store.stamp(theirs);
+    put("taken", "taken");
+    ::symlink("nowhere", path("link").c_str());
+    EXPECT_FALSE(store.rename(theirs, path("taken")));
+    EXPECT_FALSE(store.rename(theirs, path("link"))) << "a link that leads nowhere is somebody's too";
+    EXPECT_FALSE(store.rename(path("missing"), path("free")));
+    EXPECT_EQ(store.read(path("taken")), "taken");
+    EXPECT_TRUE(store.rename(theirs, path("free")));
+    EXPECT_EQ(store.stamp(path("free")), stamp) << "it is the same file";
+}
+
 TEST_F(FileStoreOnDisk, CompletesATornWriteButNotAFileChangedSince)
 {
     struct {
