@@ -13,7 +13,7 @@ End If
 
 For Each file In fso.GetFolder(source).Files
   If LCase(fso.GetExtensionName(file.Name)) = "htm" Then
-    fso.CopyFile file.Path, target & "\", True
+    fso.CopyFile file.Path, target & "\, True
     copied = copied + 1
   End If
 Next
