@@ -252,6 +252,7 @@ void MultiReplace::replaceAll()
     if (!wantsReplaceAll(request.find, m_messages))
         return;
     m_previewed.reset();
+    m_view.showSummary("Replacing...");
     Offset hits = 0;
     Offset files = 0;
     Offset skipped = 0;
