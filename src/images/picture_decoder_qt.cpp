@@ -38,6 +38,7 @@ bool open(QImageReader &reader, const std::string &path)
         return false;
     // The content decides, so that no other decoder is ever let at the file for its name.
     reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true); // a photograph stands upright, as browsers show it
     reader.setFileName(name);
     const auto format = reader.format();
     return std::ranges::any_of(formats, [&](const char *known) { return format == known; })
@@ -78,7 +79,10 @@ std::optional<PictureSize> PictureDecoderQt::sizeOf(const std::string &path) con
     QImageReader reader;
     if (!open(reader, path) || !isSane(reader.size()))
         return std::nullopt;
-    return PictureSize{reader.size().width(), reader.size().height()};
+    const auto size = reader.size();
+    if (reader.transformation() & QImageIOHandler::TransformationRotate90)
+        return PictureSize{size.height(), size.width()};
+    return PictureSize{size.width(), size.height()};
 }
 
 std::optional<QImage> PictureDecoderQt::decode(const std::string &path) const

@@ -24,6 +24,12 @@ TEST(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
     ASSERT_TRUE(picture.save(folder.filePath("good.bmp")));
     ASSERT_TRUE(picture.save(folder.filePath("good.jpg")));
     ASSERT_TRUE(picture.save(folder.filePath("named.jpg"), "png"));
+    QFile upright(folder.filePath("good.jpg"));
+    ASSERT_TRUE(upright.open(QFile::ReadOnly));
+    write("turned.jpg",
+        upright.readAll().insert(2,
+            QByteArray::fromHex("ffe1002245786966000049492a00080000000100120103000100000006000000"
+                                "00000000")));
     QFile whole(folder.filePath("good.bmp"));
     ASSERT_TRUE(whole.open(QFile::ReadOnly));
     const auto bytes = whole.readAll();
@@ -40,6 +46,8 @@ TEST(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
         EXPECT_EQ(decoder.sizeOf(path(name)), (PictureSize{30, 20})) << name;
         EXPECT_EQ(decoder.decode(path(name)).value_or(QImage()).size(), QSize(30, 20)) << name;
     }
+    EXPECT_EQ(decoder.sizeOf(path("turned.jpg")), (PictureSize{20, 30}));
+    EXPECT_EQ(decoder.decode(path("turned.jpg")).value_or(QImage()).size(), QSize(20, 30));
     for (const auto *name :
         {"named.jpg", "cut.bmp", "empty.gif", "enormous.bmp", "folder.gif", "missing.gif"}) {
         EXPECT_FALSE(decoder.sizeOf(path(name))) << name;
