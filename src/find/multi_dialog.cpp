@@ -262,8 +262,11 @@ void MultiDialog::removeSelected()
 
 void MultiDialog::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!m_running && event->mimeData()->hasUrls())
-        event->acceptProposedAction();
+    if (m_running || !event->mimeData()->hasUrls())
+        return;
+    // Never a move: the program they come from would remove the files.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void MultiDialog::dropEvent(QDropEvent *event)

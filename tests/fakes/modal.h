@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QtTest/QTest>
 #include <QtWidgets/QtWidgets>
 
@@ -28,6 +30,7 @@ private:
     QTimer m_clock;
 };
 
+/// Drops files as if they were to be moved.
 inline void drop(QWidget &target, const QStringList &paths)
 {
     QMimeData data;
@@ -35,10 +38,11 @@ inline void drop(QWidget &target, const QStringList &paths)
     for (const auto &path : paths)
         urls << QUrl::fromLocalFile(path);
     data.setUrls(urls);
-    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
     QApplication::sendEvent(&target, &enter);
     if (!enter.isAccepted())
         return;
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction) << "after a move the other program removes the files";
     QDropEvent dropped({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&target, &dropped);
 }
