@@ -29,8 +29,6 @@ int main(int argc, char **argv)
     QApplication::setApplicationName("kevra");
     QApplication::setApplicationDisplayName("");
     QApplication::setDesktopFileName("org.kevra.editor");
-    // The web engine wants this said before the application exists, though it may never be loaded.
-    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);
     QApplication::setWindowIcon(kevra::svgIcon("kevra"));
     // The main window is hidden while a page is looked at; only the quit path ends the program.

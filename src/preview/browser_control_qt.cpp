@@ -9,8 +9,13 @@
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QPluginLoader>
+#include <QtGui/QOpenGLContext>
 
 #include <filesystem>
+
+// Exported by Qt for its own modules, which create the shared context the same way when they come late.
+Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext *context);
+Q_GUI_EXPORT QOpenGLContext *qt_gl_global_share_context();
 
 namespace kevra {
 
@@ -56,6 +61,23 @@ QString pluginPath()
     return program.filePath(pluginFile);
 }
 
+/// What AA_ShareOpenGLContexts has an application do when it starts. The web engine cannot do without it, and
+/// it costs as much as the whole start of a program that may never show a page.
+void shareGraphicsContexts()
+{
+    if (qt_gl_global_share_context())
+        return;
+    auto *context = new QOpenGLContext;
+    context->setFormat(QSurfaceFormat::defaultFormat());
+    context->create();
+    qt_gl_set_global_share_context(context);
+    // Behind the engine's own end, which is asked for later and so comes first.
+    qAddPostRoutine([] {
+        delete qt_gl_global_share_context();
+        qt_gl_set_global_share_context(nullptr);
+    });
+}
+
 } // namespace
 
 BrowserControlQt::BrowserControlQt(BrowserWindow &window)
@@ -70,6 +92,7 @@ bool BrowserControlQt::loadEngine()
     if (m_engine)
         return true;
     // The plugin stays loaded when this object goes: the engine cannot be started twice.
+    shareGraphicsContexts();
     QPluginLoader loader(pluginPath());
     auto *plugin = qobject_cast<BrowserEnginePlugin *>(loader.instance());
     if (!plugin)
