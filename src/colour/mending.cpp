@@ -59,4 +59,14 @@ void mendScript(EditorSurface &document, TextRange touched, Colour code, ScriptM
     document.Select(selection);
 }
 
+void mendNewText(EditorSurface &document, TextRange touched, const DocumentState &state)
+{
+    if (!state.takesColour())
+        document.SetColours(touched, {});
+    else if (state.scriptTools)
+        mendScript(document, touched, state.codeColour, ScriptMending::Whole);
+    else
+        mendTags(document, touched, state.codeColour);
+}
+
 } // namespace kevra

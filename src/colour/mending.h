@@ -21,4 +21,7 @@ inline constexpr Offset smallScript = 256 * 1024;
 
 void mendScript(EditorSurface &document, TextRange touched, Colour code, ScriptMending extent);
 
+/// `touched` is new text: black where no colour is wanted, else as the tools that are shown colour it.
+void mendNewText(EditorSurface &document, TextRange touched, const DocumentState &state);
+
 } // namespace kevra

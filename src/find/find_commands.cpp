@@ -90,13 +90,7 @@ void FindCommands::replace(TextRange range, std::string_view text)
     m_document.Replace(range, text);
     m_state.unsaved = true;
     const auto caret = m_document.Selection();
-    const TextRange touched{range.start, range.start + std::ssize(text)};
-    if (!m_state.takesColour())
-        m_document.SetColours(touched, {});
-    else if (m_state.scriptTools)
-        mendScript(m_document, touched, m_state.codeColour, ScriptMending::Whole);
-    else
-        mendTags(m_document, touched, m_state.codeColour);
+    mendNewText(m_document, {range.start, range.start + std::ssize(text)}, m_state);
     m_document.Select(caret);
 }
 
