@@ -32,7 +32,7 @@ constexpr std::array outcomeTexts{
     OutcomeText{FileOutcome::EncodingTooSmall, "its encoding cannot hold the replacement"},
     OutcomeText{FileOutcome::BackupFailed, "the backup could not be written"},
     OutcomeText{FileOutcome::NotAFile, "is no file"},
-    OutcomeText{FileOutcome::Denied, "must not be written"},
+    OutcomeText{FileOutcome::Denied, "is write-protected"},
     OutcomeText{FileOutcome::DiskFull, "the disk is full"},
     OutcomeText{FileOutcome::WriteFailed, "could not be written"},
 };
