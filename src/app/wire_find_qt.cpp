@@ -8,6 +8,8 @@
 
 #include <QtGui/QShortcut>
 
+#include <algorithm>
+
 namespace kevra {
 
 namespace {
@@ -34,11 +36,12 @@ public:
             return;
         auto &document = m_app.mainWindow().document();
         const FlagGuard busy(m_app.document.busyLoadingOrSaving);
-        const auto line = document.FirstVisibleLine();
+        const auto view = document.FirstVisibleLine();
+        const auto line = document.GetLineFromChar(document.Selection().end);
         document.Replace({0, document.Length()}, opened->decoded.text);
-        colour();
-        document.SetSelStart(0);
-        document.SetFirstVisibleLine(line);
+        mendNewText(document, {0, document.Length()}, m_app.document);
+        document.SetSelStart(document.lineRange(std::min(line, document.lineCount() - 1)).start);
+        document.SetFirstVisibleLine(view);
         document.setSavePoint();
         m_app.file.take(std::move(*opened));
         m_app.document.unsaved = false;
@@ -54,18 +57,6 @@ private:
             return false;
         const auto mine = m_app.files.stamp(current);
         return path == current || (mine && mine == m_app.files.stamp(path));
-    }
-
-    void colour()
-    {
-        auto &document = m_app.mainWindow().document();
-        const TextRange whole{0, document.Length()};
-        if (!m_app.document.takesColour())
-            document.SetColours(whole, {});
-        else if (m_app.document.scriptTools)
-            mendScript(document, whole, m_app.document.codeColour, ScriptMending::Whole);
-        else
-            mendTags(document, whole, m_app.document.codeColour);
     }
 
     Application &m_app;

@@ -19,7 +19,7 @@ protected:
         for (const auto *name : {"page.htm", "site/other.htm", "site/data.bin"}) {
             QFile page(folder.filePath(name));
             EXPECT_TRUE(page.open(QFile::WriteOnly));
-            page.write("<B>old</B>\n");
+            page.write("<B>old</B>\n<P>\n");
         }
         app.start(folder.filePath("page.htm").toStdString());
         app.commands.run("mmulti");
@@ -46,12 +46,14 @@ TEST_F(MultiInProgram, TheOpenDocumentTakesWhatWasWritten)
     ASSERT_EQ(find<QTreeWidget>("lmfiles").topLevelItemCount(), 2) << "of the folder only what fits";
     find<QPushButton>("bmpreview").click();
     EXPECT_EQ(cell(0, 1) + cell(1, 1), "22");
-    EXPECT_EQ(content("page.htm"), "<B>old</B>\n");
+    EXPECT_EQ(content("page.htm"), "<B>old</B>\n<P>\n");
+    document().SetSelStart(15);
     find<QPushButton>("bmreplace").click();
-    EXPECT_EQ(content("page.htm"), "<I>old</I>\n");
-    EXPECT_EQ(content("site/other.htm"), "<I>old</I>\n");
-    EXPECT_EQ(content("site/data.bin"), "<B>old</B>\n");
-    EXPECT_EQ(document().Text(), "<I>old</I>\r\n");
+    EXPECT_EQ(document().SelStart(), 12) << "the line the caret was in";
+    EXPECT_EQ(content("page.htm"), "<I>old</I>\n<P>\n");
+    EXPECT_EQ(content("site/other.htm"), "<I>old</I>\n<P>\n");
+    EXPECT_EQ(content("site/data.bin"), "<B>old</B>\n<P>\n");
+    EXPECT_EQ(document().Text(), "<I>old</I>\r\n<P>\r\n");
     EXPECT_EQ(document().ColourAt(1), colours::defaultCode);
     EXPECT_EQ(document().ColourAt(4), colours::black);
     EXPECT_FALSE(app.document.unsaved);
@@ -62,7 +64,7 @@ TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
     document().setFocus();
     QTest::keyClicks(document().viewport(), "B");
     const auto typed = document().Text();
-    ASSERT_NE(typed, "<B>old</B>\r\n");
+    ASSERT_NE(typed, "<B>old</B>\r\n<P>\r\n");
     QString told;
     const WhenModal<QMessageBox> message([&](QMessageBox &box) {
         told = box.text();
@@ -73,8 +75,8 @@ TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
     EXPECT_TRUE(told.contains("page.htm") && told.contains("unsaved changes")) << told.toStdString();
     EXPECT_EQ(cell(0, 2), "has unsaved changes in the editor");
     find<QPushButton>("bmreplace").click();
-    EXPECT_EQ(content("page.htm"), "<B>old</B>\n");
-    EXPECT_EQ(content("site/other.htm"), "<I>old</I>\n");
+    EXPECT_EQ(content("page.htm"), "<B>old</B>\n<P>\n");
+    EXPECT_EQ(content("site/other.htm"), "<I>old</I>\n<P>\n");
     EXPECT_EQ(document().Text(), typed);
 }
 
