@@ -48,7 +48,7 @@ struct MenuRow {
 constexpr MenuRow menuRows[] = {
     {"mfile", "&File", nullptr},
     {"mbsaveas", "&SaveAs", ""},
-    {"mexit", "&Exit", ""},
+    {"mexit", "&Exit", "Ctrl+Q"},
     {"mview", "&View", nullptr},
     {"mtextview", "&View Text", "Esc"},
     {"m15", "&15\" View - 800x600", ""},
