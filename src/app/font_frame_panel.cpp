@@ -2,6 +2,7 @@
 #include "app/font_frame_panel.h"
 
 #include "app/named_qt.h"
+#include "platform/text_qt.h"
 #include "settings/fonts.h"
 
 #include <QtWidgets/QComboBox>
@@ -16,7 +17,7 @@ constexpr int standardEntry = 1;
 template <typename Entries> void fill(QComboBox &box, const Entries &entries)
 {
     for (const auto entry : entries)
-        box.addItem(QString::fromLatin1(entry.data(), static_cast<qsizetype>(entry.size())));
+        box.addItem(textOf(entry));
     box.setCurrentIndex(standardEntry);
 }
 

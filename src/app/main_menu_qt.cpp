@@ -2,6 +2,7 @@
 #include "app/main_menu_qt.h"
 
 #include "app/commands.h"
+#include "platform/text_qt.h"
 
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -9,11 +10,6 @@
 namespace kevra {
 
 namespace {
-
-QString textOf(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 std::string_view commandOf(const MenuRow &row)
 {

@@ -13,6 +13,7 @@
 #include "app/window_geometry_qt.h"
 #include "editor/editor_control_qt.h"
 #include "editor/words.h"
+#include "platform/text_qt.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
@@ -34,11 +35,6 @@ constexpr QSize firstSize(1024, 720);
 constexpr long textMargin = 4; ///< pixels left of the text
 constexpr std::chrono::milliseconds patienceTick{50};
 constexpr int patienceTicks = 8;
-
-QString textOf(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 TwipSize wantedSize(const QWidget &widget)
 {

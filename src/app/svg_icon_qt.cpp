@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/svg_icon_qt.h"
 
+#include "platform/text_qt.h"
+
 #include <QtCore/QFile>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QIconEngine>
@@ -62,7 +64,7 @@ private:
 QIcon svgIcon(std::string_view name)
 {
     registerIcons();
-    QFile file(":/icons/" + QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())) + ".svg");
+    QFile file(":/icons/" + textOf(name) + ".svg");
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QIcon(new SvgIconEngine(file.readAll()));

@@ -3,6 +3,7 @@
 
 #include "app/commands.h"
 #include "app/svg_icon_qt.h"
+#include "platform/text_qt.h"
 
 #include <QtWidgets/QToolButton>
 
@@ -11,11 +12,6 @@ namespace kevra {
 namespace {
 
 constexpr int iconEdge = 24;
-
-QString textOf(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 } // namespace
 

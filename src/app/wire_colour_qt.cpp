@@ -7,6 +7,7 @@
 #include "colour/snippet_commands.h"
 #include "colour/snippet_panel.h"
 #include "colour/typing_colouring.h"
+#include "platform/text_qt.h"
 
 #include <QtWidgets/QFrame>
 
@@ -76,7 +77,7 @@ void wireSnippetPanels(Application &app)
     };
     for (const auto panel :
         {SnippetPanel::Web1, SnippetPanel::Web2, SnippetPanel::Script1, SnippetPanel::Script2})
-        fillSnippetPanel(window.frame(QString::fromUtf8(frameName(panel).data())), panel, hooks);
+        fillSnippetPanel(window.frame(textOf(frameName(panel))), panel, hooks);
     window.layOut();
 }
 

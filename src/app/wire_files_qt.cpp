@@ -9,8 +9,8 @@
 #include "files/review_bar_panel.h"
 #include "files/save_commands.h"
 #include "platform/end_signals_qt.h"
+#include "platform/text_qt.h"
 
-#include <QtCore/QFile>
 #include <QtGui/QSessionManager>
 #include <QtWidgets/QApplication>
 
@@ -23,11 +23,6 @@ using namespace std::chrono_literals;
 constexpr auto recordDelay = 2s; ///< so that, with the writing, three seconds of typing are lost at most
 constexpr auto statusDelay = 200ms;
 constexpr Offset largeDeletion = 200; ///< characters worth a record of their own before they go
-
-QString textOf(const std::string &path)
-{
-    return QString::fromLocal8Bit(path.data(), static_cast<qsizetype>(path.size()));
-}
 
 /// Everything of the document's files that lives as long as the windows.
 class FilesSide : public QObject, private ReviewView {
@@ -105,7 +100,7 @@ void FilesSide::bindCommands()
     commands.bind(
         "msaveas", [this] { m_offer.reviewing() ? m_offer.saveReviewed() : m_saving.saveAsMenu(); });
     connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const QString &path) {
-        const auto file = QFile::encodeName(path).toStdString();
+        const auto file = pathBytes(path);
         if (!m_app.takesDroppedFile || !m_app.takesDroppedFile(file))
             abandonReviewAnd([&] { m_opening.openDropped(file); });
     });
@@ -197,7 +192,7 @@ void FilesSide::watchEnd()
 
 void FilesSide::showReview(const std::string &description)
 {
-    m_bar.setDescription(textOf(description));
+    m_bar.setDescription(pathText(description));
     m_app.mainWindow().addToolBarBreak();
     m_app.mainWindow().addToolBar(&m_bar);
     m_bar.show();

@@ -4,18 +4,13 @@
 #include "app/main_menu_qt.h"
 #include "app/wiring_qt.h"
 #include "files/recent_files.h"
+#include "platform/text_qt.h"
 
-#include <QtCore/QFile>
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMenu>
 
 namespace kevra {
 namespace {
-
-QString pathText(const std::string &path)
-{
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
 
 /// The submenu `mrecent`; what is gone from the disk is not offered.
 class RecentMenu : public QObject {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
+#include "platform/text_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/message_box_reference_window.h"
@@ -73,8 +74,7 @@ QWidget *PreviewSide::makeBrowser()
     m_control = std::make_unique<BrowserControlQt>(*m_window);
     m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_app.mainWindow().document(), m_app.document,
         m_app.state, m_app.files, m_app.file, m_app.backups, m_app.messages, m_app.mainWindow(), *this,
-        *m_control, [](const std::string &name) { return assetPath(name); },
-        QFile::encodeName(QDir::homePath()).toStdString()});
+        *m_control, [](const std::string &name) { return assetPath(name); }, pathBytes(QDir::homePath())});
     m_control->setCommands(commands());
     connectBrowser();
     return m_window;

@@ -2,6 +2,7 @@
 #include "colour/snippet_panel.h"
 
 #include "app/fitted_button_qt.h"
+#include "platform/text_qt.h"
 
 #include <QtGui/QHelpEvent>
 #include <QtWidgets/QFrame>
@@ -17,11 +18,6 @@ namespace {
 constexpr int gapInGroup = 2; // device-independent pixels
 constexpr int gapBetweenGroups = 8;
 constexpr int sidePadding = 12;
-
-QString textOf(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 class SnippetButton : public QToolButton {
 public:

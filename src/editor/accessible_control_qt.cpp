@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/accessible_control_qt.h"
 
+#include "platform/text_qt.h"
+
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -12,11 +14,6 @@ using Sci = QsciScintillaBase;
 
 /// Bytes of a change that a screen reader is told; who loads a large file is not read all of it.
 constexpr Offset toldAtMost = 1 << 20;
-
-QString toText(std::string_view bytes)
-{
-    return QString::fromUtf8(bytes.data(), std::ssize(bytes));
-}
 
 QAccessibleInterface *makeInterface(const QString &className, QObject *object)
 {
@@ -131,7 +128,7 @@ void AccessibleControl::setCursorPosition(int offset)
 
 QString AccessibleControl::text(int start, int end) const
 {
-    return toText(m_control.Text({positionOf(start), positionOf(end)}));
+    return textOf(m_control.Text({positionOf(start), positionOf(end)}));
 }
 
 QString AccessibleControl::textBeforeOffset(
@@ -281,7 +278,7 @@ AccessibilityNews::~AccessibilityNews()
 void AccessibilityNews::keepRemoved(Offset position, Offset length)
 {
     if (m_listened)
-        m_removed = toText(m_control.Text({position, position + std::min(length, toldAtMost)}));
+        m_removed = textOf(m_control.Text({position, position + std::min(length, toldAtMost)}));
 }
 
 void AccessibilityNews::textChanged(Offset position, Offset removed, Offset added)
@@ -296,7 +293,7 @@ void AccessibilityNews::textChanged(Offset position, Offset removed, Offset adde
     }
     if (added > 0) {
         const auto end = position + std::min(added, toldAtMost);
-        QAccessibleTextInsertEvent event(&m_control, offset, toText(m_control.Text({position, end})));
+        QAccessibleTextInsertEvent event(&m_control, offset, textOf(m_control.Text({position, end})));
         m_tell(&event);
     }
 }

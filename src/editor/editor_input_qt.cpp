@@ -2,6 +2,7 @@
 // What the user does to the control: keys, input methods, mouse, clipboard, drag and drop.
 #include "editor/edit_scope_qt.h"
 #include "editor/editor_control_qt.h"
+#include "platform/text_qt.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -408,7 +409,7 @@ QMimeData *EditorControl::toMimeData(const QByteArray &, bool) const
     const auto text = Text(Selection());
     auto *mime = new QMimeData;
     // With the desktop's line breaks: elsewhere the document's show as marks or as empty lines.
-    mime->setText(QString::fromUtf8(text.data(), std::ssize(text)).replace("\r\n", "\n"));
+    mime->setText(textOf(text).replace("\r\n", "\n"));
     return mime;
 }
 

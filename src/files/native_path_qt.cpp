@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/native_path_qt.h"
 
+#include "platform/text_qt.h"
+#include "settings/keys.h"
+
 #include <QtCore/QDir>
-#include <QtCore/QFile>
 #include <QtCore/QStandardPaths>
 
 namespace kevra {
@@ -17,7 +19,7 @@ std::string nativePath(const std::string &path)
         return path;
     const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     QDir().mkpath(documents);
-    return QFile::encodeName(documents).toStdString() + (rest.empty() ? rest : '/' + rest.substr(1));
+    return pathBytes(documents) + (rest.empty() ? rest : '/' + rest.substr(1));
 }
 
 } // namespace kevra

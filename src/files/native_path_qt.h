@@ -5,9 +5,6 @@
 
 namespace kevra {
 
-/// The default of the temporary folder as it is stored.
-inline constexpr auto defaultTempFolder = "C:\\My Documents";
-
 /// `path` as this machine has it. There are no drive letters here: the default temporary folder, and what
 /// lies in it, is read as the user's documents folder, which is created when it is missing.
 [[nodiscard]] std::string nativePath(const std::string &path);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/folder_files_qt.h"
 
+#include "platform/text_qt.h"
+
 #include <QtCore/QDirIterator>
-#include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 
 #include <algorithm>
@@ -16,8 +17,7 @@ constexpr std::size_t entriesBetweenQuestions = 256;
 QRegularExpression anyOf(std::string_view patterns)
 {
     QStringList alternatives;
-    for (const auto &pattern : QString::fromUtf8(patterns.data(), static_cast<qsizetype>(patterns.size()))
-                                   .split(QRegularExpression("[;\\s]+"), Qt::SkipEmptyParts))
+    for (const auto &pattern : textOf(patterns).split(QRegularExpression("[;\\s]+"), Qt::SkipEmptyParts))
         alternatives << QRegularExpression::wildcardToRegularExpression(pattern);
     return QRegularExpression(alternatives.join('|'), QRegularExpression::CaseInsensitiveOption);
 }
@@ -30,12 +30,12 @@ std::optional<std::vector<std::string>> filesInFolder(const std::string &folder,
     const auto fits = anyOf(patterns);
     std::vector<std::string> files;
     // Folders too, so that the question is asked also where there is no file for long.
-    QDirIterator it(QFile::decodeName(QByteArray::fromStdString(folder)),
-        QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    QDirIterator it(
+        pathText(folder), QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
     for (std::size_t entries = 1; it.hasNext(); ++entries) {
         const auto path = it.next();
         if (fits.match(it.fileName()).hasMatch() && it.fileInfo().isFile())
-            files.push_back(QFile::encodeName(path).toStdString());
+            files.push_back(pathBytes(path));
         if (entries % entriesBetweenQuestions == 0 && !goesOn(files.size()))
             return std::nullopt;
     }

@@ -4,9 +4,9 @@
 #include "app/named_qt.h"
 #include "editor/flag_guard.h"
 #include "find/folder_files_qt.h"
+#include "platform/text_qt.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtCore/QTimer>
@@ -29,11 +29,6 @@ constexpr QSize firstSize(800, 520);
 constexpr int pathWidth = 320;
 constexpr int hitsWidth = 60;
 enum Column { PathColumn, HitsColumn, OutcomeColumn };
-
-QString textOf(const std::string &path)
-{
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
 
 } // namespace
 
@@ -173,8 +168,8 @@ void MultiDialog::showFiles(const std::vector<ListedFile> &files)
     m_list->clear();
     QList<QTreeWidgetItem *> items;
     for (const auto &file : files) {
-        items.append(new QTreeWidgetItem({textOf(file.path)}));
-        items.back()->setToolTip(PathColumn, textOf(file.path));
+        items.append(new QTreeWidgetItem({pathText(file.path)}));
+        items.back()->setToolTip(PathColumn, pathText(file.path));
         items.back()->setTextAlignment(HitsColumn, Qt::AlignCenter);
     }
     m_list->addTopLevelItems(items);
@@ -232,7 +227,7 @@ void MultiDialog::add(const std::vector<std::string> &paths)
     run([&] {
         std::vector<std::string> all;
         for (const auto &path : paths) {
-            if (!QFileInfo(textOf(path)).isDir()) {
+            if (!QFileInfo(pathText(path)).isDir()) {
                 all.push_back(path);
                 continue;
             }
@@ -276,7 +271,7 @@ void MultiDialog::dropEvent(QDropEvent *event)
     std::vector<std::string> paths;
     for (const auto &url : event->mimeData()->urls())
         if (url.isLocalFile())
-            paths.push_back(QFile::encodeName(url.toLocalFile()).toStdString());
+            paths.push_back(pathBytes(url.toLocalFile()));
     event->setDropAction(Qt::CopyAction);
     event->accept();
     // Later, so that the program they come from does not wait while a folder is looked through.

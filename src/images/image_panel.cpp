@@ -3,8 +3,8 @@
 
 #include "app/fitted_button_qt.h"
 #include "app/named_qt.h"
+#include "platform/text_qt.h"
 
-#include <QtCore/QFile>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLineEdit>
@@ -87,7 +87,7 @@ void ImagePanel::enableTag(bool on)
 void ImagePanel::showSpecification(const std::string &size, const std::string &path)
 {
     m_size->setText(QString::fromStdString(size));
-    m_path->setText(QFile::decodeName(QByteArray::fromStdString(path)));
+    m_path->setText(pathText(path));
     m_path->setToolTip(m_path->text());
 }
 

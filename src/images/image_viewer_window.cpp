@@ -2,6 +2,7 @@
 #include "images/image_viewer_window.h"
 
 #include "platform/geometry.h"
+#include "platform/text_qt.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QPainter>
@@ -60,7 +61,7 @@ void ImageViewerWindow::showFor(PictureSize size, const QRect &room)
     const auto screenSize = screen()->size();
     const auto plan = viewerPlan(size, std::int64_t{screenSize.width()} * twipsPerPixel,
         std::int64_t{screenSize.height()} * twipsPerPixel);
-    setWindowTitle(QString::fromUtf8(plan.caption.data(), static_cast<qsizetype>(plan.caption.size())));
+    setWindowTitle(textOf(plan.caption));
     const auto height = std::max<std::int64_t>(plan.height - titleBarTwips, twipsPerPixel);
     resize(static_cast<int>(plan.width / twipsPerPixel), static_cast<int>(height / twipsPerPixel));
     m_picture->move(0, 0);

@@ -2,6 +2,7 @@
 #include "images/picture_decoder_qt.h"
 
 #include "images/whole_picture.h"
+#include "platform/text_qt.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -33,7 +34,7 @@ bool isWhole(const QString &name, const QByteArray &format)
 
 bool open(QImageReader &reader, const std::string &path)
 {
-    const auto name = QFile::decodeName(QByteArray::fromStdString(path));
+    const auto name = pathText(path);
     if (!QFileInfo(name).isFile())
         return false;
     // The content decides, so that no other decoder is ever let at the file for its name.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/clipboard_qt.h"
 
+#include "platform/text_qt.h"
+
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 
@@ -20,7 +22,7 @@ void ClipboardQt::clear()
 
 void ClipboardQt::setText(std::string_view text)
 {
-    auto content = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    auto content = textOf(text);
     QGuiApplication::clipboard()->setText(content.replace("\r\n", "\n"));
 }
 

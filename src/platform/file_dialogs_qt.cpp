@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/file_dialogs_qt.h"
 
+#include "platform/text_qt.h"
+
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QComboBox>
@@ -38,19 +40,9 @@ QStringList setFilters(QFileDialog &dialog, const std::vector<FileFilter> &filte
     return lines;
 }
 
-std::string bytesOf(const QString &path)
-{
-    return QFile::encodeName(path).toStdString();
-}
-
-QString pathOf(const std::string &bytes)
-{
-    return QFile::decodeName(QByteArray::fromStdString(bytes));
-}
-
 void startIn(QFileDialog &dialog, const std::string &folder)
 {
-    if (const QFileInfo start(pathOf(folder)); start.isDir())
+    if (const QFileInfo start(pathText(folder)); start.isDir())
         dialog.setDirectory(start.absoluteFilePath());
 }
 
@@ -71,7 +63,7 @@ std::vector<std::string> runDialog(QFileDialog &dialog)
     std::vector<std::string> paths;
     if (dialog.exec() == QDialog::Accepted)
         for (const auto &path : dialog.selectedFiles())
-            paths.push_back(bytesOf(path));
+            paths.push_back(pathBytes(path));
     return paths;
 }
 
@@ -110,7 +102,7 @@ std::optional<SaveChoice> FileDialogsQt::saveFile(const SaveRequest &request)
         dialog.selectNameFilter(filters[request.filterIndex - 1]);
     startIn(dialog, request.folder);
     if (!request.proposedName.empty()) {
-        const QFileInfo proposed(pathOf(request.proposedName));
+        const QFileInfo proposed(pathText(request.proposedName));
         if (proposed.isAbsolute())
             dialog.setDirectory(proposed.absolutePath());
         dialog.selectFile(proposed.fileName());

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/process_start_qt.h"
 
-#include <QtCore/QFile>
+#include "platform/text_qt.h"
+
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcess>
 
@@ -52,18 +53,13 @@ void goOnAlone()
 }
 #endif
 
-QString fileName(const std::string &path)
-{
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
-
 } // namespace
 
 bool ProcessStartQt::start(const std::string &path)
 {
     QProcess process;
     // Absolute, because a bare name would be looked for in the folders of PATH.
-    process.setProgram(QFileInfo(fileName(path)).absoluteFilePath());
+    process.setProgram(QFileInfo(pathText(path)).absoluteFilePath());
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
@@ -83,7 +79,7 @@ bool ProcessStartQt::runsWithoutExtension(const std::string &path) const
     static_cast<void>(path);
     return false;
 #else
-    const QFileInfo file(fileName(path));
+    const QFileInfo file(pathText(path));
     return file.isFile() && file.isExecutable();
 #endif
 }

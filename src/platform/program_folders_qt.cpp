@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/program_folders_qt.h"
 
+#include "platform/text_qt.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -9,11 +11,6 @@
 namespace kevra {
 
 namespace {
-
-std::string bytesOf(const QString &path)
-{
-    return QFile::encodeName(path).toStdString();
-}
 
 bool holdsAssets(const QDir &folder)
 {
@@ -43,21 +40,21 @@ ProgramFolders programFolders()
     folders.portable = isPortable();
     const auto autosave = folders.portable ? QCoreApplication::applicationDirPath() : stateFolder();
     QDir().mkpath(autosave);
-    folders.autosave = bytesOf(autosave);
+    folders.autosave = pathBytes(autosave);
     return folders;
 }
 
 std::string assetPath(const std::string &name)
 {
-    const auto file = QFile::decodeName(QByteArray::fromStdString(name));
+    const auto file = pathText(name);
     const QDir program(QCoreApplication::applicationDirPath());
     if (isPortable())
-        return bytesOf(program.filePath(file));
+        return pathBytes(program.filePath(file));
     const auto data = QStandardPaths::locate(QStandardPaths::GenericDataLocation, "kevra/" + file);
     if (!data.isEmpty())
-        return bytesOf(data);
+        return pathBytes(data);
     const auto installed = program.filePath("../share/kevra/" + file);
-    return bytesOf(QFileInfo::exists(installed) ? QDir::cleanPath(installed) : program.filePath(file));
+    return pathBytes(QFileInfo::exists(installed) ? QDir::cleanPath(installed) : program.filePath(file));
 }
 
 } // namespace kevra

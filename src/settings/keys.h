@@ -10,6 +10,9 @@ inline constexpr std::string_view settingsApplication = "kevra285";
 inline constexpr std::string_view optionsSection = "settings";
 inline constexpr std::string_view windowsSection = "windows";
 
+/// What an absent temporary folder means.
+inline constexpr std::string_view defaultTempFolder = R"(C:\My Documents)";
+
 struct SettingKey {
     std::string_view section;
     std::string_view name;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/settings_dialog.h"
 
+#include "platform/text_qt.h"
 #include "settings/fonts.h"
 
-#include <QtCore/QFile>
 #include <QtGui/QScreen>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
@@ -26,21 +26,6 @@ constexpr int swatchWidth = 48; // pixels
 constexpr int contentCharacters = 120; // the width at which no heading is broken
 
 enum Column { HeadingColumn, EntryColumn, ButtonColumn, SecondButtonColumn };
-
-QString text(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-QString pathText(const std::string &bytes)
-{
-    return QFile::decodeName(QByteArray::fromStdString(bytes));
-}
-
-std::string pathBytes(const QString &path)
-{
-    return QFile::encodeName(path).toStdString();
-}
 
 QColor screenColour(Colour colour)
 {
@@ -143,8 +128,8 @@ QWidget *SettingsDialog::switches()
 void SettingsDialog::addYesNo(QGridLayout &grid, const YesNoGroup &group)
 {
     auto *lamp = new QLabel;
-    lamp->setObjectName(text(group.lamp));
-    lamp->setAccessibleDescription(text(group.heading));
+    lamp->setObjectName(textOf(group.lamp));
+    lamp->setAccessibleDescription(textOf(group.heading));
     lamp->setAutoFillBackground(true);
     lamp->setAlignment(Qt::AlignCenter);
     lamp->setMinimumWidth(swatchWidth);
@@ -156,11 +141,11 @@ void SettingsDialog::addYesNo(QGridLayout &grid, const YesNoGroup &group)
             m_commands.setOption(option, on);
             showLamps();
         });
-        chosen->setAccessibleName(text(control.tip));
+        chosen->setAccessibleName(textOf(control.tip));
         return chosen;
     };
     const auto row = grid.rowCount();
-    grid.addWidget(heading(text(group.heading), this), row, HeadingColumn);
+    grid.addWidget(heading(textOf(group.heading), this), row, HeadingColumn);
     grid.addWidget(lamp, row, EntryColumn);
     grid.addWidget(choice(group.yes, "Yes", true), row, ButtonColumn);
     grid.addWidget(choice(group.no, "No", false), row, SecondButtonColumn);
@@ -201,7 +186,7 @@ void SettingsDialog::addEntry(
 {
     if (auto *line = qobject_cast<QLineEdit *>(entry))
         connect(line, &QLineEdit::returnPressed, this, apply);
-    addRow(grid, text(group.label.empty() ? group.heading : group.label), entry,
+    addRow(grid, textOf(group.label.empty() ? group.heading : group.label), entry,
         button(group.apply.name, "APPLY", group.apply.tip, std::move(apply)));
 }
 
@@ -244,7 +229,7 @@ QWidget *SettingsDialog::program()
     grid.setColumnStretch(EntryColumn, 1);
     m_program = lineEdit(groups::program);
     m_menuText = lineEdit(groups::menuText);
-    grid.addWidget(heading(text(groups::program.heading), this), grid.rowCount(), HeadingColumn, 1, -1);
+    grid.addWidget(heading(textOf(groups::program.heading), this), grid.rowCount(), HeadingColumn, 1, -1);
     auto *choice = new QWidget;
     auto *line = new QHBoxLayout(choice);
     line->setContentsMargins({});
@@ -269,18 +254,18 @@ QWidget *SettingsDialog::program()
 QLineEdit *SettingsDialog::lineEdit(const EntryGroup &group)
 {
     auto *line = new QLineEdit;
-    line->setObjectName(text(group.entry.name));
-    line->setAccessibleName(text(group.entry.tip));
+    line->setObjectName(textOf(group.entry.name));
+    line->setAccessibleName(textOf(group.entry.tip));
     return line;
 }
 
 QComboBox *SettingsDialog::listBox(const EntryGroup &group, std::span<const std::string_view> items)
 {
     auto *box = new QComboBox;
-    box->setObjectName(text(group.entry.name));
-    box->setAccessibleName(text(group.entry.tip));
+    box->setObjectName(textOf(group.entry.name));
+    box->setAccessibleName(textOf(group.entry.tip));
     for (const auto item : items)
-        box->addItem(text(item));
+        box->addItem(textOf(item));
     return box;
 }
 
@@ -288,8 +273,8 @@ QPushButton *SettingsDialog::button(
     std::string_view name, const QString &caption, std::string_view tip, std::function<void()> clicked)
 {
     auto *made = new QPushButton(caption, this);
-    made->setObjectName(text(name));
-    made->setToolTip(text(tip));
+    made->setObjectName(textOf(name));
+    made->setToolTip(textOf(tip));
     // Return in an entry applies that entry alone.
     made->setAutoDefault(false);
     connect(made, &QPushButton::clicked, this, std::move(clicked));

@@ -2,6 +2,7 @@
 #include "settings/settings_store_qt.h"
 
 #include "platform/file_handle_qt.h"
+#include "platform/text_qt.h"
 #include "settings/ini_text.h"
 
 #include <QtCore/QFile>
@@ -9,11 +10,6 @@
 namespace kevra {
 
 namespace {
-
-QString textOf(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QString keyOf(std::string_view section, std::string_view key)
 {

@@ -12,7 +12,6 @@ namespace kevra {
 
 namespace {
 
-constexpr std::string_view defaultTempFolder = R"(C:\My Documents)";
 constexpr std::uint32_t largestColour = 0xFFFFFF;
 
 /// A whole number and nothing else; what is not one counts as never stored.

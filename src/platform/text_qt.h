@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Texts and paths on their way between the logic, which holds bytes, and the windows.
+#pragma once
+
+#include <QtCore/QFile>
+#include <QtCore/QString>
+
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+[[nodiscard]] inline QString textOf(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// A path to show or to give to the toolkit, from its bytes in the file system.
+[[nodiscard]] inline QString pathText(const std::string &bytes)
+{
+    return QFile::decodeName(QByteArray::fromStdString(bytes));
+}
+
+[[nodiscard]] inline std::string pathBytes(const QString &path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+} // namespace kevra
