@@ -74,15 +74,19 @@ Checker::Checker(EditorSurface &document, DocumentState &state, MainView &view)
 
 void Checker::runDebugger()
 {
+    bool marked = false;
     {
         const BusySurface busy(m_document);
         m_view.setInformation("Debugging. . .");
-        RunDebugger();
+        marked = RunDebugger();
     }
     m_document.SetFocus();
+    // The inert control kept its view; the faulty line is worth scrolling to, a good script is not.
+    if (marked)
+        m_document.SetSelStart(m_document.SelStart());
 }
 
-void Checker::RunDebugger()
+bool Checker::RunDebugger()
 {
     const ProgrammaticChange guard(m_state);
     const auto result = check(m_document.Text(), m_state.ifChecking);
@@ -96,6 +100,7 @@ void Checker::RunDebugger()
     else
         m_document.SetSelStart(0);
     m_view.levelLineNumbers();
+    return result.fault.has_value();
 }
 
 void Checker::recolour()

@@ -39,8 +39,9 @@ public:
 
     /// The command: shows that it is at work, runs, and gives the document the focus.
     void runDebugger();
-    /// The run itself: verdict in the information box, faulty line red, colours put back.
-    void RunDebugger();
+    /// The run itself: verdict in the information box, faulty line red, colours put back. True when there is
+    /// a faulty line.
+    bool RunDebugger();
     /// The line that Return has just ended, its line break included.
     void checkFinishedLine(TextRange line);
 
