@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/check_report.h"
 
+#include "files/text_codec.h"
+
 #include <cstdio>
 
 namespace kevra {
@@ -47,7 +49,8 @@ std::string gccReport(const CheckedFile &file)
 /// One object a file, on a line of its own.
 std::string jsonReport(const CheckedFile &file)
 {
-    std::string out = "{\"file\": " + jsonString(file.name)
+    // A name may be any bytes, JSON is UTF-8.
+    std::string out = "{\"file\": " + jsonString(decodeFile(file.name, TextKind::Script).text)
         + ", \"ok\": " + (file.findings.empty() ? "true" : "false") + ", \"findings\": [";
     for (const auto &finding : file.findings) {
         const auto line = finding.line == 0 ? std::string("null") : std::to_string(finding.line);

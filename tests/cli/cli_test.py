@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Runs the built kevra-cli as a shell would: cli_test.py PROGRAM"""
 import json
+import os
 import pathlib
 import subprocess
 import sys
@@ -20,7 +21,7 @@ class Cli(unittest.TestCase):
         self.addCleanup(self.folder.cleanup)
 
     def file(self, name, data):
-        path = pathlib.Path(self.folder.name, name)
+        path = pathlib.Path(self.folder.name, os.fsdecode(name))
         path.write_bytes(data)
         return str(path)
 
@@ -45,6 +46,7 @@ class Cli(unittest.TestCase):
     def test_check_json(self):
         code, output, _ = self.run_cli("check", "--format=json", self.file('a"b.vbs', BAD))
         self.assertEqual(code, 1)
+        json.loads(self.run_cli("check", "--format=json", self.file(b"caf\xe9.vbs", BAD))[1])
         finding = json.loads(output)
         self.assertEqual(finding["findings"], [{"line": 2, "text": "Wrong spacing at equal sign - Line 2"}])
 
