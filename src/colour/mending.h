@@ -17,7 +17,7 @@ enum class ScriptMending {
 };
 
 /// Documents up to this size, in bytes, are coloured as a whole even at a single key.
-inline constexpr Offset smallScript = 256 * 1024;
+inline constexpr Offset smallScript = Offset{256} * 1024;
 
 void mendScript(EditorSurface &document, TextRange touched, Colour code, ScriptMending extent);
 

@@ -88,7 +88,7 @@ public:
         ASSERT_EQ(m_control.SelColor(), m_memory.SelColor());
         ASSERT_TRUE(painted(m_control) == painted(m_memory));
     }
-    void compareAnywhere() { compareAround(below(m_memory.Length())); }
+    void compareAnywhere() { compareAround(below(m_memory.Length() + 1)); }
 
 private:
     void both(const std::function<void(EditorSurface &)> &action)
