@@ -1,91 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the user does to the control: keys, input methods, mouse, clipboard, drag and drop.
+// What the user does to the control: clipboard, mouse, drag and drop; keys are in editor_keys_qt.cpp.
 #include "editor/edit_scope_qt.h"
 #include "editor/editor_control_qt.h"
 #include "platform/text_qt.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QUrl>
 
 #include <algorithm>
-#include <array>
 
 namespace kevra {
 namespace {
-
-using Sci = QsciScintillaBase;
-
-struct KeyBinding {
-    int key;
-    int modifiers;
-    int command;
-};
-
-constexpr int none = 0;
-constexpr int shift = Sci::SCMOD_SHIFT;
-constexpr int ctrl = Sci::SCMOD_CTRL;
-
-// Moving, selecting and deleting as every editor on the desktop has them. Scintilla's own table has a few
-// more, which take a line away at a key that means something else elsewhere.
-constexpr std::array keyBindings{
-    KeyBinding{Sci::SCK_DOWN, none, Sci::SCI_LINEDOWN},
-    KeyBinding{Sci::SCK_DOWN, shift, Sci::SCI_LINEDOWNEXTEND},
-    KeyBinding{Sci::SCK_DOWN, ctrl, Sci::SCI_LINESCROLLDOWN},
-    KeyBinding{Sci::SCK_UP, none, Sci::SCI_LINEUP},
-    KeyBinding{Sci::SCK_UP, shift, Sci::SCI_LINEUPEXTEND},
-    KeyBinding{Sci::SCK_UP, ctrl, Sci::SCI_LINESCROLLUP},
-    KeyBinding{Sci::SCK_LEFT, none, Sci::SCI_CHARLEFT},
-    KeyBinding{Sci::SCK_LEFT, shift, Sci::SCI_CHARLEFTEXTEND},
-    KeyBinding{Sci::SCK_LEFT, ctrl, Sci::SCI_WORDLEFT},
-    KeyBinding{Sci::SCK_LEFT, ctrl | shift, Sci::SCI_WORDLEFTEXTEND},
-    KeyBinding{Sci::SCK_RIGHT, none, Sci::SCI_CHARRIGHT},
-    KeyBinding{Sci::SCK_RIGHT, shift, Sci::SCI_CHARRIGHTEXTEND},
-    KeyBinding{Sci::SCK_RIGHT, ctrl, Sci::SCI_WORDRIGHT},
-    KeyBinding{Sci::SCK_RIGHT, ctrl | shift, Sci::SCI_WORDRIGHTEXTEND},
-    KeyBinding{Sci::SCK_HOME, none, Sci::SCI_HOMEWRAP},
-    KeyBinding{Sci::SCK_HOME, shift, Sci::SCI_HOMEWRAPEXTEND},
-    KeyBinding{Sci::SCK_HOME, ctrl, Sci::SCI_DOCUMENTSTART},
-    KeyBinding{Sci::SCK_HOME, ctrl | shift, Sci::SCI_DOCUMENTSTARTEXTEND},
-    KeyBinding{Sci::SCK_END, none, Sci::SCI_LINEENDWRAP},
-    KeyBinding{Sci::SCK_END, shift, Sci::SCI_LINEENDWRAPEXTEND},
-    KeyBinding{Sci::SCK_END, ctrl, Sci::SCI_DOCUMENTEND},
-    KeyBinding{Sci::SCK_END, ctrl | shift, Sci::SCI_DOCUMENTENDEXTEND},
-    KeyBinding{Sci::SCK_PRIOR, none, Sci::SCI_PAGEUP},
-    KeyBinding{Sci::SCK_PRIOR, shift, Sci::SCI_PAGEUPEXTEND},
-    KeyBinding{Sci::SCK_NEXT, none, Sci::SCI_PAGEDOWN},
-    KeyBinding{Sci::SCK_NEXT, shift, Sci::SCI_PAGEDOWNEXTEND},
-    KeyBinding{Sci::SCK_DELETE, none, Sci::SCI_CLEAR},
-    KeyBinding{Sci::SCK_DELETE, ctrl, Sci::SCI_DELWORDRIGHT},
-    KeyBinding{Sci::SCK_BACK, none, Sci::SCI_DELETEBACK},
-    KeyBinding{Sci::SCK_BACK, shift, Sci::SCI_DELETEBACK},
-    KeyBinding{Sci::SCK_BACK, ctrl, Sci::SCI_DELWORDLEFT},
-    KeyBinding{Sci::SCK_TAB, none, Sci::SCI_TAB},
-    KeyBinding{Sci::SCK_RETURN, none, Sci::SCI_NEWLINE},
-    KeyBinding{Sci::SCK_RETURN, shift, Sci::SCI_NEWLINE},
-    KeyBinding{Sci::SCK_ADD, ctrl, Sci::SCI_ZOOMIN},
-    KeyBinding{'+', ctrl, Sci::SCI_ZOOMIN},
-    KeyBinding{'+', ctrl | shift, Sci::SCI_ZOOMIN},
-    KeyBinding{'=', ctrl, Sci::SCI_ZOOMIN},
-    KeyBinding{'-', ctrl, Sci::SCI_ZOOMOUT},
-    KeyBinding{'0', ctrl, Sci::SCI_SETZOOM},
-};
-
-struct EditKey {
-    QKeySequence::StandardKey key;
-    void (EditorControl::*command)();
-};
-
-constexpr std::array editKeys{
-    EditKey{QKeySequence::Undo, &EditorControl::undo},
-    EditKey{QKeySequence::Redo, &EditorControl::redo},
-    EditKey{QKeySequence::Cut, &EditorControl::cut},
-    EditKey{QKeySequence::Copy, &EditorControl::copy},
-    EditKey{QKeySequence::Paste, &EditorControl::paste},
-    EditKey{QKeySequence::SelectAll, &EditorControl::selectAll},
-};
 
 /// Text from elsewhere with the document's line breaks.
 QByteArray withDocumentLineBreaks(const QByteArray &text)
@@ -105,27 +32,12 @@ QByteArray withDocumentLineBreaks(const QByteArray &text)
     return out;
 }
 
-/// Control or Alt alone make a command of a key; both together are the third level of some keyboards.
-bool isText(const QKeyEvent &event)
-{
-    const bool control = event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
-    const bool alt = event.modifiers() & Qt::AltModifier;
-    return control == alt && !event.text().isEmpty() && event.text().front().isPrint();
-}
-
 bool isFiles(const QMimeData &data)
 {
     return std::ranges::any_of(data.urls(), [](const QUrl &url) { return url.isLocalFile(); });
 }
 
 } // namespace
-
-void EditorControl::bindKeys()
-{
-    send(SCI_CLEARALLCMDKEYS);
-    for (const auto &binding : keyBindings)
-        send(SCI_ASSIGNCMDKEY, binding.key | binding.modifiers << 16, binding.command);
-}
 
 void EditorControl::command(EditKind kind, unsigned message)
 {
@@ -230,96 +142,6 @@ bool EditorControl::viewportEvent(QEvent *event)
         break;
     }
     return QsciScintillaBase::viewportEvent(event);
-}
-
-void EditorControl::keyPressEvent(QKeyEvent *event)
-{
-    for (const auto &key : editKeys) {
-        if (event->matches(key.key)) {
-            (this->*key.command)();
-            return event->accept();
-        }
-    }
-    const bool modified = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        return modified ? event->ignore() : typeKey(*event, U'\r');
-    case Qt::Key_Tab:
-        return modified ? event->ignore() : typeKey(*event, U'\t');
-    case Qt::Key_Delete:
-    case Qt::Key_Backspace:
-        return deleteByKey(*event);
-    default:
-        break;
-    }
-    if (isText(*event))
-        return typeText(event->text());
-    const EditScope scope(*this, EditKind::Typing);
-    // Without its text: Scintilla would type the letter of a menu's key.
-    QKeyEvent command(event->type(), event->key(), event->modifiers());
-    QsciScintillaBase::keyPressEvent(&command);
-    event->setAccepted(command.isAccepted());
-}
-
-void EditorControl::typeKey(QKeyEvent &event, char32_t character)
-{
-    {
-        const EditScope scope(*this, EditKind::Typing);
-        announceCharacter(character);
-        QsciScintillaBase::keyPressEvent(&event);
-    }
-    // Told at once and not when the key comes up: a quick typist has the next key down by then.
-    if (character == U'\r' && m_typingHandler && !m_readOnly)
-        m_typingHandler->keyReleased(keys::enter);
-}
-
-void EditorControl::deleteByKey(QKeyEvent &event)
-{
-    {
-        const EditScope scope(*this, EditKind::Delete);
-        QsciScintillaBase::keyPressEvent(&event);
-    }
-    if (event.key() == Qt::Key_Delete && m_typingHandler && !m_readOnly)
-        m_typingHandler->keyReleased(keys::del);
-}
-
-void EditorControl::typeText(const QString &text)
-{
-    for (const char32_t character : text.toUcs4()) {
-        const EditScope scope(*this, EditKind::Typing);
-        announceCharacter(character);
-        QKeyEvent one(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
-        QsciScintillaBase::keyPressEvent(&one);
-    }
-}
-
-void EditorControl::announceCharacter(char32_t character)
-{
-    if (m_typingHandler && !m_readOnly)
-        m_typingHandler->keyTyped(character);
-}
-
-void EditorControl::inputMethodEvent(QInputMethodEvent *event)
-{
-    const EditScope scope(*this, EditKind::Typing);
-    // Takes back what was composed so far, so that the characters to come are announced in the text without
-    // it.
-    QInputMethodEvent nothing;
-    QsciScintillaBase::inputMethodEvent(&nothing);
-    if (event->replacementLength() > 0) {
-        const auto from = send(SCI_POSITIONRELATIVE, send(SCI_GETCURRENTPOS), event->replacementStart());
-        const auto to = send(SCI_POSITIONRELATIVE, from, event->replacementLength());
-        send(SCI_DELETERANGE, from, to - from);
-    }
-    for (const char32_t character : event->commitString().toUcs4()) {
-        announceCharacter(character);
-        QInputMethodEvent one;
-        one.setCommitString(QString::fromUcs4(&character, 1));
-        QsciScintillaBase::inputMethodEvent(&one);
-    }
-    QInputMethodEvent composing(event->preeditString(), event->attributes());
-    QsciScintillaBase::inputMethodEvent(&composing);
 }
 
 void EditorControl::mousePressEvent(QMouseEvent *event)
