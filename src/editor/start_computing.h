@@ -11,7 +11,7 @@ namespace kevra {
 /// gone.
 template <typename Compute> auto startComputing(std::string_view text, Compute compute)
 {
-    constexpr std::size_t worthThread = 256 * 1024;
+    constexpr std::size_t worthThread = std::size_t{256} * 1024;
     const auto policy
         = text.size() < worthThread ? std::launch::deferred : std::launch::async | std::launch::deferred;
     return std::async(policy, compute);

@@ -22,7 +22,7 @@ std::optional<std::vector<Pair>> shortestEdit(Lines before, Lines after)
     const auto n = static_cast<int>(before.size());
     const auto m = static_cast<int>(after.size());
     const int limit = std::min(n + m, maximumEdits);
-    std::vector<int> reached(static_cast<std::size_t>(2 * limit) + 3, 0);
+    std::vector<int> reached(2 * static_cast<std::size_t>(limit) + 3, 0);
     const auto at = [&](std::vector<int> &row, int k, int size) -> int & {
         return row[static_cast<std::size_t>(k + size + 1)];
     };

@@ -42,10 +42,8 @@ void RecoveryOffer::offerNext()
         const auto record = m_left.open(text);
         if (!record)
             continue;
-        // A save that came through after all.
-        if (!record->path.empty() && m_ports.files.read(record->path) == record->bytes)
-            m_left.removeSaved(text);
-        else if (offerText(text, *record))
+        const bool savedAfterAll = !record->path.empty() && m_ports.files.read(record->path) == record->bytes;
+        if (savedAfterAll || offerText(text, *record))
             m_left.removeSaved(text);
     }
 }
