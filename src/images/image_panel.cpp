@@ -15,7 +15,7 @@ namespace {
 constexpr QSize patchSize(56, 26);
 constexpr int pathCharacters = 36;
 constexpr int sizeCharacters = 14;
-constexpr int codeCharacters = 10;
+constexpr int codeCharacters = 12;
 
 QLineEdit *readOnlyBox(const char *name, const char *accessibleName, int characters, QWidget &frame)
 {
