@@ -185,21 +185,29 @@ int main(int argc, char **argv)
     CheckOptions checkOptions;
     auto *checkCommand = app.add_subcommand("check", "Look for common mistakes in scripts");
     checkCommand->add_flag("--all", checkOptions.all, "Go on after a faulty line and print every finding");
-    checkCommand->add_flag("!--no-if", checkOptions.ifChecking, "Leave out the IF/END IF count");
-    checkCommand->add_option("--format", checkOptions.format, "text, gcc or json")
+    checkCommand->add_flag_callback(
+        "--no-if", [&] { checkOptions.ifChecking = false; }, "Leave out the IF/END IF count");
+    checkCommand->add_option("--format", checkOptions.format, "How findings are printed")
+        ->option_text("text|gcc|json")
         ->transform(CLI::CheckedTransformer(std::map<std::string, CheckFormat>{
             {"text", CheckFormat::Text}, {"gcc", CheckFormat::Gcc}, {"json", CheckFormat::Json}}));
-    checkCommand->add_option("FILE", checkOptions.files, "Scripts; - is standard input")->required();
+    checkCommand->add_option("FILE", checkOptions.files, "Scripts; - is standard input")
+        ->option_text("...")
+        ->required();
 
     ColourOptions colourOptions;
     auto *colourCommand = app.add_subcommand("colour", "Print a text in its colours");
-    colourCommand->add_option("--mode", colourOptions.mode, "auto, web or script")
+    colourCommand->add_option("--mode", colourOptions.mode, "Tags, keywords, or by the file's type")
+        ->option_text("auto|web|script")
         ->transform(CLI::CheckedTransformer(
             std::map<std::string, Mode>{{"auto", Mode::Auto}, {"web", Mode::Web}, {"script", Mode::Script}}));
-    colourCommand->add_option("--format", colourOptions.format, "html, ansi or runs")
+    colourCommand->add_option("--format", colourOptions.format, "How the coloured text is printed")
+        ->option_text("html|ansi|runs")
         ->transform(CLI::CheckedTransformer(std::map<std::string, ColourFormat>{
             {"html", ColourFormat::Html}, {"ansi", ColourFormat::Ansi}, {"runs", ColourFormat::Runs}}));
-    colourCommand->add_option("FILE", colourOptions.file, "A text; - is standard input")->required();
+    colourCommand->add_option("FILE", colourOptions.file, "A text; - is standard input")
+        ->option_text(" ")
+        ->required();
 
     try {
         app.parse(argc, argv);
