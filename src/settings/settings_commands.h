@@ -72,6 +72,8 @@ public:
 
     void dialogClosed();
 
+    /// False while what was last set holds for this run alone.
+    [[nodiscard]] bool isStored() const { return m_parts.store.isStored(); }
     [[nodiscard]] const OptionsShown &options() const { return m_parts.options; }
     [[nodiscard]] const ApplicationState &application() const { return m_parts.application; }
 

@@ -90,9 +90,16 @@ void SettingsDialog::build()
     closing->button(QDialogButtonBox::Close)->setAutoDefault(false);
     connect(closing, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
+    m_notStored = new QLabel(this);
+    m_notStored->setObjectName("lnotstored");
+    m_notStored->setWordWrap(true);
+    auto *below = new QHBoxLayout;
+    below->addWidget(m_notStored, 1);
+    below->addWidget(closing);
+
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(scroll);
-    layout->addWidget(closing);
+    layout->addLayout(below);
     fitScreen(*content);
     showEntries();
 }
@@ -185,7 +192,7 @@ void SettingsDialog::addEntry(
     QGridLayout &grid, const EntryGroup &group, QWidget *entry, std::function<void()> apply)
 {
     if (auto *line = qobject_cast<QLineEdit *>(entry))
-        connect(line, &QLineEdit::returnPressed, this, apply);
+        connect(line, &QLineEdit::returnPressed, this, act(apply));
     addRow(grid, textOf(group.label.empty() ? group.heading : group.label), entry,
         button(group.apply.name, "APPLY", group.apply.tip, std::move(apply)));
 }
@@ -239,7 +246,7 @@ QWidget *SettingsDialog::program()
             m_program->setText(pathText(*path));
     }));
     const auto apply = [this] { m_commands.program().SetExternalProgram(pathBytes(m_program->text())); };
-    connect(m_program, &QLineEdit::returnPressed, this, apply);
+    connect(m_program, &QLineEdit::returnPressed, this, act(apply));
     addEntry(grid, groups::program, choice, apply);
     addEntry(grid, groups::menuText, m_menuText,
         [this] { m_commands.program().SetExternalMenuText(m_menuText->text().toStdString()); });
@@ -277,8 +284,17 @@ QPushButton *SettingsDialog::button(
     made->setToolTip(textOf(tip));
     // Return in an entry applies that entry alone.
     made->setAutoDefault(false);
-    connect(made, &QPushButton::clicked, this, std::move(clicked));
+    connect(made, &QPushButton::clicked, this, act(std::move(clicked)));
     return made;
+}
+
+std::function<void()> SettingsDialog::act(std::function<void()> command)
+{
+    return [this, command = std::move(command)] {
+        command();
+        m_notStored->setText(
+            m_commands.isStored() ? "" : "In force now, but the settings file cannot be written.");
+    };
 }
 
 void SettingsDialog::showSettings()

@@ -48,6 +48,8 @@ private:
     QPushButton *button(
         std::string_view name, const QString &caption, std::string_view tip, std::function<void()> clicked);
     void fitScreen(const QWidget &content);
+    /// Carries out what a control stands for, and says so when it could not be stored.
+    std::function<void()> act(std::function<void()> command);
     void showLamps();
     void showColour();
     void showEntries();
@@ -63,6 +65,7 @@ private:
     QPushButton *m_applyColour = nullptr;
     QLineEdit *m_program = nullptr;
     QLineEdit *m_menuText = nullptr;
+    QLabel *m_notStored = nullptr;
 };
 
 } // namespace kevra

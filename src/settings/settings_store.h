@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The per-user store of named values: application, section, key, string. Nothing here fails: a value that
-// cannot be read is its default, a value that cannot be written is lost without a word.
+// cannot be read is its default, a value that cannot be written holds as long as the program runs.
 #pragma once
 
 #include <string>
@@ -16,6 +16,8 @@ public:
     virtual void saveSetting(
         std::string_view app, std::string_view section, std::string_view key, std::string_view value)
         = 0;
+    /// Whether the next start will find the value saved last.
+    [[nodiscard]] virtual bool isStored() const { return true; }
     virtual void deleteSetting(std::string_view app, std::string_view section) = 0;
     virtual void deleteSetting(std::string_view app) = 0;
 };

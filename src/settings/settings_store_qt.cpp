@@ -44,6 +44,17 @@ QSettings::Format format()
     return ini;
 }
 
+/// What is on the disk; the library's own status stays bad after a first failure.
+bool holds(const QString &path, const QString &key, std::string_view value)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const auto values = readIni(file.readAll().toStdString()).values;
+    const auto it = values.find(key.toStdString());
+    return it != values.end() && it->second == value;
+}
+
 void copyAside(const QString &file)
 {
     const auto kept = file + ".damaged";
@@ -87,6 +98,7 @@ void SettingsStoreQt::saveSetting(
     auto &settings = fileToWrite(app);
     settings.setValue(keyOf(section, key), textOf(value));
     settings.sync();
+    m_stored = holds(settings.fileName(), keyOf(section, key), value);
 }
 
 void SettingsStoreQt::deleteSetting(std::string_view app, std::string_view section)

@@ -21,6 +21,7 @@ public:
         std::string_view fallback) const override;
     void saveSetting(std::string_view app, std::string_view section, std::string_view key,
         std::string_view value) override;
+    [[nodiscard]] bool isStored() const override { return m_stored; }
     void deleteSetting(std::string_view app, std::string_view section) override;
     void deleteSetting(std::string_view app) override;
 
@@ -30,6 +31,7 @@ private:
 
     mutable std::map<std::string, std::unique_ptr<QSettings>, std::less<>> m_files;
     std::set<std::string> m_keptAside;
+    bool m_stored = true;
 };
 
 } // namespace kevra

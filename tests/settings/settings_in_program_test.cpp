@@ -131,8 +131,13 @@ TEST_F(SettingsInProgram, OptionsWorkWithoutAFileToKeepThem)
         program.click("bfsono");
         EXPECT_FALSE(program.isChecked("mfsoset"));
         EXPECT_FALSE(program.app.document.fsoMenu);
+        const auto &notStored = *program.dialog().findChild<QLabel *>("lnotstored");
+        EXPECT_FALSE(notStored.text().isEmpty());
+        EXPECT_TRUE(QDir(file).removeRecursively());
+        program.click("bnocoms");
+        EXPECT_TRUE(notStored.text().isEmpty());
     }
-    EXPECT_TRUE(QDir(file).removeRecursively());
+    EXPECT_EQ(readSetting(SettingsStoreQt(), keys::fsoMenu), "no") << "written with the next one";
 }
 
 } // namespace
