@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/keyword_pass.h"
 
+#include "colour/add_run.h"
 #include "colour/keywords.h"
 #include "colour/literals.h"
 #include "colour/marks.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace kevra {
 namespace {
@@ -59,12 +61,27 @@ private:
     /// The stretch of ASCII word characters, which a letter of another alphabet may go on from or into.
     void word(TextRange word)
     {
-        const auto text
-            = m_text.substr(static_cast<std::size_t>(word.start), static_cast<std::size_t>(word.length()));
-        if (const auto rank = keywordRank(text); rank && isWhole(word))
-            m_visit(*rank, word);
-        if (word.end < m_range.end && byte(word.end) == ' ' && text.size() >= 3)
+        const auto length = static_cast<std::size_t>(word.length());
+        if (length < shortestKeyword)
+            return;
+        if (length <= longestKeyword) {
+            const int rank = keywordRank(lettersAt(word.start), length);
+            if (rank >= 0 && isWhole(word))
+                m_visit(rank, word);
+        }
+        if (length >= 3 && word.end < m_range.end && byte(word.end) == ' ')
             blockEnd(word.end - 3);
+    }
+
+    [[nodiscard]] PackedWord lettersAt(Offset at) const
+    {
+        PackedWord letters = 0;
+        const auto rest = m_text.size() - static_cast<std::size_t>(at);
+        if (rest >= sizeof letters)
+            std::memcpy(&letters, m_text.data() + at, sizeof letters);
+        else
+            std::memcpy(&letters, m_text.data() + at, rest);
+        return letters;
     }
 
     [[nodiscard]] bool isWhole(TextRange word) const
@@ -118,6 +135,8 @@ public:
     }
 
 private:
+    void add(const ColourRun &run) { addRun(m_runs, run, static_cast<Offset>(m_text.size())); }
+
     /// False when the pass fails there: a "next" too close to the text's start to look back from.
     bool paintKeywords(TextRange piece)
     {
@@ -125,7 +144,7 @@ private:
         forEachKeyword(m_text, piece, [&](int rank, TextRange word) {
             if (fails && rank >= nextRank && !(rank == nextRank && word.start < m_firstNext + 1))
                 return;
-            m_runs.push_back({word, m_code});
+            add({word, m_code});
             if (!fails && rank == nextRank && !followsBreakOrBlank(word.start))
                 m_runs.back().colour = colours::black;
         });
@@ -173,7 +192,7 @@ private:
             if (end < opening)
                 return false;
             if (end > opening)
-                m_runs.push_back({{opening, end}, colours::placeholder});
+                add({{opening, end}, colours::placeholder});
             at = end;
         }
         return true;
@@ -189,7 +208,7 @@ private:
             const auto end = carriageReturn == -1 ? static_cast<Offset>(m_text.size()) : carriageReturn;
             // What lies behind this piece is green already when an earlier comment of the line made it so.
             const auto paintedEnd = end <= m_greenUntil ? std::min(end, piece.end) : end;
-            m_runs.push_back({{comment, paintedEnd}, colours::separatorComment});
+            add({{comment, paintedEnd}, colours::separatorComment});
             m_greenUntil = std::max(m_greenUntil, end);
             at = std::max(end, comment + static_cast<Offset>(separatorComment.size()));
         }
@@ -262,7 +281,6 @@ private:
 ColourRuns scriptRuns(std::string_view text, Colour code)
 {
     ColourRuns runs;
-    runs.reserve(text.size() / 32);
     ScriptPass pass(text, code, runs);
     forEachPiece(text, {0, static_cast<Offset>(text.size())}, pass);
     return runs;

@@ -4,60 +4,88 @@
 #include "editor/words.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace kevra {
 namespace {
 
-constexpr std::size_t longestKeyword = 8;
+using Letters = std::array<unsigned char, longestKeyword>;
 
-/// Up to eight ASCII letters in one number. Setting the bit that makes a letter small turns no other word
-/// character into a letter.
-constexpr std::uint64_t packed(std::string_view word)
+constexpr PackedWord packed(std::string_view word)
 {
-    std::uint64_t value = 0;
-    for (const char byte : word)
-        value = value << 8 | (static_cast<unsigned char>(byte) | 0x20u);
-    return value;
+    Letters letters{};
+    std::ranges::copy(word, letters.begin());
+    return std::bit_cast<PackedWord>(letters);
 }
 
-struct PackedKeyword {
-    std::uint64_t value = 0;
-    int rank = 0;
+/// For every length a number with `byte` in the places of that many letters.
+constexpr auto repeated(unsigned char byte)
+{
+    std::array<PackedWord, longestKeyword + 1> all{};
+    for (std::size_t length = 0; length < all.size(); ++length) {
+        Letters letters{};
+        std::fill_n(letters.begin(), length, byte);
+        all[length] = std::bit_cast<PackedWord>(letters);
+    }
+    return all;
+}
+
+constexpr auto lettersOf = repeated(0xFF);
+/// Setting the bit that makes a letter small turns no other word character into a letter.
+constexpr auto smallLetters = repeated(0x20);
+
+constexpr int slotBits = 6;
+
+constexpr std::size_t slotOf(PackedWord word, std::uint64_t factor)
+{
+    return static_cast<std::size_t>((word * factor) >> (64 - slotBits));
+}
+
+/// Whether the whole-word entries fall into slots of their own.
+constexpr bool keepsApart(std::uint64_t factor)
+{
+    std::array<bool, 1 << slotBits> taken{};
+    for (const auto &keyword : keywords) {
+        if (!keyword.wholeWord)
+            continue;
+        bool &slot = taken[slotOf(packed(keyword.text), factor)];
+        if (slot)
+            return false;
+        slot = true;
+    }
+    return true;
+}
+
+constexpr auto factor = [] {
+    std::uint64_t candidate = 0x9E3779B97F4A7C15u;
+    while (!keepsApart(candidate))
+        candidate = candidate * 5 + 2;
+    return candidate;
+}();
+
+struct Slot {
+    PackedWord word = 0;
+    int rank = -1;
 };
 
-constexpr std::size_t slots = 64;
-
-constexpr std::size_t slotOf(std::uint64_t value)
-{
-    return static_cast<std::size_t>((value * 0x9E3779B97F4A7C15u) >> 58);
-}
-
-/// Open addressing over the whole-word entries, at most a quarter full.
-constexpr auto table = [] {
-    std::array<PackedKeyword, slots> all{};
+constexpr auto slots = [] {
+    std::array<Slot, 1 << slotBits> all{};
     for (std::size_t rank = 0; rank < keywords.size(); ++rank) {
-        if (!keywords[rank].wholeWord)
-            continue;
-        auto slot = slotOf(packed(keywords[rank].text));
-        while (all[slot].value != 0)
-            slot = (slot + 1) % slots;
-        all[slot] = {packed(keywords[rank].text), static_cast<int>(rank)};
+        if (keywords[rank].wholeWord) {
+            const auto word = packed(keywords[rank].text);
+            all[slotOf(word, factor)] = {word, static_cast<int>(rank)};
+        }
     }
     return all;
 }();
 
 } // namespace
 
-std::optional<int> keywordRank(std::string_view word)
+int keywordRank(PackedWord letters, std::size_t length)
 {
-    if (word.size() < 2 || word.size() > longestKeyword)
-        return std::nullopt;
-    const auto value = packed(word);
-    for (auto slot = slotOf(value); table[slot].value != 0; slot = (slot + 1) % slots) {
-        if (table[slot].value == value)
-            return table[slot].rank;
-    }
-    return std::nullopt;
+    const auto word = (letters & lettersOf[length]) | smallLetters[length];
+    const auto &slot = slots[slotOf(word, factor)];
+    return slot.word == word ? slot.rank : -1;
 }
 
 std::optional<int> blockEndRank(std::string_view text, std::size_t at)

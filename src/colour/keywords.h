@@ -22,8 +22,15 @@ inline constexpr std::array<Keyword, 19> keywords{{{"sub"}, {"end sub", false}, 
 /// The place of "next" among them.
 inline constexpr int nextRank = 9;
 
-/// The place of an ASCII word in the list, whatever its case; nothing for the two-word entries.
-[[nodiscard]] std::optional<int> keywordRank(std::string_view word);
+inline constexpr std::size_t shortestKeyword = 2;
+inline constexpr std::size_t longestKeyword = 8;
+
+/// The first letters of a word in one number, as they lie in memory, and zeros behind a shorter one.
+using PackedWord = std::uint64_t;
+
+/// The place of an ASCII word of two to eight letters in the list, whatever its case, or -1; the two-word
+/// entries are not in it. What stands behind the word's letters does not matter.
+[[nodiscard]] int keywordRank(PackedWord letters, std::size_t length);
 
 /// The place of the entry "end if", "end sub" or "end function" that starts at `at`, or nothing.
 [[nodiscard]] std::optional<int> blockEndRank(std::string_view text, std::size_t at);

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] Offset next(Offset from);
 
 private:
+    [[nodiscard]] Offset search(std::size_t from) const;
+
     std::string_view m_text;
     std::string_view m_mark;
     Offset m_searchedFrom = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/tag_pass.h"
 
+#include "colour/add_run.h"
 #include "editor/words.h"
 
 #include <cstring>
@@ -34,9 +35,7 @@ bool tagIsLongForItsPlace(Offset lt, Offset gt)
 
 Offset tagRunStart(std::string_view text, Offset lt, Offset gt)
 {
-    // Characters are counted only where the outcome can depend on them: the tag is longer than the text
-    // before.
-    if ((gt - lt) * longestCharacter < lt + 2)
+    if (!tagIsLongForItsPlace(lt, gt))
         return lt;
     const auto before = characterCount(part(text, 0, lt));
     const auto searchFrom = skipCharacters(text, lt + 1, before + 1);
@@ -60,7 +59,6 @@ ColourRuns tagRuns(std::string_view text, Colour colour)
 ColourRuns plainTagRuns(std::string_view part, Colour colour)
 {
     ColourRuns runs;
-    runs.reserve(part.size() / 16);
     const char *const begin = part.data();
     const char *const end = begin + part.size();
     const auto next = [end](const char *from, char mark) {
@@ -72,7 +70,7 @@ ColourRuns plainTagRuns(std::string_view part, Colour colour)
         const char *const gt = next(lt + 1, '>');
         if (!gt)
             break;
-        runs.push_back({{lt - begin, gt - begin + 1}, colour});
+        addRun(runs, {{lt - begin, gt - begin + 1}, colour}, static_cast<Offset>(part.size()));
         at = gt + 1;
     }
     return runs;
