@@ -45,13 +45,13 @@ void mendTags(EditorSurface &document, TextRange touched, Colour code)
     document.SetColours(part, runs);
 }
 
-void mendScript(EditorSurface &document, TextRange touched, Colour code, ScriptMending extent)
+void mendScript(EditorSurface &document, Colour code)
 {
-    if (extent == ScriptMending::Whole || document.Length() <= smallScript) {
-        const auto runs = scriptRuns(document.Text(), code);
-        document.SetColours({0, document.Length()}, runs);
-        return;
-    }
+    document.SetColours({0, document.Length()}, scriptRuns(document.Text(), code));
+}
+
+void mendScriptLines(EditorSurface &document, TextRange touched, Colour code)
+{
     const auto selection = document.Selection();
     const auto lineEnd = firstOf(document, "\r", touched.end);
     recolourRegion(
@@ -64,7 +64,7 @@ void mendNewText(EditorSurface &document, TextRange touched, const DocumentState
     if (!state.takesColour())
         document.SetColours(touched, {});
     else if (state.scriptTools)
-        mendScript(document, touched, state.codeColour, ScriptMending::Whole);
+        mendScript(document, state.codeColour);
     else
         mendTags(document, touched, state.codeColour);
 }

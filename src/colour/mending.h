@@ -11,15 +11,13 @@ namespace kevra {
 /// The tags around `touched`.
 void mendTags(EditorSurface &document, TextRange touched, Colour code);
 
-enum class ScriptMending {
-    Whole, ///< a quote more or less turns literals into code as far as the document goes
-    LinesOnly, ///< in a long document a single key mends its line and leaves the rest to the next command
-};
+/// The whole script: a quote more or less turns literals into code as far as the document goes.
+void mendScript(EditorSurface &document, Colour code);
+/// The lines of `touched` alone, as if no literal reached into them.
+void mendScriptLines(EditorSurface &document, TextRange touched, Colour code);
 
 /// Documents up to this size, in bytes, are coloured as a whole even at a single key.
 inline constexpr Offset smallScript = Offset{256} * 1024;
-
-void mendScript(EditorSurface &document, TextRange touched, Colour code, ScriptMending extent);
 
 /// `touched` is new text: black where no colour is wanted, else as the tools that are shown colour it.
 void mendNewText(EditorSurface &document, TextRange touched, const DocumentState &state);

@@ -124,11 +124,26 @@ void TypingColouring::edited(TextRange touched, EditKind kind)
     if (!m_state.takesColour())
         return;
     if (m_state.scriptTools)
-        mendScript(m_document, touched, m_state.codeColour,
-            kind == EditKind::Delete ? ScriptMending::LinesOnly : ScriptMending::Whole);
+        mendScriptAfter(touched, kind);
     else
         mendTags(m_document, touched, m_state.codeColour);
     m_document.SetTypingColor(colourAroundCaret());
+}
+
+/// A key in a long script mends its lines at once and leaves the rest for a pause.
+void TypingColouring::mendScriptAfter(TextRange touched, EditKind kind)
+{
+    m_restIsDue = kind == EditKind::Delete && m_document.Length() > smallScript;
+    if (m_restIsDue)
+        mendScriptLines(m_document, touched, m_state.codeColour);
+    else
+        mendScript(m_document, m_state.codeColour);
+}
+
+void TypingColouring::paused()
+{
+    if (std::exchange(m_restIsDue, false) && m_state.takesColour() && m_state.scriptTools)
+        mendScript(m_document, m_state.codeColour);
 }
 
 void TypingColouring::caretPlaced()

@@ -22,6 +22,7 @@ public:
     void keyReleased(int key) override;
     void edited(TextRange touched, EditKind kind) override;
     void caretPlaced() override;
+    void paused() override;
 
 private:
     void typeInPage(char32_t character);
@@ -29,6 +30,7 @@ private:
     void paintTagClosedAt(Offset caret);
     void typeAfterTag();
     void finishLine();
+    void mendScriptAfter(TextRange touched, EditKind kind);
     [[nodiscard]] Colour colourAroundCaret() const;
 
     EditorSurface &m_document;
@@ -36,6 +38,7 @@ private:
     MainView &m_view;
     std::function<void(TextRange)> m_checkLine;
     bool m_tagClosed = false; ///< a ">" was the last character typed
+    bool m_restIsDue = false; ///< a key has mended its lines, and the rest of the script waits for a pause
 };
 
 } // namespace kevra

@@ -8,6 +8,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <chrono>
 
 namespace kevra {
 namespace {
@@ -17,6 +18,8 @@ using Sci = QsciScintillaBase;
 /// Bytes beyond a loaded text. Without them the first read, which puts an end mark behind it, would move it
 /// all.
 constexpr Offset roomForTyping = 64 * 1024;
+
+constexpr auto pauseInTyping = std::chrono::milliseconds(400);
 
 /// How much of `a` and `b` is alike at the start, not counting a character that is alike in part.
 Offset commonStart(std::string_view a, std::string_view b)
@@ -54,6 +57,12 @@ EditorControl::EditorControl(QWidget *parent)
     connect(this, &Sci::SCN_MODIFIED, this,
         [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
     connectPainting();
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseInTyping);
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        if (m_typingHandler)
+            m_typingHandler->paused();
+    });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { announce(); });
     connect(this, &Sci::SCN_UPDATEUI, this, [this] {
         settle();

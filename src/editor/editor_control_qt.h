@@ -54,6 +54,7 @@ public:
 
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
+
     [[nodiscard]] bool canPaste() const;
     void undo();
     void redo();
@@ -154,6 +155,7 @@ private:
     std::vector<Colour> m_styleColours; ///< by style; the styles that Scintilla keeps for itself stay black
     UnpaintedStyles m_unpainted;
     QTimer m_paintRest;
+    QTimer m_pause; ///< runs out when the user has stopped deleting and typing
     bool m_allBlack = true; ///< no colour has been given since the text was loaded
     Colour m_typing = colours::black;
     EditorFont m_font{"Courier New", 10};

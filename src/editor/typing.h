@@ -27,6 +27,8 @@ public:
     /// A user's edit is done: `touched` is what it changed, in positions of the text as it is now; empty
     /// where text only went away. What paste, undo, redo and drop put in is black.
     virtual void edited(TextRange touched, EditKind kind) = 0;
+    /// The user has deleted something by key and then stopped for a moment.
+    virtual void paused() { }
     /// The user has put the caret somewhere else, other than by typing.
     virtual void caretPlaced() { }
 };

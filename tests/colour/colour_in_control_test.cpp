@@ -3,6 +3,7 @@
 #include "colour/fso_popup_qt.h"
 #include "colour/keyword_pass.h"
 #include "colour/marks_of.h"
+#include "colour/mending.h"
 #include "colour/tag_pass.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
@@ -92,6 +93,23 @@ TEST(ColourInControl, EditCommandsLeaveWhatAWholePassWouldPaint)
             ASSERT_EQ(marksOf(desk.document), desk.wholePass()) << "step " << step << " script " << script;
         }
     }
+}
+
+TEST(ColourInControl, AKeyInALongScriptMendsTheRestInAPause)
+{
+    Desk desk;
+    desk.state.scriptTools = true;
+    std::string text = "x = \"a\"\r\n";
+    while (text.size() <= smallScript)
+        text += "If a Then MsgBox \"end if\"\r\n";
+    desk.document.LoadText(text);
+    desk.document.SetColours({0, desk.document.Length()}, scriptRuns(text, desk.state.codeColour));
+    desk.document.SetSelStart(5);
+    QTest::keyClick(&desk.document, Qt::Key_Backspace);
+    EXPECT_EQ(desk.document.ColourAt(9), desk.state.codeColour)
+        << "the key itself costs no more than its line";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return marksOf(desk.document) == desk.wholePass(); }));
+    EXPECT_EQ(desk.document.SelStart(), 4);
 }
 
 TEST(FsoPopup, OffersMethodsAndLosesNoKey)
