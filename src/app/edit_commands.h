@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The small commands of the main window's document: select all, clear, word wrap.
+// The small commands of the main window's document: select all, word wrap.
 #pragma once
 
 #include "app/tool_sets.h"
@@ -16,8 +16,6 @@ public:
     }
 
     void selectAll() { m_document.Select({0, m_document.Length()}); }
-    /// The whole text goes as one step of undo; the clipboard is left alone.
-    void clear() { m_document.Replace({0, m_document.Length()}, {}); }
     void toggleWrap()
     {
         const bool wrap = m_document.RightMargin() != 0;

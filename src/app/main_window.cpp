@@ -15,7 +15,10 @@
 #include "editor/words.h"
 #include "platform/text_qt.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QClipboard>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>
 #include <QtGui/QWindow>
@@ -104,6 +107,9 @@ void MainWindow::connectDocument()
     connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showCaretPlace);
     connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showWhatCanBeDone);
     connect(m_document, &EditorControl::changed, this, &MainWindow::textChanged);
+    connect(m_document, &EditorControl::readOnlyChanged, this, &MainWindow::showWhatCanBeDone);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+        &MainWindow::showWhetherTextCanBePasted);
     connect(m_document, &EditorControl::savePointChanged, this, &MainWindow::refreshDocumentStatus);
 }
 
@@ -116,21 +122,33 @@ void MainWindow::enableBoundCommands()
 {
     m_menus->enableBoundItems();
     m_toolBar->enableBoundButtons();
-    m_possible = {true, true, true};
+    m_possible.fill(true);
     showWhatCanBeDone();
 }
 
 void MainWindow::showWhatCanBeDone()
 {
-    const std::array possible{m_document->canUndo(), m_document->canRedo(), !m_document->Selection().empty()};
-    if (possible == std::exchange(m_possible, possible))
-        return;
-    m_menus->setEnabled("mundo", possible[0]);
-    m_menus->setEnabled("mredo", possible[1]);
-    for (const char *item : {"mcut", "mcopy"}) {
-        m_menus->setEnabled(item, possible[2]);
-        m_toolBar->setEnabled(item, possible[2]);
+    const bool writable = !m_document->isReadOnly();
+    const bool text = m_document->Length() > 0;
+    const bool selected = !m_document->Selection().empty();
+    const decltype(m_possible) possible{writable && m_document->canUndo(), writable && m_document->canRedo(),
+        writable && selected, selected, writable && m_pasteable, text, writable && text};
+    const auto known = std::exchange(m_possible, possible);
+    for (std::size_t i = 0; i < possible.size(); ++i) {
+        if (possible[i] == known[i])
+            continue;
+        m_menus->setEnabled(editItems[i], possible[i]);
+        m_toolBar->setEnabled(editItems[i], possible[i]);
     }
+}
+
+void MainWindow::showWhetherTextCanBePasted()
+{
+    // Not for a window in the background: a program that does not answer would hold it up.
+    if (!isActiveWindow())
+        return;
+    m_pasteable = m_document->clipboardHasText();
+    showWhatCanBeDone();
 }
 
 void MainWindow::layOut()
@@ -344,6 +362,10 @@ bool MainWindow::takesDrop(QEvent &event)
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::WindowActivate:
+        if (watched == this) // the first picture need not wait for the clipboard's owner
+            QTimer::singleShot(0, this, &MainWindow::showWhetherTextCanBePasted);
+        break;
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:

@@ -25,6 +25,10 @@ class MainMenu;
 class StatusRow;
 class ToolBar;
 
+/// The items that are enabled only when they can act.
+inline constexpr std::array<std::string_view, 7> editItems{
+    "mundo", "mredo", "mcut", "mcopy", "mpaste", "mselall", "mclear"};
+
 class MainWindow : public QMainWindow, public MainView, public ShellView, public WindowPlacement {
     Q_OBJECT
 
@@ -85,6 +89,8 @@ private:
     void showCaretPlace();
     void showCounts();
     void showWhatCanBeDone();
+    /// Asks the clipboard, which another program may have to answer for.
+    void showWhetherTextCanBePasted();
     /// The place was chosen before the desktop had given the window its frame.
     void keepFrameOnScreen();
     [[nodiscard]] bool takesDrop(QEvent &event);
@@ -101,7 +107,8 @@ private:
     std::function<QStringList()> m_statusSource;
     QList<QWidget *> m_titled;
     bool m_restored = false; ///< to a stored place, and not shown there yet
-    std::array<bool, 3> m_possible{true, true, true}; ///< undo, redo, and cut with copy
+    std::array<bool, editItems.size()> m_possible{}; ///< what the items have been told
+    bool m_pasteable = true; ///< as long as nobody has asked
 };
 
 } // namespace kevra

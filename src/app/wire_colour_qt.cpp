@@ -7,9 +7,11 @@
 #include "colour/snippet_commands.h"
 #include "colour/snippet_panel.h"
 #include "colour/typing_colouring.h"
+#include "editor/editor_control_qt.h"
 #include "platform/text_qt.h"
 
 #include <QtWidgets/QFrame>
+#include <QtWidgets/QToolButton>
 
 #include <array>
 
@@ -79,6 +81,12 @@ void wireSnippetPanels(Application &app)
         {SnippetPanel::Web1, SnippetPanel::Web2, SnippetPanel::Script1, SnippetPanel::Script2})
         fillSnippetPanel(window.frame(textOf(frameName(panel))), panel, hooks);
     window.layOut();
+    QObject::connect(&window.document(), &EditorControl::readOnlyChanged, &window, [&window](bool readOnly) {
+        for (const auto &snippet : snippets()) {
+            if (snippet.insertion != Insertion::Command)
+                window.findChild<QToolButton *>(textOf(snippet.button))->setEnabled(!readOnly);
+        }
+    });
 }
 
 } // namespace kevra

@@ -24,7 +24,8 @@ void wireDocument(Application &app)
     app.commands.bind("mcopy", [&t1] { t1.copy(); });
     app.commands.bind("mpaste", [&t1] { t1.paste(); });
     app.commands.bind("mselall", [&edit] { edit.selectAll(); });
-    app.commands.bind("mclear", [&edit] { edit.clear(); });
+    // One step of undo; the clipboard is left alone.
+    app.commands.bind("mclear", [&t1] { t1.replaceAsUser({0, t1.Length()}, {}); });
     app.commands.bind("mwrap", [&edit, &window] {
         edit.toggleWrap();
         window.levelLineNumbers();

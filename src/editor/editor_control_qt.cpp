@@ -274,6 +274,7 @@ void EditorControl::setReadOnly(bool on)
 {
     m_readOnly = on;
     send(SCI_SETREADONLY, on);
+    emit readOnlyChanged(on);
 }
 
 void EditorControl::setSavePoint()

@@ -54,8 +54,8 @@ public:
 
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
-
-    [[nodiscard]] bool canPaste() const;
+    /// May have to ask another program.
+    [[nodiscard]] bool clipboardHasText() const;
     void undo();
     void redo();
     void cut();
@@ -94,6 +94,7 @@ signals:
     void caretMoved();
     void firstVisibleLineChanged(kevra::Offset line);
     void savePointChanged(bool atSavePoint);
+    void readOnlyChanged(bool readOnly);
     /// After a whole command of the user's, when `touched` has changed.
     void edited(kevra::TextRange touched, kevra::EditKind kind);
 

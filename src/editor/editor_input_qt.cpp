@@ -55,10 +55,10 @@ bool EditorControl::canRedo() const
     return send(SCI_CANREDO) != 0;
 }
 
-bool EditorControl::canPaste() const
+bool EditorControl::clipboardHasText() const
 {
     const auto *mime = QGuiApplication::clipboard()->mimeData();
-    return !m_readOnly && mime && canInsertFromMimeData(mime);
+    return mime && canInsertFromMimeData(mime);
 }
 
 void EditorControl::undo()

@@ -99,6 +99,35 @@ TEST(MainWindow, WhatNobodyBoundIsDisabled)
     EXPECT_FALSE(window.findChild<QToolButton *>("fandsb")->isEnabled());
 }
 
+TEST(MainWindow, EditItemsAreEnabledWhenTheyCanAct)
+{
+    Shown s;
+    auto &document = s.window->document();
+    const auto enabled = [&] {
+        QStringList items;
+        for (const auto item : editItems)
+            if (s.window->menus().action(item)->isEnabled())
+                items << textOf(item);
+        return items.join(' ').toStdString();
+    };
+    QApplication::setActiveWindow(s.window.get());
+    QGuiApplication::clipboard()->setImage(QImage(1, 1, QImage::Format_RGB32));
+    EXPECT_EQ(enabled(), "");
+    QGuiApplication::clipboard()->setText("text");
+    EXPECT_EQ(enabled(), "mpaste");
+    document.paste();
+    EXPECT_EQ(enabled(), "mundo mpaste mselall mclear");
+    document.selectAll();
+    EXPECT_EQ(enabled(), "mundo mcut mcopy mpaste mselall mclear");
+    document.undo();
+    EXPECT_EQ(enabled(), "mredo mpaste");
+    document.redo();
+    document.selectAll();
+    document.setReadOnly(true);
+    EXPECT_EQ(enabled(), "mcopy mselall");
+    EXPECT_FALSE(s.find<QToolButton>("pasteb")->isEnabled());
+}
+
 TEST(MainWindow, ToolSetsSwitchTheRealControls)
 {
     Shown s;
