@@ -12,6 +12,7 @@ namespace {
 
 constexpr int leastPadding = 4; // device-independent pixels
 constexpr int leastTextPercent = 60;
+constexpr int shortText = 3; ///< characters; a caption no longer than that keeps its size
 
 } // namespace
 
@@ -28,8 +29,10 @@ QFont fontFitting(const QFont &font, const QString &text, int room)
 QSize leastSizeOf(const QAbstractButton &button)
 {
     const auto metrics = button.fontMetrics();
-    return {metrics.horizontalAdvance(button.text()) * leastTextPercent / 100 + leastPadding,
-        metrics.height() + leastPadding};
+    const int whole = metrics.horizontalAdvance(button.text());
+    const int text
+        = std::max(whole * leastTextPercent / 100, std::min(whole, shortText * metrics.averageCharWidth()));
+    return {text + leastPadding, metrics.height() + leastPadding};
 }
 
 int roomForCaption(const QAbstractButton &button)

@@ -2,6 +2,7 @@
 #include "app/main_window.h"
 
 #include "app/commands.h"
+#include "app/focus_round_qt.h"
 #include "app/font_frame_panel.h"
 #include "app/layout.h"
 #include "app/line_number_column_qt.h"
@@ -69,6 +70,10 @@ MainWindow::MainWindow(const CommandRegistry &commands)
     setCentralWidget(m_inner);
     createControls();
     connectDocument();
+    QList<QWidget *> parts{m_document};
+    for (const char *name : {"frcol", "Frame1", "Frame2", "frscript1", "frscript2", "fr1"})
+        parts.append(&frame(name));
+    new FocusRound(*this, parts << m_toolBar << m_fonts);
     resize(firstSize);
 }
 

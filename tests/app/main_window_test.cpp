@@ -270,6 +270,31 @@ TEST(MainWindow, ADroppedFileIsHandedOver)
     EXPECT_EQ(s.window->document().Length(), 0) << "the path is not typed into the text";
 }
 
+TEST(MainWindow, TheKeyboardComesEverywhere)
+{
+    Shown s;
+    s.window->frame("Frame1").show();
+    auto *button = new QPushButton("P", &s.window->frame("Frame1"));
+    button->show();
+    const auto reached = [&](QWidget *from, const QKeyCombination &key) -> QWidget * {
+        from->setFocus();
+        QTest::keyClick(from, key.key(), key.keyboardModifiers());
+        return QApplication::focusWidget();
+    };
+    auto *document = &s.window->document();
+    auto *bar = reached(button, Qt::Key_F6);
+    EXPECT_TRUE(s.window->findChild<QWidget *>("tbar")->isAncestorOf(bar));
+    const struct {
+        QWidget *from;
+        QKeyCombination key;
+        QWidget *to;
+    } cases[] = {{document, Qt::Key_F6, button}, {bar, Qt::SHIFT | Qt::Key_F6, button},
+        {bar, Qt::Key_F6, s.window->findChild<QWidget *>("comface")}, {button, Qt::Key_Escape, document},
+        {button, Qt::SHIFT | Qt::Key_F6, document}};
+    for (const auto &c : cases)
+        EXPECT_EQ(reached(c.from, c.key), c.to) << c.from->objectName().toStdString();
+}
+
 TEST(WindowGeometry, StoredPlacesComeOntoAScreen)
 {
     const auto screen = QGuiApplication::primaryScreen()->availableGeometry();
