@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/font_frame_panel.h"
 
-#include "app/named_qt.h"
+#include "platform/named_qt.h"
 #include "platform/text_qt.h"
 #include "settings/fonts.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/information_window.h"
 
-#include "app/named_qt.h"
 #include "app/svg_icon_qt.h"
+#include "platform/named_qt.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>

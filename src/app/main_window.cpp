@@ -7,14 +7,14 @@
 #include "app/layout.h"
 #include "app/line_number_column_qt.h"
 #include "app/main_menu_qt.h"
-#include "app/named_qt.h"
 #include "app/status_row_panel.h"
 #include "app/svg_icon_qt.h"
 #include "app/tool_bar_qt.h"
-#include "app/window_geometry_qt.h"
 #include "editor/editor_control_qt.h"
 #include "editor/words.h"
+#include "platform/named_qt.h"
 #include "platform/text_qt.h"
+#include "platform/window_geometry_qt.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>

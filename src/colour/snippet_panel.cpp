@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/snippet_panel.h"
 
-#include "app/fitted_button_qt.h"
+#include "platform/fitted_button_qt.h"
 #include "platform/text_qt.h"
 
 #include <QtGui/QHelpEvent>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/multi_dialog.h"
 
-#include "app/named_qt.h"
 #include "editor/flag_guard.h"
 #include "find/folder_files_qt.h"
+#include "platform/named_qt.h"
 #include "platform/text_qt.h"
 
 #include <QtCore/QCoreApplication>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/colour_finder_panel.h"
 
-#include "app/fitted_button_qt.h"
-#include "app/named_qt.h"
 #include "images/image_panel.h"
+#include "platform/fitted_button_qt.h"
+#include "platform/named_qt.h"
 
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHBoxLayout>

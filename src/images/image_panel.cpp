@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/image_panel.h"
 
-#include "app/fitted_button_qt.h"
-#include "app/named_qt.h"
+#include "platform/fitted_button_qt.h"
+#include "platform/named_qt.h"
 #include "platform/text_qt.h"
 
 #include <QtWidgets/QFrame>

@@ -6,8 +6,8 @@
 #include "app/font_frame_panel.h"
 #include "app/main_menu_qt.h"
 #include "app/tool_bar_qt.h"
-#include "app/window_geometry_qt.h"
 #include "editor/editor_control_qt.h"
+#include "platform/window_geometry_qt.h"
 
 #include <QtTest/QtTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/fitted_button_qt.h"
+#include "platform/fitted_button_qt.h"
 
 #include <QtWidgets/QStyleOption>
 #include <QtWidgets/QStylePainter>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/window_geometry_qt.h"
+#include "platform/window_geometry_qt.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
