@@ -162,6 +162,9 @@ void EditorControl::typeText(const QString &text)
 
 void EditorControl::announceCharacter(char32_t character)
 {
+    // An input method commits several characters in one command: the last one gets its colour before the
+    // next one's is chosen.
+    settle();
     if (m_typingHandler && !m_readOnly)
         m_typingHandler->keyTyped(character);
 }
