@@ -11,9 +11,9 @@ namespace {
 
 constexpr Offset slice = 1 << 20; ///< bytes painted at once while the rest of the text waits
 /// A text's tail longer than this is painted when it is looked at.
-constexpr Offset paintedLater = 256 * 1024;
+constexpr Offset paintedLater = Offset{256} * 1024;
 constexpr Offset paintedAhead
-    = 64 * 1024; ///< more than is asked for, so that scrolling does not ask at each line
+    = Offset{64} * 1024; ///< more than is asked for, so that scrolling does not ask at each line
 constexpr auto pauseBetweenSlices = std::chrono::milliseconds(10);
 
 /// Lays the colours of the runs over `styles`, which stand for the bytes of `range`.

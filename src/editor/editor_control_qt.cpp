@@ -17,7 +17,7 @@ using Sci = QsciScintillaBase;
 
 /// Bytes beyond a loaded text. Without them the first read, which puts an end mark behind it, would move it
 /// all.
-constexpr Offset roomForTyping = 64 * 1024;
+constexpr Offset roomForTyping = Offset{64} * 1024;
 
 constexpr auto pauseInTyping = std::chrono::milliseconds(400);
 

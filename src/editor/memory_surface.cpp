@@ -7,7 +7,7 @@ namespace kevra {
 
 MemorySurface::MemorySurface(std::string_view text)
 {
-    LoadText(text);
+    MemorySurface::LoadText(text);
 }
 
 TextRange MemorySurface::inside(TextRange range) const

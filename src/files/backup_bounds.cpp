@@ -8,7 +8,7 @@
 namespace kevra {
 namespace {
 constexpr int mostVersions = 20;
-constexpr std::int64_t longestTime = 30 * 24 * 60 * 60;
+constexpr std::int64_t longestTime = std::int64_t{30} * 24 * 60 * 60;
 constexpr std::int64_t largestTotal = 200'000'000;
 } // namespace
 

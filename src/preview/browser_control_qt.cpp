@@ -55,7 +55,7 @@ QString pluginPath()
 {
     const QDir program(QCoreApplication::applicationDirPath());
     for (const char *folder : {"./", "../lib/kevra/plugins/"}) {
-        if (const auto path = program.filePath(QString(folder) + pluginFile); QFileInfo::exists(path))
+        if (auto path = program.filePath(QString(folder) + pluginFile); QFileInfo::exists(path))
             return path;
     }
     return program.filePath(pluginFile);
