@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// CPU of replacing and counting in pages of 1, 10 and 64 MB in the control, one hit a line of 100 bytes, and
-// the time of a replacement in many files. Milliseconds, the best of five; the files are written once.
+// CPU of replacing and counting in pages of 1, 10 and 64 MB in the control, one hit a line of 100 bytes; the
+// same beside a string in memory, memmem and vim for a hit in every fifth line of 10 MB; and the time of a
+// replacement in many files. Milliseconds, the best of five; the files are written once.
 //   QT_QPA_PLATFORM=offscreen build/release/bin/replacing_bench [FILES]
 #include "editor/editor_control_qt.h"
 #include "files/file_store_qt.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -17,12 +19,16 @@
 #include <cstdlib>
 #include <ctime>
 
+#include <sys/resource.h>
+
 namespace {
 
 using namespace kevra;
 
 constexpr std::string_view line = "<p><b>Hours</b> <i>Mo</i></p> of the shop, and in summer as well as on "
                                   "days between the years.. ..\r\n";
+constexpr std::string_view hit = "Hours";
+constexpr std::string_view replacement = "Opening hrs";
 constexpr int linesOfAMegabyte = 10'000;
 constexpr int linesOfAFile = 100;
 
@@ -37,11 +43,14 @@ double wall()
     return std::chrono::duration<double, std::milli>(now).count();
 }
 
-std::string page(int count)
+/// With a hit in every `hitEvery`th line.
+std::string page(int count, int hitEvery = 1)
 {
+    std::string other(line);
+    other.replace(other.find(hit), hit.size(), "House");
     std::string text;
     for (int i = 0; i < count; ++i)
-        text += line;
+        text += i % hitEvery == 0 ? std::string(line) : other;
     return text;
 }
 
@@ -56,7 +65,7 @@ public:
 
 class Entered : public FindView {
 public:
-    FindRequest request{"Hours", "Opening hrs", Case::Match, Word::Any};
+    FindRequest request{std::string(hit), std::string(replacement), Case::Match, Word::Any};
     Offset count = 0;
     [[nodiscard]] FindRequest entered() const override { return request; }
     void showCount(Offset found) override { count = found; }
@@ -64,9 +73,9 @@ public:
     void showReplaced(Offset replaced) override { count = replaced; }
 };
 
-void inTheDocument(int megabytes)
+void inTheDocument(int megabytes, int hitEvery)
 {
-    const auto text = page(megabytes * linesOfAMegabyte);
+    const auto text = page(megabytes * linesOfAMegabyte, hitEvery);
     double replacing = 1e9;
     double counting = 1e9;
     double countingEither = 1e9;
@@ -93,6 +102,84 @@ void inTheDocument(int megabytes)
         static_cast<long long>(view.count), replacing, counting, countingEither);
 }
 
+template <typename Work> double bestOfFive(Work work)
+{
+    double best = 1e9;
+    for (int run = 0; run < 5; ++run) {
+        const auto start = cpu();
+        work();
+        best = std::min(best, cpu() - start);
+    }
+    return best;
+}
+
+std::size_t replacedInMemory(std::string_view text)
+{
+    std::string out;
+    for (;;) {
+        const auto at = text.find(hit);
+        out += text.substr(0, at);
+        if (at == std::string_view::npos)
+            return out.size();
+        out += replacement;
+        text.remove_prefix(at + hit.size());
+    }
+}
+
+std::size_t countedInACopy(std::string text, std::string wanted)
+{
+    const auto lower
+        = [](char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte | 0x20) : byte; };
+    std::ranges::transform(text, text.begin(), lower);
+    std::ranges::transform(wanted, wanted.begin(), lower);
+    std::size_t count = 0;
+    for (auto at = text.find(wanted); at != std::string::npos; at = text.find(wanted, at + 1))
+        ++count;
+    return count;
+}
+
+/// CPU of vim with these commands, its start and the loading of the file included.
+double vim(const QString &path, const QStringList &commands)
+{
+    const auto children = [] {
+        rusage usage{};
+        getrusage(RUSAGE_CHILDREN, &usage);
+        const auto milliseconds = [](const timeval &time) {
+            return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+        };
+        return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+    };
+    const auto start = children();
+    QProcess::execute(
+        "vim", QStringList{"-es", "-u", "NONE", "-N", path} + commands + QStringList{"-c", "qall!"});
+    return children() - start;
+}
+
+void besideOthers(int megabytes, int hitEvery)
+{
+    const auto text = page(megabytes * linesOfAMegabyte, hitEvery);
+    std::size_t sum = 0;
+    std::printf("    the same on a string in memory: %.1f ms; counted in a small copy by find: %.2f ms\n",
+        bestOfFive([&] { sum += replacedInMemory(text); }),
+        bestOfFive([&] { sum += countedInACopy(text, std::string(hit)); }));
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("page.html"));
+    if (sum == 0 || !file.open(QFile::WriteOnly)
+        || file.write(text.data(), std::ssize(text)) != std::ssize(text))
+        return void(std::puts("The file could not be made."));
+    file.close();
+    const auto substitute = QString("%s/%1/%2/g")
+                                .arg(QLatin1String(hit.data(), hit.size()),
+                                    QLatin1String(replacement.data(), replacement.size()));
+    double loading = 1e9;
+    double both = 1e9;
+    for (int run = 0; run < 5; ++run) {
+        loading = std::min(loading, vim(file.fileName(), {}));
+        both = std::min(both, vim(file.fileName(), {"-c", substitute}));
+    }
+    std::printf("    vim: %.0f ms, of which loading %.0f ms\n", both, loading);
+}
+
 class NoDocument : public OpenDocument {
 public:
     [[nodiscard]] bool hasUnsavedChangesOf(const std::string &) const override { return false; }
@@ -103,7 +190,7 @@ class Console : public MultiView {
 public:
     [[nodiscard]] MultiRequest entered() const override
     {
-        return {{"Hours", "Opening hrs", Case::Match, Word::Any}, false};
+        return {{std::string(hit), std::string(replacement), Case::Match, Word::Any}, false};
     }
     void showFiles(const std::vector<ListedFile> &) override { }
     void showFile(std::size_t, const ListedFile &) override { }
@@ -144,6 +231,8 @@ int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
     for (const int megabytes : {1, 10, 64})
-        inTheDocument(megabytes);
+        inTheDocument(megabytes, 1);
+    inTheDocument(10, 5);
+    besideOthers(10, 5);
     inFiles(argc > 1 ? std::atoi(argv[1]) : 2000);
 }
