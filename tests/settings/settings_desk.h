@@ -7,7 +7,7 @@
 #include "fakes/files.h"
 #include "fakes/messages.h"
 #include "fakes/processes.h"
-#include "fakes/settings_views.h"
+#include "fakes/shell.h"
 #include "settings/setting_access.h"
 #include "settings/settings_commands.h"
 
@@ -22,26 +22,25 @@ public:
     std::vector<std::string> done;
 };
 
-/// The settings' commands over a store, with everything around them in memory.
+/// The settings over a store, with everything around them in memory.
 struct SettingsDesk {
     explicit SettingsDesk(SettingsStore &values)
         : store(values)
     {
+        load();
     }
 
     /// What a start of the program reads.
     void load()
     {
-        StoredSettings settings(store, document, application, options, views);
-        settings.loadTempFolder();
-        settings.loadExternalProgram();
-        settings.loadFonts();
-        settings.loadCodeColour();
-        settings.loadComments();
-        settings.loadLineDebug();
-        settings.loadIfCheck();
-        settings.loadAutosave();
-        settings.loadFsoMenu();
+        using Load = void (StoredSettings::*)();
+        for (const Load part : {&StoredSettings::loadTempFolder, &StoredSettings::loadExternalProgram,
+                 &StoredSettings::loadFonts, &StoredSettings::loadEditorGeometry,
+                 &StoredSettings::loadPanelType, &StoredSettings::loadCodeColour,
+                 &StoredSettings::loadPadGeometry, &StoredSettings::loadComments,
+                 &StoredSettings::loadLineDebug, &StoredSettings::loadIfCheck, &StoredSettings::loadAutosave,
+                 &StoredSettings::loadFsoMenu})
+            (settings.*part)();
     }
 
     [[nodiscard]] std::string stored(const SettingKey &key) const { return readSetting(store, key); }
@@ -50,7 +49,8 @@ struct SettingsDesk {
     DocumentState document;
     ApplicationState application;
     OptionsShown options;
-    FakeSettingsViews views;
+    FakeShell views;
+    StoredSettings settings{store, document, application, options, views};
     MemorySurface text{"<B>"};
     FakeSettingsEffects effects;
     FakeFileStore files;
@@ -61,6 +61,18 @@ struct SettingsDesk {
     ExternalProgram program{{application, store, files, processes, views.toolView, messages}};
     SettingsCommands commands{{store, document, application, options, views, text, effects, files, messages,
         fileDialogs, colourDialog, program}};
+};
+
+struct StoreInMemory {
+    FakeSettingsStore memory;
+};
+
+/// Nothing was ever stored.
+struct FreshDesk : StoreInMemory, SettingsDesk {
+    FreshDesk()
+        : SettingsDesk(memory)
+    {
+    }
 };
 
 } // namespace kevra

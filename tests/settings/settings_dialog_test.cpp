@@ -54,8 +54,6 @@ protected:
 
 /// The next start of the program reads what this one stored.
 struct NextStart {
-    NextStart() { desk.load(); }
-
     SettingsStoreQt store;
     SettingsDesk desk{store};
 };
@@ -78,7 +76,7 @@ TEST_F(SettingsDialogTest, YesAndNoAreStoredShownAndReadByTheNextStart)
         {"IF count", "byesdoif", "bnodoif", "zif", "ifif",
             [](const SettingsDesk &d) { return d.document.ifChecking; }, nullptr},
         {"autosave", "bautoyes", "bautono", "zauto", "autosave",
-            [](const SettingsDesk &d) { return d.application.autosaveOn && d.views.timer.minutes == 5; },
+            [](const SettingsDesk &d) { return d.application.autosaveOn && d.views.timerMinutes == 5; },
             [](const SettingsDesk &d) { return d.views.toolView.autosave; }},
         {"line debugging", "byesdebug", "bnodebug", "zldebug", "ifdebug",
             [](const SettingsDesk &d) { return d.document.lineDebugOn && d.document.lineDebugPreferred; },
@@ -135,9 +133,9 @@ TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
         EXPECT_EQ(program->application.tempFolder, "/srv/web");
         EXPECT_EQ(program->application.autosaveMinutes, 20);
         EXPECT_EQ(program->document.fontFace, "Tahoma");
-        EXPECT_EQ(program->views.fontBoxes.facePosition, 3);
+        EXPECT_EQ(program->views.facePosition, 3);
         EXPECT_EQ(program->document.fontSize, "12");
-        EXPECT_EQ(program->views.fontBoxes.sizePosition, 2);
+        EXPECT_EQ(program->views.sizePosition, 2);
         EXPECT_EQ(program->document.codeColour, Colour{0x0080FF});
         EXPECT_EQ(program->application.programPath, "/usr/bin/paint");
         EXPECT_EQ(program->views.toolView.programMenu, "P&aint");
@@ -152,19 +150,6 @@ TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
     EXPECT_EQ(NextStart().desk.application.programPath, "none");
     EXPECT_EQ(control<QLineEdit>("tap").text(), "");
     EXPECT_EQ(control<QLineEdit>("tmenu").text(), "EXE");
-}
-
-TEST_F(SettingsDialogTest, RefusalsLeaveLampAndStoreAlone)
-{
-    click("bautoyes");
-    EXPECT_EQ(lamp("zauto").first, "NO");
-    type("ttemp", "/nowhere");
-    click("btemp");
-    type("tmenu", "Uploaders");
-    click("bmenuset");
-    EXPECT_EQ(desk.messages.shown.size(), 3U);
-    for (const auto *key : {"autosave", "tempfol", "exemenu"})
-        EXPECT_EQ(store.getSetting("kevra285", "settings", key, "absent"), "absent") << key;
 }
 
 TEST_F(SettingsDialogTest, StoredValuesThatNoListHasAreShown)

@@ -22,13 +22,10 @@ QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
 }
 
-TEST(SettingsStore, ValuesSurviveTheProgram)
+TEST(SettingsStore, DeletesASectionOrTheWholeFile)
 {
-    for (const char *value : {"", "a, b", R"(C:\My Documents)", "na\xc3\xafve \"q\"", "@Size(1 2)"}) {
-        SettingsStoreQt().saveSetting("storetest", "settings", "key", value);
-        EXPECT_EQ(SettingsStoreQt().getSetting("storetest", "settings", "key", "default"), value);
-    }
     SettingsStoreQt store;
+    store.saveSetting("storetest", "settings", "key", "1");
     store.saveSetting("storetest", "windows", "key", "2");
     store.deleteSetting("storetest", "settings");
     EXPECT_EQ(store.getSetting("storetest", "settings", "key", "default"), "default");
@@ -95,17 +92,6 @@ TEST(SettingsStore, AFullDiskLeavesTheFileAndLosesNothing)
     const SettingsStoreQt next;
     EXPECT_EQ(next.getSetting("full", "settings", "ifif", "none"), "no") << "written with the next one";
     EXPECT_EQ(next.getSetting("full", "settings", "long", ""), std::string(1000, 'x'));
-}
-
-TEST(SettingsStore, AnUnwritableFolderCostsOnlyTheMemory)
-{
-    const auto path = fileOf("unwritable");
-    QDir().mkpath(path); // a folder stands where the file should be
-    SettingsStoreQt store;
-    store.saveSetting("unwritable", "settings", "key", "value");
-    EXPECT_EQ(store.getSetting("unwritable", "settings", "other", "default"), "default");
-    store.deleteSetting("unwritable");
-    EXPECT_EQ(SettingsStoreQt().getSetting("unwritable", "settings", "key", "default"), "default");
 }
 
 } // namespace
