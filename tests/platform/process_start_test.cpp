@@ -86,14 +86,10 @@ TEST_F(ProcessStartTest, AFailureToStartIsNoticed)
         SCOPED_TRACE(c.name);
         EXPECT_FALSE(start.start(c.path));
     }
+    EXPECT_TRUE(start.runsWithoutExtension(cases[3].path));
+    for (const auto *item : {cases + 1, cases + 2})
+        EXPECT_FALSE(start.runsWithoutExtension(item->path)) << item->name;
     EXPECT_FALSE(QFile::exists(folder.filePath("ran")));
-}
-
-TEST_F(ProcessStartTest, OnlyExecutableFilesRunWithoutExtension)
-{
-    EXPECT_TRUE(start.runsWithoutExtension(program("tool", "#!/bin/sh\n")));
-    EXPECT_FALSE(start.runsWithoutExtension(program("notes", "text", false)));
-    EXPECT_FALSE(start.runsWithoutExtension(folder.path().toStdString()));
 }
 
 } // namespace
