@@ -18,17 +18,16 @@ def next_start_works(workshop, home, path):
 
 
 def kill_save(workshop, seed, long):
-    result = Result("kill -9 at a random moment of Save, Save As over a file, preview, a setting")
+    result = Result("kill -9 at a random moment of Save, Save As over a file, a setting")
     chance = random.Random(seed)
     for number in range(5000 if long else 300):
         home = workshop.folder()
         path = put(os.path.join(home, "page.htm"), OLD)
         other = put(os.path.join(home, "other.htm"), b"other")
-        preview = os.path.join(home, "kevratemp.html")
-        allowed = {path: (OLD,), other: (b"other",), preview: (None,)}
+        allowed = {path: (OLD,), other: (b"other",)}
         with Editor(workshop, home, [path]) as editor:
             editor.do("type", "new ")
-            kind = ("Save", "Save As", "preview", "setting")[number % 4]
+            kind = ("Save", "Save As", "setting")[number % 3]
             if kind == "Save":
                 editor.do("trigger", "msaveplain")
                 allowed[path] = (OLD, NEW)
@@ -39,9 +38,6 @@ def kill_save(workshop, seed, long):
                 editor.expect("Do you want to replace the existing file?")
                 editor.do("answer", "OK")
                 allowed[other] = (b"other", NEW)
-            elif kind == "preview":
-                editor.do("press", "bview")
-                allowed[preview] = (None, NEW)
             else:
                 editor.do("trigger", "mfsoset")
             time.sleep(chance.uniform(0, 0.004))
