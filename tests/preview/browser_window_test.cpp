@@ -2,10 +2,7 @@
 // The browser window over the real web engine, without a display.
 #include "preview/browser_window.h"
 
-#include "editor/memory_surface.h"
 #include "fakes/document_desk.h"
-#include "fakes/messages.h"
-#include "fakes/views.h"
 #include "files/file_store_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/message_box_reference_window.h"
@@ -28,7 +25,7 @@ QByteArray linkPage(const char *href, const char *more = "")
     return "<title>here</title>" + QString(bigLink).arg(href, more).toUtf8();
 }
 
-class BrowserTest : public testing::Test, private PreviewWindows {
+class BrowserTest : public testing::Test, protected DocumentDesk, private PreviewWindows {
 protected:
     BrowserTest()
     {
@@ -40,7 +37,7 @@ protected:
 
     void put(const std::string &name, const QByteArray &bytes)
     {
-        EXPECT_EQ(files.write(folder.path().toStdString() + '/' + name, bytes.toStdString()), Saved::Ok);
+        EXPECT_EQ(disk.write(folder.path().toStdString() + '/' + name, bytes.toStdString()), Saved::Ok);
     }
     /// Shows a page that says in its title when it is there, and waits for it.
     void view(const char *text)
@@ -72,18 +69,12 @@ protected:
     }
 
     QTemporaryDir folder;
-    MemorySurface document;
-    DocumentState state;
-    ApplicationState application;
-    FileStoreQt files{folder.path().toStdString()};
-    FakeBackupStore backups;
-    DocumentFile file{files, backups};
-    FakeMessages messages;
-    FakeMainView main;
+    FileStoreQt disk{folder.path().toStdString()};
+    DocumentFile fileOnDisk{disk, backups};
     BrowserWindow window;
     BrowserControlQt control{window};
     PreviewCommands commands{
-        PreviewPorts{document, state, application, files, file, backups, messages, main, *this, control,
+        PreviewPorts{document, state, application, disk, fileOnDisk, backups, messages, main, *this, control,
             [this](const std::string &name) {
                 return folder.filePath(QString::fromStdString(name)).toStdString();
             },

@@ -2,8 +2,7 @@
 // Shows every page of a folder in the browser window over the real web engine, clicks on it, goes back to the
 // text, and prints what the page has achieved, one line a page:
 //   NAME followed=N read=N windows=N dialogs=N back=MS ended=yes|no
-#include "editor/memory_surface.h"
-#include "files/backup_store.h"
+#include "fakes/document_desk.h"
 #include "files/file_store_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
@@ -21,28 +20,6 @@ namespace {
 
 constexpr int settleTime = 1100; ///< ms; the pages' timers are below a second
 constexpr auto secret = "TOP-SECRET";
-
-class NoBackups : public BackupStore {
-    bool keep(const std::string &, std::string_view) override { return true; }
-};
-class CountedMessages : public Messages {
-public:
-    int shown = 0;
-
-private:
-    Answer show(const Message &) override
-    {
-        ++shown;
-        return Answer::Ok;
-    }
-};
-class NoMain : public MainView {
-    void setInformation(std::string_view) override { }
-    void setTitlePath(std::string_view) override { }
-    void redrawAndFocus() override { }
-    void levelLineNumbers() override { }
-    void refreshDocumentStatus() override { }
-};
 
 /// The engine's processes of this program: those that pages run in, and those that start them. How many of
 /// these there are depends on the sandbox.
@@ -112,18 +89,14 @@ private:
 
     QString m_folder;
     QWidget m_main;
-    MemorySurface m_document;
-    DocumentState m_state;
-    ApplicationState m_application;
+    DocumentDesk m_desk;
     FileStoreQt m_files{m_folder.toStdString()};
-    NoBackups m_backups;
-    CountedMessages m_messages;
-    NoMain m_mainView;
-    DocumentFile m_file{m_files, m_backups};
+    DocumentFile m_file{m_files, m_desk.backups};
     BrowserWindow m_window;
     BrowserControlQt m_control{m_window};
-    PreviewCommands m_commands{PreviewPorts{m_document, m_state, m_application, m_files, m_file, m_backups,
-        m_messages, m_mainView, *this, m_control, [](const std::string &name) { return name; }, "/root"}};
+    PreviewCommands m_commands{PreviewPorts{m_desk.document, m_desk.state, m_desk.application, m_files,
+        m_file, m_desk.backups, m_desk.messages, m_desk.main, *this, m_control,
+        [](const std::string &name) { return name; }, "/root"}};
     QTimer m_closer;
     QSet<int> m_helpers; ///< what is left of the engine without a page
     int m_dialogs = 0;
@@ -151,8 +124,8 @@ void Stage::startEngine()
 
 void Stage::show(const std::string &text)
 {
-    m_document.LoadText(text);
-    m_state.currentPath = (m_folder + "/page.htm").toStdString();
+    m_desk.document.LoadText(text);
+    m_desk.state.currentPath = (m_folder + "/page.htm").toStdString();
     m_commands.ViewPage();
 }
 
@@ -181,10 +154,10 @@ void Stage::click()
 
 bool Stage::crash(const QSet<int> &processes)
 {
-    m_messages.shown = 0;
+    m_desk.messages.shown.clear();
     for (const int process : processes)
         ::kill(process, SIGKILL);
-    return QTest::qWaitFor([this] { return m_main.isVisible() && m_messages.shown == 1; }, 3000);
+    return QTest::qWaitFor([this] { return m_main.isVisible() && m_desk.messages.shown.size() == 1; }, 3000);
 }
 
 void Stage::play(const QString &page)
