@@ -133,9 +133,7 @@ TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
         EXPECT_EQ(program->application.tempFolder, "/srv/web");
         EXPECT_EQ(program->application.autosaveMinutes, 20);
         EXPECT_EQ(program->document.fontFace, "Tahoma");
-        EXPECT_EQ(program->views.facePosition, 3);
         EXPECT_EQ(program->document.fontSize, "12");
-        EXPECT_EQ(program->views.sizePosition, 2);
         EXPECT_EQ(program->document.codeColour, Colour{0x0080FF});
         EXPECT_EQ(program->application.programPath, "/usr/bin/paint");
         EXPECT_EQ(program->views.toolView.programMenu, "P&aint");
