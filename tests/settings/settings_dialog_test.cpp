@@ -60,32 +60,27 @@ struct NextStart {
 
 TEST_F(SettingsDialogTest, YesAndNoAreStoredShownAndReadByTheNextStart)
 {
-    using InForce = bool (*)(const SettingsDesk &);
+    using State = std::pair<bool, bool>; // of the program, and what its main window shows of it
     struct {
         const char *name;
         const char *yes;
         const char *no;
         const char *lamp;
         const char *key;
-        InForce inForce; ///< in the program's state
-        InForce inWindow; ///< on the main window
+        State (*state)(const SettingsDesk &);
     } const cases[] = {
         {"FSO menu", "bfsoyes", "bfsono", "zpop", "iffso",
-            [](const SettingsDesk &d) { return d.document.fsoMenu; },
-            [](const SettingsDesk &d) { return d.views.toolView.fsoMenu; }},
+            [](const auto &d) { return State(d.document.fsoMenu, d.views.toolView.fsoMenu); }},
         {"IF count", "byesdoif", "bnodoif", "zif", "ifif",
-            [](const SettingsDesk &d) { return d.document.ifChecking; }, nullptr},
+            [](const auto &d) { return State(d.document.ifChecking, d.options.zif); }},
         {"autosave", "bautoyes", "bautono", "zauto", "autosave",
-            [](const SettingsDesk &d) { return d.application.autosaveOn && d.views.timerMinutes == 5; },
-            [](const SettingsDesk &d) { return d.views.toolView.autosave; }},
+            [](const auto &d) { return State(d.views.timerMinutes == 5, d.views.toolView.autosave); }},
         {"line debugging", "byesdebug", "bnodebug", "zldebug", "ifdebug",
-            [](const SettingsDesk &d) { return d.document.lineDebugOn && d.document.lineDebugPreferred; },
-            [](const SettingsDesk &d) { return d.views.toolView.lineDebugging; }},
+            [](const auto &d) { return State(d.document.lineDebugOn, d.views.toolView.lineDebugging); }},
         {"comments", "byescoms", "bnocoms", "zcom", "ifcoms",
-            [](const SettingsDesk &d) { return d.document.snippetComments; }, nullptr},
+            [](const auto &d) { return State(d.document.snippetComments, d.options.zcom); }},
         {"colour coding", "byescol", "bnocol", "zcol", "ifcolor",
-            [](const SettingsDesk &d) { return d.document.colourCoding; },
-            [](const SettingsDesk &d) { return d.views.toolView.colourCoding; }},
+            [](const auto &d) { return State(d.document.colourCoding, d.views.toolView.colourCoding); }},
     };
     pick("boxtime", "5");
     click("btime");
@@ -97,10 +92,10 @@ TEST_F(SettingsDialogTest, YesAndNoAreStoredShownAndReadByTheNextStart)
             EXPECT_EQ(lamp(c.lamp),
                 (std::pair<QString, QColor>(on ? "YES" : "NO", on ? QColor(0, 240, 0) : QColor(248, 0, 0))));
             NextStart next;
-            for (const auto *program : {&desk, &next.desk}) {
-                EXPECT_EQ(c.inForce(*program), on);
-                EXPECT_TRUE(!c.inWindow || c.inWindow(*program) == on);
-            }
+            EXPECT_EQ(c.state(desk), State(on, on));
+            EXPECT_EQ(c.state(next.desk), State(on, on));
+            for (const auto *program : {&desk, &next.desk})
+                EXPECT_EQ(program->document.lineDebugPreferred, program->document.lineDebugOn);
         }
     }
     EXPECT_TRUE(desk.messages.shown.empty());
