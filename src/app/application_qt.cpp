@@ -110,25 +110,26 @@ void Application::makesWindow(SecondaryWindow window, std::function<QWidget *()>
     m_makers[window] = std::move(make);
 }
 
-QWidget *Application::window(SecondaryWindow window) const
+QWidget &Application::window(SecondaryWindow window)
 {
-    const auto it = m_windows.find(window);
-    return it == m_windows.end() ? nullptr : it->second.get();
+    auto &made = m_windows[window];
+    if (!made)
+        made.reset(m_makers.at(window)());
+    return *made;
+}
+
+QWidget *Application::visibleWindow(SecondaryWindow window) const
+{
+    const auto made = m_windows.find(window);
+    return made != m_windows.end() && made->second->isVisible() ? made->second.get() : nullptr;
 }
 
 void Application::showWindow(SecondaryWindow which)
 {
-    if (auto *shown = window(which)) {
-        shown->show();
-        shown->raise();
-        shown->activateWindow();
-    }
-}
-
-void Application::createWindow(SecondaryWindow window)
-{
-    if (const auto make = m_makers.find(window); make != m_makers.end())
-        m_windows[window].reset(make->second());
+    auto &shown = window(which);
+    shown.show();
+    shown.raise();
+    shown.activateWindow();
 }
 
 void Application::showMainWindow()
@@ -141,8 +142,7 @@ void Application::showMainWindow()
 
 void Application::showFirstStartNotices()
 {
-    if (auto *information = dynamic_cast<InformationWindow *>(window(SecondaryWindow::Information)))
-        information->showFirstStartNotices();
+    dynamic_cast<InformationWindow &>(window(SecondaryWindow::Information)).showFirstStartNotices();
 }
 
 void Application::unloadMainWindow()
@@ -154,7 +154,7 @@ void Application::unloadMainWindow()
 
 void Application::unloadWindow(SecondaryWindow which)
 {
-    if (auto *shown = window(which))
+    if (auto *shown = visibleWindow(which))
         shown->hide();
 }
 

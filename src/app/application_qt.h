@@ -90,9 +90,11 @@ public:
         return *object;
     }
 
-    /// How the start-up makes a window; the application owns it.
+    /// How a window is made when it is first asked for: none of them is in the first picture, which must not
+    /// wait for them. The application owns it.
     void makesWindow(SecondaryWindow window, std::function<QWidget *()> make);
-    [[nodiscard]] QWidget *window(SecondaryWindow window) const; ///< null before the start-up has made it
+    [[nodiscard]] QWidget &window(SecondaryWindow window);
+    [[nodiscard]] QWidget *visibleWindow(SecondaryWindow window) const; ///< null when it is not on the screen
     void showWindow(SecondaryWindow window); ///< brought to the front, not modal
 
 private:
@@ -100,7 +102,6 @@ private:
     FontBoxes &fonts() override;
     WindowPlacement &placement() override { return mainWindow(); }
 
-    void createWindow(SecondaryWindow window) override;
     void showMainWindow() override;
     void showFirstStartNotices() override;
     void stopAutosaveTimer() override { timer1.stop(); }

@@ -197,11 +197,18 @@ void MainWindow::setInformation(std::string_view text)
 void MainWindow::setTitlePath(std::string_view path)
 {
     // A star in brackets stands for the mark of a changed text, doubled for itself.
-    const auto title = path.empty() ? "KEVRA" : "KEVRA - " + textOf(path).replace("[*]", "[*][*]");
-    setWindowTitle(title);
+    m_title = path.empty() ? "KEVRA" : "KEVRA - " + textOf(path).replace("[*]", "[*][*]");
+    setWindowTitle(m_title);
     for (auto *window : m_titled)
-        window->setWindowTitle(title);
+        window->setWindowTitle(m_title);
     emit documentNamed();
+}
+
+void MainWindow::addTitled(QWidget *window)
+{
+    if (!m_title.isEmpty())
+        window->setWindowTitle(m_title);
+    m_titled.append(window);
 }
 
 void MainWindow::redrawAndFocus()

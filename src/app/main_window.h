@@ -55,7 +55,7 @@ public:
     /// Who knows the document's encoding, line ends and whether it is saved, in words.
     void setStatusSource(std::function<QStringList()> source) { m_statusSource = std::move(source); }
     /// Another window that carries the document's path in its caption as this one does.
-    void addTitled(QWidget *window) { m_titled.append(window); }
+    void addTitled(QWidget *window);
 
     void setControlVisible(std::string_view control, bool visible) override;
     void setItemVisible(std::string_view item, bool visible) override;
@@ -106,6 +106,7 @@ private:
     LineNumberColumn *m_column;
     std::function<QStringList()> m_statusSource;
     QList<QWidget *> m_titled;
+    QString m_title; ///< as it was last set; empty before a document has been
     bool m_restored = false; ///< to a stored place, and not shown there yet
     std::array<bool, editItems.size()> m_possible{}; ///< what the items have been told
     bool m_pasteable = true; ///< as long as nobody has asked

@@ -8,7 +8,7 @@
 
 namespace kevra {
 
-/// The windows beside the main one, in the order they are created and unloaded.
+/// The windows beside the main one, in the order they are unloaded. Each is made when it is first asked for.
 enum class SecondaryWindow {
     Browser,
     MessageBoxReference,
@@ -26,7 +26,6 @@ inline constexpr std::array secondaryWindows{SecondaryWindow::Browser, Secondary
 class ShellWindows {
 public:
     virtual ~ShellWindows() = default;
-    virtual void createWindow(SecondaryWindow window) = 0; ///< not shown
     /// Does not wait; the window has the focus afterwards.
     virtual void showMainWindow() = 0;
     /// The information window with the notices of the first start; does not wait.

@@ -24,8 +24,6 @@ void Startup::startup(std::string commandLine)
 {
     m_application.commandLine = std::move(commandLine);
     loadWindowSettings();
-    for (const auto window : secondaryWindows)
-        m_windows.createWindow(window);
     m_windows.showMainWindow();
     loadOptions();
     resetState();

@@ -82,8 +82,7 @@ QWidget *makeFindDialog(Application &app)
 
 void findNext(Application &app)
 {
-    if (auto *dialog = dynamic_cast<FindDialog *>(app.window(SecondaryWindow::Find)))
-        dialog->commands().findNext();
+    dynamic_cast<FindDialog &>(app.window(SecondaryWindow::Find)).commands().findNext();
 }
 
 } // namespace

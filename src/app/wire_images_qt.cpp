@@ -35,18 +35,22 @@ public:
 
     QWidget *makeViewer()
     {
-        m_viewer = new ImageViewerWindow(&m_app.mainWindow());
+        auto *viewer = new ImageViewerWindow(&m_app.mainWindow());
         QObject::connect(
-            m_viewer, &ImageViewerWindow::closeAsked, m_viewer, [this] { m_commands.CloseImageViewer(); });
-        QObject::connect(&m_viewer->picture(), &PictureView::clicked, m_viewer,
+            viewer, &ImageViewerWindow::closeAsked, viewer, [this] { m_commands.CloseImageViewer(); });
+        QObject::connect(&viewer->picture(), &PictureView::clicked, viewer,
             [this](int x, int y) { m_commands.SampleImageColour(x, y); });
-        return m_viewer;
+        return viewer;
     }
 
 private:
+    [[nodiscard]] ImageViewerWindow &viewer() const
+    {
+        return dynamic_cast<ImageViewerWindow &>(m_app.window(SecondaryWindow::ImageViewer));
+    }
     void hideFindDialog() override
     {
-        if (auto *dialog = m_app.window(SecondaryWindow::Find); dialog && dialog->isVisible()) {
+        if (auto *dialog = m_app.visibleWindow(SecondaryWindow::Find)) {
             dialog->hide();
             dialog->lower();
         }
@@ -57,10 +61,10 @@ private:
         if (!picture)
             return std::nullopt;
         const PictureSize size{picture->width(), picture->height()};
-        m_viewer->picture().setPicture(std::move(*picture));
+        viewer().picture().setPicture(std::move(*picture));
         return size;
     }
-    void emptyPicture() override { m_viewer->picture().setPicture({}); }
+    void emptyPicture() override { viewer().picture().setPicture({}); }
     void enableTag(bool on) override { m_panel.enableTag(on); }
     void showSpecification(const std::string &size, const std::string &path) override
     {
@@ -71,18 +75,21 @@ private:
         const auto &document = m_app.mainWindow().document();
         QRect room(document.mapToGlobal(QPoint()), document.size());
         room.setRight(m_app.mainWindow().geometry().right());
-        m_viewer->showFor(size, room);
+        viewer().showFor(size, room);
     }
-    bool viewerIsVisible() const override { return m_viewer->isVisible(); }
+    bool viewerIsVisible() const override
+    {
+        return m_app.visibleWindow(SecondaryWindow::ImageViewer) != nullptr;
+    }
     void raiseViewer() override
     {
-        m_viewer->raise();
-        m_viewer->activateWindow();
+        viewer().raise();
+        viewer().activateWindow();
     }
     void hideViewer() override
     {
-        m_viewer->hide();
-        m_viewer->lower();
+        viewer().hide();
+        viewer().lower();
     }
     void showPanel(bool on) override
     {
@@ -92,7 +99,7 @@ private:
     }
     std::optional<Colour> colourAt(int x, int y) const override
     {
-        const auto &picture = m_viewer->picture().picture();
+        const auto &picture = viewer().picture().picture();
         if (!picture.valid(x, y))
             return std::nullopt;
         const auto pixel = picture.pixel(x, y);
@@ -107,7 +114,6 @@ private:
     ImageCommands m_commands;
     ImagePanel m_panel;
     ColourFinderPanel m_finder;
-    ImageViewerWindow *m_viewer = nullptr; ///< the application's
 };
 
 struct ImageItem {

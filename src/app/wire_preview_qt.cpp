@@ -23,7 +23,7 @@ private:
     void bindCommands();
     QWidget *makeBrowser();
     void connectBrowser();
-    [[nodiscard]] PreviewCommands &commands() { return *m_commands; }
+    [[nodiscard]] PreviewCommands &commands();
     bool hideTool(SecondaryWindow which);
 
     void hideFind() override { hideTool(SecondaryWindow::Find); }
@@ -50,6 +50,13 @@ PreviewSide::PreviewSide(Application &app)
     app.makesWindow(SecondaryWindow::MessageBoxReference,
         [&app] { return new MessageBoxReferenceWindow(&app.mainWindow()); });
     bindCommands();
+}
+
+PreviewCommands &PreviewSide::commands()
+{
+    if (!m_commands)
+        static_cast<void>(m_app.window(SecondaryWindow::Browser));
+    return *m_commands;
 }
 
 void PreviewSide::bindCommands()
@@ -103,8 +110,8 @@ void PreviewSide::connectBrowser()
 
 bool PreviewSide::hideTool(SecondaryWindow which)
 {
-    auto *tool = m_app.window(which);
-    if (!tool || !tool->isVisible())
+    auto *tool = m_app.visibleWindow(which);
+    if (!tool)
         return false;
     tool->hide();
     tool->lower();

@@ -24,8 +24,10 @@ public:
     void bind()
     {
         m_app.makesWindow(SecondaryWindow::Settings,
-            [this] { return m_dialog = new SettingsDialog(m_commands, &m_app.mainWindow()); });
-        m_app.commands.bind("msettings", [this] { m_dialog->showSettings(); });
+            [this] { return new SettingsDialog(m_commands, &m_app.mainWindow()); });
+        m_app.commands.bind("msettings", [this] {
+            dynamic_cast<SettingsDialog &>(m_app.window(SecondaryWindow::Settings)).showSettings();
+        });
         m_app.commands.bind("mauto", [this] { m_commands.toggleAutosave(); });
         m_app.commands.bind("mfsoset", [this] { m_commands.toggleFsoMenu(); });
         m_app.commands.bind("mex", [this] { m_program.RunExternalProgram(); });
@@ -41,7 +43,6 @@ private:
     ProcessStartQt m_processes;
     ExternalProgram m_program;
     SettingsCommands m_commands;
-    SettingsDialog *m_dialog = nullptr; ///< the application owns it
 };
 
 } // namespace

@@ -34,8 +34,6 @@ AccessibleControl::AccessibleControl(EditorControl &control)
     : QAccessibleWidget(&control, QAccessible::EditableText)
     , m_control(control)
 {
-    m_control.SendScintilla(
-        Sci::SCI_ALLOCATELINECHARACTERINDEX, static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
 }
 
 void AccessibleControl::install()
@@ -62,8 +60,16 @@ QAccessible::State AccessibleControl::state() const
     return state;
 }
 
+void AccessibleControl::countCharacters() const
+{
+    if (m_control.SendScintilla(Sci::SCI_GETLINECHARACTERINDEX) == Sci::SC_LINECHARACTERINDEX_NONE)
+        m_control.SendScintilla(
+            Sci::SCI_ALLOCATELINECHARACTERINDEX, static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
+}
+
 int AccessibleControl::offsetOf(Offset position) const
 {
+    countCharacters();
     const auto line = m_control.GetLineFromChar(position);
     const auto start = m_control.lineRange(line).start;
     return static_cast<int>(
@@ -75,6 +81,7 @@ int AccessibleControl::offsetOf(Offset position) const
 
 Offset AccessibleControl::positionOf(int offset) const
 {
+    countCharacters();
     const auto line = m_control.SendScintilla(Sci::SCI_LINEFROMINDEXPOSITION,
         static_cast<unsigned long>(std::max(offset, 0)), static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
     const auto start = m_control.lineRange(line).start;

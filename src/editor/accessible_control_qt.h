@@ -55,6 +55,9 @@ public:
 private:
     using Stretch = std::pair<int, int>;
 
+    /// Has Scintilla count the UTF-16 units of the lines from now on, which costs a load more than half of
+    /// its time. Qt makes this interface of every control that is given a name, read to anybody or not.
+    void countCharacters() const;
     [[nodiscard]] Stretch lineAround(int offset) const;
     [[nodiscard]] Stretch stretchAround(int offset, QAccessible::TextBoundaryType type) const;
     [[nodiscard]] int resolved(int offset) const;

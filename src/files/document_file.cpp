@@ -20,7 +20,7 @@ std::optional<OpenedFile> DocumentFile::read(const std::string &path) const
     if (!bytes)
         return std::nullopt;
     file.bytes = std::move(*bytes);
-    file.decoded = decodeFile(file.bytes, textKind(path));
+    file.decoded = decodeFrom(file.bytes, textKind(path));
     return file;
 }
 

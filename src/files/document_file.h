@@ -22,7 +22,7 @@ enum class Existing { KeepReadOnly, Replace }; ///< whether a save may replace a
 struct OpenedFile {
     std::string path;
     std::optional<FileStamp> stamp; ///< before it was read
-    std::string bytes;
+    std::string bytes; ///< empty where they are the text
     DecodedFile decoded;
 };
 

@@ -5,6 +5,8 @@
 #include "files/declared_charset.h"
 #include "files/line_ends.h"
 
+#include <utility>
+
 namespace kevra {
 namespace {
 
@@ -90,6 +92,7 @@ public:
     OriginalText &operator=(const OriginalText &) = delete;
 
     [[nodiscard]] std::string_view view() const { return m_view; }
+    [[nodiscard]] bool isAllOf(std::string_view bytes) const { return m_view.data() == bytes.data(); }
 
 private:
     std::string m_converted;
@@ -103,16 +106,30 @@ std::string withFileLineEnds(std::string_view text, const TextFormat &format, st
     return withLineEndsOf(text, OriginalText(original, format).view());
 }
 
-} // namespace
-
-DecodedFile decodeFile(std::string_view bytes, TextKind kind)
+/// The text is taken from `owned`, where it holds the bytes and they are the text.
+DecodedFile decoded(std::string_view bytes, TextKind kind, std::string *owned)
 {
     const auto [encoding, mark, declared] = detect(bytes, kind);
     DecodedFile file{{}, {encoding, mark, LineEnds::None, declared}};
     const OriginalText original(bytes, file.format);
     file.format.lineEnds = lineEndsOf(original.view());
-    file.text = toCrLf(original.view(), file.format.lineEnds);
+    if (owned && file.format.lineEnds == LineEnds::CrLf && original.isAllOf(bytes) && isAscii(bytes))
+        file.text = std::exchange(*owned, {});
+    else
+        file.text = toCrLf(original.view(), file.format.lineEnds);
     return file;
+}
+
+} // namespace
+
+DecodedFile decodeFile(std::string_view bytes, TextKind kind)
+{
+    return decoded(bytes, kind, nullptr);
+}
+
+DecodedFile decodeFrom(std::string &bytes, TextKind kind)
+{
+    return decoded(bytes, kind, &bytes);
 }
 
 bool isTextAsItStands(std::string_view bytes)

@@ -23,6 +23,9 @@ struct EncodedFile {
 
 [[nodiscard]] DecodedFile decodeFile(std::string_view bytes, TextKind kind);
 
+/// The same; bytes that are plain ASCII with CRLF line breaks become the text, and none are left in `bytes`.
+[[nodiscard]] DecodedFile decodeFrom(std::string &bytes, TextKind kind);
+
 /// Whether the bytes are the text as they stand: plain ASCII with CRLF line breaks, whatever the kind.
 [[nodiscard]] bool isTextAsItStands(std::string_view bytes);
 

@@ -59,8 +59,7 @@ TEST(Startup, EverythingHappensInItsFixedOrder)
     start.run("my page.htm");
     EXPECT_THAT(start.shell.log,
         testing::ElementsAre("tempfol", "aptorun", "exemenu", "fontface", "fontsize", "edsize", "maximise",
-            "wintype", "create 0", "create 1", "create 2", "create 3", "create 4", "create 5", "create 6",
-            "create 7", "show main", "codecolor", "ifcolor", "padl", "padt", "padw", "padh", "ifcoms",
+            "wintype", "show main", "codecolor", "ifcolor", "padl", "padt", "padw", "padh", "ifcoms",
             "ifdebug", "ifif", "autosave", "automins", "iffso", "open my page.htm", "if1", "notices",
             "if1=no", "offer recovery"));
     EXPECT_EQ(start.application.commandLine, "my page.htm");

@@ -20,7 +20,6 @@ class FakeShell : public ShellWindows,
                   public WindowPlacement,
                   public AutosaveTimer {
 public:
-    void createWindow(SecondaryWindow window) override { note("create", static_cast<int>(window)); }
     void showMainWindow() override { note("show main"); }
     void showFirstStartNotices() override { note("notices"); }
     void stopAutosaveTimer() override { note("stop timer"); }

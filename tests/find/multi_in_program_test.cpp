@@ -31,7 +31,7 @@ protected:
     }
     ~MultiInProgram() override { SettingsStoreQt().deleteSetting(settingsApplication); }
 
-    QWidget &dialog() { return *app.window(SecondaryWindow::MultiFind); }
+    QWidget &dialog() { return app.window(SecondaryWindow::MultiFind); }
     template <typename T> T &find(const char *name) { return *dialog().findChild<T *>(name); }
     QString cell(int row, int column) { return find<QTreeWidget>("lmfiles").topLevelItem(row)->text(column); }
     std::string content(const char *name) { return *app.files.read(folder.filePath(name).toStdString()); }

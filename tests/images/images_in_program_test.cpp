@@ -56,7 +56,7 @@ protected:
 TEST_F(ImagesInProgram, TheViewersPanelSpeaksOfTheViewedPicture)
 {
     view("sea.jpg");
-    auto &viewer = dynamic_cast<ImageViewerWindow &>(*app.window(SecondaryWindow::ImageViewer));
+    auto &viewer = dynamic_cast<ImageViewerWindow &>(app.window(SecondaryWindow::ImageViewer));
     EXPECT_TRUE(viewer.isVisible() && find<QFrame>("fr1").isVisible());
     EXPECT_EQ(find<QLineEdit>("tsize").text(), "120 x 80");
     QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {60, 40});

@@ -25,7 +25,7 @@ public:
     [[nodiscard]] QWidget &dialog()
     {
         app.commands.run("msettings");
-        return *app.window(SecondaryWindow::Settings);
+        return app.window(SecondaryWindow::Settings);
     }
     void click(const char *name)
     {
