@@ -66,9 +66,9 @@ private:
     }
     void emptyPicture() override { viewer().picture().setPicture({}); }
     void enableTag(bool on) override { m_panel.enableTag(on); }
-    void showSpecification(const std::string &size, const std::string &path) override
+    void showSizeAndPath(const std::string &size, const std::string &path) override
     {
-        m_panel.showSpecification(size, path);
+        m_panel.showSizeAndPath(size, path);
     }
     void showViewer(PictureSize size) override
     {

@@ -35,7 +35,7 @@ void ImageCommands::view(const std::string &path)
     m_name = fileName(path);
     m_size = *size;
     viewer.enableTag(type == ImageType::Web);
-    viewer.showSpecification(std::to_string(size->width) + " x " + std::to_string(size->height), path);
+    viewer.showSizeAndPath(std::to_string(size->width) + " x " + std::to_string(size->height), path);
     viewer.showViewer(*size);
     viewer.showPanel(true);
     m_ports.main.setInformation(pictureInformation(m_name, stamp->size));

@@ -32,7 +32,7 @@ public:
     virtual std::optional<PictureSize> load(const std::string &path) = 0;
     virtual void emptyPicture() = 0;
     virtual void enableTag(bool on) = 0; ///< `bspec`
-    virtual void showSpecification(const std::string &size, const std::string &path) = 0;
+    virtual void showSizeAndPath(const std::string &size, const std::string &path) = 0;
     /// Sized and captioned for the picture, not modal.
     virtual void showViewer(PictureSize size) = 0;
     [[nodiscard]] virtual bool viewerIsVisible() const = 0;

@@ -84,7 +84,7 @@ void ImagePanel::enableTag(bool on)
     m_tag->setEnabled(on);
 }
 
-void ImagePanel::showSpecification(const std::string &size, const std::string &path)
+void ImagePanel::showSizeAndPath(const std::string &size, const std::string &path)
 {
     m_size->setText(QString::fromStdString(size));
     m_path->setText(pathText(path));

@@ -34,7 +34,7 @@ public:
     ImagePanel(QWidget &frame, const Hooks &hooks);
 
     void enableTag(bool on);
-    void showSpecification(const std::string &size, const std::string &path);
+    void showSizeAndPath(const std::string &size, const std::string &path);
     void showSample(Colour colour, const std::string &code);
     [[nodiscard]] std::string sampleCode() const;
 

@@ -62,7 +62,7 @@ public:
     std::optional<PictureSize> load(const std::string &) override { return size; }
     void emptyPicture() override { }
     void enableTag(bool on) override { tagEnabled = on; }
-    void showSpecification(const std::string &text, const std::string &) override { specification = text; }
+    void showSizeAndPath(const std::string &text, const std::string &) override { shownSize = text; }
     void showViewer(PictureSize) override { visible = true; }
     bool viewerIsVisible() const override { return visible; }
     void raiseViewer() override { ++raised; }
@@ -81,7 +81,7 @@ public:
     bool tagEnabled = true;
     bool visible = false;
     bool panel = false;
-    std::string specification;
+    std::string shownSize;
     std::string code;
 };
 
@@ -118,7 +118,7 @@ TEST_F(ImageCommandsTest, AViewedPictureStaysUntilAnotherIsShownOrItIsClosed)
         SCOPED_TRACE(path);
         view(path);
         EXPECT_TRUE(viewer.visible && viewer.panel && viewer.tagEnabled);
-        EXPECT_EQ(viewer.specification, "120 x 80");
+        EXPECT_EQ(viewer.shownSize, "120 x 80");
         EXPECT_EQ(main.information, "sea.gif - 2 KB");
         commands.CopyViewedImageTag();
         EXPECT_EQ(clipboard.content, "<IMG SRC=\"sea.gif\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
