@@ -1,35 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The checker in the whole program: from the menu and the toolbar, and at Return.
-#include "app/application_qt.h"
 #include "app/main_menu_qt.h"
-
-#include "settings/setting_access.h"
-
-#include <gtest/gtest.h>
-
-#include <QtTest/QTest>
+#include "fakes/program.h"
 
 namespace kevra {
 namespace {
 
-TEST(CheckerInProgram, ShowsTheFaultyLineAndGoesBackToIt)
+using CheckerInProgram = ProgramTest;
+
+TEST_F(CheckerInProgram, ShowsTheFaultyLineAndGoesBackToIt)
 {
-    const QTemporaryDir folder;
-    QFile script(folder.filePath("long.vbs"));
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write(QByteArray("a = 1\r\n").repeated(299) + "x=1\r\ny = 2\r\n");
-    script.close();
-    Application app({.portable = false, .autosave = folder.path().toStdString()});
-    writeSetting(app.store, keys::firstStart, "no");
-    app.start(script.fileName().toStdString());
-    auto &document = app.mainWindow().document();
-    auto &information = *app.mainWindow().findChild<QLineEdit *>("tinfo");
+    put("long.vbs", QByteArray("a = 1\r\n").repeated(299) + "x=1\r\ny = 2\r\n");
+    start("long.vbs");
+    auto &document = this->document();
+    auto &menus = app().mainWindow().menus();
+    auto &information = find<QLineEdit>(app().mainWindow(), "tinfo");
     const auto caretShown = [&] {
         const auto line = document.GetLineFromChar(document.SelStart());
         return line == 299 && line >= document.FirstVisibleLine() && document.FirstVisibleLine() > 0;
     };
 
-    app.mainWindow().menus().action("mrundebug")->trigger();
+    menus.action("mrundebug")->trigger();
     EXPECT_EQ(information.text(), "Wrong spacing at equal sign - Line 300");
     EXPECT_EQ(document.ColourAt(document.SelStart() - 1), colours::fault);
     EXPECT_TRUE(caretShown());
@@ -44,10 +35,10 @@ TEST(CheckerInProgram, ShowsTheFaultyLineAndGoesBackToIt)
         QTest::keyClicks(&document, "z=1");
         QTest::keyClick(&document, Qt::Key_Return);
     };
-    app.mainWindow().menus().action("mnodebug")->trigger();
+    menus.action("mnodebug")->trigger();
     typeLine();
     EXPECT_EQ(information.text(), "Wrong spacing at equal sign - Line 300") << "not asked for";
-    app.mainWindow().menus().action("mdodebug")->trigger();
+    menus.action("mdodebug")->trigger();
     typeLine();
     EXPECT_EQ(information.text(), "Wrong spacing at equal sign - Line 1");
     EXPECT_EQ(document.ColourAt(0), colours::fault);

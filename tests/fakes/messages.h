@@ -33,6 +33,9 @@ public:
         return all;
     }
 
+    /// The text shown last; empty when there was none.
+    [[nodiscard]] std::string last() const { return shown.empty() ? std::string() : shown.back().text; }
+
     std::deque<Answer> answers;
     std::vector<Message> shown;
 };

@@ -1,62 +1,62 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Replacement in many files in the whole program, one of them open in the editor.
-#include "app/application_qt.h"
-#include "fakes/modal.h"
-#include "settings/setting_access.h"
-
-#include <gtest/gtest.h>
+#include "fakes/program.h"
 
 namespace kevra {
 namespace {
 
-class MultiInProgram : public testing::Test {
+constexpr auto page = "<B>old</B>\n<P>\n";
+constexpr auto replaced = "<I>old</I>\n<P>\n";
+
+class MultiInProgram : public ProgramTest {
 protected:
     MultiInProgram()
     {
-        SettingsStoreQt().deleteSetting(settingsApplication);
-        writeSetting(app.store, keys::firstStart, "no");
         QDir(folder.path()).mkdir("site");
-        for (const auto *name : {"page.htm", "site/other.htm", "site/data.bin"}) {
-            QFile page(folder.filePath(name));
-            EXPECT_TRUE(page.open(QFile::WriteOnly));
-            page.write("<B>old</B>\n<P>\n");
-        }
-        app.start(folder.filePath("page.htm").toStdString());
-        app.commands.run("mmulti");
+        for (const auto *name : {"page.htm", "site/other.htm", "site/data.bin"})
+            put(name, page);
+        QFile::setPermissions(folder.filePath("site/other.htm"), QFile::ReadOwner | QFile::WriteOwner);
+        start("page.htm");
+        app().commands.run("mmulti");
         find<QLineEdit>("tmfind").setText("B");
         find<QLineEdit>("tmrep").setText("I");
         find<QCheckBox>("ckmcase").setChecked(true);
-        drop(dialog(), {folder.filePath("page.htm"), folder.filePath("site")});
-        QApplication::processEvents();
+        find<QCheckBox>("ckmbackup").setChecked(true);
+        drop(dialog(), {folder.filePath("page.htm")});
+        const WhenModal<QFileDialog> choose([&](QFileDialog &dialog) {
+            dialog.selectFile(folder.filePath("site"));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        click("bmfolder");
+        EXPECT_TRUE(choose.came());
     }
-    ~MultiInProgram() override { SettingsStoreQt().deleteSetting(settingsApplication); }
 
-    QWidget &dialog() { return app.window(SecondaryWindow::MultiFind); }
-    template <typename T> T &find(const char *name) { return *dialog().findChild<T *>(name); }
+    QWidget &dialog() { return app().window(SecondaryWindow::MultiFind); }
+    template <typename T> T &find(const char *name) { return ProgramTest::find<T>(dialog(), name); }
+    void click(const char *name) { ProgramTest::click(dialog(), name); }
     QString cell(int row, int column) { return find<QTreeWidget>("lmfiles").topLevelItem(row)->text(column); }
-    std::string content(const char *name) { return *app.files.read(folder.filePath(name).toStdString()); }
-    EditorControl &document() { return app.mainWindow().document(); }
-
-    QTemporaryDir folder;
-    Application app{{.portable = false, .autosave = folder.path().toStdString()}};
+    std::string content(const char *name) { return app().files.read(path(name)).value_or("(missing)"); }
 };
 
 TEST_F(MultiInProgram, TheOpenDocumentTakesWhatWasWritten)
 {
     ASSERT_EQ(find<QTreeWidget>("lmfiles").topLevelItemCount(), 2) << "of the folder only what fits";
-    find<QPushButton>("bmpreview").click();
+    click("bmpreview");
     EXPECT_EQ(cell(0, 1) + cell(1, 1), "22");
-    EXPECT_EQ(content("page.htm"), "<B>old</B>\n<P>\n");
+    EXPECT_EQ(content("page.htm"), page);
     document().SetSelStart(15);
-    find<QPushButton>("bmreplace").click();
+    click("bmreplace");
     EXPECT_EQ(document().SelStart(), 12) << "the line the caret was in";
-    EXPECT_EQ(content("page.htm"), "<I>old</I>\n<P>\n");
-    EXPECT_EQ(content("site/other.htm"), "<I>old</I>\n<P>\n");
-    EXPECT_EQ(content("site/data.bin"), "<B>old</B>\n<P>\n");
+    EXPECT_EQ(content("page.htm"), replaced);
+    EXPECT_EQ(content("site/other.htm"), replaced);
+    EXPECT_EQ(content("site/data.bin"), page);
+    EXPECT_EQ(content("site/other.htm.bak"), page);
+    EXPECT_FALSE(
+        QFile::permissions(folder.filePath("site/other.htm.bak")) & (QFile::ReadGroup | QFile::ReadOther));
     EXPECT_EQ(document().Text(), "<I>old</I>\r\n<P>\r\n");
     EXPECT_EQ(document().ColourAt(1), colours::defaultCode);
     EXPECT_EQ(document().ColourAt(4), colours::black);
-    EXPECT_FALSE(app.document.unsaved);
+    EXPECT_FALSE(app().document.unsaved);
 }
 
 TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
@@ -70,13 +70,13 @@ TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
         told = box.text();
         box.accept();
     });
-    find<QPushButton>("bmpreview").click();
+    click("bmpreview");
     EXPECT_TRUE(message.came());
     EXPECT_TRUE(told.contains("page.htm") && told.contains("unsaved changes")) << told.toStdString();
     EXPECT_EQ(cell(0, 2), "has unsaved changes in the editor");
-    find<QPushButton>("bmreplace").click();
-    EXPECT_EQ(content("page.htm"), "<B>old</B>\n<P>\n");
-    EXPECT_EQ(content("site/other.htm"), "<I>old</I>\n<P>\n");
+    click("bmreplace");
+    EXPECT_EQ(content("page.htm"), page);
+    EXPECT_EQ(content("site/other.htm"), replaced);
     EXPECT_EQ(document().Text(), typed);
 }
 

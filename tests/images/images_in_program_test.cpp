@@ -1,34 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Viewer, colour finder and dropped pictures in the whole program, by the buttons people press.
-#include "app/application_qt.h"
-#include "fakes/modal.h"
+#include "fakes/program.h"
 #include "images/image_viewer_window.h"
-#include "settings/setting_access.h"
-
-#include <gtest/gtest.h>
 
 namespace kevra {
 namespace {
 
-class ImagesInProgram : public testing::Test {
+class ImagesInProgram : public ProgramTest {
 protected:
     ImagesInProgram()
     {
-        SettingsStoreQt().deleteSetting(settingsApplication);
-        writeSetting(app.store, keys::firstStart, "no");
-        app.start("");
+        start();
         QImage picture(120, 80, QImage::Format_RGB32);
         picture.fill(qRgb(255, 128, 0));
         EXPECT_TRUE(picture.save(folder.filePath("sea.jpg"), nullptr, 100));
         EXPECT_TRUE(picture.save(folder.filePath("icon.bmp")));
-        QFile broken(folder.filePath("broken.bmp"));
-        EXPECT_TRUE(broken.open(QFile::WriteOnly));
-        broken.write("BM");
+        put("broken.bmp", "BM");
     }
-    ~ImagesInProgram() override { SettingsStoreQt().deleteSetting(settingsApplication); }
 
-    template <typename T> T &find(const char *name) { return *app.mainWindow().findChild<T *>(name); }
-    void click(const char *name) { QTest::mouseClick(&find<QPushButton>(name), Qt::LeftButton); }
+    template <typename T> T &find(const char *name) { return ProgramTest::find<T>(app().mainWindow(), name); }
+    void click(const char *name) { ProgramTest::click(app().mainWindow(), name); }
     QString clipboard() { return QGuiApplication::clipboard()->text(); }
     void view(const char *name)
     {
@@ -36,7 +27,7 @@ protected:
             dialog.selectFile(folder.filePath(name));
             QMetaObject::invokeMethod(&dialog, "accept");
         });
-        app.commands.run("msample");
+        app().commands.run("msample");
         EXPECT_TRUE(choose.came());
     }
     void pickColour(const char *button, QColor colour)
@@ -48,15 +39,12 @@ protected:
         click(button);
         EXPECT_TRUE(choose.came());
     }
-
-    QTemporaryDir folder;
-    Application app{{.portable = false, .autosave = folder.path().toStdString()}};
 };
 
 TEST_F(ImagesInProgram, TheViewersPanelSpeaksOfTheViewedPicture)
 {
     view("sea.jpg");
-    auto &viewer = dynamic_cast<ImageViewerWindow &>(app.window(SecondaryWindow::ImageViewer));
+    auto &viewer = dynamic_cast<ImageViewerWindow &>(app().window(SecondaryWindow::ImageViewer));
     EXPECT_TRUE(viewer.isVisible() && find<QFrame>("fr1").isVisible());
     EXPECT_EQ(find<QLineEdit>("tsize").text(), "120 x 80");
     QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {60, 40});
@@ -80,7 +68,7 @@ TEST_F(ImagesInProgram, TheViewersPanelSpeaksOfTheViewedPicture)
 
 TEST_F(ImagesInProgram, TheColourFinderShowsTypedAndChosenColours)
 {
-    app.commands.run("mcolorfind");
+    app().commands.run("mcolorfind");
     ASSERT_TRUE(find<QFrame>("frcol").isVisible());
     find<QLineEdit>("tenter").setText("ff8000");
     pickColour("bshowhex", Qt::black); // nothing chosen: what was typed stays as it was typed
@@ -96,10 +84,10 @@ TEST_F(ImagesInProgram, TheColourFinderShowsTypedAndChosenColours)
 
 TEST_F(ImagesInProgram, ADroppedPictureGivesItsTagAndLeavesTheDocument)
 {
-    app.mainWindow().document().LoadText("typed");
-    drop(app.mainWindow(), {folder.filePath("sea.jpg")});
+    document().LoadText("typed");
+    drop(app().mainWindow(), {folder.filePath("sea.jpg")});
     EXPECT_EQ(clipboard(), "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
-    EXPECT_EQ(app.mainWindow().document().Text(), "typed");
+    EXPECT_EQ(document().Text(), "typed");
 }
 
 } // namespace

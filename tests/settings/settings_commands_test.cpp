@@ -8,15 +8,14 @@
 namespace kevra {
 namespace {
 
-constexpr auto intervalMessage
-    = "The time interval for Autosave must be set above zero before default Autosave can be set.";
-
 TEST(SettingsCommands, AutosaveNeedsAnInterval)
 {
     FreshDesk desk;
     desk.commands.setOption(Option::Autosave, true);
     desk.commands.toggleAutosave();
-    EXPECT_EQ(desk.messages.texts(), (std::vector<std::string>{intervalMessage, intervalMessage}));
+    EXPECT_EQ(desk.messages.texts(),
+        std::vector<std::string>(
+            2, "The time interval for Autosave must be set above zero before default Autosave can be set."));
     EXPECT_EQ(desk.messages.shown[0].icon, Icon::Information);
     EXPECT_EQ(desk.stored(keys::autosave), "none");
     EXPECT_FALSE(desk.options.zauto);
@@ -34,19 +33,20 @@ TEST(SettingsCommands, AutosaveNeedsAnInterval)
 
 TEST(SettingsCommands, TempFolderMustExist)
 {
+    constexpr auto noFolder = "The path is wrong. There's no such folder.";
     struct {
         const char *name;
         std::string typed;
         std::string stored; ///< "none" when nothing is
-        bool refused;
+        const char *message;
     } const cases[] = {
-        {"nothing entered", "", "none", false},
-        {"trailing backslash", "C:\\Temp\\", "C:\\Temp", false},
-        {"trailing slash", "/srv/web/", "/srv/web", false},
-        {"two separators lose one", "/srv/web//", "/srv/web/", false},
-        {"the root", "/", "/", false},
-        {"a file", "/srv/page.htm", "none", true},
-        {"missing", "/nowhere", "none", true},
+        {"nothing entered", "", "none", ""},
+        {"trailing backslash", "C:\\Temp\\", "C:\\Temp", ""},
+        {"trailing slash", "/srv/web/", "/srv/web", ""},
+        {"two separators lose one", "/srv/web//", "/srv/web/", ""},
+        {"the root", "/", "/", ""},
+        {"a file", "/srv/page.htm", "none", noFolder},
+        {"missing", "/nowhere", "none", noFolder},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
@@ -56,11 +56,8 @@ TEST(SettingsCommands, TempFolderMustExist)
         desk.commands.setTempFolder(c.typed);
         EXPECT_EQ(desk.stored(keys::tempFolder), c.stored);
         EXPECT_EQ(desk.application.tempFolder, c.stored == "none" ? "C:\\My Documents" : c.stored);
-        ASSERT_EQ(desk.messages.shown.size(), c.refused ? 1U : 0U);
-        if (c.refused) {
-            EXPECT_EQ(desk.messages.shown[0].text, "The path is wrong. There's no such folder.");
-            EXPECT_EQ(desk.messages.shown[0].icon, Icon::Critical);
-        }
+        EXPECT_EQ(desk.messages.last(), c.message);
+        EXPECT_TRUE(desk.messages.shown.empty() || desk.messages.shown[0].icon == Icon::Critical);
     }
 }
 
@@ -96,12 +93,9 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
 TEST(SettingsCommands, BrowsingTakesProgramsAlone)
 {
     FreshDesk desk;
-    desk.processes.runnable = {"/usr/bin/paint"};
-    desk.fileDialogs.choices = {"C:\\a.bat", "C:\\A.Exe", "/usr/bin/paint", "/etc/hosts"};
+    desk.fileDialogs.choices = {"C:\\a.bat", "C:\\A.Exe"};
     EXPECT_EQ(desk.commands.browseProgram(), std::nullopt);
     EXPECT_EQ(desk.commands.browseProgram(), "C:\\A.Exe");
-    EXPECT_EQ(desk.commands.browseProgram(), "/usr/bin/paint");
-    EXPECT_EQ(desk.commands.browseProgram(), std::nullopt);
     EXPECT_EQ(desk.commands.browseProgram(), std::nullopt) << "cancelled";
 }
 

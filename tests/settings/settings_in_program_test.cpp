@@ -1,109 +1,67 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The settings dialog in the whole program: what a click changes in the main window, and at the next start.
-#include "app/application_qt.h"
 #include "app/font_frame_panel.h"
 #include "app/main_menu_qt.h"
-
-#include "settings/setting_access.h"
-
-#include <gtest/gtest.h>
-
-#include <QtTest/QTest>
+#include "fakes/program.h"
 
 namespace kevra {
 namespace {
 
-class Program {
-public:
-    explicit Program(const QTemporaryDir &folder)
-        : app({.portable = false, .autosave = folder.path().toStdString()})
+class SettingsInProgram : public ProgramTest {
+protected:
+    SettingsInProgram()
     {
-        writeSetting(app.store, keys::firstStart, "no");
-        app.start(folder.filePath("page.htm").toStdString());
+        put("page.htm", "<B>x</B>");
+        start("page.htm");
     }
 
     [[nodiscard]] QWidget &dialog()
     {
-        app.commands.run("msettings");
-        return app.window(SecondaryWindow::Settings);
+        app().commands.run("msettings");
+        return app().window(SecondaryWindow::Settings);
     }
-    void click(const char *name)
-    {
-        QTest::mouseClick(dialog().findChild<QPushButton *>(name), Qt::LeftButton);
-    }
-    void pick(const char *name, const char *text)
-    {
-        dialog().findChild<QComboBox *>(name)->setCurrentText(text);
-    }
-    void enter(const char *name, const QString &text)
-    {
-        dialog().findChild<QLineEdit *>(name)->setText(text);
-    }
-
-    Application app;
-};
-
-class SettingsInProgram : public testing::Test {
-protected:
-    SettingsInProgram()
-    {
-        SettingsStoreQt().deleteSetting(settingsApplication);
-        SettingsStoreQt store;
-        writeSetting(store, keys::tempFolder, folder.path().toStdString());
-        QFile page(folder.filePath("page.htm"));
-        EXPECT_TRUE(page.open(QIODevice::WriteOnly));
-        page.write("<B>x</B>");
-    }
-    ~SettingsInProgram() override { SettingsStoreQt().deleteSetting(settingsApplication); }
-
-    QTemporaryDir folder;
+    void click(const char *name) { ProgramTest::click(dialog(), name); }
+    void pick(const char *name, const char *text) { find<QComboBox>(dialog(), name).setCurrentText(text); }
+    void enter(const char *name, const char *text) { find<QLineEdit>(dialog(), name).setText(text); }
 };
 
 TEST_F(SettingsInProgram, YesAndNoReachTheMainWindowAtOnce)
 {
-    Program program(folder);
-    auto &document = program.app.mainWindow().document();
-    EXPECT_EQ(document.ColourAt(0), colours::defaultCode);
-    program.click("bnocol");
-    EXPECT_EQ(document.ColourAt(0), colours::black);
-    program.click("byescol");
-    EXPECT_EQ(document.ColourAt(0), colours::defaultCode);
-    EXPECT_EQ(document.Text(), "<B>x</B>");
+    EXPECT_EQ(document().ColourAt(0), colours::defaultCode);
+    click("bnocol");
+    EXPECT_EQ(document().ColourAt(0), colours::black);
+    click("byescol");
+    EXPECT_EQ(document().ColourAt(0), colours::defaultCode);
 
-    program.pick("boxtime", "5");
-    program.click("btime");
-    program.click("bautoyes");
-    EXPECT_EQ(program.app.timer1.intervalAsDuration(), std::chrono::minutes(5));
-    EXPECT_TRUE(program.app.timer1.isActive());
-    program.app.commands.run("mauto");
-    EXPECT_FALSE(program.app.timer1.isActive());
+    pick("boxtime", "5");
+    click("btime");
+    click("bautoyes");
+    EXPECT_EQ(app().timer1.intervalAsDuration(), std::chrono::minutes(5));
+    EXPECT_TRUE(app().timer1.isActive());
+    app().commands.run("mauto");
+    EXPECT_FALSE(app().timer1.isActive());
 }
 
 TEST_F(SettingsInProgram, FontAndProgramLastIntoTheNextStart)
 {
-    QFile tool(folder.filePath("tool"));
-    ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
-    tool.write("#!/bin/sh\ntouch '" + folder.filePath("ran").toUtf8() + "'\n");
-    tool.close();
-    tool.setPermissions(tool.permissions() | QFile::ExeOwner);
-    {
-        Program program(folder);
-        program.pick("boxface", "Verdana");
-        program.click("bface");
-        program.pick("boxsize", "14");
-        program.click("bsize");
-        program.enter("tap", tool.fileName());
-        program.click("bapset");
-        program.enter("tmenu", "R&D");
-        program.click("bmenuset");
-        program.dialog().close();
-        EXPECT_EQ(program.app.mainWindow().document().Font(), (EditorFont{"Verdana", 14}));
-    }
-    Program next(folder);
-    EXPECT_EQ(next.app.mainWindow().document().Font(), (EditorFont{"Verdana", 14}));
-    EXPECT_EQ(next.app.mainWindow().fonts().face(), "Verdana");
-    EXPECT_EQ(next.app.mainWindow().menus().action("mex")->text(), "&R&&D");
-    next.app.commands.run("mex");
+    put("tool", "#!/bin/sh\ntouch '" + folder.filePath("ran").toUtf8() + "'\n");
+    QFile::setPermissions(folder.filePath("tool"), QFile::ReadOwner | QFile::ExeOwner);
+    pick("boxface", "Verdana");
+    click("bface");
+    pick("boxsize", "14");
+    click("bsize");
+    enter("tap", path("tool").c_str());
+    click("bapset");
+    enter("tmenu", "R&D");
+    click("bmenuset");
+    dialog().close();
+    EXPECT_EQ(document().Font(), (EditorFont{"Verdana", 14}));
+
+    start();
+    EXPECT_EQ(document().Font(), (EditorFont{"Verdana", 14}));
+    EXPECT_EQ(app().mainWindow().fonts().face(), "Verdana");
+    EXPECT_EQ(app().mainWindow().menus().action("mex")->text(), "&R&&D");
+    app().commands.run("mex");
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.filePath("ran")); }));
 }
 
@@ -112,16 +70,15 @@ TEST_F(SettingsInProgram, OptionsWorkWithoutAFileToKeepThem)
     SettingsStoreQt().deleteSetting(settingsApplication);
     const auto file = QSettings(QSettings::IniFormat, QSettings::UserScope, "kevra", "kevra285").fileName();
     ASSERT_TRUE(QDir().mkpath(file + "/a folder stands there"));
-    {
-        Program program(folder);
-        program.click("bfsono");
-        EXPECT_FALSE(program.app.document.fsoMenu);
-        const auto &notStored = *program.dialog().findChild<QLabel *>("lnotstored");
-        EXPECT_FALSE(notStored.text().isEmpty());
-        EXPECT_TRUE(QDir(file).removeRecursively());
-        program.click("bnocoms");
-        EXPECT_TRUE(notStored.text().isEmpty());
-    }
+    start();
+    click("bfsono");
+    EXPECT_FALSE(app().document.fsoMenu);
+    const auto &notStored = find<QLabel>(dialog(), "lnotstored");
+    EXPECT_FALSE(notStored.text().isEmpty());
+    EXPECT_TRUE(QDir(file).removeRecursively());
+    click("bnocoms");
+    EXPECT_TRUE(notStored.text().isEmpty());
+    end();
     EXPECT_EQ(readSetting(SettingsStoreQt(), keys::fsoMenu), "no") << "written with the next one";
 }
 
