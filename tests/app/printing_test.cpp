@@ -70,9 +70,8 @@ TEST(Printing, CancellingSaysSo)
     NoPrinter printer;
     FakeMessages messages;
     print(printer, messages);
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text, "Printing Cancelled");
-    EXPECT_EQ(messages.shown[0].title, "CANCEL PRINTING");
+    EXPECT_EQ(messages.shown,
+        (std::vector{Message{"Printing Cancelled", Icon::None, Buttons::Ok, "CANCEL PRINTING"}}));
 }
 
 } // namespace

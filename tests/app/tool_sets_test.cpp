@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tool_sets.h"
 
-#include "app/commands.h"
 #include "app/edit_commands.h"
 #include "app/line_numbers.h"
 #include "editor/memory_surface.h"
@@ -70,7 +69,6 @@ TEST(ToolSets, ShowingAgainStartsWithTheFirstPanel)
 {
     Tools t;
     t.tools.showWebTools();
-    t.view.state["Frame1"] = false;
     t.view.state["Frame2"] = true; // swapped in by its button
     t.tools.hideTools();
     EXPECT_FALSE(t.view.state["Frame2"]);
@@ -137,24 +135,6 @@ TEST(LineNumbers, CycleThroughTwoDigits)
     const auto text = lineNumbers(201);
     EXPECT_EQ(text.substr(98 * 4, 10), "99\r\n00\r\n01");
     EXPECT_EQ(text.substr(text.size() - 6), "00\r\n01");
-}
-
-TEST(Commands, TheToolbarsNumbersAndPicturesHold)
-{
-    const std::map<int, std::string_view> places{{1, "openb"}, {2, "saveb"}, {3, "printb"}, {5, "cutb"},
-        {6, "copyb"}, {7, "pasteb"}, {9, "textb"}, {11, "fandsb"}, {12, "multirb"}, {14, "retagb"},
-        {15, "reblackb"}, {18, "colfindb"}, {19, "viewimb"}, {21, "debugb"}, {23, "lineyesb"},
-        {24, "linenob"}, {26, "autob"}};
-    std::map<int, std::string_view> found;
-    for (int number = 0; const auto &row : toolRows())
-        if (++number; !row.key.empty())
-            found[number] = row.key;
-    EXPECT_EQ(found, places);
-    std::set<std::string_view> items;
-    for (const auto &row : menuRows())
-        EXPECT_TRUE(row.item.empty() || items.insert(row.item).second) << row.item << " twice";
-    for (const auto &row : toolRows())
-        EXPECT_TRUE(row.item.empty() || items.contains(row.item)) << row.item;
 }
 
 } // namespace

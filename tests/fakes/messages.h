@@ -4,9 +4,22 @@
 #include "platform/messages.h"
 
 #include <deque>
+#include <ostream>
+#include <tuple>
 #include <vector>
 
 namespace kevra {
+
+inline bool operator==(const Message &a, const Message &b)
+{
+    return std::tie(a.text, a.icon, a.buttons, a.title) == std::tie(b.text, b.icon, b.buttons, b.title);
+}
+
+inline void PrintTo(const Message &message, std::ostream *out)
+{
+    *out << message.title << ": " << message.text << ", icon " << static_cast<int>(message.icon)
+         << ", buttons " << static_cast<int>(message.buttons);
+}
 
 /// Keeps what was shown and gives the answers laid in; without one it gives the last button's harmless
 /// answer.
