@@ -160,13 +160,12 @@ TEST_F(MultiReplaceTest, RefusesAndAsksAsTheDocumentDoes)
 {
     multi.preview();
     add("a", "old");
-    view.request.find.replacement = "OLD";
-    multi.replaceAll();
-    view.request.find.replacement.clear();
-    multi.preview();
-    multi.replaceAll();
-    view.request.find.text.clear();
-    multi.replaceAll();
+    for (const FindRequest &find : {FindRequest{"old", "OLD"}, {"old", ""}, {"", ""}}) {
+        view.request.find = find;
+        if (!find.text.empty())
+            multi.preview();
+        multi.replaceAll();
+    }
     EXPECT_EQ(messages.texts(),
         (std::vector<std::string>{"No files have been chosen.",
             "You've entered the same text to replace the original!",

@@ -20,30 +20,27 @@ std::string helpPage()
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string withoutAmpersand(std::string_view caption)
-{
-    std::string shown(caption);
-    std::erase(shown, '&');
-    return shown;
-}
-
 TEST(HelpPage, NamesEveryCommandKeySettingAndFinding)
 {
     const auto page = helpPage();
     const auto expectNamed
-        = [&](const std::string &text) { EXPECT_NE(page.find(text), std::string::npos) << text; };
+        = [&](std::string_view text) { EXPECT_NE(page.find(text), std::string::npos) << text; };
     for (const auto &row : menuRows()) {
-        expectNamed(withoutAmpersand(row.caption == "popup" ? "" : row.caption));
+        std::string caption(row.caption == "popup" ? "" : row.caption);
+        std::erase(caption, '&');
+        expectNamed(caption);
         for (std::string keys(row.shortcut); !keys.empty();) {
             const auto end = std::min(keys.find("; "), keys.size());
             expectNamed("<kbd>" + keys.substr(0, end) + "</kbd>");
             keys.erase(0, end + 2);
         }
     }
+    std::vector<std::string_view> headings{groups::tempFolder.heading, groups::interval.heading,
+        groups::fontFace.heading, groups::fontSize.heading};
     for (const auto &group : yesNoGroups)
-        expectNamed(std::string(group.heading.substr(0, group.heading.find(" (see Help)"))));
-    for (const auto *group : {&groups::tempFolder, &groups::interval, &groups::fontFace, &groups::fontSize})
-        expectNamed(std::string(group->heading.substr(0, group->heading.find(" (see Help)"))));
+        headings.push_back(group.heading);
+    for (const auto heading : headings)
+        expectNamed(heading.substr(0, heading.find(" (see Help)")));
 
     constexpr auto faults = "MsgBox \"a\r\nb(\r\nc ,d\r\ne=f\r\nIf g\r\nFor\r\nSub\r\nDo\r\n"
                             "' FileSystemObject WScript.Shell\r\nCopyFile h\r\nRegRead(i\r\nReadLine\r\n";

@@ -52,14 +52,6 @@ protected:
     {
         return commands.beforeNavigate({address, path, frame});
     }
-    void expectMessage(const char *text, Icon icon, const char *title)
-    {
-        ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(messages.shown[0].text, text);
-        EXPECT_EQ(messages.shown[0].icon, icon);
-        EXPECT_EQ(messages.shown[0].title, title);
-        EXPECT_EQ(messages.shown[0].buttons, Buttons::Ok);
-    }
 
     std::vector<std::string> happened;
     std::string turl = "(untouched)";
@@ -95,72 +87,58 @@ TEST_F(PreviewTest, WritesBesideTheDocumentAndShowsIt)
 
 TEST_F(PreviewTest, ChoosesTheFolder)
 {
-    struct {
-        const char *current;
-        const char *page;
-    } const cases[] = {
-        {"", "/tmp/pages/kevratemp.html"},
-        {"/index.htm", "/kevratemp.html"},
-        {"C:\\index.htm", "C:/kevratemp.html"},
-        {"/a b/c/index.htm", "/a b/c/kevratemp.html"},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.current);
-        state.currentPath = c.current;
+    for (const auto &[current, page] :
+        {std::pair("", "/tmp/pages/kevratemp.html"), {"/index.htm", "/kevratemp.html"},
+            {"C:\\index.htm", "C:/kevratemp.html"}, {"/a b/c/index.htm", "/a b/c/kevratemp.html"}}) {
+        state.currentPath = current;
         commands.ViewPage();
-        EXPECT_EQ(application.previewTempPath, c.page);
+        EXPECT_EQ(application.previewTempPath, page);
         commands.BackToText();
     }
 }
 
 TEST_F(PreviewTest, SaysWhyThereIsNoPage)
 {
+    using P = PreviewCommands;
+    using enum Icon;
     constexpr auto standard = "KEVRA Editor";
-    const auto clear = [this] { document.LoadText(""); };
+    constexpr auto missing = "Help File Missing";
+    const auto reference
+        = "The VBScript Info. file is missing. You should have VBSInfo.html in the KEVRA folder.";
+    const auto noText = [this] { document.LoadText(""); };
+    const auto noFiles = [this] { files.files.clear(); };
+    const auto noEngine = [this] { engine = false; };
+    const auto noRoom = [this] { files.refused["/site/kevratemp.html"] = Saved::DiskFull; };
+    const auto noFolder = [this] {
+        state.currentPath.clear();
+        files.folders.clear();
+    };
     struct {
-        const char *name;
         std::function<void()> before;
-        void (PreviewCommands::*command)();
-        const char *text;
-        Icon icon;
-        const char *title;
+        void (P::*command)();
+        std::string text;
+        Icon icon = Critical;
+        const char *title = standard;
     } const cases[] = {
-        {"empty, viewed", clear, &PreviewCommands::ViewPage, "There isn't yet a page to view!",
-            Icon::Critical, standard},
-        {"empty, written", clear, &PreviewCommands::WritePreviewPage, "There isn't any page yet to view!",
-            Icon::Information, "Error"},
-        {"no temporary folder",
-            [this] {
-                state.currentPath.clear();
-                files.folders.clear();
-            },
-            &PreviewCommands::ViewPage,
-            "Error loading page. The setting for the Webpage Temp Folder may be invalid.", Icon::Critical,
-            standard},
-        {"cannot be written", [this] { files.refused["/site/kevratemp.html"] = Saved::DiskFull; },
-            &PreviewCommands::ViewPage, failedText.c_str(), Icon::Critical, standard},
-        {"no web engine", [this] { engine = false; }, &PreviewCommands::ViewPage, failedText.c_str(),
-            Icon::Critical, standard},
-        {"nothing to show", [] {}, &PreviewCommands::refresh, "There doesn't seem to be a page to view!",
-            Icon::Information, "Error"},
-        {"no help", [this] { files.files.clear(); }, &PreviewCommands::ShowHelp,
-            "The help file is missing. You should have kevrahelp.html in the KEVRA folder.",
-            Icon::Information, "Help File Missing"},
-        {"no reference", [this] { files.files.clear(); }, &PreviewCommands::ShowScriptReference,
-            "The VBScript Info. file is missing. You should have VBSInfo.html in the KEVRA folder.",
-            Icon::Information, "Help File Missing"},
-        {"no help, browser", [this] { files.files.clear(); }, &PreviewCommands::helpFromBrowser,
-            "The Help file is missing. You should have kevrahelp.html in the KEVRA folder.", Icon::None,
-            "Help File Missing"},
-        {"no reference, browser", [this] { files.files.clear(); }, &PreviewCommands::referenceFromBrowser,
-            "The VBScript Info. file is missing. You should have VBSInfo.html in the KEVRA folder.",
-            Icon::None, "Help File Missing"},
-        {"help, no web engine", [this] { engine = false; }, &PreviewCommands::ShowHelp, failedText.c_str(),
-            Icon::Critical, standard},
+        {noText, &P::ViewPage, "There isn't yet a page to view!"},
+        {noText, &P::WritePreviewPage, "There isn't any page yet to view!", Information, "Error"},
+        {noFolder, &P::ViewPage,
+            "Error loading page. The setting for the Webpage Temp Folder may be invalid."},
+        {noRoom, &P::ViewPage, failedText},
+        {noEngine, &P::ViewPage, failedText},
+        {noEngine, &P::ShowHelp, failedText},
+        {[] {}, &P::refresh, "There doesn't seem to be a page to view!", Information, "Error"},
+        {noFiles, &P::ShowHelp,
+            "The help file is missing. You should have kevrahelp.html in the KEVRA folder.", Information,
+            missing},
+        {noFiles, &P::helpFromBrowser,
+            "The Help file is missing. You should have kevrahelp.html in the KEVRA folder.", None, missing},
+        {noFiles, &P::ShowScriptReference, reference, Information, missing},
+        {noFiles, &P::referenceFromBrowser, reference, None, missing},
     };
     const auto startFiles = files;
     for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.text);
         files = startFiles;
         engine = true;
         state.currentPath = "/site/index.htm";
@@ -170,7 +148,7 @@ TEST_F(PreviewTest, SaysWhyThereIsNoPage)
         application.helpShowing = application.vbsInfoShowing = false;
         c.before();
         (commands.*c.command)();
-        expectMessage(c.text, c.icon, c.title);
+        EXPECT_EQ(messages.shown, (std::vector{Message{c.text, c.icon, Buttons::Ok, c.title}}));
         EXPECT_THAT(happened, testing::Not(testing::Contains("show browser")));
         EXPECT_FALSE(files.files.contains("/site/kevratemp.html"));
         EXPECT_FALSE(state.busyLoadingOrSaving);
