@@ -47,6 +47,7 @@ bool PrintingQt::print(QPrinter &printer, TextRange range)
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
+    m_document.paintAll();
     m_document.SendScintilla(QsciScintillaBase::SCI_SETPRINTWRAPMODE, QsciScintillaBase::SC_WRAP_WORD);
     m_document.SendScintilla(QsciScintillaBase::SCI_SETPRINTCOLOURMODE, QsciScintillaBase::SC_PRINT_NORMAL);
     const QRect page(QPoint(), printer.pageLayout().paintRectPixels(printer.resolution()).size());

@@ -23,26 +23,38 @@ DocumentColouring::DocumentColouring(EditorSurface &document, DocumentState &sta
 {
 }
 
-PendingRuns DocumentColouring::tagsOf(std::string_view text) const
+PendingPaint DocumentColouring::tagsOf(std::string_view text) const
 {
-    return startComputing(text, [text, code = m_state.codeColour] { return tagRuns(text, code); });
+    return startComputing(text, [text, code = m_state.codeColour] {
+        return paintOf(tagRuns(text, code), static_cast<Offset>(text.size()));
+    });
 }
 
-PendingRuns DocumentColouring::scriptOf(std::string_view text) const
+PendingPaint DocumentColouring::scriptOf(std::string_view text) const
 {
-    return startComputing(text, [text, code = m_state.codeColour] { return scriptRuns(text, code); });
+    return startComputing(text, [text, code = m_state.codeColour] {
+        return paintOf(scriptRuns(text, code), static_cast<Offset>(text.size()));
+    });
 }
 
 void DocumentColouring::colourTags()
 {
-    colourTags(tagsOf(m_document.Text()));
-}
-
-void DocumentColouring::colourTags(PendingRuns runs)
-{
     const ProgrammaticChange guard(m_state);
     m_document.SetSelColor(colours::black);
-    m_document.SetColours({0, m_document.Length()}, runs.get(), Ground::AsItIs);
+    const auto runs = tagRuns(m_document.Text(), m_state.codeColour);
+    m_document.SetColours({0, m_document.Length()}, runs, Ground::AsItIs);
+    finishTags();
+}
+
+void DocumentColouring::colourTags(PendingPaint paint)
+{
+    const ProgrammaticChange guard(m_state);
+    m_document.SetPaint(paint.get());
+    finishTags();
+}
+
+void DocumentColouring::finishTags()
+{
     leaveAtTop(m_document);
     // A document that has just been coloured counts as not modified.
     m_state.unsaved = false;
@@ -50,13 +62,16 @@ void DocumentColouring::colourTags(PendingRuns runs)
 
 void DocumentColouring::ColourText()
 {
-    ColourText(scriptOf(m_document.Text()));
+    const ProgrammaticChange guard(m_state);
+    const auto runs = scriptRuns(m_document.Text(), m_state.codeColour);
+    m_document.SetColours({0, m_document.Length()}, runs);
+    leaveAtTop(m_document);
 }
 
-void DocumentColouring::ColourText(PendingRuns runs)
+void DocumentColouring::ColourText(PendingPaint paint)
 {
     const ProgrammaticChange guard(m_state);
-    m_document.SetColours({0, m_document.Length()}, runs.get());
+    m_document.SetPaint(paint.get());
     leaveAtTop(m_document);
 }
 

@@ -11,32 +11,35 @@
 
 namespace kevra {
 
-/// Runs that may still be being computed. A large text's are, on another core, while it is loaded; a small
+/// Colours that may still be being computed. A large text's are, on another core, while it is loaded; a small
 /// one's are computed when they are asked for. The text must outlive them.
-using PendingRuns = std::future<ColourRuns>;
+using PendingPaint = std::future<Paint>;
 
 class DocumentColouring {
 public:
     DocumentColouring(EditorSurface &document, DocumentState &state);
 
-    /// The runs for a text that is about to become the document's.
-    [[nodiscard]] PendingRuns tagsOf(std::string_view text) const;
-    [[nodiscard]] PendingRuns scriptOf(std::string_view text) const;
+    /// The colours for a text that is about to become the document's.
+    [[nodiscard]] PendingPaint tagsOf(std::string_view text) const;
+    [[nodiscard]] PendingPaint scriptOf(std::string_view text) const;
 
     /// Colours every tag in the code colour. Text that is no tag keeps its colour; the caret goes to the top
     /// and the document counts as unmodified.
     void colourTags();
-    void colourTags(PendingRuns runs);
+    /// The same for a text that has just been loaded.
+    void colourTags(PendingPaint paint);
     /// Colours the whole document as a script: everything black, then keywords, placeholders and separator
     /// comments outside string literals. The caret goes to the top.
     void ColourText();
-    void ColourText(PendingRuns runs);
+    void ColourText(PendingPaint paint);
     /// One of the two, as the tool set that is shown says.
     void colourForTools();
     /// Everything black, the caret at the top.
     void removeColours();
 
 private:
+    void finishTags();
+
     EditorSurface &m_document;
     DocumentState &m_state;
 };

@@ -14,11 +14,16 @@ namespace {
 /// Close to the document's start a tag's colour hangs on how much text stands before it.
 constexpr Offset nearStart = 4096;
 
+/// Behind an edit longer than this everything is painted anew: a control may put off a document's tail.
+constexpr Offset longEdit = Offset{256} * 1024;
+
 /// The part to paint anew. Right behind a ">" no tag is open, whatever came before; so a part may start
 /// there, and what follows the first ">" behind the edit has not changed.
 TextRange partToMend(const EditorSurface &document, TextRange touched)
 {
     const auto start = touched.start < nearStart ? 0 : lastOf(document, '>', touched.start) + 1;
+    if (touched.length() > longEdit)
+        return {start, document.Length()};
     const auto end = firstOf(document, ">", std::max(touched.end, start == 0 ? 2 * nearStart : 0));
     return {start, end == -1 ? document.Length() : end + 1};
 }
@@ -30,19 +35,26 @@ bool reachesFarBack(const ColourRuns &runs, Offset before)
     });
 }
 
+/// The tags of a part that begins behind a tag.
+ColourRuns tagRunsIn(const EditorSurface &document, TextRange part, Colour code)
+{
+    if (part.start > 0) {
+        auto runs = plainTagRuns(document.Text(part), code);
+        if (!reachesFarBack(runs, part.start)) {
+            for (auto &run : runs)
+                run.range = {run.range.start + part.start, run.range.end + part.start};
+            return runs;
+        }
+    }
+    return tagRuns(document.Text({0, part.end}), code);
+}
+
 } // namespace
 
 void mendTags(EditorSurface &document, TextRange touched, Colour code)
 {
     const auto part = partToMend(document, touched);
-    auto runs = plainTagRuns(document.Text(part), code);
-    if (reachesFarBack(runs, part.start)) {
-        runs = tagRuns(document.Text({0, part.end}), code);
-    } else {
-        for (auto &run : runs)
-            run.range = {run.range.start + part.start, run.range.end + part.start};
-    }
-    document.SetColours(part, runs);
+    document.SetColours(part, tagRunsIn(document, part, code));
 }
 
 void mendScript(EditorSurface &document, Colour code)

@@ -35,7 +35,7 @@ void EditorControl::connectPainting()
 {
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int position) {
         if (position > m_unpainted.start())
-            paintUpTo(position + paintedAhead);
+            paintShown();
         stylesAreUpToDate();
     });
     m_paintRest.setInterval(pauseBetweenSlices);
@@ -80,8 +80,26 @@ void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs,
     layRuns(styles, whole, runs, runStyles);
     if (!later)
         return setStyles(whole.start, styles);
-    m_unpainted.keep(whole.start, std::move(styles));
-    paintUpTo(std::max(endOfView(), whole.start) + paintedAhead);
+    paintLater(whole.start, std::move(styles));
+}
+
+void EditorControl::SetPaint(Paint paint)
+{
+    settle();
+    // No byte keeps its style: the styles can be numbered as the palette is.
+    m_styleColours = std::move(paint.palette);
+    for (std::size_t style = 1; style < m_styleColours.size(); ++style)
+        send(SCI_STYLESETFORE, static_cast<Offset>(style), m_styleColours[style].value);
+    if (Length() <= paintedLater)
+        setStyles(0, paint.indices);
+    else
+        paintLater(0, std::move(paint.indices));
+}
+
+void EditorControl::paintLater(Offset start, std::string styles)
+{
+    m_unpainted.keep(start, std::move(styles));
+    paintShown();
     m_paintRest.start();
 }
 
@@ -119,10 +137,22 @@ void EditorControl::paintUpTo(Offset end)
     }
 }
 
-Offset EditorControl::endOfView() const
+void EditorControl::paintAll()
 {
-    const auto line = send(SCI_DOCLINEFROMVISIBLE, FirstVisibleLine() + linesOnScreen() + 1);
-    return send(SCI_GETLINEENDPOSITION, std::min<Offset>(line, lineCount() - 1));
+    paintUpTo(Length());
+}
+
+void EditorControl::paintShown()
+{
+    const auto first = FirstVisibleLine();
+    const auto last = send(SCI_DOCLINEFROMVISIBLE, first + linesOnScreen() + 1);
+    const auto start = send(SCI_POSITIONFROMLINE, send(SCI_DOCLINEFROMVISIBLE, first));
+    const auto end = send(SCI_GETLINEENDPOSITION, std::min<Offset>(last, lineCount() - 1)) + paintedAhead;
+    const TextRange seen{std::max<Offset>(start, m_unpainted.start()), std::min(end, Length())};
+    if (end <= m_unpainted.start() + slice || seen.length() > slice)
+        return paintUpTo(end);
+    // Far down, what lies before need not be painted first; the view alone is, and again with the rest.
+    setStyles(seen.start, m_unpainted.styles(seen));
 }
 
 int EditorControl::styleOf(Colour colour)

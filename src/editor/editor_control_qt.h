@@ -34,6 +34,7 @@ public:
     [[nodiscard]] Colour ColourAt(Offset position) const override;
     using EditorSurface::SetColours;
     void SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground) override;
+    void SetPaint(Paint paint) override;
     [[nodiscard]] EditorFont Font() const override { return m_font; }
     void SetFont(const EditorFont &font) override;
     [[nodiscard]] int RightMargin() const override { return m_rightMargin; }
@@ -68,6 +69,8 @@ public:
     /// a read-only control.
     void replaceAsUser(TextRange range, std::string_view text);
 
+    /// Before something else than the window shows the text: what waits to be painted does not wait longer.
+    void paintAll();
     /// The text as it is now is what the file holds.
     void setSavePoint();
     [[nodiscard]] bool isAtSavePoint() const;
@@ -135,8 +138,10 @@ private:
     void applyFont();
     void paint(TextRange range, int style);
     void setStyles(Offset start, std::string_view styles);
+    /// What can be seen at once, the rest in the pauses and when it is looked at.
+    void paintLater(Offset start, std::string styles);
+    void paintShown();
     void paintUpTo(Offset end);
-    [[nodiscard]] Offset endOfView() const;
     void stylesAreUpToDate();
     void beforeChange(int position, int type, int length);
     void settle();

@@ -78,6 +78,12 @@ void MemorySurface::SetColours(TextRange range, std::span<const ColourRun> runs,
     }
 }
 
+void MemorySurface::SetPaint(Paint paint)
+{
+    std::ranges::transform(paint.indices, m_colours.begin(),
+        [&](char index) { return paint.palette[static_cast<unsigned char>(index)]; });
+}
+
 Offset MemorySurface::GetLineFromChar(Offset position) const
 {
     // A lone carriage return ends a line as well; one that is followed by a line feed does not count itself.

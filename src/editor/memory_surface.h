@@ -22,6 +22,7 @@ public:
     [[nodiscard]] Colour ColourAt(Offset position) const override;
     using EditorSurface::SetColours;
     void SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground) override;
+    void SetPaint(Paint paint) override;
     [[nodiscard]] EditorFont Font() const override { return m_font; }
     void SetFont(const EditorFont &font) override { m_font = font; }
     [[nodiscard]] int RightMargin() const override { return m_rightMargin; }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "editor/find.h"
+#include "editor/paint.h"
 #include "editor/types.h"
 
 #include <optional>
@@ -60,6 +61,9 @@ public:
     {
         SetColours(range, runs, Ground::Black);
     }
+
+    /// Colours the whole text, which the paint is as long as, in 32 colours at most.
+    virtual void SetPaint(Paint paint) = 0;
 
     [[nodiscard]] virtual EditorFont Font() const = 0;
     virtual void SetFont(const EditorFont &font) = 0;

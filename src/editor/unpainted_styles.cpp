@@ -23,9 +23,15 @@ char UnpaintedStyles::styleAt(Offset position) const
     return m_styles[m_taken + static_cast<std::size_t>(position - m_start)];
 }
 
+std::string_view UnpaintedStyles::styles(TextRange range) const
+{
+    return std::string_view(m_styles).substr(
+        m_taken + static_cast<std::size_t>(range.start - m_start), static_cast<std::size_t>(range.length()));
+}
+
 std::string_view UnpaintedStyles::takeUpTo(Offset end)
 {
-    const auto taken = std::string_view(m_styles).substr(m_taken, static_cast<std::size_t>(end - m_start));
+    const auto taken = styles({m_start, end});
     m_taken += taken.size();
     m_start = end;
     return taken;

@@ -20,6 +20,8 @@ public:
     /// Beyond every text when all is painted.
     [[nodiscard]] Offset start() const { return m_start; }
     [[nodiscard]] char styleAt(Offset position) const;
+    /// The styles of a stretch from start() on, which stays unpainted; the view holds until the next call.
+    [[nodiscard]] std::string_view styles(TextRange range) const;
     /// The styles from start() up to `end`, which count as painted from now on; the view holds until the next
     /// call.
     [[nodiscard]] std::string_view takeUpTo(Offset end);

@@ -24,7 +24,7 @@ std::optional<OpenedFile> DocumentFile::read(const std::string &path) const
     return file;
 }
 
-void DocumentFile::take(OpenedFile file)
+void DocumentFile::take(OpenedFile &&file)
 {
     m_paths.clear();
     adopt(std::move(file.bytes), file.decoded.text, file.decoded.format, file.path, file.stamp);

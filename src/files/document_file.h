@@ -32,8 +32,8 @@ public:
 
     /// A file as it can be opened; nothing when it cannot be read.
     [[nodiscard]] std::optional<OpenedFile> read(const std::string &path) const;
-    /// The document's file from now on.
-    void take(OpenedFile file);
+    /// The document's file from now on. Its bytes are taken from `file`, its text is left there.
+    void take(OpenedFile &&file);
     /// A document without a file, whose text is `text` now.
     void startNew(std::string_view text = {});
 

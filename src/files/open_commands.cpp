@@ -66,7 +66,7 @@ void OpenCommands::startWithTemplate(const std::string &templatePath)
     const auto text = decodeFile(*bytes, TextKind::Page).text;
     startNew(text, old);
     showTools(TypeGroup::WebPage);
-    colour(TypeGroup::WebPage, runsOf(text, TypeGroup::WebPage));
+    colour(TypeGroup::WebPage, paintOf(text, TypeGroup::WebPage));
     m_ports.state.unsaved = true;
 }
 
@@ -103,15 +103,13 @@ bool OpenCommands::load(const std::string &path, OldText old)
     if (!file)
         return false;
     // Computed while the text goes into the document.
-    auto runs = runsOf(file->decoded.text, type->group);
+    auto paint = paintOf(file->decoded.text, type->group);
     replaceText(file->decoded.text, old);
-    if (runs.valid())
-        runs.wait();
-    m_ports.file.take(std::move(*file));
+    m_ports.file.take(std::move(*file)); // all but the text, which the paint is made from
     m_ports.state.currentExtension = type->extension;
     m_ports.main.redrawAndFocus();
     showTools(type->group);
-    colour(type->group, std::move(runs));
+    colour(type->group, std::move(paint));
     // An opened file counts as unsaved, so quitting straight away still asks.
     m_ports.state.unsaved = true;
     m_ports.main.setTitlePath(m_ports.state.currentPath);
@@ -158,14 +156,14 @@ void OpenCommands::showTools(TypeGroup group)
     m_ports.tools.showLineDebugging(state.lineDebugOn);
 }
 
-PendingRuns OpenCommands::runsOf(std::string_view text, TypeGroup group) const
+PendingPaint OpenCommands::paintOf(std::string_view text, TypeGroup group) const
 {
     if (!m_ports.state.colourCoding || !isColoured(group))
         return {};
     return group == TypeGroup::WebPage ? m_colouring.tagsOf(text) : m_colouring.scriptOf(text);
 }
 
-void OpenCommands::colour(TypeGroup group, PendingRuns runs)
+void OpenCommands::colour(TypeGroup group, PendingPaint paint)
 {
     auto &state = m_ports.state;
     if (!state.colourCoding)
@@ -175,9 +173,9 @@ void OpenCommands::colour(TypeGroup group, PendingRuns runs)
         return;
     const BusySurface busy(m_ports.document);
     if (group == TypeGroup::WebPage)
-        m_colouring.colourTags(std::move(runs));
+        m_colouring.colourTags(std::move(paint));
     else
-        m_colouring.ColourText(std::move(runs));
+        m_colouring.ColourText(std::move(paint));
 }
 
 } // namespace kevra

@@ -39,8 +39,8 @@ private:
     void startNew(std::string_view text, OldText old);
     void showTools(TypeGroup group);
     /// Nothing for a text that is not coloured.
-    [[nodiscard]] PendingRuns runsOf(std::string_view text, TypeGroup group) const;
-    void colour(TypeGroup group, PendingRuns runs);
+    [[nodiscard]] PendingPaint paintOf(std::string_view text, TypeGroup group) const;
+    void colour(TypeGroup group, PendingPaint paint);
 
     FileCommandPorts m_ports;
     SaveCommands &m_saving;

@@ -154,14 +154,14 @@ TEST(EditorControl, ShowsColoursOfALargeTextWhereItIsScrolledTo)
 {
     ShownControl control;
     std::string text;
-    for (int i = 0; i < 60'000; ++i)
+    for (int i = 0; i < 300'000; ++i)
         text += "<b>\r\n";
     control.LoadText(text);
     ColourRuns runs;
     for (Offset at = 0; at < control.Length(); at += 5)
         runs.push_back({{at, at + 3}, blue});
     control.SetColours({0, control.Length()}, runs);
-    for (const Offset line : {0, 30'000, 59'900}) {
+    for (const Offset line : {0, 299'900, 30'000}) {
         control.SetFirstVisibleLine(line);
         const auto picture = control.viewport()->grab().toImage();
         int blues = 0;

@@ -139,6 +139,10 @@ TYPED_TEST_P(SurfaceContract, PaintsRunsInTheirOrder)
         EXPECT_EQ(surface.Selection(), (TextRange{1, 1}));
         EXPECT_EQ(surface.SelColor(), green);
         EXPECT_EQ(surface.Text(), c.text);
+        if (c.range.start > 0 || c.range.end < surface.Length())
+            continue;
+        surface.SetPaint(paintOf(c.runs, surface.Length()));
+        EXPECT_EQ(painted(surface), c.marks) << "as paint";
     }
 }
 
