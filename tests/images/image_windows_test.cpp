@@ -10,85 +10,79 @@
 namespace kevra {
 namespace {
 
-TEST(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
+/// A picture that nothing packs well, as the bytes of a file.
+QByteArray picture(const char *format, int width = 64, int height = 64)
 {
-    QTemporaryDir folder;
-    const auto path = [&](const char *name) { return folder.filePath(name).toStdString(); };
-    const auto write = [&](const char *name, const QByteArray &bytes) {
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int i = 0; i < width * height; ++i)
+        image.setPixel(i % width, i / width, static_cast<uint>(i) * 2654435761U);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    EXPECT_TRUE(image.save(&buffer, format)) << format;
+    return bytes;
+}
+
+class PictureDecoder : public testing::Test {
+protected:
+    std::string put(const char *name, const QByteArray &bytes)
+    {
         QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QFile::WriteOnly));
-        file.write(bytes);
-    };
-    QImage picture(30, 20, QImage::Format_RGB32);
-    picture.fill(qRgb(255, 128, 0));
-    ASSERT_TRUE(picture.save(folder.filePath("good.bmp")));
-    ASSERT_TRUE(picture.save(folder.filePath("good.jpg")));
-    ASSERT_TRUE(picture.save(folder.filePath("named.jpg"), "png"));
-    QFile upright(folder.filePath("good.jpg"));
-    ASSERT_TRUE(upright.open(QFile::ReadOnly));
-    write("turned.jpg",
-        upright.readAll().insert(2,
-            QByteArray::fromHex("ffe1002245786966000049492a00080000000100120103000100000006000000"
-                                "00000000")));
-    QFile whole(folder.filePath("good.bmp"));
-    ASSERT_TRUE(whole.open(QFile::ReadOnly));
-    auto enormous = whole.readAll();
-    write("empty.gif", {});
+        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
+        return file.fileName().toStdString();
+    }
+
+    QTemporaryDir folder;
+    PictureDecoderQt decoder;
+};
+
+TEST_F(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
+{
+    auto turned = picture("jpg", 30, 20);
+    turned.insert(
+        2, QByteArray::fromHex("ffe1002245786966000049492a0008000000010012010300010000000600000000000000"));
+    auto enormous = picture("bmp", 30, 20);
     qToLittleEndian<qint32>(30000, enormous.data() + 18);
     qToLittleEndian<qint32>(30000, enormous.data() + 22);
-    write("enormous.bmp", enormous);
     QDir(folder.path()).mkdir("folder.gif");
-
-    const PictureDecoderQt decoder;
-    for (const auto *name : {"good.bmp", "good.jpg"}) {
-        EXPECT_EQ(decoder.sizeOf(path(name)), (PictureSize{30, 20})) << name;
-        EXPECT_EQ(decoder.decode(path(name)).value_or(QImage()).size(), QSize(30, 20)) << name;
-    }
-    EXPECT_EQ(decoder.sizeOf(path("turned.jpg")), (PictureSize{20, 30}));
-    EXPECT_EQ(decoder.decode(path("turned.jpg")).value_or(QImage()).size(), QSize(20, 30));
-    for (const auto *name : {"named.jpg", "empty.gif", "enormous.bmp", "folder.gif", "missing.gif"}) {
-        EXPECT_FALSE(decoder.sizeOf(path(name))) << name;
-        EXPECT_FALSE(decoder.decode(path(name))) << name;
+    const struct {
+        std::string path;
+        std::optional<PictureSize> size;
+    } cases[] = {
+        {put("good.bmp", picture("bmp", 30, 20)), PictureSize{30, 20}},
+        {put("good.jpg", picture("jpg", 30, 20)), PictureSize{30, 20}},
+        {put("turned.jpg", turned), PictureSize{20, 30}},
+        {put("named.jpg", picture("png")), {}},
+        {put("empty.gif", {}), {}},
+        {put("enormous.bmp", enormous), {}},
+        {folder.filePath("folder.gif").toStdString(), {}},
+        {folder.filePath("missing.gif").toStdString(), {}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.path);
+        EXPECT_EQ(decoder.sizeOf(c.path), c.size);
+        const auto expected = c.size ? QSize(c.size->width, c.size->height) : QSize(0, 0);
+        EXPECT_EQ(decoder.decode(c.path).value_or(QImage()).size(), expected);
     }
 }
 
-/// Of 2 by 2 pixels, black and white in turns.
-const auto tinyGif
-    = QByteArray::fromHex("47494638396102000200800000000000ffffff2c00000000020002000002030c1005003b");
-
-TEST(PictureDecoder, RefusesWhatIsCutOff)
+TEST_F(PictureDecoder, RefusesWhatIsCutOff)
 {
-    QTemporaryDir folder;
-    const auto bytesOf = [&](const char *format) {
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        QImage picture(64, 64, QImage::Format_RGB32);
-        for (int i = 0; i < 64 * 64; ++i)
-            picture.setPixel(i % 64, i / 64, static_cast<uint>(i) * 2654435761U);
-        EXPECT_TRUE(picture.save(&buffer, format)) << format;
-        return bytes;
-    };
-    const PictureDecoderQt decoder;
-    for (const auto &[name, bytes] : {std::pair("a.gif", tinyGif), std::pair("a.jpg", bytesOf("jpg")),
-             std::pair("a.ico", bytesOf("ico")), std::pair("a.bmp", bytesOf("bmp"))}) {
-        const auto path = folder.filePath(name);
-        const auto decodes = [&, &bytes = bytes](qsizetype length) {
-            QFile file(path);
-            return file.open(QFile::WriteOnly) && file.write(bytes.left(length)) == length && file.flush()
-                && decoder.decode(path.toStdString()).has_value();
-        };
-        EXPECT_TRUE(decodes(bytes.size())) << name;
-        for (const qsizetype length : {bytes.size() / 4, bytes.size() / 2, bytes.size() * 3 / 4})
-            EXPECT_FALSE(decodes(length)) << name << " cut to " << length;
+    /// Of 2 by 2 pixels, black and white in turns.
+    const auto gif
+        = QByteArray::fromHex("47494638396102000200800000000000ffffff2c00000000020002000002030c1005003b");
+    for (const auto &[name, bytes] : {std::pair("a.gif", gif), std::pair("a.jpg", picture("jpg")),
+             std::pair("a.ico", picture("ico")), std::pair("a.bmp", picture("bmp"))}) {
+        EXPECT_TRUE(decoder.decode(put(name, bytes))) << name;
+        for (const int quarters : {1, 2, 3})
+            EXPECT_FALSE(decoder.decode(put(name, bytes.left(bytes.size() * quarters / 4))))
+                << name << quarters;
     }
 }
 
 TEST(ImageViewerWindow, ShowsAPictureUnscaledAndTellsClicksInItsPixels)
 {
     ImageViewerWindow viewer;
-    QImage picture(5000, 60, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    viewer.picture().setPicture(picture);
+    viewer.picture().setPicture(QImage(5000, 60, QImage::Format_RGB32));
     viewer.showFor({5000, 60}, {0, 0, 600, 400});
     EXPECT_EQ(viewer.windowTitle(), "VIEW IMAGE - Note: Image has been cropped to fit screen.");
     EXPECT_EQ(viewer.width(), viewer.screen()->size().width() * 9 / 10);

@@ -15,6 +15,7 @@ protected:
         picture.fill(qRgb(255, 128, 0));
         EXPECT_TRUE(picture.save(folder.filePath("sea.jpg"), nullptr, 100));
         EXPECT_TRUE(picture.save(folder.filePath("icon.bmp")));
+        EXPECT_TRUE(picture.save(folder.filePath("photo.jpeg")));
         put("broken.bmp", "BM");
     }
 
@@ -55,15 +56,28 @@ TEST_F(ImagesInProgram, TheViewersPanelSpeaksOfTheViewedPicture)
     EXPECT_EQ(clipboard(), "\"" + find<QLineEdit>("thex").text() + "\"");
     EXPECT_EQ(find<QFrame>("picsmall").palette().color(QPalette::Window), sampled);
 
-    view("broken.bmp");
-    EXPECT_EQ(viewer.picture().picture().size(), QSize(120, 80));
-    click("bspec");
-    EXPECT_EQ(clipboard(), "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
+    QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {60, 80}); // beside the picture
+    click("bbitcol");
+    EXPECT_EQ(QColor(clipboard().mid(1, 7)), sampled);
+
+    for (const auto *name : {"broken.bmp", "photo.jpeg"}) {
+        SCOPED_TRACE(name);
+        view(name);
+        EXPECT_TRUE(viewer.isVisible() && find<QFrame>("fr1").isVisible());
+        EXPECT_EQ(viewer.picture().picture().size(), QSize(120, 80));
+        EXPECT_TRUE(find<QLineEdit>("tinfo").text().startsWith("sea.jpg - "));
+        click("bspec");
+        EXPECT_EQ(clipboard(), "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
+        EXPECT_EQ(app().mainWindow().focusWidget(), &document()) << "where the tag is pasted";
+    }
     view("icon.bmp");
     EXPECT_FALSE(find<QPushButton>("bspec").isEnabled());
     viewer.close();
     EXPECT_FALSE(viewer.isVisible() || find<QFrame>("fr1").isVisible());
     EXPECT_TRUE(viewer.picture().picture().isNull());
+    EXPECT_EQ(find<QLineEdit>("tinfo").text(), "");
+    view("photo.jpeg");
+    EXPECT_FALSE(viewer.isVisible() || find<QFrame>("fr1").isVisible());
 }
 
 TEST_F(ImagesInProgram, TheColourFinderShowsTypedAndChosenColours)

@@ -55,109 +55,57 @@ TEST(ViewerPlan, CropsWhatIsLargerThanItsShareOfTheScreen)
     EXPECT_EQ(pictureInformation("a.gif", 1024), "a.gif - 1 KB");
 }
 
+/// No viewer: only the sizes of pictures are asked for.
 class FakeViewer : public ViewerView, public PictureSizes {
 public:
-    std::optional<PictureSize> sizeOf(const std::string &) const override { return size; }
-    void hideFindDialog() override { findHidden = true; }
-    std::optional<PictureSize> load(const std::string &) override { return size; }
+    std::optional<PictureSize> sizeOf(const std::string &) const override { return PictureSize{120, 80}; }
+    void hideFindDialog() override { }
+    std::optional<PictureSize> load(const std::string &) override { return std::nullopt; }
     void emptyPicture() override { }
-    void enableTag(bool on) override { tagEnabled = on; }
-    void showSizeAndPath(const std::string &text, const std::string &) override { shownSize = text; }
-    void showViewer(PictureSize) override { visible = true; }
-    bool viewerIsVisible() const override { return visible; }
-    void raiseViewer() override { ++raised; }
-    void hideViewer() override { visible = false; }
-    void showPanel(bool on) override { panel = on; }
-    std::optional<Colour> colourAt(int x, int) const override
-    {
-        return x < 100 ? std::optional(Colour{0xFF}) : std::nullopt;
-    }
-    void showSample(Colour, const std::string &text) override { code = text; }
-    std::string sampleCode() const override { return code; }
-
-    std::optional<PictureSize> size = PictureSize{120, 80};
-    bool findHidden = false;
-    int raised = 0;
-    bool tagEnabled = true;
-    bool visible = false;
-    bool panel = false;
-    std::string shownSize;
-    std::string code;
+    void enableTag(bool) override { }
+    void showSizeAndPath(const std::string &, const std::string &) override { }
+    void showViewer(PictureSize) override { }
+    bool viewerIsVisible() const override { return false; }
+    void raiseViewer() override { }
+    void hideViewer() override { }
+    void showPanel(bool) override { }
+    std::optional<Colour> colourAt(int, int) const override { return std::nullopt; }
+    void showSample(Colour, const std::string &) override { }
+    std::string sampleCode() const override { return {}; }
 };
 
-class ImageCommandsTest : public testing::Test, protected DocumentDesk {
-protected:
-    void view(const std::string &path)
-    {
-        files.files[path] = std::string(2048, 'x');
-        dialogs.choices = {path};
-        commands.ViewImage();
-    }
-
-    FakeClipboard clipboard;
-    FakeViewer viewer;
-    ImageCommands commands{{document, main, files, dialogs, messages, clipboard, viewer, viewer}};
-};
-
-TEST_F(ImageCommandsTest, AViewedPictureStaysUntilAnotherIsShownOrItIsClosed)
+TEST(ImageCommands, PutTagsOnTheClipboard)
 {
-    view("photo.jpeg");
-    EXPECT_FALSE(viewer.visible || viewer.panel);
-    view("/pictures/sea.gif");
-    EXPECT_TRUE(viewer.findHidden);
-    commands.SampleImageColour(3, 4);
-    commands.SampleImageColour(100, 4); // beside the picture
-    commands.CopySampledColour();
-    EXPECT_EQ(clipboard.content, "\"#FF0000\"");
-    dialogs.choices = {"other.jpg"};
-    commands.CopyImageTag();
-    commands.ViewImage(); // cancelled
-    EXPECT_EQ(viewer.raised, 2);
-    viewer.size.reset();
-    for (const auto *path : {"broken.jpg", "broken.bmp", "photo.jpeg"}) {
-        SCOPED_TRACE(path);
-        view(path);
-        EXPECT_TRUE(viewer.visible && viewer.panel && viewer.tagEnabled);
-        EXPECT_EQ(viewer.shownSize, "120 x 80");
-        EXPECT_EQ(main.information, "sea.gif - 2 KB");
-        commands.CopyViewedImageTag();
-        EXPECT_EQ(clipboard.content, "<IMG SRC=\"sea.gif\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>");
-    }
-    EXPECT_TRUE(messages.shown.empty());
-    EXPECT_TRUE(document.hasFocus()) << "where the tag is pasted";
-    commands.CloseImageViewer();
-    EXPECT_FALSE(viewer.panel || viewer.visible);
-    EXPECT_EQ(main.information, "");
-}
-
-TEST_F(ImageCommandsTest, PutsTagsOnTheClipboard)
-{
-    const auto wrongType = "As this function auto-inserts code for webpage images, it only accepts .jpg and "
-                           ".gif files.";
+    using I = ImageCommands;
     struct {
-        void (ImageCommands::*command)();
+        void (I::*command)();
         const char *path;
-        const char *tag;
-        const char *message;
+        const char *tag; ///< empty: the file is not of a type for web pages
     } const cases[] = {
-        {&ImageCommands::CopyImageTag, "/a/sea.jpg",
-            "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>", ""},
-        {&ImageCommands::CopyLinkedImageTag, "sea.GIF",
-            "<A HREF=><IMG SRC=\"sea.GIF\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE= ALT=></A>", ""},
-        {&ImageCommands::CopyBodyBackgroundTag, "/a/sea.jpeg",
-            "<BODY BACKGROUND=\"sea.jpeg\" TEXT= LINK= ALINK= VLINK=>", ""},
-        {&ImageCommands::CopyImageTag, "photo.JPEG", "", wrongType},
-        {&ImageCommands::CopyLinkedImageTag, "icon.bmp", "", wrongType},
+        {&I::CopyImageTag, "/a/sea.jpg", "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>"},
+        {&I::CopyLinkedImageTag, "sea.GIF",
+            "<A HREF=><IMG SRC=\"sea.GIF\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE= ALT=></A>"},
+        {&I::CopyBodyBackgroundTag, "/a/sea.jpeg",
+            "<BODY BACKGROUND=\"sea.jpeg\" TEXT= LINK= ALINK= VLINK=>"},
+        {&I::CopyImageTag, "photo.JPEG", ""},
+        {&I::CopyLinkedImageTag, "icon.bmp", ""},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.path);
-        clipboard.content.clear();
-        messages.shown.clear();
-        dialogs.choices = {c.path};
+        DocumentDesk desk;
+        FakeClipboard clipboard;
+        FakeViewer viewer;
+        ImageCommands commands(
+            {desk.document, desk.main, desk.files, desk.dialogs, desk.messages, clipboard, viewer, viewer});
+        desk.dialogs.choices = {c.path};
         (commands.*c.command)();
         EXPECT_EQ(clipboard.content, c.tag);
-        EXPECT_EQ(messages.shown.empty() ? "" : messages.shown[0].text, c.message);
-        EXPECT_TRUE(messages.shown.empty() || messages.shown[0].title == "Wrong file type");
+        std::vector<Message> told;
+        if (clipboard.content.empty())
+            told.push_back({"As this function auto-inserts code for webpage images, it only accepts .jpg and "
+                            ".gif files.",
+                Icon::Information, Buttons::Ok, "Wrong file type"});
+        EXPECT_EQ(desk.messages.shown, told);
     }
 }
 
@@ -212,7 +160,7 @@ TEST(ColourFinderCommands, ShowsTypedAndChosenColours)
             commands.ShowTypedColour();
         commands.CopyColourCode();
         EXPECT_EQ(clipboard.content, c.code);
-        EXPECT_EQ(messages.shown.empty() ? "" : messages.shown[0].text, c.message);
+        EXPECT_EQ(messages.last(), c.message);
     }
 }
 
