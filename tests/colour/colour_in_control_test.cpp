@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Colours under real keys and edits, in the control itself.
 #include "colour/fso_popup_qt.h"
-#include "colour/keyword_pass.h"
 #include "colour/marks_of.h"
 #include "colour/mending.h"
-#include "colour/tag_pass.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
-#include "editor/memory_surface.h"
 #include "fakes/views.h"
 
 #include <QtTest/QtTest>
@@ -32,14 +29,7 @@ struct Desk {
         QCoreApplication::processEvents();
     }
 
-    std::string wholePass() const
-    {
-        MemorySurface whole(document.Text());
-        whole.SetColours({0, whole.Length()},
-            state.scriptTools ? scriptRuns(whole.Text(), state.codeColour)
-                              : tagRuns(whole.Text(), state.codeColour));
-        return marksOf(whole);
-    }
+    std::string wholePass() const { return marksOfWholePass(document.Text(), state.scriptTools); }
 
     EditorControl document;
     DocumentState state;

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "editor/surface.h"
+#include "colour/keyword_pass.h"
+#include "colour/tag_pass.h"
+#include "editor/memory_surface.h"
 
 #include <string>
 
@@ -20,6 +22,15 @@ inline std::string marksOf(const EditorSurface &surface)
                                                   : 'r';
     }
     return out;
+}
+
+/// The marks of a document that was coloured as a whole.
+inline std::string marksOfWholePass(std::string_view text, bool script)
+{
+    MemorySurface whole(text);
+    whole.SetColours({0, whole.Length()},
+        script ? scriptRuns(text, colours::defaultCode) : tagRuns(text, colours::defaultCode));
+    return marksOf(whole);
 }
 
 } // namespace kevra

@@ -74,30 +74,29 @@ const std::vector<std::u32string> scriptBits{U"next", U"Next", U"next", U" ", U"
     U"end sub", U"end if", U"End Function", U"sub", U"If", U"elseif", U"msgbox", U"inputbox", U"not", U"do",
     U"for", U"7"};
 
-TEST(TagPass, PaintsWhatTheProcedurePaints)
+/// Both ways over as many generated texts, half of them short.
+void compareWithProcedure(const std::vector<std::u32string> &bits, int shortText,
+    ColourRuns (*pass)(std::string_view, Colour), void (*procedure)(Paper &, Colour))
 {
-    Generator generator(pageBits);
+    Generator generator(bits);
     for (int i = 0; i < textsCompared; ++i) {
-        Paper paper(generator.text(i % 2 ? 12 : 40));
+        Paper paper(generator.text(i % 2 ? shortText : 40));
         const auto text = utf8(paper.text);
-        const auto runs = painted(text, paper.colour, tagRuns(text, colours::defaultCode));
-        colourTagsStepByStep(paper, colours::defaultCode);
+        const auto runs = painted(text, paper.colour, pass(text, colours::defaultCode));
+        procedure(paper, colours::defaultCode);
         ASSERT_EQ(runs, paper.colour) << text;
     }
-    std::cout << textsCompared << " pages compared\n";
+    std::cout << textsCompared << " texts compared\n";
+}
+
+TEST(TagPass, PaintsWhatTheProcedurePaints)
+{
+    compareWithProcedure(pageBits, 12, tagRuns, colourTagsStepByStep);
 }
 
 TEST(ScriptPass, PaintsWhatTheProcedurePaints)
 {
-    Generator generator(scriptBits);
-    for (int i = 0; i < textsCompared; ++i) {
-        Paper paper(generator.text(i % 2 ? 8 : 40));
-        const auto text = utf8(paper.text);
-        const auto runs = painted(text, paper.colour, scriptRuns(text, colours::defaultCode));
-        colourScriptStepByStep(paper, colours::defaultCode);
-        ASSERT_EQ(runs, paper.colour) << text;
-    }
-    std::cout << textsCompared << " scripts compared\n";
+    compareWithProcedure(scriptBits, 8, scriptRuns, colourScriptStepByStep);
 }
 
 TEST(RegionPass, PaintsWhatTheProcedurePaints)

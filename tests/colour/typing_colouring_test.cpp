@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/typing_colouring.h"
 
-#include "colour/keyword_pass.h"
 #include "colour/marks_of.h"
-#include "colour/tag_pass.h"
-#include "editor/memory_surface.h"
+#include "fakes/marked_text.h"
 #include "fakes/views.h"
 
 #include <gtest/gtest.h>
@@ -38,17 +36,6 @@ struct Desk {
     TypingColouring typing;
 };
 
-/// Text with "|" for the caret, or two around the selection.
-TextRange takeCaret(std::string &text)
-{
-    const auto first = text.find('|');
-    text.erase(first, 1);
-    const auto second = text.find('|');
-    if (second != std::string::npos)
-        text.erase(second, 1);
-    return {static_cast<Offset>(first), static_cast<Offset>(second == std::string::npos ? first : second)};
-}
-
 TEST(TypingColouring, PaintsTagsAsTheyAreTyped)
 {
     struct {
@@ -69,14 +56,12 @@ TEST(TypingColouring, PaintsTagsAsTheyAreTyped)
         {"the last tag is closed already", "<b>text|", ">", "<b>text>", "-------c"},
         {"a > right before the caret is looked over", "<b>|", ">", "<b>>", "cccc"},
         {"the second character", "<|", ">", "<>", "-c"},
-        {"over a selection", "<b|old|>", "<", "<b<>", "--cc"},
+        {"over a selection", "<b[old]>", "<", "<b<>", "--cc"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        auto text = c.before;
-        const auto caret = takeCaret(text);
-        Desk desk(text);
-        desk.document.Select(caret);
+        Desk desk("");
+        loadMarked(desk.document, c.before);
         desk.type(c.keys);
         EXPECT_EQ(desk.document.Text(), c.after);
         EXPECT_EQ(marksOf(desk.document), c.marks);
@@ -136,11 +121,8 @@ TEST(TypingColouring, EditsLeaveWhatAWholePassWouldPaint)
             desk.typing.edited({start, start + static_cast<Offset>(text.size())}, EditKind::Paste);
             if (step % 10 != 0)
                 continue;
-            MemorySurface whole(desk.document.Text());
-            const auto runs = script ? scriptRuns(whole.Text(), colours::defaultCode)
-                                     : tagRuns(whole.Text(), colours::defaultCode);
-            whole.SetColours({0, whole.Length()}, runs);
-            ASSERT_EQ(marksOf(desk.document), marksOf(whole)) << "step " << step << " script " << script;
+            ASSERT_EQ(marksOf(desk.document), marksOfWholePass(desk.document.Text(), script))
+                << "step " << step << " script " << script;
         }
     }
 }
