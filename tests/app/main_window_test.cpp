@@ -130,21 +130,29 @@ TEST(MainWindow, EditItemsAreEnabledWhenTheyCanAct)
     EXPECT_FALSE(s.find<QToolButton>("pasteb")->isEnabled());
 }
 
-TEST(MainWindow, ToolSetsSwitchTheRealControls)
+TEST(MainWindow, EachToolSetShowsItsOwn)
 {
     Shown s;
-    const auto expectVisible = [&](std::initializer_list<const char *> names, bool visible) {
-        for (const char *name : names)
-            EXPECT_EQ(s.find<QWidget>(name)->isVisible(), visible) << name;
+    const std::vector<const char *> web{"Frame1", "colfindb", "viewimb"};
+    const std::vector<const char *> script{
+        "t2", "tline", "tcolumn", "tcount", "tlcount", "frscript1", "debugb", "lineyesb", "linenob"};
+    const auto expectShown = [&](bool scriptTools) {
+        QCoreApplication::processEvents();
+        for (const auto *name : script)
+            EXPECT_EQ(s.find<QWidget>(name)->isVisible(), scriptTools) << name;
+        for (const auto *name : web)
+            EXPECT_EQ(s.find<QWidget>(name)->isVisible(), !scriptTools) << name;
+        for (const auto *item : {"mdebug", "mmsgboxref"})
+            EXPECT_EQ(s.window->menus().action(item)->isVisible(), scriptTools) << item;
+        for (const auto *item : {"mimops", "mex", "mcolorfind", "mtemplate"})
+            EXPECT_EQ(s.window->menus().action(item)->isVisible(), !scriptTools) << item;
+        EXPECT_EQ(s.find<QAction>("mscrshow")->isChecked(), scriptTools);
+        EXPECT_EQ(s.find<QAction>("mwebback")->isChecked(), !scriptTools);
     };
     s.tools->showScriptTools();
-    QCoreApplication::processEvents();
-    expectVisible({"t2", "tline", "tlcount", "frscript1", "debugb", "linenob"}, true);
-    expectVisible({"Frame1", "frscript2", "colfindb"}, false);
-    EXPECT_FALSE(s.find<QMenu>("mimops")->menuAction()->isVisible());
+    expectShown(true);
     s.tools->showWebTools();
-    expectVisible({"t2"}, false);
-    EXPECT_TRUE(s.find<QMenu>("mimops")->menuAction()->isVisible());
+    expectShown(false);
 }
 
 TEST(MainWindow, ResizingLaysOutByTheTwip)
