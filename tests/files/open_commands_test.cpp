@@ -23,6 +23,7 @@ struct OpeningDesk : DocumentDesk {
 };
 
 constexpr Colour blue = colours::defaultCode;
+constexpr Colour black = colours::black;
 
 TEST(OpenFile, SuitsToolsDebuggerAndColoursToTheType)
 {
@@ -35,52 +36,38 @@ TEST(OpenFile, SuitsToolsDebuggerAndColoursToTheType)
         bool applies;
         Colour tag; ///< of the "<B>" the text starts with
         Colour word; ///< of the "If" behind it
+        bool debugBefore; ///< by line
+        bool debugAfter;
     } const cases[] = {
-        {"/a/page.Html", false, true, 0, 0, true, blue, colours::black},
-        {"/a/page.Html", true, true, 1, 0, true, blue, colours::black},
-        {"/a/run.vbs", false, true, 0, 1, true, colours::black, blue},
-        {"/a/run.vbs", true, false, 0, 0, true, colours::black, blue},
-        {"/a/code.js", false, true, 0, 1, false, colours::black, colours::black},
-        {"/a/notes.txt", true, true, 0, 0, false, colours::black, colours::black},
-        {"/a/style.css", false, true, 0, 0, false, colours::black, colours::black},
-        {"/a/job.wsf", true, true, 0, 0, false, colours::black, colours::black},
+        {"/a/page.Html", false, true, 0, 0, true, blue, black, true, true},
+        {"/a/page.Html", true, true, 1, 0, true, blue, black, true, true},
+        {"/a/run.vbs", false, true, 0, 1, true, black, blue, true, true},
+        {"/a/run.vbs", true, false, 0, 0, true, black, blue, true, false},
+        {"/a/run.vbs", true, true, 0, 0, true, black, blue, false, true},
+        {"/a/code.js", false, true, 0, 1, false, black, black, true, true},
+        {"/a/code.js", true, true, 0, 0, false, black, black, true, false},
+        {"/a/notes.txt", true, true, 0, 0, false, black, black, true, false},
+        {"/a/style.css", false, true, 0, 0, false, black, black, true, true},
+        {"/a/job.wsf", true, true, 0, 0, false, black, black, true, false},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.path);
         OpeningDesk desk;
         desk.state.scriptTools = c.scriptBefore;
         desk.state.lineDebugPreferred = c.debugPreferred;
+        desk.state.lineDebugOn = desk.tools.lineDebugging = c.debugBefore;
         ASSERT_TRUE(desk.opening.loadAccepted(c.path));
         EXPECT_EQ(desk.tools.webToolsShown, c.webShown);
         EXPECT_EQ(desk.tools.scriptToolsShown, c.scriptShown);
         EXPECT_EQ(desk.state.colourApplies, c.applies);
+        EXPECT_EQ(desk.state.lineDebugOn, c.debugAfter);
+        EXPECT_EQ(desk.tools.lineDebugging, c.debugAfter);
         EXPECT_EQ(desk.document.ColourAt(1), c.tag);
         EXPECT_EQ(desk.document.ColourAt(3), c.word);
         EXPECT_TRUE(desk.state.unsaved);
         EXPECT_TRUE(desk.document.isDisplayed());
         EXPECT_EQ(desk.document.pointer(), MousePointer::Default);
         EXPECT_EQ(desk.document.Text(), "<B>If x Then\r\n");
-    }
-}
-
-TEST(OpenFile, LineDebuggerFollowsTheSettingOnlyForVbs)
-{
-    struct {
-        const char *path;
-        bool preferred;
-        bool on;
-    } const cases[] = {{"/a/run.vbs", true, true}, {"/a/run.vbs", false, false}, {"/a/code.js", true, false},
-        {"/a/notes.txt", true, false}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.path);
-        OpeningDesk desk;
-        desk.state.scriptTools = true;
-        desk.state.lineDebugPreferred = c.preferred;
-        desk.state.lineDebugOn = !c.on;
-        desk.tools.lineDebugging = !c.on;
-        desk.opening.loadAccepted(c.path);
-        EXPECT_EQ(desk.state.lineDebugOn, c.on);
-        EXPECT_EQ(desk.tools.lineDebugging, c.on);
     }
 }
 

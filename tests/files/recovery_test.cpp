@@ -178,48 +178,7 @@ struct OfferDesk : JournalDesk {
     RecoveryOffer offer{ports(), saving, opening, journal, left, view};
 };
 
-constexpr auto saveQuestion = "There's a file stored from Autosave. Do you want to save it?";
-constexpr auto seeQuestion = "Do you want to see the file before saving?";
 using enum Answer;
-
-TEST(RecoveryOffer, NoAnswerDestroysTheTextUnlessTheUserSaidSo)
-{
-    struct {
-        const char *name;
-        std::vector<Answer> answers;
-        std::vector<std::string> chosen; ///< in the Save As dialog
-        std::vector<std::string> questions;
-        bool left; ///< for the next start
-        bool saved;
-        bool discarded;
-        bool shown;
-    } const cases[] = {
-        {"not wanted", {No}, {}, {saveQuestion}, false, false, true, false},
-        {"box closed", {Cancel}, {}, {saveQuestion}, true, false, false, false},
-        {"saved unseen", {Yes, No}, {"/site/kept.htm"}, {saveQuestion, seeQuestion}, false, true, false,
-            false},
-        {"saving cancelled", {Yes, No}, {}, {saveQuestion, seeQuestion}, true, false, false, false},
-        {"second box closed", {Yes, Cancel}, {}, {saveQuestion, seeQuestion}, true, false, false, false},
-        {"seen", {Yes, Yes}, {}, {saveQuestion, seeQuestion}, true, false, false, true},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        OfferDesk desk;
-        desk.messages.answers.assign(c.answers.begin(), c.answers.end());
-        desk.dialogs.choices.assign(c.chosen.begin(), c.chosen.end());
-        desk.offer.offer();
-        EXPECT_EQ(desk.messages.texts(), c.questions);
-        EXPECT_EQ(desk.left.texts.contains("1"), c.left);
-        EXPECT_EQ(desk.files.files["/site/kept.htm"], c.saved ? "lost\n" : "");
-        EXPECT_EQ(!desk.left.discarded.empty(), c.discarded);
-        EXPECT_EQ(desk.view.shown, c.shown);
-        EXPECT_EQ(desk.document.Text(), c.shown ? "lost\r\n" : "old");
-        if (!desk.dialogs.saveRequests.empty()) {
-            EXPECT_EQ(desk.dialogs.saveRequests[0].title, "Save file from last session");
-            EXPECT_EQ(desk.dialogs.saveRequests[0].proposedName, "lost.htm");
-        }
-    }
-}
 
 TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
 {
@@ -252,6 +211,8 @@ TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
         EXPECT_EQ(desk.left.texts.contains("1"), c.left);
         EXPECT_EQ(desk.files.files["/site/kept.htm"], c.saved);
         EXPECT_EQ(desk.offer.reviewing(), c.reviewing);
+        for (const auto &request : desk.dialogs.saveRequests)
+            EXPECT_EQ(request.proposedName, "lost.htm");
         EXPECT_EQ(desk.document.Text(), c.reviewing ? "lost\r\n" : "old");
         EXPECT_EQ(desk.state.currentPath, c.reviewing ? "" : "/site/page.htm");
     }

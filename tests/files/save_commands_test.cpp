@@ -7,8 +7,6 @@
 namespace kevra {
 namespace {
 
-constexpr auto replaceQuestion = "Do you want to replace the existing file?";
-
 /// A page read from "/site/index.HTM" and edited since.
 struct EditedPage : DocumentDesk {
     EditedPage()
@@ -126,14 +124,9 @@ TEST(SaveAs, AsksBeforeReplacingAndTakesTheNewName)
             EXPECT_EQ(desk.files.files[c.chosen], "<P>new");
         else
             EXPECT_EQ(desk.files.files, before);
-        ASSERT_EQ(desk.messages.shown.size(), c.asked ? 1U : 0U);
-        if (c.asked) {
-            const auto &question = desk.messages.shown[0];
-            EXPECT_EQ(question.text, replaceQuestion);
-            EXPECT_EQ(question.title, "This File Exists");
-            EXPECT_EQ(question.buttons, Buttons::OkCancel);
-            EXPECT_EQ(question.icon, Icon::None);
-        }
+        const Message question{
+            "Do you want to replace the existing file?", Icon::None, Buttons::OkCancel, "This File Exists"};
+        EXPECT_EQ(desk.messages.shown, std::vector<Message>(c.asked ? 1 : 0, question));
     }
 }
 

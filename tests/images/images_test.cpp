@@ -100,6 +100,7 @@ TEST(ImageCommands, PutTagsOnTheClipboard)
         desk.dialogs.choices = {c.path};
         (commands.*c.command)();
         EXPECT_EQ(clipboard.content, c.tag);
+        EXPECT_EQ(desk.document.hasFocus(), !clipboard.content.empty()) << "where the tag is pasted";
         std::vector<Message> told;
         if (clipboard.content.empty())
             told.push_back({"As this function auto-inserts code for webpage images, it only accepts .jpg and "

@@ -1,60 +1,46 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The real message boxes and file dialogs, looked at and answered while they are open.
+#include "fakes/modal.h"
 #include "platform/file_dialogs_qt.h"
 #include "platform/messages_qt.h"
-
-#include <QtTest/QtTest>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 
 namespace kevra {
 namespace {
 
-/// Runs `look` on the dialog that is open once the event loop turns.
-template <typename Dialog> void whenOpen(std::function<void(Dialog &)> look)
-{
-    QTimer::singleShot(0, qApp, [look] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        ASSERT_TRUE(dialog);
-        look(*dialog);
-    });
-}
-
 TEST(MessageBoxes, EachSetHasItsButtonsAndItsHarmlessAnswer)
 {
+    using Box = QMessageBox;
     const struct {
         Buttons buttons;
         Icon icon;
-        QMessageBox::Icon shown;
-        QMessageBox::StandardButtons set;
-        QMessageBox::StandardButton pressed;
+        Box::Icon shown;
+        Box::StandardButtons set;
+        Box::StandardButton pressed;
         Answer answer;
         Answer escaped;
     } cases[] = {
-        {Buttons::Ok, Icon::None, QMessageBox::NoIcon, QMessageBox::Ok, QMessageBox::Ok, Answer::Ok,
-            Answer::Ok},
-        {Buttons::OkCancel, Icon::Critical, QMessageBox::Critical, QMessageBox::Ok | QMessageBox::Cancel,
-            QMessageBox::Ok, Answer::Ok, Answer::Cancel},
-        {Buttons::YesNo, Icon::Question, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No,
-            QMessageBox::Yes, Answer::Yes, Answer::No},
-        {Buttons::YesNoCancel, Icon::Information, QMessageBox::Information,
-            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::No, Answer::No,
+        {Buttons::Ok, Icon::None, Box::NoIcon, Box::Ok, Box::Ok, Answer::Ok, Answer::Ok},
+        {Buttons::OkCancel, Icon::Critical, Box::Critical, Box::Ok | Box::Cancel, Box::Ok, Answer::Ok,
             Answer::Cancel},
+        {Buttons::YesNo, Icon::Question, Box::Question, Box::Yes | Box::No, Box::Yes, Answer::Yes,
+            Answer::No},
+        {Buttons::YesNoCancel, Icon::Information, Box::Information, Box::Yes | Box::No | Box::Cancel, Box::No,
+            Answer::No, Answer::Cancel},
     };
     for (const auto &c : cases) {
         const Message message{"<b>a text</b>", c.icon, c.buttons, "A title"};
-        whenOpen<QMessageBox>([&c](QMessageBox &box) {
-            EXPECT_EQ(box.text(), "<b>a text</b>");
-            EXPECT_EQ(box.textFormat(), Qt::PlainText) << "what the user typed is no markup";
-            EXPECT_EQ(box.windowTitle(), "A title");
-            EXPECT_EQ(box.icon(), c.shown);
-            EXPECT_EQ(box.standardButtons(), c.set);
-            QTest::mouseClick(box.button(c.pressed), Qt::LeftButton);
-        });
-        EXPECT_EQ(MessagesQt().show(message), c.answer);
-        whenOpen<QMessageBox>([](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        {
+            const WhenModal<Box> press([&c](Box &box) {
+                EXPECT_EQ(box.text(), "<b>a text</b>");
+                EXPECT_EQ(box.textFormat(), Qt::PlainText) << "what the user typed is no markup";
+                EXPECT_EQ(box.windowTitle(), "A title");
+                EXPECT_EQ(box.icon(), c.shown);
+                EXPECT_EQ(box.standardButtons(), c.set);
+                QTest::mouseClick(box.button(c.pressed), Qt::LeftButton);
+            });
+            EXPECT_EQ(MessagesQt().show(message), c.answer);
+        }
+        const WhenModal<Box> escape([](Box &box) { QTest::keyClick(&box, Qt::Key_Escape); });
         EXPECT_EQ(MessagesQt().show(message), c.escaped);
     }
 }
@@ -70,7 +56,7 @@ TEST(FileDialogs, SavingAsksNothingAndAddsNothing)
         .proposedName = taken.toStdString(),
         .filters = {{"Text files (*.txt;*.text)", "*.txt;*.text"}, {"All files (*.*)", "*.*"}},
         .filterIndex = 2};
-    whenOpen<QFileDialog>([&](QFileDialog &dialog) {
+    const WhenModal<QFileDialog> accept([&](QFileDialog &dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Save a File");
         auto *types = dialog.findChild<QComboBox *>("fileTypeCombo");
         ASSERT_TRUE(types);
@@ -91,19 +77,21 @@ TEST(FileDialogs, CancellingIsAnEmptyAnswer)
     const QTemporaryDir folder;
     const OpenRequest request{
         "Open a File", {{" (*.html;*.htm)", "*.html;*.htm"}}, folder.path().toStdString()};
-    whenOpen<QFileDialog>([&](QFileDialog &dialog) {
-        EXPECT_EQ(dialog.findChild<QComboBox *>("fileTypeCombo")->itemText(0), " (*.html;*.htm)");
-        EXPECT_EQ(dialog.directory().absolutePath(), folder.path());
-        EXPECT_EQ(dialog.windowTitle(), "Open a File");
-        dialog.reject();
-    });
-    EXPECT_FALSE(FileDialogsQt().openFile(request));
-    whenOpen<QFileDialog>([](QFileDialog &dialog) { dialog.reject(); });
-    EXPECT_TRUE(FileDialogsQt().openFiles(request).empty());
-    whenOpen<QColorDialog>([](QColorDialog &dialog) { dialog.reject(); });
-    EXPECT_FALSE(ColourDialogQt().choose(Colour{0x112233}));
-    whenOpen<QColorDialog>([](QColorDialog &dialog) { dialog.accept(); });
-    EXPECT_EQ(ColourDialogQt().choose(Colour{0x112233}), Colour{0x112233});
+    for (const bool several : {false, true}) {
+        const WhenModal<QFileDialog> cancel([&](QFileDialog &dialog) {
+            EXPECT_EQ(dialog.findChild<QComboBox *>("fileTypeCombo")->itemText(0), " (*.html;*.htm)");
+            EXPECT_EQ(dialog.directory().absolutePath(), folder.path());
+            EXPECT_EQ(dialog.windowTitle(), "Open a File");
+            dialog.reject();
+        });
+        EXPECT_TRUE(
+            several ? FileDialogsQt().openFiles(request).empty() : !FileDialogsQt().openFile(request));
+    }
+    for (const auto &chosen : {std::optional<Colour>(), std::optional(Colour{0x112233})}) {
+        const WhenModal<QColorDialog> close(
+            [&](QColorDialog &dialog) { chosen ? dialog.accept() : dialog.reject(); });
+        EXPECT_EQ(ColourDialogQt().choose(Colour{0x112233}), chosen);
+    }
 }
 
 } // namespace
