@@ -54,8 +54,9 @@ void wireChecker(Application &app)
     auto &checker = app.keep<Checker>(app.mainWindow().document(), app.document, app.mainWindow());
     app.checkFinishedLine = [&checker](TextRange line) { checker.checkFinishedLine(line); };
     app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), app.mainWindow().document());
-    app.commands.bind("mrundebug", [&checker] {
+    app.commands.bind("mrundebug", [&app, &checker] {
         const ScreenHourglass hourglass;
+        app.mainWindow().document().endPause(); // which would paint over a red line later
         checker.runDebugger();
     });
     const auto useLineDebugging = [&app](bool on) {

@@ -59,10 +59,7 @@ EditorControl::EditorControl(QWidget *parent)
     connectPainting();
     m_pause.setSingleShot(true);
     m_pause.setInterval(pauseInTyping);
-    connect(&m_pause, &QTimer::timeout, this, [this] {
-        if (m_typingHandler)
-            m_typingHandler->paused();
-    });
+    connect(&m_pause, &QTimer::timeout, this, &EditorControl::endPause);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { announce(); });
     connect(this, &Sci::SCN_UPDATEUI, this, [this] {
         settle();
@@ -275,6 +272,13 @@ void EditorControl::setReadOnly(bool on)
     m_readOnly = on;
     send(SCI_SETREADONLY, on);
     emit readOnlyChanged(on);
+}
+
+void EditorControl::endPause()
+{
+    m_pause.stop();
+    if (m_typingHandler)
+        m_typingHandler->paused();
 }
 
 void EditorControl::setSavePoint()

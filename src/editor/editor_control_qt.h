@@ -69,6 +69,8 @@ public:
     /// a read-only control.
     void replaceAsUser(TextRange range, std::string_view text);
 
+    /// What waits until the user stops typing is done now, before something else paints the text.
+    void endPause();
     /// Before something else than the window shows the text: what waits to be painted does not wait longer.
     void paintAll();
     /// The text as it is now is what the file holds.
