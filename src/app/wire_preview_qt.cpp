@@ -5,6 +5,7 @@
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/message_box_reference_window.h"
+#include "preview/page_notes_qt.h"
 #include "preview/preview_commands.h"
 
 #include <QtCore/QDir>
@@ -38,6 +39,7 @@ private:
     }
 
     Application &m_app;
+    PageNotesQt m_notes;
     QPointer<BrowserWindow> m_window; ///< the application's
     std::unique_ptr<BrowserControlQt> m_control;
     std::unique_ptr<PreviewCommands> m_commands;
@@ -45,7 +47,9 @@ private:
 
 PreviewSide::PreviewSide(Application &app)
     : m_app(app)
+    , m_notes(app.folders.autosave + "/pages")
 {
+    PreviewFile(app.files, app.backups, m_notes).removeLeftPages();
     app.makesWindow(SecondaryWindow::Browser, [this] { return makeBrowser(); });
     app.makesWindow(SecondaryWindow::MessageBoxReference,
         [&app] { return new MessageBoxReferenceWindow(&app.mainWindow()); });
@@ -79,9 +83,10 @@ QWidget *PreviewSide::makeBrowser()
     m_window = new BrowserWindow;
     m_app.mainWindow().addTitled(m_window);
     m_control = std::make_unique<BrowserControlQt>(*m_window);
-    m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_app.mainWindow().document(), m_app.document,
-        m_app.state, m_app.files, m_app.file, m_app.backups, m_app.messages, m_app.mainWindow(), *this,
-        *m_control, [](const std::string &name) { return assetPath(name); }, pathBytes(QDir::homePath())});
+    m_commands = std::make_unique<PreviewCommands>(
+        PreviewPorts{m_app.mainWindow().document(), m_app.document, m_app.state, m_app.files, m_app.file,
+            m_app.backups, m_notes, m_app.messages, m_app.mainWindow(), *this, *m_control,
+            [](const std::string &name) { return assetPath(name); }, pathBytes(QDir::homePath())});
     m_control->setCommands(commands());
     connectBrowser();
     return m_window;

@@ -36,7 +36,7 @@ const PreviewCommands::ProgramPage PreviewCommands::referencePage{"VBSInfo.html"
 
 PreviewCommands::PreviewCommands(PreviewPorts ports)
     : m_ports(std::move(ports))
-    , m_page(m_ports.files, m_ports.backups)
+    , m_page(m_ports.files, m_ports.backups, m_ports.notes)
 {
 }
 

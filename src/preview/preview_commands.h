@@ -23,6 +23,7 @@ struct PreviewPorts {
     FileStore &files;
     DocumentFile &file;
     BackupStore &backups;
+    PageNotes &notes;
     Messages &messages;
     MainView &main;
     PreviewWindows &windows;

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The temporary page on the disk. A file of its name that this run did not write is set aside before the
-// preview and gets its name back afterwards.
+// The temporary page on the disk. A file of its name that no program wrote as a page is set aside before the
+// preview and gets its name back afterwards: when this program leaves the page, or the last of several that
+// show the same folder; after a kill, at the next start or preview.
 #pragma once
 
 #include "files/backup_store.h"
 #include "files/file_store.h"
+#include "preview/page_notes.h"
 
 #include <optional>
 #include <string>
@@ -16,24 +18,33 @@ inline constexpr auto previewPageName = "kevratemp.html";
 
 class PreviewFile {
 public:
-    PreviewFile(FileStore &files, BackupStore &backups);
+    PreviewFile(FileStore &files, BackupStore &backups, PageNotes &notes);
 
     /// Hidden afterwards. False when it could not be written; what was there before is there again then.
     [[nodiscard]] bool write(const std::string &path, std::string_view bytes);
     /// Deletes the page, unless somebody has written another file to its place, and puts back what was set
     /// aside.
     void remove();
+    /// As remove(), for the pages of programs that have been killed.
+    void removeLeftPages();
 
 private:
     [[nodiscard]] bool isOurs(const std::string &path) const;
-    [[nodiscard]] bool setAside(const std::string &path);
-    void putBack();
+    [[nodiscard]] bool isPage(const PageNote &note) const;
+    [[nodiscard]] bool hasHeir() const;
+    [[nodiscard]] bool writeAlone(const std::string &path, std::string_view bytes);
+    [[nodiscard]] bool setAside();
+    void takeOver(const std::string &path);
+    void noteDown();
+    void leave();
+    void settleKilled();
+    void putBack(const PageNote &note);
 
     FileStore &m_files;
     BackupStore &m_backups;
-    std::string m_path; ///< empty while there is no page
-    std::string m_aside; ///< the name of what was there before; empty when nothing was
-    std::optional<FileStamp> m_stamp;
+    PageNotes &m_notes;
+    PageNote m_note; ///< its page is empty while there is none
+    std::optional<FileStamp> m_stamp; ///< of the page
 };
 
 } // namespace kevra

@@ -21,7 +21,7 @@ public:
             return std::nullopt;
         const auto written = writes.find(path);
         return FileStamp{written == writes.end() ? 0 : written->second,
-            static_cast<std::int64_t>(it->second.size()), std::hash<std::string>{}(path)};
+            static_cast<std::int64_t>(it->second.size()), std::hash<std::string>{}(it->second)};
     }
     std::optional<std::string> read(const std::string &path) const override
     {

@@ -3,6 +3,7 @@
 #include "preview/browser_window.h"
 
 #include "fakes/document_desk.h"
+#include "fakes/page_notes.h"
 #include "files/file_store_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/message_box_reference_window.h"
@@ -72,12 +73,12 @@ protected:
     DocumentFile fileOnDisk{disk, backups};
     BrowserWindow window;
     BrowserControlQt control{window};
-    PreviewCommands commands{
-        PreviewPorts{document, state, application, disk, fileOnDisk, backups, messages, main, *this, control,
-            [this](const std::string &name) {
-                return folder.filePath(QString::fromStdString(name)).toStdString();
-            },
-            "/home/somebody"}};
+    FakePageNotes notes;
+    PreviewCommands commands{PreviewPorts{document, state, application, disk, fileOnDisk, backups, notes,
+        messages, main, *this, control,
+        [this](
+            const std::string &name) { return folder.filePath(QString::fromStdString(name)).toStdString(); },
+        "/home/somebody"}};
 
 private:
     void hideFind() override { }

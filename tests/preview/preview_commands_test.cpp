@@ -2,6 +2,7 @@
 #include "preview/preview_commands.h"
 
 #include "fakes/document_desk.h"
+#include "fakes/page_notes.h"
 
 #include <gmock/gmock.h>
 
@@ -58,8 +59,9 @@ protected:
     bool engine = true;
     bool viewerVisible = false;
     bool busyWhileShown = false;
-    PreviewCommands commands{PreviewPorts{document, state, application, files, file, backups, messages, main,
-        *this, *this, [](const std::string &name) { return "/app/" + name; }, "/home/me"}};
+    FakePageNotes notes;
+    PreviewCommands commands{PreviewPorts{document, state, application, files, file, backups, notes, messages,
+        main, *this, *this, [](const std::string &name) { return "/app/" + name; }, "/home/me"}};
 };
 
 TEST_F(PreviewTest, WritesBesideTheDocumentAndShowsIt)

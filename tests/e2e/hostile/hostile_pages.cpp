@@ -3,6 +3,7 @@
 // text, and prints what the page has achieved, one line a page:
 //   NAME followed=N read=N windows=N dialogs=N back=MS ended=yes|no
 #include "fakes/document_desk.h"
+#include "fakes/page_notes.h"
 #include "files/file_store_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
@@ -94,8 +95,9 @@ private:
     DocumentFile m_file{m_files, m_desk.backups};
     BrowserWindow m_window;
     BrowserControlQt m_control{m_window};
+    FakePageNotes m_notes;
     PreviewCommands m_commands{PreviewPorts{m_desk.document, m_desk.state, m_desk.application, m_files,
-        m_file, m_desk.backups, m_desk.messages, m_desk.main, *this, m_control,
+        m_file, m_desk.backups, m_notes, m_desk.messages, m_desk.main, *this, m_control,
         [](const std::string &name) { return name; }, "/root"}};
     QTimer m_closer;
     QSet<int> m_helpers; ///< what is left of the engine without a page

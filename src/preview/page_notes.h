@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What each running program, and each that was killed, has noted of the page it put beside a document.
+#pragma once
+
+#include "files/file_store.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra {
+
+struct PageNote {
+    std::string page; ///< path of the page
+    std::uint64_t fingerprint = 0; ///< of its bytes
+    std::string aside; ///< where the user's file of that name lies meanwhile; empty when there was none
+    std::optional<FileStamp> original; ///< of the user's file
+
+    friend bool operator==(const PageNote &, const PageNote &) = default;
+};
+
+[[nodiscard]] std::string noteBytes(const PageNote &note);
+[[nodiscard]] std::optional<PageNote> readNote(std::string_view bytes);
+
+class PageNotes {
+public:
+    struct Entry {
+        std::string name;
+        PageNote note; ///< empty when the note cannot be read
+        bool alive = false; ///< the program that wrote it is running
+    };
+
+    virtual ~PageNotes() = default;
+    /// No other program changes its notes or pages meanwhile.
+    virtual void exclusively(const std::function<void()> &step) = 0;
+    [[nodiscard]] virtual std::vector<Entry> all() const = 0;
+    [[nodiscard]] virtual std::string own() const = 0; ///< name of this program's note; empty without one
+    /// This program's note, in place of the one before. Best effort: it only matters after a kill.
+    virtual void write(const PageNote &note) = 0;
+    virtual void drop(const std::string &name) = 0;
+};
+
+} // namespace kevra

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/file_handle_qt.h"
+#include "preview/page_notes.h"
+
+namespace kevra {
+
+/// A file for each program that shows a page, locked as long as the program runs.
+class PageNotesQt : public PageNotes {
+public:
+    explicit PageNotesQt(std::string folder); ///< created at the first page
+
+    void exclusively(const std::function<void()> &step) override;
+    [[nodiscard]] std::vector<Entry> all() const override;
+    [[nodiscard]] std::string own() const override;
+    void write(const PageNote &note) override;
+    void drop(const std::string &name) override;
+
+private:
+    [[nodiscard]] std::string path(const std::string &name) const { return m_folder + '/' + name; }
+
+    std::string m_folder;
+    std::string m_own;
+    FileHandle m_lock; ///< on the own note
+};
+
+} // namespace kevra

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "preview/preview_file.h"
+
+#include "fakes/document_desk.h"
+#include "fakes/page_notes.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+constexpr auto place = "/site/kevratemp.html";
+constexpr auto aside = "/site/kevratemp.html.aside";
+
+struct Program {
+    Program(FileStore &files, BackupStore &backups, const FakePageNotes::Notes &shared)
+        : notes(shared)
+        , page(files, backups, notes)
+    {
+    }
+    FakePageNotes notes;
+    PreviewFile page;
+};
+
+TEST(PreviewFile, SeveralProgramsInOneFolderLeaveItAsItWas)
+{
+    for (const bool theirs : {false, true}) {
+        std::vector<std::size_t> order{0, 1, 2};
+        do {
+            FakeFileStore files;
+            FakeBackupStore backups;
+            if (theirs)
+                files.files[place] = "theirs";
+            const auto before = files.files;
+            const auto shared = FakePageNotes().notes;
+            Program programs[]
+                = {{files, backups, shared}, {files, backups, shared}, {files, backups, shared}};
+            for (auto &program : programs)
+                EXPECT_TRUE(program.page.write(place, "one of their pages"));
+            EXPECT_TRUE(programs[order[1]].page.write(place, "once more"));
+            for (const auto which : order)
+                programs[which].page.remove();
+            EXPECT_EQ(files.files, before);
+            EXPECT_THAT(*shared, IsEmpty());
+            EXPECT_THAT(backups.kept, IsEmpty());
+        } while (std::ranges::next_permutation(order).found);
+    }
+}
+
+/// The disk as it stands at every single change of it, as a kill leaves it.
+class KilledFileStore : public FakeFileStore {
+public:
+    explicit KilledFileStore(FakePageNotes &notes)
+        : m_notes(notes)
+    {
+    }
+    Saved write(const std::string &path, std::string_view bytes) override
+    {
+        return keep(), FakeFileStore::write(path, bytes);
+    }
+    bool remove(const std::string &path) override { return keep(), FakeFileStore::remove(path); }
+    bool rename(const std::string &from, const std::string &to) override
+    {
+        return keep(), FakeFileStore::rename(from, to);
+    }
+    void keep() { moments.emplace_back(*this, *m_notes.notes); }
+
+    std::vector<std::pair<FakeFileStore, std::map<std::string, PageNotes::Entry>>> moments;
+
+private:
+    FakePageNotes &m_notes;
+};
+
+TEST(PreviewFile, KilledAtAnyMomentLeavesNothingBehind)
+{
+    for (const auto *theirs : {"", "theirs", "first", "second"}) {
+        FakePageNotes notes;
+        KilledFileStore files(notes);
+        FakeBackupStore backups;
+        if (*theirs)
+            files.files[place] = theirs;
+        const auto before = files.files;
+        {
+            PreviewFile page(files, backups, notes);
+            for (const auto *text : {"first", "second"}) {
+                EXPECT_TRUE(page.write(place, text));
+                files.keep();
+            }
+            page.remove();
+        }
+        for (auto &[disk, entries] : files.moments) {
+            for (auto &[name, entry] : entries)
+                entry.alive = false;
+            FakePageNotes next(std::make_shared<FakePageNotes::Notes::element_type>(entries));
+            PreviewFile(disk, backups, next).removeLeftPages();
+            EXPECT_EQ(disk.files, before) << theirs;
+            EXPECT_THAT(*next.notes, IsEmpty());
+        }
+        EXPECT_THAT(backups.kept, IsEmpty());
+    }
+}
+
+TEST(PreviewFile, DocumentInAKilledProgramsPlaceStays)
+{
+    FakePageNotes notes;
+    FakeFileStore files;
+    FakeBackupStore backups;
+    files.files[place] = "theirs";
+    EXPECT_TRUE(PreviewFile(files, backups, notes).write(place, "page"));
+    std::ignore = files.write(place, "the document");
+    notes.notes->begin()->second.alive = false;
+    FakePageNotes next(notes.notes);
+    PreviewFile(files, backups, next).removeLeftPages();
+    EXPECT_THAT(files.files, ElementsAre(Pair(place, "the document")));
+    EXPECT_THAT(backups.kept, ElementsAre(Pair(place, "theirs")));
+}
+
+TEST(PreviewFile, NoteComesBackAsItWas)
+{
+    for (const auto &note : {PageNote{"/a\nb", 7, "", {}}, PageNote{"/c", 0, aside, FileStamp{-1, 2, 3}}})
+        EXPECT_EQ(readNote(noteBytes(note)), note);
+    EXPECT_FALSE(readNote("KEVRA record 1\nforeign"));
+}
+
+} // namespace
+} // namespace kevra
