@@ -32,6 +32,8 @@ class Workshop:
         os.mkdir(os.path.dirname(self.program))
         shutil.copy(kevra, self.program)
         shutil.copy(hand, self.hand)
+        # What the preview loads when a page is asked for.
+        shutil.copy(os.path.join(os.path.dirname(kevra), "libkevra_preview.so"), os.path.dirname(self.program))
         self.count = 0
 
     def folder(self, user=None):
@@ -134,6 +136,14 @@ class Editor:
             self.expect("Do you want to replace the existing file?")
             self.do("answer", replace)
         self.idle()
+
+    def preview(self):
+        self.do("press", "bview")
+        self.until(lambda: self.ask("previewed")["ok"], "the page")
+
+    def back(self):
+        self.do("back")
+        self.until(lambda: not self.ask("previewed")["ok"], "the text")
 
     def open(self, path):
         """Drops the file onto the window."""

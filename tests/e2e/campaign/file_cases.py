@@ -226,5 +226,32 @@ def at_once(workshop, seed, long):
     return result
 
 
+def previews_at_once(workshop, seed, long):
+    result = Result("two and five programs previewing one folder: always one of their pages, at last what was there")
+    chance = random.Random(seed)
+    for together in (2, 5) * (10 if long else 1):
+        home = workshop.folder()
+        page = put(os.path.join(home, "kevratemp.html"), b"theirs")
+        texts = [b"<p>%d" % number for number in range(together)]
+        editors = [Editor(workshop, home, [put(os.path.join(home, f"{number}.htm"), text)])
+                   for number, text in enumerate(texts)]
+        for editor in editors:
+            editor.do("press", "bview")
+        for editor in editors:
+            editor.until(lambda: editor.ask("previewed")["ok"], "the page")
+            result.check(content(page) in texts, f"{content(page)!r} is nobody's page")
+        chance.shuffle(editors)
+        # The first is killed; another start has to clear up after it once the rest have gone back.
+        for number, editor in enumerate(editors):
+            editor.kill() if number == 0 else editor.back()
+        with Editor(workshop, home):
+            result.check(content(page) == b"theirs", f"{content(page)!r} stays")
+        for editor in editors[1:]:
+            editor.kill()
+        known = [f"{number}.htm" for number in range(together)] + ["kevratemp.html"]
+        result.check(not strays(home, known), f"stray {strays(home, known)}")
+    return result
+
+
 CASES = {"refused-places": refused_places, "odd-files": odd_files, "odd-names": odd_names,
-         "kept-properties": kept_properties, "byte-identical": byte_identical, "at-once": at_once}
+         "kept-properties": kept_properties, "byte-identical": byte_identical, "at-once": at_once, "previews-at-once": previews_at_once}

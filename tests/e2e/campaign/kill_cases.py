@@ -159,5 +159,78 @@ def kill_records(workshop, seed, long):
     return result
 
 
+def kill_autosave(workshop, seed, long):
+    result = Result("kill -9 while the autosave file is written: the old or the new one, whole")
+    chance = random.Random(seed)
+    large = b"<p>a line of the page\n" * 100000
+    settings = "[settings]\nif1=no\nautosave=yes\nautomins=1\n"
+    later = 0
+    for _ in range(300 if long else 8):
+        home = workshop.folder()
+        path = put(os.path.join(home, "page.txt"), large)
+        with Editor(workshop, home, [path], settings=settings) as editor:
+            file = editor.state("autosave.txt")
+            editor.do("type", "first")
+            editor.until(lambda: os.path.exists(file), "the autosave file")
+            editor.do("type", "second")
+            # The next one comes a second after the last; the time in the file is that of its last byte.
+            end = os.stat(file).st_mtime + 1 + chance.uniform(-0.02, 0.02)
+            time.sleep(max(0, end - time.time()))
+        later += content(file) == b"firstsecond" + large
+        result.check(content(file) in (b"first" + large, b"firstsecond" + large), "the autosave file is torn")
+        result.check(content(path) == large, "the file was touched")
+        with Editor(workshop, home, [path]) as again:
+            result.check(again.box().startswith("There's a file stored"), f"next start shows {again.box()!r}")
+    result.what += f"; the new one {later} times"
+    return result
+
+
+def kill_preview(workshop, seed, long):
+    result = Result("kill -9 while the preview page is written, and while it is shown")
+    chance = random.Random(seed)
+
+    def attempt(name, theirs, kill):
+        home = workshop.folder()
+        path = put(os.path.join(home, "page.htm"), OLD)
+        page = os.path.join(home, "kevratemp.html")
+        if theirs:
+            put(page, theirs)
+        with Editor(workshop, home, [path]) as editor:
+            kill(editor)
+            try:
+                editor.do("press", "bview")
+                while time.monotonic() < end:
+                    editor.ask("box")
+                    time.sleep(0.001)
+            except Gone:
+                pass
+        result.check(content(page) in (theirs, OLD, None), f"{name}: the page is torn")
+        result.check(content(path) == OLD, f"{name}: the document was touched")
+        shown = content(page) == OLD
+        known = ["page.htm", "kevratemp.html"]
+        with Editor(workshop, home, [path]) as again:
+            result.check(content(page) == theirs, f"{name}: {content(page)!r} after the next start")
+            if strays(home, known):
+                again.save()
+        result.check(not strays(home, known), f"{name}: {strays(home, known)} stays")
+        return shown
+
+    whole = 0
+    at = 1
+    end = time.monotonic()
+    # Until the page has stood there whole some times: what follows belongs to the engine.
+    while whole < 3:
+        end = time.monotonic() + 10
+        theirs = (None, b"theirs", OLD)[at % 3]
+        shown = attempt(f"call {at}", theirs, lambda editor: editor.do("fault", call="any", at=at, errno=0))
+        whole = whole + 1 if shown and theirs != OLD else whole
+        at += 1 if long else 2
+    for _ in range(100 if long else 4):
+        end = time.monotonic() + chance.uniform(0.05, 2)
+        attempt("shown", b"theirs", lambda editor: None)
+    return result
+
+
 CASES = {"kill-save": kill_save, "kill-at-every-call": kill_at_every_call, "kill-typing": kill_typing,
-         "kill-records": kill_records}
+         "kill-records": kill_records,
+         "kill-autosave": kill_autosave, "kill-preview": kill_preview}
