@@ -209,7 +209,7 @@ def kill_preview(workshop, seed, long):
         shown = content(page) == OLD
         known = ["page.htm", "kevratemp.html"]
         with Editor(workshop, home, [path]) as again:
-            result.check(content(page) == theirs, f"{name}: {(content(page) or b"")[:20]!r} after the next start")
+            result.check(content(page) == theirs, f"{name}: {(content(page) or b'')[:20]!r} after the next start")
             if strays(home, known):
                 again.save()
         result.check(not strays(home, known), f"{name}: {strays(home, known)} stays")
