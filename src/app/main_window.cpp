@@ -186,6 +186,11 @@ void MainWindow::layOut()
     m_column->level();
 }
 
+QString MainWindow::information() const
+{
+    return m_information->text();
+}
+
 void MainWindow::setInformation(std::string_view text)
 {
     m_information->setText(textOf(text));

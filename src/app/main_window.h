@@ -48,6 +48,7 @@ public:
     void layOut();
 
     void setInformation(std::string_view text) override;
+    [[nodiscard]] QString information() const; ///< what the box shows
     void setTitlePath(std::string_view path) override;
     void redrawAndFocus() override;
     void levelLineNumbers() override;

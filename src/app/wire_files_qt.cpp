@@ -2,6 +2,7 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
+#include "files/disk_notice.h"
 #include "files/open_commands.h"
 #include "files/recovery_journal.h"
 #include "files/recovery_offer.h"
@@ -55,7 +56,7 @@ private:
     ReviewBar &m_bar; ///< the window's
     QTimer m_recordTimer;
     QTimer m_statusTimer;
-    DiskState m_toldState = DiskState::Unchanged;
+    DiskNotice m_notice;
     std::unique_ptr<EndSignalsQt> m_signals;
 };
 
@@ -71,6 +72,7 @@ FilesSide::FilesSide(Application &app)
     , m_opening(m_ports, m_saving, m_colouring)
     , m_offer(m_ports, m_saving, m_opening, m_journal, m_store, *this)
     , m_bar(*new ReviewBar(&app.mainWindow()))
+    , m_notice(app.file)
 {
     m_bar.hide();
     bindCommands();
@@ -128,7 +130,12 @@ void FilesSide::watchDocument()
     m_statusTimer.setSingleShot(true);
     m_statusTimer.setInterval(statusDelay);
     auto &window = m_app.mainWindow();
-    window.setStatusSource([this] { return status(); });
+    window.setStatusSource([this] {
+        // A save takes the notice back.
+        if (m_notice.stands())
+            tellDiskState();
+        return status();
+    });
     connect(&m_document, &EditorControl::changed, this, [this] {
         if (m_app.document.busyLoadingOrSaving)
             return;
@@ -151,8 +158,8 @@ void FilesSide::watchDocument()
 QStringList FilesSide::status() const
 {
     const auto &file = m_app.file;
-    const bool saved
-        = file.mayHold(static_cast<std::size_t>(m_document.Length())) && file.holds(m_document.Text());
+    const bool saved = !m_notice.stands() && file.mayHold(static_cast<std::size_t>(m_document.Length()))
+        && file.holds(m_document.Text());
     return {QString::fromStdString(encodingName(file.format())),
         QString::fromStdString(lineEndsName(file.format().lineEnds)), saved ? "saved" : "not saved"};
 }
@@ -164,20 +171,18 @@ void FilesSide::watchDisk()
 
 bool FilesSide::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate)
+    if (event->type() == QEvent::WindowActivate) {
         tellDiskState();
+        m_app.mainWindow().refreshDocumentStatus();
+    }
     return QObject::eventFilter(watched, event);
 }
 
 void FilesSide::tellDiskState()
 {
-    const auto state = m_app.file.diskState();
-    // Told once; afterwards the box belongs to whoever writes to it.
-    if (state == std::exchange(m_toldState, state) || state == DiskState::Unchanged)
-        return;
-    m_app.mainWindow().setInformation(state == DiskState::Changed
-            ? "The file on disk has been changed by another program."
-            : "The file is no longer on disk.");
+    auto &window = m_app.mainWindow();
+    if (const auto text = m_notice.next(window.information().toStdString()))
+        window.setInformation(*text);
 }
 
 void FilesSide::watchEnd()

@@ -58,6 +58,7 @@ public:
     /// Whether a text of this length can be what the file holds.
     [[nodiscard]] bool mayHold(std::size_t length) const { return length == m_textLength; }
     [[nodiscard]] DiskState diskState() const;
+    [[nodiscard]] std::optional<FileStamp> stampOnDisk() const { return m_files.stamp(m_path); }
     [[nodiscard]] const TextFormat &format() const { return m_format; }
 
 private:
