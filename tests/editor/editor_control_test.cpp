@@ -135,18 +135,17 @@ TEST(EditorControl, LooksAsTheSurfaceInMemoryDoesWhateverIsDone)
 TEST(EditorControl, ZoomsByKeysAndWheelAndBack)
 {
     ShownControl control;
-    const auto zoom = [&] { return control.SendScintilla(QsciScintillaBase::SCI_GETZOOM); };
-    QTest::keyClick(&control, Qt::Key_Plus, Qt::ControlModifier);
-    QTest::keyClick(&control, Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_EQ(zoom(), 2);
-    QTest::keyClick(&control, Qt::Key_Minus, Qt::ControlModifier);
-    EXPECT_EQ(zoom(), 1);
+    const auto zoomAfter = [&](Qt::Key key) {
+        QTest::keyClick(&control, key, Qt::ControlModifier);
+        return control.SendScintilla(QsciScintillaBase::SCI_GETZOOM);
+    };
+    EXPECT_EQ(zoomAfter(Qt::Key_Plus), 1);
     QWheelEvent turned({50, 50}, control.mapToGlobal(QPointF(50, 50)), {}, {0, 120}, Qt::NoButton,
         Qt::ControlModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(control.viewport(), &turned);
-    EXPECT_EQ(zoom(), 2);
-    QTest::keyClick(&control, Qt::Key_0, Qt::ControlModifier);
-    EXPECT_EQ(zoom(), 0);
+    EXPECT_EQ(zoomAfter(Qt::Key_Plus), 3);
+    EXPECT_EQ(zoomAfter(Qt::Key_Minus), 2);
+    EXPECT_EQ(zoomAfter(Qt::Key_0), 0);
     EXPECT_EQ(control.Length(), 0) << "none of the keys types";
 }
 

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <tuple>
+#include <vector>
 
 namespace kevra {
 
@@ -23,6 +24,7 @@ public:
     std::string getSetting(std::string_view app, std::string_view section, std::string_view key,
         std::string_view fallback) const override
     {
+        read.emplace_back(key);
         const auto it = values.find({std::string(app), std::string(section), std::string(key)});
         return it == values.end() ? std::string(fallback) : it->second;
     }
@@ -43,6 +45,7 @@ public:
     }
 
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
+    mutable std::vector<std::string> read; ///< the keys asked for, in their order
 };
 
 } // namespace kevra

@@ -42,32 +42,19 @@ protected:
 
 TEST_F(PadWindowTest, EveryMenuItemRunsItsCommand)
 {
-    struct {
-        const char *item;
-        const char *text;
-        const char *clipboard;
-    } const cases[] = {
-        {"mselallp", "abc", "old"},
-        {"mcutp", "", "abc"},
-        {"mundop", "abc", "abc"},
-        {"popselall", "abc", "abc"},
-        {"popcut", "", "abc"},
-        {"popundo", "abc", "abc"},
-        {"mclearp", "", "abc"},
-        {"mpastep", "abc", "abc"},
-        {"poppaste", "abcabc", "abc"},
-        {"popselall", "abcabc", "abc"},
-        {"mcopyp", "abcabc", "abcabc"},
-        {"popundo", "abcabc", "abc"},
-        {"popcopy", "abcabc", "abcabc"},
-    };
+    const std::tuple<const char *, const char *, const char *> steps[] // item, text, clipboard
+        = {{"mselallp", "abc", "old"}, {"mcutp", "", "abc"}, {"mundop", "abc", "abc"},
+            {"popselall", "abc", "abc"}, {"popcut", "", "abc"}, {"popundo", "abc", "abc"},
+            {"mclearp", "", "abc"}, {"mpastep", "abc", "abc"}, {"poppaste", "abcabc", "abc"},
+            {"popselall", "abcabc", "abc"}, {"mcopyp", "abcabc", "abcabc"}, {"popundo", "abcabc", "abc"},
+            {"popcopy", "abcabc", "abcabc"}};
     clipboard.content = "old";
     QTest::keyClicks(&control(), "abc");
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.item);
-        pad.findChild<QAction *>(c.item)->trigger();
-        EXPECT_EQ(text(), c.text);
-        EXPECT_EQ(clipboard.content, c.clipboard);
+    for (const auto &[item, after, clipboardAfter] : steps) {
+        SCOPED_TRACE(item);
+        pad.findChild<QAction *>(item)->trigger();
+        EXPECT_EQ(text(), after);
+        EXPECT_EQ(clipboard.content, clipboardAfter);
     }
 }
 
