@@ -32,7 +32,8 @@ protected:
         m_program.reset();
         m_program.emplace(ProgramFolders{.portable = false, .autosave = folder.path().toStdString()});
         writeSetting(m_program->store, keys::firstStart, "no");
-        writeSetting(m_program->store, keys::tempFolder, folder.path().toStdString());
+        if (readSetting(m_program->store, keys::tempFolder) == keys::tempFolder.fallback)
+            writeSetting(m_program->store, keys::tempFolder, folder.path().toStdString());
         m_program->start(name ? path(name) : "");
     }
     void end() { m_program.reset(); }

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -61,6 +62,20 @@ TEST_F(FileStoreOnDisk, WritesUnderTheLongestNameAndThroughALinkThatLeadsNowhere
     EXPECT_EQ(store.read(path("later.htm")), "new");
 }
 
+TEST_F(FileStoreOnDisk, KeepsLinksModeAndAttributes)
+{
+    const auto file = put("real.htm", "old");
+    ::chmod(file.c_str(), 0640);
+    const bool attributes = ::setxattr(file.c_str(), "user.note", "kept", 4, 0) == 0;
+    ::symlink("real.htm", path("link.htm").c_str());
+    EXPECT_EQ(store.write(path("link.htm"), "new"), Saved::Ok);
+    EXPECT_TRUE(fs::is_symlink(path("link.htm")));
+    EXPECT_EQ(store.read(file), "new");
+    EXPECT_EQ(static_cast<unsigned>(fs::status(file).permissions()), 0640U);
+    char note[4] = {};
+    EXPECT_EQ(::getxattr(file.c_str(), "user.note", note, 4), attributes ? 4 : -1);
+}
+
 TEST_F(FileStoreOnDisk, WritesInPlaceWhatHasMoreThanOneName)
 {
     for (const auto &bytes : {"longer than before"s, "x"s, ""s}) {
@@ -78,7 +93,10 @@ TEST_F(FileStoreOnDisk, WritesInPlaceWhatHasMoreThanOneName)
 TEST_F(FileStoreOnDisk, RefusesWhatIsNoFile)
 {
     fs::create_directory(path("folder.htm"));
+    ::mkfifo(path("fifo.htm").c_str(), 0600);
+    ::symlink("circle.htm", path("circle.htm").c_str());
     for (const auto &[refused, outcome] : {std::pair(path("folder.htm"), Saved::NotAFile),
+             {path("fifo.htm"), Saved::NotAFile}, {path("circle.htm"), Saved::Failed},
              {"/dev/null", Saved::NotAFile}, {"", Saved::Failed}, {root + "/", Saved::Failed}}) {
         SCOPED_TRACE(refused);
         EXPECT_EQ(store.write(refused, "x"), outcome);

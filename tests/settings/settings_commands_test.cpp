@@ -10,7 +10,7 @@ namespace {
 
 TEST(SettingsCommands, AutosaveNeedsAnInterval)
 {
-    FreshDesk desk;
+    SettingsDesk desk;
     desk.commands.setOption(Option::Autosave, true);
     desk.commands.toggleAutosave();
     EXPECT_EQ(desk.messages.texts(),
@@ -50,7 +50,7 @@ TEST(SettingsCommands, TempFolderMustExist)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        FreshDesk desk;
+        SettingsDesk desk;
         desk.files.folders = {"C:\\Temp", "/srv/web", "/srv/web/", "/"};
         desk.files.files["/srv/page.htm"] = "";
         desk.commands.setTempFolder(c.typed);
@@ -77,7 +77,7 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        FreshDesk desk;
+        SettingsDesk desk;
         desk.document.colourApplies = c.coloured;
         desk.colourDialog.chosen = c.chosen;
         desk.commands.chooseColour();
@@ -92,7 +92,7 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
 
 TEST(SettingsCommands, BrowsingTakesProgramsAlone)
 {
-    FreshDesk desk;
+    SettingsDesk desk;
     desk.fileDialogs.choices = {"C:\\a.bat", "C:\\A.Exe"};
     EXPECT_EQ(desk.commands.browseProgram(), std::nullopt);
     EXPECT_EQ(desk.commands.browseProgram(), "C:\\A.Exe");

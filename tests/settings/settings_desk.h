@@ -22,13 +22,9 @@ public:
     std::vector<std::string> done;
 };
 
-/// The settings over a store, with everything around them in memory.
+/// The settings with everything around them in memory; at first nothing was ever stored.
 struct SettingsDesk {
-    explicit SettingsDesk(SettingsStore &values)
-        : store(values)
-    {
-        load();
-    }
+    SettingsDesk() { load(); }
 
     /// What a start of the program reads.
     void load()
@@ -45,7 +41,7 @@ struct SettingsDesk {
 
     [[nodiscard]] std::string stored(const SettingKey &key) const { return readSetting(store, key); }
 
-    SettingsStore &store;
+    FakeSettingsStore store;
     DocumentState document;
     ApplicationState application;
     OptionsShown options;
@@ -61,18 +57,6 @@ struct SettingsDesk {
     ExternalProgram program{{application, store, files, processes, views.toolView, messages}};
     SettingsCommands commands{{store, document, application, options, views, text, effects, files, messages,
         fileDialogs, colourDialog, program}};
-};
-
-struct StoreInMemory {
-    FakeSettingsStore memory;
-};
-
-/// Nothing was ever stored.
-struct FreshDesk : StoreInMemory, SettingsDesk {
-    FreshDesk()
-        : SettingsDesk(memory)
-    {
-    }
 };
 
 } // namespace kevra

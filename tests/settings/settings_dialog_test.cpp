@@ -1,151 +1,165 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/settings_dialog.h"
-
-#include "settings/settings_desk.h"
-#include "settings/settings_store_qt.h"
-
-#include <gtest/gtest.h>
-
-#include <QtTest/QTest>
+// The settings dialog in the whole program: what a click changes in the main window, and at the next start.
+#include "app/font_frame_panel.h"
+#include "app/main_menu_qt.h"
+#include "fakes/program.h"
 
 namespace kevra {
 namespace {
 
-/// The real dialog over the real store.
-class SettingsDialogTest : public testing::Test {
+class SettingsDialogTest : public ProgramTest {
 protected:
     SettingsDialogTest()
     {
-        store.deleteSetting(settingsApplication);
-        desk.files.folders = {"/srv/web"};
-        desk.files.files["/usr/bin/paint"] = "";
-        desk.processes.runnable = {"/usr/bin/paint"};
-        desk.load();
-        dialog.showSettings();
+        put("page.htm", "<B>x</B>");
+        start("page.htm");
     }
 
-    template <class Widget> Widget &control(const char *name) { return *dialog.findChild<Widget *>(name); }
-    void click(const char *name) { QTest::mouseClick(&control<QPushButton>(name), Qt::LeftButton); }
-    void type(const char *name, const QString &text, const char *button)
+    [[nodiscard]] QWidget &dialog()
+    {
+        app().commands.run("msettings");
+        return app().window(SecondaryWindow::Settings);
+    }
+    template <typename T> T &control(const char *name) { return find<T>(dialog(), name); }
+    [[nodiscard]] QAction &item(const char *name) { return *app().mainWindow().menus().action(name); }
+    void click(const char *name) { ProgramTest::click(dialog(), name); }
+    void type(const char *name, const std::string &text, const char *button)
     {
         control<QLineEdit>(name).clear();
-        QTest::keyClicks(&control<QLineEdit>(name), text);
+        QTest::keyClicks(&control<QLineEdit>(name), QString::fromStdString(text));
         click(button);
     }
-    void pick(const char *name, const QString &text, const char *button)
+    void pick(const char *name, const char *text, const char *button)
     {
         auto &box = control<QComboBox>(name);
         box.setCurrentIndex(box.findText(text));
         click(button);
     }
-    std::pair<QString, QColor> lamp(const char *name)
+    /// Makes a program that leaves a file behind, and gives its path.
+    std::string tool(const char *name, const char *left)
     {
-        const auto &label = control<QLabel>(name);
-        return {label.text(), label.palette().color(QPalette::Window)};
+        put(name, "#!/bin/sh\ntouch '" + folder.filePath(left).toUtf8() + "'\n");
+        QFile::setPermissions(folder.filePath(name), QFile::ReadOwner | QFile::ExeOwner);
+        return path(name);
     }
-
-    SettingsStoreQt store;
-    SettingsDesk desk{store};
-    SettingsDialog dialog{desk.commands};
 };
 
-/// The next start of the program reads what this one stored.
-struct NextStart {
-    SettingsStoreQt store;
-    SettingsDesk desk{store};
-};
-
-TEST_F(SettingsDialogTest, YesAndNoAreStoredShownAndReadByTheNextStart)
+TEST_F(SettingsDialogTest, YesAndNoAreShownAtOnceAndReadByTheNextStart)
 {
-    using State = std::pair<bool, bool>; // of the program, and what its main window shows of it
     struct {
         const char *yes;
         const char *no;
         const char *lamp;
         const char *key;
-        State (*state)(const SettingsDesk &);
+        bool DocumentState::*flag; ///< null for autosave, which the timer shows
+        const char *item; ///< marked while it is on
     } const cases[] = {
-        {"bfsoyes", "bfsono", "zpop", "iffso",
-            [](const auto &d) { return State(d.document.fsoMenu, d.views.toolView.fsoMenu); }},
-        {"byesdoif", "bnodoif", "zif", "ifif",
-            [](const auto &d) { return State(d.document.ifChecking, d.options.zif); }},
-        {"bautoyes", "bautono", "zauto", "autosave",
-            [](const auto &d) { return State(d.views.timerMinutes == 5, d.views.toolView.autosave); }},
-        {"byesdebug", "bnodebug", "zldebug", "ifdebug",
-            [](const auto &d) { return State(d.document.lineDebugOn, d.views.toolView.lineDebugging); }},
-        {"byescoms", "bnocoms", "zcom", "ifcoms",
-            [](const auto &d) { return State(d.document.snippetComments, d.options.zcom); }},
-        {"byescol", "bnocol", "zcol", "ifcolor",
-            [](const auto &d) { return State(d.document.colourCoding, d.views.toolView.colourCoding); }},
+        {"bfsoyes", "bfsono", "zpop", "iffso", &DocumentState::fsoMenu, "mfsoset"},
+        {"byesdoif", "bnodoif", "zif", "ifif", &DocumentState::ifChecking, nullptr},
+        {"bautoyes", "bautono", "zauto", "autosave", nullptr, "mauto"},
+        {"byesdebug", "bnodebug", "zldebug", "ifdebug", &DocumentState::lineDebugOn, "mdodebug"},
+        {"byesdebug", "bnodebug", "zldebug", "ifdebug", &DocumentState::lineDebugPreferred, "mdodebug"},
+        {"byescoms", "bnocoms", "zcom", "ifcoms", &DocumentState::snippetComments, nullptr},
+        {"byescol", "bnocol", "zcol", "ifcolor", &DocumentState::colourCoding, "mcolcode"},
+    };
+    const auto expectAll = [&](bool on) {
+        for (const auto &c : cases) {
+            SCOPED_TRACE(on ? c.yes : c.no);
+            EXPECT_EQ(app().store.getSetting("kevra285", "settings", c.key, "absent"), on ? "yes" : "no");
+            const auto &lamp = control<QLabel>(c.lamp);
+            EXPECT_EQ(lamp.text(), on ? "YES" : "NO");
+            EXPECT_EQ(lamp.palette().color(QPalette::Window), on ? QColor(0, 240, 0) : QColor(248, 0, 0));
+            EXPECT_EQ(c.flag ? app().document.*c.flag : app().timer1.isActive(), on);
+            EXPECT_TRUE(!c.item || item(c.item).isChecked() == on);
+        }
     };
     pick("boxtime", "5", "btime");
-    for (const auto &c : cases) {
-        for (const bool on : {false, true, false}) {
-            SCOPED_TRACE(on ? c.yes : c.no);
+    for (const bool on : {false, true, false}) {
+        for (const auto &c : cases)
             click(on ? c.yes : c.no);
-            EXPECT_EQ(store.getSetting("kevra285", "settings", c.key, "absent"), on ? "yes" : "no");
-            EXPECT_EQ(lamp(c.lamp),
-                (std::pair<QString, QColor>(on ? "YES" : "NO", on ? QColor(0, 240, 0) : QColor(248, 0, 0))));
-            NextStart next;
-            EXPECT_EQ(c.state(desk), State(on, on));
-            EXPECT_EQ(c.state(next.desk), State(on, on));
-            for (const auto *program : {&desk, &next.desk})
-                EXPECT_EQ(program->document.lineDebugPreferred, program->document.lineDebugOn);
-        }
+        EXPECT_EQ(document().ColourAt(0), on ? colours::defaultCode : colours::black);
+        expectAll(on);
+        start("page.htm");
+        expectAll(on);
     }
-    EXPECT_TRUE(desk.messages.shown.empty());
+    app().commands.run("mauto");
+    EXPECT_EQ(app().timer1.intervalAsDuration(), std::chrono::minutes(5));
 }
 
 TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
 {
-    type("ttemp", "/srv/web/", "btemp");
+    QDir(folder.path()).mkdir("web");
+    type("ttemp", path("web/"), "btemp");
     pick("boxtime", "20", "btime");
-    pick("boxface", "Tahoma", "bface");
-    pick("boxsize", "12", "bsize");
-    desk.colourDialog.chosen = Colour{0x0080FF};
+    pick("boxface", "Verdana", "bface");
+    pick("boxsize", "14", "bsize");
     EXPECT_FALSE(control<QPushButton>("bapply").isEnabled());
+    const WhenModal<QColorDialog> choose([](QColorDialog &colours) {
+        colours.setCurrentColor(QColor(255, 128, 0));
+        colours.accept();
+    });
     click("bpick");
     EXPECT_EQ(control<QFrame>("piccol").palette().color(QPalette::Window), QColor(255, 128, 0));
     click("bapply");
     EXPECT_FALSE(control<QPushButton>("bapply").isEnabled());
-    desk.fileDialogs.choices = {"/usr/bin/paint"};
+    EXPECT_EQ(document().ColourAt(0), Colour{0x0080FF});
+    const auto program = tool("tool", "ran");
+    const WhenModal<QFileDialog> browse([&](QFileDialog &files) {
+        files.selectFile(QString::fromStdString(program));
+        QMetaObject::invokeMethod(&files, "accept");
+    });
     click("bbrowse");
     click("bapset");
-    type("tmenu", "P&aint", "bmenuset");
+    type("tmenu", "R&D", "bmenuset");
+    QTest::keyClick(&dialog(), Qt::Key_Escape);
+    EXPECT_EQ(app().mainWindow().lineNumbers().Font(), (EditorFont{"Verdana", 14})) << "when it closes";
 
-    NextStart next;
-    for (const auto *program : {&desk, &next.desk}) {
-        EXPECT_EQ(program->application.tempFolder, "/srv/web");
-        EXPECT_EQ(program->application.autosaveMinutes, 20);
-        EXPECT_EQ(program->document.fontFace, "Tahoma");
-        EXPECT_EQ(program->document.fontSize, "12");
-        EXPECT_EQ(program->document.codeColour, Colour{0x0080FF});
-        EXPECT_EQ(program->application.programPath, "/usr/bin/paint");
-        EXPECT_EQ(program->views.toolView.programMenu, "P&aint");
+    for (const bool next : {false, true}) {
+        SCOPED_TRACE(next);
+        if (next)
+            start("page.htm");
+        EXPECT_EQ(app().state.tempFolder, path("web"));
+        EXPECT_EQ(app().state.autosaveMinutes, 20);
+        EXPECT_EQ(document().Font(), (EditorFont{"Verdana", 14}));
+        EXPECT_EQ(app().mainWindow().fonts().face(), "Verdana");
+        EXPECT_EQ(document().ColourAt(0), Colour{0x0080FF});
+        EXPECT_EQ(item("mex").text(), "&R&&D");
     }
-    EXPECT_EQ(desk.effects.done, std::vector<std::string>{"colour"});
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(desk.effects.done.back(), "font");
-
-    dialog.showSettings();
+    app().commands.run("mex");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.filePath("ran")); }));
     click("bremove");
-    EXPECT_EQ(NextStart().desk.application.programPath, "none");
     EXPECT_EQ(control<QLineEdit>("tap").text(), "");
     EXPECT_EQ(control<QLineEdit>("tmenu").text(), "EXE");
+    start();
+    EXPECT_EQ(app().state.programPath, "none");
 }
 
 TEST_F(SettingsDialogTest, StoredValuesThatNoListHasAreShown)
 {
-    dialog.close();
-    writeSetting(store, keys::autosaveMinutes, "7");
-    writeSetting(store, keys::fontFace, "DejaVu Sans Mono");
-    writeSetting(store, keys::fontSize, "11");
-    desk.load();
-    dialog.showSettings();
+    writeSetting(app().store, keys::autosaveMinutes, "7");
+    writeSetting(app().store, keys::fontFace, "DejaVu Sans Mono");
+    writeSetting(app().store, keys::fontSize, "11");
+    start();
     const auto shown = [&](const char *box) { return control<QComboBox>(box).currentText().toStdString(); };
     EXPECT_EQ(shown("boxtime") + shown("boxface") + shown("boxsize"), "7DejaVu Sans Mono11");
     EXPECT_EQ(control<QComboBox>("boxtime").itemText(5), "7") << "between 5 and 10";
+}
+
+TEST_F(SettingsDialogTest, OptionsWorkWithoutAFileToKeepThem)
+{
+    SettingsStoreQt().deleteSetting(settingsApplication);
+    const auto file = QSettings(QSettings::IniFormat, QSettings::UserScope, "kevra", "kevra285").fileName();
+    ASSERT_TRUE(QDir().mkpath(file + "/a folder stands there"));
+    start();
+    click("bfsono");
+    EXPECT_FALSE(app().document.fsoMenu);
+    const auto &notStored = control<QLabel>("lnotstored");
+    EXPECT_FALSE(notStored.text().isEmpty());
+    EXPECT_TRUE(QDir(file).removeRecursively());
+    click("bnocoms");
+    EXPECT_TRUE(notStored.text().isEmpty());
+    end();
+    EXPECT_EQ(readSetting(SettingsStoreQt(), keys::fsoMenu), "no") << "written with the next one";
 }
 
 TEST_F(SettingsDialogTest, TabFollowsTheEye)
@@ -155,9 +169,9 @@ TEST_F(SettingsDialogTest, TabFollowsTheEye)
     QPoint last;
     int seen = 0;
     for (QWidget *at = first; at != first || seen == 0; at = at->nextInFocusChain()) {
-        if (!(at->focusPolicy() & Qt::TabFocus) || !at->isVisibleTo(&dialog))
+        if (!(at->focusPolicy() & Qt::TabFocus) || !at->isVisibleTo(&dialog()))
             continue;
-        const auto place = at->mapTo(&dialog, at->rect().center());
+        const auto place = at->mapTo(&dialog(), at->rect().center());
         EXPECT_TRUE(
             place.y() > last.y() + sameRow || (place.x() > last.x() && place.y() > last.y() - sameRow))
             << at->objectName().toStdString();

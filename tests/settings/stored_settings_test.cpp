@@ -10,7 +10,7 @@ namespace {
 
 TEST(StoredSettings, FreshStoreHasEveryDefault)
 {
-    FreshDesk o;
+    SettingsDesk o;
     const auto &d = o.document;
     EXPECT_TRUE(d.colourCoding && d.ifChecking && d.fsoMenu && d.snippetComments && d.lineDebugOn);
     EXPECT_FALSE(o.application.autosaveOn);
@@ -55,7 +55,7 @@ TEST(StoredSettings, StoredTextsMeanWhatTheyAlwaysMeant)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(std::string(c.key.name) + " = " + c.value);
-        FreshDesk o;
+        SettingsDesk o;
         writeSetting(o.store, c.key, c.value);
         o.load();
         EXPECT_TRUE(c.holds(o));
@@ -78,7 +78,7 @@ TEST(StoredSettings, AutosaveNeedsItsFlagAndAnInterval)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(std::string(c.autosave) + ", " + c.minutes);
-        FreshDesk o;
+        SettingsDesk o;
         writeSetting(o.store, keys::autosave, c.autosave);
         writeSetting(o.store, keys::autosaveMinutes, c.minutes);
         o.load();
@@ -92,7 +92,7 @@ TEST(StoredSettings, AutosaveNeedsItsFlagAndAnInterval)
 
 TEST(StoredSettings, TheWindowsComeBackWhereTheyWere)
 {
-    FreshDesk o;
+    SettingsDesk o;
     o.views.mainState = WindowState::Normal;
     o.views.mainGeometry = {-15, 300, 9000, 6000};
     o.settings.saveEditorGeometry();
@@ -117,13 +117,13 @@ TEST(StoredSettings, TheWindowsComeBackWhereTheyWere)
 
 TEST(StoredSettings, CleaningLeavesOnlyTheProgramsOwn)
 {
-    FreshDesk o;
+    SettingsDesk o;
     o.settings.savePanelType();
-    const auto own = o.memory.values;
+    const auto own = o.store.values;
     o.store.saveSetting("kevraed", "settings", "font", "Arial");
     o.store.saveSetting("kevra28", "elsewhere", "a", "b");
     o.settings.cleanOldSettings();
-    EXPECT_EQ(o.memory.values, own);
+    EXPECT_EQ(o.store.values, own);
 }
 
 } // namespace
