@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/plugin/page_qt.h"
 
+#include <QtCore/QTimer>
 #include <QtCore/QUuid>
 #include <QtWebEngineCore/QWebEngineFullScreenRequest>
 #include <QtWebEngineCore/QWebEngineNewWindowRequest>
@@ -75,14 +76,14 @@ Page::Page(QWebEngineProfile *profile, BrowserEvents &events, QObject *parent)
         m_events.loadProgress(100);
         m_events.loadFinished();
     });
-    connect(
-        this, &QWebEnginePage::renderProcessTerminated, this,
-        [this] {
+    // The page goes with the message, and the engine is still speaking of it now. A queued connection would
+    // copy the status, which the engine may give a value that is none of its own.
+    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] {
+        QTimer::singleShot(0, this, [this] {
             if (!m_ending)
                 m_events.processDied();
-        },
-        // The page goes with the message, and the engine is still speaking of it now.
-        Qt::QueuedConnection);
+        });
+    });
 }
 
 Page::~Page()
