@@ -158,8 +158,8 @@ void FilesSide::watchDocument()
 QStringList FilesSide::status() const
 {
     const auto &file = m_app.file;
-    const bool saved = !m_notice.stands() && file.mayHold(static_cast<std::size_t>(m_document.Length()))
-        && file.holds(m_document.Text());
+    const bool saved = !m_offer.reviewing() && !m_notice.stands()
+        && file.mayHold(static_cast<std::size_t>(m_document.Length())) && file.holds(m_document.Text());
     return {QString::fromStdString(encodingName(file.format())),
         QString::fromStdString(lineEndsName(file.format().lineEnds)), saved ? "saved" : "not saved"};
 }
@@ -202,12 +202,14 @@ void FilesSide::showReview(const std::string &description)
     m_app.mainWindow().addToolBar(&m_bar);
     m_bar.show();
     m_document.setReadOnly(true);
+    m_app.mainWindow().refreshDocumentStatus();
 }
 
 void FilesSide::endReview()
 {
     m_bar.hide();
     m_document.setReadOnly(false);
+    m_app.mainWindow().refreshDocumentStatus();
 }
 
 } // namespace
