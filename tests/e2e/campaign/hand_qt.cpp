@@ -14,6 +14,7 @@
 #include <Qsci/qsciscintillabase.h>
 
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <functional>
 #include <memory>
 #include <random>
@@ -317,8 +318,13 @@ void reachIn()
 {
     bool set = false;
     const int descriptor = qEnvironmentVariableIntValue("KEVRA_HAND", &set);
-    if (set)
-        new Hand(descriptor);
+    if (!set)
+        return;
+    // What the program starts is not the program.
+    for (const char *name : {"KEVRA_HAND", "LD_PRELOAD"})
+        qunsetenv(name);
+    ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+    new Hand(descriptor);
 }
 
 } // namespace
