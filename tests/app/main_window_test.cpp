@@ -89,18 +89,6 @@ TEST(MainWindow, EveryItemRunsItsCommandOnce)
     EXPECT_EQ(s.ran.join(' '), "bview");
 }
 
-TEST(MainWindow, WhatNobodyBoundIsDisabled)
-{
-    CommandRegistry commands;
-    commands.bind("mopenfile", [] {});
-    MainWindow window(commands);
-    window.enableBoundCommands();
-    EXPECT_TRUE(window.findChild<QAction *>("mopenfile")->isEnabled());
-    EXPECT_TRUE(window.findChild<QToolButton *>("openb")->isEnabled());
-    EXPECT_FALSE(window.findChild<QAction *>("mfind")->isEnabled());
-    EXPECT_FALSE(window.findChild<QToolButton *>("fandsb")->isEnabled());
-}
-
 TEST(MainWindow, EditItemsAreEnabledWhenTheyCanAct)
 {
     Shown s;
@@ -274,12 +262,10 @@ TEST(WindowGeometry, StoredPlacesComeOntoAScreen)
     const auto screen = QGuiApplication::primaryScreen()->availableGeometry();
     for (const QRect stored : {QRect(-5000, -5000, 300, 300), QRect(90000, 10, 640, 480),
              QRect(0, 0, 99999, 99999), QRect(5, 5, 0, -8)}) {
-        const auto place = onAScreen(stored);
-        EXPECT_TRUE(screen.contains(place)) << stored.x() << "," << stored.y();
-        EXPECT_GE(place.width(), std::min(320, screen.width()));
+        EXPECT_TRUE(screen.contains(onAScreen(stored))) << stored.x() << "," << stored.y();
+        EXPECT_GE(onAScreen(stored).width(), std::min(320, screen.width()));
     }
     EXPECT_EQ(onAScreen({20, 30, 400, 300}), QRect(20, 30, 400, 300));
-    EXPECT_EQ(twips(pixels({150, 300, 4500, 6000})), (TwipRect{150, 300, 4500, 6000}));
 }
 
 } // namespace

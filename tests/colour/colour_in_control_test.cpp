@@ -42,10 +42,6 @@ TEST(ColourInControl, FollowsKeys)
     Desk page;
     QTest::keyClicks(&page.document, "a<b>bold</b> and <i");
     EXPECT_EQ(marksOf(page.document), "-ccc----cccc-----cc");
-    QInputMethodEvent phrase;
-    phrase.setCommitString("> said <b>x");
-    QCoreApplication::sendEvent(&page.document, &phrase);
-    EXPECT_EQ(marksOf(page.document), "-ccc----cccc-----ccc------ccc-");
     Desk script;
     script.state.scriptTools = true;
     QTest::keyClicks(&script.document, "If x Then");

@@ -15,20 +15,14 @@ public:
         openRequests.push_back(request);
         return next();
     }
-    std::vector<std::string> openFiles(const OpenRequest &request) override
-    {
-        openRequests.push_back(request);
-        std::vector<std::string> all(choices.begin(), choices.end());
-        choices.clear();
-        return all;
-    }
+    std::vector<std::string> openFiles(const OpenRequest &) override { return {}; }
     std::optional<SaveChoice> saveFile(const SaveRequest &request) override
     {
         saveRequests.push_back(request);
         const auto path = next();
         return path ? std::optional(SaveChoice{*path, request.filterIndex}) : std::nullopt;
     }
-    std::optional<std::string> chooseFolder(const std::string &) override { return next(); }
+    std::optional<std::string> chooseFolder(const std::string &) override { return std::nullopt; }
 
     std::deque<std::string> choices;
     std::vector<OpenRequest> openRequests;

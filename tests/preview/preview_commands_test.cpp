@@ -84,6 +84,7 @@ TEST_F(PreviewTest, WritesBesideTheDocumentAndShowsIt)
     commands.BackToText();
     EXPECT_THAT(happened, ElementsAre("hide browser", "show main", "unload"));
     EXPECT_FALSE(files.files.contains("/site/kevratemp.html"));
+    EXPECT_EQ(application.previewTempPath, "") << "a file of that name is somebody else's from now on";
     EXPECT_THAT(messages.texts(), IsEmpty());
 }
 
@@ -192,33 +193,6 @@ TEST_F(PreviewTest, ModeDecidesOnLinks)
     EXPECT_THAT(happened, ElementsAre("follow file:///app/kevrahelp.html#menus", "load /app/kevrahelp.html"));
     commands.BackToText();
     EXPECT_FALSE(application.helpShowing || application.vbsInfoShowing);
-}
-
-TEST_F(PreviewTest, SomebodyElsesFileComesBackUnharmed)
-{
-    files.files["/site/kevratemp.html"] = "theirs";
-    commands.ViewPage();
-    commands.ViewPage();
-    EXPECT_EQ(files.files["/site/kevratemp.html"], "<P>text");
-    commands.BackToText();
-    EXPECT_EQ(files.files["/site/kevratemp.html"], "theirs");
-    EXPECT_EQ(application.previewTempPath, "") << "it is not ours to delete at the end";
-
-    // A page that cannot be written leaves it where it is.
-    files.refused["/site/kevratemp.html"] = Saved::DiskFull;
-    commands.ViewPage();
-    EXPECT_EQ(files.files["/site/kevratemp.html"], "theirs");
-}
-
-TEST_F(PreviewTest, DocumentSavedInThePagesPlaceStays)
-{
-    files.files["/site/kevratemp.html"] = "theirs";
-    commands.ViewPage();
-    std::ignore = files.write("/site/kevratemp.html", "the document");
-    commands.BackToText();
-    EXPECT_EQ(files.files["/site/kevratemp.html"], "the document");
-    EXPECT_EQ(backups.kept.size(), 1U);
-    EXPECT_FALSE(files.files.contains("/site/kevratemp.html.aside"));
 }
 
 TEST_F(PreviewTest, DeadProcessGivesTheEditorBack)

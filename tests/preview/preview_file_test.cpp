@@ -106,6 +106,17 @@ TEST(PreviewFile, KilledAtAnyMomentLeavesNothingBehind)
     }
 }
 
+TEST(PreviewFile, PageThatCannotBeWrittenLeavesThePlaceAsItWas)
+{
+    FakePageNotes notes;
+    FakeFileStore files;
+    FakeBackupStore backups;
+    files.files[place] = "theirs";
+    files.refused[place] = Saved::DiskFull;
+    EXPECT_FALSE(PreviewFile(files, backups, notes).write(place, "page"));
+    EXPECT_THAT(files.files, ElementsAre(Pair(place, "theirs")));
+}
+
 TEST(PreviewFile, DocumentInAKilledProgramsPlaceStays)
 {
     FakePageNotes notes;
