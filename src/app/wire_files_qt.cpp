@@ -121,6 +121,10 @@ void FilesSide::fillSession()
     };
     session.deleteAutosave = [this] { m_store.removeAutosave(m_app.state.autosaveWritten); };
     m_saving.onAutosaveStale(session.deleteAutosave);
+    m_saving.onPageStale([&session] {
+        if (session.deletePreviewPage)
+            session.deletePreviewPage();
+    });
 }
 
 void FilesSide::watchDocument()

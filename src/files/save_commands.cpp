@@ -99,26 +99,22 @@ bool SaveCommands::write(const std::string &path, Existing existing)
 
 void SaveCommands::removeStaleFiles()
 {
-    const auto &application = m_ports.application;
-    if (!application.previewTempPath.empty())
-        removePreviewPage(application.previewTempPath);
-    if (!application.tempFolder.empty())
-        removePreviewPage(application.tempFolder + '/' + previewName);
+    m_removePage();
+    if (const auto &folder = m_ports.application.tempFolder; !folder.empty())
+        removeForeignPage(folder + '/' + previewName);
     m_removeAutosave();
 }
 
-void SaveCommands::removePreviewPage(const std::string &path)
+void SaveCommands::removeForeignPage(const std::string &path)
 {
     const auto stamp = m_ports.files.stamp(path);
     // A document may have this very name, in whatever way its folder is spelt.
     const auto saved = m_ports.files.stamp(m_ports.state.currentPath);
     if (!stamp || m_ports.file.owns(path) || (saved && saved->identity == stamp->identity))
         return;
-    const auto content
-        = path == m_ports.application.previewTempPath ? std::nullopt : m_ports.files.read(path);
-    if (content && !m_ports.backups.keep(path, *content))
-        return;
-    m_ports.files.remove(path);
+    const auto content = m_ports.files.read(path);
+    if (!content || m_ports.backups.keep(path, *content))
+        m_ports.files.remove(path);
 }
 
 } // namespace kevra

@@ -23,7 +23,8 @@ public:
     /// Bytes that are not the document, which stays as it is. `path` is where they would have gone.
     bool saveBytesAs(const std::string &title, const std::string &path, std::string_view bytes);
 
-    /// How the autosave file of this run is removed; set by whoever writes it.
+    /// How the preview page and the autosave file of this run are removed; set by whoever writes them.
+    void onPageStale(std::function<void()> remove) { m_removePage = std::move(remove); }
     void onAutosaveStale(std::function<void()> remove) { m_removeAutosave = std::move(remove); }
 
 private:
@@ -31,10 +32,11 @@ private:
     [[nodiscard]] std::optional<std::string> chooseTarget(const std::string &title, const std::string &path);
     [[nodiscard]] bool write(const std::string &path, Existing existing);
     void removeStaleFiles();
-    void removePreviewPage(const std::string &path);
+    void removeForeignPage(const std::string &path);
 
     FileCommandPorts m_ports;
     int m_filterIndex = 1;
+    std::function<void()> m_removePage = [] {};
     std::function<void()> m_removeAutosave = [] {};
 };
 

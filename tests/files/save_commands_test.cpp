@@ -133,17 +133,17 @@ TEST(SaveAs, AsksBeforeReplacingAndTakesTheNewName)
 TEST(SaveAs, RemovesWhatTheSavedTextMakesStale)
 {
     EditedPage desk;
-    desk.application.previewTempPath = "/site/kevratemp.html";
     desk.application.tempFolder = "/tmp/pages";
     desk.application.autosaveWritten = true;
-    desk.files.files["/site/kevratemp.html"] = "preview";
     desk.files.files["/tmp/pages/kevratemp.html"] = "of somebody else";
     desk.dialogs.choices.emplace_back("/site/new.htm");
+    bool pageRemoved = false;
     bool autosaveRemoved = false;
     SaveCommands saving(desk.ports());
+    saving.onPageStale([&] { pageRemoved = true; });
     saving.onAutosaveStale([&] { autosaveRemoved = true; });
     ASSERT_TRUE(saving.saveAs());
-    EXPECT_FALSE(desk.files.files.contains("/site/kevratemp.html"));
+    EXPECT_TRUE(pageRemoved);
     EXPECT_FALSE(desk.files.files.contains("/tmp/pages/kevratemp.html"));
     EXPECT_EQ(desk.backups.kept["/tmp/pages/kevratemp.html"], "of somebody else");
     EXPECT_TRUE(autosaveRemoved);
@@ -153,14 +153,17 @@ TEST(SaveAs, RemovesWhatTheSavedTextMakesStale)
 TEST(SaveAs, NeverRemovesTheFileJustSavedNorWhatItCannotKeep)
 {
     EditedPage desk;
-    desk.application.previewTempPath = "/site/kevratemp.html";
     desk.application.tempFolder = "/tmp/pages";
     desk.files.files["/tmp/pages/kevratemp.html"] = "of somebody else";
     desk.backups.broken = true;
-    desk.dialogs.choices.emplace_back("/site/kevratemp.html");
-    ASSERT_TRUE(SaveCommands(desk.ports()).saveAs());
-    EXPECT_EQ(desk.files.files["/site/kevratemp.html"], "<P>new");
+    desk.dialogs.choices = {"/site/new.htm", "/tmp/pages/kevratemp.html"};
+    desk.messages.answers = {Answer::Ok};
+    SaveCommands saving(desk.ports());
+    ASSERT_TRUE(saving.saveAs());
     EXPECT_EQ(desk.files.files["/tmp/pages/kevratemp.html"], "of somebody else");
+    desk.backups.broken = false;
+    ASSERT_TRUE(saving.saveAs());
+    EXPECT_EQ(desk.files.files["/tmp/pages/kevratemp.html"], "<P>new");
 }
 
 TEST(Save, KeepsForeignContentInTheBackups)
