@@ -53,15 +53,17 @@ TEST(ColourInControl, FollowsKeys)
 
 TEST(ColourInControl, EditCommandsLeaveWhatAWholePassWouldPaint)
 {
-    const QStringList bits{"<b>", "<", ">", "text", "\n", "if ", "next", "\"", "<<x>>", "'--", "end sub\n"};
+    const QStringList bits{"<b>", "<", ">", "text", "\n", "if ", "next", "\"", "<<x>>", "'--", "end sub\n",
+        "\u00e9", "<i class=\"x\">", "<<", ">>"};
     std::mt19937 random(3);
-    const auto number = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
-    for (const bool script : {false, true}) {
+    const auto number = [&](Offset most) { return std::uniform_int_distribution<Offset>(0, most)(random); };
+    const auto bit = [&] { return bits[number(bits.size() - 1)]; };
+    for (const auto &[script, steps] : {std::pair(false, 2000), {true, 400}}) {
         Desk desk;
         desk.state.scriptTools = script;
-        for (int step = 0; step < 400; ++step) {
-            const auto length = static_cast<int>(desk.document.Length());
-            const int start = number(length);
+        for (int step = 0; step < steps; ++step) {
+            const auto length = desk.document.Length();
+            const auto start = number(length);
             desk.document.Select({start, std::min(start + number(8), length)});
             switch (number(5)) {
             case 0:
@@ -77,10 +79,14 @@ TEST(ColourInControl, EditCommandsLeaveWhatAWholePassWouldPaint)
                 desk.document.redo();
                 break;
             default:
-                QGuiApplication::clipboard()->setText(bits[number(10)] + bits[number(10)]);
+                // Long enough for edits that mend a part of the document only.
+                QGuiApplication::clipboard()->setText(
+                    bit() + bit() + (length < 9000 ? bit().repeated(number(90)) : ""));
                 desk.document.paste();
             }
-            ASSERT_EQ(marksOf(desk.document), desk.wholePass()) << "step " << step << " script " << script;
+            if (step % 5 == 0) {
+                ASSERT_EQ(marksOf(desk.document), desk.wholePass()) << step << " script " << script;
+            }
         }
     }
 }

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace kevra {
 namespace {
 
@@ -93,38 +91,6 @@ TEST(TypingColouring, LeavesDocumentsAloneThatTakeNoColour)
     desk.type("sub\r");
     EXPECT_EQ(marksOf(desk.document), "---------");
     EXPECT_TRUE(desk.checked.empty());
-}
-
-TEST(TypingColouring, EditsLeaveWhatAWholePassWouldPaint)
-{
-    const std::vector<std::string> bits{"<b>", "<", ">", "text ", "\r\n", "\xC3\xA9", "if ", "next", "\"",
-        "<<", ">>", "'--", "end sub", " ", "<i class=\"x\">"};
-    std::mt19937 random(7);
-    const auto number = [&](Offset most) { return std::uniform_int_distribution<Offset>(0, most)(random); };
-    for (const bool script : {false, true}) {
-        Desk desk("");
-        desk.state.scriptTools = script;
-        for (int step = 0; step < 3000; ++step) {
-            auto start = number(desk.document.Length());
-            auto end
-                = std::min(start + number(desk.document.Length() > 9000 ? 900 : 12), desk.document.Length());
-            const auto inside = [&](Offset at) {
-                return at > 0 && desk.document.Text({at - 1, at}) == "\xC3" ? at - 1 : at;
-            };
-            start = inside(start);
-            end = inside(end);
-            std::string text;
-            for (auto i = number(9); i > 0; --i)
-                text += bits[static_cast<std::size_t>(number(static_cast<Offset>(bits.size()) - 1))];
-            desk.document.SetSelColor(colours::black);
-            desk.document.Replace({start, end}, text);
-            desk.typing.edited({start, start + static_cast<Offset>(text.size())}, EditKind::Paste);
-            if (step % 10 != 0)
-                continue;
-            ASSERT_EQ(marksOf(desk.document), marksOfWholePass(desk.document.Text(), script))
-                << "step " << step << " script " << script;
-        }
-    }
 }
 
 } // namespace
