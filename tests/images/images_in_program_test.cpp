@@ -14,6 +14,7 @@ protected:
         QImage picture(120, 80, QImage::Format_RGB32);
         picture.fill(qRgb(255, 128, 0));
         EXPECT_TRUE(picture.save(folder.filePath("sea.jpg"), nullptr, 100));
+        EXPECT_TRUE(picture.save(folder.filePath("SEA.JPG")));
         EXPECT_TRUE(picture.save(folder.filePath("icon.bmp")));
         EXPECT_TRUE(picture.save(folder.filePath("photo.jpeg")));
         put("broken.bmp", "BM");
@@ -22,13 +23,14 @@ protected:
     template <typename T> T &find(const char *name) { return ProgramTest::find<T>(app().mainWindow(), name); }
     void click(const char *name) { ProgramTest::click(app().mainWindow(), name); }
     QString clipboard() { return QGuiApplication::clipboard()->text(); }
-    void view(const char *name)
+    /// Runs a command that asks for a picture, and chooses one.
+    void view(const char *name, const char *command = "msample")
     {
         const WhenModal<QFileDialog> choose([&](QFileDialog &dialog) {
             dialog.selectFile(folder.filePath(name));
             QMetaObject::invokeMethod(&dialog, "accept");
         });
-        app().commands.run("msample");
+        app().commands.run(command);
         EXPECT_TRUE(choose.came());
     }
     void pickColour(const char *button, QColor colour)
@@ -83,16 +85,70 @@ TEST_F(ImagesInProgram, TheColourFinderShowsTypedAndChosenColours)
 {
     app().commands.run("mcolorfind");
     ASSERT_TRUE(find<QFrame>("frcol").isVisible());
-    find<QLineEdit>("tenter").setText("ff8000");
-    pickColour("bshowhex", Qt::black); // nothing chosen: what was typed stays as it was typed
-    click("bclip");
-    EXPECT_EQ(clipboard(), "\"#ff8000\"");
-    pickColour("bchoosecol", QColor(0x12, 0xAB, 0x34));
-    click("bclip");
-    EXPECT_EQ(clipboard(), "\"#12AB34\"");
+    const struct {
+        const char *typed; ///< empty: the colour is only chosen
+        QColor chosen; ///< black counts as nothing chosen
+        const char *code;
+    } cases[] = {
+        {"ff8000", Qt::black, "\"#ff8000\""}, // as it was typed
+        {"", Qt::black, "\"#ff8000\""},
+        {"ff8000", Qt::red, "\"#FF0000\""},
+        {"000000", Qt::black, "\"#000000\""},
+        {"", QColor(0x12, 0xAB, 0x34), "\"#12AB34\""},
+    };
+    for (const auto &c : cases) {
+        find<QLineEdit>("tenter").setText(c.typed);
+        pickColour(*c.typed ? "bshowhex" : "bchoosecol", c.chosen);
+        click("bclip");
+        EXPECT_EQ(clipboard(), c.code);
+    }
     EXPECT_EQ(find<QFrame>("pcol").palette().color(QPalette::Window), QColor(0x12, 0xAB, 0x34));
+    for (const auto &[typed, message] : {std::pair("FF80000", "The hex code must be 6 characters."),
+             {"#FF800", "Error in hex code. All characters must be 0 thru 9 or A thru F."}}) {
+        const WhenModal<QMessageBox> told([&, message = message](QMessageBox &box) {
+            EXPECT_EQ(box.text(), message);
+            box.accept();
+        });
+        find<QLineEdit>("tenter").setText(typed);
+        click("bshowhex");
+        EXPECT_TRUE(told.came());
+        click("bclip");
+        EXPECT_EQ(clipboard(), "\"#12AB34\"") << "as it was";
+    }
     click("bclosecol");
     EXPECT_FALSE(find<QFrame>("frcol").isVisible());
+}
+
+TEST_F(ImagesInProgram, TagsGoOntoTheClipboard)
+{
+    const struct {
+        const char *command;
+        const char *picture;
+        const char *tag; ///< empty: the file is not of a type for web pages
+    } cases[] = {
+        {"bim", "SEA.JPG", "<IMG SRC=\"SEA.JPG\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>"},
+        {"bai", "sea.jpg",
+            "<A HREF=><IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE= ALT=></A>"},
+        {"bbi", "photo.jpeg", "<BODY BACKGROUND=\"photo.jpeg\" TEXT= LINK= ALINK= VLINK=>"},
+        {"bim", "photo.jpeg", ""},
+        {"bai", "icon.bmp", ""},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.command);
+        QGuiApplication::clipboard()->clear();
+        const WhenModal<QMessageBox> told([](QMessageBox &box) {
+            EXPECT_EQ(box.windowTitle(), "Wrong file type");
+            EXPECT_EQ(box.text(),
+                "As this function auto-inserts code for webpage images, it only accepts .jpg and .gif "
+                "files.");
+            box.accept();
+        });
+        find<QLineEdit>("tinfo").setFocus();
+        view(c.picture, c.command);
+        EXPECT_EQ(clipboard(), c.tag);
+        EXPECT_EQ(told.came(), clipboard().isEmpty());
+        EXPECT_EQ(app().mainWindow().focusWidget() == &document(), !told.came()) << "where the tag is pasted";
+    }
 }
 
 TEST_F(ImagesInProgram, ADroppedPictureGivesItsTagAndLeavesTheDocument)

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "fakes/desktop.h"
-#include "fakes/document_desk.h"
 #include "images/colour_code.h"
-#include "images/colour_finder_commands.h"
-#include "images/image_commands.h"
+#include "images/viewer_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -53,116 +50,6 @@ TEST(ViewerPlan, CropsWhatIsLargerThanItsShareOfTheScreen)
     }
     EXPECT_EQ(pictureInformation("a.gif", 1023), "a.gif - 0 KB");
     EXPECT_EQ(pictureInformation("a.gif", 1024), "a.gif - 1 KB");
-}
-
-/// No viewer: only the sizes of pictures are asked for.
-class FakeViewer : public ViewerView, public PictureSizes {
-public:
-    std::optional<PictureSize> sizeOf(const std::string &) const override { return PictureSize{120, 80}; }
-    void hideFindDialog() override { }
-    std::optional<PictureSize> load(const std::string &) override { return std::nullopt; }
-    void emptyPicture() override { }
-    void enableTag(bool) override { }
-    void showSizeAndPath(const std::string &, const std::string &) override { }
-    void showViewer(PictureSize) override { }
-    bool viewerIsVisible() const override { return false; }
-    void raiseViewer() override { }
-    void hideViewer() override { }
-    void showPanel(bool) override { }
-    std::optional<Colour> colourAt(int, int) const override { return std::nullopt; }
-    void showSample(Colour, const std::string &) override { }
-    std::string sampleCode() const override { return {}; }
-};
-
-TEST(ImageCommands, PutTagsOnTheClipboard)
-{
-    using I = ImageCommands;
-    struct {
-        void (I::*command)();
-        const char *path;
-        const char *tag; ///< empty: the file is not of a type for web pages
-    } const cases[] = {
-        {&I::CopyImageTag, "/a/sea.jpg", "<IMG SRC=\"sea.jpg\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE=>"},
-        {&I::CopyLinkedImageTag, "sea.GIF",
-            "<A HREF=><IMG SRC=\"sea.GIF\" WIDTH=120 HEIGHT=80 ALIGN= HSPACE= VSPACE= ALT=></A>"},
-        {&I::CopyBodyBackgroundTag, "/a/sea.jpeg",
-            "<BODY BACKGROUND=\"sea.jpeg\" TEXT= LINK= ALINK= VLINK=>"},
-        {&I::CopyImageTag, "photo.JPEG", ""},
-        {&I::CopyLinkedImageTag, "icon.bmp", ""},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.path);
-        DocumentDesk desk;
-        FakeClipboard clipboard;
-        FakeViewer viewer;
-        ImageCommands commands(
-            {desk.document, desk.main, desk.files, desk.dialogs, desk.messages, clipboard, viewer, viewer});
-        desk.dialogs.choices = {c.path};
-        (commands.*c.command)();
-        EXPECT_EQ(clipboard.content, c.tag);
-        EXPECT_EQ(desk.document.hasFocus(), !clipboard.content.empty()) << "where the tag is pasted";
-        std::vector<Message> told;
-        if (clipboard.content.empty())
-            told.push_back({"As this function auto-inserts code for webpage images, it only accepts .jpg and "
-                            ".gif files.",
-                Icon::Information, Buttons::Ok, "Wrong file type"});
-        EXPECT_EQ(desk.messages.shown, told);
-    }
-}
-
-class FakeColourFinder : public ColourFinderView {
-public:
-    void showPanel(bool) override { }
-    std::string typedCode() const override { return typed; }
-    Colour shownColour() const override { return colour; }
-    void showColour(Colour shown, const std::string &text) override
-    {
-        colour = shown;
-        code = text;
-    }
-    std::string shownCode() const override { return code; }
-
-    std::string typed;
-    Colour colour;
-    std::string code;
-};
-
-TEST(ColourFinderCommands, ShowsTypedAndChosenColours)
-{
-    const auto wrongLength = "The hex code must be 6 characters.";
-    const auto wrongCharacter = "Error in hex code. All characters must be 0 thru 9 or A thru F.";
-    struct {
-        const char *typed; ///< empty: the colour is only chosen
-        std::optional<Colour> chosen;
-        const char *code;
-        const char *message;
-    } const cases[] = {
-        {"ff8000", Colour{0x0080FF}, "\"#FF8000\"", ""},
-        {"ff8000", Colour{0}, "\"#ff8000\"", ""},
-        {"000000", {}, "\"#000000\"", ""},
-        {"#FF800", {}, "", wrongCharacter},
-        {"FF80000", {}, "", wrongLength},
-        {"", Colour{0xFF}, "\"#FF0000\"", ""},
-        {"", Colour{0}, "", ""},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.typed);
-        MemorySurface document;
-        FakeColourDialog dialog;
-        FakeMessages messages;
-        FakeClipboard clipboard;
-        FakeColourFinder view;
-        ColourFinderCommands commands(document, dialog, messages, clipboard, view);
-        dialog.chosen = c.chosen;
-        view.typed = c.typed;
-        if (view.typed.empty())
-            commands.ChooseColour();
-        else
-            commands.ShowTypedColour();
-        commands.CopyColourCode();
-        EXPECT_EQ(clipboard.content, c.code);
-        EXPECT_EQ(messages.last(), c.message);
-    }
 }
 
 } // namespace
