@@ -36,12 +36,6 @@ struct Costs {
     double lexer = 1e9;
 };
 
-/// Makes the control ask for every style it has not got.
-void paintAll(Sci &control)
-{
-    control.SendScintilla(Sci::SCI_COLOURISE, 0UL, -1L);
-}
-
 void measureOurs(std::string_view text, bool script, Costs &costs)
 {
     EditorControl control;
@@ -54,7 +48,7 @@ void measureOurs(std::string_view text, bool script, Costs &costs)
     const auto loaded = now();
     DocumentColouring(control, state).colourForTools();
     const auto shown = now();
-    paintAll(control);
+    control.paintAll();
     costs.load = std::min(costs.load, loaded - start);
     costs.shown = std::min(costs.shown, shown - loaded);
     costs.painted = std::min(costs.painted, now() - loaded);
@@ -67,7 +61,7 @@ void measureLexer(std::string_view text, bool script, Costs &costs)
     const auto start = now();
     control.SendScintilla(
         Sci::SCI_SETLEXER, static_cast<long>(script ? Sci::SCLEX_VBSCRIPT : Sci::SCLEX_HTML));
-    paintAll(control);
+    control.SendScintilla(Sci::SCI_COLOURISE, 0UL, -1L);
     costs.lexer = std::min(costs.lexer, now() - start);
 }
 

@@ -28,6 +28,7 @@ LIMIT_SECONDS = 60.0
 
 EDITORS = {
     "kevra": [str(ROOT / "build/release/bin/kevra")],
+    "bare": [str(ROOT / "build/release/bin/bare_window")],  # the same control, no colour: the limit
     "scite": ["SciTE"],
     "gvim": ["gvim", "-f", "-c", "syntax on"],
     "featherpad": ["featherpad", "--standalone"],
