@@ -14,18 +14,14 @@
 namespace {
 
 constexpr std::size_t large = std::size_t{4} << 20;
-constexpr std::uintptr_t page = 4096;
+constexpr std::size_t edge = std::size_t{64} << 10; ///< a multiple of every system's page
 
-void fetchPages(void *bytes, std::size_t size)
+void fetchPages([[maybe_unused]] void *bytes, [[maybe_unused]] std::size_t size)
 {
 #ifdef MADV_POPULATE_WRITE
-    const auto start = (reinterpret_cast<std::uintptr_t>(bytes) + page - 1) / page * page;
-    const auto end = (reinterpret_cast<std::uintptr_t>(bytes) + size) / page * page;
+    const auto before = (edge - reinterpret_cast<std::uintptr_t>(bytes) % edge) % edge;
     // No more than a wish: an older system does not know it.
-    ::madvise(reinterpret_cast<void *>(start), end - start, MADV_POPULATE_WRITE);
-#else
-    static_cast<void>(bytes);
-    static_cast<void>(size);
+    ::madvise(static_cast<char *>(bytes) + before, (size - before) / edge * edge, MADV_POPULATE_WRITE);
 #endif
 }
 
