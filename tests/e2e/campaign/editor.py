@@ -56,7 +56,7 @@ def preload_of(kevra, hand):
 
 
 class Editor:
-    def __init__(self, workshop, home, arguments=(), user=None, settings=None, wait=True):
+    def __init__(self, workshop, home, arguments=(), user=None, settings=None, wait=True, kill_at=0):
         self.home = home
         self.config = os.path.join(home, "config", "kevra", "kevra285.ini")
         if not os.path.exists(self.config):
@@ -70,6 +70,8 @@ class Editor:
                            XDG_DATA_HOME=home + "/data", XDG_CACHE_HOME=home + "/cache", XDG_RUNTIME_DIR=home,
                            LD_PRELOAD=preload_of(workshop.program, workshop.hand),
                            QT_QPA_PLATFORM="offscreen", KEVRA_HAND=str(theirs.fileno()), LC_ALL="C.UTF-8")
+        if kill_at:
+            environment["KEVRA_KILL_AT"] = str(kill_at)
         identity = {} if user is None else {"user": user, "group": user, "extra_groups": []}
         self.log = open(os.path.join(home, "stderr"), "ab")
         self.process = subprocess.Popen([workshop.program, *arguments], env=environment, stdout=self.log,

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -91,4 +92,11 @@ extern "C" long kevra_fault_control(const char *call, long at, int error)
     plan.at = at;
     plan.error = error;
     return seen;
+}
+
+/// Before anybody can give an order.
+__attribute__((constructor)) static void killAtStart()
+{
+    if (const char *at = std::getenv("KEVRA_KILL_AT"))
+        kevra_fault_control("any", std::atol(at), 0);
 }

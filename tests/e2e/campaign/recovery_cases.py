@@ -3,10 +3,11 @@
 
 import os
 import random
+import shutil
 import signal
 import time
 
-from editor import Editor, record_bytes, recovered
+from editor import Editor, Gone, record_bytes, recovered
 from result import Result, content, put
 
 SAVE = "There's a file stored from Autosave. Do you want to save it?"
@@ -78,6 +79,30 @@ def answers(workshop, seed, long):
         with Editor(workshop, home, [path]) as editor:
             result.check((editor.box() == SAVE) == again, f"{name}: next start shows {editor.box()!r}")
         result.check(is_saved or again or lost in backups(home), f"{name}: the text is nowhere")
+    return result
+
+
+def kill_start(workshop, seed, long):
+    result = Result("kill -9 at system calls of the start that finds a text: it is offered at the next one")
+    [(home, path)] = crashed(workshop, 1)
+    for kind in ("record", "crash"):
+        left = home + "-" + kind
+        shutil.copytree(home, left)
+        if kind == "crash":
+            os.rename(left + "/state/kevra/recovery/1.record", left + "/state/kevra/recovery/1.crash")
+        at, died = 1 + seed % 10, True
+        while died:
+            again = workshop.folder()
+            shutil.copytree(left, again, dirs_exist_ok=True)
+            try:
+                Editor(workshop, again, [path], kill_at=at).kill()
+                died = False
+            except Gone:
+                pass
+            with Editor(workshop, again, [path]) as editor:
+                result.check(editor.box() == SAVE, f"{kind} {at}: next start shows {editor.box()!r}")
+            result.check(b"typed <p>old\n" in recovered(again), f"{kind} {at}: {recovered(again)}")
+            at += 1 if long else 13
     return result
 
 
@@ -207,5 +232,5 @@ def monkey(workshop, seed, long):
     return result
 
 
-CASES = {"answers": answers, "damaged-records": damaged_records, "unasked-ends": unasked_ends,
+CASES = {"answers": answers, "kill-start": kill_start, "damaged-records": damaged_records, "unasked-ends": unasked_ends,
          "damaged-settings": damaged_settings, "monkey": monkey}
