@@ -40,6 +40,8 @@ public:
     [[nodiscard]] virtual std::string own() const = 0; ///< name of this program's note; empty without one
     /// This program's note, in place of the one before. Best effort: it only matters after a kill.
     virtual void write(const PageNote &note) = 0;
+    /// Its own note, as a killed program leaves it.
+    virtual void leaveOwn() = 0;
     virtual void drop(const std::string &name) = 0;
 };
 

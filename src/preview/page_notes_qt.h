@@ -15,6 +15,7 @@ public:
     [[nodiscard]] std::vector<Entry> all() const override;
     [[nodiscard]] std::string own() const override;
     void write(const PageNote &note) override;
+    void leaveOwn() override { m_lock = {}; }
     void drop(const std::string &name) override;
 
 private:

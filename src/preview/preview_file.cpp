@@ -24,7 +24,8 @@ PreviewFile::PreviewFile(FileStore &files, BackupStore &backups, PageNotes &note
 
 bool PreviewFile::isOurs(const std::string &path) const
 {
-    return path == m_note.page && m_stamp && m_files.stamp(path) == m_stamp;
+    // A write that failed may have failed behind its last step.
+    return path == m_note.page && (m_stamp ? m_files.stamp(path) == m_stamp : isPage(m_note));
 }
 
 /// Also of a page by another program, whose stamp is not known here. The user's file may hold the same.
@@ -126,9 +127,11 @@ void PreviewFile::remove()
 void PreviewFile::leave()
 {
     if (!m_note.page.empty() && !hasHeir()) {
-        if (isOurs(m_note.page))
-            m_files.remove(m_note.page);
-        putBack(m_note);
+        // Where it cannot be removed now, the next preview or start tries again.
+        if (isOurs(m_note.page) && !m_files.remove(m_note.page))
+            m_notes.leaveOwn();
+        else
+            putBack(m_note);
     }
     m_notes.drop(m_notes.own());
     m_note = {};
@@ -149,8 +152,8 @@ void PreviewFile::settleKilled()
             continue;
         const bool heir = std::ranges::any_of(entries,
             [&](const PageNotes::Entry &other) { return other.alive && other.note.page == entry.note.page; });
-        if (!heir && isPage(entry.note))
-            m_files.remove(entry.note.page);
+        if (!heir && isPage(entry.note) && !m_files.remove(entry.note.page))
+            continue;
         if (!heir)
             putBack(entry.note);
         m_notes.drop(entry.name);

@@ -36,7 +36,7 @@ public:
             return Saved::Denied;
         files[path] = bytes;
         ++writes[path];
-        return Saved::Ok;
+        return failsLate.contains(path) ? Saved::Failed : Saved::Ok;
     }
     Saved replace(const std::string &path, std::string_view bytes) override
     {
@@ -45,6 +45,8 @@ public:
     }
     bool remove(const std::string &path) override
     {
+        if (kept.contains(path))
+            return false;
         files.erase(path);
         return true;
     }
@@ -70,6 +72,8 @@ public:
     std::set<std::string> unreadable;
     std::set<std::string> hidden;
     std::map<std::string, Saved> refused;
+    std::set<std::string> failsLate; ///< written all the same
+    std::set<std::string> kept; ///< cannot be removed
     std::set<std::string> readOnly; ///< refused by write(), not by replace()
     std::map<std::string, int> writes;
 };

@@ -32,6 +32,12 @@ public:
             m_own = std::to_string(++number);
         (*notes)[m_own] = {m_own, note, true};
     }
+    void leaveOwn() override
+    {
+        if (!own().empty())
+            (*notes)[own()].alive = false;
+        m_own.clear();
+    }
     void drop(const std::string &name) override { notes->erase(name); }
 
     Notes notes;

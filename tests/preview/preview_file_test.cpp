@@ -132,6 +132,29 @@ TEST(PreviewFile, DocumentInAKilledProgramsPlaceStays)
     EXPECT_THAT(backups.kept, ElementsAre(Pair(place, "theirs")));
 }
 
+TEST(PreviewFile, FailuresOnTheWayLoseNobodysFile)
+{
+    FakePageNotes notes;
+    FakeFileStore files;
+    FakeBackupStore backups;
+    files.files[place] = "theirs";
+    PreviewFile page(files, backups, notes);
+    files.failsLate = {place};
+    EXPECT_FALSE(page.write(place, "page"));
+    EXPECT_THAT(files.files, ElementsAre(Pair(place, "theirs")));
+
+    files.failsLate.clear();
+    EXPECT_TRUE(page.write(place, "page"));
+    files.kept = {place};
+    page.remove();
+    page.removeLeftPages();
+    files.kept.clear();
+    EXPECT_TRUE(page.write("/other/kevratemp.html", "page"));
+    page.remove();
+    EXPECT_THAT(files.files, ElementsAre(Pair(place, "theirs")));
+    EXPECT_THAT(backups.kept, IsEmpty());
+}
+
 TEST(PreviewFile, NoteComesBackAsItWas)
 {
     for (const auto &note : {PageNote{"/a\nb", 7, "", {}}, PageNote{"/c", 0, aside, FileStamp{-1, 2, 3}}})
