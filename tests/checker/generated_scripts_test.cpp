@@ -46,6 +46,10 @@ TEST(Checker, FindsWhatTheProcedureFinds)
         std::string text;
         for (auto left = number(i % 2 ? 8 : 24); left > 0; --left)
             text += parts[number(parts.size() - 1)];
+        if (i % 8 == 0) {
+            const auto &members = sectionMembers[number(sectionMembers.size() - 1)];
+            text += "\r\n" + members[number(members.size() - 1)];
+        }
         DocumentState state;
         state.scriptTools = true;
         state.ifChecking = number(3) != 0;

@@ -11,6 +11,8 @@ namespace {
 
 const std::string quote = "\"";
 const std::vector<std::string> blockKeywords{"if", "end if", "for", "next", "sub", "end sub", "do", "loop"};
+} // namespace
+
 const std::vector<std::vector<std::string>> sectionMembers{
     {"FileExists", "FolderExists", "DeleteFile", "DeleteFolder", "MoveFile", "CopyFile", "CopyFolder",
         "CreateFolder", "CreateTextFile", "OpenTextFile", "GetFile", "GetAbsolutePathName", "GetBaseName",
@@ -19,6 +21,9 @@ const std::vector<std::vector<std::string>> sectionMembers{
     {"RegWrite ", "RegRead(", "RegDelete ", "Run "},
     {"AtEndOfLine", "AtEndOfStream", "Close", "ReadAll", "ReadLine", "Skip", "SkipLine", "Write ",
         "WriteBlankLines", "WriteLine", "SubFolders", "FreeSpace", "DriveType"}};
+
+namespace {
+
 const std::vector<std::string> sectionMessages{"FileSystemObject required - Line ",
     "Shell Object required - Line ", "Textstream, Drive or Folder Object required - Line "};
 const std::vector<std::string> sectionNeeds{"FileSystemObject", "WScript.Shell", ""};

@@ -6,8 +6,12 @@
 #include "editor/memory_surface.h"
 
 #include <string>
+#include <vector>
 
 namespace kevra {
+
+/// The names that want an object, in the three sections of the procedure.
+extern const std::vector<std::vector<std::string>> sectionMembers;
 
 class LiteralChecker {
 public:
