@@ -98,6 +98,7 @@ void EditorControl::SetPaint(Paint paint)
 
 void EditorControl::paintLater(Offset start, std::string styles)
 {
+    m_allBlack = false; // also when nothing of it is in view
     m_unpainted.keep(start, std::move(styles));
     paintShown();
     m_paintRest.start();

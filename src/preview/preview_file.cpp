@@ -62,8 +62,8 @@ bool PreviewFile::writeAlone(const std::string &path, std::string_view bytes)
     if (path != m_note.page)
         leave();
     // Gone before the note changes: a page that no note describes would stay for ever.
-    if (isOurs(path))
-        m_files.remove(path);
+    if (isOurs(path) && !m_files.remove(path))
+        return false;
     m_note.page = path;
     m_note.fingerprint = fingerprint(bytes);
     m_stamp.reset();

@@ -35,7 +35,6 @@ private:
     [[nodiscard]] bool writeAlone(const std::string &path, std::string_view bytes);
     [[nodiscard]] bool setAside();
     void takeOver(const std::string &path);
-    void noteDown();
     void leave();
     void settleKilled();
     void putBack(const PageNote &note);

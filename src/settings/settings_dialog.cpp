@@ -299,7 +299,7 @@ std::function<void()> SettingsDialog::act(std::function<void()> command)
 
 void SettingsDialog::showSettings()
 {
-    // Every start makes the dialog, but few open it.
+    // What it shows is read when it is shown.
     if (!layout())
         build();
     else if (!isVisible())
