@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Names as numbers: spelled the same but for the case of letters is the same name.
+#pragma once
+
+#include "script/token.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra::script {
+
+/// Lower case for ASCII, Latin-1, Greek and Cyrillic letters; as many bytes as before.
+[[nodiscard]] std::string folded(std::string_view name);
+
+class NameTable {
+public:
+    /// Holds the keywords from the start.
+    NameTable();
+
+    /// The name's id, new where the name is. `spelling` must outlive the table.
+    NameId intern(std::string_view spelling);
+    /// NameId::None where no such name was interned.
+    [[nodiscard]] NameId find(std::string_view spelling) const;
+    /// As first spelled.
+    [[nodiscard]] std::string_view spelling(NameId name) const { return m_names[index(name)].spelling; }
+    /// Ids are below this: a vector of this size can be indexed by them.
+    [[nodiscard]] std::size_t size() const { return m_names.size(); }
+
+private:
+    struct Entry {
+        std::string_view spelling;
+        std::uint32_t hash = 0;
+    };
+
+    [[nodiscard]] static std::size_t index(NameId name) { return static_cast<std::size_t>(name); }
+    [[nodiscard]] std::size_t slotOf(std::string_view spelling, std::uint32_t hash) const;
+    void grow();
+
+    std::vector<Entry> m_names;
+    std::vector<std::uint32_t> m_slots; ///< a power of two; 0 is free
+};
+
+} // namespace kevra::script

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "script/rules.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace kevra::script {
+
+namespace {
+
+constexpr std::array rules{
+    RuleInfo{Rule::SyntaxError, Level::Error, "Statement not understood",
+        "The script host compiles the whole text before it runs the first line. A statement it cannot read "
+        "keeps "
+        "every other line from running too."},
+    RuleInfo{Rule::UnclosedString, Level::Error, "String not closed",
+        "A string ends on the line it begins on. A quotation mark inside a string is written twice: \"say "
+        "\"\"yes\"\"\"; "
+        "a line break is put in with & vbCrLf &."},
+    RuleInfo{Rule::InvalidCharacter, Level::Error, "Character outside the language",
+        "Outside strings and comments VBScript knows letters, digits, the underscore and its operators. Text "
+        "copied "
+        "from a web page or a word processor often brings typographic quotation marks, long dashes and "
+        "special "
+        "spaces along."},
+    RuleInfo{Rule::InvalidNumber, Level::Error, "Number not understood",
+        "Numbers are written 12, 1.5, .5, 1e-3, &HFF or &O17, without a suffix and without separators of "
+        "thousands."},
+    RuleInfo{Rule::InvalidDate, Level::Error, "Date not understood",
+        "A date stands between two number signs on one line: #2026-01-31# or #1/31/2026 14:30#. It has to "
+        "exist."},
+    RuleInfo{Rule::MissingParenthesis, Level::Error, "Parenthesis not closed",
+        "Each opening parenthesis needs its closing one in the same statement. A statement ends with its "
+        "line unless "
+        "the line ends with a space and an underscore."},
+    RuleInfo{Rule::UnexpectedParenthesis, Level::Error, "Closing parenthesis without an opening one",
+        "There are more closing parentheses than opening ones in this statement."},
+    RuleInfo{Rule::MissingOperand, Level::Error, "Expression missing",
+        "Here the script host expects a value: after an operator, an equals sign, a comma or a keyword such "
+        "as If. "
+        "A longer expression goes on in the next line only behind a space and an underscore."},
+    RuleInfo{Rule::ExpectedEndOfStatement, Level::Error, "More text than the statement can take",
+        "The statement is complete before this place. Statements on one line are separated by colons, parts "
+        "of an "
+        "expression by operators, arguments by commas."},
+    RuleInfo{Rule::MissingThen, Level::Error, "If or ElseIf without Then",
+        "The condition of If and ElseIf ends with Then on the same line."},
+    RuleInfo{Rule::UnclosedBlock, Level::Error, "Block still open",
+        "Each block has its own end: If and End If, For and Next, Do and Loop, While and Wend, Select Case "
+        "and End "
+        "Select, With and End With, Sub and End Sub, Function and End Function, Property and End Property, "
+        "Class "
+        "and End Class. The inner block ends before the outer one does."},
+    RuleInfo{Rule::UnmatchedBlockEnd, Level::Error, "End of a block that is not open",
+        "Nothing is open that this line could end. Often the line that opens the block was removed, the "
+        "block was "
+        "ended before, or an If with its statement behind Then, which needs no End If, was given one."},
+    RuleInfo{Rule::NameAfterNext, Level::Error, "Variable after Next",
+        "Next stands alone in VBScript; which loop goes on is clear from the nesting."},
+    RuleInfo{Rule::TypeDeclaration, Level::Error, "Type declared with As",
+        "All variables, parameters and results in VBScript are Variants; As is not part of the language. "
+        "Values are "
+        "converted with functions such as CLng and CStr."},
+    RuleInfo{Rule::TypeSuffix, Level::Error, "Name with a type suffix",
+        "The suffixes $, %, !, #, @ and & that name a type elsewhere are not part of VBScript. All variables "
+        "are "
+        "Variants, and functions such as Left have no form with a suffix."},
+    RuleInfo{Rule::OptionalParameter, Level::Error, "Optional parameter",
+        "Procedures in VBScript have a fixed number of parameters: Optional, ParamArray and default values "
+        "are not "
+        "part of the language. Pass Null or an array instead."},
+    RuleInfo{Rule::LabelJump, Level::Error, "Jump to a label",
+        "VBScript has neither labels nor GoTo, GoSub and Resume. Errors are handled with On Error Resume "
+        "Next, a "
+        "look at Err.Number after the statement that may fail, and On Error GoTo 0."},
+    RuleInfo{Rule::LineLabel, Level::Error, "Line label or line number",
+        "VBScript has no labels and no line numbers."},
+    RuleInfo{Rule::SubCallParentheses, Level::Error, "Cannot use parentheses when calling a Sub",
+        "A call whose result is not used takes its arguments without parentheses, or stands behind Call: "
+        "either "
+        "Update a, b or Call Update(a, b)."},
+    RuleInfo{Rule::ExitOutside, Level::Error, "Exit outside of what it leaves",
+        "Exit Do and Exit For stand inside such a loop, Exit Sub, Exit Function and Exit Property inside "
+        "such a "
+        "procedure. A script as a whole ends with WScript.Quit; a While loop cannot be left early."},
+    RuleInfo{Rule::NameRedefined, Level::Error, "Name declared twice",
+        "Within a script, a class or a procedure a name is declared once. Upper and lower case make no "
+        "difference, "
+        "and a parameter counts as declared in its procedure."},
+    RuleInfo{Rule::InvalidAssignment, Level::Error, "Assignment to what cannot be assigned",
+        "On the left of the equals sign stands a variable, an element of an array or a property. Objects are "
+        "assigned with Set NAME = VALUE."},
+    RuleInfo{Rule::ConstantNotLiteral, Level::Error, "Constant without a literal value",
+        "The value of a Const is fixed when the script is compiled: a number, a string, a date, True, False, "
+        "Null, "
+        "Empty or Nothing. For a computed value use a variable."},
+    RuleInfo{Rule::MisplacedOptionExplicit, Level::Error, "Option Explicit after other statements",
+        "Option Explicit is the first statement of a script; only comments and empty lines may stand before "
+        "it. "
+        "There are no other options."},
+    RuleInfo{Rule::ReservedName, Level::Error, "Keyword used as a name",
+        "The keywords of the language cannot name variables, procedures, parameters or classes, unless they "
+        "are put "
+        "in brackets: [Next]. After a dot every name is allowed."},
+    RuleInfo{Rule::UnsupportedOperator, Level::Error, "Operator of another language",
+        "Equality is written =, inequality <>, logical operators And, Or and Not. There is no assignment "
+        "that "
+        "computes: x += 1 is written x = x + 1."},
+    RuleInfo{Rule::UnsupportedStatement, Level::Error, "Statement of another language",
+        "This statement exists in related languages and not in VBScript."},
+    RuleInfo{Rule::LoopVariable, Level::Error, "Loop variable that is not a plain variable",
+        "The variable of a For or For Each is a plain name, neither an element of an array nor a property."},
+    RuleInfo{Rule::MisplacedDeclaration, Level::Error, "Declaration where it cannot stand",
+        "Classes stand at the outermost level, procedures there or in a class, properties in a class. A "
+        "class "
+        "consists of declarations of variables, procedures and properties only."},
+    RuleInfo{Rule::PropertyArguments, Level::Error, "Parameters that do not suit the procedure",
+        "Property Let and Property Set take the new value as their last parameter; Class_Initialize and "
+        "Class_Terminate take none."},
+    RuleInfo{Rule::MemberOutsideWith, Level::Error, "Leading dot outside With",
+        "A name that begins with a dot belongs to the object of the With around it, in the same procedure."},
+    RuleInfo{Rule::InvalidBounds, Level::Error, "Bounds that are not understood",
+        "Dim takes the upper bounds as plain integers; the lower bound is always 0. For a computed size "
+        "write Dim "
+        "a() and then ReDim a(n)."},
+    RuleInfo{Rule::InvalidContinuation, Level::Error, "Text after the continuation mark",
+        "The underscore that continues a statement on the next line is the last thing on its line; not even "
+        "a "
+        "comment may follow."},
+    RuleInfo{Rule::CaseRange, Level::Error, "Case with a range or comparison",
+        "A Case lists values, separated by commas. Ranges (1 To 5) and comparisons (Is > 5) are not part of "
+        "VBScript; Select Case True with Case x > 5 does the same."},
+    RuleInfo{Rule::UndeclaredName, Level::Error, "Name not declared",
+        "Under Option Explicit each variable is declared with Dim, ReDim, Public, Private or Const, or is a "
+        "parameter. The script stops where an undeclared name is first used."},
+    RuleInfo{Rule::ArgumentCount, Level::Error, "Wrong number of arguments",
+        "Procedures of the script take exactly the parameters they declare; functions of the language have a "
+        "least "
+        "and a greatest number."},
+    RuleInfo{Rule::ConstantAssigned, Level::Error, "Assignment to a constant",
+        "A Const keeps its value; assigning to it stops the script."},
+    RuleInfo{Rule::NestingTooDeep, Level::Warning, "Nested too deep to be analysed",
+        "Blocks and expressions can be nested some hundred levels deep here. The text after this place was "
+        "not "
+        "looked at."},
+};
+
+} // namespace
+
+std::span<const RuleInfo> allRules()
+{
+    static const auto ordered = [] {
+        auto table = rules;
+        std::ranges::sort(table, {}, &RuleInfo::rule);
+        return table;
+    }();
+    return ordered;
+}
+
+const RuleInfo &ruleInfo(Rule rule)
+{
+    return *std::ranges::lower_bound(allRules(), rule, {}, &RuleInfo::rule);
+}
+
+std::string code(Rule rule)
+{
+    return "KV" + std::to_string(static_cast<unsigned>(rule));
+}
+
+std::optional<Rule> ruleOfCode(std::string_view code)
+{
+    if (code.size() != 6 || (code[0] | 0x20) != 'k' || (code[1] | 0x20) != 'v')
+        return std::nullopt;
+    unsigned number = 0;
+    const auto parsed = std::from_chars(code.data() + 2, code.data() + code.size(), number);
+    const auto found = std::ranges::find(rules, static_cast<Rule>(number), &RuleInfo::rule);
+    if (parsed.ptr != code.data() + code.size() || found == rules.end())
+        return std::nullopt;
+    return found->rule;
+}
+
+} // namespace kevra::script

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every rule of the analysis, with the paragraph that explains it. The table is in rules.cpp.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kevra::script {
+
+enum class Level : std::uint8_t {
+    Error, ///< the script host refuses the text, or the statement must fail
+    Warning, ///< almost surely not meant
+    Hint,
+};
+
+/// The value is the number of the code: KV1001.
+enum class Rule : std::uint16_t {
+    // The text is not VBScript: found by lexer and parser.
+    SyntaxError = 1001,
+    UnclosedString,
+    InvalidCharacter,
+    InvalidNumber,
+    InvalidDate,
+    MissingParenthesis,
+    UnexpectedParenthesis,
+    MissingOperand,
+    ExpectedEndOfStatement,
+    MissingThen,
+    UnclosedBlock,
+    UnmatchedBlockEnd,
+    NameAfterNext,
+    TypeDeclaration,
+    TypeSuffix,
+    OptionalParameter,
+    LabelJump,
+    SubCallParentheses,
+    ExitOutside,
+    NameRedefined,
+    InvalidAssignment,
+    ConstantNotLiteral,
+    MisplacedOptionExplicit,
+    ReservedName,
+    UnsupportedOperator,
+    UnsupportedStatement,
+    LoopVariable,
+    MisplacedDeclaration,
+    PropertyArguments,
+    MemberOutsideWith,
+    InvalidBounds,
+    InvalidContinuation,
+    CaseRange,
+    LineLabel,
+    // Refused or certain to fail, found in what the names mean.
+    UndeclaredName = 1101,
+    ArgumentCount,
+    ConstantAssigned,
+
+    NestingTooDeep = 2001,
+    // 2002 and on: almost surely not meant. 3001 and on: hints.
+};
+
+struct RuleInfo {
+    Rule rule;
+    Level level;
+    std::string_view title; ///< what it is about in general, without a full stop
+    std::string_view why; ///< a paragraph: what the script host does, and what to write instead
+};
+
+/// In ascending order of codes.
+[[nodiscard]] std::span<const RuleInfo> allRules();
+[[nodiscard]] const RuleInfo &ruleInfo(Rule rule);
+
+/// "KV1001"
+[[nodiscard]] std::string code(Rule rule);
+/// The rule of "KV1001", letters in either case.
+[[nodiscard]] std::optional<Rule> ruleOfCode(std::string_view code);
+
+} // namespace kevra::script

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The words of VBScript. Positions are bytes from the start of the text that holds the script.
+#pragma once
+
+#include <cstdint>
+
+namespace kevra::script {
+
+/// A name without regard to its letters' case: equal names have equal ids. See names.h.
+enum class NameId : std::uint32_t { None = 0 };
+
+/// Each keyword is also the NameId of the same value. Some are keywords in their place only: see
+/// isReserved().
+enum class Keyword : std::uint8_t {
+    None,
+    And,
+    ByRef,
+    ByVal,
+    Call,
+    Case,
+    Class,
+    Const,
+    Dim,
+    Do,
+    Each,
+    Else,
+    ElseIf,
+    Empty,
+    End,
+    Eqv,
+    Exit,
+    False,
+    For,
+    Function,
+    GoTo,
+    If,
+    Imp,
+    In,
+    Is,
+    Let,
+    Loop,
+    Me,
+    Mod,
+    New,
+    Next,
+    Not,
+    Nothing,
+    Null,
+    On,
+    Option,
+    Or,
+    Private,
+    Public,
+    ReDim,
+    Rem,
+    Resume,
+    Select,
+    Set,
+    Stop,
+    Sub,
+    Then,
+    To,
+    True,
+    Until,
+    WEnd,
+    While,
+    With,
+    Xor,
+    // Free as names outside of their statement.
+    As,
+    Default,
+    Erase,
+    Error,
+    Explicit,
+    Get,
+    Optional,
+    ParamArray,
+    Preserve,
+    Property,
+    Step,
+    // No part of the language: known to explain what is wrong.
+    AddressOf,
+    AndAlso,
+    Catch,
+    EndIf,
+    GoSub,
+    Like,
+    Namespace,
+    OrElse,
+    Return,
+    Static,
+    Try,
+    TypeOf,
+};
+inline constexpr auto firstFreeKeyword = Keyword::As;
+inline constexpr auto lastKeyword = Keyword::TypeOf;
+
+/// Can never be a name, except after a dot or in brackets.
+[[nodiscard]] constexpr bool isReserved(Keyword keyword)
+{
+    return keyword != Keyword::None && keyword < firstFreeKeyword;
+}
+
+enum class TokenKind : std::uint8_t {
+    End, ///< of the text
+    UnitEnd, ///< between parts of a page that are compiled apart
+    OutputStart, ///< before the expression of <%= %>
+    NewLine, ///< also where one piece of script gives way to the next
+    Colon,
+    Name, ///< also every keyword: Token::keyword() tells
+    Number,
+    String, ///< with its quotation marks
+    Date, ///< with its number signs
+    LeftParenthesis,
+    RightParenthesis,
+    Comma,
+    Dot,
+    Equal,
+    Less,
+    Greater,
+    LessEqual, ///< <= or =<
+    GreaterEqual, ///< >= or =>
+    NotEqual, ///< <> or ><
+    Plus,
+    Minus,
+    Multiply,
+    Divide,
+    IntegerDivide,
+    Power,
+    Ampersand,
+    Invalid, ///< a character VBScript does not know, or the start of what is not closed
+};
+
+struct Token {
+    TokenKind kind = TokenKind::End;
+    bool plain = true; ///< false: in brackets or after a dot, so never a keyword
+    bool unclosed = false; ///< a string, date or bracketed name that its line cuts off
+    std::uint32_t start = 0;
+    std::uint32_t end = 0;
+    NameId name = NameId::None; ///< of a Name
+
+    [[nodiscard]] constexpr Keyword keyword() const
+    {
+        return plain && name <= static_cast<NameId>(lastKeyword) ? static_cast<Keyword>(name) : Keyword::None;
+    }
+};
+
+} // namespace kevra::script
