@@ -4,9 +4,9 @@
 // replacement in many files. Milliseconds, the best of five; the files are written once.
 //   QT_QPA_PLATFORM=offscreen build/release/bin/replacing_bench [FILES]
 #include "editor/editor_control_qt.h"
-#include "files/file_store_qt.h"
 #include "find/find_commands.h"
 #include "find/multi_replace.h"
+#include "storage/file_store_qt.h"
 
 #include <QApplication>
 #include <QFile>
@@ -194,7 +194,7 @@ public:
     }
     void showFiles(const std::vector<ListedFile> &) override { }
     void showFile(std::size_t, const ListedFile &) override { }
-    bool goesOn(std::size_t, std::size_t) override { return true; }
+    bool shouldContinue(std::size_t, std::size_t) override { return true; }
     void showSummary(const std::string &text) override { summary = text; }
     std::string summary;
 };

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/font_frame_panel.h"
 
-#include "platform/named_qt.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 #include "settings/fonts.h"
+#include "widgets/named_qt.h"
 
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>

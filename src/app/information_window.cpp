@@ -2,7 +2,7 @@
 #include "app/information_window.h"
 
 #include "app/svg_icon_qt.h"
-#include "platform/named_qt.h"
+#include "widgets/named_qt.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLabel>

@@ -2,7 +2,7 @@
 // Where the main window's controls stand in its inner area. All lengths in twips, none negative.
 #pragma once
 
-#include "platform/geometry.h"
+#include "desktop/geometry.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/svg_icon_qt.h"
-#include "platform/combo_box_names_qt.h"
+#include "widgets/combo_box_names_qt.h"
 
 #include <QtWidgets/QApplication>
 

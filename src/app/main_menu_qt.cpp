@@ -2,7 +2,7 @@
 #include "app/main_menu_qt.h"
 
 #include "app/commands.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>

@@ -10,11 +10,11 @@
 #include "app/status_row_panel.h"
 #include "app/svg_icon_qt.h"
 #include "app/tool_bar_qt.h"
+#include "desktop/text_qt.h"
+#include "desktop/window_geometry_qt.h"
 #include "editor/editor_control_qt.h"
-#include "editor/words.h"
-#include "platform/named_qt.h"
-#include "platform/text_qt.h"
-#include "platform/window_geometry_qt.h"
+#include "text/words.h"
+#include "widgets/named_qt.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
@@ -223,7 +223,7 @@ void MainWindow::redrawAndFocus()
     m_document->setFocus();
 }
 
-void MainWindow::levelLineNumbers()
+void MainWindow::syncLineNumbers()
 {
     m_column->level();
 }
@@ -360,7 +360,7 @@ void MainWindow::placeNormal(const TwipRect &geometry)
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     event->ignore();
-    emit closeAsked();
+    emit closeRequested();
 }
 
 bool MainWindow::takesDrop(QEvent &event)

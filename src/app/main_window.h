@@ -5,7 +5,7 @@
 
 #include "app/command_registry.h"
 #include "app/tool_sets.h"
-#include "editor/main_view.h"
+#include "document/main_view.h"
 #include "settings/stored_settings.h"
 
 #include <QtWidgets/QMainWindow>
@@ -51,7 +51,7 @@ public:
     [[nodiscard]] QString information() const; ///< what the box shows
     void setTitlePath(std::string_view path) override;
     void redrawAndFocus() override;
-    void levelLineNumbers() override;
+    void syncLineNumbers() override;
     void refreshDocumentStatus() override;
     /// Who knows the document's encoding, line ends and whether it is saved, in words.
     void setStatusSource(std::function<QStringList()> source) { m_statusSource = std::move(source); }
@@ -73,7 +73,7 @@ public:
 
 signals:
     /// By the frame or the desktop. The window stays until the program ends.
-    void closeAsked();
+    void closeRequested();
     void fileDropped(const QString &path);
     /// The document has been given a path, by opening or saving.
     void documentNamed();

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/printing.h"
-#include "editor/types.h"
+#include "text/types.h"
 
 class QPrinter;
 

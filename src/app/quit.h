@@ -3,9 +3,9 @@
 #pragma once
 
 #include "app/shell_ports.h"
-#include "editor/document_state.h"
+#include "desktop/messages.h"
+#include "document/document_state.h"
 #include "editor/surface.h"
-#include "platform/messages.h"
 #include "settings/stored_settings.h"
 
 namespace kevra {

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "app/shell_ports.h"
-#include "editor/document_state.h"
-#include "files/file_store.h"
-#include "platform/messages.h"
+#include "desktop/messages.h"
+#include "document/document_state.h"
 #include "settings/stored_settings.h"
+#include "storage/file_store.h"
 
 #include <string>
 

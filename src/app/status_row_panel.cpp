@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/status_row_panel.h"
 
-#include "platform/named_qt.h"
+#include "widgets/named_qt.h"
 
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/svg_icon_qt.h"
 
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 
 #include <QtCore/QFile>
 #include <QtGui/QGuiApplication>

@@ -3,7 +3,7 @@
 
 #include "app/commands.h"
 #include "app/svg_icon_qt.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 
 #include <QtWidgets/QToolButton>
 

@@ -3,8 +3,8 @@
 // is one table.
 #pragma once
 
-#include "editor/document_state.h"
-#include "editor/main_view.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
 #include "editor/surface.h"
 #include "settings/stored_settings.h"
 

@@ -7,8 +7,8 @@
 #include "colour/snippet_commands.h"
 #include "colour/snippet_panel.h"
 #include "colour/typing_colouring.h"
+#include "desktop/text_qt.h"
 #include "editor/editor_control_qt.h"
-#include "platform/text_qt.h"
 
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QToolButton>

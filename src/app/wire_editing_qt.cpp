@@ -28,7 +28,7 @@ void wireDocument(Application &app)
     app.commands.bind("mclear", [&t1] { t1.replaceAsUser({0, t1.Length()}, {}); });
     app.commands.bind("mwrap", [&edit, &window] {
         edit.toggleWrap();
-        window.levelLineNumbers();
+        window.syncLineNumbers();
     });
     auto &printing = app.keep<PrintingQt>(t1);
     app.commands.bind("mprint", [&printing, &app] { print(printing, app.messages); });
@@ -55,7 +55,7 @@ void wireTools(Application &app)
 void wireProgramEnd(Application &app)
 {
     app.commands.bind("mexit", [&app] { app.quit().closeMainWindow(); });
-    QObject::connect(&app.mainWindow(), &MainWindow::closeAsked, &app.mainWindow(),
+    QObject::connect(&app.mainWindow(), &MainWindow::closeRequested, &app.mainWindow(),
         [&app] { app.quit().closeMainWindow(); });
 }
 

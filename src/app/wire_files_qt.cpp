@@ -2,15 +2,15 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
-#include "files/disk_notice.h"
-#include "files/open_commands.h"
-#include "files/recovery_journal.h"
-#include "files/recovery_offer.h"
-#include "files/recovery_store_qt.h"
-#include "files/review_bar_panel.h"
-#include "files/save_commands.h"
-#include "platform/end_signals_qt.h"
-#include "platform/text_qt.h"
+#include "desktop/end_signals_qt.h"
+#include "desktop/text_qt.h"
+#include "document/disk_notice.h"
+#include "document/open_commands.h"
+#include "document/recovery_journal.h"
+#include "document/recovery_offer.h"
+#include "document/review_bar_panel.h"
+#include "document/save_commands.h"
+#include "storage/recovery_store_qt.h"
 
 #include <QtGui/QSessionManager>
 #include <QtWidgets/QApplication>
@@ -116,7 +116,7 @@ void FilesSide::fillSession()
     session.saveAs = [this] { m_saving.saveAs(); };
     session.textGivenUp = [this] { m_journal.textGivenUp(); };
     session.keepUnsavedText = [this] {
-        m_journal.textLeaves();
+        m_journal.documentReplaced();
         m_store.finish();
     };
     session.deleteAutosave = [this] { m_store.removeAutosave(m_app.state.autosaveWritten); };

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
-#include "colour/mending.h"
-#include "editor/flag_guard.h"
+#include "colour/recolouring.h"
 #include "find/find_dialog.h"
 #include "find/multi_dialog.h"
+#include "text/flag_guard.h"
 
 #include <QtGui/QShortcut>
 
@@ -39,7 +39,7 @@ public:
         const auto view = document.FirstVisibleLine();
         const auto line = document.GetLineFromChar(document.Selection().end);
         document.Replace({0, document.Length()}, opened->decoded.text);
-        mendNewText(document, {0, document.Length()}, m_app.document);
+        recolourInserted(document, {0, document.Length()}, m_app.document);
         document.SetSelStart(document.lineRange(std::min(line, document.lineCount() - 1)).start);
         document.SetFirstVisibleLine(view);
         document.setSavePoint();

@@ -37,7 +37,7 @@ public:
     {
         auto *viewer = new ImageViewerWindow(&m_app.mainWindow());
         QObject::connect(
-            viewer, &ImageViewerWindow::closeAsked, viewer, [this] { m_commands.CloseImageViewer(); });
+            viewer, &ImageViewerWindow::closeRequested, viewer, [this] { m_commands.CloseImageViewer(); });
         QObject::connect(&viewer->picture(), &PictureView::clicked, viewer,
             [this](int x, int y) { m_commands.SampleImageColour(x, y); });
         return viewer;

@@ -3,8 +3,8 @@
 #include "app/application_qt.h"
 #include "app/main_menu_qt.h"
 #include "app/wiring_qt.h"
-#include "files/recent_files.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
+#include "document/recent_files.h"
 
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMenu>

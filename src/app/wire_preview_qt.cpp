@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/message_box_reference_window.h"

@@ -2,7 +2,7 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
-#include "platform/process_start_qt.h"
+#include "desktop/process_start_qt.h"
 #include "settings/settings_dialog.h"
 
 namespace kevra {

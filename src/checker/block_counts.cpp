@@ -3,9 +3,9 @@
 
 #include "colour/literals.h"
 #include "colour/marks.h"
-#include "editor/mark_scan.h"
-#include "editor/word_start.h"
-#include "editor/words.h"
+#include "text/mark_scan.h"
+#include "text/word_start.h"
+#include "text/words.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 // Counting the words that open and close blocks: IF and END IF, FOR and NEXT, SUB and END SUB, DO and LOOP.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <cstdint>
 #include <optional>

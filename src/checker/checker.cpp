@@ -5,9 +5,9 @@
 #include "checker/line_rules.h"
 #include "checker/object_rules.h"
 #include "colour/document_colouring.h"
-#include "editor/nearby.h"
-#include "editor/programmatic_change.h"
-#include "editor/start_computing.h"
+#include "document/programmatic_change.h"
+#include "text/nearby.h"
+#include "text/start_computing.h"
 
 #include <charconv>
 
@@ -99,7 +99,7 @@ bool Checker::RunDebugger()
         mark(*result.fault);
     else
         m_document.SetSelStart(0);
-    m_view.levelLineNumbers();
+    m_view.syncLineNumbers();
     return result.fault.has_value();
 }
 

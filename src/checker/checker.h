@@ -4,8 +4,8 @@
 #pragma once
 
 #include "checker/finding.h"
-#include "editor/document_state.h"
-#include "editor/main_view.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
 #include "editor/surface.h"
 
 #include <optional>

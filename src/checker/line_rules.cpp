@@ -2,8 +2,8 @@
 #include "checker/line_rules.h"
 
 #include "colour/marks.h"
-#include "editor/mark_scan.h"
-#include "editor/words.h"
+#include "text/mark_scan.h"
+#include "text/words.h"
 
 #include <algorithm>
 #include <array>
@@ -64,7 +64,7 @@ public:
     {
         m_start = start;
         m_ended = m_badComma = m_badEqual = m_equalsEnded = false;
-        m_unheeded = None;
+        m_markBeforeStart = None;
         m_counts.fill(0);
         m_if.reset();
         m_then.reset();
@@ -80,7 +80,7 @@ public:
         else if (mark == Apostrophe)
             m_ended = startsComment(at);
         if (at < m_start)
-            m_unheeded = mark;
+            m_markBeforeStart = mark;
         else if (mark > Apostrophe)
             takeCode(mark, at);
     }
@@ -96,7 +96,7 @@ public:
     /// character.
     [[nodiscard]] bool parenthesisMissing() const
     {
-        return m_counts[Open] - (m_unheeded == Open) != m_counts[Close];
+        return m_counts[Open] - (m_markBeforeStart == Open) != m_counts[Close];
     }
     [[nodiscard]] bool commaSpacedWrong() const { return m_badComma; }
     [[nodiscard]] bool equalSpacedWrong() const { return m_badEqual; }
@@ -116,7 +116,7 @@ private:
     }
 
     /// Those from the line's start as it was given.
-    [[nodiscard]] Offset quotes() const { return m_counts[Quote] - (m_unheeded == Quote); }
+    [[nodiscard]] Offset quotes() const { return m_counts[Quote] - (m_markBeforeStart == Quote); }
 
     void takeCode(Mark mark, Offset at)
     {
@@ -172,7 +172,7 @@ private:
     Offset m_start;
     Offset m_end;
     bool m_ended = false;
-    Mark m_unheeded = None; ///< the mark that stands before the start
+    Mark m_markBeforeStart = None; ///< the mark that stands before the start
     std::array<Offset, countedMarks> m_counts{};
     bool m_badComma = false;
     bool m_badEqual = false;
@@ -214,12 +214,12 @@ constexpr auto isMark = [](auto places) {
     const auto next = places.at(1);
     const auto letters = lowered(bytes);
     const auto nextLetters = lowered(next);
-    const auto wellBehind = is(next, ' ');
+    const auto spacedAfter = is(next, ' ');
     const auto blankBefore = is(before, ' ');
     const auto wellBefore = blankBefore | is(before, '\n') | is(before, '<') | is(before, '>');
     return is(bytes, '"') | is(bytes, '(') | is(bytes, ')') | is(bytes, '\r')
-        | (is(bytes, '\'') & is(next, '-')) | (is(bytes, ',') & (blankBefore | ~wellBehind))
-        | (is(bytes, '=') & ~(wellBefore & wellBehind)) | (is(letters, 'i') & is(nextLetters, 'f'))
+        | (is(bytes, '\'') & is(next, '-')) | (is(bytes, ',') & (blankBefore | ~spacedAfter))
+        | (is(bytes, '=') & ~(wellBefore & spacedAfter)) | (is(letters, 'i') & is(nextLetters, 'f'))
         | (is(letters, 't') & is(nextLetters, 'h') & is(lowered(places.at(2)), 'e'));
 };
 

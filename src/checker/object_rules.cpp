@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "checker/object_rules.h"
 
-#include "editor/mark_scan.h"
-#include "editor/word_start.h"
-#include "editor/words.h"
+#include "text/mark_scan.h"
+#include "text/word_start.h"
+#include "text/words.h"
 
 #include <algorithm>
 #include <array>
@@ -143,7 +143,7 @@ bool speaksOf(std::string_view text, std::string_view name)
     return found;
 }
 
-/// What stands on a line before a place. Places are asked for in order; each byte is looked at once at most.
+/// What stands on a line before a place. Window are asked for in order; each byte is looked at once at most.
 class LineBefore {
 public:
     explicit LineBefore(std::string_view text)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/check_report.h"
 
-#include "files/text_codec.h"
+#include "encoding/text_codec.h"
 
 #include <cstdio>
 

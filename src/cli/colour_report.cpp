@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/colour_report.h"
 
-#include "editor/words.h"
+#include "text/words.h"
 
 #include <cstdio>
 

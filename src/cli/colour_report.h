@@ -2,7 +2,7 @@
 // A text in its colours, as the command line prints it.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <span>
 #include <string>

@@ -6,9 +6,9 @@
 #include "colour/flat_runs.h"
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
-#include "files/file_types.h"
-#include "files/text_codec.h"
-#include "platform/byte_room.h"
+#include "document/file_types.h"
+#include "encoding/text_codec.h"
+#include "text/raw_buffer.h"
 
 #include <CLI/CLI.hpp>
 
@@ -77,7 +77,7 @@ private:
         }
     }
 
-    ByteRoom m_bytes;
+    RawBuffer m_bytes;
     std::size_t m_size = 0;
 };
 

@@ -3,7 +3,7 @@
 // memory that the system first has to clear, which for a large text costs more than finding the runs.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <algorithm>
 

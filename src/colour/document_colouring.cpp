@@ -3,8 +3,8 @@
 
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
-#include "editor/programmatic_change.h"
-#include "editor/start_computing.h"
+#include "document/programmatic_change.h"
+#include "text/start_computing.h"
 
 namespace kevra {
 namespace {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/fso_popup.h"
 
-#include "editor/nearby.h"
-#include "editor/words.h"
+#include "text/nearby.h"
+#include "text/words.h"
 
 #include <algorithm>
 

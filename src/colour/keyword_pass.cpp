@@ -5,8 +5,8 @@
 #include "colour/keywords.h"
 #include "colour/literals.h"
 #include "colour/marks.h"
-#include "editor/find.h"
-#include "editor/words.h"
+#include "text/find.h"
+#include "text/words.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 // in green, string literals black. Later runs lie over earlier ones.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/keywords.h"
 
-#include "editor/words.h"
+#include "text/words.h"
 
 #include <algorithm>
 #include <bit>

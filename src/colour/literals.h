@@ -3,7 +3,7 @@
 // if need be.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <string_view>
 

@@ -3,7 +3,7 @@
 // is kept while it still holds, so that a whole document costs one search for each kind of mark.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <string_view>
 

@@ -47,7 +47,7 @@ void SnippetCommands::insertScriptLine(std::string_view text)
         colourRegion(m_document, {start, m_document.SelStart()}, m_state.codeColour);
     m_document.SetSelColor(colours::black);
     m_state.unsaved = true;
-    m_view.levelLineNumbers();
+    m_view.syncLineNumbers();
 }
 
 } // namespace kevra

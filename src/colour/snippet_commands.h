@@ -3,8 +3,8 @@
 #pragma once
 
 #include "colour/snippets.h"
-#include "editor/document_state.h"
-#include "editor/main_view.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
 #include "editor/surface.h"
 
 namespace kevra {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/snippet_panel.h"
 
-#include "platform/fitted_button_qt.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
+#include "widgets/fitted_button_qt.h"
 
 #include <QtGui/QHelpEvent>
 #include <QtWidgets/QFrame>

@@ -2,7 +2,7 @@
 #include "colour/tag_pass.h"
 
 #include "colour/add_run.h"
-#include "editor/words.h"
+#include "text/words.h"
 
 #include <cstring>
 

@@ -2,7 +2,7 @@
 // The tags of a page: each stretch from a "<" to the next ">", whatever stands between them.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <string_view>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/typing_colouring.h"
 
-#include "colour/mending.h"
+#include "colour/recolouring.h"
 #include "colour/region_colouring.h"
-#include "editor/nearby.h"
-#include "editor/words.h"
+#include "text/nearby.h"
+#include "text/words.h"
 
 #include <algorithm>
 #include <utility>
@@ -113,7 +113,7 @@ void TypingColouring::finishLine()
         recolourRegion(m_document, line, m_state.codeColour);
     if (m_state.lineDebugPreferred && m_state.lineDebugOn)
         m_checkLine(line);
-    m_view.levelLineNumbers();
+    m_view.syncLineNumbers();
 }
 
 void TypingColouring::edited(TextRange touched, EditKind kind)

@@ -3,8 +3,8 @@
 // it. Costs nothing that grows with the document.
 #pragma once
 
-#include "editor/document_state.h"
-#include "editor/main_view.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
 #include "editor/surface.h"
 #include "editor/typing.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/accessible_control_qt.h"
 
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 
 #include <QTextBoundaryFinder>
 
@@ -13,7 +13,7 @@ namespace {
 using Sci = QsciScintillaBase;
 
 /// Bytes of a change that a screen reader is told; who loads a large file is not read all of it.
-constexpr Offset toldAtMost = 1 << 20;
+constexpr Offset maxAnnouncedBytes = 1 << 20;
 
 QAccessibleInterface *makeInterface(const QString &className, QObject *object)
 {
@@ -263,7 +263,7 @@ void AccessibleControl::replaceText(int start, int end, const QString &text)
     m_control.replaceAsUser({positionOf(start), positionOf(end)}, text.toStdString());
 }
 
-AccessibilityNews::AccessibilityNews(EditorControl &control, Tell tell)
+AccessibilityNotifier::AccessibilityNotifier(EditorControl &control, Tell tell)
     : QObject(&control)
     , m_control(control)
     , m_tell(tell)
@@ -277,18 +277,18 @@ AccessibilityNews::AccessibilityNews(EditorControl &control, Tell tell)
     connect(&control, &EditorControl::caretMoved, this, [this] { caretMoved(); });
 }
 
-AccessibilityNews::~AccessibilityNews()
+AccessibilityNotifier::~AccessibilityNotifier()
 {
     QAccessible::removeActivationObserver(this);
 }
 
-void AccessibilityNews::keepRemoved(Offset position, Offset length)
+void AccessibilityNotifier::keepRemoved(Offset position, Offset length)
 {
     if (m_listened)
-        m_removed = textOf(m_control.Text({position, position + std::min(length, toldAtMost)}));
+        m_removed = textOf(m_control.Text({position, position + std::min(length, maxAnnouncedBytes)}));
 }
 
-void AccessibilityNews::textChanged(Offset position, Offset removed, Offset added)
+void AccessibilityNotifier::textChanged(Offset position, Offset removed, Offset added)
 {
     auto *interface = m_listened ? interfaceOf(m_control) : nullptr;
     if (!interface)
@@ -299,13 +299,13 @@ void AccessibilityNews::textChanged(Offset position, Offset removed, Offset adde
         m_tell(&event);
     }
     if (added > 0) {
-        const auto end = position + std::min(added, toldAtMost);
+        const auto end = position + std::min(added, maxAnnouncedBytes);
         QAccessibleTextInsertEvent event(&m_control, offset, textOf(m_control.Text({position, end})));
         m_tell(&event);
     }
 }
 
-void AccessibilityNews::caretMoved()
+void AccessibilityNotifier::caretMoved()
 {
     auto *interface = m_listened ? interfaceOf(m_control) : nullptr;
     if (!interface)

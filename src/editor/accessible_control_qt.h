@@ -67,12 +67,12 @@ private:
 };
 
 /// Tells screen readers of the changes of one control, whose child it is. Costs nothing while there are none.
-class AccessibilityNews : public QObject, public QAccessible::ActivationObserver {
+class AccessibilityNotifier : public QObject, public QAccessible::ActivationObserver {
 public:
     using Tell = void (*)(QAccessibleEvent *);
 
-    explicit AccessibilityNews(EditorControl &control, Tell tell = QAccessible::updateAccessibility);
-    ~AccessibilityNews() override;
+    explicit AccessibilityNotifier(EditorControl &control, Tell tell = QAccessible::updateAccessibility);
+    ~AccessibilityNotifier() override;
 
     void accessibilityActiveChanged(bool active) override { m_listened = active; }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/edit_scope_qt.h"
 
-#include "editor/words.h"
+#include "text/words.h"
 
 #include <algorithm>
 
@@ -57,7 +57,7 @@ void EditorControl::beforeChange(int position, int type, int length)
     }
 }
 
-Colour EditorControl::freshColour() const
+Colour EditorControl::insertionColour() const
 {
     return m_kind == EditKind::Program || m_kind == EditKind::Typing ? m_typing : colours::black;
 }
@@ -70,8 +70,8 @@ void EditorControl::settle()
     m_unpainted.shift(change.added - change.removed);
     if (m_characters)
         *m_characters += characterCount(Text({change.position, change.position + change.added}));
-    if (change.added > 0 && freshColour() != colours::black)
-        paint({change.position, change.position + change.added}, styleOf(freshColour()));
+    if (change.added > 0 && insertionColour() != colours::black)
+        paint({change.position, change.position + change.added}, styleOf(insertionColour()));
     noteTouched(change);
     emit changed(change.position, change.removed, change.added, m_kind);
 }

@@ -3,7 +3,7 @@
 
 #include "editor/accessible_control_qt.h"
 #include "editor/edit_scope_qt.h"
-#include "editor/words.h"
+#include "text/words.h"
 
 #include <QScrollBar>
 
@@ -53,7 +53,7 @@ EditorControl::EditorControl(QWidget *parent)
     AccessibleControl::install();
     setUp();
     bindKeys();
-    new AccessibilityNews(*this);
+    new AccessibilityNotifier(*this);
     connect(this, &Sci::SCN_MODIFIED, this,
         [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
     connectPainting();
@@ -177,7 +177,7 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     settle();
     const auto end = part.start + std::ssize(text);
     // What was alike and stayed is new text too.
-    const auto style = styleOf(freshColour());
+    const auto style = styleOf(insertionColour());
     paint({part.start, part.start + kept}, style);
     paint({end - keptAtEnd, end}, style);
     noteTouched({part.start, std::ssize(text), std::ssize(text)});

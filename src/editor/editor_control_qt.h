@@ -135,7 +135,7 @@ private:
     [[nodiscard]] TextRange inside(TextRange range) const;
     [[nodiscard]] int styleOf(Colour colour);
     /// The colour of text that comes in now.
-    [[nodiscard]] Colour freshColour() const;
+    [[nodiscard]] Colour insertionColour() const;
     [[nodiscard]] std::string stylesIn(TextRange range) const;
     void applyFont();
     void paint(TextRange range, int style);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the user does to the control: clipboard, mouse, drag and drop; keys are in editor_keys_qt.cpp.
+#include "desktop/text_qt.h"
 #include "editor/edit_scope_qt.h"
 #include "editor/editor_control_qt.h"
-#include "platform/text_qt.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

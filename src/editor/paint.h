@@ -2,7 +2,7 @@
 // The colours of a whole text, laid out before it is shown.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <span>
 #include <string>

@@ -4,9 +4,9 @@
 // runs and hands them over with SetColours(); the operations on the selection are for local repaints.
 #pragma once
 
-#include "editor/find.h"
 #include "editor/paint.h"
-#include "editor/types.h"
+#include "text/find.h"
+#include "text/types.h"
 
 #include <optional>
 #include <span>

@@ -2,7 +2,7 @@
 // What the document control tells the colouring of the user's own edits.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 namespace kevra {
 

@@ -3,7 +3,7 @@
 // Whoever holds this paints what lies before start() and leaves the rest to it.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <limits>
 #include <string>

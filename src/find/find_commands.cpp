@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/find_commands.h"
 
-#include "colour/mending.h"
+#include "colour/recolouring.h"
 #include "find/replacement.h"
 
 namespace kevra {
@@ -90,7 +90,7 @@ void FindCommands::replace(TextRange range, std::string_view text)
     m_document.Replace(range, text);
     m_state.unsaved = true;
     const auto caret = m_document.Selection();
-    mendNewText(m_document, {range.start, range.start + std::ssize(text)}, m_state);
+    recolourInserted(m_document, {range.start, range.start + std::ssize(text)}, m_state);
     m_document.Select(caret);
 }
 

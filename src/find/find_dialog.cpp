@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/find_dialog.h"
 
-#include "platform/named_qt.h"
+#include "widgets/named_qt.h"
 
 #include <QtGui/QScreen>
 #include <QtGui/QShortcut>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "editor/find.h"
-#include "platform/messages.h"
+#include "desktop/messages.h"
+#include "text/find.h"
 
 #include <string>
 

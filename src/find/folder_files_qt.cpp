@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/folder_files_qt.h"
 
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 
 #include <QtCore/QDirIterator>
 #include <QtCore/QRegularExpression>
@@ -25,7 +25,7 @@ QRegularExpression anyOf(std::string_view patterns)
 } // namespace
 
 std::optional<std::vector<std::string>> filesInFolder(const std::string &folder, std::string_view patterns,
-    const std::function<bool(std::size_t found)> &goesOn)
+    const std::function<bool(std::size_t found)> &shouldContinue)
 {
     const auto fits = anyOf(patterns);
     std::vector<std::string> files;
@@ -36,7 +36,7 @@ std::optional<std::vector<std::string>> filesInFolder(const std::string &folder,
         const auto path = it.next();
         if (fits.match(it.fileName()).hasMatch() && it.fileInfo().isFile())
             files.push_back(pathBytes(path));
-        if (entries % entriesBetweenQuestions == 0 && !goesOn(files.size()))
+        if (entries % entriesBetweenQuestions == 0 && !shouldContinue(files.size()))
             return std::nullopt;
     }
     std::ranges::sort(files);

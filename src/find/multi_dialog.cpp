@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/multi_dialog.h"
 
-#include "editor/flag_guard.h"
+#include "desktop/text_qt.h"
 #include "find/folder_files_qt.h"
-#include "platform/named_qt.h"
-#include "platform/text_qt.h"
+#include "text/flag_guard.h"
+#include "widgets/named_qt.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>
@@ -192,7 +192,7 @@ bool MultiDialog::letsGoOn()
     return !m_cancelled && isVisible(); // the end of the program takes it off the screen
 }
 
-bool MultiDialog::goesOn(std::size_t done, std::size_t total)
+bool MultiDialog::shouldContinue(std::size_t done, std::size_t total)
 {
     m_progress->setRange(0, static_cast<int>(total));
     m_progress->setValue(static_cast<int>(done));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "desktop/file_dialogs.h"
 #include "find/multi_replace.h"
-#include "platform/file_dialogs.h"
 
 #include <QtWidgets/QDialog>
 
@@ -36,7 +36,7 @@ private:
     [[nodiscard]] MultiRequest entered() const override;
     void showFiles(const std::vector<ListedFile> &files) override;
     void showFile(std::size_t index, const ListedFile &file) override;
-    bool goesOn(std::size_t done, std::size_t total) override;
+    bool shouldContinue(std::size_t done, std::size_t total) override;
     void showSummary(const std::string &text) override;
     void createControls();
     void layOut();

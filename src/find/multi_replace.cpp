@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/multi_replace.h"
 
-#include "files/text_codec.h"
+#include "encoding/text_codec.h"
 #include "find/replacement.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@
 namespace kevra {
 namespace {
 
-constexpr int mostBackups = 1000;
+constexpr int maxBackups = 1000;
 
 struct OutcomeText {
     FileOutcome outcome;
@@ -181,7 +181,7 @@ void MultiReplace::look(const MultiRequest &request)
     Offset files = 0;
     Offset skipped = 0;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
-        if (!m_view.goesOn(i, m_files.size()))
+        if (!m_view.shouldContinue(i, m_files.size()))
             return m_view.showSummary("Cancelled. Nothing has been written.");
         auto &file = m_files[i];
         lookAt(file, request.find);
@@ -190,7 +190,7 @@ void MultiReplace::look(const MultiRequest &request)
         files += file.hits > 0;
         skipped += !outcomeText(file.outcome).empty();
     }
-    m_view.goesOn(m_files.size(), m_files.size());
+    m_view.shouldContinue(m_files.size(), m_files.size());
     m_previewed = request;
     m_view.showSummary(counted(hits, "hit") + " in " + counted(files, "file") + ", "
         + counted(skipped, "file") + " left out. Nothing has been written yet.");
@@ -208,7 +208,7 @@ bool MultiReplace::keepBackup(const std::string &path, std::string_view bytes)
 {
     auto name = path + ".bak";
     for (int i = 2; m_store.stamp(name) || m_store.folderExists(name); ++i) {
-        if (i > mostBackups)
+        if (i > maxBackups)
             return false;
         name = path + ".bak" + std::to_string(i);
     }
@@ -258,7 +258,7 @@ void MultiReplace::replaceAll()
     Offset skipped = 0;
     bool cancelled = false;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
-        cancelled = !m_view.goesOn(i, m_files.size());
+        cancelled = !m_view.shouldContinue(i, m_files.size());
         if (cancelled)
             break;
         auto &file = m_files[i];
@@ -271,7 +271,7 @@ void MultiReplace::replaceAll()
         skipped += !replaced && file.outcome != FileOutcome::NoHits;
     }
     if (!cancelled)
-        m_view.goesOn(m_files.size(), m_files.size());
+        m_view.shouldContinue(m_files.size(), m_files.size());
     m_view.showSummary(std::string(cancelled ? "Cancelled. " : "") + counted(hits, "replacement") + " in "
         + counted(files, "file") + ", " + counted(skipped, "file") + " left out.");
 }

@@ -3,8 +3,8 @@
 // A file keeps its encoding and line ends; one that cannot be dealt with is reported and left as it is.
 #pragma once
 
-#include "files/file_store.h"
 #include "find/find_request.h"
+#include "storage/file_store.h"
 
 #include <optional>
 #include <string>
@@ -55,7 +55,7 @@ public:
     virtual void showFiles(const std::vector<ListedFile> &files) = 0;
     virtual void showFile(std::size_t index, const ListedFile &file) = 0;
     /// False when the user wants it to stop before the next file.
-    virtual bool goesOn(std::size_t done, std::size_t total) = 0;
+    virtual bool shouldContinue(std::size_t done, std::size_t total) = 0;
     virtual void showSummary(const std::string &text) = 0;
 };
 

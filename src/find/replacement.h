@@ -3,7 +3,7 @@
 // in takes part in the next hit together with what follows it.
 #pragma once
 
-#include "editor/find.h"
+#include "text/find.h"
 
 #include <optional>
 #include <string>

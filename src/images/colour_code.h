@@ -2,7 +2,7 @@
 // Colours as HTML writes them, and back.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 
 #include <optional>
 #include <string>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/colour_finder_commands.h"
 
-#include "editor/words.h"
 #include "images/colour_code.h"
+#include "text/words.h"
 
 namespace kevra {
 

@@ -2,10 +2,10 @@
 // The colour finder: a colour from the dialog or from a typed code, shown and copied as HTML writes it.
 #pragma once
 
+#include "desktop/clipboard.h"
+#include "desktop/file_dialogs.h"
+#include "desktop/messages.h"
 #include "editor/surface.h"
-#include "platform/clipboard.h"
-#include "platform/file_dialogs.h"
-#include "platform/messages.h"
 
 #include <string>
 

@@ -2,8 +2,8 @@
 #include "images/colour_finder_panel.h"
 
 #include "images/image_panel.h"
-#include "platform/fitted_button_qt.h"
-#include "platform/named_qt.h"
+#include "widgets/fitted_button_qt.h"
+#include "widgets/named_qt.h"
 
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHBoxLayout>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/image_commands.h"
 
-#include "files/paths.h"
 #include "images/colour_code.h"
 #include "images/image_tags.h"
+#include "storage/paths.h"
 
 namespace kevra {
 

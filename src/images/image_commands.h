@@ -3,13 +3,13 @@
 // document is not changed.
 #pragma once
 
-#include "editor/main_view.h"
+#include "desktop/clipboard.h"
+#include "desktop/file_dialogs.h"
+#include "desktop/messages.h"
+#include "document/main_view.h"
 #include "editor/surface.h"
-#include "files/file_store.h"
 #include "images/viewer_rules.h"
-#include "platform/clipboard.h"
-#include "platform/file_dialogs.h"
-#include "platform/messages.h"
+#include "storage/file_store.h"
 
 #include <optional>
 #include <string>

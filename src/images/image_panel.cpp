@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/image_panel.h"
 
-#include "platform/fitted_button_qt.h"
-#include "platform/named_qt.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
+#include "widgets/fitted_button_qt.h"
+#include "widgets/named_qt.h"
 
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHBoxLayout>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/image_viewer_window.h"
 
-#include "platform/geometry.h"
-#include "platform/text_qt.h"
+#include "desktop/geometry.h"
+#include "desktop/text_qt.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QPainter>
@@ -84,13 +84,13 @@ void ImageViewerWindow::place(const QRect &room)
 void ImageViewerWindow::closeEvent(QCloseEvent *event)
 {
     event->ignore();
-    emit closeAsked();
+    emit closeRequested();
 }
 
 void ImageViewerWindow::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
-        emit closeAsked();
+        emit closeRequested();
     else
         QWidget::keyPressEvent(event);
 }

@@ -43,7 +43,7 @@ public:
     void showFor(PictureSize size, const QRect &room);
 
 signals:
-    void closeAsked();
+    void closeRequested();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/picture_decoder_qt.h"
 
+#include "desktop/text_qt.h"
 #include "images/whole_picture.h"
-#include "platform/text_qt.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/viewer_rules.h"
 
-#include "files/paths.h"
-#include "platform/geometry.h"
+#include "desktop/geometry.h"
+#include "storage/paths.h"
 
 namespace kevra {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pad/pad_commands.h"
 
-#include "editor/flag_guard.h"
+#include "text/flag_guard.h"
 
 namespace kevra {
 namespace {

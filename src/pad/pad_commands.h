@@ -3,8 +3,8 @@
 // takes back the last of them and no more. Typing has the control's own undo and is left to it.
 #pragma once
 
+#include "desktop/clipboard.h"
 #include "editor/surface.h"
-#include "platform/clipboard.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pad/pad_window.h"
 
-#include "platform/window_geometry_qt.h"
+#include "desktop/window_geometry_qt.h"
 
 #include <QtGui/QAction>
 #include <QtGui/QCloseEvent>

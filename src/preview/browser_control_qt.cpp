@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/browser_control_qt.h"
 
-#include "files/native_path_qt.h"
 #include "preview/browser_window.h"
 #include "preview/preview_commands.h"
+#include "storage/native_path_qt.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/message_box_reference_window.h"
 
-#include "platform/named_qt.h"
+#include "widgets/named_qt.h"
 
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>

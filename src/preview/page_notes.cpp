@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/page_notes.h"
 
-#include "files/sealed_record.h"
+#include "storage/checksummed_record.h"
 
 #include <sstream>
 
@@ -14,7 +14,7 @@ std::string noteBytes(const PageNote &note)
     if (note.original)
         numbers << ' ' << note.original->modified << ' ' << note.original->size << ' '
                 << note.original->identity;
-    return sealed({note.page, note.aside, numbers.str()});
+    return withChecksum({note.page, note.aside, numbers.str()});
 }
 
 std::optional<PageNote> readNote(std::string_view bytes)

@@ -2,7 +2,7 @@
 // What each running program, and each that was killed, has noted of the page it put beside a document.
 #pragma once
 
-#include "files/file_store.h"
+#include "storage/file_store.h"
 
 #include <cstdint>
 #include <functional>

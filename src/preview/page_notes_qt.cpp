@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/page_notes_qt.h"
 
-#include "files/atomic_write_qt.h"
+#include "storage/atomic_write_qt.h"
 
 #include <chrono>
 #include <fcntl.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/file_handle_qt.h"
 #include "preview/page_notes.h"
+#include "storage/file_handle_qt.h"
 
 namespace kevra {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/preview_file.h"
 
-#include "files/sealed_record.h"
+#include "storage/checksummed_record.h"
 
 #include <algorithm>
 
@@ -38,7 +38,7 @@ bool PreviewFile::isPage(const PageNote &note) const
 }
 
 /// Another program has put its page in place of this one's, and answers for what was set aside.
-bool PreviewFile::hasHeir() const
+bool PreviewFile::takenOver() const
 {
     return std::ranges::any_of(m_notes.all(), [&](const PageNotes::Entry &entry) {
         return entry.name != m_notes.own() && entry.note.page == m_note.page;
@@ -126,7 +126,7 @@ void PreviewFile::remove()
 
 void PreviewFile::leave()
 {
-    if (!m_note.page.empty() && !hasHeir()) {
+    if (!m_note.page.empty() && !takenOver()) {
         // Where it cannot be removed now, the next preview or start tries again.
         if (isOurs(m_note.page) && !m_files.remove(m_note.page))
             m_notes.leaveOwn();

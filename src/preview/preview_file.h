@@ -4,9 +4,9 @@
 // show the same folder; after a kill, at the next start or preview.
 #pragma once
 
-#include "files/backup_store.h"
-#include "files/file_store.h"
 #include "preview/page_notes.h"
+#include "storage/backup_store.h"
+#include "storage/file_store.h"
 
 #include <optional>
 #include <string>
@@ -31,7 +31,7 @@ public:
 private:
     [[nodiscard]] bool isOurs(const std::string &path) const;
     [[nodiscard]] bool isPage(const PageNote &note) const;
-    [[nodiscard]] bool hasHeir() const;
+    [[nodiscard]] bool takenOver() const;
     [[nodiscard]] bool writeAlone(const std::string &path, std::string_view bytes);
     [[nodiscard]] bool setAside();
     void takeOver(const std::string &path);

@@ -3,7 +3,7 @@
 // nothing that could carry a file of the user away.
 #pragma once
 
-#include "files/file_store.h"
+#include "storage/file_store.h"
 
 #include <string>
 #include <string_view>

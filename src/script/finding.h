@@ -2,7 +2,7 @@
 // What the analysis says about a script: where, what, why, and the edits that would put it right.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 #include "script/rules.h"
 
 #include <string>

@@ -3,7 +3,7 @@
 // A tree is at most maxTreeDepth deep, so that a recursive walk is safe.
 #pragma once
 
-#include "editor/types.h"
+#include "text/types.h"
 #include "script/finding.h"
 #include "script/names.h"
 

@@ -3,8 +3,8 @@
 // and the state it stands for.
 #pragma once
 
-#include "editor/document_state.h"
-#include "editor/main_view.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
 #include "settings/keys.h"
 #include "settings/options_shown.h"
 

@@ -3,9 +3,9 @@
 // nothing waits for the dialog to close but the font, which is then given to the document.
 #pragma once
 
+#include "desktop/file_dialogs.h"
+#include "desktop/messages.h"
 #include "editor/surface.h"
-#include "platform/file_dialogs.h"
-#include "platform/messages.h"
 #include "settings/option_groups.h"
 #include "settings/stored_settings.h"
 #include "tools/external_program.h"

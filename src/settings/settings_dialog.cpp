@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/settings_dialog.h"
 
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 #include "settings/fonts.h"
 
 #include <QtGui/QScreen>

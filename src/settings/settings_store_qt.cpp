@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/settings_store_qt.h"
 
-#include "platform/file_handle_qt.h"
-#include "platform/text_qt.h"
+#include "desktop/text_qt.h"
 #include "settings/ini_text.h"
+#include "storage/file_handle_qt.h"
 
 #include <QtCore/QFile>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/stored_settings.h"
 
-#include "files/paths.h"
 #include "settings/fonts.h"
 #include "settings/setting_access.h"
+#include "storage/paths.h"
 
 #include <charconv>
 #include <optional>

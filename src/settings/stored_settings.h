@@ -3,9 +3,9 @@
 // writes back what changes only at the end of the program. The settings dialog writes its options itself.
 #pragma once
 
-#include "editor/document_state.h"
-#include "editor/main_view.h"
-#include "platform/geometry.h"
+#include "desktop/geometry.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
 #include "settings/keys.h"
 #include "settings/options_shown.h"
 #include "settings/settings_store.h"

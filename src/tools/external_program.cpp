@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/external_program.h"
 
-#include "editor/words.h"
-#include "files/paths.h"
 #include "settings/setting_access.h"
+#include "storage/paths.h"
+#include "text/words.h"
 
 namespace kevra {
 namespace {

@@ -3,11 +3,11 @@
 // two stored values at start is left to the settings loaders.
 #pragma once
 
-#include "editor/document_state.h"
-#include "editor/main_view.h"
-#include "files/file_store.h"
-#include "platform/messages.h"
+#include "desktop/messages.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
 #include "settings/settings_store.h"
+#include "storage/file_store.h"
 #include "tools/process_start.h"
 
 #include <string>

@@ -6,10 +6,10 @@
 #include "app/font_frame_panel.h"
 #include "app/main_menu_qt.h"
 #include "app/tool_bar_qt.h"
+#include "desktop/text_qt.h"
+#include "desktop/window_geometry_qt.h"
 #include "editor/editor_control_qt.h"
 #include "fakes/modal.h"
-#include "platform/text_qt.h"
-#include "platform/window_geometry_qt.h"
 
 #include <QtTest/QtTest>
 
@@ -160,7 +160,7 @@ TEST(MainWindow, ResizingLaysOutByTheTwip)
 TEST(MainWindow, ClosingIsAskedForAndNeverDone)
 {
     Shown s;
-    QSignalSpy asked(s.window.get(), &MainWindow::closeAsked);
+    QSignalSpy asked(s.window.get(), &MainWindow::closeRequested);
     EXPECT_FALSE(s.window->close());
     EXPECT_EQ(asked.count(), 1);
     EXPECT_TRUE(s.window->isVisible());
@@ -195,7 +195,7 @@ TEST(MainWindow, LineNumbersStayLevelHoweverTheTextScrolls)
         t1.SetRightMargin(margin);
         for (const int line : {0, 3, 120, 250}) {
             t1.SetFirstVisibleLine(t1.shownLine(line));
-            s.window->levelLineNumbers();
+            s.window->syncLineNumbers();
             EXPECT_EQ(lineAtTop(s.window->lineNumbers()), line);
         }
         t1.verticalScrollBar()->setValue(40);
@@ -213,7 +213,7 @@ TEST(MainWindow, TheNumbersOfALongScriptAreThoseOfItsLines)
     t1.LoadText(QString("x\r\n").repeated(30'000).toStdString());
     for (const auto &[line, number] : {std::pair(0, "01"), {98, "99"}, {9'999, "00"}, {29'950, "51"}}) {
         t1.SetFirstVisibleLine(line);
-        s.window->levelLineNumbers();
+        s.window->syncLineNumbers();
         const auto start = t2.SendScintilla(
             QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(t2.FirstVisibleLine()));
         EXPECT_EQ(t2.Text({start, start + 2}), number) << line;

@@ -2,7 +2,7 @@
 #include "checker/literal_checker.h"
 
 #include "colour/document_colouring.h"
-#include "editor/words.h"
+#include "text/words.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 // Colours under real keys and edits, in the control itself.
 #include "colour/fso_popup_qt.h"
 #include "colour/marks_of.h"
-#include "colour/mending.h"
+#include "colour/recolouring.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
 #include "fakes/views.h"
@@ -17,8 +17,8 @@
 namespace kevra {
 namespace {
 
-struct Desk {
-    Desk()
+struct Fixture {
+    Fixture()
         : typing(document, state, view, [](TextRange) {})
     {
         document.setTypingHandler(&typing);
@@ -39,10 +39,10 @@ struct Desk {
 
 TEST(ColourInControl, FollowsKeys)
 {
-    Desk page;
+    Fixture page;
     QTest::keyClicks(&page.document, "a<b>bold</b> and <i");
     EXPECT_EQ(marksOf(page.document), "-ccc----cccc-----cc");
-    Desk script;
+    Fixture script;
     script.state.scriptTools = true;
     QTest::keyClicks(&script.document, "If x Then");
     EXPECT_EQ(marksOf(script.document), "---------");
@@ -59,33 +59,33 @@ TEST(ColourInControl, EditCommandsLeaveWhatAWholePassWouldPaint)
     const auto number = [&](Offset most) { return std::uniform_int_distribution<Offset>(0, most)(random); };
     const auto bit = [&] { return bits[number(bits.size() - 1)]; };
     for (const auto &[script, steps] : {std::pair(false, 2000), {true, 400}}) {
-        Desk desk;
-        desk.state.scriptTools = script;
+        Fixture fixture;
+        fixture.state.scriptTools = script;
         for (int step = 0; step < steps; ++step) {
-            const auto length = desk.document.Length();
+            const auto length = fixture.document.Length();
             const auto start = number(length);
-            desk.document.Select({start, std::min(start + number(8), length)});
+            fixture.document.Select({start, std::min(start + number(8), length)});
             switch (number(5)) {
             case 0:
-                desk.document.cut();
+                fixture.document.cut();
                 break;
             case 1:
-                desk.document.deleteForward();
+                fixture.document.deleteForward();
                 break;
             case 2:
-                desk.document.undo();
+                fixture.document.undo();
                 break;
             case 3:
-                desk.document.redo();
+                fixture.document.redo();
                 break;
             default:
                 // Long enough for edits that mend a part of the document only.
                 QGuiApplication::clipboard()->setText(
                     bit() + bit() + (length < 9000 ? bit().repeated(number(90)) : ""));
-                desk.document.paste();
+                fixture.document.paste();
             }
             if (step % 5 == 0) {
-                ASSERT_EQ(marksOf(desk.document), desk.wholePass()) << step << " script " << script;
+                ASSERT_EQ(marksOf(fixture.document), fixture.wholePass()) << step << " script " << script;
             }
         }
     }
@@ -93,31 +93,31 @@ TEST(ColourInControl, EditCommandsLeaveWhatAWholePassWouldPaint)
 
 TEST(ColourInControl, AKeyInALongScriptMendsTheRestInAPause)
 {
-    Desk desk;
-    desk.state.scriptTools = true;
+    Fixture fixture;
+    fixture.state.scriptTools = true;
     std::string text = "x = \"a\"\r\n";
     while (text.size() <= smallScript)
         text += "If a Then MsgBox \"end if\"\r\n";
-    desk.document.LoadText(text);
-    desk.document.SetColours({0, desk.document.Length()}, scriptRuns(text, desk.state.codeColour));
-    desk.document.SetSelStart(5);
-    QTest::keyClick(&desk.document, Qt::Key_Backspace);
-    EXPECT_EQ(desk.document.ColourAt(9), desk.state.codeColour)
+    fixture.document.LoadText(text);
+    fixture.document.SetColours({0, fixture.document.Length()}, scriptRuns(text, fixture.state.codeColour));
+    fixture.document.SetSelStart(5);
+    QTest::keyClick(&fixture.document, Qt::Key_Backspace);
+    EXPECT_EQ(fixture.document.ColourAt(9), fixture.state.codeColour)
         << "the key itself costs no more than its line";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return marksOf(desk.document) == desk.wholePass(); }));
-    EXPECT_EQ(desk.document.SelStart(), 4);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return marksOf(fixture.document) == fixture.wholePass(); }));
+    EXPECT_EQ(fixture.document.SelStart(), 4);
 }
 
 TEST(FsoPopup, OffersMethodsAndLosesNoKey)
 {
-    Desk desk;
-    desk.state.scriptTools = true;
+    Fixture fixture;
+    fixture.state.scriptTools = true;
     QMenu menu;
     menu.addAction("FileExists");
     menu.addAction("GetFile");
-    FsoPopup popup(desk.document, desk.state, menu);
+    FsoPopup popup(fixture.document, fixture.state, menu);
     const auto type = [&](const char *keys) {
-        QTest::keyClicks(&desk.document, keys);
+        QTest::keyClicks(&fixture.document, keys);
         QCoreApplication::processEvents();
     };
     type("x = Fso.");
@@ -125,16 +125,16 @@ TEST(FsoPopup, OffersMethodsAndLosesNoKey)
     QTest::keyClick(&menu, Qt::Key_Down);
     QTest::keyClick(&menu, Qt::Key_Return);
     EXPECT_FALSE(menu.isVisible());
-    EXPECT_EQ(desk.document.Text(), "x = Fso.GetFile");
+    EXPECT_EQ(fixture.document.Text(), "x = Fso.GetFile");
 
-    desk.document.LoadText("");
+    fixture.document.LoadText("");
     type("fso.");
     ASSERT_TRUE(menu.isVisible());
     QTest::keyClick(&menu, 'z');
     EXPECT_FALSE(menu.isVisible());
-    EXPECT_EQ(desk.document.Text(), "fso.z");
+    EXPECT_EQ(fixture.document.Text(), "fso.z");
 
-    desk.state.fsoMenu = false;
+    fixture.state.fsoMenu = false;
     type(" fso.");
     EXPECT_FALSE(menu.isVisible());
 }

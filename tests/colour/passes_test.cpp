@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The passes against the same procedures done literally, one selection at a time.
 #include "colour/keyword_pass.h"
-#include "colour/paper.h"
+#include "colour/reference_colouring.h"
 #include "colour/tag_pass.h"
 
 #include <gtest/gtest.h>
@@ -76,15 +76,15 @@ const std::vector<std::u32string> scriptBits{U"next", U"Next", U"next", U" ", U"
 
 /// Both ways over as many generated texts, half of them short.
 void compareWithProcedure(const std::vector<std::u32string> &bits, int shortText,
-    ColourRuns (*pass)(std::string_view, Colour), void (*procedure)(Paper &, Colour))
+    ColourRuns (*pass)(std::string_view, Colour), void (*procedure)(ReferenceColouring &, Colour))
 {
     Generator generator(bits);
     for (int i = 0; i < textsCompared; ++i) {
-        Paper paper(generator.text(i % 2 ? shortText : 40));
-        const auto text = utf8(paper.text);
-        const auto runs = painted(text, paper.colour, pass(text, colours::defaultCode));
-        procedure(paper, colours::defaultCode);
-        ASSERT_EQ(runs, paper.colour) << text;
+        ReferenceColouring reference(generator.text(i % 2 ? shortText : 40));
+        const auto text = utf8(reference.text);
+        const auto runs = painted(text, reference.colour, pass(text, colours::defaultCode));
+        procedure(reference, colours::defaultCode);
+        ASSERT_EQ(runs, reference.colour) << text;
     }
     std::cout << textsCompared << " texts compared\n";
 }
@@ -103,21 +103,21 @@ TEST(RegionPass, PaintsWhatTheProcedurePaints)
 {
     Generator generator(scriptBits);
     for (int i = 0; i < textsCompared; ++i) {
-        Paper paper(generator.text(30));
-        const int start = generator.number(paper.length());
-        const int end = start + generator.number(paper.length() - start);
-        const auto text = utf8(paper.text);
+        ReferenceColouring reference(generator.text(30));
+        const int start = generator.number(reference.length());
+        const int end = start + generator.number(reference.length() - start);
+        const auto text = utf8(reference.text);
         const auto bytes = [&](int characters) {
             return static_cast<Offset>(
-                utf8(paper.text.substr(0, static_cast<std::size_t>(characters))).size());
+                utf8(reference.text.substr(0, static_cast<std::size_t>(characters))).size());
         };
         // Only where counting characters and counting bytes starts the search at the same place.
-        if (start > 0 && paper.at(start - 1) >= 0x80)
+        if (start > 0 && reference.at(start - 1) >= 0x80)
             continue;
         const auto region = regionRuns(text, {bytes(start), bytes(end)}, colours::defaultCode);
-        const auto runs = painted(text, paper.colour, region.runs);
-        const bool whole = colourRegionStepByStep(paper, start, end, colours::defaultCode);
-        ASSERT_EQ(runs, paper.colour) << text << " from " << start << " to " << end;
+        const auto runs = painted(text, reference.colour, region.runs);
+        const bool whole = colourRegionStepByStep(reference, start, end, colours::defaultCode);
+        ASSERT_EQ(runs, reference.colour) << text << " from " << start << " to " << end;
         ASSERT_EQ(region.failed, !whole) << text << " from " << start << " to " << end;
     }
     std::cout << textsCompared << " regions compared\n";

@@ -10,8 +10,8 @@
 namespace kevra {
 namespace {
 
-struct Desk {
-    explicit Desk(std::string_view text)
+struct Fixture {
+    explicit Fixture(std::string_view text)
         : document(text)
         , typing(document, state, view, [this](TextRange line) { checked.push_back(line); })
     {
@@ -58,39 +58,39 @@ TEST(TypingColouring, PaintsTagsAsTheyAreTyped)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        Desk desk("");
-        loadMarked(desk.document, c.before);
-        desk.type(c.keys);
-        EXPECT_EQ(desk.document.Text(), c.after);
-        EXPECT_EQ(marksOf(desk.document), c.marks);
+        Fixture fixture("");
+        loadMarked(fixture.document, c.before);
+        fixture.type(c.keys);
+        EXPECT_EQ(fixture.document.Text(), c.after);
+        EXPECT_EQ(marksOf(fixture.document), c.marks);
     }
 }
 
 TEST(TypingColouring, ColoursAScriptLineAtReturn)
 {
-    Desk desk("If a\r\n");
-    desk.state.scriptTools = true;
-    desk.document.SetSelStart(6);
-    desk.type("If x = \"then\" Then");
-    EXPECT_EQ(marksOf(desk.document), std::string(24, '-'));
-    desk.type("\rEnd If '--x\r");
-    EXPECT_EQ(marksOf(desk.document), "------cc------------cccc--cccccc-gggg--");
-    EXPECT_EQ(desk.document.SelStart(), desk.document.Length());
-    EXPECT_EQ(desk.checked, (std::vector<TextRange>{{6, 26}, {26, 39}}));
-    EXPECT_EQ(desk.view.levelled, 2);
+    Fixture fixture("If a\r\n");
+    fixture.state.scriptTools = true;
+    fixture.document.SetSelStart(6);
+    fixture.type("If x = \"then\" Then");
+    EXPECT_EQ(marksOf(fixture.document), std::string(24, '-'));
+    fixture.type("\rEnd If '--x\r");
+    EXPECT_EQ(marksOf(fixture.document), "------cc------------cccc--cccccc-gggg--");
+    EXPECT_EQ(fixture.document.SelStart(), fixture.document.Length());
+    EXPECT_EQ(fixture.checked, (std::vector<TextRange>{{6, 26}, {26, 39}}));
+    EXPECT_EQ(fixture.view.levelled, 2);
 }
 
 TEST(TypingColouring, LeavesDocumentsAloneThatTakeNoColour)
 {
-    Desk desk("x");
-    desk.state.colourApplies = false;
-    desk.type("<b>");
-    EXPECT_EQ(marksOf(desk.document), "----");
-    desk.state.scriptTools = true;
-    desk.state.lineDebugOn = false;
-    desk.type("sub\r");
-    EXPECT_EQ(marksOf(desk.document), "---------");
-    EXPECT_TRUE(desk.checked.empty());
+    Fixture fixture("x");
+    fixture.state.colourApplies = false;
+    fixture.type("<b>");
+    EXPECT_EQ(marksOf(fixture.document), "----");
+    fixture.state.scriptTools = true;
+    fixture.state.lineDebugOn = false;
+    fixture.type("sub\r");
+    EXPECT_EQ(marksOf(fixture.document), "---------");
+    EXPECT_TRUE(fixture.checked.empty());
 }
 
 } // namespace

@@ -39,7 +39,7 @@ protected:
     ~ScreenReader() override { QAccessible::setActive(false); }
 
     EditorControl m_control;
-    AccessibilityNews m_news{m_control, hear};
+    AccessibilityNotifier m_news{m_control, hear};
     QAccessibleInterface *m_interface = nullptr;
 };
 

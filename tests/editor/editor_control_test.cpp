@@ -3,7 +3,7 @@
 
 #include "editor/memory_surface.h"
 #include "editor/surface_contract.h"
-#include "editor/words.h"
+#include "text/words.h"
 
 #include <QImage>
 #include <QTest>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/clipboard.h"
+#include "desktop/clipboard.h"
 #include "settings/settings_store.h"
 
 #include <map>

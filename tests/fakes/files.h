@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "files/file_store.h"
+#include "storage/file_store.h"
 
 #include <functional>
 #include <map>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/messages.h"
+#include "desktop/messages.h"
 
 #include <deque>
 #include <ostream>

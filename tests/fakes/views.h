@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "editor/main_view.h"
+#include "document/main_view.h"
 
 #include <string>
 
@@ -12,7 +12,7 @@ public:
     void setInformation(std::string_view text) override { information = text; }
     void setTitlePath(std::string_view path) override { titlePath = path; }
     void redrawAndFocus() override { }
-    void levelLineNumbers() override { ++levelled; }
+    void syncLineNumbers() override { ++levelled; }
     void refreshDocumentStatus() override { }
 
     std::string information = "(untouched)";

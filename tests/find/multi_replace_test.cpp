@@ -17,7 +17,7 @@ public:
         outcomes.assign(files.size(), FileOutcome::Added);
     }
     void showFile(std::size_t index, const ListedFile &file) override { outcomes[index] = file.outcome; }
-    bool goesOn(std::size_t done, std::size_t) override { return done != cancelAt; }
+    bool shouldContinue(std::size_t done, std::size_t) override { return done != cancelAt; }
     void showSummary(const std::string &text) override { summary = text; }
 
     MultiRequest request{{.text = "old", .replacement = "new"}};

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a file: what was read and not changed is written as it was, whatever the file's type.
-#include "files/text_codec.h"
+#include "encoding/text_codec.h"
 
 #include <cstdlib>
 

@@ -2,7 +2,7 @@
 // Any bytes as a page and as a script: every run lies inside the text, and an edit's mending leaves what a
 // whole pass paints.
 #include "colour/keyword_pass.h"
-#include "colour/mending.h"
+#include "colour/recolouring.h"
 #include "colour/tag_pass.h"
 #include "editor/memory_surface.h"
 

@@ -2,12 +2,12 @@
 // The browser window over the real web engine, without a display.
 #include "preview/browser_window.h"
 
-#include "fakes/document_desk.h"
+#include "fakes/document_fixture.h"
 #include "fakes/page_notes.h"
-#include "files/file_store_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/message_box_reference_window.h"
 #include "preview/preview_commands.h"
+#include "storage/file_store_qt.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ QByteArray linkPage(const char *href, const char *more = "")
     return QString(page).arg(href, more).toUtf8();
 }
 
-class BrowserTest : public testing::Test, protected DocumentDesk, private PreviewWindows {
+class BrowserTest : public testing::Test, protected DocumentFixture, private PreviewWindows {
 protected:
     BrowserTest()
     {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/preview_commands.h"
 
-#include "fakes/document_desk.h"
+#include "fakes/document_fixture.h"
 #include "fakes/page_notes.h"
 
 #include <gmock/gmock.h>
@@ -17,7 +17,7 @@ const std::string failedText
 
 /// Everything that happens to the windows and the browser, as one list of words.
 class PreviewTest : public testing::Test,
-                    protected DocumentDesk,
+                    protected DocumentFixture,
                     protected PreviewWindows,
                     protected BrowserControl {
 protected:

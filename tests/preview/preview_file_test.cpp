@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/preview_file.h"
 
-#include "fakes/document_desk.h"
+#include "fakes/document_fixture.h"
 #include "fakes/page_notes.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/settings_commands.h"
 
-#include "settings/settings_desk.h"
+#include "settings/settings_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -10,25 +10,25 @@ namespace {
 
 TEST(SettingsCommands, AutosaveNeedsAnInterval)
 {
-    SettingsDesk desk;
-    desk.commands.setOption(Option::Autosave, true);
-    desk.commands.toggleAutosave();
-    EXPECT_EQ(desk.messages.texts(),
+    SettingsFixture fixture;
+    fixture.commands.setOption(Option::Autosave, true);
+    fixture.commands.toggleAutosave();
+    EXPECT_EQ(fixture.messages.texts(),
         std::vector<std::string>(
             2, "The time interval for Autosave must be set above zero before default Autosave can be set."));
-    EXPECT_EQ(desk.messages.shown[0].icon, Icon::Information);
-    EXPECT_EQ(desk.stored(keys::autosave), "none");
-    EXPECT_FALSE(desk.options.zauto);
+    EXPECT_EQ(fixture.messages.shown[0].icon, Icon::Information);
+    EXPECT_EQ(fixture.stored(keys::autosave), "none");
+    EXPECT_FALSE(fixture.options.zauto);
 
-    desk.commands.setInterval("15");
-    desk.commands.toggleAutosave();
-    EXPECT_EQ(desk.views.timerMinutes, 15);
-    EXPECT_EQ(desk.stored(keys::autosave), "none") << "switched for now alone";
-    desk.commands.setInterval("5");
-    EXPECT_EQ(desk.views.timerMinutes, 5) << "a running timer takes the new period";
-    desk.commands.setInterval("0");
-    EXPECT_EQ(desk.views.timerMinutes, 0);
-    EXPECT_FALSE(desk.views.toolView.autosave);
+    fixture.commands.setInterval("15");
+    fixture.commands.toggleAutosave();
+    EXPECT_EQ(fixture.views.timerMinutes, 15);
+    EXPECT_EQ(fixture.stored(keys::autosave), "none") << "switched for now alone";
+    fixture.commands.setInterval("5");
+    EXPECT_EQ(fixture.views.timerMinutes, 5) << "a running timer takes the new period";
+    fixture.commands.setInterval("0");
+    EXPECT_EQ(fixture.views.timerMinutes, 0);
+    EXPECT_FALSE(fixture.views.toolView.autosave);
 }
 
 TEST(SettingsCommands, TempFolderMustExist)
@@ -50,14 +50,14 @@ TEST(SettingsCommands, TempFolderMustExist)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        SettingsDesk desk;
-        desk.files.folders = {"C:\\Temp", "/srv/web", "/srv/web/", "/"};
-        desk.files.files["/srv/page.htm"] = "";
-        desk.commands.setTempFolder(c.typed);
-        EXPECT_EQ(desk.stored(keys::tempFolder), c.stored);
-        EXPECT_EQ(desk.application.tempFolder, c.stored == "none" ? "C:\\My Documents" : c.stored);
-        EXPECT_EQ(desk.messages.last(), c.message);
-        EXPECT_TRUE(desk.messages.shown.empty() || desk.messages.shown[0].icon == Icon::Critical);
+        SettingsFixture fixture;
+        fixture.files.folders = {"C:\\Temp", "/srv/web", "/srv/web/", "/"};
+        fixture.files.files["/srv/page.htm"] = "";
+        fixture.commands.setTempFolder(c.typed);
+        EXPECT_EQ(fixture.stored(keys::tempFolder), c.stored);
+        EXPECT_EQ(fixture.application.tempFolder, c.stored == "none" ? "C:\\My Documents" : c.stored);
+        EXPECT_EQ(fixture.messages.last(), c.message);
+        EXPECT_TRUE(fixture.messages.shown.empty() || fixture.messages.shown[0].icon == Icon::Critical);
     }
 }
 
@@ -77,26 +77,26 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        SettingsDesk desk;
-        desk.document.colourApplies = c.coloured;
-        desk.colourDialog.chosen = c.chosen;
-        desk.commands.chooseColour();
-        EXPECT_EQ(desk.colourDialog.initials, std::vector<Colour>{colours::defaultCode});
-        EXPECT_EQ(desk.document.codeColour, colours::defaultCode);
-        desk.commands.applyColour();
-        EXPECT_FALSE(desk.commands.hasChosenColour());
-        EXPECT_EQ(desk.stored(keys::codeColour), c.stored);
-        EXPECT_EQ(desk.effects.done, c.done);
+        SettingsFixture fixture;
+        fixture.document.colourApplies = c.coloured;
+        fixture.colourDialog.chosen = c.chosen;
+        fixture.commands.chooseColour();
+        EXPECT_EQ(fixture.colourDialog.initials, std::vector<Colour>{colours::defaultCode});
+        EXPECT_EQ(fixture.document.codeColour, colours::defaultCode);
+        fixture.commands.applyColour();
+        EXPECT_FALSE(fixture.commands.hasChosenColour());
+        EXPECT_EQ(fixture.stored(keys::codeColour), c.stored);
+        EXPECT_EQ(fixture.effects.done, c.done);
     }
 }
 
 TEST(SettingsCommands, BrowsingTakesProgramsAlone)
 {
-    SettingsDesk desk;
-    desk.fileDialogs.choices = {"C:\\a.bat", "C:\\A.Exe"};
-    EXPECT_EQ(desk.commands.browseProgram(), std::nullopt);
-    EXPECT_EQ(desk.commands.browseProgram(), "C:\\A.Exe");
-    EXPECT_EQ(desk.commands.browseProgram(), std::nullopt) << "cancelled";
+    SettingsFixture fixture;
+    fixture.fileDialogs.choices = {"C:\\a.bat", "C:\\A.Exe"};
+    EXPECT_EQ(fixture.commands.browseProgram(), std::nullopt);
+    EXPECT_EQ(fixture.commands.browseProgram(), "C:\\A.Exe");
+    EXPECT_EQ(fixture.commands.browseProgram(), std::nullopt) << "cancelled";
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/stored_settings.h"
 
-#include "settings/settings_desk.h"
+#include "settings/settings_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace {
 
 TEST(StoredSettings, FreshStoreHasEveryDefault)
 {
-    SettingsDesk o;
+    SettingsFixture o;
     const auto &d = o.document;
     EXPECT_TRUE(d.colourCoding && d.ifChecking && d.fsoMenu && d.snippetComments && d.lineDebugOn);
     EXPECT_FALSE(o.application.autosaveOn);
@@ -25,37 +25,37 @@ TEST(StoredSettings, FreshStoreHasEveryDefault)
 
 TEST(StoredSettings, StoredTextsMeanWhatTheyAlwaysMeant)
 {
-    using Desk = const SettingsDesk &;
-    constexpr auto blue = [](Desk o) { return o.document.codeColour == Colour{0xFF0000}; };
+    using Fixture = const SettingsFixture &;
+    constexpr auto blue = [](Fixture o) { return o.document.codeColour == Colour{0xFF0000}; };
     const struct {
         SettingKey key;
         const char *value;
-        bool (*holds)(Desk);
+        bool (*holds)(Fixture);
     } cases[] = {
-        {keys::ifCheck, "YES", [](Desk o) { return o.document.ifChecking; }},
-        {keys::ifCheck, "maybe", [](Desk o) { return !o.document.ifChecking && !o.options.zif; }},
-        {keys::colourCoding, "No", [](Desk o) { return !o.document.colourCoding; }},
-        {keys::colourCoding, "maybe", [](Desk o) { return o.document.colourCoding; }},
+        {keys::ifCheck, "YES", [](Fixture o) { return o.document.ifChecking; }},
+        {keys::ifCheck, "maybe", [](Fixture o) { return !o.document.ifChecking && !o.options.zif; }},
+        {keys::colourCoding, "No", [](Fixture o) { return !o.document.colourCoding; }},
+        {keys::colourCoding, "maybe", [](Fixture o) { return o.document.colourCoding; }},
         {keys::codeColour, "blue", blue},
         {keys::codeColour, "-5", blue},
         {keys::codeColour, "99999999999", blue},
         {keys::codeColour, "16777216", blue},
-        {keys::tempFolder, R"(D:\site\)", [](Desk o) { return o.application.tempFolder == R"(D:\site)"; }},
-        {keys::programPath, "NONE", [](Desk o) { return o.application.programPath == "none"; }},
+        {keys::tempFolder, R"(D:\site\)", [](Fixture o) { return o.application.tempFolder == R"(D:\site)"; }},
+        {keys::programPath, "NONE", [](Fixture o) { return o.application.programPath == "none"; }},
         {keys::fontFace, "tahoma",
-            [](Desk o) { return o.views.facePosition == 3 && o.document.fontFace == "Tahoma"; }},
+            [](Fixture o) { return o.views.facePosition == 3 && o.document.fontFace == "Tahoma"; }},
         {keys::fontFace, "Georgia",
-            [](Desk o) { return o.views.facePosition == 4 && o.document.fontFace == "Georgia"; }},
+            [](Fixture o) { return o.views.facePosition == 4 && o.document.fontFace == "Georgia"; }},
         {keys::fontSize, "11",
-            [](Desk o) { return o.views.sizePosition == 3 && o.options.fontSize == "11"; }},
-        {keys::panelType, "1", [](Desk o) { return o.views.toolView.scriptToolsShown == 0; }},
-        {keys::panelType, "7", [](Desk o) { return o.views.toolView.scriptToolsShown == 1; }},
-        {keys::padTop, "-30", [](Desk o) { return o.application.padGeometry.top == -30; }},
-        {keys::padTop, "12x", [](Desk o) { return o.application.padGeometry.top == 4500; }},
+            [](Fixture o) { return o.views.sizePosition == 3 && o.options.fontSize == "11"; }},
+        {keys::panelType, "1", [](Fixture o) { return o.views.toolView.scriptToolsShown == 0; }},
+        {keys::panelType, "7", [](Fixture o) { return o.views.toolView.scriptToolsShown == 1; }},
+        {keys::padTop, "-30", [](Fixture o) { return o.application.padGeometry.top == -30; }},
+        {keys::padTop, "12x", [](Fixture o) { return o.application.padGeometry.top == 4500; }},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(std::string(c.key.name) + " = " + c.value);
-        SettingsDesk o;
+        SettingsFixture o;
         writeSetting(o.store, c.key, c.value);
         o.load();
         EXPECT_TRUE(c.holds(o));
@@ -78,7 +78,7 @@ TEST(StoredSettings, AutosaveNeedsItsFlagAndAnInterval)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(std::string(c.autosave) + ", " + c.minutes);
-        SettingsDesk o;
+        SettingsFixture o;
         writeSetting(o.store, keys::autosave, c.autosave);
         writeSetting(o.store, keys::autosaveMinutes, c.minutes);
         o.load();
@@ -92,7 +92,7 @@ TEST(StoredSettings, AutosaveNeedsItsFlagAndAnInterval)
 
 TEST(StoredSettings, TheWindowsComeBackWhereTheyWere)
 {
-    SettingsDesk o;
+    SettingsFixture o;
     o.views.mainState = WindowState::Normal;
     o.views.mainGeometry = {-15, 300, 9000, 6000};
     o.settings.saveEditorGeometry();
@@ -117,7 +117,7 @@ TEST(StoredSettings, TheWindowsComeBackWhereTheyWere)
 
 TEST(StoredSettings, CleaningLeavesOnlyTheProgramsOwn)
 {
-    SettingsDesk o;
+    SettingsFixture o;
     o.settings.savePanelType();
     const auto own = o.store.values;
     o.store.saveSetting("kevraed", "settings", "font", "Arial");

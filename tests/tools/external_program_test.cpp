@@ -13,7 +13,7 @@
 namespace kevra {
 namespace {
 
-struct Desk {
+struct Fixture {
     ApplicationState state;
     FakeSettingsStore settings;
     FakeFileStore files;
@@ -43,30 +43,30 @@ TEST(ExternalProgram, IsTakenWhenItExistsAndIsAProgram)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.path);
-        Desk desk;
-        desk.files.folders = {"/opt"};
+        Fixture fixture;
+        fixture.files.folders = {"/opt"};
         if (!c.path.empty() && c.message != noFile)
-            desk.files.files[c.path] = "";
-        desk.processes.runnable = {"/opt/run.sh", "/opt/my paint", "/opt/paint-2.8/paint"};
-        desk.program.SetExternalProgram(c.path);
-        EXPECT_EQ(desk.messages.last(), c.message);
-        const bool taken = !c.path.empty() && desk.messages.shown.empty();
-        EXPECT_EQ(desk.state.programPath, taken ? c.path : "none");
-        EXPECT_EQ(readSetting(desk.settings, keys::programPath), taken ? c.path : "no");
+            fixture.files.files[c.path] = "";
+        fixture.processes.runnable = {"/opt/run.sh", "/opt/my paint", "/opt/paint-2.8/paint"};
+        fixture.program.SetExternalProgram(c.path);
+        EXPECT_EQ(fixture.messages.last(), c.message);
+        const bool taken = !c.path.empty() && fixture.messages.shown.empty();
+        EXPECT_EQ(fixture.state.programPath, taken ? c.path : "none");
+        EXPECT_EQ(readSetting(fixture.settings, keys::programPath), taken ? c.path : "no");
     }
 }
 
 TEST(ExternalProgram, IsStartedOrTheUserIsToldWhyNot)
 {
-    Desk desk;
-    desk.program.RunExternalProgram();
-    desk.state.programPath = "/opt/moved";
-    desk.processes.starts = false;
-    desk.program.RunExternalProgram();
-    desk.processes.starts = true;
-    desk.program.RunExternalProgram();
-    EXPECT_EQ(desk.processes.started, (std::vector<std::string>{"/opt/moved", "/opt/moved"}));
-    EXPECT_EQ(desk.messages.texts(),
+    Fixture fixture;
+    fixture.program.RunExternalProgram();
+    fixture.state.programPath = "/opt/moved";
+    fixture.processes.starts = false;
+    fixture.program.RunExternalProgram();
+    fixture.processes.starts = true;
+    fixture.program.RunExternalProgram();
+    EXPECT_EQ(fixture.processes.started, (std::vector<std::string>{"/opt/moved", "/opt/moved"}));
+    EXPECT_EQ(fixture.messages.texts(),
         (std::vector<std::string>{"There is no program set to run. Go to Options > Settings to choose one.",
             "Failure opening the specified program. Check to make sure it hasn't been moved."}));
 }
@@ -75,13 +75,13 @@ TEST(ExternalProgram, MenuTextHasEightCharactersAtMost)
 {
     const std::string eight
         = "\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84\xC3\x84"; // in 16 bytes
-    Desk desk;
+    Fixture fixture;
     for (const auto &[text, message] :
         {std::pair(eight, ""), {"", ""}, {"Uploaders", "Maximum 8 letters."}}) {
-        desk.program.SetExternalMenuText(text);
-        EXPECT_EQ(desk.messages.last(), message);
-        EXPECT_EQ(readSetting(desk.settings, keys::programMenu), eight);
-        EXPECT_EQ(desk.tools.programMenu, eight);
+        fixture.program.SetExternalMenuText(text);
+        EXPECT_EQ(fixture.messages.last(), message);
+        EXPECT_EQ(readSetting(fixture.settings, keys::programMenu), eight);
+        EXPECT_EQ(fixture.tools.programMenu, eight);
     }
 }
 

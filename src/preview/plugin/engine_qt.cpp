@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The web engine behind BrowserEngine. Everything a previewed page does not need is off.
-#include "platform/privileges_qt.h"
+#include "desktop/privileges_qt.h"
 #include "preview/plugin/page_qt.h"
 
 #include <QtCore/QPointer>

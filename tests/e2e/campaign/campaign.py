@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Nothing typed is ever lost: the built editor against kills, failing calls, full disks and odd files.
 
-    campaign.py --kevra build/dev/bin/kevra --hand build/dev/bin/e2e_hand.so [--long] [--seed N] [CASE ...]
+    campaign.py --kevra build/dev/bin/kevra --driver build/dev/bin/e2e_remote_driver.so [--long] [--seed N] [CASE ...]
 
 Every case prints a line: what was tried, how often, what was lost. The exit status is 1 when anything was, and 77
 when nothing could be tried on this machine.
@@ -27,7 +27,7 @@ ON_DISK = {"failing-calls", "kill-at-every-call", "kept-properties", "refused-pl
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--kevra", required=True)
-    parser.add_argument("--hand", required=True)
+    parser.add_argument("--driver", required=True)
     parser.add_argument("--long", action="store_true", help="the long form")
     parser.add_argument("--seed", type=int, default=20261121)
     parser.add_argument("cases", nargs="*", choices=[[], *CASES], help="all without any")
@@ -38,7 +38,7 @@ def main():
     lost = tried = 0
     for name in options.cases or CASES:
         case = CASES[name]
-        workshop = Workshop(options.kevra, options.hand, in_memory=not options.long and name not in ON_DISK)
+        workshop = Workshop(options.kevra, options.driver, in_memory=not options.long and name not in ON_DISK)
         begun = time.monotonic()
         try:
             result = case(workshop, options.seed, options.long)

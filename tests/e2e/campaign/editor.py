@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""One running editor in folders of its own, with a hand inside it."""
+"""One running editor in folders of its own, with a remote driver inside it."""
 
 import base64
 import json
@@ -23,15 +23,15 @@ class Gone(Exception):
 class Workshop:
     """A scratch folder with a copy of the program, so that nothing lands beside the built one."""
 
-    def __init__(self, kevra, hand, in_memory):
+    def __init__(self, kevra, driver, in_memory):
         roomy = os.path.isdir(MEMORY) and os.statvfs(MEMORY).f_bavail * os.statvfs(MEMORY).f_frsize > 1 << 28
         self.root = tempfile.mkdtemp(prefix="kevra-campaign-", dir=MEMORY if in_memory and roomy else None)
         os.chmod(self.root, 0o755)
         self.program = os.path.join(self.root, "bin", "kevra")
-        self.hand = os.path.join(self.root, "bin", "hand.so")
+        self.driver = os.path.join(self.root, "bin", "driver.so")
         os.mkdir(os.path.dirname(self.program))
         shutil.copy(kevra, self.program)
-        shutil.copy(hand, self.hand)
+        shutil.copy(driver, self.driver)
         # What the preview loads when a page is asked for.
         shutil.copy(os.path.join(os.path.dirname(kevra), "libkevra_preview.so"), os.path.dirname(self.program))
         self.count = 0
@@ -48,11 +48,11 @@ class Workshop:
         shutil.rmtree(self.root, ignore_errors=True)
 
 
-def preload_of(kevra, hand):
+def preload_of(kevra, driver):
     """A sanitized program wants its runtime first."""
     libraries = subprocess.run(["ldd", kevra], capture_output=True, text=True, check=True).stdout
     runtime = [line.split()[2] for line in libraries.splitlines() if "libasan" in line]
-    return " ".join(runtime + [hand])
+    return " ".join(runtime + [driver])
 
 
 class Editor:
@@ -68,7 +68,7 @@ class Editor:
         ours, theirs = socket.socketpair()
         environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home + "/config", XDG_STATE_HOME=home + "/state",
                            XDG_DATA_HOME=home + "/data", XDG_CACHE_HOME=home + "/cache", XDG_RUNTIME_DIR=home,
-                           LD_PRELOAD=preload_of(workshop.program, workshop.hand),
+                           LD_PRELOAD=preload_of(workshop.program, workshop.driver),
                            QT_QPA_PLATFORM="offscreen", KEVRA_HAND=str(theirs.fileno()), LC_ALL="C.UTF-8")
         if kill_at:
             environment["KEVRA_KILL_AT"] = str(kill_at)

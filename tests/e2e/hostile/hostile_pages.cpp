@@ -2,12 +2,12 @@
 // Shows every page of a folder in the browser window over the real web engine, clicks on it, goes back to the
 // text, and prints what the page has achieved, one line a page:
 //   NAME followed=N read=N windows=N dialogs=N back=MS ended=yes|no
-#include "fakes/document_desk.h"
+#include "fakes/document_fixture.h"
 #include "fakes/page_notes.h"
-#include "files/file_store_qt.h"
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/preview_commands.h"
+#include "storage/file_store_qt.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QtWidgets>
@@ -90,14 +90,14 @@ private:
 
     QString m_folder;
     QWidget m_main;
-    DocumentDesk m_desk;
+    DocumentFixture m_fixture;
     FileStoreQt m_files{m_folder.toStdString()};
-    DocumentFile m_file{m_files, m_desk.backups};
+    DocumentFile m_file{m_files, m_fixture.backups};
     BrowserWindow m_window;
     BrowserControlQt m_control{m_window};
     FakePageNotes m_notes;
-    PreviewCommands m_commands{PreviewPorts{m_desk.document, m_desk.state, m_desk.application, m_files,
-        m_file, m_desk.backups, m_notes, m_desk.messages, m_desk.main, *this, m_control,
+    PreviewCommands m_commands{PreviewPorts{m_fixture.document, m_fixture.state, m_fixture.application,
+        m_files, m_file, m_fixture.backups, m_notes, m_fixture.messages, m_fixture.main, *this, m_control,
         [](const std::string &name) { return name; }, "/root"}};
     QTimer m_closer;
     QSet<int> m_helpers; ///< what is left of the engine without a page
@@ -126,8 +126,8 @@ void Stage::startEngine()
 
 void Stage::show(const std::string &text)
 {
-    m_desk.document.LoadText(text);
-    m_desk.state.currentPath = (m_folder + "/page.htm").toStdString();
+    m_fixture.document.LoadText(text);
+    m_fixture.state.currentPath = (m_folder + "/page.htm").toStdString();
     m_commands.ViewPage();
 }
 
@@ -156,10 +156,11 @@ void Stage::click()
 
 bool Stage::crash(const QSet<int> &processes)
 {
-    m_desk.messages.shown.clear();
+    m_fixture.messages.shown.clear();
     for (const int process : processes)
         ::kill(process, SIGKILL);
-    return QTest::qWaitFor([this] { return m_main.isVisible() && m_desk.messages.shown.size() == 1; }, 3000);
+    return QTest::qWaitFor(
+        [this] { return m_main.isVisible() && m_fixture.messages.shown.size() == 1; }, 3000);
 }
 
 void Stage::play(const QString &page)

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/end_signals_qt.h"
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace kevra {
+namespace {
+
+// A signal handler reaches nothing but what lies here.
+std::array<int, 2> endPipe{-1, -1};
+std::function<void()> *crashHandler = nullptr;
+
+constexpr std::array endSignals{SIGTERM, SIGHUP, SIGINT};
+constexpr std::array crashSignals{SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
+constexpr unsigned crashSeconds = 3;
+
+void passOn(int)
+{
+    const char byte = 0;
+    [[maybe_unused]] const auto written = ::write(endPipe[1], &byte, 1);
+}
+
+void crash(int signal)
+{
+    // A second fault ends it, and so does a lock that was held when the first one came.
+    for (const int other : crashSignals)
+        ::signal(other, SIG_DFL);
+    ::signal(SIGALRM, SIG_DFL);
+    ::alarm(crashSeconds);
+    if (auto *handler = std::exchange(crashHandler, nullptr))
+        (*handler)();
+    ::raise(signal);
+}
+
+void handle(int signal, void (*handler)(int), int flags)
+{
+    struct sigaction action { };
+    action.sa_handler = handler;
+    action.sa_flags = flags;
+    ::sigemptyset(&action.sa_mask);
+    ::sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
+EndSignalsQt::EndSignalsQt(std::function<void()> endAsked, std::function<void()> crashed)
+{
+    // A limit on file sizes is an error to report, not a reason to die.
+    ::signal(SIGXFSZ, SIG_IGN);
+    if (::pipe2(endPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(endPipe[0], QSocketNotifier::Read);
+    QObject::connect(
+        m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [ask = std::move(endAsked)] {
+            char byte = 0;
+            [[maybe_unused]] const auto taken = ::read(endPipe[0], &byte, 1);
+            ask();
+        });
+    crashHandler = new std::function<void()>(std::move(crashed));
+    for (const int signal : endSignals)
+        handle(signal, passOn, SA_RESTART);
+    for (const int signal : crashSignals)
+        handle(signal, crash, SA_NODEFER);
+}
+
+EndSignalsQt::~EndSignalsQt()
+{
+    for (const int signal : endSignals)
+        ::signal(signal, SIG_DFL);
+    for (const int signal : crashSignals)
+        ::signal(signal, SIG_DFL);
+    delete std::exchange(crashHandler, nullptr);
+    m_notifier.reset();
+    for (int &end : endPipe)
+        ::close(std::exchange(end, -1));
+}
+
+} // namespace kevra

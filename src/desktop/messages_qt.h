@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "desktop/messages.h"
+
+namespace kevra {
+
+/// Message boxes of the desktop, modal over whichever window is active.
+class MessagesQt : public Messages {
+public:
+    Answer show(const Message &message) override;
+};
+
+} // namespace kevra

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/program_folders_qt.h"
+
+#include "desktop/text_qt.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
+
+namespace kevra {
+
+namespace {
+
+bool holdsAssets(const QDir &folder)
+{
+    return QFileInfo::exists(folder.filePath("template.html"));
+}
+
+bool isPortable()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    return holdsAssets(program) && QFileInfo(program.path()).isWritable();
+}
+
+/// XDG_STATE_HOME, which QStandardPaths of this Qt does not know.
+QString stateFolder()
+{
+    const auto state = qEnvironmentVariable("XDG_STATE_HOME");
+    const auto base
+        = QDir::isAbsolutePath(state) && !state.isEmpty() ? state : QDir::homePath() + "/.local/state";
+    return base + "/kevra";
+}
+
+} // namespace
+
+ProgramFolders programFolders()
+{
+    ProgramFolders folders;
+    folders.portable = isPortable();
+    const auto autosave = folders.portable ? QCoreApplication::applicationDirPath() : stateFolder();
+    QDir().mkpath(autosave);
+    folders.autosave = pathBytes(autosave);
+    return folders;
+}
+
+std::string assetPath(const std::string &name)
+{
+    const auto file = pathText(name);
+    const QDir program(QCoreApplication::applicationDirPath());
+    if (isPortable())
+        return pathBytes(program.filePath(file));
+    const auto data = QStandardPaths::locate(QStandardPaths::GenericDataLocation, "kevra/" + file);
+    if (!data.isEmpty())
+        return pathBytes(data);
+    const auto installed = program.filePath("../share/kevra/" + file);
+    return pathBytes(QFileInfo::exists(installed) ? QDir::cleanPath(installed) : program.filePath(file));
+}
+
+} // namespace kevra

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the commands on the document's file work with.
+#pragma once
+
+#include "desktop/file_dialogs.h"
+#include "desktop/messages.h"
+#include "document/document_file.h"
+#include "document/document_state.h"
+#include "document/main_view.h"
+#include "editor/surface.h"
+#include "storage/backup_store.h"
+#include "storage/file_store.h"
+
+namespace kevra {
+
+struct FileCommandPorts {
+    EditorSurface &document;
+    DocumentState &state;
+    ApplicationState &application;
+    FileStore &files;
+    DocumentFile &file;
+    TextKeeper &keeper;
+    BackupStore &backups;
+    FileDialogs &dialogs;
+    Messages &messages;
+    MainView &main;
+    ToolView &tools;
+};
+
+} // namespace kevra

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The file behind the document: its bytes and format as they were last read or written, whether the text in
+// the window still equals it, whether somebody else has changed it. One instance, for the one document.
+#pragma once
+
+#include "encoding/text_codec.h"
+#include "storage/backup_store.h"
+#include "storage/file_store.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+enum class DiskState { Unchanged, Changed, Gone };
+enum class Existing { KeepReadOnly, Replace }; ///< whether a save may replace a read-only file
+
+struct OpenedFile {
+    std::string path;
+    std::optional<FileStamp> stamp; ///< before it was read
+    std::string bytes; ///< empty where they are the text
+    DecodedFile decoded;
+};
+
+class DocumentFile {
+public:
+    DocumentFile(FileStore &files, BackupStore &backups);
+
+    /// A file as it can be opened; nothing when it cannot be read.
+    [[nodiscard]] std::optional<OpenedFile> read(const std::string &path) const;
+    /// The document's file from now on. Its bytes are taken from `file`, its text is left there.
+    void take(OpenedFile &&file);
+    /// A document without a file, whose text is `text` now.
+    void startNew(std::string_view text = {});
+
+    /// Writes the text to `path`, which becomes the document's file when that succeeds. Content there that
+    /// this program neither read nor wrote goes to the backups first.
+    [[nodiscard]] Saved save(std::string_view text, const std::string &path, Existing existing);
+    /// The bytes a save to `path` would write; an empty path is new work, a script when `script` says so.
+    [[nodiscard]] EncodedFile encoded(std::string_view text, std::string_view path, bool script) const;
+
+    /// What encoded() needs, to be used later or elsewhere than on this document.
+    struct Snapshot {
+        TextFormat format;
+        std::shared_ptr<const std::string> original;
+        TextKind kind;
+    };
+    [[nodiscard]] Snapshot snapshot(std::string_view path, bool script) const;
+
+    /// Whether this document was read from or written to that path.
+    [[nodiscard]] bool owns(const std::string &path) const { return m_paths.contains(path); }
+    /// Whether the text is what the file holds; costs a pass over a text of the same length.
+    [[nodiscard]] bool holds(std::string_view text) const;
+    /// Whether a text of this length can be what the file holds.
+    [[nodiscard]] bool mayHold(std::size_t length) const { return length == m_textLength; }
+    [[nodiscard]] DiskState diskState() const;
+    [[nodiscard]] std::optional<FileStamp> stampOnDisk() const { return m_files.stamp(m_path); }
+    [[nodiscard]] const TextFormat &format() const { return m_format; }
+
+private:
+    void adopt(std::string bytes, std::string_view text, const TextFormat &format, const std::string &path,
+        std::optional<FileStamp> stamp);
+    /// Whether these are the bytes that were last read or written.
+    [[nodiscard]] bool isOriginal(std::string_view bytes) const;
+    void keepForeignContent(const std::string &path) const;
+
+    FileStore &m_files;
+    BackupStore &m_backups;
+    /// Empty when the text itself tells the bytes.
+    std::shared_ptr<const std::string> m_original = std::make_shared<const std::string>();
+    TextFormat m_format;
+    std::string m_path; ///< last read or written; empty for new work
+    std::optional<FileStamp> m_stamp;
+    std::set<std::string> m_paths;
+    std::size_t m_textLength = 0;
+    std::uint64_t m_textFingerprint = 0;
+};
+
+} // namespace kevra

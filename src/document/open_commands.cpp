@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/open_commands.h"
+
+#include "storage/paths.h"
+#include "text/flag_guard.h"
+
+namespace kevra {
+namespace {
+
+constexpr bool isColoured(TypeGroup group)
+{
+    return group == TypeGroup::WebPage || group == TypeGroup::Script;
+}
+
+} // namespace
+
+OpenCommands::OpenCommands(FileCommandPorts ports, SaveCommands &saving, DocumentColouring &colouring)
+    : m_ports(ports)
+    , m_saving(saving)
+    , m_colouring(colouring)
+{
+}
+
+void OpenCommands::openFromCommandLine(const std::string &commandLine)
+{
+    if (commandLine.empty() || !m_ports.files.fileExists(commandLine))
+        return;
+    m_ports.main.setInformation("");
+    if (!fileType(commandLine))
+        return refuse(commandLine);
+    m_ports.state.currentPath = absolutePath(commandLine);
+    loadAccepted(m_ports.state.currentPath);
+}
+
+void OpenCommands::openWithDialog()
+{
+    const auto old = askAboutText();
+    const auto path = m_ports.dialogs.openFile(
+        {"Open a File", openFilters(), std::string(parentFolder(m_ports.state.currentPath))});
+    if (path && !path->empty())
+        openChosen(*path, old);
+}
+
+void OpenCommands::openDropped(const std::string &path)
+{
+    if (!path.empty())
+        openChosen(path, askAboutText());
+}
+
+bool OpenCommands::loadAccepted(const std::string &path)
+{
+    return load(path, OldText::Keep);
+}
+
+void OpenCommands::newFile()
+{
+    startNew({}, askAboutText());
+}
+
+void OpenCommands::startWithTemplate(const std::string &templatePath)
+{
+    const auto bytes = m_ports.files.read(templatePath);
+    if (!bytes)
+        return m_ports.messages.stop("The template, " + templatePath + ", is missing or cannot be read.");
+    const auto old = askAboutText();
+    const auto text = decodeFile(*bytes, TextKind::Page).text;
+    startNew(text, old);
+    showTools(TypeGroup::WebPage);
+    colour(TypeGroup::WebPage, paintOf(text, TypeGroup::WebPage));
+    m_ports.state.unsaved = true;
+}
+
+OpenCommands::OldText OpenCommands::askAboutText()
+{
+    if (m_ports.document.Length() == 0 || !m_ports.state.unsaved)
+        return OldText::Keep;
+    if (!m_ports.messages.yes("Save the current text?"))
+        return OldText::GiveUp;
+    m_saving.saveAs();
+    return OldText::Keep;
+}
+
+void OpenCommands::openChosen(const std::string &path, OldText old)
+{
+    m_ports.state.currentPath = path;
+    m_ports.main.setInformation("");
+    const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
+    if (fileType(path))
+        load(path, old);
+    else
+        refuse(path);
+}
+
+void OpenCommands::refuse(std::string_view path)
+{
+    m_ports.messages.inform("KEVRA does not open " + std::string(extension(path)) + " type files.");
+}
+
+bool OpenCommands::load(const std::string &path, OldText old)
+{
+    const auto type = fileType(path);
+    auto file = type ? m_ports.file.read(path) : std::nullopt;
+    if (!file)
+        return false;
+    // Computed while the text goes into the document.
+    auto paint = paintOf(file->decoded.text, type->group);
+    replaceText(file->decoded.text, old);
+    m_ports.file.take(std::move(*file)); // all but the text, which the paint is made from
+    m_ports.state.currentExtension = type->extension;
+    m_ports.main.redrawAndFocus();
+    showTools(type->group);
+    colour(type->group, std::move(paint));
+    // An opened file counts as unsaved, so quitting straight away still asks.
+    m_ports.state.unsaved = true;
+    m_ports.main.setTitlePath(m_ports.state.currentPath);
+    m_ports.main.refreshDocumentStatus();
+    return true;
+}
+
+void OpenCommands::replaceText(std::string_view text, OldText old)
+{
+    if (old == OldText::GiveUp)
+        m_ports.keeper.textGivenUp();
+    else
+        m_ports.keeper.documentReplaced();
+    const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
+    const FlagGuard programmatic(m_ports.state.programmaticChange);
+    m_ports.document.LoadText(text);
+}
+
+void OpenCommands::startNew(std::string_view text, OldText old)
+{
+    replaceText(text, old);
+    m_ports.file.startNew(text);
+    m_ports.state.currentPath.clear();
+    m_ports.state.currentExtension.clear();
+    m_ports.state.colourApplies = true;
+    m_ports.state.unsaved = false;
+    m_ports.main.setInformation("");
+    m_ports.main.setTitlePath("");
+    m_ports.main.redrawAndFocus();
+    m_ports.main.refreshDocumentStatus();
+}
+
+void OpenCommands::showTools(TypeGroup group)
+{
+    auto &state = m_ports.state;
+    const bool script = group == TypeGroup::Script || group == TypeGroup::ScriptLike;
+    if (group == TypeGroup::WebPage && state.scriptTools)
+        m_ports.tools.showWebTools();
+    if (script && !state.scriptTools)
+        m_ports.tools.showScriptTools();
+    if (!state.scriptTools || group == TypeGroup::WebPage)
+        return;
+    state.lineDebugOn = group == TypeGroup::Script && state.lineDebugPreferred;
+    m_ports.tools.showLineDebugging(state.lineDebugOn);
+}
+
+PendingPaint OpenCommands::paintOf(std::string_view text, TypeGroup group) const
+{
+    if (!m_ports.state.colourCoding || !isColoured(group))
+        return {};
+    return group == TypeGroup::WebPage ? m_colouring.tagsOf(text) : m_colouring.scriptOf(text);
+}
+
+void OpenCommands::colour(TypeGroup group, PendingPaint paint)
+{
+    auto &state = m_ports.state;
+    if (!state.colourCoding)
+        return;
+    state.colourApplies = isColoured(group);
+    if (!state.colourApplies)
+        return;
+    const BusySurface busy(m_ports.document);
+    if (group == TypeGroup::WebPage)
+        m_colouring.colourTags(std::move(paint));
+    else
+        m_colouring.ColourText(std::move(paint));
+}
+
+} // namespace kevra

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Opening files: from the command line, by dialog, by dropping on the window; and starting new documents.
+#pragma once
+
+#include "colour/document_colouring.h"
+#include "document/command_ports.h"
+#include "document/file_types.h"
+#include "document/save_commands.h"
+
+#include <string>
+
+namespace kevra {
+
+class OpenCommands {
+public:
+    OpenCommands(FileCommandPorts ports, SaveCommands &saving, DocumentColouring &colouring);
+
+    /// The argument text is one path, taken whole.
+    void openFromCommandLine(const std::string &commandLine);
+    void openWithDialog();
+    /// As the dialog does with the path chosen.
+    void openDropped(const std::string &path);
+    /// Loads a file of an accepted type; false, with the document untouched, when it cannot be read.
+    bool loadAccepted(const std::string &path);
+
+    /// Asks as opening does, then an empty document without a path.
+    void newFile();
+    /// The same with the content of the template, which stays as it is.
+    void startWithTemplate(const std::string &templatePath);
+
+private:
+    /// What becomes of the text that is there, asked for where it is unsaved.
+    enum class OldText { Keep, GiveUp };
+    [[nodiscard]] OldText askAboutText();
+    void openChosen(const std::string &path, OldText old);
+    bool load(const std::string &path, OldText old);
+    void replaceText(std::string_view text, OldText old);
+    void refuse(std::string_view path);
+    void startNew(std::string_view text, OldText old);
+    void showTools(TypeGroup group);
+    /// Nothing for a text that is not coloured.
+    [[nodiscard]] PendingPaint paintOf(std::string_view text, TypeGroup group) const;
+    void colour(TypeGroup group, PendingPaint paint);
+
+    FileCommandPorts m_ports;
+    SaveCommands &m_saving;
+    DocumentColouring &m_colouring;
+};
+
+} // namespace kevra

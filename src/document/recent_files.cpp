@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/recent_files.h"
+
+#include "settings/keys.h"
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+constexpr std::string_view section = "recent";
+
+std::string keyOf(std::size_t index)
+{
+    return "file" + std::to_string(index + 1);
+}
+
+} // namespace
+
+std::vector<std::string> RecentFiles::paths() const
+{
+    std::vector<std::string> found;
+    for (std::size_t i = 0; i < most; ++i) {
+        auto path = m_store.getSetting(settingsApplication, section, keyOf(i), "");
+        if (!path.empty())
+            found.push_back(std::move(path));
+    }
+    return found;
+}
+
+void RecentFiles::add(const std::string &path)
+{
+    auto all = paths();
+    if (path.empty() || (!all.empty() && all.front() == path))
+        return;
+    std::erase(all, path);
+    all.insert(all.begin(), path);
+    all.resize(std::min(all.size(), most));
+    for (std::size_t i = 0; i < all.size(); ++i)
+        m_store.saveSetting(settingsApplication, section, keyOf(i), all[i]);
+}
+
+void RecentFiles::forgetAll()
+{
+    m_store.deleteSetting(settingsApplication, section);
+}
+
+} // namespace kevra

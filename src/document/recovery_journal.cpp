@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/recovery_journal.h"
+
+namespace kevra {
+
+RecoveryJournal::RecoveryJournal(EditorSurface &document, DocumentState &state, ApplicationState &application,
+    DocumentFile &file, RecordStore &store)
+    : m_document(document)
+    , m_state(state)
+    , m_application(application)
+    , m_file(file)
+    , m_store(store)
+{
+}
+
+void RecoveryJournal::textChanged()
+{
+    if (m_paused)
+        return;
+    m_changed = true;
+    m_changedSinceAutosave = true;
+    m_givenUp = false;
+}
+
+void RecoveryJournal::writeDown()
+{
+    // A text that was emptied leaves its record as it is: the last thing the user had.
+    if (!m_changed || m_paused || m_document.Length() == 0)
+        return;
+    m_changed = false;
+    if (m_file.holds(m_document.Text()))
+        return forget();
+    m_store.writeRecord(snapshot());
+    m_recorded = true;
+}
+
+void RecoveryJournal::writeDownAtCrash()
+{
+    if (m_changed && !m_paused && m_document.Length() > 0)
+        m_store.writeCrashRecord(snapshot());
+}
+
+void RecoveryJournal::autosave()
+{
+    if (!m_application.autosaveOn || !m_changedSinceAutosave || m_paused || m_document.Length() == 0)
+        return;
+    m_changedSinceAutosave = false;
+    m_store.writeAutosave(snapshot());
+    m_application.autosaveWritten = true;
+}
+
+void RecoveryJournal::textSaved()
+{
+    m_changed = false;
+    m_changedSinceAutosave = false;
+    forget();
+}
+
+void RecoveryJournal::textGivenUp()
+{
+    m_changed = false;
+    m_givenUp = true;
+    forget();
+}
+
+void RecoveryJournal::documentReplaced()
+{
+    if (m_paused || m_givenUp)
+        return;
+    writeDown();
+    m_changed = false;
+    if (m_recorded)
+        m_store.setRecordAside();
+    m_recorded = false;
+}
+
+TextSnapshot RecoveryJournal::snapshot() const
+{
+    return {m_state.currentPath, m_file.snapshot(m_state.currentPath, m_state.scriptTools),
+        std::string(m_document.Text())};
+}
+
+void RecoveryJournal::forget()
+{
+    if (m_recorded)
+        m_store.removeRecord();
+    m_recorded = false;
+}
+
+} // namespace kevra

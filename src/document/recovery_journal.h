@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps a record of unsaved text on the disk while the user types, autosave or not, and the autosave file.
+#pragma once
+
+#include "document/document_file.h"
+#include "document/document_state.h"
+#include "editor/surface.h"
+#include "storage/recovery_record.h"
+
+namespace kevra {
+
+/// Where the records of this running program go.
+class RecordStore {
+public:
+    virtual ~RecordStore() = default;
+    /// Replaces the record; done soon, without keeping the caller waiting.
+    virtual void writeRecord(TextSnapshot snapshot) = 0;
+    /// At once and beside the record: the program has broken down.
+    virtual void writeCrashRecord(const TextSnapshot &snapshot) = 0;
+    virtual void removeRecord() = 0;
+    /// The record stays for the next start, and a new one can begin.
+    virtual void setRecordAside() = 0;
+    virtual void writeAutosave(TextSnapshot snapshot) = 0;
+    /// Nothing is left to be written when this returns.
+    virtual void finish() = 0;
+};
+
+class RecoveryJournal : public TextKeeper {
+public:
+    RecoveryJournal(EditorSurface &document, DocumentState &state, ApplicationState &application,
+        DocumentFile &file, RecordStore &store);
+
+    void textChanged();
+    /// At most a few seconds after textChanged(), and before much of the text is deleted.
+    void writeDown();
+    /// The last thing a broken program does.
+    void writeDownAtCrash();
+    /// The autosave interval is over.
+    void autosave();
+    /// The text in the document is only shown: it is kept elsewhere, and nothing is written down.
+    void setPaused(bool paused) { m_paused = paused; }
+
+    void textSaved() override;
+    void textGivenUp() override;
+    void documentReplaced() override;
+
+private:
+    [[nodiscard]] TextSnapshot snapshot() const;
+    void forget();
+
+    EditorSurface &m_document;
+    DocumentState &m_state;
+    ApplicationState &m_application;
+    DocumentFile &m_file;
+    RecordStore &m_store;
+    bool m_changed = false; ///< since the record was written
+    bool m_changedSinceAutosave = false;
+    bool m_recorded = false;
+    bool m_givenUp = false;
+    bool m_paused = false;
+};
+
+} // namespace kevra

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/recovery_offer.h"
+
+#include "text/flag_guard.h"
+
+namespace kevra {
+namespace {
+
+constexpr auto saveTitle = "Save file from last session";
+
+std::string description(const RecoveryRecord &record)
+{
+    const auto name = record.path.empty() ? std::string() : " (" + record.path + ')';
+    return "Text from the last session" + name + ": read-only until it is saved or discarded.";
+}
+
+} // namespace
+
+RecoveryOffer::RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenCommands &opening,
+    RecoveryJournal &journal, RecoverableTexts &left, ReviewView &view)
+    : m_ports(ports)
+    , m_saving(saving)
+    , m_opening(opening)
+    , m_journal(journal)
+    , m_left(left)
+    , m_view(view)
+{
+}
+
+void RecoveryOffer::offer()
+{
+    const auto texts = m_left.list();
+    m_texts.assign(texts.begin(), texts.end());
+    offerNext();
+}
+
+void RecoveryOffer::offerNext()
+{
+    while (!m_texts.empty() && !reviewing()) {
+        const auto text = m_texts.front();
+        m_texts.pop_front();
+        const auto record = m_left.open(text);
+        if (!record)
+            continue;
+        const bool savedAfterAll = !record->path.empty() && m_ports.files.read(record->path) == record->bytes;
+        if (savedAfterAll || offerText(text, *record))
+            m_left.removeSaved(text);
+    }
+}
+
+bool RecoveryOffer::offerText(const std::string &text, const RecoveryRecord &record)
+{
+    const auto ask = [&](const char *question) {
+        return m_ports.messages.show({question, Icon::Question, Buttons::YesNoCancel});
+    };
+    switch (ask("There's a file stored from Autosave. Do you want to save it?")) {
+    case Answer::No:
+        m_left.discard(text);
+        return false;
+    case Answer::Yes:
+        break;
+    default:
+        return false;
+    }
+    switch (ask("Do you want to see the file before saving?")) {
+    case Answer::Yes:
+        review(text, record);
+        return false;
+    case Answer::No:
+        return m_saving.saveBytesAs(saveTitle, record.path, record.bytes);
+    default:
+        return false;
+    }
+}
+
+void RecoveryOffer::review(const std::string &text, const RecoveryRecord &record)
+{
+    auto &state = m_ports.state;
+    m_ports.keeper.documentReplaced();
+    m_pathBefore = m_ports.document.Length() > 0 ? state.currentPath : std::string();
+    m_reviewed = text;
+    m_proposed = record.path;
+    m_journal.setPaused(true);
+    {
+        const FlagGuard busy(state.busyLoadingOrSaving);
+        const FlagGuard programmatic(state.programmaticChange);
+        m_ports.document.LoadText(decodeFile(record.bytes, record.format));
+    }
+    m_ports.file.take({{}, {}, record.bytes, {decodeFile(record.bytes, record.format), record.format}});
+    state.currentPath.clear();
+    state.unsaved = false;
+    m_view.showReview(description(record));
+    m_ports.main.setInformation("Text from the last session");
+    m_ports.main.redrawAndFocus();
+    m_ports.main.refreshDocumentStatus();
+}
+
+void RecoveryOffer::saveReviewed()
+{
+    if (!reviewing() || !m_saving.saveAs(saveTitle, m_proposed))
+        return;
+    m_left.removeSaved(*m_reviewed);
+    endReview();
+    if (!m_pathBefore.empty())
+        restoreDocument();
+    offerNext();
+}
+
+void RecoveryOffer::discardReviewed()
+{
+    if (!reviewing())
+        return;
+    m_left.discard(*m_reviewed);
+    endReview();
+    restoreDocument();
+    offerNext();
+}
+
+void RecoveryOffer::leaveReviewed()
+{
+    if (!reviewing())
+        return;
+    endReview();
+    restoreDocument();
+    offerNext();
+}
+
+void RecoveryOffer::abandonReview()
+{
+    if (reviewing())
+        endReview();
+}
+
+void RecoveryOffer::endReview()
+{
+    m_reviewed.reset();
+    m_journal.setPaused(false);
+    m_ports.state.unsaved = false;
+    m_ports.main.setInformation("");
+    m_view.endReview();
+}
+
+void RecoveryOffer::restoreDocument()
+{
+    m_ports.state.currentPath = m_pathBefore;
+    if (m_pathBefore.empty() || !m_opening.loadAccepted(m_pathBefore))
+        m_opening.newFile();
+}
+
+} // namespace kevra

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/save_commands.h"
+
+#include "document/file_types.h"
+#include "storage/paths.h"
+#include "text/flag_guard.h"
+
+#include <utility>
+
+namespace kevra {
+namespace {
+constexpr auto previewName = "kevratemp.html";
+}
+
+SaveCommands::SaveCommands(FileCommandPorts ports)
+    : m_ports(ports)
+{
+}
+
+bool SaveCommands::nothingToSave()
+{
+    if (m_ports.document.Length() > 0)
+        return false;
+    m_ports.messages.stop("Save what!");
+    return true;
+}
+
+void SaveCommands::save()
+{
+    if (nothingToSave())
+        return;
+    // Opening may leave a path here that was refused; whatever is there is not this document's to replace.
+    if (m_ports.file.owns(m_ports.state.currentPath))
+        std::ignore = write(m_ports.state.currentPath, Existing::KeepReadOnly);
+    else
+        saveAs();
+}
+
+void SaveCommands::saveAsMenu()
+{
+    if (!nothingToSave())
+        saveAs();
+}
+
+bool SaveCommands::saveAs()
+{
+    return saveAs("Save As", m_ports.state.currentPath);
+}
+
+bool SaveCommands::saveAs(const std::string &title, const std::string &proposed)
+{
+    const auto path = chooseTarget(title, proposed);
+    if (!path || !write(*path, Existing::Replace))
+        return false;
+    m_ports.state.currentPath = *path;
+    m_ports.main.setTitlePath(*path);
+    removeStaleFiles();
+    m_ports.application.autosaveWritten = false;
+    return true;
+}
+
+bool SaveCommands::saveBytesAs(const std::string &title, const std::string &proposed, std::string_view bytes)
+{
+    const auto path = chooseTarget(title, proposed);
+    if (!path)
+        return false;
+    if (const auto there = m_ports.files.read(*path); there && there != bytes)
+        m_ports.backups.keep(*path, *there);
+    return m_ports.files.replace(*path, bytes) == Saved::Ok;
+}
+
+std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, const std::string &proposed)
+{
+    if (!proposed.empty())
+        m_filterIndex = saveFilterFor(proposed);
+    const auto choice = m_ports.dialogs.saveFile({title, std::string(fileName(proposed)), saveFilters(),
+        m_filterIndex, std::string(parentFolder(proposed))});
+    if (!choice || choice->path.empty())
+        return std::nullopt;
+    m_filterIndex = choice->filterIndex;
+    if (m_ports.files.fileExists(choice->path)
+        && m_ports.messages.show({"Do you want to replace the existing file?", Icon::None, Buttons::OkCancel,
+               "This File Exists"})
+            != Answer::Ok)
+        return std::nullopt;
+    return choice->path;
+}
+
+bool SaveCommands::write(const std::string &path, Existing existing)
+{
+    const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
+    if (m_ports.file.save(m_ports.document.Text(), path, existing) != Saved::Ok)
+        return false;
+    m_ports.state.unsaved = false;
+    m_ports.keeper.textSaved();
+    m_ports.main.refreshDocumentStatus();
+    return true;
+}
+
+void SaveCommands::removeStaleFiles()
+{
+    m_removePage();
+    if (const auto &folder = m_ports.application.tempFolder; !folder.empty())
+        removeForeignPage(folder + '/' + previewName);
+    m_removeAutosave();
+}
+
+void SaveCommands::removeForeignPage(const std::string &path)
+{
+    const auto stamp = m_ports.files.stamp(path);
+    // A document may have this very name, in whatever way its folder is spelt.
+    const auto saved = m_ports.files.stamp(m_ports.state.currentPath);
+    if (!stamp || m_ports.file.owns(path) || (saved && saved->identity == stamp->identity))
+        return;
+    const auto content = m_ports.files.read(path);
+    if (!content || m_ports.backups.keep(path, *content))
+        m_ports.files.remove(path);
+}
+
+} // namespace kevra

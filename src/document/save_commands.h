@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Save and Save As: which question, which file, and what a saved text makes stale.
+#pragma once
+
+#include "document/command_ports.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace kevra {
+
+class SaveCommands {
+public:
+    explicit SaveCommands(FileCommandPorts ports);
+
+    void save();
+    /// True when the text was written.
+    bool saveAs();
+    void saveAsMenu();
+    /// Save As under another dialog title; name and type proposed are those of `path`.
+    bool saveAs(const std::string &title, const std::string &path);
+    /// Bytes that are not the document, which stays as it is. `path` is where they would have gone.
+    bool saveBytesAs(const std::string &title, const std::string &path, std::string_view bytes);
+
+    /// How the preview page and the autosave file of this run are removed; set by whoever writes them.
+    void onPageStale(std::function<void()> remove) { m_removePage = std::move(remove); }
+    void onAutosaveStale(std::function<void()> remove) { m_removeAutosave = std::move(remove); }
+
+private:
+    [[nodiscard]] bool nothingToSave();
+    [[nodiscard]] std::optional<std::string> chooseTarget(const std::string &title, const std::string &path);
+    [[nodiscard]] bool write(const std::string &path, Existing existing);
+    void removeStaleFiles();
+    void removeForeignPage(const std::string &path);
+
+    FileCommandPorts m_ports;
+    int m_filterIndex = 1;
+    std::function<void()> m_removePage = [] {};
+    std::function<void()> m_removeAutosave = [] {};
+};
+
+} // namespace kevra

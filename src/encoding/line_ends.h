@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Line ends of files against the CRLF of a text in memory.
+#pragma once
+
+#include "encoding/text_format.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra {
+
+struct Line {
+    std::string_view content;
+    std::string_view end; ///< CRLF, LF, CR, or empty for the last line
+
+    friend bool operator==(const Line &, const Line &) = default;
+};
+
+/// One line more than there are line ends; the last one may be empty.
+[[nodiscard]] std::vector<Line> splitLines(std::string_view text);
+[[nodiscard]] LineEnds lineEndsOf(std::string_view text);
+/// `text`, whose line ends are `ends`, with CRLF everywhere.
+[[nodiscard]] std::string toCrLf(std::string_view text, LineEnds ends);
+/// `text` with every line end as `ends` says. Mixed asks for the file it came from: see withLineEndsOf().
+[[nodiscard]] std::string fromCrLf(std::string_view text, LineEnds ends);
+/// `text` with each line's end as it is in `original`, of which `text` is an edited form. A new line gets the
+/// end of the line it took the place of, else the one most lines have.
+[[nodiscard]] std::string withLineEndsOf(std::string_view text, std::string_view original);
+
+} // namespace kevra

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "encoding/text_format.h"
+
+#include "document/file_types.h"
+
+#include <array>
+
+namespace kevra {
+
+TextKind textKind(std::string_view path)
+{
+    const auto type = fileType(path);
+    return type ? type->kind : TextKind::Plain;
+}
+
+std::string encodingName(const TextFormat &format)
+{
+    constexpr std::array names{
+        "Windows-1252", "ISO-8859-1", "ISO-8859-15", "UTF-8", "UTF-16", "UTF-16 big-endian"};
+    std::string name = names[static_cast<std::size_t>(format.encoding)];
+    // A mark is part of every UTF-16 file; only with UTF-8 it is worth a word.
+    if (format.mark && format.encoding == Encoding::Utf8)
+        name += " with mark";
+    return name;
+}
+
+std::string lineEndsName(LineEnds ends)
+{
+    constexpr std::array names{"CRLF", "CRLF", "LF", "CR", "mixed line ends"};
+    return names[static_cast<std::size_t>(ends)];
+}
+
+} // namespace kevra

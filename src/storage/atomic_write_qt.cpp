@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "storage/atomic_write_qt.h"
+
+#include "storage/file_handle_qt.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <dirent.h>
+#include <fcntl.h>
+#include <functional>
+#include <memory>
+#include <sys/xattr.h>
+
+namespace kevra {
+namespace {
+
+/// Names of files on their way, told apart by machine and process so that a leftover can be known as one.
+std::string temporaryPrefix()
+{
+    std::array<char, 256> host{};
+    ::gethostname(host.data(), host.size() - 1);
+    return ".kevra-save-" + std::to_string(std::hash<std::string>{}(host.data()) % 1000000) + '-';
+}
+
+std::string temporaryName()
+{
+    static std::atomic<unsigned> number{0};
+    return temporaryPrefix() + std::to_string(::getpid()) + '-' + std::to_string(++number);
+}
+
+/// A new file that nobody sees before it is complete, and that goes away unless it is put in place.
+class NewFile {
+public:
+    explicit NewFile(int folder)
+        : m_folder(folder)
+        , m_handle(openFile(".", O_TMPFILE | O_WRONLY, 0600, folder))
+    {
+        // Not every file system has nameless files.
+        if (m_handle || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT))
+            return;
+        m_handle = openFile(m_name, O_CREAT | O_EXCL | O_WRONLY, 0600, folder);
+        m_named = static_cast<bool>(m_handle);
+    }
+    ~NewFile()
+    {
+        if (m_named)
+            ::unlinkat(m_folder, m_name.c_str(), 0);
+    }
+    NewFile(const NewFile &) = delete;
+    NewFile &operator=(const NewFile &) = delete;
+
+    [[nodiscard]] int descriptor() const { return m_handle.get(); }
+    explicit operator bool() const { return static_cast<bool>(m_handle); }
+
+    [[nodiscard]] bool putInPlaceOf(const std::string &name)
+    {
+        if (!m_named && link(name))
+            return true;
+        if (!m_named && !(errno == EEXIST && link(m_name)))
+            return false;
+        m_named = true;
+        if (::renameat(m_folder, m_name.c_str(), m_folder, name.c_str()) != 0)
+            return false;
+        m_named = false;
+        return true;
+    }
+
+private:
+    [[nodiscard]] bool link(const std::string &name) const
+    {
+        const auto self = "/proc/self/fd/" + std::to_string(m_handle.get());
+        return ::linkat(AT_FDCWD, self.c_str(), m_folder, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    }
+
+    int m_folder;
+    std::string m_name = temporaryName();
+    FileHandle m_handle;
+    bool m_named = false;
+};
+
+mode_t modeOfNewFiles()
+{
+    // The mask can only be read by setting it, which is better not done while another thread makes files.
+    static const mode_t mask = [] {
+        const auto now = ::umask(022);
+        ::umask(now);
+        return now;
+    }();
+    return 0666 & ~mask;
+}
+
+/// Its group may be another than the original's, and is then told nothing.
+mode_t modeOfCopy(const struct stat *original, int newFile)
+{
+    struct stat fresh { };
+    if (!original)
+        return modeOfNewFiles();
+    const bool sameGroup = ::fstat(newFile, &fresh) == 0 && fresh.st_gid == original->st_gid;
+    return original->st_mode & (sameGroup ? 0777 : 0700);
+}
+
+bool copyAttributes(int from, int to)
+{
+    const auto size = ::flistxattr(from, nullptr, 0);
+    if (size <= 0)
+        return size == 0 || errno == EOPNOTSUPP;
+    std::string names(static_cast<std::size_t>(size), '\0');
+    names.resize(
+        static_cast<std::size_t>(std::max<ssize_t>(0, ::flistxattr(from, names.data(), names.size()))));
+    for (std::size_t at = 0; at < names.size(); at = names.find('\0', at) + 1) {
+        const char *name = names.data() + at;
+        const auto length = ::fgetxattr(from, name, nullptr, 0);
+        std::string value(static_cast<std::size_t>(std::max<ssize_t>(0, length)), '\0');
+        const bool read = length >= 0 && ::fgetxattr(from, name, value.data(), value.size()) == length;
+        const bool copied = read && ::fsetxattr(to, name, value.data(), value.size(), 0) == 0;
+        // Labels of the security system are given to new files by that system.
+        if (!copied && !std::string_view(name).starts_with("security."))
+            return false;
+    }
+    return true;
+}
+
+/// Gives a new file what the old one has beside its bytes.
+bool takeOver(const struct stat &old, int oldFile, int newFile)
+{
+    struct stat fresh { };
+    if (::fstat(newFile, &fresh) != 0)
+        return false;
+    if (fresh.st_gid != old.st_gid && ::fchown(newFile, static_cast<uid_t>(-1), old.st_gid) != 0)
+        return false;
+    return ::fchmod(newFile, old.st_mode & 07777) == 0 && (oldFile < 0 || copyAttributes(oldFile, newFile));
+}
+
+bool isWhole(int descriptor, std::size_t size)
+{
+    struct stat status { };
+    return ::fstat(descriptor, &status) == 0 && static_cast<std::size_t>(status.st_size) == size;
+}
+
+} // namespace
+
+Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original)
+{
+    const auto folder = openFile(folderOf(target), O_RDONLY | O_DIRECTORY);
+    if (!folder)
+        return savedFromErrno();
+    NewFile file(folder.get());
+    if (!file)
+        return savedFromErrno();
+    if (!writeAll(file.descriptor(), bytes, 0))
+        return savedFromErrno();
+
+    struct stat old { };
+    if (::stat(target.c_str(), &old) == 0) {
+        const auto oldFile = openFile(target, O_RDONLY);
+        if (!takeOver(old, oldFile.get(), file.descriptor()))
+            return Saved::Denied;
+    } else if (errno != ENOENT || ::fchmod(file.descriptor(), modeOfCopy(original, file.descriptor())) != 0) {
+        return savedFromErrno();
+    }
+
+    if (!synchronise(file.descriptor()))
+        return savedFromErrno();
+    if (!isWhole(file.descriptor(), bytes.size()))
+        return Saved::Failed;
+    if (!file.putInPlaceOf(nameOf(target)))
+        return savedFromErrno();
+    return synchronise(folder.get()) ? Saved::Ok : savedFromErrno();
+}
+
+void removeLeftovers(const std::string &path)
+{
+    const auto folder = folderOf(path);
+    const std::unique_ptr<DIR, int (*)(DIR *)> listing(::opendir(folder.c_str()), ::closedir);
+    const auto prefix = temporaryPrefix();
+    while (const auto *entry = listing ? ::readdir(listing.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        if (!name.starts_with(prefix))
+            continue;
+        pid_t process = 0;
+        std::from_chars(name.data() + prefix.size(), name.data() + name.size(), process);
+        if (process > 0 && ::kill(process, 0) != 0 && errno == ESRCH)
+            ::unlinkat(::dirfd(listing.get()), entry->d_name, 0);
+    }
+}
+
+} // namespace kevra

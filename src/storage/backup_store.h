@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+/// Keeps, for a time and within bounds, what was replaced or deleted although this program had not written
+/// it.
+class BackupStore {
+public:
+    virtual ~BackupStore() = default;
+    /// `path` is where the bytes lay. False when they could not be kept.
+    virtual bool keep(const std::string &path, std::string_view bytes) = 0;
+};
+
+/// The text in the document against loss. Called by the commands that save it or take it away.
+class TextKeeper {
+public:
+    virtual ~TextKeeper() = default;
+    virtual void textSaved() = 0; ///< the text is on the disk, whole
+    virtual void textGivenUp() = 0; ///< the user said that the text is not wanted
+    /// The text leaves the document and nobody was asked: if it is in no file, it is offered at the next
+    /// start.
+    virtual void documentReplaced() = 0;
+};
+
+} // namespace kevra

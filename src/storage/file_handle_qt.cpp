@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "storage/file_handle_qt.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <fcntl.h>
+
+namespace kevra {
+namespace {
+
+/// The control counts positions in a signed 32-bit number.
+constexpr std::size_t largestFile = std::size_t{1} << 31;
+
+template <typename Call> auto retried(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+} // namespace
+
+FileHandle openFile(const std::string &path, int flags, mode_t mode, int folder)
+{
+    return FileHandle(retried(
+        [&] { return ::openat(folder, path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode); }));
+}
+
+bool writeAll(int descriptor, std::string_view bytes, off_t at)
+{
+    while (!bytes.empty()) {
+        const auto written = retried([&] { return ::pwrite(descriptor, bytes.data(), bytes.size(), at); });
+        if (written <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+        at += written;
+    }
+    return true;
+}
+
+std::optional<std::string> readAll(int descriptor)
+{
+    struct stat status { };
+    if (::fstat(descriptor, &status) != 0 || static_cast<std::size_t>(status.st_size) >= largestFile)
+        return std::nullopt;
+    // One byte more than the size, so that the read that finds the end needs no room of its own.
+    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
+    std::size_t filled = 0;
+    for (;;) {
+        const auto got
+            = retried([&] { return ::read(descriptor, bytes.data() + filled, bytes.size() - filled); });
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
+            break;
+        filled += static_cast<std::size_t>(got);
+        if (filled >= largestFile)
+            return std::nullopt;
+        if (filled == bytes.size())
+            bytes.resize(filled * 2);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+bool synchronise(int descriptor)
+{
+    if (retried([&] { return ::fsync(descriptor); }) == 0)
+        return true;
+    return errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP || errno == EROFS;
+}
+
+Saved savedFromErrno()
+{
+    switch (errno) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return Saved::DiskFull;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return Saved::Denied;
+    default:
+        return Saved::Failed;
+    }
+}
+
+std::string linkTarget(const std::string &path)
+{
+    constexpr int mostLinks = 40;
+    std::string target = path;
+    for (int i = 0; i < mostLinks; ++i) {
+        std::array<char, PATH_MAX> link{};
+        const auto length = ::readlink(target.c_str(), link.data(), link.size());
+        if (length < 0)
+            return target;
+        const std::string next(link.data(), static_cast<std::size_t>(length));
+        target = next.starts_with('/') ? next : folderOf(target) + '/' + next;
+    }
+    return {};
+}
+
+std::string folderOf(const std::string &path)
+{
+    const auto at = path.rfind('/');
+    return at == std::string::npos ? "." : path.substr(0, at + 1);
+}
+
+std::string nameOf(const std::string &path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+} // namespace kevra

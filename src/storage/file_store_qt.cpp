@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "storage/file_store_qt.h"
+
+#include "storage/atomic_write_qt.h"
+#include "storage/file_handle_qt.h"
+#include "storage/in_place_write_qt.h"
+#include "storage/native_path_qt.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+
+namespace kevra {
+namespace {
+
+std::optional<struct stat> statusOf(const std::string &path)
+{
+    struct stat status { };
+    return ::stat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
+}
+
+bool isWritable(const std::string &path)
+{
+    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+/// A new file in its place would cut the other names off, or change the owner.
+bool mustStaySameFile(const struct stat &status)
+{
+    return status.st_nlink > 1 || status.st_uid != ::geteuid();
+}
+
+} // namespace
+
+FileStoreQt::FileStoreQt(std::string stateFolder)
+    : m_stateFolder(std::move(stateFolder))
+{
+}
+
+bool FileStoreQt::fileExists(const std::string &path) const
+{
+    const auto status = statusOf(nativePath(path));
+    return status && S_ISREG(status->st_mode);
+}
+
+bool FileStoreQt::folderExists(const std::string &path) const
+{
+    const auto status = statusOf(nativePath(path));
+    return status && S_ISDIR(status->st_mode);
+}
+
+std::optional<FileStamp> FileStoreQt::stamp(const std::string &path) const
+{
+    const auto status = statusOf(nativePath(path));
+    if (!status || !S_ISREG(status->st_mode))
+        return std::nullopt;
+    return FileStamp{std::int64_t{status->st_mtim.tv_sec} * 1'000'000'000 + status->st_mtim.tv_nsec,
+        status->st_size, status->st_ino};
+}
+
+std::optional<std::string> FileStoreQt::read(const std::string &path) const
+{
+    const auto file = openFile(nativePath(path), O_RDONLY);
+    struct stat status { };
+    if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return readAll(file.get());
+}
+
+Saved FileStoreQt::write(const std::string &path, std::string_view bytes)
+{
+    const auto target = linkTarget(nativePath(path));
+    if (target.empty() || target.ends_with('/'))
+        return Saved::Failed;
+    const auto status = statusOf(target);
+    if (!status && errno != ENOENT)
+        return savedFromErrno();
+    if (status && !S_ISREG(status->st_mode))
+        return Saved::NotAFile;
+    if (status && !isWritable(target))
+        return Saved::Denied;
+    if (status && mustStaySameFile(*status))
+        return writeInPlace(target, bytes, m_stateFolder);
+
+    // Once: in a folder of thousands of files, looking through it at each of them takes longer than writing.
+    if (m_swept.insert(folderOf(target)).second)
+        removeLeftovers(target);
+    const auto saved = writeAtomically(target, bytes);
+    return saved == Saved::Denied && status ? writeInPlace(target, bytes, m_stateFolder) : saved;
+}
+
+Saved FileStoreQt::replace(const std::string &path, std::string_view bytes)
+{
+    const auto target = linkTarget(nativePath(path));
+    const auto status = statusOf(target);
+    if (!status || !S_ISREG(status->st_mode) || isWritable(target))
+        return write(path, bytes);
+    if (::chmod(target.c_str(), (status->st_mode & 07777) | S_IWUSR) != 0)
+        return savedFromErrno();
+    const auto saved = write(path, bytes);
+    if (saved != Saved::Ok)
+        ::chmod(target.c_str(), status->st_mode & 07777);
+    return saved;
+}
+
+Saved FileStoreQt::writeCopy(const std::string &original, const std::string &path, std::string_view bytes)
+{
+    const auto status = statusOf(nativePath(original));
+    if (!status)
+        return savedFromErrno();
+    return writeAtomically(nativePath(path), bytes, &*status);
+}
+
+bool FileStoreQt::remove(const std::string &path)
+{
+    const auto native = nativePath(path);
+    struct stat status { };
+    if (::lstat(native.c_str(), &status) != 0)
+        return errno == ENOENT;
+    if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode))
+        return false;
+    return ::unlink(native.c_str()) == 0 || errno == ENOENT;
+}
+
+bool FileStoreQt::rename(const std::string &from, const std::string &to)
+{
+    const auto source = nativePath(from);
+    const auto target = nativePath(to);
+    if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
+        return true;
+    // Some network file systems do not know the flag.
+    struct stat status { };
+    if (errno != EINVAL || ::lstat(target.c_str(), &status) == 0)
+        return false;
+    return ::rename(source.c_str(), target.c_str()) == 0;
+}
+
+} // namespace kevra

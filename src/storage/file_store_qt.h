@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The files of this machine. write() is the only code that writes a user's file.
+#pragma once
+
+#include "storage/file_store.h"
+
+#include <set>
+
+namespace kevra {
+
+class FileStoreQt : public FileStore {
+public:
+    /// `stateFolder` keeps copies while a file is written in place.
+    explicit FileStoreQt(std::string stateFolder);
+
+    [[nodiscard]] bool fileExists(const std::string &path) const override;
+    [[nodiscard]] bool folderExists(const std::string &path) const override;
+    [[nodiscard]] std::optional<FileStamp> stamp(const std::string &path) const override;
+    [[nodiscard]] std::optional<std::string> read(const std::string &path) const override;
+    [[nodiscard]] Saved write(const std::string &path, std::string_view bytes) override;
+    [[nodiscard]] Saved replace(const std::string &path, std::string_view bytes) override;
+    [[nodiscard]] Saved writeCopy(
+        const std::string &original, const std::string &path, std::string_view bytes) override;
+    bool remove(const std::string &path) override;
+    [[nodiscard]] bool rename(const std::string &from, const std::string &to) override;
+    /// File systems here know no hidden attribute.
+    void setHidden(const std::string &, bool) override { }
+
+private:
+    std::string m_stateFolder;
+    std::set<std::string> m_swept; ///< folders without what a killed save has left
+};
+
+} // namespace kevra

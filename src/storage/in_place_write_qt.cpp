@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "storage/in_place_write_qt.h"
+
+#include "storage/atomic_write_qt.h"
+#include "storage/checksummed_record.h"
+#include "storage/file_handle_qt.h"
+
+#include <algorithm>
+#include <atomic>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <memory>
+#include <sys/file.h>
+#include <vector>
+
+namespace kevra {
+namespace {
+
+constexpr std::string_view copyPrefix = "in-place-";
+
+struct Change {
+    std::string_view before;
+    std::string_view after;
+};
+
+/// New space first: when the disk is full nothing of the old file has been touched.
+bool overwrite(int file, const Change &change)
+{
+    const auto common = std::min(change.before.size(), change.after.size());
+    return writeAll(file, change.after.substr(common), static_cast<off_t>(common))
+        && writeAll(file, change.after.substr(0, common), 0)
+        && ::ftruncate(file, static_cast<off_t>(change.after.size())) == 0 && synchronise(file);
+}
+
+/// Best effort: the space is there, so only a broken disk can stop it, and then the copy remains.
+bool putBack(int file, const Change &change)
+{
+    return writeAll(file, change.before, 0)
+        && ::ftruncate(file, static_cast<off_t>(change.before.size())) == 0 && synchronise(file);
+}
+
+/// Whether these bytes can be the change broken off midway.
+bool isTorn(std::string_view bytes, const Change &change)
+{
+    const auto &[before, after] = change;
+    if (bytes.size() < std::min(before.size(), after.size())
+        || bytes.size() > std::max(before.size(), after.size()))
+        return false;
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        if ((i >= before.size() || bytes[i] != before[i]) && (i >= after.size() || bytes[i] != after[i]))
+            return false;
+    return true;
+}
+
+FileHandle openRegular(const std::string &path, int flags)
+{
+    auto file = openFile(path, flags);
+    struct stat status { };
+    if (file && (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)))
+        return {};
+    return file;
+}
+
+void complete(const std::string &copy)
+{
+    const auto handle = openRegular(copy, O_RDWR);
+    if (!handle || ::flock(handle.get(), LOCK_EX | LOCK_NB) != 0)
+        return;
+    const auto bytes = readAll(handle.get());
+    const auto fields = bytes ? unsealed(*bytes) : std::nullopt;
+    // A copy that is itself incomplete was never acted on.
+    if (fields && fields->size() == 3) {
+        const Change change{(*fields)[1], (*fields)[2]};
+        const auto file = openRegular((*fields)[0], O_RDWR);
+        const auto now = file ? readAll(file.get()) : std::nullopt;
+        if (now && *now != change.before && *now != change.after && isTorn(*now, change)
+            && !overwrite(file.get(), change))
+            return;
+    }
+    ::unlink(copy.c_str());
+}
+
+std::string copyPath(const std::string &stateFolder)
+{
+    static std::atomic<unsigned> number{0};
+    return stateFolder + '/' + std::string(copyPrefix) + std::to_string(::getpid()) + '-'
+        + std::to_string(++number);
+}
+
+} // namespace
+
+Saved writeInPlace(const std::string &target, std::string_view bytes, const std::string &stateFolder)
+{
+    const auto file = openRegular(target, O_RDWR);
+    if (!file)
+        return savedFromErrno();
+    const auto before = readAll(file.get());
+    if (!before)
+        return Saved::Failed;
+    const Change change{*before, bytes};
+
+    std::error_code error;
+    std::filesystem::create_directories(stateFolder, error);
+    const auto copy = copyPath(stateFolder);
+    if (const auto kept = writeAtomically(copy, withChecksum({target, *before, bytes})); kept != Saved::Ok)
+        return kept;
+    // Another program that starts now may have taken the copy for a leftover.
+    const auto lock = openRegular(copy, O_RDONLY);
+    struct stat status { };
+    if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 || ::fstat(lock.get(), &status) != 0
+        || status.st_nlink == 0)
+        return Saved::Failed;
+    if (!overwrite(file.get(), change)) {
+        const auto outcome = savedFromErrno();
+        if (putBack(file.get(), change))
+            ::unlink(copy.c_str());
+        return outcome;
+    }
+    ::unlink(copy.c_str());
+    return Saved::Ok;
+}
+
+void completeTornWrites(const std::string &stateFolder)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> listing(::opendir(stateFolder.c_str()), ::closedir);
+    std::vector<std::string> copies;
+    while (const auto *entry = listing ? ::readdir(listing.get()) : nullptr)
+        if (std::string_view(entry->d_name).starts_with(copyPrefix))
+            copies.push_back(stateFolder + '/' + entry->d_name);
+    std::ranges::for_each(copies, complete);
+}
+
+} // namespace kevra

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "text/nearby.h"
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+constexpr Offset firstStep = 1024;
+constexpr Offset longestStep = 1 << 20;
+
+} // namespace
+
+Offset firstOf(const EditorSurface &document, std::string_view bytes, Offset from)
+{
+    const auto length = document.Length();
+    for (auto step = firstStep; from < length; step = std::min(2 * step, longestStep)) {
+        auto part = document.Text({from, std::min(from + step, length)});
+        const auto partLength = static_cast<Offset>(part.size());
+        for (const char byte : bytes)
+            part = part.substr(0, part.find(byte));
+        if (static_cast<Offset>(part.size()) < partLength)
+            return from + static_cast<Offset>(part.size());
+        from += partLength;
+    }
+    return -1;
+}
+
+Offset lastOf(const EditorSurface &document, char byte, Offset end, Offset start)
+{
+    for (auto step = firstStep; end > start; step = std::min(2 * step, longestStep)) {
+        const auto from = std::max(start, end - step);
+        const auto at = document.Text({from, end}).rfind(byte);
+        if (at != std::string_view::npos)
+            return from + static_cast<Offset>(at);
+        end = from;
+    }
+    return -1;
+}
+
+Offset lineStart(const EditorSurface &document, Offset position)
+{
+    return lastOf(document, '\n', position) + 1;
+}
+
+} // namespace kevra

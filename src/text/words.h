@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What counts as a word: letters of any alphabet, digits and the underscore, in UTF-8 text.
+#pragma once
+
+#include "text/types.h"
+
+#include <string_view>
+
+namespace kevra {
+
+[[nodiscard]] bool isWordCharacter(char32_t character);
+/// The same of one byte of a text; no byte of a character beyond ASCII is one.
+[[nodiscard]] constexpr bool isAsciiWord(char byte)
+{
+    const auto small = static_cast<unsigned char>(byte | 0x20);
+    return (small >= 'a' && small <= 'z') || (byte >= '0' && byte <= '9') || byte == '_';
+}
+
+/// True when the character that ends right before `position` belongs to a word.
+[[nodiscard]] bool wordBefore(std::string_view text, Offset position);
+/// True when the character that starts at `position` belongs to a word.
+[[nodiscard]] bool wordAt(std::string_view text, Offset position);
+
+/// The number of characters in `text`; a line break of two bytes counts two.
+[[nodiscard]] Offset characterCount(std::string_view text);
+
+/// The bytes of the character that starts at `position`, which is inside the text.
+[[nodiscard]] Offset characterLength(std::string_view text, Offset position);
+/// Where the character that ends right before `position` starts; 0 at the start of the text.
+[[nodiscard]] Offset characterBefore(std::string_view text, Offset position);
+
+/// `byte` with A to Z made small; every other byte as it is.
+[[nodiscard]] constexpr char lowerAscii(char byte)
+{
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+} // namespace kevra

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/recovery_offer.h"
+#include "fakes/document_fixture.h"
+#include "storage/backup_bounds.h"
+#include "storage/checksummed_record.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+class FakeRecordStore : public RecordStore {
+public:
+    void writeRecord(TextSnapshot snapshot) override { record = recordBytes(snapshot); }
+    void writeCrashRecord(const TextSnapshot &snapshot) override { record = recordBytes(snapshot); }
+    void removeRecord() override { record.clear(); }
+    void setRecordAside() override { aside.push_back(std::exchange(record, {})); }
+    void writeAutosave(TextSnapshot snapshot) override { autosaved.push_back(fileBytes(snapshot)); }
+    void finish() override { }
+
+    [[nodiscard]] std::string text() const
+    {
+        const auto read = readRecord(record);
+        return read ? read->bytes : "(none)";
+    }
+
+    std::string record;
+    std::vector<std::string> aside;
+    std::vector<std::string> autosaved;
+};
+
+/// A document of which "/site/page.htm" holds "old".
+struct JournalFixture : DocumentFixture {
+    JournalFixture()
+    {
+        files.files["/site/page.htm"] = "old";
+        auto opened = file.read("/site/page.htm");
+        document.LoadText(opened->decoded.text);
+        file.take(std::move(*opened));
+        state.currentPath = "/site/page.htm";
+    }
+    void type(std::string_view text)
+    {
+        document.Replace({0, document.Length()}, text);
+        journal.textChanged();
+    }
+
+    FakeRecordStore store;
+    RecoveryJournal journal{document, state, application, file, store};
+};
+
+TEST(RecoveryJournal, KeepsWhatTheFileDoesNotHold)
+{
+    JournalFixture fixture;
+    fixture.journal.writeDown();
+    EXPECT_EQ(fixture.store.text(), "(none)");
+    fixture.type("first");
+    fixture.journal.writeDown();
+    EXPECT_EQ(fixture.store.text(), "first");
+    fixture.type("second");
+    EXPECT_EQ(fixture.store.text(), "first");
+    fixture.journal.writeDown();
+    EXPECT_EQ(fixture.store.text(), "second");
+    fixture.type("old"); // back to what is on disk
+    fixture.journal.writeDown();
+    EXPECT_EQ(fixture.store.text(), "(none)");
+}
+
+TEST(RecoveryJournal, EveryWayOutOfTheDocument)
+{
+    struct {
+        const char *name;
+        std::string typed;
+        void (*way)(JournalFixture &);
+        std::size_t kept;
+    } const cases[] = {
+        {"nobody asked", "new", [](JournalFixture &d) { d.journal.documentReplaced(); }, 1},
+        {"nothing was typed", "old", [](JournalFixture &d) { d.journal.documentReplaced(); }, 0},
+        {"emptied without a question", "",
+            [](JournalFixture &d) {
+                d.type("work");
+                d.journal.writeDown();
+                d.type("");
+                d.journal.documentReplaced();
+            },
+            1},
+        {"given up", "new",
+            [](JournalFixture &d) {
+                d.journal.textGivenUp();
+                d.journal.documentReplaced();
+            },
+            0},
+        {"given up, but typed on", "new",
+            [](JournalFixture &d) {
+                d.journal.textGivenUp();
+                d.type("more");
+                d.journal.documentReplaced();
+            },
+            1},
+        {"saved", "new",
+            [](JournalFixture &d) {
+                std::ignore = d.file.save(d.document.Text(), "/site/page.htm", Existing::KeepReadOnly);
+                d.journal.textSaved();
+                d.journal.documentReplaced();
+            },
+            0},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        JournalFixture fixture;
+        fixture.type(c.typed);
+        fixture.journal.writeDown();
+        c.way(fixture);
+        EXPECT_EQ(fixture.store.aside.size(), c.kept);
+        EXPECT_EQ(fixture.store.text(), "(none)");
+    }
+}
+
+TEST(RecoveryJournal, AutosavesWhenOnAndChanged)
+{
+    JournalFixture fixture;
+    fixture.type("one");
+    fixture.journal.autosave();
+    EXPECT_TRUE(fixture.store.autosaved.empty());
+    fixture.application.autosaveOn = true;
+    fixture.journal.autosave();
+    fixture.journal.autosave();
+    EXPECT_EQ(fixture.store.autosaved, std::vector<std::string>{"one"});
+    EXPECT_TRUE(fixture.application.autosaveWritten);
+    fixture.type("");
+    fixture.journal.autosave();
+    EXPECT_EQ(fixture.store.autosaved.size(), 1U);
+}
+
+class FakeLeftTexts : public RecoverableTexts {
+public:
+    std::vector<std::string> list() override
+    {
+        std::vector<std::string> names;
+        for (const auto &[name, record] : texts)
+            names.push_back(name);
+        return names;
+    }
+    std::optional<RecoveryRecord> open(const std::string &text) override { return texts.at(text); }
+    void removeSaved(const std::string &text) override { texts.erase(text); }
+    void discard(const std::string &text) override
+    {
+        discarded.push_back(text);
+        texts.erase(text);
+    }
+
+    std::map<std::string, std::optional<RecoveryRecord>> texts;
+    std::vector<std::string> discarded;
+};
+
+class FakeReviewView : public ReviewView {
+public:
+    void showReview(const std::string &) override { shown = true; }
+    void endReview() override { shown = false; }
+
+    bool shown = false;
+};
+
+struct OfferFixture : JournalFixture {
+    OfferFixture()
+    {
+        left.texts["1"]
+            = RecoveryRecord{"/site/lost.htm", "lost\n", {Encoding::Windows1252, false, LineEnds::Lf, {}}};
+    }
+
+    DocumentColouring colouring{document, state};
+    SaveCommands saving{ports()};
+    OpenCommands opening{ports(), saving, colouring};
+    FakeLeftTexts left;
+    FakeReviewView view;
+    RecoveryOffer offer{ports(), saving, opening, journal, left, view};
+};
+
+using enum Answer;
+
+TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
+{
+    struct {
+        const char *name;
+        void (*decide)(OfferFixture &);
+        bool left;
+        std::string saved;
+        bool reviewing;
+    } const cases[] = {
+        {"saved", [](OfferFixture &d) { d.offer.saveReviewed(); }, false, "lost\n", false},
+        {"saving failed",
+            [](OfferFixture &d) {
+                d.files.refused["/site/kept.htm"] = Saved::DiskFull;
+                d.offer.saveReviewed();
+            },
+            true, "", true},
+        {"discarded", [](OfferFixture &d) { d.offer.discardReviewed(); }, false, "", false},
+        {"later", [](OfferFixture &d) { d.offer.leaveReviewed(); }, true, "", false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        OfferFixture fixture;
+        fixture.messages.answers = {Yes, Yes};
+        fixture.offer.offer();
+        ASSERT_TRUE(fixture.offer.reviewing());
+        EXPECT_FALSE(fixture.state.unsaved);
+        fixture.dialogs.choices.emplace_back("/site/kept.htm");
+        c.decide(fixture);
+        EXPECT_EQ(fixture.left.texts.contains("1"), c.left);
+        EXPECT_EQ(fixture.files.files["/site/kept.htm"], c.saved);
+        EXPECT_EQ(fixture.offer.reviewing(), c.reviewing);
+        for (const auto &request : fixture.dialogs.saveRequests)
+            EXPECT_EQ(request.proposedName, "lost.htm");
+        EXPECT_EQ(fixture.document.Text(), c.reviewing ? "lost\r\n" : "old");
+        EXPECT_EQ(fixture.state.currentPath, c.reviewing ? "" : "/site/page.htm");
+    }
+}
+
+TEST(RecoveryOffer, SeveralTextsOneAfterTheOther)
+{
+    OfferFixture fixture;
+    fixture.left.texts["2"] = std::nullopt; // damaged
+    fixture.left.texts["3"] = RecoveryRecord{"/site/page.htm", "old", {}}; // on the disk after all
+    fixture.left.texts["4"] = RecoveryRecord{{}, "untitled", {}};
+    fixture.messages.answers = {Yes, Yes, No};
+    fixture.offer.offer();
+    EXPECT_EQ(fixture.messages.shown.size(), 2U);
+    fixture.offer.leaveReviewed();
+    EXPECT_EQ(fixture.messages.shown.size(), 3U);
+    EXPECT_EQ(fixture.left.discarded, std::vector<std::string>{"4"});
+    EXPECT_TRUE(fixture.left.texts.contains("1"));
+    EXPECT_FALSE(fixture.left.texts.contains("3"));
+}
+
+TEST(SealedRecord, KnowsDamage)
+{
+    const auto record = withChecksum({"/site/page.htm", "", std::string(1000, 'x')});
+    ASSERT_TRUE(unsealed(record));
+    for (std::size_t length = 0; length < record.size(); ++length)
+        ASSERT_FALSE(unsealed(record.substr(0, length))) << length;
+    for (std::size_t at = 0; at < record.size(); ++at) {
+        auto flipped = record;
+        flipped[at] = static_cast<char>(flipped[at] ^ 1);
+        ASSERT_FALSE(unsealed(flipped)) << at;
+    }
+}
+
+TEST(Backups, StayWithinTheirBounds)
+{
+    constexpr std::int64_t day = 24 * 60 * 60;
+    constexpr std::int64_t now = 1000 * day;
+    std::vector<KeptVersion> versions;
+    for (int i = 0; i < 25; ++i)
+        versions.push_back({"page" + std::to_string(i), "page", now - i, 10});
+    versions.push_back({"old", "notes", now - 31 * day, 10});
+    versions.push_back({"recent", "notes", now - 29 * day, 10});
+    auto gone = beyondBounds(versions, now);
+    std::ranges::sort(gone);
+    EXPECT_EQ(gone, (std::vector<std::string>{"old", "page20", "page21", "page22", "page23", "page24"}));
+
+    EXPECT_EQ(beyondBounds({{"a", "a", 3, 150'000'000}, {"b", "b", 2, 60'000'000}, {"c", "c", 1, 1}}, 4),
+        (std::vector<std::string>{"b", "c"}));
+}
+
+} // namespace
+} // namespace kevra

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A document with everything its file commands work with, in memory.
+#pragma once
+
+#include "document/command_ports.h"
+#include "editor/memory_surface.h"
+#include "fakes/dialogs.h"
+#include "fakes/files.h"
+#include "fakes/messages.h"
+#include "fakes/views.h"
+
+namespace kevra {
+
+class FakeBackupStore : public BackupStore {
+public:
+    bool keep(const std::string &path, std::string_view bytes) override
+    {
+        if (broken)
+            return false;
+        kept[path] = bytes;
+        return true;
+    }
+
+    std::map<std::string, std::string> kept;
+    bool broken = false;
+};
+
+class FakeTextKeeper : public TextKeeper {
+public:
+    void textSaved() override { calls.emplace_back("saved"); }
+    void textGivenUp() override { calls.emplace_back("given up"); }
+    void documentReplaced() override { calls.emplace_back("leaves"); }
+
+    std::vector<std::string> calls;
+};
+
+struct DocumentFixture {
+    explicit DocumentFixture(std::string_view text = {})
+        : document(text)
+    {
+    }
+
+    [[nodiscard]] FileCommandPorts ports()
+    {
+        return {document, state, application, files, file, keeper, backups, dialogs, messages, main, tools};
+    }
+
+    MemorySurface document;
+    DocumentState state;
+    ApplicationState application;
+    FakeFileStore files;
+    FakeBackupStore backups;
+    DocumentFile file{files, backups};
+    FakeTextKeeper keeper;
+    FakeFileDialogs dialogs;
+    FakeMessages messages;
+    FakeMainView main;
+    FakeToolView tools;
+};
+
+} // namespace kevra

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "editor/memory_surface.h"
+#include "fakes/desktop.h"
+#include "fakes/dialogs.h"
+#include "fakes/files.h"
+#include "fakes/messages.h"
+#include "fakes/processes.h"
+#include "fakes/shell.h"
+#include "settings/setting_access.h"
+#include "settings/settings_commands.h"
+
+namespace kevra {
+
+class FakeSettingsEffects : public SettingsEffects {
+public:
+    void colourForTools() override { done.emplace_back("colour"); }
+    void removeColours() override { done.emplace_back("remove colours"); }
+    void reapplyFont() override { done.emplace_back("font"); }
+
+    std::vector<std::string> done;
+};
+
+/// The settings with everything around them in memory; at first nothing was ever stored.
+struct SettingsFixture {
+    SettingsFixture() { load(); }
+
+    /// What a start of the program reads.
+    void load()
+    {
+        using Load = void (StoredSettings::*)();
+        for (const Load part : {&StoredSettings::loadTempFolder, &StoredSettings::loadExternalProgram,
+                 &StoredSettings::loadFonts, &StoredSettings::loadEditorGeometry,
+                 &StoredSettings::loadPanelType, &StoredSettings::loadCodeColour,
+                 &StoredSettings::loadPadGeometry, &StoredSettings::loadComments,
+                 &StoredSettings::loadLineDebug, &StoredSettings::loadIfCheck, &StoredSettings::loadAutosave,
+                 &StoredSettings::loadFsoMenu})
+            (settings.*part)();
+    }
+
+    [[nodiscard]] std::string stored(const SettingKey &key) const { return readSetting(store, key); }
+
+    FakeSettingsStore store;
+    DocumentState document;
+    ApplicationState application;
+    OptionsShown options;
+    FakeShell views;
+    StoredSettings settings{store, document, application, options, views};
+    MemorySurface text{"<B>"};
+    FakeSettingsEffects effects;
+    FakeFileStore files;
+    FakeMessages messages;
+    FakeFileDialogs fileDialogs;
+    FakeColourDialog colourDialog;
+    FakeProcessStart processes;
+    ExternalProgram program{{application, store, files, processes, views.toolView, messages}};
+    SettingsCommands commands{{store, document, application, options, views, text, effects, files, messages,
+        fileDialogs, colourDialog, program}};
+};
+
+} // namespace kevra

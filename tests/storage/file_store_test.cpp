@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "storage/atomic_write_qt.h"
+#include "storage/checksummed_record.h"
+#include "storage/file_store_qt.h"
+#include "storage/in_place_write_qt.h"
+
+#include <gtest/gtest.h>
+
+#include <QtCore/QTemporaryDir>
+#include <filesystem>
+#include <fstream>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+namespace kevra {
+namespace {
+
+class FileStoreOnDisk : public testing::Test {
+protected:
+    FileStoreOnDisk() { fs::create_directory(state); }
+    /// Qt cannot remove names that are no UTF-8.
+    ~FileStoreOnDisk() override { fs::remove_all(root); }
+
+    std::string path(const std::string &name) const { return root + "/" + name; }
+    std::string put(const std::string &name, const std::string &bytes) const
+    {
+        std::ofstream(path(name), std::ios::binary) << bytes;
+        return path(name);
+    }
+    /// The names in the folder, so that a stray file is seen.
+    std::size_t count() const
+    {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(root), {}))
+            + static_cast<std::size_t>(std::distance(fs::directory_iterator(state), {}));
+    }
+
+    QTemporaryDir folder;
+    std::string root = folder.path().toStdString();
+    std::string state = root + "/state";
+    FileStoreQt store{state};
+};
+
+TEST_F(FileStoreOnDisk, WritesUnderTheLongestNameAndThroughALinkThatLeadsNowhere)
+{
+    const auto longest = path(std::string(251, 'n').append(".htm"));
+    const auto before = count();
+    for (const auto &bytes : {"first"s, ""s, "a\0b"s}) {
+        EXPECT_EQ(store.write(longest, bytes), Saved::Ok);
+        EXPECT_EQ(store.read(longest), bytes);
+    }
+    EXPECT_EQ(count(), before + 1);
+    EXPECT_EQ(store.write(longest + "n", "x"), Saved::Failed);
+    EXPECT_EQ(store.write(path("no/such/folder.htm"), "x"), Saved::Failed);
+
+    ::symlink("later.htm", path("dangling.htm").c_str());
+    EXPECT_EQ(store.write(path("dangling.htm"), "new"), Saved::Ok);
+    EXPECT_TRUE(fs::is_symlink(path("dangling.htm")));
+    EXPECT_EQ(store.read(path("later.htm")), "new");
+}
+
+TEST_F(FileStoreOnDisk, KeepsLinksModeAndAttributes)
+{
+    const auto file = put("real.htm", "old");
+    ::chmod(file.c_str(), 0640);
+    const bool attributes = ::setxattr(file.c_str(), "user.note", "kept", 4, 0) == 0;
+    ::symlink("real.htm", path("link.htm").c_str());
+    EXPECT_EQ(store.write(path("link.htm"), "new"), Saved::Ok);
+    EXPECT_TRUE(fs::is_symlink(path("link.htm")));
+    EXPECT_EQ(store.read(file), "new");
+    EXPECT_EQ(static_cast<unsigned>(fs::status(file).permissions()), 0640U);
+    char note[4] = {};
+    EXPECT_EQ(::getxattr(file.c_str(), "user.note", note, 4), attributes ? 4 : -1);
+}
+
+TEST_F(FileStoreOnDisk, WritesInPlaceWhatHasMoreThanOneName)
+{
+    for (const auto &bytes : {"longer than before"s, "x"s, ""s}) {
+        const auto file = put("one.htm", "old bytes");
+        fs::create_hard_link(file, path("two.htm"));
+        const auto before = count();
+        EXPECT_EQ(store.write(file, bytes), Saved::Ok);
+        EXPECT_EQ(store.read(path("two.htm")), bytes);
+        EXPECT_EQ(fs::hard_link_count(file), 2U);
+        EXPECT_EQ(count(), before);
+        fs::remove(path("two.htm"));
+    }
+}
+
+TEST_F(FileStoreOnDisk, RefusesWhatIsNoFile)
+{
+    fs::create_directory(path("folder.htm"));
+    ::mkfifo(path("fifo.htm").c_str(), 0600);
+    ::symlink("circle.htm", path("circle.htm").c_str());
+    for (const auto &[refused, outcome] : {std::pair(path("folder.htm"), Saved::NotAFile),
+             {path("fifo.htm"), Saved::NotAFile}, {path("circle.htm"), Saved::Failed},
+             {"/dev/null", Saved::NotAFile}, {"", Saved::Failed}, {root + "/", Saved::Failed}}) {
+        SCOPED_TRACE(refused);
+        EXPECT_EQ(store.write(refused, "x"), outcome);
+        EXPECT_EQ(store.replace(refused, "x"), outcome);
+        EXPECT_EQ(store.read(refused), std::nullopt);
+    }
+    EXPECT_FALSE(store.remove(path("folder.htm")));
+    EXPECT_TRUE(store.remove(path("missing.htm")));
+}
+
+TEST_F(FileStoreOnDisk, StampTellsEveryWrite)
+{
+    const auto file = path("page.htm");
+    EXPECT_EQ(store.stamp(file), std::nullopt);
+    std::ignore = store.write(file, "same");
+    const auto first = store.stamp(file);
+    std::ignore = store.write(file, "same");
+    EXPECT_NE(store.stamp(file), first);
+}
+
+TEST_F(FileStoreOnDisk, RenamesAndReplacesNothing)
+{
+    const auto theirs = put("theirs", "theirs");
+    ::chmod(theirs.c_str(), 0400);
+    const auto stamp = store.stamp(theirs);
+    put("taken", "taken");
+    ::symlink("nowhere", path("link").c_str());
+    EXPECT_FALSE(store.rename(theirs, path("taken")));
+    EXPECT_FALSE(store.rename(theirs, path("link"))) << "a link that leads nowhere is somebody's too";
+    EXPECT_FALSE(store.rename(path("missing"), path("free")));
+    EXPECT_EQ(store.read(path("taken")), "taken");
+    EXPECT_TRUE(store.rename(theirs, path("free")));
+    EXPECT_EQ(store.stamp(path("free")), stamp) << "it is the same file";
+}
+
+TEST_F(FileStoreOnDisk, CompletesATornWriteButNotAFileChangedSince)
+{
+    const std::string before = "the old text";
+    const std::string after = "NEW TEXT, AND LONGER";
+    const struct {
+        const char *name;
+        std::string now;
+        std::string afterwards;
+    } cases[] = {
+        {"torn: new beginning, old end", after.substr(0, 4) + before.substr(4), after},
+        {"torn: new end written first", before + after.substr(before.size()), after},
+        {"not begun", before, before},
+        {"done", after, after},
+        {"somebody else's", "something else", "something else"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto file = put("page.htm", c.now);
+        put("state/in-place-1", withChecksum({file, before, after}));
+        put("state/in-place-2", withChecksum({file, before, after}).substr(0, 40));
+        completeTornWrites(state);
+        EXPECT_EQ(store.read(file), c.afterwards);
+        EXPECT_TRUE(fs::is_empty(state));
+    }
+}
+
+TEST_F(FileStoreOnDisk, RemovesWhatAKilledSaveLeft)
+{
+    std::ignore = store.write(path("page.htm"), "x");
+    put(".kevra-save-0-1-1", "another machine's");
+    put(".kevra-saved-by-a-user", "kept");
+    removeLeftovers(path("page.htm"));
+    EXPECT_TRUE(fs::exists(path(".kevra-save-0-1-1")));
+    EXPECT_TRUE(fs::exists(path(".kevra-saved-by-a-user")));
+}
+
+} // namespace
+} // namespace kevra
