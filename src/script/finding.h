@@ -2,8 +2,8 @@
 // What the analysis says about a script: where, what, why, and the edits that would put it right.
 #pragma once
 
-#include "text/types.h"
 #include "script/rules.h"
+#include "text/types.h"
 
 #include <string>
 #include <vector>

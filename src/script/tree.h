@@ -3,9 +3,9 @@
 // A tree is at most maxTreeDepth deep, so that a recursive walk is safe.
 #pragma once
 
-#include "text/types.h"
 #include "script/finding.h"
 #include "script/names.h"
+#include "text/types.h"
 
 #include <cstdint>
 #include <string_view>
