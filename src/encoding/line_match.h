@@ -10,7 +10,7 @@
 namespace kevra {
 
 /// For each line of `after`: the line of `before` that it is, or whose place it took. Unedited lines keep
-/// theirs. The cost grows with the length of the texts, and with the square of the edits up to a bound.
+/// theirs.
 [[nodiscard]] std::vector<std::optional<std::size_t>> matchLines(
     const std::vector<std::string_view> &before, const std::vector<std::string_view> &after);
 
