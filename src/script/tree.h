@@ -63,7 +63,6 @@ enum class NodeKind : std::uint8_t {
     CallStatement, ///< callee, (Expression or Omitted)*; flags WithCall. See calleeOf() about f (a).
     Output, ///< expression of <%= %>
     ReDim, ///< Apply+ (array, bounds); flags Preserve
-    Erase, ///< Expression+
     If, ///< IfBranch+, ElseBranch if there is one; flags SingleLine
     IfBranch, ///< condition, Block: If or ElseIf
     ElseBranch, ///< Block

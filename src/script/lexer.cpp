@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "script/lexer.h"
+
+#include "script/characters.h"
+
+namespace kevra::script {
+
+namespace {
+
+/// What can end an operand: an ampersand after it is the operator, not the start of &17.
+bool endsOperand(TokenKind kind)
+{
+    switch (kind) {
+    case TokenKind::Name:
+    case TokenKind::Number:
+    case TokenKind::String:
+    case TokenKind::Date:
+    case TokenKind::RightParenthesis:
+        return true;
+    default:
+        return false;
+    }
+}
+
+constexpr std::uint32_t longestDate = 100;
+
+} // namespace
+
+Lexer::Lexer(
+    std::string_view text, std::span<const Piece> pieces, NameTable &names, std::vector<TextRange> &comments)
+    : m_text(text)
+    , m_pieces(pieces)
+    , m_names(names)
+    , m_comments(comments)
+{
+    if (m_pieces.empty())
+        return;
+    m_at = static_cast<std::uint32_t>(m_pieces[0].range.start);
+    m_end = static_cast<std::uint32_t>(m_pieces[0].range.end);
+    m_outputDue = m_pieces[0].kind == PieceKind::Output;
+}
+
+Token Lexer::made(TokenKind kind, std::uint32_t length)
+{
+    Token token;
+    token.kind = kind;
+    token.start = m_at;
+    token.end = m_at += length;
+    return token;
+}
+
+Token Lexer::next()
+{
+    if (m_outputDue) {
+        m_outputDue = false;
+        return made(TokenKind::OutputStart, 0);
+    }
+    do
+        skipBlanks();
+    while (skipComment());
+    Token token;
+    const auto byte = at(m_at);
+    if (m_at >= m_end || byte == 0 || byte == 0x1A)
+        token = nextPiece();
+    else if (is(byte, byte_class::LineBreak))
+        token = newLine();
+    else if (is(byte, byte_class::Digit) || (byte == '.' && is(at(m_at + 1), byte_class::Digit)))
+        token = number();
+    else if (is(byte, byte_class::Name))
+        token = word();
+    else
+        token = operatorOrInvalid();
+    if (token.kind == TokenKind::Name && token.keyword() == Keyword::Rem) {
+        m_at = token.start;
+        m_comments.push_back({m_at, m_at});
+        skipToLineEnd();
+        m_comments.back().end = m_at;
+        return next();
+    }
+    m_lineStart = token.kind == TokenKind::NewLine;
+    m_previous = token.kind;
+    return token;
+}
+
+void Lexer::skipBlanks()
+{
+    for (;;) {
+        while (is(at(m_at), byte_class::Blank))
+            ++m_at;
+        if (at(m_at) == '_' && continuesLine())
+            continue;
+        if (at(m_at) != 0xEF || !m_text.substr(m_at).starts_with(byteOrderMark))
+            return;
+        m_at += 3;
+    }
+}
+
+/// Moves past an underscore that is the last sign of its line, and past the line break.
+bool Lexer::continuesLine()
+{
+    auto after = m_at + 1;
+    while (is(at(after), byte_class::Blank))
+        ++after;
+    if (after < m_end && !is(at(after), byte_class::LineBreak))
+        return false;
+    if (after < m_end)
+        after += at(after) == '\r' && at(after + 1) == '\n' ? 2 : 1;
+    m_at = after;
+    return true;
+}
+
+bool Lexer::skipComment()
+{
+    const auto inPage = m_lineStart && m_piece < m_pieces.size() && m_pieces[m_piece].inPage;
+    const auto rest = m_text.substr(m_at, m_end - m_at);
+    if (rest.empty()
+        || (rest[0] != '\'' && !(inPage && (rest.starts_with("<!--") || rest.starts_with("-->")))))
+        return false;
+    const auto start = m_at;
+    skipToLineEnd();
+    m_comments.push_back({start, m_at});
+    return true;
+}
+
+void Lexer::skipToLineEnd()
+{
+    while (m_at < m_end && !is(at(m_at), byte_class::LineBreak))
+        ++m_at;
+}
+
+Token Lexer::nextPiece()
+{
+    m_at = m_end;
+    auto token = made(TokenKind::End, 0);
+    if (m_piece + 1 >= m_pieces.size())
+        return token;
+    const auto &piece = m_pieces[++m_piece];
+    token.kind = piece.startsUnit ? TokenKind::UnitEnd : TokenKind::NewLine;
+    m_at = static_cast<std::uint32_t>(piece.range.start);
+    m_end = static_cast<std::uint32_t>(piece.range.end);
+    m_outputDue = piece.kind == PieceKind::Output;
+    return token;
+}
+
+Token Lexer::newLine()
+{
+    return made(TokenKind::NewLine, at(m_at) == '\r' && at(m_at + 1) == '\n' ? 2 : 1);
+}
+
+Token Lexer::word()
+{
+    auto end = m_at;
+    while (is(at(end), byte_class::Name)) {
+        const auto odd = at(end) >= 0x80 ? lookalikeLength(m_text.substr(end, m_end - end)) : 0;
+        if (odd != 0 && end == m_at)
+            return made(TokenKind::Invalid, odd);
+        if (odd != 0)
+            break;
+        ++end;
+    }
+    if (at(m_at) == '_')
+        return made(TokenKind::Invalid, 1);
+    auto token = made(TokenKind::Name, end - m_at);
+    token.name = m_names.intern(m_text.substr(token.start, end - token.start));
+    token.plain = m_previous != TokenKind::Dot;
+    return token;
+}
+
+Token Lexer::bracketedWord()
+{
+    auto end = m_at + 1;
+    while (end < m_end && at(end) != ']' && !is(at(end), byte_class::LineBreak))
+        ++end;
+    const bool closed = at(end) == ']';
+    auto token = made(TokenKind::Name, end - m_at + (closed ? 1 : 0));
+    token.name = m_names.intern(m_text.substr(token.start + 1, end - token.start - 1));
+    token.plain = false;
+    token.unclosed = !closed;
+    return token;
+}
+
+Token Lexer::number()
+{
+    auto end = m_at;
+    const auto digits = [&] {
+        while (is(at(end), byte_class::Digit))
+            ++end;
+    };
+    digits();
+    if (at(end) == '.') {
+        ++end;
+        digits();
+    }
+    if ((at(end) | 0x20) == 'e') {
+        const auto sign = at(end + 1) == '+' || at(end + 1) == '-' ? 1U : 0U;
+        if (is(at(end + 1 + sign), byte_class::Digit)) {
+            end += 1 + sign;
+            digits();
+        }
+    }
+    return made(TokenKind::Number, end - m_at);
+}
+
+/// &HFF, &HFF&, &O17 and &17. In "a" &Hello and a &17 the ampersand joins strings.
+bool Lexer::prefixedNumber(Token &token)
+{
+    const auto letter = at(m_at + 1) | 0x20;
+    const bool operand = endsOperand(m_previous);
+    auto end = m_at + (letter == 'h' || letter == 'o' ? 2 : 1);
+    const auto first = end;
+    while (is(at(end), letter == 'h' ? byte_class::HexDigit : byte_class::Digit))
+        ++end;
+    const bool bare = first == m_at + 1;
+    if (is(at(end), byte_class::Name) || (end == first && (operand || bare)) || (bare && operand))
+        return false;
+    const auto after = at(end + 1);
+    if (at(end) == '&' && !is(after, byte_class::Name) && after != '"' && after != '(' && after != '[')
+        ++end;
+    token = made(TokenKind::Number, end - m_at);
+    return true;
+}
+
+Token Lexer::string()
+{
+    auto end = m_at + 1;
+    while (end < m_end && !is(at(end), byte_class::LineBreak)) {
+        if (at(end++) != '"')
+            continue;
+        if (at(end) != '"')
+            return made(TokenKind::String, end - m_at);
+        ++end;
+    }
+    auto token = made(TokenKind::String, end - m_at);
+    token.unclosed = true;
+    return token;
+}
+
+Token Lexer::date()
+{
+    const bool suffix = m_at > 0 && endsOperand(m_previous) && is(at(m_at - 1), byte_class::Name);
+    for (auto end = m_at + 1; !suffix && end - m_at < longestDate && end < m_end; ++end) {
+        if (is(at(end), byte_class::LineBreak))
+            break;
+        if (at(end) == '#')
+            return made(TokenKind::Date, end + 1 - m_at);
+    }
+    return made(TokenKind::Invalid, 1);
+}
+
+Token Lexer::operatorOrInvalid()
+{
+    const auto following = at(m_at + 1);
+    Token token;
+    switch (at(m_at)) {
+    case '"':
+        return string();
+    case '#':
+        return date();
+    case '[':
+        return bracketedWord();
+    case '&':
+        return prefixedNumber(token) ? token : made(TokenKind::Ampersand, 1);
+    case '<':
+        return following == '>' ? made(TokenKind::NotEqual, 2)
+            : following == '='  ? made(TokenKind::LessEqual, 2)
+                                : made(TokenKind::Less, 1);
+    case '>':
+        return following == '<' ? made(TokenKind::NotEqual, 2)
+            : following == '='  ? made(TokenKind::GreaterEqual, 2)
+                                : made(TokenKind::Greater, 1);
+    case '=':
+        return following == '<' ? made(TokenKind::LessEqual, 2)
+            : following == '>'  ? made(TokenKind::GreaterEqual, 2)
+                                : made(TokenKind::Equal, 1);
+    case ':':
+        return made(TokenKind::Colon, 1);
+    case '(':
+        return made(TokenKind::LeftParenthesis, 1);
+    case ')':
+        return made(TokenKind::RightParenthesis, 1);
+    case ',':
+        return made(TokenKind::Comma, 1);
+    case '.':
+        return made(TokenKind::Dot, 1);
+    case '+':
+        return made(TokenKind::Plus, 1);
+    case '-':
+        return made(TokenKind::Minus, 1);
+    case '*':
+        return made(TokenKind::Multiply, 1);
+    case '/':
+        return made(TokenKind::Divide, 1);
+    case '\\':
+        return made(TokenKind::IntegerDivide, 1);
+    case '^':
+        return made(TokenKind::Power, 1);
+    default:
+        return made(TokenKind::Invalid, 1);
+    }
+}
+
+} // namespace kevra::script

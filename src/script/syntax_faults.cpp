@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How the parser words what it finds, and how it goes on after a fault.
+#include "script/characters.h"
+#include "script/nesting.h"
+#include "script/parser_state.h"
+
+namespace kevra::script {
+
+namespace {
+
+/// A text of nothing but faults must not fill the memory.
+constexpr std::size_t mostFindings = 1000;
+constexpr Offset longestQuote = 40;
+
+} // namespace
+
+Finding *Parser::report(Rule rule, TextRange range, std::string what)
+{
+    if (m_quiet || m_stopped || m_script.findings.size() >= mostFindings)
+        return nullptr;
+    m_script.findings.push_back({rule, range, std::move(what), {}, {}});
+    return &m_script.findings.back();
+}
+
+Finding *Parser::fail(Rule rule, TextRange range, std::string what)
+{
+    if (m_failed)
+        return nullptr;
+    auto *finding = report(rule, range, std::move(what));
+    m_failed = true;
+    m_quiet = true;
+    return finding;
+}
+
+Finding *Parser::failHere(Rule rule, std::string what)
+{
+    return fail(rule, hereRange(), std::move(what));
+}
+
+TextRange Parser::hereRange() const
+{
+    if (!atLineEnd() && !at(TokenKind::Colon))
+        return tokenRange();
+    auto start = std::max<Offset>(m_lastEnd - 1, 0);
+    while (start > 0
+        && (static_cast<unsigned char>(m_script.text[static_cast<std::size_t>(start)]) & 0xC0) == 0x80)
+        --start;
+    return {start, m_lastEnd};
+}
+
+NodeId Parser::failUnexpected(std::string_view expected)
+{
+    const auto start = m_token.start;
+    if (m_failed)
+        return wrong(start);
+    if (at(TokenKind::Invalid))
+        failInvalid();
+    else if (at(TokenKind::RightParenthesis))
+        fail(Rule::UnexpectedParenthesis, tokenRange(),
+            "There is no opening parenthesis for this closing one.");
+    else
+        failHere(Rule::MissingOperand, std::string(expected) + " is expected before " + tokenName() + ".");
+    return wrong(start);
+}
+
+std::string Parser::tokenName() const
+{
+    if (at(TokenKind::Colon) || atLineEnd())
+        return at(TokenKind::Colon) ? "the colon" : "the end of the line";
+    return quoted(tokenRange());
+}
+
+std::string Parser::quoted(TextRange range) const
+{
+    auto text = std::string(m_script.textOf({range.start, std::min(range.end, range.start + longestQuote)}));
+    // A character cut in two would not be UTF-8 any more.
+    while (range.length() > longestQuote && !text.empty() && static_cast<unsigned char>(text.back()) >= 0x80)
+        text.pop_back();
+    for (auto &byte : text) {
+        if (static_cast<unsigned char>(byte) < 0x20)
+            byte = ' ';
+    }
+    return "'" + text + (range.length() > longestQuote ? "...'" : "'");
+}
+
+Offset Parser::line(Offset offset)
+{
+    if (!m_lines)
+        m_lines.emplace(m_script.text);
+    return m_lines->lineAt(offset);
+}
+
+std::string Parser::inLine(Offset offset)
+{
+    return "in line " + std::to_string(line(offset));
+}
+
+void Parser::replaceFix(Finding *finding, TextRange range, std::string text, std::string title)
+{
+    if (finding != nullptr)
+        finding->fixes.push_back({std::move(title), {{range, std::move(text)}}});
+}
+
+void Parser::removeFix(Finding *finding, TextRange range, std::string title)
+{
+    replaceFix(finding, range, {}, std::move(title));
+}
+
+namespace {
+
+struct Lookalike {
+    std::string_view character;
+    std::string_view sign;
+};
+constexpr std::array lookalikes{
+    Lookalike{"\xE2\x80\x9C", "\""}, // double quotation marks
+    Lookalike{"\xE2\x80\x9D", "\""}, Lookalike{"\xE2\x80\x9E", "\""},
+    Lookalike{"\xE2\x80\x98", "'"}, // single quotation marks
+    Lookalike{"\xE2\x80\x99", "'"}, Lookalike{"\xE2\x80\x93", "-"}, // dashes
+    Lookalike{"\xE2\x80\x94", "-"}, Lookalike{"\xC2\xA0", " "}, // no-break space
+    Lookalike{"\xE3\x80\x80", " "}, // ideographic space
+};
+
+} // namespace
+
+void Parser::failInvalid()
+{
+    const auto range = tokenRange();
+    const auto text = m_script.textOf(range);
+    if (text == "_") {
+        fail(Rule::InvalidContinuation, range, "The underscore is not the last sign of its line.");
+        return;
+    }
+    if (text == "#") {
+        fail(Rule::InvalidDate, range, "The date is not closed with a second number sign.");
+        return;
+    }
+    const auto same = std::ranges::find(lookalikes, text, &Lookalike::character);
+    if (same == lookalikes.end()) {
+        fail(Rule::InvalidCharacter, range, "The character " + quoted(range) + " has no meaning here.");
+        return;
+    }
+    const auto sign = std::string(same->sign);
+    auto *finding = fail(Rule::InvalidCharacter, range,
+        "This character only looks like " + (sign == " " ? "a space" : sign)
+            + " and has no meaning in a script.");
+    replaceFix(finding, range, sign, "Replace it by " + (sign == " " ? "a space" : sign));
+}
+
+void Parser::reportUnclosed(const Token &token)
+{
+    const TextRange range{token.start, token.end};
+    if (token.kind == TokenKind::String) {
+        auto *finding = report(Rule::UnclosedString, range, "The string is not closed on its line.");
+        replaceFix(finding, {range.end, range.end}, "\"", "Close the string at the end of the line");
+    } else {
+        report(Rule::UnclosedString, range, "The name in brackets is not closed on its line.");
+    }
+    m_quiet = true;
+}
+
+/// A name directly followed by a sign that stands for a type in related languages.
+void Parser::typeSuffix()
+{
+    if (!at(TokenKind::Invalid) || m_token.start != m_lastEnd || m_failed)
+        return;
+    const auto sign = m_script.textOf(tokenRange());
+    if (sign != "$" && sign != "%" && sign != "!" && sign != "#" && sign != "@")
+        return;
+    const auto next = m_script.text.substr(m_token.end, 1);
+    if (sign == "!" && !next.empty() && is(static_cast<unsigned char>(next[0]), byte_class::Name))
+        return;
+    const auto range = tokenRange();
+    auto *finding
+        = report(Rule::TypeSuffix, range, "A name cannot end with the type suffix " + quoted(range) + ".");
+    removeFix(finding, range, "Remove the suffix");
+    advance();
+}
+
+/// As Integer, As New Thing, As String * 20: reported and passed over.
+void Parser::typeDeclaration()
+{
+    if (m_failed || !at(Keyword::As))
+        return;
+    const auto before = m_lastEnd;
+    const auto start = m_token.start;
+    advance();
+    take(Keyword::New);
+    while (at(TokenKind::Name) || at(TokenKind::Dot) || at(TokenKind::Multiply) || at(TokenKind::Number))
+        advance();
+    auto *finding = report(Rule::TypeDeclaration, from(start), "VBScript has no types to declare.");
+    removeFix(finding, {before, m_lastEnd}, "Remove the type");
+}
+
+void Parser::skipToLineEnd()
+{
+    while (!atLineEnd())
+        advance();
+}
+
+void Parser::recover()
+{
+    if (!m_failed)
+        return;
+    skipToLineEnd();
+    m_failed = false;
+}
+
+/// What follows a complete statement: a separator, or one of the words that end a block on the same line.
+void Parser::expectStatementEnd()
+{
+    if (m_failed || atStatementEnd())
+        return;
+    if (at(Keyword::End) && inProcedure()
+        && (peekIs(Keyword::Sub) || peekIs(Keyword::Function) || peekIs(Keyword::Property)))
+        return;
+    if (isOpen(BlockKind::InlineIf)
+        && (at(Keyword::Else) || at(Keyword::ElseIf) || (at(Keyword::End) && peekIs(Keyword::If))))
+        return;
+    // For i = 1 To 3: If a Then b: Next
+    if (m_lastEnd > 0 && m_script.text[static_cast<std::size_t>(m_lastEnd - 1)] == ':' && endedBlock())
+        return;
+    if (at(TokenKind::Invalid))
+        return failInvalid();
+    if (at(TokenKind::RightParenthesis)) {
+        fail(Rule::UnexpectedParenthesis, tokenRange(),
+            "There is no opening parenthesis for this closing one.");
+        return;
+    }
+    fail(Rule::ExpectedEndOfStatement, tokenRange(), "The statement is complete before " + tokenName() + ".");
+}
+
+/// After the first line of a block: what else it holds is passed over, so that the block is parsed all the
+/// same.
+void Parser::expectHeadEnd()
+{
+    expectStatementEnd();
+    recover();
+}
+
+NodeId Parser::wrong(Offset start)
+{
+    return m_build.leaf(NodeKind::Wrong, from(start));
+}
+
+} // namespace kevra::script
