@@ -72,8 +72,7 @@ void recolourRegion(EditorSurface &document, TextRange region, Colour code)
         if (result.failed)
             break;
     }
-    document.SetSelStart(region.end);
-    document.SetSelColor(colours::black);
+    document.SetTypingColor(colours::black);
 }
 
 } // namespace kevra

@@ -12,6 +12,7 @@ namespace kevra {
 bool colourRegion(EditorSurface &document, TextRange region, Colour code);
 
 /// Blackens a region and paints its pieces outside literals; a quote before the region is not looked for.
+/// Caret and selection stay; the typing colour is black.
 void recolourRegion(EditorSurface &document, TextRange region, Colour code);
 
 } // namespace kevra

@@ -18,6 +18,8 @@ EditScope::EditScope(EditorControl &control, EditKind kind)
     m_control.m_inCommand = true;
     m_selection = m_control.Selection();
     m_control.settle();
+    if (kind != EditKind::Typing && kind != EditKind::Delete)
+        m_control.endUndoStep();
 }
 
 EditScope::~EditScope()
@@ -36,10 +38,24 @@ EditScope::~EditScope()
     // Whatever the user does puts off what waits for a pause.
     if (kind != EditKind::Program && ((touched && kind == EditKind::Delete) || m_control.m_pause.isActive()))
         m_control.m_pause.start();
-    if (!touched && kind != EditKind::Program && m_control.m_typingHandler
-        && m_control.Selection() != m_selection)
-        m_control.m_typingHandler->caretPlaced();
+    if (!touched && m_control.Selection() != m_selection) {
+        m_control.endUndoStep();
+        if (kind != EditKind::Program && m_control.m_typingHandler)
+            m_control.m_typingHandler->caretPlaced();
+    }
     m_control.announce();
+}
+
+UndoStep::UndoStep(EditorControl &control)
+    : m_control(control)
+{
+    m_control.endUndoStep();
+    m_control.send(QsciScintillaBase::SCI_BEGINUNDOACTION);
+}
+
+UndoStep::~UndoStep()
+{
+    m_control.send(QsciScintillaBase::SCI_ENDUNDOACTION);
 }
 
 void EditorControl::beforeChange(int position, int type, int length)
@@ -95,9 +111,7 @@ void EditorControl::announce()
 {
     if (m_inCommand || !m_displayed)
         return;
-    const auto caret = Offset{send(SCI_GETCURRENTPOS)};
-    const auto anchor = Offset{send(SCI_GETANCHOR)};
-    if (const TextRange now{anchor, caret}; now != std::exchange(m_knownSelection, now))
+    if (const auto now = anchorAndCaret(); now != std::exchange(m_knownSelection, now))
         emit caretMoved();
     if (const auto first = FirstVisibleLine(); first != std::exchange(m_knownFirstLine, first))
         emit firstVisibleLineChanged(first);

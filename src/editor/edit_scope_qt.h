@@ -21,4 +21,16 @@ private:
     TextRange m_selection;
 };
 
+/// Undo takes back in one step what is done while this lives.
+class UndoStep {
+public:
+    explicit UndoStep(EditorControl &control);
+    ~UndoStep();
+    UndoStep(const UndoStep &) = delete;
+    UndoStep &operator=(const UndoStep &) = delete;
+
+private:
+    EditorControl &m_control;
+};
+
 } // namespace kevra

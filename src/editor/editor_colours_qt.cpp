@@ -42,21 +42,6 @@ void EditorControl::connectPainting()
     connect(&m_paintRest, &QTimer::timeout, this, [this] { paintUpTo(m_unpainted.start() + slice); });
 }
 
-Colour EditorControl::SelColor() const
-{
-    const auto selection = Selection();
-    return selection.empty() ? m_typing : ColourAt(selection.start);
-}
-
-void EditorControl::SetSelColor(Colour colour)
-{
-    const auto selection = Selection();
-    if (selection.empty())
-        m_typing = colour;
-    else
-        paint(selection, styleOf(colour));
-}
-
 Colour EditorControl::ColourAt(Offset position) const
 {
     if (position < 0 || position >= Length())

@@ -136,7 +136,7 @@ Offset EditorControl::Length() const
 void EditorControl::LoadText(std::string_view text)
 {
     const EditScope scope(*this, EditKind::Program);
-    const auto typing = std::exchange(m_typing, colours::black);
+    m_typing = colours::black;
     m_unpainted.clear();
     m_allBlack = true;
     m_characters.reset();
@@ -150,7 +150,6 @@ void EditorControl::LoadText(std::string_view text)
     send(SCI_SETSAVEPOINT);
     send(SCI_SETREADONLY, m_readOnly);
     settle();
-    m_typing = typing;
     send(SCI_SETSCROLLWIDTH, 1);
     send(SCI_GOTOPOS, 0);
     stylesAreUpToDate();
@@ -165,16 +164,7 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     const auto rest = static_cast<std::size_t>(kept);
     const auto keptAtEnd = commonEnd(old.substr(rest), text.substr(rest));
     const auto fresh = text.substr(rest, text.size() - rest - static_cast<std::size_t>(keptAtEnd));
-    send(SCI_SETREADONLY, 0);
-    // Left alone, the buffers grow by all that comes, although most of it fits where the old text goes.
-    if (std::ssize(fresh) > Length() / 2)
-        send(SCI_ALLOCATE, Length() - part.length() + std::ssize(text) + roomForTyping);
-    send(SCI_BEGINUNDOACTION);
-    send(SCI_SETTARGETRANGE, part.start + kept, part.end - keptAtEnd);
-    sendBytes(SCI_REPLACETARGET, std::ssize(fresh), fresh.data());
-    send(SCI_ENDUNDOACTION);
-    send(SCI_SETREADONLY, m_readOnly);
-    settle();
+    replaceBytes({part.start + kept, part.end - keptAtEnd}, fresh);
     const auto end = part.start + std::ssize(text);
     // What was alike and stayed is new text too.
     const auto style = styleOf(insertionColour());
@@ -182,6 +172,20 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     paint({end - keptAtEnd, end}, style);
     noteTouched({part.start, std::ssize(text), std::ssize(text)});
     Select({end, end});
+}
+
+void EditorControl::replaceBytes(TextRange range, std::string_view text)
+{
+    send(SCI_SETREADONLY, 0);
+    // Left alone, the buffers grow by all that comes, although most of it fits where the old text goes.
+    if (std::ssize(text) > Length() / 2)
+        send(SCI_ALLOCATE, Length() - range.length() + std::ssize(text) + roomForTyping);
+    send(SCI_BEGINUNDOACTION);
+    send(SCI_SETTARGETRANGE, range.start, range.end);
+    sendBytes(SCI_REPLACETARGET, std::ssize(text), text.data());
+    send(SCI_ENDUNDOACTION);
+    send(SCI_SETREADONLY, m_readOnly);
+    settle();
 }
 
 TextRange EditorControl::Selection() const
@@ -194,10 +198,18 @@ void EditorControl::Select(TextRange range)
     const EditScope scope(*this, EditKind::Program);
     const auto part = inside(range);
     // What works on the text unseen leaves the view where it is.
-    if (m_displayed)
-        send(SCI_SETSEL, part.start, part.end);
-    else
+    if (!m_displayed) {
         send(SCI_SETSELECTION, part.end, part.start);
+        return;
+    }
+    send(SCI_SETSEL, part.start, part.end);
+    // Up and Down keep to the column of the new place, not of the one before.
+    send(SCI_CHOOSECARETX);
+}
+
+TextRange EditorControl::anchorAndCaret() const
+{
+    return {send(SCI_GETANCHOR), send(SCI_GETCURRENTPOS)};
 }
 
 void EditorControl::stylesAreUpToDate()
@@ -283,6 +295,7 @@ void EditorControl::endPause()
 
 void EditorControl::setSavePoint()
 {
+    endUndoStep();
     send(SCI_SETSAVEPOINT);
     announce();
 }

@@ -5,6 +5,7 @@
 
 #include "editor/surface.h"
 #include "editor/typing.h"
+#include "editor/undo_steps.h"
 #include "editor/unpainted_styles.h"
 
 #include <Qsci/qsciscintillabase.h>
@@ -29,8 +30,8 @@ public:
     void Replace(TextRange range, std::string_view text) override;
     [[nodiscard]] TextRange Selection() const override;
     void Select(TextRange range) override;
-    [[nodiscard]] Colour SelColor() const override;
-    void SetSelColor(Colour colour) override;
+    [[nodiscard]] Colour TypingColor() const override { return m_typing; }
+    void SetTypingColor(Colour colour) override { m_typing = colour; }
     [[nodiscard]] Colour ColourAt(Offset position) const override;
     using EditorSurface::SetColours;
     void SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground) override;
@@ -120,6 +121,7 @@ protected:
 
 private:
     friend class EditScope;
+    friend class UndoStep;
 
     struct Change {
         Offset position = 0;
@@ -138,6 +140,7 @@ private:
     [[nodiscard]] Colour insertionColour() const;
     [[nodiscard]] std::string stylesIn(TextRange range) const;
     void applyFont();
+    void replaceBytes(TextRange range, std::string_view text);
     void paint(TextRange range, int style);
     void setStyles(Offset start, std::string_view styles);
     /// What can be seen at once, the rest in the pauses and when it is looked at.
@@ -152,8 +155,13 @@ private:
     void command(EditKind kind, unsigned message);
     void typeKey(QKeyEvent &event, char32_t character);
     void deleteByKey(QKeyEvent &event);
-    void typeText(const QString &text);
+    [[nodiscard]] std::optional<Stroke> deletingStroke(const QKeyEvent &event) const;
+    void typeText(const QKeyEvent &event);
     void announceCharacter(char32_t character);
+    [[nodiscard]] TextRange anchorAndCaret() const;
+    /// Undo takes back what comes now together with the strokes before, where they belong together.
+    void beginStroke(Stroke stroke, UndoSteps::Milliseconds time);
+    void endUndoStep();
     void insertAsUser(TextRange range, const QMimeData *source, EditKind kind);
     void pasteSelectionAt(QPoint place);
 
@@ -173,6 +181,9 @@ private:
     TypingHandler *m_typingHandler = nullptr;
     EditKind m_kind = EditKind::Program;
     bool m_inCommand = false;
+    UndoSteps m_undoSteps;
+    bool m_undoStepOpen = false;
+    bool m_composing = false; ///< an input method has text in the document that may still change
     std::optional<Change> m_change; ///< announced by Scintilla, and done by the time anything else happens
     std::optional<TextRange> m_touched; ///< by the user's command that is under way
     mutable std::optional<Offset> m_characters; ///< once somebody has asked

@@ -73,9 +73,7 @@ void EditorControl::redo()
 
 void EditorControl::cut()
 {
-    copy();
-    if (!Selection().empty())
-        command(EditKind::Cut, SCI_CLEAR);
+    command(EditKind::Cut, SCI_CUT);
 }
 
 void EditorControl::copy()
@@ -96,7 +94,10 @@ void EditorControl::insertAsUser(TextRange range, const QMimeData *source, EditK
         return;
     const auto text = withDocumentLineBreaks(source->text().toUtf8());
     const EditScope scope(*this, kind);
-    Replace(range, {text.data(), static_cast<std::size_t>(text.size())});
+    // Also where it equals what stood there: the user has put it in, and can take it back.
+    replaceBytes(range, {text.data(), static_cast<std::size_t>(text.size())});
+    const auto end = range.start + text.size();
+    Select({end, end});
 }
 
 void EditorControl::deleteForward()

@@ -6,6 +6,7 @@
 #include <QInputMethodEvent>
 
 #include <array>
+#include <utility>
 
 namespace kevra {
 namespace {
@@ -120,7 +121,7 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
         break;
     }
     if (isText(*event))
-        return typeText(event->text());
+        return typeText(*event);
     const EditScope scope(*this, EditKind::Typing);
     // Without its text: Scintilla would type the letter of a menu's key.
     QKeyEvent command(event->type(), event->key(), event->modifiers());
@@ -132,32 +133,70 @@ void EditorControl::typeKey(QKeyEvent &event, char32_t character)
 {
     {
         const EditScope scope(*this, EditKind::Typing);
+        beginStroke({Stroke::Action::Insert, strokeKind(character)}, event.timestamp());
         announceCharacter(character);
         QsciScintillaBase::keyPressEvent(&event);
+        m_undoSteps.strokeDone(anchorAndCaret());
     }
     // Told at once and not when the key comes up: a quick typist has the next key down by then.
     if (character == U'\r' && m_typingHandler && !m_readOnly)
         m_typingHandler->keyReleased(keys::enter);
 }
 
+std::optional<Stroke> EditorControl::deletingStroke(const QKeyEvent &event) const
+{
+    if (!Selection().empty() || event.modifiers() & Qt::ControlModifier)
+        return std::nullopt;
+    const bool back = event.key() == Qt::Key_Backspace;
+    const auto caret = SelStart();
+    const auto byte = Text(back ? TextRange{caret - 1, caret} : TextRange{caret, caret + 1});
+    return Stroke{back ? Stroke::Action::DeleteBack : Stroke::Action::DeleteForward,
+        strokeKind(byte.empty() ? U' ' : static_cast<unsigned char>(byte.front()))};
+}
+
 void EditorControl::deleteByKey(QKeyEvent &event)
 {
     {
         const EditScope scope(*this, EditKind::Delete);
-        QsciScintillaBase::keyPressEvent(&event);
+        if (const auto stroke = deletingStroke(event)) {
+            beginStroke(*stroke, event.timestamp());
+            QsciScintillaBase::keyPressEvent(&event);
+            m_undoSteps.strokeDone(anchorAndCaret());
+        } else {
+            const UndoStep step(*this);
+            QsciScintillaBase::keyPressEvent(&event);
+        }
     }
     if (event.key() == Qt::Key_Delete && m_typingHandler && !m_readOnly)
         m_typingHandler->keyReleased(keys::del);
 }
 
-void EditorControl::typeText(const QString &text)
+void EditorControl::typeText(const QKeyEvent &event)
 {
-    for (const char32_t character : text.toUcs4()) {
+    for (const char32_t character : event.text().toUcs4()) {
         const EditScope scope(*this, EditKind::Typing);
+        beginStroke({Stroke::Action::Insert, strokeKind(character)}, event.timestamp());
         announceCharacter(character);
         QKeyEvent one(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
         QsciScintillaBase::keyPressEvent(&one);
+        m_undoSteps.strokeDone(anchorAndCaret());
     }
+}
+
+void EditorControl::beginStroke(Stroke stroke, UndoSteps::Milliseconds time)
+{
+    if (m_readOnly || !m_undoSteps.begins(stroke, time, anchorAndCaret()))
+        return;
+    if (std::exchange(m_undoStepOpen, true))
+        send(SCI_ENDUNDOACTION);
+    send(SCI_BEGINUNDOACTION);
+}
+
+void EditorControl::endUndoStep()
+{
+    m_undoSteps.end();
+    if (std::exchange(m_undoStepOpen, false))
+        send(SCI_ENDUNDOACTION);
 }
 
 void EditorControl::announceCharacter(char32_t character)
@@ -172,6 +211,16 @@ void EditorControl::announceCharacter(char32_t character)
 void EditorControl::inputMethodEvent(QInputMethodEvent *event)
 {
     const EditScope scope(*this, EditKind::Typing);
+    const auto committed = event->commitString().toUcs4();
+    const auto beginCommit = [this](char32_t character) {
+        constexpr UndoSteps::Milliseconds unknown = 0;
+        beginStroke({Stroke::Action::Insert, strokeKind(character)}, unknown);
+    };
+    // Scintilla takes composed text back by its own means, which know no open step.
+    if (m_composing || committed.empty())
+        endUndoStep();
+    else
+        beginCommit(committed.front());
     // Takes back what was composed so far, so that the characters to come are announced in the text without
     // it.
     QInputMethodEvent nothing;
@@ -181,12 +230,18 @@ void EditorControl::inputMethodEvent(QInputMethodEvent *event)
         const auto to = send(SCI_POSITIONRELATIVE, from, event->replacementLength());
         send(SCI_DELETERANGE, from, to - from);
     }
-    for (const char32_t character : event->commitString().toUcs4()) {
+    for (const char32_t character : committed) {
+        m_undoSteps.strokeDone(anchorAndCaret());
+        beginCommit(character);
         announceCharacter(character);
         QInputMethodEvent one;
         one.setCommitString(QString::fromUcs4(&character, 1));
         QsciScintillaBase::inputMethodEvent(&one);
+        m_undoSteps.strokeDone(anchorAndCaret());
     }
+    m_composing = !event->preeditString().isEmpty();
+    if (m_composing)
+        endUndoStep();
     QInputMethodEvent composing(event->preeditString(), event->attributes());
     QsciScintillaBase::inputMethodEvent(&composing);
 }

@@ -28,6 +28,7 @@ void MemorySurface::LoadText(std::string_view text)
     m_text = text;
     m_colours.assign(text.size(), colours::black);
     m_selection = {};
+    m_typing = colours::black;
     m_firstVisibleLine = 0;
 }
 
@@ -44,19 +45,6 @@ void MemorySurface::Replace(TextRange range, std::string_view text)
 void MemorySurface::Select(TextRange range)
 {
     m_selection = inside(range);
-}
-
-Colour MemorySurface::SelColor() const
-{
-    return m_selection.empty() ? m_typing : ColourAt(m_selection.start);
-}
-
-void MemorySurface::SetSelColor(Colour colour)
-{
-    if (m_selection.empty())
-        m_typing = colour;
-    else
-        std::fill(m_colours.begin() + m_selection.start, m_colours.begin() + m_selection.end, colour);
 }
 
 Colour MemorySurface::ColourAt(Offset position) const

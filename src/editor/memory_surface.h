@@ -17,8 +17,8 @@ public:
     void Replace(TextRange range, std::string_view text) override;
     [[nodiscard]] TextRange Selection() const override { return m_selection; }
     void Select(TextRange range) override;
-    [[nodiscard]] Colour SelColor() const override;
-    void SetSelColor(Colour colour) override;
+    [[nodiscard]] Colour TypingColor() const override { return m_typing; }
+    void SetTypingColor(Colour colour) override { m_typing = colour; }
     [[nodiscard]] Colour ColourAt(Offset position) const override;
     using EditorSurface::SetColours;
     void SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground) override;

@@ -14,14 +14,19 @@ bool EditorSurface::SetSelLength(Offset length)
     return true;
 }
 
-void EditorSurface::SetTypingColor(Colour colour)
+Colour EditorSurface::SelColor() const
 {
     const auto selection = Selection();
-    if (selection.empty())
-        return SetSelColor(colour);
-    SetSelStart(selection.start);
-    SetSelColor(colour);
-    Select(selection);
+    return selection.empty() ? TypingColor() : ColourAt(selection.start);
+}
+
+void EditorSurface::SetSelColor(Colour colour)
+{
+    const ColourRun run{Selection(), colour};
+    if (run.range.empty())
+        SetTypingColor(colour);
+    else
+        SetColours(run.range, {&run, 1});
 }
 
 void EditorSurface::Span(std::string_view characters)

@@ -39,7 +39,7 @@ public:
     /// A part of the text, at the cost of its own length; the view holds until the next change or read.
     [[nodiscard]] virtual std::string_view Text(TextRange range) const = 0;
     [[nodiscard]] virtual Offset Length() const = 0;
-    /// Puts a new document in: black, caret at 0, nothing to undo.
+    /// Puts a new document in: black, also what is typed next, caret at 0, nothing to undo.
     virtual void LoadText(std::string_view text) = 0;
     /// Replaces a part of the text as one step of undo. The new text has the typing colour; the caret ends
     /// behind it.
@@ -49,10 +49,9 @@ public:
     /// Selects with the caret at the end; both ends are brought inside the text.
     virtual void Select(TextRange range) = 0;
 
-    /// The typing colour, or with a selection the colour of its first character.
-    [[nodiscard]] virtual Colour SelColor() const = 0;
-    /// Colours the selection, or sets the typing colour when nothing is selected.
-    virtual void SetSelColor(Colour colour) = 0;
+    /// The colour of what is typed next, whatever is selected.
+    [[nodiscard]] virtual Colour TypingColor() const = 0;
+    virtual void SetTypingColor(Colour colour) = 0;
     [[nodiscard]] virtual Colour ColourAt(Offset position) const = 0;
     /// Makes `range` black, unless told to leave it as it is, and paints `runs` over it in their order; what
     /// reaches outside is cut off.
@@ -86,8 +85,10 @@ public:
     [[nodiscard]] Offset SelLength() const { return Selection().length(); }
     /// False, with nothing changed, when the length is negative.
     bool SetSelLength(Offset length);
-    /// Sets the typing colour also while something is selected, which keeps its colours and stays selected.
-    void SetTypingColor(Colour colour);
+    /// The typing colour, or with a selection the colour of its first character.
+    [[nodiscard]] Colour SelColor() const;
+    /// Colours the selection, or sets the typing colour when nothing is selected.
+    void SetSelColor(Colour colour);
     [[nodiscard]] std::string SelText() const { return std::string(Text(Selection())); }
     void SetSelText(std::string_view text) { Replace(Selection(), text); }
 

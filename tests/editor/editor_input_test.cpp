@@ -11,6 +11,9 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <array>
+#include <ranges>
+
 namespace kevra {
 namespace {
 
@@ -214,6 +217,36 @@ TEST_F(EditorInput, KeepsEveryStepOfTheHistory)
     EXPECT_EQ(m_control.Text(), states.back());
     m_control.LoadText("new");
     EXPECT_FALSE(m_control.canUndo() || m_control.canRedo());
+}
+
+TEST_F(EditorInput, UndoesAWordARunOfSpacesALineOrAPauseAtATime)
+{
+    load("", 0);
+    const auto type = [this](const QString &keys, quint64 time) {
+        for (const auto key : keys) {
+            const bool isReturn = key == u'\r';
+            QKeyEvent press(QEvent::KeyPress, isReturn ? Qt::Key_Return : Qt::Key_unknown, Qt::NoModifier,
+                isReturn ? QString() : QString(key));
+            press.setTimestamp(time += 100);
+            QCoreApplication::sendEvent(&m_control, &press);
+        }
+    };
+    type("If a  Then\r\rx", 5000);
+    type("yz", 7300);
+    QTest::keyClick(&m_control, Qt::Key_Left);
+    type("w", 7600);
+    const std::array<std::string_view, 10> states{"", "If", "If ", "If a", "If a  ", "If a  Then",
+        "If a  Then\r\n", "If a  Then\r\n\r\n", "If a  Then\r\n\r\nx", "If a  Then\r\n\r\nxyz"};
+    for (const auto state : std::views::reverse(states)) {
+        m_control.undo();
+        EXPECT_EQ(m_control.Text(), state);
+    }
+    EXPECT_FALSE(m_control.canUndo());
+    for (const auto state : states) {
+        EXPECT_EQ(m_control.Text(), state);
+        m_control.redo();
+    }
+    EXPECT_EQ(m_control.Text(), "If a  Then\r\n\r\nxywz");
 }
 
 TEST_F(EditorInput, TellsWhenCaretViewAndSavePointMove)

@@ -103,6 +103,10 @@ TYPED_TEST_P(SurfaceContract, GivesTheTypingColourToNewText)
     EXPECT_EQ(painted(surface), "gbbb....");
     surface.Replace({1, 4}, {});
     EXPECT_EQ(painted(surface), "g....");
+    surface.SetTypingColor(blue);
+    surface.LoadText({});
+    surface.SetSelText("x");
+    EXPECT_EQ(painted(surface), ".") << "a new document does not go on in the old one's colour";
 }
 
 TYPED_TEST_P(SurfaceContract, PaintsRunsInTheirOrder)

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which keystrokes undo takes back together: those of one word or one run of spaces, made at one place
+// without a pause.
+#pragma once
+
+#include "text/types.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace kevra {
+
+struct Stroke {
+    enum class Action { Insert, DeleteBack, DeleteForward };
+    enum class Kind { Word, Space, LineBreak };
+
+    Action action;
+    Kind kind;
+
+    friend bool operator==(const Stroke &, const Stroke &) = default;
+};
+
+/// What a character counts as; a tab is a space.
+[[nodiscard]] Stroke::Kind strokeKind(char32_t character);
+
+class UndoSteps {
+public:
+    using Milliseconds = std::uint64_t; ///< from any start; 0 stands for an unknown time
+
+    /// Whether a stroke begins a step of its own, made with this anchor and caret before it.
+    [[nodiscard]] bool begins(Stroke stroke, Milliseconds time, TextRange anchorAndCaret);
+    /// Where the stroke has left anchor and caret.
+    void strokeDone(TextRange anchorAndCaret) { m_place = anchorAndCaret; }
+    /// The next stroke begins a step.
+    void end() { m_last.reset(); }
+
+private:
+    std::optional<Stroke> m_last;
+    Milliseconds m_time = 0;
+    TextRange m_place;
+};
+
+} // namespace kevra
