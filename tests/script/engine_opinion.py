@@ -35,8 +35,8 @@ def prepared(data):
     text = text_of(data)
     first = OPTION.match(text)
     if first:
-        return text[:first.end()] + b" : WScript.Quit 7 " + text[first.end():]
-    return b"WScript.Quit 7 : " + text
+        return text[:first.end()] + b"\r\nWScript.Quit 7\r\n" + text[first.end():]
+    return b"WScript.Quit 7\r\n" + text
 
 
 def opinion(path, folder):
