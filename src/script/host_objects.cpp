@@ -23,7 +23,7 @@ constexpr Member fileSystemObject[] = {
     {"DeleteFile", method, "path, [force]", Value, "Deletes files; force takes read-only ones too."},
     {"DeleteFolder", method, "path, [force]", Value, "Deletes folders with all they hold."},
     {"DriveExists", method, "drive", Value, "Whether there is such a drive."},
-    {"Drives", readOnly, "[drive]", Drives, "All drives."},
+    {"Drives", readOnly, "", Drives, "All drives."},
     {"FileExists", method, "path", Value, "Whether there is such a file."},
     {"FolderExists", method, "path", Value, "Whether there is such a folder."},
     {"GetAbsolutePathName", method, "path", Value, "The full path, from the current folder."},
@@ -141,9 +141,9 @@ constexpr Member dictionary[] = {
     {"Exists", method, "key", Value, "Whether the key is there."},
     {"HashVal", readOnly, "key", Value, "The number the key is stored under."},
     {"Item", property, "key", Unknown, "The entry of a key; reading a missing one adds it."},
-    {"Items", method, "[index]", ArrayOfValues, "All entries as an array."},
+    {"Items", method, "", ArrayOfValues, "All entries as an array."},
     {"Key", writeOnly, "key", Value, "Gives an entry another key."},
-    {"Keys", method, "[index]", ArrayOfValues, "All keys as an array."},
+    {"Keys", method, "", ArrayOfValues, "All keys as an array."},
     {"Remove", method, "key", Value, "Removes an entry; fails if the key is missing."},
     {"RemoveAll", method, "", Value, "Removes all entries."},
 };
@@ -166,7 +166,7 @@ constexpr Member matches[] = {
 constexpr Member match[] = {
     {"FirstIndex", readOnly, "", Value, "Where it starts, from 0."},
     {"Length", readOnly, "", Value, "How long it is."},
-    {"SubMatches", readOnly, "[index]", SubMatches, "What the groups matched."},
+    {"SubMatches", readOnly, "", SubMatches, "What the groups matched."},
     {"Value", readOnly, "", Value, "The text that matched."},
 };
 
@@ -177,7 +177,7 @@ constexpr Member subMatches[] = {
 
 constexpr Member wscript[] = {
     {"Application", readOnly, "", WScript, "The object itself."},
-    {"Arguments", readOnly, "[index]", Arguments, "What the script was started with."},
+    {"Arguments", readOnly, "", Arguments, "What the script was started with."},
     {"BuildVersion", readOnly, "", Value, "The host's build number."},
     {"ConnectObject", method, "object, prefix", Value,
         "Calls procedures named by the prefix for the object's events."},
@@ -205,9 +205,9 @@ constexpr Member arguments[] = {
     {"Count", method, "", Value, "How many arguments there are."},
     {"Item", readOnly, "index", Value, "An argument, from 0."},
     {"Length", readOnly, "", Value, "How many arguments there are."},
-    {"Named", readOnly, "[name]", NamedArguments, "Arguments of the form /name:value."},
+    {"Named", readOnly, "", NamedArguments, "Arguments of the form /name:value."},
     {"ShowUsage", method, "", Value, "Shows how the script is used."},
-    {"Unnamed", readOnly, "[index]", UnnamedArguments, "The other arguments."},
+    {"Unnamed", readOnly, "", UnnamedArguments, "The other arguments."},
 };
 
 constexpr Member namedArguments[] = {
@@ -263,8 +263,7 @@ constexpr Member wshShell[] = {
     {"Run", method, "command, [windowStyle], [wait]", Value,
         "Starts a program; its exit code if waited for."},
     {"SendKeys", method, "keys, [wait]", Value, "Types keys into the active window."},
-    {"SpecialFolders", readOnly, "[name]", WshSpecialFolders,
-        "Paths such as \"Desktop\" and \"MyDocuments\"."},
+    {"SpecialFolders", readOnly, "", WshSpecialFolders, "Paths such as \"Desktop\" and \"MyDocuments\"."},
 };
 
 constexpr Member wshNetwork[] = {
@@ -362,13 +361,13 @@ constexpr Member connection[] = {
     {"ConnectionTimeout", property, "", Value, "Seconds connecting may take."},
     {"CursorLocation", property, "", Value, "2 server, 3 client."},
     {"DefaultDatabase", property, "", Value, "The database in use."},
-    {"Errors", readOnly, "[index]", AdoErrors, "What the provider reported."},
+    {"Errors", readOnly, "", AdoErrors, "What the provider reported."},
     {"Execute", method, "command, [affected], [options]", Recordset, "Runs a command."},
     {"IsolationLevel", property, "", Value, "How far transactions see one another."},
     {"Mode", property, "", Value, "The rights asked for."},
     {"Open", method, "[connectionString], [user], [password], [options]", Value, "Connects."},
     {"OpenSchema", method, "query, [criteria], [schema]", Recordset, "Tables, columns and so on."},
-    {"Properties", readOnly, "[name]", AdoProperties, "The provider's own properties."},
+    {"Properties", readOnly, "", AdoProperties, "The provider's own properties."},
     {"Provider", property, "", Value, "The provider's name."},
     {"RollbackTrans", method, "", Value, "Undoes a transaction."},
     {"State", readOnly, "", Value, "0 closed, 1 open."},
@@ -398,7 +397,7 @@ constexpr Member recordset[] = {
     {"Delete", method, "[affected]", Value, "Deletes the current record."},
     {"EditMode", readOnly, "", Value, "Whether the record is being changed."},
     {"EOF", readOnly, "", Value, "Whether it stands after the last record."},
-    {"Fields", readOnly, "[field]", Fields, "The current record's fields."},
+    {"Fields", readOnly, "", Fields, "The current record's fields."},
     {"Filter", property, "", Value, "Which records are seen."},
     {"Find", method, "criteria, [skip], [direction], [start]", Value, "Goes to a record."},
     {"GetRows", method, "[count], [start], [fields]", ArrayOfValues, "Records as a two-dimensional array."},
@@ -416,7 +415,7 @@ constexpr Member recordset[] = {
     {"Open", method, "[source], [connection], [cursorType], [lockType], [options]", Value, "Opens it."},
     {"PageCount", readOnly, "", Value, "How many pages there are."},
     {"PageSize", property, "", Value, "Records on a page."},
-    {"Properties", readOnly, "[name]", AdoProperties, "The provider's own properties."},
+    {"Properties", readOnly, "", AdoProperties, "The provider's own properties."},
     {"RecordCount", readOnly, "", Value, "How many records there are; -1 if not known."},
     {"Requery", method, "[options]", Value, "Runs the query again."},
     {"Resync", method, "[affected], [values]", Value, "Reads the records again."},
@@ -454,11 +453,11 @@ constexpr Member field[] = {
     {"NumericScale", property, "", Value, "Digits after the point."},
     {"OriginalValue", readOnly, "", Value, "The value before changes."},
     {"Precision", property, "", Value, "Digits at most."},
-    {"Properties", readOnly, "[name]", AdoProperties, "The provider's own properties."},
+    {"Properties", readOnly, "", AdoProperties, "The provider's own properties."},
     {"Status", readOnly, "", Value, "Whether it was added or changed."},
     {"Type", property, "", Value, "The number of its data type."},
     {"UnderlyingValue", readOnly, "", Value, "The value in the database now."},
-    {"Value", property, "", Value, "Its value."},
+    {"Value", property, "", Unknown, "Its value."},
 };
 
 constexpr Member command[] = {
@@ -474,9 +473,9 @@ constexpr Member command[] = {
     {"Execute", method, "[affected], [parameters], [options]", Recordset, "Runs the command."},
     {"Name", property, "", Value, "Its name."},
     {"NamedParameters", property, "", Value, "Whether parameters go by their names."},
-    {"Parameters", readOnly, "[name]", AdoParameters, "The parameters."},
+    {"Parameters", readOnly, "", AdoParameters, "The parameters."},
     {"Prepared", property, "", Value, "Whether it is compiled first."},
-    {"Properties", readOnly, "[name]", AdoProperties, "The provider's own properties."},
+    {"Properties", readOnly, "", AdoProperties, "The provider's own properties."},
     {"State", readOnly, "", Value, "0 closed, 1 open, 4 running."},
 };
 
@@ -655,6 +654,7 @@ constexpr ProgId progIds[] = {
     {"VBScript.RegExp", RegExp},
     {"WbemScripting.SWbemLocator", WmiLocator},
     {"WinHttp.WinHttpRequest", WinHttp},
+    {"winmgmts", WmiServices},
     {"Word.Application", Word},
     {"WScript.Network", WshNetwork},
     {"WScript.Shell", WshShell},

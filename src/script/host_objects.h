@@ -89,7 +89,7 @@ enum class MemberKind : std::uint8_t {
 struct Member {
     std::string_view name;
     MemberKind kind;
-    Parameters parameters;
+    Parameters parameters; ///< arguments beyond these are an index into the result
     TypeId result = TypeId::Value;
     std::string_view description;
 };

@@ -144,6 +144,77 @@ constexpr std::array rules{
         "Blocks and expressions can be nested some hundred levels deep here. The text after this place was "
         "not "
         "looked at."},
+    RuleInfo{Rule::MissingSet, Level::Warning, "Object assigned without Set",
+        "Without Set an assignment takes the value of the object's default member. Most objects of the "
+        "script host have "
+        "none, and the statement fails with error 438 or 91; where there is one, the variable holds a text "
+        "or number "
+        "and no object."},
+    RuleInfo{Rule::SetWithValue, Level::Warning, "Value assigned with Set",
+        "Set takes an object on its right side. A text, a number, a truth value or an array is assigned "
+        "without Set; "
+        "with it the statement fails with error 424."},
+    RuleInfo{Rule::UnknownMember, Level::Warning, "Member the object does not have",
+        "The variable only ever holds objects of this class, and the class has no such property or method. "
+        "The "
+        "statement fails with error 438."},
+    RuleInfo{Rule::MisspelledName, Level::Warning, "Name one letter away from a declared one",
+        "The name is nowhere declared and differs from a declared one by a single letter. VBScript makes a "
+        "new, empty "
+        "variable of it. Option Explicit finds such slips when the script runs."},
+    RuleInfo{Rule::NullComparison, Level::Warning, "Comparison with Null",
+        "Each comparison with Null gives Null, which a condition takes for False: neither x = Null nor x <> "
+        "Null is "
+        "ever true. IsNull(x) asks for Null, IsEmpty(x) for a variable without a value."},
+    RuleInfo{Rule::ResumeNextNeverEnds, Level::Warning, "On Error Resume Next without an end",
+        "On Error Resume Next outside of procedures holds until On Error GoTo 0 or the end of the script. "
+        "Every error "
+        "in between passes unnoticed, misspelled names and missing files too. Put it right before the "
+        "statement that "
+        "may fail, look at Err.Number after it, and end it with On Error GoTo 0."},
+    RuleInfo{Rule::UnreachableCode, Level::Warning, "Code that is never reached",
+        "The statement before leaves the loop, the procedure or the script in every case, or is a loop that "
+        "never "
+        "ends."},
+    RuleInfo{Rule::FunctionWithoutResult, Level::Warning, "Function that never sets its result",
+        "A function returns what was assigned to its own name, with Set where that is an object. Without "
+        "such an "
+        "assignment it always returns Empty."},
+    RuleInfo{Rule::LoopVariableChanged, Level::Warning, "Loop variable changed inside its For",
+        "Next adds to whatever the variable holds, so the loop skips or repeats rounds, or never ends. A Do "
+        "loop says "
+        "more clearly what is meant, and a loop in a loop needs a variable of its own."},
+    RuleInfo{Rule::NoShortCircuit, Level::Warning, "And or Or expected to stop early",
+        "VBScript computes both sides of And and Or before it combines them. What the left side is to "
+        "prevent happens "
+        "all the same, and often is an error. Write one If inside the other."},
+    RuleInfo{Rule::RepeatedCondition, Level::Warning, "The same condition twice",
+        "The first branch whose condition holds is taken, so a later branch with the same condition never "
+        "is. Often "
+        "the second one was copied and left unchanged."},
+    RuleInfo{Rule::UnusedDeclaration, Level::Hint, "Declared and never used",
+        "Nothing in the script uses the name. It may be left over, or another name was misspelled."},
+    RuleInfo{Rule::NeverRead, Level::Hint, "Assigned and never read",
+        "The value has no effect. It may be left over, or another name was misspelled. The result of a "
+        "method that is "
+        "not needed can be left away: call the method as a statement."},
+    RuleInfo{Rule::ShadowedName, Level::Hint, "Name that hides another",
+        "Inside the procedure the name no longer stands for what it stands for elsewhere. That is easily "
+        "overlooked by "
+        "whoever changes the script next."},
+    RuleInfo{Rule::NoOptionExplicit, Level::Hint, "No Option Explicit",
+        "With Option Explicit as the first statement every variable has to be declared, and a misspelled "
+        "name stops "
+        "the script with an error instead of working with an empty variable."},
+    RuleInfo{Rule::NeedsVbscript, Level::Hint, "What goes away with VBScript",
+        "VBScript is deprecated: Windows 11 has it as a feature on demand, and a later version will be "
+        "without. Then "
+        "wscript.exe, cscript.exe and mshta.exe no longer run such scripts, and the classes inside the "
+        "engine, "
+        "VBScript.RegExp among them, are missing for other programs too. Scripting.FileSystemObject, "
+        "Scripting.Dictionary and WScript.Shell are parts of their own. The related places list what this "
+        "script "
+        "uses."},
 };
 
 } // namespace

@@ -59,7 +59,24 @@ enum class Rule : std::uint16_t {
     ConstantAssigned,
 
     NestingTooDeep = 2001,
-    // 2002 and on: almost surely not meant. 3001 and on: hints.
+    // Almost surely not meant.
+    MissingSet,
+    SetWithValue,
+    UnknownMember,
+    MisspelledName,
+    NullComparison,
+    ResumeNextNeverEnds,
+    UnreachableCode,
+    FunctionWithoutResult,
+    LoopVariableChanged,
+    NoShortCircuit,
+    RepeatedCondition,
+    // Worth knowing.
+    UnusedDeclaration = 3001,
+    NeverRead,
+    ShadowedName,
+    NoOptionExplicit,
+    NeedsVbscript,
 };
 
 struct RuleInfo {

@@ -51,6 +51,9 @@ public:
         visit(m_tree.root(), 0);
         declareImplicit();
         sortReferences();
+        for (SymbolId id = 1; id < symbols.m_symbols.size(); ++id)
+            symbols.m_declared.push_back({symbols.m_symbols[id].scope, symbols.m_symbols[id].name, id});
+        std::ranges::sort(symbols.m_declared);
         std::ranges::sort(symbols.m_withUses, {}, &WithUse::object);
     }
 
@@ -368,12 +371,8 @@ Symbols::Symbols(const ParsedScript &script)
 
 SymbolId Symbols::declaredIn(ScopeId scope, NameId name) const
 {
-    SymbolId found = 0;
-    for (auto id = m_scopes[scope].firstSymbol; id != 0; id = m_symbols[id].nextInScope) {
-        if (m_symbols[id].name == name)
-            found = id;
-    }
-    return found;
+    const auto at = std::ranges::lower_bound(m_declared, Declared{scope, name, 0});
+    return at != m_declared.end() && at->scope == scope && at->name == name ? at->symbol : 0;
 }
 
 NodeId Symbols::withExpression(NodeId withObject) const

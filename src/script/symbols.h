@@ -95,7 +95,7 @@ public:
     [[nodiscard]] SymbolId symbolAt(NodeId name) const { return m_symbolAt[name]; }
     /// 0 at the root.
     [[nodiscard]] NodeId parent(NodeId id) const { return m_parents[id]; }
-    /// The declaration of `name` in that scope itself; 0 where there is none.
+    /// The first declaration of `name` in that scope itself; 0 where there is none.
     [[nodiscard]] SymbolId declaredIn(ScopeId scope, NameId name) const;
     /// The expression of the With that a WithObject stands for; 0 where there is none.
     [[nodiscard]] NodeId withExpression(NodeId withObject) const;
@@ -109,6 +109,13 @@ private:
     std::vector<std::uint32_t> m_firstReference;
     std::vector<SymbolId> m_symbolAt;
     std::vector<NodeId> m_parents;
+    struct Declared {
+        ScopeId scope;
+        NameId name;
+        SymbolId symbol;
+        friend auto operator<=>(const Declared &, const Declared &) = default;
+    };
+    std::vector<Declared> m_declared; ///< ascending
     struct WithUse {
         NodeId object;
         NodeId expression;

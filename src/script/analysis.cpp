@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "script/analysis.h"
+
+#include "script/rule_tables.h"
+#include "script/silencing.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kevra::script {
+namespace {
+
+/// What a rule needs of the text to be right.
+enum class Needs {
+    ItsNode, ///< the node alone
+    WholeText, ///< no fault of syntax: what was not understood could be what is missing
+};
+
+struct NodeRule {
+    NodeKind kind;
+    void (*check)(const Model &, NodeId, FindingList &);
+    Needs needs = Needs::ItsNode;
+};
+
+constexpr std::array nodeRules{
+    NodeRule{NodeKind::Apply, checkArgumentCount},
+    NodeRule{NodeKind::CallStatement, checkArgumentCount},
+    NodeRule{NodeKind::Assign, checkMissingSet},
+    NodeRule{NodeKind::SetAssign, checkSetWithValue},
+    NodeRule{NodeKind::Member, checkUnknownMember},
+    NodeRule{NodeKind::Binary, checkNullComparison},
+    NodeRule{NodeKind::Binary, checkNoShortCircuit},
+    NodeRule{NodeKind::If, checkRepeatedCondition},
+    NodeRule{NodeKind::Select, checkRepeatedCase},
+    NodeRule{NodeKind::Script, checkUnreachable, Needs::WholeText},
+    NodeRule{NodeKind::Block, checkUnreachable, Needs::WholeText},
+};
+
+struct SymbolRule {
+    void (*check)(const Model &, SymbolId, FindingList &);
+    Needs needs = Needs::WholeText;
+};
+
+constexpr std::array symbolRules{
+    SymbolRule{checkLoopVariableChanged},
+    SymbolRule{checkFunctionWithoutResult},
+    SymbolRule{checkUnused},
+    SymbolRule{checkNeverRead},
+    SymbolRule{checkShadowed},
+};
+
+struct ScriptRule {
+    void (*check)(const Model &, FindingList &);
+    Needs needs = Needs::WholeText;
+};
+
+constexpr std::array scriptRules{
+    ScriptRule{checkUndeclared},
+    ScriptRule{checkMisspelled},
+    ScriptRule{checkResumeNextNeverEnds},
+    ScriptRule{checkNoOptionExplicit, Needs::ItsNode},
+    ScriptRule{checkNeedsVbscript, Needs::ItsNode},
+};
+
+constexpr std::size_t kindCount = static_cast<std::size_t>(NodeKind::Stop) + 1;
+
+/// Where the rules of each kind of node begin; they stand together in the table.
+constexpr auto firstRuleOf = [] {
+    std::array<std::uint8_t, kindCount> first{};
+    first.fill(nodeRules.size());
+    for (std::size_t i = nodeRules.size(); i-- > 0;)
+        first[static_cast<std::size_t>(nodeRules[i].kind)] = static_cast<std::uint8_t>(i);
+    return first;
+}();
+
+void checkNodes(const Model &model, bool wholeText, FindingList &findings)
+{
+    for (NodeId id = 1; id < model.tree.size(); ++id) {
+        const auto kind = model.kind(id);
+        for (std::size_t i = firstRuleOf[static_cast<std::size_t>(kind)];
+             i < nodeRules.size() && nodeRules[i].kind == kind; ++i) {
+            if (wholeText || nodeRules[i].needs == Needs::ItsNode)
+                nodeRules[i].check(model, id, findings);
+        }
+    }
+}
+
+} // namespace
+
+std::vector<Finding> analyse(const ParsedScript &script, const Surroundings &surroundings)
+{
+    const Model model(script, surroundings);
+    const bool wholeText = script.complete && script.findings.empty();
+    FindingList found;
+    checkNodes(model, wholeText, found);
+    for (const auto &rule : symbolRules) {
+        for (SymbolId id = 1; id < model.symbols.symbolCount(); ++id) {
+            if (wholeText || rule.needs == Needs::ItsNode)
+                rule.check(model, id, found);
+        }
+    }
+    for (const auto &rule : scriptRules) {
+        if (wholeText || rule.needs == Needs::ItsNode)
+            rule.check(model, found);
+    }
+    auto findings = script.findings;
+    auto more = found.take();
+    findings.insert(
+        findings.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+    std::ranges::stable_sort(findings, {}, [](const Finding &finding) { return finding.range.start; });
+    dropSilenced(script, findings);
+    return findings;
+}
+
+} // namespace kevra::script

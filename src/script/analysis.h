@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a parsed script means, and what of that is probably not meant: the findings of lexer and parser
+// together with those of every rule about names, objects, conditions and the flow of control.
+#pragma once
+
+#include "script/parser.h"
+#include "script/surroundings.h"
+
+#include <string_view>
+#include <vector>
+
+namespace kevra::script {
+
+struct Surroundings {
+    Host host = Host::ScriptFile;
+    /// Other scripts are loaded beside this one: its names may be theirs.
+    bool includesOthers = false;
+};
+
+/// Ascending by place, without those that a comment switches off.
+[[nodiscard]] std::vector<Finding> analyse(const ParsedScript &script, const Surroundings &surroundings = {});
+
+} // namespace kevra::script

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "script/rule_tables.h"
+#include "script/sorted_names.h"
+
+#include <algorithm>
+
+namespace kevra::script {
+namespace {
+
+constexpr unsigned ifLevels = 20;
+
+[[nodiscard]] bool isNamed(std::string_view name, std::string_view other)
+{
+    return !comesBefore(name, other) && !comesBefore(other, name);
+}
+
+/// Declarations are no part of the flow: procedures often stand after the end of the script proper.
+[[nodiscard]] bool isExecutable(NodeKind kind)
+{
+    return kind >= NodeKind::Assign && kind <= NodeKind::Stop && kind != NodeKind::Output;
+}
+
+[[nodiscard]] bool quitsScript(const Model &model, NodeId call)
+{
+    const auto callee = model.tree.child(call, 0);
+    if (model.kind(callee) != NodeKind::Member || !isNamed(model.spelling(callee), "Quit"))
+        return false;
+    return model.types.of(model.tree.child(callee, 0)).id == TypeId::WScript;
+}
+
+/// An Exit Do below a node that belongs to no Do below it.
+[[nodiscard]] bool holdsExitDo(const Model &model, NodeId id)
+{
+    const auto kind = model.kind(id);
+    if (kind == NodeKind::Wrong)
+        return true;
+    if (kind == NodeKind::Exit)
+        return model.tree[id].name == static_cast<NameId>(Keyword::Do);
+    for (const auto child : model.tree.children(id)) {
+        if (model.kind(child) != NodeKind::DoLoop && holdsExitDo(model, child))
+            return true;
+    }
+    return false;
+}
+
+/// A Do without a condition that no Exit Do leaves.
+[[nodiscard]] bool isEndless(const Model &model, NodeId loop)
+{
+    const auto first = model.tree.child(loop, 0);
+    return (first == 0 || model.kind(first) == NodeKind::Block || model.kind(first) == NodeKind::Omitted)
+        && !holdsExitDo(model, loop);
+}
+
+[[nodiscard]] bool neverGoesOn(const Model &model, NodeId statement, unsigned levels);
+
+[[nodiscard]] bool lastNeverGoesOn(const Model &model, NodeId branch, unsigned levels)
+{
+    const auto block = model.tree.lastChild(branch);
+    const auto last = model.kind(block) == NodeKind::Block ? model.tree.lastChild(block) : 0;
+    return last != 0 && neverGoesOn(model, last, levels);
+}
+
+/// Whether the statement after this one can never run. Looks into so many levels of If.
+[[nodiscard]] bool neverGoesOn(const Model &model, NodeId statement, unsigned levels)
+{
+    switch (model.kind(statement)) {
+    case NodeKind::Exit:
+        return true;
+    case NodeKind::CallStatement:
+        return quitsScript(model, statement);
+    case NodeKind::DoLoop:
+        return isEndless(model, statement);
+    case NodeKind::If: {
+        bool hasElse = false;
+        for (const auto branch : model.tree.children(statement)) {
+            hasElse = hasElse || model.kind(branch) == NodeKind::ElseBranch;
+            if (levels == 0 || !lastNeverGoesOn(model, branch, levels - 1))
+                return false;
+        }
+        return hasElse;
+    }
+    default:
+        return false;
+    }
+}
+
+/// Statements around a place that leave the loop right after it.
+[[nodiscard]] bool isFollowedByExit(const Model &model, NodeId statement)
+{
+    const auto next = model.tree[statement].nextSibling;
+    return next != 0 && neverGoesOn(model, next, ifLevels);
+}
+
+} // namespace
+
+void checkUnreachable(const Model &model, NodeId block, FindingList &findings)
+{
+    NodeId stop = 0;
+    for (const auto statement : model.tree.children(block)) {
+        if (stop != 0 && isExecutable(model.kind(statement))) {
+            findings
+                .add(Rule::UnreachableCode, model.tree[statement].range(),
+                    "This is never reached: " + model.quoted(stop) + " in line "
+                        + std::to_string(model.lineOf(model.tree[stop].range().start)) + " does not go on.")
+                .related.push_back({model.tree[stop].range(), "Nothing after this statement runs."});
+            return;
+        }
+        if (stop == 0 && isExecutable(model.kind(statement)) && neverGoesOn(model, statement, ifLevels))
+            stop = statement;
+    }
+}
+
+void checkLoopVariableChanged(const Model &model, SymbolId symbol, FindingList &findings)
+{
+    const auto uses = model.symbols.references(symbol);
+    if (std::ranges::none_of(uses, [](const Reference &use) { return use.access == Access::Loop; }))
+        return;
+    for (const auto &use : uses) {
+        if (use.access != Access::Write && use.access != Access::Loop && use.access != Access::LoopEach)
+            continue;
+        const auto statement = model.parent(use.node);
+        for (auto loop = model.around(statement, NodeKind::For); loop != 0;
+             loop = model.around(loop, NodeKind::For)) {
+            const auto variable = model.tree.child(loop, 0);
+            if (variable == use.node || model.symbols.symbolAt(variable) != symbol)
+                continue;
+            if (isFollowedByExit(model, statement))
+                break;
+            findings
+                .add(Rule::LoopVariableChanged, model.tree[use.node].range(),
+                    Model::quoted(model.nameOf(symbol)) + " counts the For in line "
+                        + std::to_string(model.lineOf(model.tree[loop].range().start))
+                        + " and is changed inside of it.")
+                .related.push_back({model.tree[variable].range(), "The loop counts with this variable."});
+            break;
+        }
+    }
+}
+
+void checkFunctionWithoutResult(const Model &model, SymbolId symbol, FindingList &findings)
+{
+    const auto &function = model.symbols.symbol(symbol);
+    if (function.ownScope == 0 || model.runsText())
+        return;
+    const auto kind = model.kind(function.node);
+    const bool property = kind == NodeKind::PropertyGet;
+    if ((kind != NodeKind::Function || function.redeclared) && !property)
+        return;
+    const auto block = model.tree.lastChild(function.node);
+    if (model.kind(block) != NodeKind::Block || model.tree[block].firstChild == 0)
+        return;
+    const auto body = model.tree[function.node].range();
+    const auto isInside = [&](const Reference &use) {
+        const auto start = model.tree[use.node].range().start;
+        return start >= body.start && start < body.end;
+    };
+    bool valueUsed
+        = model.symbols.scope(function.scope).kind == ScopeKind::Class && model.isMemberRead(function.name);
+    // Get, Let and Set share a name, which is bound to the first of them.
+    for (const auto &use :
+        model.symbols.references(model.symbols.declaredIn(function.scope, function.name))) {
+        const bool asStatement = use.access == Access::Call;
+        const bool recursion = use.access == Access::Index;
+        if (isInside(use) && !asStatement && !recursion && use.access != Access::Read)
+            return;
+        valueUsed = valueUsed || (!isInside(use) && !asStatement);
+    }
+    if (!valueUsed)
+        return;
+    findings.add(Rule::FunctionWithoutResult, model.declarationRange(symbol),
+        Model::quoted(model.nameOf(symbol)) + " never sets its result, which is used elsewhere.");
+}
+
+void checkResumeNextNeverEnds(const Model &model, FindingList &findings)
+{
+    NodeId open = 0;
+    for (NodeId id = 1; id < model.tree.size(); ++id) {
+        const auto kind = model.kind(id);
+        if ((kind != NodeKind::OnErrorResumeNext && kind != NodeKind::OnErrorGoTo0)
+            || model.procedureAround(id) != 0)
+            continue;
+        if (kind == NodeKind::OnErrorGoTo0)
+            open = 0;
+        else if (open == 0)
+            open = id;
+    }
+    if (open != 0)
+        findings.add(Rule::ResumeNextNeverEnds, model.tree[open].range(),
+            "From here to the end of the script every error passes unnoticed: no On Error GoTo 0 follows.");
+}
+
+} // namespace kevra::script

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the rules look at: the tree, what its names stand for, and what its expressions give.
+#pragma once
+
+#include "script/analysis.h"
+#include "script/symbols.h"
+#include "script/types.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra::script {
+
+class Model {
+public:
+    Model(const ParsedScript &parsed, const Surroundings &where);
+
+    const ParsedScript &script;
+    const Tree &tree;
+    const Surroundings surroundings;
+    const Symbols symbols;
+    const Types types;
+
+    /// Statements given as text (Execute, ExecuteGlobal, Eval) may use and declare any name.
+    [[nodiscard]] bool runsText() const { return m_runsText; }
+    /// Option Explicit stands somewhere in the script.
+    [[nodiscard]] bool isExplicit() const { return m_optionExplicit != 0; }
+    /// The script uses objects or procedures that somebody else has to provide.
+    [[nodiscard]] bool hasUnknownHost() const { return m_hasUnknownHost; }
+    /// Whether a member of this name is used for its value somewhere.
+    [[nodiscard]] bool isMemberRead(NameId name) const
+    {
+        return m_memberRead[static_cast<std::size_t>(name)];
+    }
+
+    [[nodiscard]] NodeKind kind(NodeId id) const { return tree[id].kind; }
+    [[nodiscard]] NodeId parent(NodeId id) const { return symbols.parent(id); }
+    [[nodiscard]] std::string_view spelling(NodeId id) const { return script.names.spelling(tree[id].name); }
+    [[nodiscard]] std::string_view spelling(NameId name) const { return script.names.spelling(name); }
+    [[nodiscard]] std::string_view nameOf(SymbolId id) const { return spelling(symbols.symbol(id).name); }
+    /// 'text', shortened where it is long.
+    [[nodiscard]] std::string quoted(NodeId id) const;
+    [[nodiscard]] static std::string quoted(std::string_view text);
+    [[nodiscard]] Offset lineOf(Offset offset) const;
+    /// Where a symbol's name stands in its declaration.
+    [[nodiscard]] TextRange declarationRange(SymbolId id) const;
+    /// Null for names the script itself declares.
+    [[nodiscard]] const struct BuiltinFunction *builtinAt(NodeId name) const;
+    /// The nearest node of that kind around a node, within the same procedure; 0 where there is none.
+    [[nodiscard]] NodeId around(NodeId id, NodeKind kind) const;
+    /// The procedure a node stands in, or 0.
+    [[nodiscard]] NodeId procedureAround(NodeId id) const;
+    [[nodiscard]] bool sameText(NodeId a, NodeId b) const;
+
+private:
+    void look();
+
+    bool m_runsText = false;
+    NodeId m_optionExplicit = 0;
+    bool m_hasUnknownHost = false;
+    std::vector<bool> m_memberRead; ///< by name
+    mutable std::optional<LineIndex> m_lines;
+};
+
+[[nodiscard]] constexpr bool isProcedure(NodeKind kind)
+{
+    return kind >= NodeKind::Sub && kind <= NodeKind::PropertySet;
+}
+
+/// Collects what the rules find.
+class FindingList {
+public:
+    Finding &add(Rule rule, TextRange range, std::string what)
+    {
+        return m_findings.emplace_back(Finding{rule, range, std::move(what), {}, {}});
+    }
+    [[nodiscard]] std::vector<Finding> take() { return std::move(m_findings); }
+
+private:
+    std::vector<Finding> m_findings;
+};
+
+} // namespace kevra::script

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "script/builtins.h"
+#include "script/nearness.h"
+#include "script/rule_tables.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace kevra::script {
+namespace {
+
+/// Looking for similar names stops after this many comparisons, so that hostile scripts stay linear.
+constexpr unsigned maxComparisons = 2'000'000;
+
+[[nodiscard]] bool isRead(Access access)
+{
+    return access == Access::Read || access == Access::Argument || access == Access::Object
+        || access == Access::Index || access == Access::Call;
+}
+
+[[nodiscard]] bool isProvided(const Model &model, NodeId name)
+{
+    const auto spelled = model.spelling(name);
+    return builtinFunction(spelled) || builtinConstant(spelled) || typeOfIntrinsic(spelled) != TypeId::Unknown
+        || (model.surroundings.host == Host::ServerPage && typeOfServerIntrinsic(spelled) != TypeId::Unknown);
+}
+
+/// Whether every name of the script has to come from the script itself or the host.
+[[nodiscard]] bool namesAreComplete(const Model &model)
+{
+    return !model.surroundings.includesOthers && !model.runsText();
+}
+
+/// Looks among the declared names for the one that was meant.
+class DeclaredNames {
+public:
+    explicit DeclaredNames(const Model &model)
+        : m_model(model)
+    {
+    }
+
+    [[nodiscard]] SymbolId meantBy(NodeId name, ScopeId scope)
+    {
+        const auto written = m_model.spelling(name);
+        for (;; scope = m_model.symbols.scope(scope).parent) {
+            for (auto id = m_model.symbols.scope(scope).firstSymbol; id != 0;
+                 id = m_model.symbols.symbol(id).nextInScope) {
+                if (++m_comparisons > maxComparisons)
+                    return 0;
+                if (m_model.symbols.symbol(id).kind != SymbolKind::Implicit
+                    && isSlip(written, m_model.nameOf(id)))
+                    return id;
+            }
+            if (scope == 0)
+                return 0;
+        }
+    }
+
+private:
+    const Model &m_model;
+    unsigned m_comparisons = 0;
+};
+
+[[nodiscard]] const Reference &firstUse(const Model &model, SymbolId symbol)
+{
+    const auto uses = model.symbols.references(symbol);
+    return *std::ranges::min_element(
+        uses, {}, [&](const Reference &use) { return model.tree[use.node].start; });
+}
+
+void addChangeFix(const Model &model, Finding &finding, SymbolId meant)
+{
+    const auto name = std::string(model.nameOf(meant));
+    finding.fixes.push_back({"Change to " + name, {{finding.range, name}}});
+    finding.related.push_back({model.declarationRange(meant), "This name is declared."});
+}
+
+/// A page's elements and a host file's objects are names too: they stand in the text outside of the script.
+[[nodiscard]] bool mayBeNamedOutside(const Model &model)
+{
+    return model.surroundings.host == Host::Page || model.surroundings.host == Host::HostFile;
+}
+
+[[nodiscard]] bool hasTopLevelCode(const Model &model)
+{
+    for (const auto statement : model.tree.children(model.tree.root())) {
+        if (model.kind(statement) >= NodeKind::Assign)
+            return true;
+    }
+    return false;
+}
+
+void reportUndeclared(const Model &model, NodeId name, SymbolId meant, bool canDeclare, FindingList &findings)
+{
+    const auto range = model.tree[name].range();
+    auto &finding = findings.add(Rule::UndeclaredName, range,
+        model.quoted(name) + " is not declared, which Option Explicit asks for.");
+    if (meant != 0)
+        addChangeFix(model, finding, meant);
+    const auto procedure = model.procedureAround(name);
+    const auto block = procedure != 0 ? model.tree.lastChild(procedure) : 0;
+    const auto first = model.kind(block) == NodeKind::Block ? model.tree[block].firstChild : 0;
+    if (canDeclare && first != 0) {
+        const auto place = model.tree[first].range().start;
+        finding.fixes.push_back({"Declare it in the procedure",
+            {{{place, place}, "Dim " + std::string(model.spelling(name)) + " : "}}});
+    }
+}
+
+} // namespace
+
+void checkUndeclared(const Model &model, FindingList &findings)
+{
+    if (!model.isExplicit() || !namesAreComplete(model))
+        return;
+    DeclaredNames declared(model);
+    for (SymbolId id = 1; id < model.symbols.symbolCount(); ++id) {
+        if (model.symbols.symbol(id).kind != SymbolKind::Implicit)
+            continue;
+        const auto &use = firstUse(model, id);
+        const auto meant = declared.meantBy(use.node, use.scope);
+        if (meant != 0 || !mayBeNamedOutside(model))
+            reportUndeclared(model, use.node, meant, true, findings);
+    }
+    const bool noMoreNames
+        = model.surroundings.host == Host::ScriptFile && !model.hasUnknownHost() && hasTopLevelCode(model);
+    std::unordered_set<NameId> seen;
+    for (const auto &use : model.symbols.references(0)) {
+        const auto name = model.tree[use.node].name;
+        if (!isRead(use.access) || seen.contains(name) || isProvided(model, use.node))
+            continue;
+        const auto meant = declared.meantBy(use.node, use.scope);
+        if (meant == 0 && !noMoreNames)
+            continue;
+        seen.insert(name);
+        reportUndeclared(model, use.node, meant, false, findings);
+    }
+}
+
+void checkMisspelled(const Model &model, FindingList &findings)
+{
+    if (model.isExplicit() || !namesAreComplete(model))
+        return;
+    DeclaredNames declared(model);
+    const auto report = [&](NodeId name, SymbolId meant, std::string_view what) {
+        addChangeFix(model,
+            findings.add(Rule::MisspelledName, model.tree[name].range(),
+                model.quoted(name) + " is " + std::string(what) + "; " + Model::quoted(model.nameOf(meant))
+                    + " is declared."),
+            meant);
+    };
+    for (SymbolId id = 1; id < model.symbols.symbolCount(); ++id) {
+        if (model.symbols.symbol(id).kind != SymbolKind::Implicit)
+            continue;
+        const auto uses = model.symbols.references(id);
+        if (std::ranges::any_of(uses, [](const Reference &use) { return isRead(use.access); }))
+            continue;
+        const auto &use = firstUse(model, id);
+        const auto meant = declared.meantBy(use.node, use.scope);
+        const bool isVariable = meant != 0 && model.symbols.symbol(meant).ownScope == 0;
+        if (isVariable)
+            report(use.node, meant, "assigned and never read");
+    }
+    std::unordered_set<NameId> seen;
+    for (const auto &use : model.symbols.references(0)) {
+        const auto name = model.tree[use.node].name;
+        if (!isRead(use.access) || isProvided(model, use.node) || !seen.insert(name).second)
+            continue;
+        if (const auto meant = declared.meantBy(use.node, use.scope))
+            report(use.node, meant, "never given a value");
+    }
+}
+
+namespace {
+
+/// Whether nothing outside the script text can use the symbol.
+[[nodiscard]] bool isOnlyUsedHere(const Model &model, const Symbol &symbol)
+{
+    const auto scope = model.symbols.scope(symbol.scope).kind;
+    return !model.runsText() && scope != ScopeKind::Class && !symbol.redeclared
+        && (scope == ScopeKind::Procedure
+            || (!model.surroundings.includesOthers && model.surroundings.host == Host::ScriptFile));
+}
+
+/// Takes a variable or constant out of its list, or the whole statement where it is the only one.
+[[nodiscard]] TextEdit removal(const Model &model, NodeId variable)
+{
+    const auto statement = model.parent(variable);
+    const auto range = model.tree[variable].range();
+    if (const auto next = model.tree[variable].nextSibling)
+        return {{range.start, model.tree[next].range().start}, ""};
+    NodeId before = 0;
+    for (const auto child : model.tree.children(statement)) {
+        if (child != variable)
+            before = child;
+    }
+    return before != 0 ? TextEdit{{model.tree[before].range().end, range.end}, ""}
+                       : TextEdit{model.tree[statement].range(), ""};
+}
+
+} // namespace
+
+void checkUnused(const Model &model, SymbolId id, FindingList &findings)
+{
+    const auto &symbol = model.symbols.symbol(id);
+    const bool declared = symbol.kind == SymbolKind::Variable || symbol.kind == SymbolKind::Constant;
+    if (!declared || !model.symbols.references(id).empty() || !isOnlyUsedHere(model, symbol))
+        return;
+    auto &finding = findings.add(Rule::UnusedDeclaration, model.declarationRange(id),
+        Model::quoted(model.nameOf(id)) + " is declared and never used.");
+    finding.fixes.push_back({"Remove the declaration", {removal(model, symbol.node)}});
+}
+
+void checkNeverRead(const Model &model, SymbolId id, FindingList &findings)
+{
+    const auto &symbol = model.symbols.symbol(id);
+    const bool variable = symbol.kind == SymbolKind::Variable || symbol.kind == SymbolKind::Implicit;
+    const auto uses = model.symbols.references(id);
+    const bool onlyAssigned = !uses.empty() && std::ranges::all_of(uses, [](const Reference &use) {
+        return use.access == Access::Write || use.access == Access::Set;
+    });
+    if (!variable || !onlyAssigned || !isOnlyUsedHere(model, symbol))
+        return;
+    findings.add(Rule::NeverRead, model.tree[firstUse(model, id).node].range(),
+        Model::quoted(model.nameOf(id)) + " is assigned and never read.");
+}
+
+void checkShadowed(const Model &model, SymbolId id, FindingList &findings)
+{
+    const auto &symbol = model.symbols.symbol(id);
+    if (symbol.kind == SymbolKind::Implicit || model.symbols.scope(symbol.scope).kind == ScopeKind::Class)
+        return;
+    const auto name = model.nameOf(id);
+    if (builtinFunction(name) || builtinConstant(name)) {
+        findings.add(Rule::ShadowedName, model.declarationRange(id),
+            Model::quoted(name) + " hides what VBScript itself calls by this name.");
+        return;
+    }
+    const auto hidden = symbol.scope == 0 ? 0 : model.symbols.declaredIn(0, symbol.name);
+    if (hidden == 0 || symbol.ownScope != 0)
+        return;
+    findings
+        .add(Rule::ShadowedName, model.declarationRange(id),
+            Model::quoted(name) + " hides the one of the whole script in line "
+                + std::to_string(model.lineOf(model.declarationRange(hidden).start)) + ".")
+        .related.push_back({model.declarationRange(hidden), "This one is hidden."});
+}
+
+} // namespace kevra::script

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which class of object an expression gives: followed from CreateObject, New and Set through variables that
+// only ever hold one kind. What is not certain is Unknown.
+#pragma once
+
+#include "script/host_objects.h"
+#include "script/surroundings.h"
+#include "script/symbols.h"
+
+#include <vector>
+
+namespace kevra::script {
+
+struct Type {
+    TypeId id = TypeId::Unknown;
+    SymbolId ownClass = 0; ///< a class of the script; id is Object then
+
+    friend bool operator==(Type, Type) = default;
+};
+
+class Types {
+public:
+    Types(const ParsedScript &script, const Symbols &symbols, Host host);
+
+    [[nodiscard]] Type of(NodeId expression) const { return typeOf(expression, 0); }
+    [[nodiscard]] Type ofSymbol(SymbolId symbol) const;
+
+    /// Whether the expression makes or gets an object by CreateObject, GetObject or New.
+    [[nodiscard]] bool createsObject(NodeId expression) const;
+    /// The ProgID of a CreateObject with a literal; empty where there is none.
+    [[nodiscard]] std::string_view createdProgId(NodeId expression) const;
+    /// The default member of a value of this type, if it is a class of the script, or a known one.
+    [[nodiscard]] bool hasDefaultMember(Type type) const;
+
+private:
+    enum class State : std::uint8_t { NotLooked, Looking, Known };
+    struct Entry {
+        Type type;
+        State state = State::NotLooked;
+    };
+
+    [[nodiscard]] Type typeOf(NodeId expression, unsigned links) const;
+    [[nodiscard]] Type ofName(NodeId name) const;
+    [[nodiscard]] Type ofMember(NodeId member, unsigned links) const;
+    [[nodiscard]] Type ofApply(NodeId apply, unsigned links) const;
+    [[nodiscard]] Type ofNew(NameId className) const;
+    [[nodiscard]] Type computed(SymbolId symbol) const;
+    [[nodiscard]] bool mayBeChangedByCall(const Reference &argument) const;
+    [[nodiscard]] SymbolId parameterFor(SymbolId procedure, NodeId call, NodeId argument) const;
+    [[nodiscard]] bool isWritten(SymbolId parameter) const;
+    [[nodiscard]] std::string_view createCall(NodeId expression) const;
+    [[nodiscard]] std::string_view spelling(NodeId id) const;
+
+    const ParsedScript &m_script;
+    const Symbols &m_symbols;
+    Host m_host;
+    mutable std::vector<Entry> m_entries; ///< by symbol
+    mutable unsigned m_variablesInARow = 0;
+};
+
+} // namespace kevra::script
