@@ -40,6 +40,7 @@ constexpr BuiltinFunction functions[] = {
         "The date of these three numbers; what is out of range carries over."},
     {"DateValue", "text", Value, "The date in a text, without the time."},
     {"Day", "date", Value, "The day of the month, 1 to 31."},
+    {"Erase", "array, [array...]", Value, "Empties fixed arrays and frees dynamic ones."},
     {"Escape", "text", Value, "The text with everything but letters and digits as %XX."},
     {"Eval", "text", Unknown, "The value of an expression given as text."},
     {"Execute", "statements", Unknown, "Runs statements given as text, in the current scope."},

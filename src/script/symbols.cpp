@@ -243,10 +243,9 @@ private:
         case NodeKind::With:
             return visitWith(id, scope);
         case NodeKind::ReDim:
-        case NodeKind::Erase:
             for (const auto child : m_tree.children(id)) {
                 m_result.m_parents[child] = id;
-                visit(child, scope, node.kind == NodeKind::ReDim ? Access::ReDim : Access::Erase);
+                visit(child, scope, Access::ReDim);
             }
             return;
         default:

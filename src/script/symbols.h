@@ -59,7 +59,6 @@ enum class Access : std::uint8_t {
     Loop, ///< the variable of For
     LoopEach,
     ReDim,
-    Erase,
 };
 
 [[nodiscard]] constexpr bool writesWhole(Access access)

@@ -251,7 +251,7 @@ Type Types::computed(SymbolId symbol) const
             add(type.id == TypeId::Value ? type : unknown);
         } else if (use.access == Access::LoopEach) {
             add(elementOf(typeOf(source, 0)));
-        } else if (use.access == Access::Loop || use.access == Access::ReDim || use.access == Access::Erase
+        } else if (use.access == Access::Loop || use.access == Access::ReDim
             || (use.access == Access::Argument && mayBeChangedByCall(use))) {
             return unknown;
         }

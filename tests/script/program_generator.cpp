@@ -37,7 +37,7 @@ constexpr std::array builtinCalls{"Len(@)", "Left(@, 2)", "Mid(@, 1)", "Mid(@, 1
 constexpr std::array commonLiterals{"0", "42", "&HFF", "&h7fff&", ".5", "1.", "1e3", "1.5E-3", "\"\"",
     "\"text\"", "\"say \"\"yes\"\"\"", "\"' no comment : here\"", "#1/31/2026#", "#2026-01-31 14:30:00#",
     "True", "False", "Null", "Empty", "Nothing"};
-constexpr std::array rareLiterals{"&O17", "&17", "#jan 31, 2026#", "#14:30#", "&HFFFFFFFF"};
+constexpr std::array rareLiterals{"&O17", "#jan 31, 2026#", "#14:30#", "&HFFFFFFFF"};
 constexpr std::array constants{"1", "-2", "\"text\"", "&H10", "True", "Null", "#1/1/2026#", "Empty"};
 
 class Generator {
@@ -222,11 +222,14 @@ private:
         }
     }
 
-    /// Of a call without parentheses: what begins with one there is more than a common form.
+    /// Of a call without parentheses. "f (a) = b" would be an assignment, so what begins with a parenthesis
+    /// gets another; the independent script host knows only plain forms of these.
     std::string statementArguments(unsigned count)
     {
-        return (m_rare ? expression(2) : variable())
-            + (count > 1 ? "," + space() + arguments(count - 1) : "");
+        auto first = m_rare ? expression(2) : variable();
+        if (first.starts_with('('))
+            first = "(" + first + ")";
+        return first + (count > 1 ? "," + space() + arguments(count - 1) : "");
     }
 
     std::string call()
