@@ -237,6 +237,11 @@ void MainWindow::refreshDocumentStatus()
     m_status->setDocumentStatus(words[0], words[1], words[2]);
 }
 
+void MainWindow::tell(std::string_view text)
+{
+    m_status->setNotice(textOf(text));
+}
+
 void MainWindow::showCaretPlace()
 {
     if (!m_status->showsPlaces())
@@ -255,6 +260,7 @@ void MainWindow::showCounts()
 
 void MainWindow::textChanged()
 {
+    tell("");
     showCaretPlace();
     showWhatCanBeDone();
     showCounts();

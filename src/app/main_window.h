@@ -52,6 +52,7 @@ public:
     void setTitlePath(std::string_view path) override;
     void redrawAndFocus() override;
     void syncLineNumbers() override;
+    void tell(std::string_view text) override;
     void refreshDocumentStatus() override;
     /// Who knows the document's encoding, line ends and whether it is saved, in words.
     void setStatusSource(std::function<QStringList()> source) { m_statusSource = std::move(source); }

@@ -3,6 +3,7 @@
 
 #include "widgets/named_qt.h"
 
+#include <QtGui/QAccessible>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -34,13 +35,17 @@ private:
 StatusRow::StatusRow(QWidget *parent)
     : QFrame(parent)
     , m_status(named<QLabel>("tstatus", this))
+    , m_notice(named<QLabel>("tnotice", this, "Notice"))
 {
     setObjectName("frstatus");
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);
     row->addWidget(m_status);
-    row->addStretch();
+    m_notice->setTextFormat(Qt::PlainText);
+    m_notice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_notice->installEventFilter(this);
+    row->addWidget(m_notice, 1);
     m_line = addPlace("tline", "Line", 7);
     m_column = addPlace("tcolumn", "Column", 7);
     m_characters = addPlace("tcount", "Characters", 9);
@@ -66,6 +71,32 @@ void StatusRow::setDocumentStatus(const QString &encoding, const QString &lineEn
     QStringList parts{encoding, lineEnds, saved};
     parts.removeAll(QString());
     m_status->setText(parts.join(u"  \u00b7  "));
+}
+
+void StatusRow::setNotice(const QString &text)
+{
+    if (m_notice->toolTip() == text)
+        return;
+    m_notice->setToolTip(text);
+    m_notice->setAccessibleName(text.isEmpty() ? "Notice" : text);
+    fitNotice();
+    if (text.isEmpty())
+        return;
+    QAccessibleEvent spoken(m_notice, QAccessible::Alert);
+    QAccessible::updateAccessibility(&spoken);
+}
+
+void StatusRow::fitNotice()
+{
+    const auto text = m_notice->toolTip().isEmpty() ? QString() : u" \u00b7  " + m_notice->toolTip();
+    m_notice->setText(m_notice->fontMetrics().elidedText(text, Qt::ElideMiddle, m_notice->width()));
+}
+
+bool StatusRow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_notice && event->type() == QEvent::Resize)
+        fitNotice();
+    return QFrame::eventFilter(watched, event);
 }
 
 void StatusRow::setCaret(qint64 line, qint64 column)

@@ -97,7 +97,7 @@ void PreviewSide::connectBrowser()
     auto *window = m_window.data();
     const auto on = [&](auto signal, auto step) { QObject::connect(window, signal, window, step); };
     on(&BrowserWindow::textAsked, [this] { commands().BackToText(); });
-    on(&BrowserWindow::saveAsAsked, [this] { m_app.commands.run("msaveas"); });
+    on(&BrowserWindow::saveAsAsked, [this] { m_app.session.saveAs(); });
     on(&BrowserWindow::quitAsked, [this] { m_app.quit().requestQuit(); });
     on(&BrowserWindow::refreshAsked, [this] { commands().refresh(); });
     on(&BrowserWindow::helpAsked, [this] { commands().helpFromBrowser(); });

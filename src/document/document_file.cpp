@@ -30,10 +30,10 @@ void DocumentFile::take(OpenedFile &&file)
     adopt(std::move(file.bytes), file.decoded.text, file.decoded.format, file.path, file.stamp);
 }
 
-void DocumentFile::startNew(std::string_view text)
+void DocumentFile::startNew(const TextFormat &format)
 {
     m_paths.clear();
-    adopt({}, text, {}, {}, std::nullopt);
+    adopt({}, {}, format, {}, std::nullopt);
 }
 
 Saved DocumentFile::save(std::string_view text, const std::string &path, Existing existing)

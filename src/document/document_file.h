@@ -34,8 +34,8 @@ public:
     [[nodiscard]] std::optional<OpenedFile> read(const std::string &path) const;
     /// The document's file from now on. Its bytes are taken from `file`, its text is left there.
     void take(OpenedFile &&file);
-    /// A document without a file, whose text is `text` now.
-    void startNew(std::string_view text = {});
+    /// A document without a file, empty at first, to be written in `format`.
+    void startNew(const TextFormat &format = {});
 
     /// Writes the text to `path`, which becomes the document's file when that succeeds. Content there that
     /// this program neither read nor wrote goes to the backups first.

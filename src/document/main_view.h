@@ -16,6 +16,8 @@ public:
     virtual void redrawAndFocus() = 0;
     /// Scrolls the line-number column to the document's first visible line.
     virtual void syncLineNumbers() = 0;
+    /// A word about what a command did, in the status line; it goes with the next change of the text.
+    virtual void tell(std::string_view text) = 0;
     /// The encoding, the line ends and whether the text equals the file have to be shown anew.
     virtual void refreshDocumentStatus() = 0;
 };

@@ -63,10 +63,11 @@ void OpenCommands::startWithTemplate(const std::string &templatePath)
     if (!bytes)
         return m_ports.messages.stop("The template, " + templatePath + ", is missing or cannot be read.");
     const auto old = askAboutText();
-    const auto text = decodeFile(*bytes, TextKind::Page).text;
-    startNew(text, old);
+    auto content = decodeFile(*bytes, TextKind::Page);
+    content.format.lineEnds = LineEnds::None; // those of any new document
+    startNew(content, old);
     showTools(TypeGroup::WebPage);
-    colour(TypeGroup::WebPage, paintOf(text, TypeGroup::WebPage));
+    colour(TypeGroup::WebPage, paintOf(content.text, TypeGroup::WebPage));
     m_ports.state.unsaved = true;
 }
 
@@ -102,19 +103,42 @@ bool OpenCommands::load(const std::string &path, OldText old)
     auto file = type ? m_ports.file.read(path) : std::nullopt;
     if (!file)
         return false;
-    // Computed while the text goes into the document.
-    auto paint = paintOf(file->decoded.text, type->group);
-    replaceText(file->decoded.text, old);
-    m_ports.file.take(std::move(*file)); // all but the text, which the paint is made from
     m_ports.state.currentExtension = type->extension;
-    m_ports.main.redrawAndFocus();
-    showTools(type->group);
-    colour(type->group, std::move(paint));
+    present(std::move(*file), type->group, old);
     // An opened file counts as unsaved, so quitting straight away still asks.
     m_ports.state.unsaved = true;
     m_ports.main.setTitlePath(m_ports.state.currentPath);
     m_ports.main.refreshDocumentStatus();
     return true;
+}
+
+void OpenCommands::showRecovered(const RecoveryRecord &record)
+{
+    const auto type = fileType(record.path);
+    m_ports.state.currentPath.clear();
+    m_ports.state.currentExtension = type ? type->extension : std::string_view();
+    DecodedFile decoded{decodeFile(record.bytes, record.format), record.format};
+    const auto group = type ? type->group : groupOfNewWork(decoded.text);
+    present({{}, {}, record.bytes, std::move(decoded)}, group, OldText::Keep);
+    m_ports.main.setTitlePath(record.path);
+}
+
+TypeGroup OpenCommands::groupOfNewWork(std::string_view text) const
+{
+    const auto start = text.find_first_not_of(" \t\r\n");
+    const bool markup = start != std::string_view::npos && text[start] == '<';
+    return m_ports.state.scriptTools && !markup ? TypeGroup::Script : TypeGroup::WebPage;
+}
+
+void OpenCommands::present(OpenedFile &&file, TypeGroup group, OldText old)
+{
+    // Computed while the text goes into the document.
+    auto paint = paintOf(file.decoded.text, group);
+    replaceText(file.decoded.text, old);
+    m_ports.file.take(std::move(file)); // all but the text, which the paint is made from
+    m_ports.main.redrawAndFocus();
+    showTools(group);
+    colour(group, std::move(paint));
 }
 
 void OpenCommands::replaceText(std::string_view text, OldText old)
@@ -128,10 +152,10 @@ void OpenCommands::replaceText(std::string_view text, OldText old)
     m_ports.document.LoadText(text);
 }
 
-void OpenCommands::startNew(std::string_view text, OldText old)
+void OpenCommands::startNew(const DecodedFile &content, OldText old)
 {
-    replaceText(text, old);
-    m_ports.file.startNew(text);
+    replaceText(content.text, old);
+    m_ports.file.startNew(content.format);
     m_ports.state.currentPath.clear();
     m_ports.state.currentExtension.clear();
     m_ports.state.colourApplies = true;

@@ -6,6 +6,7 @@
 #include "document/command_ports.h"
 #include "document/file_types.h"
 #include "document/save_commands.h"
+#include "storage/recovery_record.h"
 
 #include <string>
 
@@ -23,6 +24,10 @@ public:
     /// Loads a file of an accepted type; false, with the document untouched, when it cannot be read.
     bool loadAccepted(const std::string &path);
 
+    /// A recovered text with the tools, colours and title of the file it would have gone to. It is nobody's
+    /// file: Save asks for a name.
+    void showRecovered(const RecoveryRecord &record);
+
     /// Asks as opening does, then an empty document without a path.
     void newFile();
     /// The same with the content of the template, which stays as it is.
@@ -34,9 +39,13 @@ private:
     [[nodiscard]] OldText askAboutText();
     void openChosen(const std::string &path, OldText old);
     bool load(const std::string &path, OldText old);
+    /// The text as one of its type: in the document, with tools and colours.
+    void present(OpenedFile &&file, TypeGroup group, OldText old);
     void replaceText(std::string_view text, OldText old);
     void refuse(std::string_view path);
-    void startNew(std::string_view text, OldText old);
+    void startNew(const DecodedFile &content, OldText old);
+    /// What a text without a name is, by its looks and the tools it is shown with.
+    [[nodiscard]] TypeGroup groupOfNewWork(std::string_view text) const;
     void showTools(TypeGroup group);
     /// Nothing for a text that is not coloured.
     [[nodiscard]] PendingPaint paintOf(std::string_view text, TypeGroup group) const;

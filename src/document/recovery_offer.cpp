@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/recovery_offer.h"
 
-#include "text/flag_guard.h"
-
 namespace kevra {
 namespace {
 
@@ -10,8 +8,8 @@ constexpr auto saveTitle = "Save file from last session";
 
 std::string description(const RecoveryRecord &record)
 {
-    const auto name = record.path.empty() ? std::string() : " (" + record.path + ')';
-    return "Text from the last session" + name + ": read-only until it is saved or discarded.";
+    const auto name = record.path.empty() ? std::string("new work") : record.path;
+    return "Text from the last session (" + name + "): read-only until it is saved or discarded.";
 }
 
 } // namespace
@@ -67,10 +65,20 @@ bool RecoveryOffer::offerText(const std::string &text, const RecoveryRecord &rec
         review(text, record);
         return false;
     case Answer::No:
-        return m_saving.saveBytesAs(saveTitle, record.path, record.bytes);
+        return saveUnseen(record);
     default:
         return false;
     }
+}
+
+bool RecoveryOffer::saveUnseen(const RecoveryRecord &record)
+{
+    if (!m_saving.saveBytesAs(saveTitle, record.path, record.bytes))
+        return false;
+    // It may have gone to the very file that is open.
+    if (m_ports.file.diskState() == DiskState::Changed)
+        m_opening.loadAccepted(m_ports.state.currentPath);
+    return true;
 }
 
 void RecoveryOffer::review(const std::string &text, const RecoveryRecord &record)
@@ -81,13 +89,7 @@ void RecoveryOffer::review(const std::string &text, const RecoveryRecord &record
     m_reviewed = text;
     m_proposed = record.path;
     m_journal.setPaused(true);
-    {
-        const FlagGuard busy(state.busyLoadingOrSaving);
-        const FlagGuard programmatic(state.programmaticChange);
-        m_ports.document.LoadText(decodeFile(record.bytes, record.format));
-    }
-    m_ports.file.take({{}, {}, record.bytes, {decodeFile(record.bytes, record.format), record.format}});
-    state.currentPath.clear();
+    m_opening.showRecovered(record);
     state.unsaved = false;
     m_view.showReview(description(record));
     m_ports.main.setInformation("Text from the last session");

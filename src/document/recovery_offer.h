@@ -53,6 +53,7 @@ public:
 private:
     void offerNext();
     [[nodiscard]] bool offerText(const std::string &text, const RecoveryRecord &record);
+    [[nodiscard]] bool saveUnseen(const RecoveryRecord &record);
     void review(const std::string &text, const RecoveryRecord &record);
     void endReview();
     void restoreDocument();

@@ -66,7 +66,7 @@ bool SaveCommands::saveBytesAs(const std::string &title, const std::string &prop
         return false;
     if (const auto there = m_ports.files.read(*path); there && there != bytes)
         m_ports.backups.keep(*path, *there);
-    return m_ports.files.replace(*path, bytes) == Saved::Ok;
+    return succeeded(m_ports.files.replace(*path, bytes), *path);
 }
 
 std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, const std::string &proposed)
@@ -89,12 +89,21 @@ std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, 
 bool SaveCommands::write(const std::string &path, Existing existing)
 {
     const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
-    if (m_ports.file.save(m_ports.document.Text(), path, existing) != Saved::Ok)
+    if (!succeeded(m_ports.file.save(m_ports.document.Text(), path, existing), path))
         return false;
     m_ports.state.unsaved = false;
     m_ports.keeper.textSaved();
     m_ports.main.refreshDocumentStatus();
     return true;
+}
+
+bool SaveCommands::succeeded(Saved saved, const std::string &path)
+{
+    const std::string folder(parentFolder(path));
+    const bool lost = saved != Saved::Ok && !folder.empty() && !m_ports.files.folderExists(folder);
+    const auto why = std::string(lost ? "its folder does not exist" : reason(saved));
+    m_ports.main.tell(saved == Saved::Ok ? "" : "Not saved: " + path + ": " + why + '.');
+    return saved == Saved::Ok;
 }
 
 void SaveCommands::removeStaleFiles()

@@ -20,7 +20,8 @@ public:
     void saveAsMenu();
     /// Save As under another dialog title; name and type proposed are those of `path`.
     bool saveAs(const std::string &title, const std::string &path);
-    /// Bytes that are not the document, which stays as it is. `path` is where they would have gone.
+    /// Bytes that are not the document, which stays as it is. `path` is where they would have gone; true when
+    /// they were written somewhere.
     bool saveBytesAs(const std::string &title, const std::string &path, std::string_view bytes);
 
     /// How the preview page and the autosave file of this run are removed; set by whoever writes them.
@@ -31,6 +32,8 @@ private:
     [[nodiscard]] bool nothingToSave();
     [[nodiscard]] std::optional<std::string> chooseTarget(const std::string &title, const std::string &path);
     [[nodiscard]] bool write(const std::string &path, Existing existing);
+    /// Tells of a failure.
+    [[nodiscard]] bool succeeded(Saved saved, const std::string &path);
     void removeStaleFiles();
     void removeForeignPage(const std::string &path);
 

@@ -17,6 +17,23 @@ enum class Saved {
     Failed,
 };
 
+/// Why nothing was saved, as the end of a sentence.
+[[nodiscard]] constexpr std::string_view reason(Saved saved)
+{
+    switch (saved) {
+    case Saved::NotAFile:
+        return "it is not a regular file";
+    case Saved::Denied:
+        return "it may not be written";
+    case Saved::DiskFull:
+        return "the disk is full";
+    case Saved::Ok:
+    case Saved::Failed:
+        break;
+    }
+    return "it cannot be written";
+}
+
 /// Tells one state of a file from another: it differs after any write.
 struct FileStamp {
     std::int64_t modified = 0; ///< nanoseconds since 1970

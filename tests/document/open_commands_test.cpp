@@ -175,9 +175,11 @@ TEST(NewDocument, StartsEmptyOrWithTheTemplate)
     EXPECT_EQ(fixture.messages.shown.back().icon, Icon::Critical);
     EXPECT_EQ(fixture.document.Length(), 0);
 
-    fixture.files.files["/a/template.html"] = "<HTML>\n";
+    fixture.files.files["/a/template.html"] = "<META charset=utf-8>\n";
     fixture.opening.startWithTemplate("/a/template.html");
-    EXPECT_EQ(fixture.document.Text(), "<HTML>\r\n");
+    EXPECT_EQ(fixture.document.Text(), "<META charset=utf-8>\r\n");
+    EXPECT_FALSE(fixture.file.holds(fixture.document.Text()));
+    EXPECT_EQ(fixture.file.format().encoding, Encoding::Utf8);
     EXPECT_EQ(fixture.state.currentPath, "");
     EXPECT_EQ(fixture.document.ColourAt(1), blue);
 }

@@ -218,6 +218,28 @@ TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
     }
 }
 
+TEST(RecoveryOffer, SavedUnseenOverTheOpenFileItIsShown)
+{
+    OfferFixture fixture;
+    fixture.messages.answers = {Yes, No, Ok};
+    fixture.dialogs.choices.emplace_back("/site/page.htm");
+    fixture.offer.offer();
+    EXPECT_EQ(fixture.document.Text(), "lost\r\n");
+    EXPECT_EQ(fixture.file.diskState(), DiskState::Unchanged);
+}
+
+TEST(RecoveryOffer, ShowsATextAsWhatItIs)
+{
+    OfferFixture fixture;
+    fixture.left.texts["1"]->path = "/site/lost.vbs";
+    fixture.left.texts["1"]->bytes = "If x Then\n";
+    fixture.messages.answers = {Yes, Yes};
+    fixture.offer.offer();
+    EXPECT_EQ(fixture.tools.scriptToolsShown, 1);
+    EXPECT_EQ(fixture.document.ColourAt(0), colours::defaultCode);
+    EXPECT_EQ(fixture.main.titlePath, "/site/lost.vbs");
+}
+
 TEST(RecoveryOffer, SeveralTextsOneAfterTheOther)
 {
     OfferFixture fixture;

@@ -13,10 +13,12 @@ public:
     void setTitlePath(std::string_view path) override { titlePath = path; }
     void redrawAndFocus() override { }
     void syncLineNumbers() override { ++levelled; }
+    void tell(std::string_view text) override { told = text; }
     void refreshDocumentStatus() override { }
 
     std::string information = "(untouched)";
     std::string titlePath = "(untouched)";
+    std::string told;
     int levelled = 0;
 };
 
