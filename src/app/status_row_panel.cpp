@@ -88,7 +88,8 @@ void StatusRow::setNotice(const QString &text)
 
 void StatusRow::fitNotice()
 {
-    const auto text = m_notice->toolTip().isEmpty() ? QString() : u" \u00b7  " + m_notice->toolTip();
+    const auto text
+        = m_notice->toolTip().isEmpty() ? QString() : QStringLiteral(" \u00b7  ") + m_notice->toolTip();
     m_notice->setText(m_notice->fontMetrics().elidedText(text, Qt::ElideMiddle, m_notice->width()));
 }
 
