@@ -14,8 +14,10 @@ namespace {
 std::array<int, 2> endPipe{-1, -1};
 std::function<void()> *crashHandler = nullptr;
 
-constexpr std::array endSignals{SIGTERM, SIGHUP, SIGINT};
-constexpr std::array crashSignals{SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
+/// Everything that ends a program which does not ask for it.
+constexpr std::array endSignals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGVTALRM,
+    SIGPROF, SIGXCPU, SIGPWR, SIGIO, SIGSTKFLT};
+constexpr std::array crashSignals{SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT, SIGSYS, SIGTRAP};
 constexpr unsigned crashSeconds = 3;
 
 void passOn(int)

@@ -11,7 +11,7 @@ namespace kevra {
 
 class EndSignalsQt {
 public:
-    /// `endAsked` runs in the event loop at SIGTERM, SIGHUP and SIGINT; `crashed` at once when the program
+    /// `endAsked` runs in the event loop at a signal that would end the program; `crashed` at once when it
     /// has broken down, on whatever is left of it, and must do as little as it can.
     EndSignalsQt(std::function<void()> endAsked, std::function<void()> crashed);
     ~EndSignalsQt();
