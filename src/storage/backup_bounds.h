@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kevra {
@@ -14,7 +15,9 @@ struct KeptVersion {
     std::int64_t size = 0; ///< bytes
 };
 
-/// The copies that have to go: beyond 20 versions of a file, 30 days, 200 MB in all; the oldest first.
-[[nodiscard]] std::vector<std::string> beyondBounds(std::vector<KeptVersion> versions, std::int64_t now);
+/// The copies that have to go: beyond 20 versions of a file, 30 days, 200 MB in all; the oldest first. Never
+/// `newest`, the name of what was put in last, whatever its size and time.
+[[nodiscard]] std::vector<std::string> beyondBounds(
+    std::vector<KeptVersion> versions, std::int64_t now, std::string_view newest);
 
 } // namespace kevra

@@ -50,12 +50,13 @@ bool BackupStoreQt::keep(const std::string &path, std::string_view bytes)
 {
     std::error_code error;
     fs::create_directories(m_folder, error);
-    const bool kept = writeAtomically(m_folder + '/' + timeText() + '-' + mark(path), bytes) == Saved::Ok;
-    prune();
+    const auto name = timeText() + '-' + mark(path);
+    const bool kept = writeAtomically(m_folder + '/' + name, bytes) == Saved::Ok;
+    prune(name);
     return kept;
 }
 
-void BackupStoreQt::prune() const
+void BackupStoreQt::prune(const std::string &newest) const
 {
     constexpr std::size_t timeLength = 23;
     std::vector<KeptVersion> versions;
@@ -69,7 +70,7 @@ void BackupStoreQt::prune() const
         auto of = name.substr(timeLength);
         versions.push_back({std::move(name), std::move(of), status.st_mtim.tv_sec, status.st_size});
     }
-    for (const auto &name : beyondBounds(std::move(versions), Clock::to_time_t(Clock::now())))
+    for (const auto &name : beyondBounds(std::move(versions), Clock::to_time_t(Clock::now()), newest))
         fs::remove(m_folder + '/' + name, error);
 }
 

@@ -13,7 +13,7 @@ public:
     bool keep(const std::string &path, std::string_view bytes) override;
 
 private:
-    void prune() const;
+    void prune(const std::string &newest) const;
 
     std::string m_folder;
 };

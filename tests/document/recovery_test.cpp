@@ -278,12 +278,15 @@ TEST(Backups, StayWithinTheirBounds)
         versions.push_back({"page" + std::to_string(i), "page", now - i, 10});
     versions.push_back({"old", "notes", now - 31 * day, 10});
     versions.push_back({"recent", "notes", now - 29 * day, 10});
-    auto gone = beyondBounds(versions, now);
+    auto gone = beyondBounds(versions, now, "page0");
     std::ranges::sort(gone);
     EXPECT_EQ(gone, (std::vector<std::string>{"old", "page20", "page21", "page22", "page23", "page24"}));
 
-    EXPECT_EQ(beyondBounds({{"a", "a", 3, 150'000'000}, {"b", "b", 2, 60'000'000}, {"c", "c", 1, 1}}, 4),
+    EXPECT_EQ(beyondBounds({{"a", "a", 3, 150'000'000}, {"b", "b", 2, 60'000'000}, {"c", "c", 1, 1}}, 4, "a"),
         (std::vector<std::string>{"b", "c"}));
+    // What was put in last stays, however large and whatever the clock says.
+    EXPECT_EQ(beyondBounds({{"last", "a", 0, 900'000'000}, {"b", "b", now, 1}}, now, "last"),
+        std::vector<std::string>{"b"});
 }
 
 } // namespace
