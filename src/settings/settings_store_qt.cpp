@@ -5,7 +5,8 @@
 #include "settings/ini_text.h"
 #include "storage/file_handle_qt.h"
 
-#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
 
 namespace kevra {
 
@@ -64,15 +65,23 @@ void copyAside(const QString &file)
 
 } // namespace
 
+QString SettingsStoreQt::fileOf(std::string_view app) const
+{
+    const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    const auto path = folder + "/kevra/" + textOf(app) + ".ini";
+    const QFileInfo file(path);
+    if (!file.exists() || file.isFile())
+        return path;
+    // The library would wait for the other end of a FIFO.
+    m_passedOver.push_back(pathBytes(path));
+    return path + ".regular";
+}
+
 QSettings &SettingsStoreQt::file(std::string_view app) const
 {
     auto it = m_files.find(app);
     if (it == m_files.end())
-        it = m_files
-                 .emplace(app,
-                     std::make_unique<QSettings>(
-                         format(), QSettings::UserScope, QStringLiteral("kevra"), textOf(app)))
-                 .first;
+        it = m_files.emplace(app, std::make_unique<QSettings>(fileOf(app), format())).first;
     return *it->second;
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace kevra {
 
@@ -24,13 +25,17 @@ public:
     [[nodiscard]] bool isStored() const override { return m_stored; }
     void deleteSetting(std::string_view app, std::string_view section) override;
     void deleteSetting(std::string_view app) override;
+    /// Files of that name that are no regular ones; another name is used in their stead.
+    [[nodiscard]] const std::vector<std::string> &passedOver() const { return m_passedOver; }
 
 private:
+    [[nodiscard]] QString fileOf(std::string_view app) const;
     QSettings &file(std::string_view app) const;
     QSettings &fileToWrite(std::string_view app);
 
     mutable std::map<std::string, std::unique_ptr<QSettings>, std::less<>> m_files;
     std::set<std::string> m_keptAside;
+    mutable std::vector<std::string> m_passedOver;
     bool m_stored = true;
 };
 
