@@ -183,9 +183,9 @@ void Application::textGivenUp()
     runIfSet(session.textGivenUp);
 }
 
-void Application::keepUnsavedText()
+bool Application::keepUnsavedText()
 {
-    runIfSet(session.keepUnsavedText);
+    return !session.keepUnsavedText || session.keepUnsavedText();
 }
 
 void Application::deletePreviewPage()

@@ -37,7 +37,7 @@ struct SessionSteps {
     std::function<void()> offerRecovery;
     std::function<void()> saveAs;
     std::function<void()> textGivenUp;
-    std::function<void()> keepUnsavedText;
+    std::function<bool()> keepUnsavedText;
     std::function<void()> deletePreviewPage;
     std::function<void()> deleteAutosave;
 };
@@ -113,7 +113,7 @@ private:
     void offerRecovery() override;
     void saveAs() override;
     void textGivenUp() override;
-    void keepUnsavedText() override;
+    bool keepUnsavedText() override;
     void deletePreviewPage() override;
     void deleteAutosave() override;
 

@@ -40,8 +40,10 @@ void Quit::requestQuit()
     }
     if (m_document.unsaved)
         return promptSaveCurrentText();
+    if (!m_files.keepUnsavedText())
+        return;
     clearFlags();
-    shutdown();
+    endProgram();
 }
 
 void Quit::closeMainWindow()
@@ -69,10 +71,15 @@ void Quit::promptSaveCurrentText()
 
 void Quit::shutdown()
 {
+    if (!m_ended && m_files.keepUnsavedText())
+        endProgram();
+}
+
+void Quit::endProgram()
+{
     if (std::exchange(m_ended, true))
         return;
     m_windows.stopAutosaveTimer();
-    m_files.keepUnsavedText();
     m_files.deletePreviewPage();
     m_files.deleteAutosave();
     m_settings.savePadGeometry();

@@ -20,7 +20,9 @@ public:
     /// itself must not close; when the program ends, shutdown() closes it.
     void closeMainWindow();
     void promptSaveCurrentText();
+    /// Ends the program unless its text can be kept nowhere and the user stays.
     void shutdown();
+    void endProgram(); ///< asks nothing
     [[nodiscard]] bool hasEnded() const { return m_ended; }
 
 private:

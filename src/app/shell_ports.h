@@ -45,8 +45,9 @@ public:
     virtual void saveAs() = 0;
     /// The user said that the text is not wanted any more.
     virtual void textGivenUp() = 0;
-    /// The program ends now: what nobody was asked about has to be safe afterwards.
-    virtual void keepUnsavedText() = 0;
+    /// The program is about to end: what nobody was asked about has to be safe afterwards. False when it can
+    /// be kept nowhere and the user stays.
+    [[nodiscard]] virtual bool keepUnsavedText() = 0;
     virtual void deletePreviewPage() = 0;
     virtual void deleteAutosave() = 0;
 };

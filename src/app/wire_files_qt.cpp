@@ -5,15 +5,19 @@
 #include "desktop/end_signals_qt.h"
 #include "desktop/text_qt.h"
 #include "document/disk_notice.h"
+#include "document/leave_text.h"
+#include "document/notice_bar_panel.h"
 #include "document/open_commands.h"
 #include "document/recovery_journal.h"
 #include "document/recovery_offer.h"
-#include "document/review_bar_panel.h"
 #include "document/save_commands.h"
 #include "storage/recovery_store_qt.h"
 
 #include <QtGui/QSessionManager>
 #include <QtWidgets/QApplication>
+
+#include <algorithm>
+#include <iterator>
 
 namespace kevra {
 
@@ -39,6 +43,8 @@ private:
     void abandonReviewAnd(const std::function<void()> &command);
     [[nodiscard]] QStringList status() const;
     void tellDiskState();
+    void tellRecordState();
+    void tellPassedOver();
 
     void showReview(const std::string &description) override;
     void endReview() override;
@@ -53,7 +59,9 @@ private:
     SaveCommands m_saving;
     OpenCommands m_opening;
     RecoveryOffer m_offer;
-    ReviewBar &m_bar; ///< the window's
+    NoticeBar &m_reviewBar; ///< the window's, as all bars
+    NoticeBar &m_recordBar;
+    NoticeBar &m_passedOverBar;
     QTimer m_recordTimer;
     QTimer m_statusTimer;
     DiskNotice m_notice;
@@ -63,7 +71,8 @@ private:
 FilesSide::FilesSide(Application &app)
     : m_app(app)
     , m_document(app.mainWindow().document())
-    , m_store(app.folders.autosave, app.backups)
+    , m_store({app.folders.autosave, app.folders.spare}, app.backups,
+          [this] { QMetaObject::invokeMethod(this, &FilesSide::tellRecordState, Qt::QueuedConnection); })
     , m_journal(m_document, app.document, app.state, app.file, m_store)
     , m_ports{m_document, app.document, app.state, app.files, app.file, m_journal, app.backups,
           app.fileDialogs, app.messages, app.mainWindow(), app.toolSets()}
@@ -71,10 +80,19 @@ FilesSide::FilesSide(Application &app)
     , m_saving(m_ports)
     , m_opening(m_ports, m_saving, m_colouring)
     , m_offer(m_ports, m_saving, m_opening, m_journal, m_store, *this)
-    , m_bar(*new ReviewBar(&app.mainWindow()))
+    , m_reviewBar(*new NoticeBar("reviewbar", "Text from the last session", app.mainWindow(),
+          {{"breviewsave", "&Save As...", "Save this text under a name", [this] { m_offer.saveReviewed(); }},
+              {"breviewdiscard", "&Discard", "This text is not wanted",
+                  [this] { m_offer.discardReviewed(); }},
+              {"breviewlater", "Decide &Later", "Keep this text until the next start",
+                  [this] { m_offer.leaveReviewed(); }}}))
+    , m_recordBar(*new NoticeBar("recordbar", "Unsaved text", app.mainWindow(),
+          {{"brecordsave", "Save &As...", "Save the text in another place",
+              [this] { m_saving.saveAsMenu(); }}}))
+    , m_passedOverBar(*new NoticeBar("passedoverbar", "Files passed over", app.mainWindow(),
+          {{"bpassedoverclose", "C&lose", "Take this note away", [this] { m_passedOverBar.hide(); }}}))
     , m_notice(app.file)
 {
-    m_bar.hide();
     bindCommands();
     fillSession();
     watchDocument();
@@ -90,9 +108,6 @@ void FilesSide::abandonReviewAnd(const std::function<void()> &command)
 
 void FilesSide::bindCommands()
 {
-    connect(&m_bar, &ReviewBar::saveChosen, this, [this] { m_offer.saveReviewed(); });
-    connect(&m_bar, &ReviewBar::discardChosen, this, [this] { m_offer.discardReviewed(); });
-    connect(&m_bar, &ReviewBar::laterChosen, this, [this] { m_offer.leaveReviewed(); });
     auto &commands = m_app.commands;
     commands.bind("mnewfile", [this] { abandonReviewAnd([this] { m_opening.newFile(); }); });
     commands.bind("mopenfile", [this] { abandonReviewAnd([this] { m_opening.openWithDialog(); }); });
@@ -112,13 +127,14 @@ void FilesSide::fillSession()
 {
     auto &session = m_app.session;
     session.openFromCommandLine = [this](const std::string &text) { m_opening.openFromCommandLine(text); };
-    session.offerRecovery = [this] { m_offer.offer(); };
+    session.offerRecovery = [this] {
+        tellPassedOver();
+        m_offer.offer();
+    };
     session.saveAs = [this] { m_saving.saveAs(); };
     session.textGivenUp = [this] { m_journal.textGivenUp(); };
-    session.keepUnsavedText = [this] {
-        m_journal.documentReplaced();
-        m_store.finish();
-    };
+    session.keepUnsavedText
+        = [this] { return mayLeaveText(m_journal, m_app.messages, [this] { return m_saving.saveAs(); }); };
     session.deleteAutosave = [this] { m_store.removeAutosave(m_app.state.autosaveWritten); };
     m_saving.onAutosaveStale(session.deleteAutosave);
     m_saving.onPageStale([&session] {
@@ -189,10 +205,34 @@ void FilesSide::tellDiskState()
         window.setInformation(*text);
 }
 
+void FilesSide::tellRecordState()
+{
+    const auto outcome = m_store.recordOutcome();
+    if (outcome == Saved::Ok)
+        m_recordBar.hide();
+    else
+        m_recordBar.showText("Unsaved text cannot be kept: " + std::string(reason(outcome)) + ".");
+}
+
+void FilesSide::tellPassedOver()
+{
+    auto files = m_store.passedOver();
+    std::ranges::copy(m_app.store.passedOver(), std::back_inserter(files));
+    std::string text;
+    for (const auto &file : files)
+        text += (text.empty() ? "Passed over, as it is no regular file: " : ", ") + file;
+    if (!text.empty())
+        m_passedOverBar.showText(text);
+}
+
 void FilesSide::watchEnd()
 {
     m_signals = std::make_unique<EndSignalsQt>(
-        [this] { m_app.quit().shutdown(); }, [this] { m_journal.writeDownAtCrash(); });
+        [this] {
+            std::ignore = m_journal.documentReplaced(); // there is nobody to ask
+            m_app.quit().endProgram();
+        },
+        [this] { m_journal.writeDownAtCrash(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
         m_journal.writeDown();
         m_store.finish();
@@ -201,17 +241,14 @@ void FilesSide::watchEnd()
 
 void FilesSide::showReview(const std::string &description)
 {
-    m_bar.setDescription(pathText(description));
-    m_app.mainWindow().addToolBarBreak();
-    m_app.mainWindow().addToolBar(&m_bar);
-    m_bar.show();
+    m_reviewBar.showText(description);
     m_document.setReadOnly(true);
     m_app.mainWindow().refreshDocumentStatus();
 }
 
 void FilesSide::endReview()
 {
-    m_bar.hide();
+    m_reviewBar.hide();
     m_document.setReadOnly(false);
     m_app.mainWindow().refreshDocumentStatus();
 }

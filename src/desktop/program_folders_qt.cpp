@@ -8,6 +8,8 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>
 
+#include <unistd.h>
+
 namespace kevra {
 
 namespace {
@@ -32,6 +34,23 @@ QString stateFolder()
     return base + "/kevra";
 }
 
+/// Folders of this user's that outlive the program, the ones that outlive a restart first.
+std::vector<std::string> spareFolders()
+{
+    std::vector<std::string> folders;
+    const auto add = [&](const QString &parent, const QString &name) {
+        if (QDir::isAbsolutePath(parent))
+            folders.push_back(pathBytes(parent + '/' + name));
+    };
+    const auto mine = "kevra-" + QString::number(::geteuid());
+    const auto temporary = qEnvironmentVariable("TMPDIR");
+    if (temporary.isEmpty())
+        add("/var/tmp", mine);
+    add(qEnvironmentVariable("XDG_RUNTIME_DIR"), "kevra");
+    add(temporary.isEmpty() ? "/tmp" : temporary, mine);
+    return folders;
+}
+
 } // namespace
 
 ProgramFolders programFolders()
@@ -41,6 +60,7 @@ ProgramFolders programFolders()
     const auto autosave = folders.portable ? QCoreApplication::applicationDirPath() : stateFolder();
     QDir().mkpath(autosave);
     folders.autosave = pathBytes(autosave);
+    folders.spare = spareFolders();
     return folders;
 }
 

@@ -3,13 +3,17 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace kevra {
 
 struct ProgramFolders {
     /// True when everything lives beside the executable: it holds the assets and can be written.
     bool portable = false;
-    std::string autosave; ///< the folder of "autosave.txt" and of the recovery records; exists
+    std::string
+        autosave; ///< the folder of "autosave.txt" and of the recovery records; exists when it can be made
+    /// For unsaved texts that the first folder does not take, the one that lasts longest first.
+    std::vector<std::string> spare{};
 };
 
 [[nodiscard]] ProgramFolders programFolders();

@@ -60,6 +60,10 @@ public:
     [[nodiscard]] DiskState diskState() const;
     [[nodiscard]] std::optional<FileStamp> stampOnDisk() const { return m_files.stamp(m_path); }
     [[nodiscard]] const TextFormat &format() const { return m_format; }
+    [[nodiscard]] const std::string &path() const
+    {
+        return m_path;
+    } ///< last read or written; empty for new work
 
 private:
     void adopt(std::string bytes, std::string_view text, const TextFormat &format, const std::string &path,

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/open_commands.h"
 
+#include "document/leave_text.h"
 #include "storage/paths.h"
 #include "text/flag_guard.h"
+
+#include <utility>
 
 namespace kevra {
 namespace {
@@ -49,12 +52,12 @@ void OpenCommands::openDropped(const std::string &path)
 
 bool OpenCommands::loadAccepted(const std::string &path)
 {
-    return load(path, OldText::Keep);
+    return load(path, OldText::Keep) == Load::Done;
 }
 
 void OpenCommands::newFile()
 {
-    startNew({}, askAboutText());
+    std::ignore = startNew({}, askAboutText());
 }
 
 void OpenCommands::startWithTemplate(const std::string &templatePath)
@@ -65,7 +68,8 @@ void OpenCommands::startWithTemplate(const std::string &templatePath)
     const auto old = askAboutText();
     auto content = decodeFile(*bytes, TextKind::Page);
     content.format.lineEnds = LineEnds::None; // those of any new document
-    startNew(content, old);
+    if (!startNew(content, old))
+        return;
     showTools(TypeGroup::WebPage);
     colour(TypeGroup::WebPage, paintOf(content.text, TypeGroup::WebPage));
     m_ports.state.unsaved = true;
@@ -83,13 +87,13 @@ OpenCommands::OldText OpenCommands::askAboutText()
 
 void OpenCommands::openChosen(const std::string &path, OldText old)
 {
-    m_ports.state.currentPath = path;
+    const auto before = std::exchange(m_ports.state.currentPath, path);
     m_ports.main.setInformation("");
     const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
-    if (fileType(path))
-        load(path, old);
-    else
+    if (!fileType(path))
         refuse(path);
+    else if (load(path, old) == Load::OldTextStays)
+        m_ports.state.currentPath = before;
 }
 
 void OpenCommands::refuse(std::string_view path)
@@ -97,19 +101,21 @@ void OpenCommands::refuse(std::string_view path)
     m_ports.messages.inform("KEVRA does not open " + std::string(extension(path)) + " type files.");
 }
 
-bool OpenCommands::load(const std::string &path, OldText old)
+OpenCommands::Load OpenCommands::load(const std::string &path, OldText old)
 {
     const auto type = fileType(path);
     auto file = type ? m_ports.file.read(path) : std::nullopt;
     if (!file)
-        return false;
+        return Load::Unreadable;
+    if (!releaseText(old))
+        return Load::OldTextStays;
     m_ports.state.currentExtension = type->extension;
-    present(std::move(*file), type->group, old);
+    present(std::move(*file), type->group);
     // An opened file counts as unsaved, so quitting straight away still asks.
     m_ports.state.unsaved = true;
     m_ports.main.setTitlePath(m_ports.state.currentPath);
     m_ports.main.refreshDocumentStatus();
-    return true;
+    return Load::Done;
 }
 
 void OpenCommands::showRecovered(const RecoveryRecord &record)
@@ -119,7 +125,7 @@ void OpenCommands::showRecovered(const RecoveryRecord &record)
     m_ports.state.currentExtension = type ? type->extension : std::string_view();
     DecodedFile decoded{decodeFile(record.bytes, record.format), record.format};
     const auto group = type ? type->group : groupOfNewWork(decoded.text);
-    present({{}, {}, record.bytes, std::move(decoded)}, group, OldText::Keep);
+    present({{}, {}, record.bytes, std::move(decoded)}, group);
     m_ports.main.setTitlePath(record.path);
 }
 
@@ -130,31 +136,37 @@ TypeGroup OpenCommands::groupOfNewWork(std::string_view text) const
     return m_ports.state.scriptTools && !markup ? TypeGroup::Script : TypeGroup::WebPage;
 }
 
-void OpenCommands::present(OpenedFile &&file, TypeGroup group, OldText old)
+void OpenCommands::present(OpenedFile &&file, TypeGroup group)
 {
     // Computed while the text goes into the document.
     auto paint = paintOf(file.decoded.text, group);
-    replaceText(file.decoded.text, old);
+    setText(file.decoded.text);
     m_ports.file.take(std::move(file)); // all but the text, which the paint is made from
     m_ports.main.redrawAndFocus();
     showTools(group);
     colour(group, std::move(paint));
 }
 
-void OpenCommands::replaceText(std::string_view text, OldText old)
+bool OpenCommands::releaseText(OldText old)
 {
-    if (old == OldText::GiveUp)
-        m_ports.keeper.textGivenUp();
-    else
-        m_ports.keeper.documentReplaced();
+    if (old == OldText::Keep)
+        return mayLeaveText(m_ports.keeper, m_ports.messages, [this] { return m_saving.saveAs(); });
+    m_ports.keeper.textGivenUp();
+    return true;
+}
+
+void OpenCommands::setText(std::string_view text)
+{
     const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
     const FlagGuard programmatic(m_ports.state.programmaticChange);
     m_ports.document.LoadText(text);
 }
 
-void OpenCommands::startNew(const DecodedFile &content, OldText old)
+bool OpenCommands::startNew(const DecodedFile &content, OldText old)
 {
-    replaceText(content.text, old);
+    if (!releaseText(old))
+        return false;
+    setText(content.text);
     m_ports.file.startNew(content.format);
     m_ports.state.currentPath.clear();
     m_ports.state.currentExtension.clear();
@@ -164,6 +176,7 @@ void OpenCommands::startNew(const DecodedFile &content, OldText old)
     m_ports.main.setTitlePath("");
     m_ports.main.redrawAndFocus();
     m_ports.main.refreshDocumentStatus();
+    return true;
 }
 
 void OpenCommands::showTools(TypeGroup group)

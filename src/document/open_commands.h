@@ -38,12 +38,15 @@ private:
     enum class OldText { Keep, GiveUp };
     [[nodiscard]] OldText askAboutText();
     void openChosen(const std::string &path, OldText old);
-    bool load(const std::string &path, OldText old);
+    enum class Load { Done, Unreadable, OldTextStays };
+    Load load(const std::string &path, OldText old);
     /// The text as one of its type: in the document, with tools and colours.
-    void present(OpenedFile &&file, TypeGroup group, OldText old);
-    void replaceText(std::string_view text, OldText old);
+    void present(OpenedFile &&file, TypeGroup group);
+    /// False, with nothing done, when the text that is there has to stay.
+    [[nodiscard]] bool releaseText(OldText old);
+    void setText(std::string_view text);
     void refuse(std::string_view path);
-    void startNew(const DecodedFile &content, OldText old);
+    [[nodiscard]] bool startNew(const DecodedFile &content, OldText old);
     /// What a text without a name is, by its looks and the tools it is shown with.
     [[nodiscard]] TypeGroup groupOfNewWork(std::string_view text) const;
     void showTools(TypeGroup group);

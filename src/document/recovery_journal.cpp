@@ -36,7 +36,8 @@ void RecoveryJournal::writeDown()
 
 void RecoveryJournal::writeDownAtCrash()
 {
-    if (m_changed && !m_paused && m_document.Length() > 0)
+    // Also when a record is under way: the thread that writes it may not get there any more.
+    if ((m_changed || m_recorded) && !m_paused && m_document.Length() > 0)
         m_store.writeCrashRecord(snapshot());
 }
 
@@ -63,21 +64,24 @@ void RecoveryJournal::textGivenUp()
     forget();
 }
 
-void RecoveryJournal::documentReplaced()
+bool RecoveryJournal::documentReplaced()
 {
     if (m_paused || m_givenUp)
-        return;
+        return true;
     writeDown();
+    // Who has emptied the text does not have to save it before leaving.
+    if (m_recorded && !m_store.setRecordAside() && m_document.Length() > 0)
+        return false;
     m_changed = false;
-    if (m_recorded)
-        m_store.setRecordAside();
     m_recorded = false;
+    return true;
 }
 
 TextSnapshot RecoveryJournal::snapshot() const
 {
-    return {m_state.currentPath, m_file.snapshot(m_state.currentPath, m_state.scriptTools),
-        std::string(m_document.Text())};
+    // Not the current path, which may already be that of a file about to be opened.
+    const auto &path = m_file.path();
+    return {path, m_file.snapshot(path, m_state.scriptTools), std::string(m_document.Text())};
 }
 
 void RecoveryJournal::forget()

@@ -18,10 +18,10 @@ public:
     /// At once and beside the record: the program has broken down.
     virtual void writeCrashRecord(const TextSnapshot &snapshot) = 0;
     virtual void removeRecord() = 0;
-    /// The record stays for the next start, and a new one can begin.
-    virtual void setRecordAside() = 0;
+    /// The record stays for the next start, and a new one can begin. False when it is not on the disk.
+    [[nodiscard]] virtual bool setRecordAside() = 0;
     virtual void writeAutosave(TextSnapshot snapshot) = 0;
-    /// Nothing is left to be written when this returns.
+    /// Everything has been written, or tried again, when this returns.
     virtual void finish() = 0;
 };
 
@@ -42,7 +42,7 @@ public:
 
     void textSaved() override;
     void textGivenUp() override;
-    void documentReplaced() override;
+    [[nodiscard]] bool documentReplaced() override;
 
 private:
     [[nodiscard]] TextSnapshot snapshot() const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/recovery_offer.h"
 
+#include "document/leave_text.h"
+
 namespace kevra {
 namespace {
 
@@ -84,7 +86,8 @@ bool RecoveryOffer::saveUnseen(const RecoveryRecord &record)
 void RecoveryOffer::review(const std::string &text, const RecoveryRecord &record)
 {
     auto &state = m_ports.state;
-    m_ports.keeper.documentReplaced();
+    if (!mayLeaveText(m_ports.keeper, m_ports.messages, [this] { return m_saving.saveAs(); }))
+        return;
     m_pathBefore = m_ports.document.Length() > 0 ? state.currentPath : std::string();
     m_reviewed = text;
     m_proposed = record.path;

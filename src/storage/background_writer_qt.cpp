@@ -1,22 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/background_writer_qt.h"
 
-#include "storage/atomic_write_qt.h"
-
+#include <chrono>
 #include <csignal>
-#include <tuple>
-#include <unistd.h>
+#include <iterator>
+#include <new>
 
 namespace kevra {
 
-BackgroundWriterQt::BackgroundWriterQt()
+namespace {
+
+constexpr std::chrono::seconds retryInterval{1};
+
+Saved tried(const BackgroundWriterQt::Job &job)
+{
+    try {
+        return job();
+    } catch (const std::bad_alloc &) {
+        return Saved::Failed;
+    }
+}
+
+} // namespace
+
+BackgroundWriterQt::BackgroundWriterQt(std::function<void()> outcomeChanged)
+    : m_outcomeChanged(std::move(outcomeChanged))
 {
     // Signals are the main thread's to answer.
     sigset_t all;
     sigset_t before;
     ::sigfillset(&all);
     ::pthread_sigmask(SIG_BLOCK, &all, &before);
-    m_thread = std::thread([this] { run(); });
+    m_thread = std::thread([this] { loop(); });
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
@@ -30,53 +45,91 @@ BackgroundWriterQt::~BackgroundWriterQt()
     m_thread.join();
 }
 
-void BackgroundWriterQt::write(const std::string &path, Producer bytes)
+void BackgroundWriterQt::run(const std::string &name, Job job)
 {
     {
         const std::lock_guard lock(m_mutex);
-        forget(path);
-        m_jobs.push_back({path, std::move(bytes)});
+        forget(name);
+        m_jobs.push_back({name, std::move(job)});
     }
     m_changed.notify_all();
 }
 
-void BackgroundWriterQt::remove(const std::string &path)
+void BackgroundWriterQt::drop(const std::string &name)
 {
     std::unique_lock lock(m_mutex);
-    forget(path);
-    m_changed.wait(lock, [&] { return m_running != path; });
-    ::unlink(path.c_str());
+    forget(name);
+    m_changed.wait(lock, [&] { return m_running != name; });
+    const auto last = m_outcomes.extract(name);
+    lock.unlock();
+    if (last && last.mapped() != Saved::Ok)
+        m_outcomeChanged();
 }
 
 void BackgroundWriterQt::finish()
 {
     std::unique_lock lock(m_mutex);
+    retryFailed();
+    m_changed.notify_all();
     m_changed.wait(lock, [&] { return m_jobs.empty() && m_running.empty(); });
 }
 
-void BackgroundWriterQt::run()
+Saved BackgroundWriterQt::outcome(const std::string &name) const
+{
+    const std::lock_guard lock(m_mutex);
+    const auto it = m_outcomes.find(name);
+    return it == m_outcomes.end() ? Saved::Ok : it->second;
+}
+
+void BackgroundWriterQt::loop()
 {
     std::unique_lock lock(m_mutex);
     for (;;) {
-        m_changed.wait(lock, [&] { return m_end || !m_jobs.empty(); });
-        if (m_jobs.empty())
+        const auto called = [&] { return m_end || !m_jobs.empty(); };
+        if (m_failed.empty())
+            m_changed.wait(lock, called);
+        else if (!m_changed.wait_for(lock, retryInterval, called))
+            retryFailed();
+        if (!m_jobs.empty())
+            runNext(lock);
+        else if (m_end)
             return;
-        auto job = std::move(m_jobs.front());
-        m_jobs.pop_front();
-        m_running = job.path;
-        lock.unlock();
-        // A record that cannot be written leaves the one before; the next change tries again.
-        std::ignore = writeAtomically(job.path, job.bytes());
-        job = {};
-        lock.lock();
-        m_running.clear();
-        m_changed.notify_all();
     }
 }
 
-void BackgroundWriterQt::forget(const std::string &path)
+void BackgroundWriterQt::runNext(std::unique_lock<std::mutex> &lock)
 {
-    std::erase_if(m_jobs, [&](const Job &job) { return job.path == path; });
+    auto next = std::move(m_jobs.front());
+    m_jobs.pop_front();
+    m_running = next.name;
+    m_replaced = false;
+    lock.unlock();
+    const auto saved = tried(next.job);
+    lock.lock();
+    m_running.clear();
+    const auto before = std::exchange(m_outcomes[next.name], saved);
+    if (saved != Saved::Ok && !m_replaced)
+        m_failed.push_back(std::move(next));
+    m_changed.notify_all();
+    if (before == saved)
+        return;
+    lock.unlock();
+    m_outcomeChanged();
+    lock.lock();
+}
+
+void BackgroundWriterQt::forget(const std::string &name)
+{
+    const auto named = [&](const NamedJob &job) { return job.name == name; };
+    std::erase_if(m_jobs, named);
+    std::erase_if(m_failed, named);
+    m_replaced = m_replaced || m_running == name;
+}
+
+void BackgroundWriterQt::retryFailed()
+{
+    std::ranges::move(m_failed, std::back_inserter(m_jobs));
+    m_failed.clear();
 }
 
 } // namespace kevra

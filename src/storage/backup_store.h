@@ -22,8 +22,8 @@ public:
     virtual void textSaved() = 0; ///< the text is on the disk, whole
     virtual void textGivenUp() = 0; ///< the user said that the text is not wanted
     /// The text leaves the document and nobody was asked: if it is in no file, it is offered at the next
-    /// start.
-    virtual void documentReplaced() = 0;
+    /// start. False when it could be kept nowhere: then it has to stay.
+    [[nodiscard]] virtual bool documentReplaced() = 0;
 };
 
 } // namespace kevra

@@ -4,7 +4,9 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 
 namespace kevra {
 namespace {
@@ -112,6 +114,31 @@ std::string folderOf(const std::string &path)
 std::string nameOf(const std::string &path)
 {
     return path.substr(path.rfind('/') + 1);
+}
+
+std::vector<std::string> namesIn(const std::string &folder)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> listing(::opendir(folder.c_str()), ::closedir);
+    std::vector<std::string> names;
+    while (const auto *entry = listing ? ::readdir(listing.get()) : nullptr)
+        if (const std::string_view name = entry->d_name; name != "." && name != "..")
+            names.emplace_back(name);
+    return names;
+}
+
+std::optional<std::string> regularContent(const std::string &path)
+{
+    const auto file = openFile(path, O_RDONLY | O_NOFOLLOW);
+    struct stat status { };
+    if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return readAll(file.get());
+}
+
+bool isOddFile(const std::string &path)
+{
+    struct stat status { };
+    return ::lstat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 
 } // namespace kevra

@@ -11,6 +11,7 @@
 #include <sys/types.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace kevra {
 
@@ -61,5 +62,11 @@ private:
 /// The folder part of `path` for open(2): "." when there is none.
 [[nodiscard]] std::string folderOf(const std::string &path);
 [[nodiscard]] std::string nameOf(const std::string &path);
+/// Without "." and ".."; none when the folder cannot be read.
+[[nodiscard]] std::vector<std::string> namesIn(const std::string &folder);
+/// Nothing for what is no regular file, or for a link to one.
+[[nodiscard]] std::optional<std::string> regularContent(const std::string &path);
+/// Something has this name, and it is no regular file.
+[[nodiscard]] bool isOddFile(const std::string &path);
 
 } // namespace kevra

@@ -7,10 +7,8 @@
 
 #include <algorithm>
 #include <atomic>
-#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
-#include <memory>
 #include <sys/file.h>
 #include <vector>
 
@@ -123,12 +121,9 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
 
 void completeTornWrites(const std::string &stateFolder)
 {
-    const std::unique_ptr<DIR, int (*)(DIR *)> listing(::opendir(stateFolder.c_str()), ::closedir);
-    std::vector<std::string> copies;
-    while (const auto *entry = listing ? ::readdir(listing.get()) : nullptr)
-        if (std::string_view(entry->d_name).starts_with(copyPrefix))
-            copies.push_back(stateFolder + '/' + entry->d_name);
-    std::ranges::for_each(copies, complete);
+    for (const auto &name : namesIn(stateFolder))
+        if (name.starts_with(copyPrefix))
+            complete(stateFolder + '/' + name);
 }
 
 } // namespace kevra

@@ -3,6 +3,8 @@
 
 #include "storage/checksummed_record.h"
 
+#include <charconv>
+
 namespace kevra {
 namespace {
 
@@ -42,22 +44,25 @@ std::string fileBytes(const TextSnapshot &snapshot)
     return encodeFile(snapshot.text, format, *original, kind).bytes;
 }
 
-std::string recordBytes(const TextSnapshot &snapshot)
+std::string recordBytes(const TextSnapshot &snapshot, std::uint64_t sequence)
 {
     const auto &[format, original, kind] = snapshot.file;
     const auto encoded = encodeFile(snapshot.text, format, *original, kind);
-    return withChecksum({snapshot.path, formatText(encoded.format), encoded.bytes});
+    return withChecksum({snapshot.path, formatText(encoded.format), encoded.bytes, std::to_string(sequence)});
 }
 
 std::optional<RecoveryRecord> readRecord(std::string_view bytes)
 {
     auto fields = unsealed(bytes);
-    if (!fields || fields->size() != 3)
+    if (!fields || fields->size() < 3 || fields->size() > 4)
         return std::nullopt;
     const auto format = readFormat((*fields)[1]);
     if (!format)
         return std::nullopt;
-    return RecoveryRecord{std::move((*fields)[0]), std::move((*fields)[2]), *format};
+    std::uint64_t sequence = 0;
+    if (fields->size() == 4)
+        std::from_chars((*fields)[3].data(), (*fields)[3].data() + (*fields)[3].size(), sequence);
+    return RecoveryRecord{std::move((*fields)[0]), std::move((*fields)[2]), *format, sequence};
 }
 
 } // namespace kevra

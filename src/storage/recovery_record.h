@@ -4,6 +4,7 @@
 
 #include "document/document_file.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,10 +23,11 @@ struct RecoveryRecord {
     std::string path; ///< empty for new work
     std::string bytes; ///< what a save would have written
     TextFormat format;
+    std::uint64_t sequence = 0; ///< larger than that of every record written before; 0 when not known
 };
 
 [[nodiscard]] std::string fileBytes(const TextSnapshot &snapshot);
-[[nodiscard]] std::string recordBytes(const TextSnapshot &snapshot);
+[[nodiscard]] std::string recordBytes(const TextSnapshot &snapshot, std::uint64_t sequence);
 /// Nothing unless the record is whole.
 [[nodiscard]] std::optional<RecoveryRecord> readRecord(std::string_view bytes);
 

@@ -2,234 +2,306 @@
 #include "storage/recovery_store_qt.h"
 
 #include "storage/atomic_write_qt.h"
+#include "storage/checksummed_record.h"
 #include "storage/in_place_write_qt.h"
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <fcntl.h>
 #include <filesystem>
-#include <set>
-#include <sys/file.h>
-
-namespace fs = std::filesystem;
 
 namespace kevra {
 namespace {
 
-constexpr int mostPrograms = 1000;
-constexpr auto keptPrefix = "kept-";
+constexpr auto recordName = "record";
+constexpr auto autosaveName = "autosave";
 
-std::optional<std::string> contentOf(const std::string &path)
+std::vector<RecordFolder> recordFolders(const RecoveryStoreQt::Folders &folders)
 {
-    const auto file = openFile(path, O_RDONLY | O_NOFOLLOW);
-    struct stat status { };
-    if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
-        return std::nullopt;
-    return readAll(file.get());
-}
-
-/// Ends with the handle, and with the program however it ends.
-bool takeLock(const FileHandle &file)
-{
-    struct stat status { };
-    // A file that has lost its name between opening and locking belongs to nobody.
-    return file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 && ::fstat(file.get(), &status) == 0
-        && status.st_nlink > 0;
+    std::vector<RecordFolder> all;
+    all.emplace_back(folders.state + "/recovery", RecordFolder::Place::Private);
+    for (const auto &spare : folders.spare)
+        all.emplace_back(spare, RecordFolder::Place::Shared);
+    return all;
 }
 
 std::int64_t changeTime(const std::string &path)
 {
     struct stat status { };
-    return ::stat(path.c_str(), &status) == 0
+    return ::lstat(path.c_str(), &status) == 0
         ? std::int64_t{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec
         : 0;
 }
 
-/// The number in "7.lock", "7.record", "7.crash" or "autosave-7.txt"; "autosave.txt" is the first program's.
-int numberIn(std::string name)
+std::optional<RecoveryRecord> recordIn(const std::string &file)
 {
-    if (name == "autosave.txt")
-        return 1;
-    if (name.starts_with("autosave-") && name.ends_with(".txt"))
-        name.erase(0, 9);
-    int number = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
-    const std::string_view rest(end, static_cast<std::size_t>(name.data() + name.size() - end));
-    const bool known = rest == ".lock" || rest == ".record" || rest == ".crash" || rest == ".txt";
-    return error == std::errc() && known && number <= mostPrograms ? number : 0;
+    const auto bytes = regularContent(file);
+    return bytes ? readRecord(*bytes) : std::nullopt;
 }
 
 } // namespace
 
-RecoveryStoreQt::RecoveryStoreQt(std::string folder, BackupStore &backups)
-    : m_folder(std::move(folder))
-    , m_records(m_folder + "/recovery")
+/// An autosave file with what is known of it.
+struct RecoveryStoreQt::Autosaved {
+    std::string bytes;
+    std::string path; ///< of the document; empty for new work
+    std::uint64_t sequence = 0; ///< 0: nothing but the bytes is known
+
+    /// Whether a record of the same program holds a later text.
+    [[nodiscard]] bool isBefore(const RecoveryRecord &record, bool recordFileIsLater) const
+    {
+        return sequence > 0 && record.sequence > 0 ? sequence < record.sequence : recordFileIsLater;
+    }
+};
+
+RecoveryStoreQt::RecoveryStoreQt(Folders folders, BackupStore &backups, std::function<void()> outcomeChanged)
+    : m_stateFolder(folders.state)
+    , m_folders(recordFolders(folders))
+    , m_sequence(records().path() + "/sequence")
     , m_backups(backups)
+    , m_writer(std::move(outcomeChanged))
 {
-    std::error_code error;
-    // What users write is nobody else's to read.
-    if (fs::create_directories(m_records, error))
-        fs::permissions(m_records, fs::perms::owner_all, error);
-    completeTornWrites(m_records);
-    takeNumber();
-    for (const auto number : knownNumbers())
-        putLeftoversAside(number);
+    std::ignore = records().open();
+    completeTornWrites(records().path());
+    for (auto &folder : m_folders)
+        findLeftovers(folder);
 }
 
 RecoveryStoreQt::~RecoveryStoreQt()
 {
     m_writer.finish();
-    if (m_number > 0)
-        ::unlink(ownFile(m_number, ".lock").c_str());
-}
-
-std::string RecoveryStoreQt::ownFile(int number, const char *kind) const
-{
-    return m_records + '/' + std::to_string(number) + kind;
+    for (auto &folder : m_folders)
+        folder.close();
 }
 
 std::string RecoveryStoreQt::autosaveFile(int number) const
 {
-    return m_folder + (number == 1 ? "/autosave" : "/autosave-" + std::to_string(number)) + ".txt";
+    return m_stateFolder + (number == 1 ? "/autosave" : "/autosave-" + std::to_string(number)) + ".txt";
 }
 
-std::string RecoveryStoreQt::keptFile(const char *kind) const
+void RecoveryStoreQt::notePassedOver(const std::string &file)
 {
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    const auto time = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
-    return m_records + '/' + keptPrefix + std::to_string(time) + '-' + std::to_string(m_number) + kind;
+    if (isOddFile(file))
+        m_passedOver.push_back(file);
 }
 
-FileHandle RecoveryStoreQt::lock(int number) const
+void RecoveryStoreQt::findLeftovers(RecordFolder &folder)
 {
-    auto file = openFile(ownFile(number, ".lock"), O_RDWR | O_CREAT, 0600);
-    return takeLock(file) ? std::move(file) : FileHandle();
+    if (!folder.exists()) {
+        struct stat status { };
+        if (::lstat(folder.path().c_str(), &status) == 0)
+            m_passedOver.push_back(folder.path());
+        return;
+    }
+    for (const auto &name : namesIn(folder.path())) {
+        notePassedOver(folder.path() + '/' + name);
+        m_sequence.startAfter(asideSequence(name).value_or(0));
+    }
+    auto numbers = folder.numbers();
+    if (&folder == &records())
+        for (auto &name : namesIn(m_stateFolder)) {
+            const int number = numberIn(name);
+            if (number == 0)
+                continue;
+            notePassedOver(m_stateFolder + '/' + name);
+            if (std::ranges::find(numbers, number) == numbers.end())
+                numbers.push_back(number);
+        }
+    for (const int number : numbers)
+        putLeftoversAside(folder, number);
 }
 
-std::vector<int> RecoveryStoreQt::knownNumbers() const
+std::optional<RecoveryStoreQt::Autosaved> RecoveryStoreQt::autosavedBy(int number) const
 {
-    std::set<int> numbers;
-    std::error_code error;
-    for (const auto &folder : {m_folder, m_records})
-        for (const auto &entry : fs::directory_iterator(folder, error))
-            numbers.insert(numberIn(entry.path().filename().string()));
-    numbers.erase(0);
-    return {numbers.begin(), numbers.end()};
+    auto bytes = regularContent(autosaveFile(number));
+    if (!bytes)
+        return std::nullopt;
+    Autosaved text{std::move(*bytes), {}, 0};
+    const auto about = regularContent(m_folders.front().file(number, ".autosave"));
+    const auto fields = about ? unsealed(*about) : std::nullopt;
+    // What is known is known of these bytes only.
+    if (fields && fields->size() == 3 && (*fields)[2] == std::to_string(fingerprint(text.bytes))) {
+        text.path = (*fields)[0];
+        std::from_chars((*fields)[1].data(), (*fields)[1].data() + (*fields)[1].size(), text.sequence);
+    }
+    return text;
 }
 
-void RecoveryStoreQt::takeNumber()
+void RecoveryStoreQt::takeCrashRecord(const std::string &record, const std::string &crash)
 {
-    for (int number = 1; number <= mostPrograms; ++number) {
-        m_lock = lock(number);
-        if (m_lock) {
-            m_number = number;
-            return;
+    const auto last = recordIn(crash);
+    if (!last)
+        return toBackups(crash, crash);
+    const auto before = recordIn(record);
+    if (before && before->bytes != last->bytes)
+        toBackups(record, record);
+    ::rename(crash.c_str(), record.c_str());
+}
+
+void RecoveryStoreQt::putLeftoversAside(RecordFolder &folder, int number)
+{
+    const bool ours = number == folder.number();
+    const auto held = ours ? FileHandle() : folder.lock(number);
+    if (!ours && !held)
+        return;
+    const auto record = folder.file(number, ".record");
+    // What was written while the program broke down is later, if it is whole.
+    takeCrashRecord(record, folder.file(number, ".crash"));
+    const auto recorded = recordIn(record);
+    if (!recorded)
+        toBackups(record, record);
+    const auto autosave = autosaveFile(number);
+    const auto autosaved = &folder == &records() ? autosavedBy(number) : std::nullopt;
+    bool recordIsOffered = recorded.has_value();
+    if (autosaved) {
+        const bool before
+            = recorded && autosaved->isBefore(*recorded, changeTime(record) >= changeTime(autosave));
+        // One text is offered once, in its later form; the other form is kept as a version of it.
+        const bool oneText = !recorded || autosaved->sequence == 0 || autosaved->path == recorded->path;
+        if (autosaved->bytes.empty() || (before && oneText)) {
+            toBackups(autosave, recorded && !recorded->path.empty() ? recorded->path : autosave);
+        } else {
+            const auto sequence = autosaved->sequence > 0 ? autosaved->sequence : m_sequence.next();
+            std::ignore = records().setAside(autosave, sequence, number, ".txt");
+            recordIsOffered = recorded && !oneText;
         }
     }
-}
-
-void RecoveryStoreQt::putLeftoversAside(int number)
-{
-    const auto held = number == m_number ? FileHandle() : lock(number);
-    if (number != m_number && !held)
-        return;
-    const auto record = ownFile(number, ".record");
-    const auto crash = ownFile(number, ".crash");
-    const auto autosave = autosaveFile(number);
-    // What was written while the program broke down is later, if it is whole.
-    if (const auto last = contentOf(crash); last && readRecord(*last)) {
-        toBackups(record, record);
-        ::rename(crash.c_str(), record.c_str());
-    } else if (last) {
-        toBackups(crash, crash);
-    }
-    const auto autosaved = contentOf(autosave);
-    const bool recorded = fs::exists(fs::path(record));
-    // One text is offered once: in its later form.
-    const bool recordIsLater = recorded && changeTime(record) >= changeTime(autosave);
-    if (autosaved && (autosaved->empty() || recordIsLater))
-        toBackups(autosave, autosave);
-    else if (autosaved)
-        ::rename(autosave.c_str(), keptFile(".txt").c_str());
-    if (recorded && (recordIsLater || !autosaved))
-        ::rename(record.c_str(), keptFile(".record").c_str());
+    if (recordIsOffered)
+        std::ignore = folder.setAside(record, recorded->sequence, number, ".record");
     else if (recorded)
         toBackups(record, record);
-    if (number != m_number)
-        ::unlink(ownFile(number, ".lock").c_str());
+    ::unlink(folder.file(number, ".autosave").c_str());
+    if (!ours)
+        ::unlink(folder.file(number, ".lock").c_str());
 }
 
 void RecoveryStoreQt::toBackups(const std::string &file, const std::string &as)
 {
-    const auto bytes = contentOf(file);
-    if (bytes && (bytes->empty() || m_backups.keep(as, *bytes)))
+    const auto bytes = regularContent(file);
+    const auto record = bytes ? readRecord(*bytes) : std::nullopt;
+    const auto path = record && !record->path.empty() ? record->path : record ? "untitled.txt" : as;
+    // The text itself is what may be looked for later, not the record around it.
+    if (bytes && (bytes->empty() || m_backups.keep(path, record ? record->bytes : *bytes)))
         ::unlink(file.c_str());
+}
+
+Saved RecoveryStoreQt::writeText(const TextSnapshot &snapshot, const char *kind)
+{
+    const auto bytes = recordBytes(snapshot, m_sequence.next());
+    std::optional<Saved> failure;
+    for (auto &folder : m_folders) {
+        auto saved = folder.open();
+        if (saved == Saved::Ok)
+            saved = writeAtomically(folder.ownFile(kind), bytes);
+        if (saved == Saved::Ok) {
+            removeRecordsBut(&folder);
+            return Saved::Ok;
+        }
+        failure = failure.value_or(saved);
+    }
+    return *failure;
+}
+
+void RecoveryStoreQt::removeRecordsBut(const RecordFolder *kept)
+{
+    for (auto &folder : m_folders)
+        if (folder.number() > 0 && &folder != kept)
+            ::unlink(folder.ownFile(".record").c_str());
 }
 
 void RecoveryStoreQt::writeRecord(TextSnapshot snapshot)
 {
-    if (m_number > 0)
-        m_writer.write(
-            ownFile(m_number, ".record"), [snapshot = std::move(snapshot)] { return recordBytes(snapshot); });
+    m_writer.run(
+        recordName, [this, snapshot = std::move(snapshot)] { return writeText(snapshot, ".record"); });
 }
 
 void RecoveryStoreQt::writeCrashRecord(const TextSnapshot &snapshot)
 {
-    if (m_number > 0)
-        std::ignore = writeAtomically(ownFile(m_number, ".crash"), recordBytes(snapshot));
+    std::ignore = writeText(snapshot, ".crash");
+}
+
+Saved RecoveryStoreQt::recordOutcome() const
+{
+    return m_writer.outcome(recordName);
 }
 
 void RecoveryStoreQt::removeRecord()
 {
-    if (m_number > 0)
-        m_writer.remove(ownFile(m_number, ".record"));
+    m_writer.drop(recordName);
+    removeRecordsBut(nullptr);
 }
 
-void RecoveryStoreQt::setRecordAside()
+bool RecoveryStoreQt::setRecordAside()
 {
     m_writer.finish();
-    ::rename(ownFile(m_number, ".record").c_str(), keptFile(".record").c_str());
+    if (recordOutcome() != Saved::Ok)
+        return false;
+    m_writer.drop(recordName);
+    for (const auto &folder : m_folders) {
+        const auto record = folder.ownFile(".record");
+        const auto text = folder.number() > 0 ? recordIn(record) : std::nullopt;
+        if (text && !folder.setAside(record, text->sequence, folder.number(), ".record"))
+            return false;
+    }
+    return true;
+}
+
+Saved RecoveryStoreQt::writeAutosaveFile(const TextSnapshot &snapshot)
+{
+    const auto bytes = fileBytes(snapshot);
+    const auto saved = writeAtomically(autosaveFile(records().number()), bytes);
+    if (saved == Saved::Ok)
+        std::ignore = writeAtomically(records().ownFile(".autosave"),
+            withChecksum(
+                {snapshot.path, std::to_string(m_sequence.next()), std::to_string(fingerprint(bytes))}));
+    return saved;
 }
 
 void RecoveryStoreQt::writeAutosave(TextSnapshot snapshot)
 {
-    if (m_number > 0)
-        m_writer.write(
-            autosaveFile(m_number), [snapshot = std::move(snapshot)] { return fileBytes(snapshot); });
+    if (records().number() > 0)
+        m_writer.run(
+            autosaveName, [this, snapshot = std::move(snapshot)] { return writeAutosaveFile(snapshot); });
 }
 
 void RecoveryStoreQt::removeAutosave(bool written)
 {
-    if (m_number == 0)
+    if (records().number() == 0)
         return;
     m_writer.finish();
-    const auto file = autosaveFile(m_number);
-    if (written)
-        m_writer.remove(file);
+    m_writer.drop(autosaveName);
+    const auto file = autosaveFile(records().number());
+    ::unlink(records().ownFile(".autosave").c_str());
+    if (written && !isOddFile(file))
+        ::unlink(file.c_str());
     else
         toBackups(file, file);
 }
 
 std::vector<std::string> RecoveryStoreQt::list()
 {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (const auto &entry : fs::directory_iterator(m_records, error)) {
-        const auto name = entry.path().filename().string();
-        auto file = openFile(entry.path().string(), O_RDONLY | O_NOFOLLOW);
-        if (!name.starts_with(keptPrefix) || !takeLock(file))
-            continue;
-        m_claimed.insert_or_assign(name, std::move(file));
-        names.push_back(name);
+    std::vector<std::pair<std::uint64_t, std::string>> texts;
+    for (const auto &folder : m_folders) {
+        for (const auto &name : folder.exists() ? namesIn(folder.path()) : std::vector<std::string>()) {
+            const auto sequence = asideSequence(name);
+            auto path = folder.path() + '/' + name;
+            auto file = sequence ? openFile(path, O_RDONLY | O_NOFOLLOW) : FileHandle();
+            if (!takeLock(file))
+                continue;
+            m_claimed.insert_or_assign(path, std::move(file));
+            texts.emplace_back(*sequence, std::move(path));
+        }
     }
-    std::ranges::sort(names);
-    return names;
+    std::ranges::sort(texts, std::greater{});
+    std::vector<std::string> paths;
+    for (auto &[sequence, path] : texts)
+        paths.push_back(std::move(path));
+    return paths;
 }
 
 std::optional<RecoveryRecord> RecoveryStoreQt::open(const std::string &text)
 {
-    const auto bytes = contentOf(m_records + '/' + text);
+    const auto bytes = regularContent(text);
     if (!bytes)
         return std::nullopt;
     if (text.ends_with(".txt"))
@@ -242,20 +314,13 @@ std::optional<RecoveryRecord> RecoveryStoreQt::open(const std::string &text)
 
 void RecoveryStoreQt::removeSaved(const std::string &text)
 {
-    ::unlink((m_records + '/' + text).c_str());
+    ::unlink(text.c_str());
     m_claimed.erase(text);
 }
 
 void RecoveryStoreQt::discard(const std::string &text)
 {
-    const auto file = m_records + '/' + text;
-    const auto bytes = contentOf(file);
-    const auto record = bytes ? readRecord(*bytes) : std::nullopt;
-    // The text itself is what may be looked for later, not the record around it.
-    if (record && m_backups.keep(record->path.empty() ? "untitled.txt" : record->path, record->bytes))
-        ::unlink(file.c_str());
-    else
-        toBackups(file, text);
+    toBackups(text, text);
     m_claimed.erase(text);
 }
 

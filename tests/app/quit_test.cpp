@@ -83,6 +83,24 @@ TEST(Quit, EveryBranchOfTheConversation)
     }
 }
 
+TEST(Quit, StaysWhenTheTextCanBeKeptNowhere)
+{
+    for (const bool unsaved : {false, true}) {
+        Running run;
+        run.shell.keepsText = false;
+        run.application.helpShowing = true;
+        run.document.unsaved = unsaved;
+        run.messages.answers = {Yes, Yes};
+        run.quit.requestQuit();
+        EXPECT_FALSE(run.quit.hasEnded());
+        EXPECT_TRUE(run.application.helpShowing);
+        EXPECT_EQ(run.document.unsaved, unsaved);
+        EXPECT_FALSE(run.did("stop timer"));
+        run.quit.endProgram(); // a signal asks nobody
+        EXPECT_TRUE(run.quit.hasEnded());
+    }
+}
+
 TEST(Quit, AnEmptyEditorIsClosedWithoutAQuestion)
 {
     Running run;
@@ -101,7 +119,7 @@ TEST(Quit, ShutdownTidiesUpInOrderAndOnce)
     run.quit.shutdown();
     run.quit.shutdown();
     EXPECT_THAT(run.shell.log,
-        testing::ElementsAre("stop timer", "keep text", "delete preview", "delete autosave", "unload main",
+        testing::ElementsAre("keep text", "stop timer", "delete preview", "delete autosave", "unload main",
             "unload 0", "unload 1", "unload 2", "unload 3", "unload 4", "unload 5", "unload 6", "unload 7",
             "end"));
     EXPECT_EQ(readSetting(run.store, keys::panelType), "2");

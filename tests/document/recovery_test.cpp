@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/leave_text.h"
 #include "document/recovery_offer.h"
 #include "fakes/document_fixture.h"
 #include "storage/backup_bounds.h"
@@ -13,10 +14,15 @@ namespace {
 
 class FakeRecordStore : public RecordStore {
 public:
-    void writeRecord(TextSnapshot snapshot) override { record = recordBytes(snapshot); }
-    void writeCrashRecord(const TextSnapshot &snapshot) override { record = recordBytes(snapshot); }
+    void writeRecord(TextSnapshot snapshot) override { record = recordBytes(snapshot, 1); }
+    void writeCrashRecord(const TextSnapshot &snapshot) override { record = recordBytes(snapshot, 1); }
     void removeRecord() override { record.clear(); }
-    void setRecordAside() override { aside.push_back(std::exchange(record, {})); }
+    bool setRecordAside() override
+    {
+        if (!broken)
+            aside.push_back(std::exchange(record, {}));
+        return !broken;
+    }
     void writeAutosave(TextSnapshot snapshot) override { autosaved.push_back(fileBytes(snapshot)); }
     void finish() override { }
 
@@ -27,6 +33,7 @@ public:
     }
 
     std::string record;
+    bool broken = false;
     std::vector<std::string> aside;
     std::vector<std::string> autosaved;
 };
@@ -76,34 +83,35 @@ TEST(RecoveryJournal, EveryWayOutOfTheDocument)
         void (*way)(JournalFixture &);
         std::size_t kept;
     } const cases[] = {
-        {"nobody asked", "new", [](JournalFixture &d) { d.journal.documentReplaced(); }, 1},
-        {"nothing was typed", "old", [](JournalFixture &d) { d.journal.documentReplaced(); }, 0},
+        {"nobody asked", "new", [](JournalFixture &d) { std::ignore = d.journal.documentReplaced(); }, 1},
+        {"nothing was typed", "old", [](JournalFixture &d) { std::ignore = d.journal.documentReplaced(); },
+            0},
         {"emptied without a question", "",
             [](JournalFixture &d) {
                 d.type("work");
                 d.journal.writeDown();
                 d.type("");
-                d.journal.documentReplaced();
+                std::ignore = d.journal.documentReplaced();
             },
             1},
         {"given up", "new",
             [](JournalFixture &d) {
                 d.journal.textGivenUp();
-                d.journal.documentReplaced();
+                std::ignore = d.journal.documentReplaced();
             },
             0},
         {"given up, but typed on", "new",
             [](JournalFixture &d) {
                 d.journal.textGivenUp();
                 d.type("more");
-                d.journal.documentReplaced();
+                std::ignore = d.journal.documentReplaced();
             },
             1},
         {"saved", "new",
             [](JournalFixture &d) {
                 std::ignore = d.file.save(d.document.Text(), "/site/page.htm", Existing::KeepReadOnly);
                 d.journal.textSaved();
-                d.journal.documentReplaced();
+                std::ignore = d.journal.documentReplaced();
             },
             0},
     };
@@ -115,6 +123,38 @@ TEST(RecoveryJournal, EveryWayOutOfTheDocument)
         c.way(fixture);
         EXPECT_EQ(fixture.store.aside.size(), c.kept);
         EXPECT_EQ(fixture.store.text(), "(none)");
+    }
+}
+
+TEST(RecoveryJournal, ATextKeptNowhereStaysUntilItIsSavedOrGivenUp)
+{
+    const struct {
+        const char *name;
+        std::deque<Answer> answers;
+        bool diskGetsRoom;
+        bool left;
+        const char *onDisk;
+    } cases[] = {
+        {"stays", {Answer::Cancel}, false, false, "old"},
+        {"given up", {Answer::No}, false, true, "old"},
+        {"saved elsewhere", {Answer::Yes}, true, true, "new"},
+        {"saving fails as well, then stays", {Answer::Yes, Answer::Cancel}, false, false, "old"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        JournalFixture fixture;
+        fixture.store.broken = true;
+        fixture.messages.answers = c.answers;
+        fixture.type("new");
+        const auto saveAs = [&] {
+            if (c.diskGetsRoom && fixture.file.save("new", "/site/page.htm", Existing::Replace) == Saved::Ok)
+                fixture.journal.textSaved();
+            return c.diskGetsRoom;
+        };
+        EXPECT_EQ(mayLeaveText(fixture.journal, fixture.messages, saveAs), c.left);
+        EXPECT_EQ(fixture.messages.shown.size(), c.answers.size());
+        EXPECT_EQ(fixture.files.files["/site/page.htm"], c.onDisk);
+        EXPECT_EQ(fixture.store.text(), c.left ? "(none)" : "new");
     }
 }
 

@@ -29,9 +29,14 @@ class FakeTextKeeper : public TextKeeper {
 public:
     void textSaved() override { calls.emplace_back("saved"); }
     void textGivenUp() override { calls.emplace_back("given up"); }
-    void documentReplaced() override { calls.emplace_back("leaves"); }
+    bool documentReplaced() override
+    {
+        calls.emplace_back("leaves");
+        return keeps;
+    }
 
     std::vector<std::string> calls;
+    bool keeps = true;
 };
 
 struct DocumentFixture {

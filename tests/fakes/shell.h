@@ -31,7 +31,11 @@ public:
     void offerRecovery() override { note("offer recovery"); }
     void saveAs() override { note("save as"); }
     void textGivenUp() override { note("text given up"); }
-    void keepUnsavedText() override { note("keep text"); }
+    bool keepUnsavedText() override
+    {
+        note("keep text");
+        return keepsText;
+    }
     void deletePreviewPage() override { note("delete preview"); }
     void deleteAutosave() override { note("delete autosave"); }
 
@@ -67,6 +71,7 @@ public:
     void stop() override { timerMinutes = 0; }
 
     CallLog log;
+    bool keepsText = true;
     FakeToolView toolView;
     WindowState mainState = WindowState::Normal;
     TwipRect mainGeometry{100, 200, 3000, 4000};

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/leave_text.h"
+
+namespace kevra {
+namespace {
+
+constexpr auto keptNowhere
+    = "The unsaved text can be kept nowhere: neither the folder for unsaved texts nor a temporary folder can "
+      "be written.\n\nDo you want to save it in another place? \"No\" gives it up.";
+
+} // namespace
+
+bool mayLeaveText(TextKeeper &keeper, Messages &messages, const std::function<bool()> &saveAs)
+{
+    while (!keeper.documentReplaced()) {
+        switch (messages.show({keptNowhere, Icon::Critical, Buttons::YesNoCancel})) {
+        case Answer::Yes:
+            saveAs();
+            break;
+        case Answer::No:
+            keeper.textGivenUp();
+            return true;
+        default:
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace kevra

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/notice_bar_panel.h"
+
+#include "desktop/text_qt.h"
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QPushButton>
+
+namespace kevra {
+
+namespace {
+constexpr int smallestDescription = 200; ///< pixels; a longer text is cut off and shown as tool tip
+}
+
+NoticeBar::NoticeBar(
+    const char *name, const char *title, QMainWindow &window, std::initializer_list<Button> buttons)
+    : QToolBar(&window)
+    , m_window(window)
+    , m_description(new QLabel(this))
+{
+    setObjectName(name);
+    setWindowTitle(title);
+    setMovable(false);
+    toggleViewAction()->setVisible(false);
+    m_description->setObjectName(objectName() + "text");
+    m_description->setTextFormat(Qt::PlainText);
+    m_description->setMinimumWidth(smallestDescription);
+    m_description->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_description->setMargin(4);
+    addWidget(m_description);
+    for (const auto &row : buttons) {
+        auto *button = new QPushButton(row.caption, this);
+        button->setObjectName(row.name);
+        button->setToolTip(row.toolTip);
+        connect(button, &QPushButton::clicked, this, row.chosen);
+        m_buttons[row.name] = addWidget(button);
+    }
+    hide();
+}
+
+void NoticeBar::showText(const std::string &description)
+{
+    const auto text = pathText(description);
+    m_description->setText(text);
+    m_description->setToolTip(text);
+    m_description->setAccessibleName(text);
+    if (isVisible())
+        return;
+    m_window.addToolBarBreak();
+    m_window.addToolBar(this);
+    show();
+}
+
+void NoticeBar::setButtonVisible(const char *name, bool visible)
+{
+    m_buttons[name]->setVisible(visible);
+}
+
+} // namespace kevra

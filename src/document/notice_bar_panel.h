@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtWidgets/QToolBar>
+
+#include <functional>
+#include <initializer_list>
+#include <string>
+
+class QLabel;
+class QMainWindow;
+
+namespace kevra {
+
+/// A bar above the document that says something about it and has buttons for what can be done. It asks
+/// nothing: the text can be worked on beside it.
+class NoticeBar : public QToolBar {
+    Q_OBJECT
+
+public:
+    struct Button {
+        const char *name; ///< object name
+        const char *caption;
+        const char *toolTip;
+        std::function<void()> chosen;
+    };
+
+    /// Hidden at first.
+    NoticeBar(
+        const char *name, const char *title, QMainWindow &window, std::initializer_list<Button> buttons);
+
+    /// In a row of its own; the description is bytes, such as paths are.
+    void showText(const std::string &description);
+    void setButtonVisible(const char *name, bool visible);
+
+private:
+    QMainWindow &m_window;
+    QLabel *m_description;
+    QHash<QString, QAction *> m_buttons;
+};
+
+} // namespace kevra
