@@ -15,10 +15,12 @@ import time
 import disk_cases
 import file_cases
 import kill_cases
+import leaving_cases
 import recovery_cases
 from editor import Workshop
 
-CASES = {**kill_cases.CASES, **disk_cases.CASES, **file_cases.CASES, **recovery_cases.CASES}
+CASES = {**kill_cases.CASES, **disk_cases.CASES, **file_cases.CASES, **recovery_cases.CASES,
+         **leaving_cases.CASES}
 SKIPPED = 77
 # What a file system in memory would do otherwise; the long form is on the disk throughout.
 ON_DISK = {"failing-calls", "kill-at-every-call", "kept-properties", "refused-places"}

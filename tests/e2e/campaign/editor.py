@@ -56,7 +56,8 @@ def preload_of(kevra, driver):
 
 
 class Editor:
-    def __init__(self, workshop, home, arguments=(), user=None, settings=None, wait=True, kill_at=0):
+    def __init__(self, workshop, home, arguments=(), user=None, settings=None, wait=True, kill_at=0,
+                 folders=None):
         self.home = home
         self.config = os.path.join(home, "config", "kevra", "kevra285.ini")
         if not os.path.exists(self.config):
@@ -66,8 +67,10 @@ class Editor:
             if user is not None:
                 subprocess.run(["chown", "-R", f"{user}:{user}", home], check=True)
         ours, theirs = socket.socketpair()
-        environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home + "/config", XDG_STATE_HOME=home + "/state",
-                           XDG_DATA_HOME=home + "/data", XDG_CACHE_HOME=home + "/cache", XDG_RUNTIME_DIR=home,
+        places = {"state": home + "/state", "runtime": home, "tmp": home, **(folders or {})}
+        environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home + "/config", XDG_STATE_HOME=places["state"],
+                           XDG_DATA_HOME=home + "/data", XDG_CACHE_HOME=home + "/cache",
+                           XDG_RUNTIME_DIR=places["runtime"], TMPDIR=places["tmp"],
                            LD_PRELOAD=preload_of(workshop.program, workshop.driver),
                            QT_QPA_PLATFORM="offscreen", KEVRA_HAND=str(theirs.fileno()), LC_ALL="C.UTF-8")
         if kill_at:
