@@ -70,7 +70,7 @@ QString SettingsStoreQt::fileOf(std::string_view app) const
     const auto folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
     const auto path = folder + "/kevra/" + textOf(app) + ".ini";
     const QFileInfo file(path);
-    if (!file.exists() || file.isFile())
+    if (!file.exists() || file.isFile() || file.isDir())
         return path;
     // The library would wait for the other end of a FIFO.
     m_passedOver.push_back(pathBytes(path));
