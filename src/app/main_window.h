@@ -5,7 +5,7 @@
 
 #include "app/command_registry.h"
 #include "app/tool_sets.h"
-#include "document/main_view.h"
+#include "desktop/main_view.h"
 #include "settings/stored_settings.h"
 
 #include <QtWidgets/QMainWindow>

@@ -4,7 +4,8 @@
 
 #include "app/shell_ports.h"
 #include "desktop/messages.h"
-#include "document/document_state.h"
+#include "document/application_state.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 #include "settings/stored_settings.h"
 

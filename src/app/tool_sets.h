@@ -3,8 +3,8 @@
 // is one table.
 #pragma once
 
-#include "document/document_state.h"
-#include "document/main_view.h"
+#include "desktop/main_view.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 #include "settings/stored_settings.h"
 

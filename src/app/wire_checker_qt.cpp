@@ -2,6 +2,7 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "checker/checker.h"
+#include "checker/script_debugger.h"
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
@@ -51,13 +52,13 @@ public:
 
 void wireChecker(Application &app)
 {
-    auto &checker = app.keep<Checker>(app.mainWindow().document(), app.document, app.mainWindow());
+    auto &checker = app.keep<ScriptDebugger>(app.mainWindow().document(), app.document, app.mainWindow());
     app.checkFinishedLine = [&checker](TextRange line) { checker.checkFinishedLine(line); };
     app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), app.mainWindow().document());
     app.commands.bind("mrundebug", [&app, &checker] {
         const ScreenHourglass hourglass;
         app.mainWindow().document().endPause(); // which would paint over a red line later
-        checker.runDebugger();
+        checker.debugDocument();
     });
     const auto useLineDebugging = [&app](bool on) {
         app.document.lineDebugPreferred = app.document.lineDebugOn = on;

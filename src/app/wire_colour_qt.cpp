@@ -3,12 +3,12 @@
 #include "app/main_menu_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/colour_commands.h"
-#include "colour/fso_popup_qt.h"
-#include "colour/snippet_commands.h"
-#include "colour/snippet_panel.h"
 #include "colour/typing_colouring.h"
 #include "desktop/text_qt.h"
 #include "editor/editor_control_qt.h"
+#include "snippets/fso_popup_qt.h"
+#include "snippets/snippet_commands.h"
+#include "snippets/snippet_panel.h"
 
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QToolButton>

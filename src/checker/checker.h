@@ -4,9 +4,7 @@
 #pragma once
 
 #include "checker/finding.h"
-#include "document/document_state.h"
-#include "document/main_view.h"
-#include "editor/surface.h"
+#include "text/types.h"
 
 #include <optional>
 #include <string>
@@ -31,27 +29,5 @@ struct CheckResult {
 
 /// The line, from 1, that a finding's text names at its end; nothing when it is about the whole script.
 [[nodiscard]] std::optional<Offset> lineNamedBy(std::string_view finding);
-
-/// The checker at work on a document, with what it leaves on the screen.
-class Checker {
-public:
-    Checker(EditorSurface &document, DocumentState &state, MainView &view);
-
-    /// The command: shows that it is at work, runs, and gives the document the focus.
-    void runDebugger();
-    /// The run itself: verdict in the information box, faulty line red, colours put back. True when there is
-    /// a faulty line.
-    bool RunDebugger();
-    /// The line that Return has just ended, its line break included.
-    void checkFinishedLine(TextRange line);
-
-private:
-    void recolour();
-    void mark(const Finding &fault);
-
-    EditorSurface &m_document;
-    DocumentState &m_state;
-    MainView &m_view;
-};
 
 } // namespace kevra

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "colour/document_colouring.h"
-#include "document/main_view.h"
+#include "desktop/main_view.h"
 
 namespace kevra {
 

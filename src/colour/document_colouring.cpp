@@ -3,7 +3,7 @@
 
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
-#include "document/programmatic_change.h"
+#include "editor/programmatic_change.h"
 #include "text/start_computing.h"
 
 namespace kevra {

@@ -3,7 +3,7 @@
 // typing colour and flags as a colouring leaves them.
 #pragma once
 
-#include "document/document_state.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 
 #include <future>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/flat_runs.h"
 
-#include "editor/paint.h"
+#include "text/paint.h"
 
 #include <algorithm>
 

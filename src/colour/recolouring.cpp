@@ -4,7 +4,7 @@
 #include "colour/keyword_pass.h"
 #include "colour/region_colouring.h"
 #include "colour/tag_pass.h"
-#include "text/nearby.h"
+#include "editor/nearby.h"
 
 #include <algorithm>
 

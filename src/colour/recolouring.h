@@ -3,7 +3,7 @@
 // whole document had just been coloured. Caret and selection stay.
 #pragma once
 
-#include "document/document_state.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 
 namespace kevra {

@@ -4,7 +4,7 @@
 #include "colour/keyword_pass.h"
 #include "colour/literals.h"
 #include "colour/marks.h"
-#include "text/nearby.h"
+#include "editor/nearby.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // Colouring one region of a script, at a cost that goes by the region and its line.
 #pragma once
 
-#include "document/document_state.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 
 namespace kevra {

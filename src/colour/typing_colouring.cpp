@@ -3,7 +3,7 @@
 
 #include "colour/recolouring.h"
 #include "colour/region_colouring.h"
-#include "text/nearby.h"
+#include "editor/nearby.h"
 #include "text/words.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 // it. Costs nothing that grows with the document.
 #pragma once
 
-#include "document/document_state.h"
-#include "document/main_view.h"
+#include "desktop/main_view.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 #include "editor/typing.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "tools/process_start.h"
+#include "desktop/process_start.h"
 
 namespace kevra {
 

@@ -3,10 +3,11 @@
 #pragma once
 
 #include "desktop/file_dialogs.h"
+#include "desktop/main_view.h"
 #include "desktop/messages.h"
+#include "document/application_state.h"
 #include "document/document_file.h"
-#include "document/document_state.h"
-#include "document/main_view.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 #include "storage/backup_store.h"
 #include "storage/file_store.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/document_file.h"
 
+#include "document/file_types.h"
 #include "encoding/charset.h"
 #include "storage/checksummed_record.h"
 
@@ -53,7 +54,7 @@ EncodedFile DocumentFile::encoded(std::string_view text, std::string_view path, 
     return encodeFile(text, from.format, *from.original, from.kind);
 }
 
-DocumentFile::Snapshot DocumentFile::snapshot(std::string_view path, bool script) const
+FileSnapshot DocumentFile::snapshot(std::string_view path, bool script) const
 {
     // New work has no type yet: the tool set it is written with tells.
     const auto kind = !path.empty() ? textKind(path) : script ? TextKind::Script : TextKind::Page;

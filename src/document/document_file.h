@@ -6,6 +6,7 @@
 #include "encoding/text_codec.h"
 #include "storage/backup_store.h"
 #include "storage/file_store.h"
+#include "storage/recovery_record.h"
 
 #include <cstdint>
 #include <memory>
@@ -43,13 +44,7 @@ public:
     /// The bytes a save to `path` would write; an empty path is new work, a script when `script` says so.
     [[nodiscard]] EncodedFile encoded(std::string_view text, std::string_view path, bool script) const;
 
-    /// What encoded() needs, to be used later or elsewhere than on this document.
-    struct Snapshot {
-        TextFormat format;
-        std::shared_ptr<const std::string> original;
-        TextKind kind;
-    };
-    [[nodiscard]] Snapshot snapshot(std::string_view path, bool script) const;
+    [[nodiscard]] FileSnapshot snapshot(std::string_view path, bool script) const;
 
     /// Whether this document was read from or written to that path.
     [[nodiscard]] bool owns(const std::string &path) const { return m_paths.contains(path); }

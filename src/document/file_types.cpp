@@ -2,7 +2,7 @@
 #include "document/file_types.h"
 
 #include "desktop/file_dialogs.h"
-#include "storage/paths.h"
+#include "text/paths.h"
 
 #include <algorithm>
 #include <array>
@@ -33,6 +33,12 @@ std::optional<FileType> fileType(std::string_view path)
     const auto wanted = upperAscii(extension(path));
     const auto it = std::ranges::find(fileTypes, wanted, &FileType::extension);
     return it == fileTypes.end() ? std::nullopt : std::optional(*it);
+}
+
+TextKind textKind(std::string_view path)
+{
+    const auto type = fileType(path);
+    return type ? type->kind : TextKind::Plain;
 }
 
 std::vector<FileFilter> openFilters()

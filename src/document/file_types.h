@@ -24,6 +24,8 @@ struct FileType {
 
 /// The type of an accepted extension, whatever its case.
 [[nodiscard]] std::optional<FileType> fileType(std::string_view path);
+/// Decided by the extension: HTML, HTM, PHP, ASP, SHTML are pages; VBS, WSF, WSC scripts.
+[[nodiscard]] TextKind textKind(std::string_view path);
 [[nodiscard]] std::vector<FileFilter> openFilters();
 [[nodiscard]] std::vector<FileFilter> saveFilters();
 /// The entry of saveFilters() for a file, from 1; an unknown extension has the first.

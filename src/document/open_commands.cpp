@@ -2,8 +2,8 @@
 #include "document/open_commands.h"
 
 #include "document/leave_text.h"
-#include "storage/paths.h"
 #include "text/flag_guard.h"
+#include "text/paths.h"
 
 #include <utility>
 

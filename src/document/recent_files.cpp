@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/recent_files.h"
 
-#include "settings/keys.h"
+#include "storage/setting_key.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // The files worked on last, in the settings store, the latest first.
 #pragma once
 
-#include "settings/settings_store.h"
+#include "storage/settings_store.h"
 
 #include <string>
 #include <vector>

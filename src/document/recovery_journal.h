@@ -2,28 +2,13 @@
 // Keeps a record of unsaved text on the disk while the user types, autosave or not, and the autosave file.
 #pragma once
 
+#include "document/application_state.h"
 #include "document/document_file.h"
-#include "document/document_state.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
-#include "storage/recovery_record.h"
+#include "storage/record_store.h"
 
 namespace kevra {
-
-/// Where the records of this running program go.
-class RecordStore {
-public:
-    virtual ~RecordStore() = default;
-    /// Replaces the record; done soon, without keeping the caller waiting.
-    virtual void writeRecord(TextSnapshot snapshot) = 0;
-    /// At once and beside the record: the program has broken down.
-    virtual void writeCrashRecord(const TextSnapshot &snapshot) = 0;
-    virtual void removeRecord() = 0;
-    /// The record stays for the next start, and a new one can begin. False when it is not on the disk.
-    [[nodiscard]] virtual bool setRecordAside() = 0;
-    virtual void writeAutosave(TextSnapshot snapshot) = 0;
-    /// Everything has been written, or tried again, when this returns.
-    virtual void finish() = 0;
-};
 
 class RecoveryJournal : public TextKeeper {
 public:

@@ -15,17 +15,6 @@
 
 namespace kevra {
 
-/// The texts left behind, which no other running program is dealing with.
-class RecoverableTexts {
-public:
-    virtual ~RecoverableTexts() = default;
-    [[nodiscard]] virtual std::vector<std::string> list() = 0;
-    [[nodiscard]] virtual std::optional<RecoveryRecord> open(const std::string &text) = 0;
-    virtual void removeSaved(const std::string &text) = 0;
-    /// Not wanted; it is kept for a time, as replaced files are.
-    virtual void discard(const std::string &text) = 0;
-};
-
 /// The main window while a text is looked at that is not the document yet.
 class ReviewView {
 public:

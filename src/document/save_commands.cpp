@@ -2,8 +2,8 @@
 #include "document/save_commands.h"
 
 #include "document/file_types.h"
-#include "storage/paths.h"
 #include "text/flag_guard.h"
+#include "text/paths.h"
 
 #include <utility>
 

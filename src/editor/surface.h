@@ -4,8 +4,8 @@
 // runs and hands them over with SetColours(); the operations on the selection are for local repaints.
 #pragma once
 
-#include "editor/paint.h"
 #include "text/find.h"
+#include "text/paint.h"
 #include "text/types.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/declared_charset.h"
 
-#include "storage/paths.h"
+#include "text/paths.h"
 #include "text/words.h"
 
 #include <algorithm>

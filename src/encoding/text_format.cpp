@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/text_format.h"
 
-#include "document/file_types.h"
-
 #include <array>
 
 namespace kevra {
-
-TextKind textKind(std::string_view path)
-{
-    const auto type = fileType(path);
-    return type ? type->kind : TextKind::Plain;
-}
 
 std::string encodingName(const TextFormat &format)
 {

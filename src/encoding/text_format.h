@@ -26,8 +26,6 @@ struct TextFormat {
     friend bool operator==(const TextFormat &, const TextFormat &) = default;
 };
 
-/// Goes by the extension: HTML, HTM, PHP, ASP, SHTML are pages; VBS, WSF, WSC scripts.
-[[nodiscard]] TextKind textKind(std::string_view path);
 /// For people: "UTF-8 with mark".
 [[nodiscard]] std::string encodingName(const TextFormat &format);
 [[nodiscard]] std::string lineEndsName(LineEnds ends); ///< "CRLF", "LF", "CR", "mixed line ends"

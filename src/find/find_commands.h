@@ -3,7 +3,7 @@
 // text goes. The dialog gives what was entered and shows the outcome.
 #pragma once
 
-#include "document/document_state.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 #include "find/find_request.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/multi_replace.h"
 
+#include "document/file_types.h"
 #include "encoding/text_codec.h"
 #include "find/replacement.h"
 

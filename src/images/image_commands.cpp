@@ -3,7 +3,7 @@
 
 #include "images/colour_code.h"
 #include "images/image_tags.h"
-#include "storage/paths.h"
+#include "text/paths.h"
 
 namespace kevra {
 

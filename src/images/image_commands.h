@@ -5,8 +5,8 @@
 
 #include "desktop/clipboard.h"
 #include "desktop/file_dialogs.h"
+#include "desktop/main_view.h"
 #include "desktop/messages.h"
-#include "document/main_view.h"
 #include "editor/surface.h"
 #include "images/viewer_rules.h"
 #include "storage/file_store.h"

@@ -2,7 +2,7 @@
 #include "images/viewer_rules.h"
 
 #include "desktop/geometry.h"
-#include "storage/paths.h"
+#include "text/paths.h"
 
 namespace kevra {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "document/document_state.h"
+#include "document/application_state.h"
 #include "editor/editor_control_qt.h"
 #include "pad/pad_commands.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/preview_commands.h"
 
-#include "storage/paths.h"
 #include "text/flag_guard.h"
+#include "text/paths.h"
 
 #include <tuple>
 #include <utility>

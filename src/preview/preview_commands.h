@@ -3,10 +3,11 @@
 // which message says why not.
 #pragma once
 
+#include "desktop/main_view.h"
 #include "desktop/messages.h"
+#include "document/application_state.h"
 #include "document/document_file.h"
-#include "document/document_state.h"
-#include "document/main_view.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
 #include "preview/browser_control.h"
 #include "preview/preview_file.h"

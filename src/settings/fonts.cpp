@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/fonts.h"
 
-#include "storage/paths.h"
+#include "text/paths.h"
 
 #include <algorithm>
 #include <span>

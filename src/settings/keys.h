@@ -2,22 +2,10 @@
 // Every key of the settings store: where it stands and what is read when it was never stored.
 #pragma once
 
-#include <string_view>
+#include "storage/setting_key.h"
+#include "tools/program_keys.h"
 
 namespace kevra {
-
-inline constexpr std::string_view settingsApplication = "kevra285";
-inline constexpr std::string_view optionsSection = "settings";
-inline constexpr std::string_view windowsSection = "windows";
-
-/// What an absent temporary folder means.
-inline constexpr std::string_view defaultTempFolder = R"(C:\My Documents)";
-
-struct SettingKey {
-    std::string_view section;
-    std::string_view name;
-    std::string_view fallback;
-};
 
 namespace keys {
 inline constexpr SettingKey ifCheck{optionsSection, "ifif", "none"};
@@ -30,8 +18,6 @@ inline constexpr SettingKey codeColour{optionsSection, "codecolor", "no"};
 inline constexpr SettingKey comments{optionsSection, "ifcoms", "none"};
 inline constexpr SettingKey lineDebug{optionsSection, "ifdebug", "none"};
 inline constexpr SettingKey firstStart{optionsSection, "if1", "yes"};
-inline constexpr SettingKey programPath{optionsSection, "aptorun", "no"};
-inline constexpr SettingKey programMenu{optionsSection, "exemenu", "no"};
 inline constexpr SettingKey fontFace{optionsSection, "fontface", "no"};
 inline constexpr SettingKey fontSize{optionsSection, "fontsize", "no"};
 

@@ -3,8 +3,8 @@
 // and the state it stands for.
 #pragma once
 
-#include "document/document_state.h"
-#include "document/main_view.h"
+#include "desktop/main_view.h"
+#include "editor/document_state.h"
 #include "settings/keys.h"
 #include "settings/options_shown.h"
 

@@ -2,8 +2,8 @@
 #include "settings/settings_commands.h"
 
 #include "settings/fonts.h"
-#include "settings/setting_access.h"
-#include "storage/paths.h"
+#include "settings/keys.h"
+#include "text/paths.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/settings_store.h"
+#include "storage/settings_store.h"
 
 #include <QtCore/QSettings>
 

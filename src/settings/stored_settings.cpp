@@ -2,8 +2,9 @@
 #include "settings/stored_settings.h"
 
 #include "settings/fonts.h"
-#include "settings/setting_access.h"
-#include "storage/paths.h"
+#include "settings/keys.h"
+#include "storage/default_folder.h"
+#include "text/paths.h"
 
 #include <charconv>
 #include <optional>

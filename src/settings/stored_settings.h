@@ -4,11 +4,12 @@
 #pragma once
 
 #include "desktop/geometry.h"
-#include "document/document_state.h"
-#include "document/main_view.h"
+#include "desktop/main_view.h"
+#include "document/application_state.h"
+#include "editor/document_state.h"
 #include "settings/keys.h"
 #include "settings/options_shown.h"
-#include "settings/settings_store.h"
+#include "storage/settings_store.h"
 
 #include <string>
 

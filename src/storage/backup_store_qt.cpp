@@ -3,7 +3,7 @@
 
 #include "storage/atomic_write_qt.h"
 #include "storage/backup_bounds.h"
-#include "storage/paths.h"
+#include "text/paths.h"
 
 #include <array>
 #include <chrono>

@@ -2,7 +2,6 @@
 #include "storage/native_path_qt.h"
 
 #include "desktop/text_qt.h"
-#include "settings/keys.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "storage/default_folder.h"
+
 #include <string>
 
 namespace kevra {

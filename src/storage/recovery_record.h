@@ -2,20 +2,28 @@
 // What the program writes down of the text in the document, so that a crash costs seconds of typing at most.
 #pragma once
 
-#include "document/document_file.h"
+#include "encoding/text_codec.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace kevra {
 
+/// How a text becomes its file's bytes, to be used later or elsewhere than on the document.
+struct FileSnapshot {
+    TextFormat format;
+    std::shared_ptr<const std::string> original;
+    TextKind kind;
+};
+
 /// The text at one moment with all it takes to write it; costs a copy of the text, the rest can be done
 /// elsewhere and later.
 struct TextSnapshot {
     std::string path; ///< empty for new work
-    DocumentFile::Snapshot file;
+    FileSnapshot file;
     std::string text;
 };
 

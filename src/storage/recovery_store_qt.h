@@ -3,11 +3,10 @@
 // state folder, and where that cannot be written into the first spare folder that can.
 #pragma once
 
-#include "document/recovery_journal.h"
-#include "document/recovery_offer.h"
 #include "storage/background_writer_qt.h"
 #include "storage/backup_store.h"
 #include "storage/record_folder_posix.h"
+#include "storage/record_store.h"
 #include "storage/sequence_posix.h"
 
 #include <map>

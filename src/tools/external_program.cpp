@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/external_program.h"
 
-#include "settings/setting_access.h"
-#include "storage/paths.h"
+#include "text/paths.h"
 #include "text/words.h"
+#include "tools/program_keys.h"
 
 namespace kevra {
 namespace {

@@ -3,12 +3,12 @@
 // two stored values at start is left to the settings loaders.
 #pragma once
 
+#include "desktop/main_view.h"
 #include "desktop/messages.h"
-#include "document/document_state.h"
-#include "document/main_view.h"
-#include "settings/settings_store.h"
+#include "desktop/process_start.h"
+#include "document/application_state.h"
 #include "storage/file_store.h"
-#include "tools/process_start.h"
+#include "storage/settings_store.h"
 
 #include <string>
 #include <string_view>

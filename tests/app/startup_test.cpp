@@ -5,7 +5,7 @@
 #include "fakes/files.h"
 #include "fakes/messages.h"
 #include "fakes/shell.h"
-#include "settings/setting_access.h"
+#include "settings/keys.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

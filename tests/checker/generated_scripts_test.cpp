@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "checker/checker.h"
 #include "checker/literal_checker.h"
+#include "checker/script_debugger.h"
 #include "fakes/views.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +61,7 @@ TEST(Checker, FindsWhatTheProcedureFinds)
         reference.RunDebugger();
         MemorySurface document(text);
         FakeMainView view;
-        Checker(document, state, view).runDebugger();
+        ScriptDebugger(document, state, view).debugDocument();
         ASSERT_EQ(view.information, reference.tinfo) << text;
         ASSERT_EQ(colours(document), colours(literal)) << text << "\n" << view.information;
         ASSERT_EQ(document.Selection(), literal.Selection()) << text << "\n" << view.information;
@@ -98,7 +99,7 @@ TEST(Checker, JudgesAFinishedLineAsTheProcedureDoes)
         document.SetSelStart(static_cast<Offset>(caret));
         DocumentState state;
         FakeMainView view;
-        Checker(document, state, view).checkFinishedLine({reference.lineStart, reference.lineEnd});
+        ScriptDebugger(document, state, view).checkFinishedLine({reference.lineStart, reference.lineEnd});
         ASSERT_EQ(view.information, reference.tinfo) << text;
         ASSERT_EQ(colours(document), colours(literal)) << text;
         ASSERT_EQ(document.Selection(), literal.Selection()) << text;

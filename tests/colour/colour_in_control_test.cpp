@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Colours under real keys and edits, in the control itself.
-#include "colour/fso_popup_qt.h"
 #include "colour/marks_of.h"
 #include "colour/recolouring.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
 #include "fakes/views.h"
+#include "snippets/fso_popup_qt.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QMenu>

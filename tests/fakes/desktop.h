@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/clipboard.h"
-#include "settings/settings_store.h"
+#include "storage/settings_store.h"
 
 #include <map>
 #include <tuple>

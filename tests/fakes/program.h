@@ -4,7 +4,7 @@
 
 #include "app/application_qt.h"
 #include "fakes/modal.h"
-#include "settings/setting_access.h"
+#include "settings/keys.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "document/main_view.h"
+#include "desktop/main_view.h"
 
 #include <string>
 

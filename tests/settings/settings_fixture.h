@@ -8,7 +8,7 @@
 #include "fakes/messages.h"
 #include "fakes/processes.h"
 #include "fakes/shell.h"
-#include "settings/setting_access.h"
+#include "settings/keys.h"
 #include "settings/settings_commands.h"
 
 namespace kevra {

@@ -6,7 +6,7 @@
 #include "fakes/messages.h"
 #include "fakes/processes.h"
 #include "fakes/views.h"
-#include "settings/setting_access.h"
+#include "settings/keys.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "text/nearby.h"
+#include "editor/nearby.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "colour/fso_popup.h"
+#include "snippets/fso_popup.h"
 
-#include "text/nearby.h"
+#include "editor/nearby.h"
 #include "text/words.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "colour/fso_popup_qt.h"
+#include "snippets/fso_popup_qt.h"
 
-#include "colour/fso_popup.h"
 #include "editor/editor_control_qt.h"
+#include "snippets/fso_popup.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>

@@ -2,7 +2,7 @@
 // The menu of FileSystemObject methods that opens at the caret when "fso." is typed in a script.
 #pragma once
 
-#include "document/document_state.h"
+#include "editor/document_state.h"
 
 #include <QtCore/QObject>
 

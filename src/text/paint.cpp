@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "editor/paint.h"
+#include "text/paint.h"
 
 #include <algorithm>
 

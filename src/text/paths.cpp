@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/paths.h"
+#include "text/paths.h"
 
 #include "text/words.h"
 

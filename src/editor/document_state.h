@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the whole program knows of its one document and of the run, owned by the application and handed to
-// every command that needs it.
+// What is known of one document beside its text, handed to every command that needs it.
 #pragma once
 
-#include "desktop/geometry.h"
 #include "text/types.h"
 
 #include <string>
@@ -33,25 +31,6 @@ struct DocumentState {
     std::string fontSize;
 
     [[nodiscard]] bool takesColour() const { return colourCoding && colourApplies; }
-};
-
-enum class PadState { Normal, Other };
-
-struct ApplicationState {
-    std::string commandLine;
-    bool helpShowing = false;
-    bool vbsInfoShowing = false;
-    bool previewFresh = true;
-    bool fontFaceChanged = false;
-    std::string previewTempPath; ///< the page last written for the preview; empty when none
-    std::string tempFolder; ///< where the preview of unsaved work goes, without a trailing separator
-    bool autosaveOn = false;
-    int autosaveMinutes = 0;
-    bool autosaveWritten = false;
-    std::string programPath = "none"; ///< the external program
-    std::string programMenuText = "EXE";
-    TwipRect padGeometry; ///< where the clipping pad stands, or stood when it was last in its normal state
-    PadState padState = PadState::Normal; ///< kept by the pad
 };
 
 } // namespace kevra

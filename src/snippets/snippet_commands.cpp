@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "colour/snippet_commands.h"
+#include "snippets/snippet_commands.h"
 
 #include "colour/region_colouring.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "colour/snippets.h"
+#include "snippets/snippets.h"
 
 #include <array>
 

@@ -1,14 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reading and writing a key of the table, always with its own default.
+// A key of the settings store: where it stands, what is read when it was never stored.
 #pragma once
 
-#include "settings/keys.h"
-#include "settings/settings_store.h"
+#include "storage/settings_store.h"
 
 #include <string>
 #include <string_view>
 
 namespace kevra {
+
+inline constexpr std::string_view settingsApplication = "kevra285";
+inline constexpr std::string_view optionsSection = "settings";
+inline constexpr std::string_view windowsSection = "windows";
+
+struct SettingKey {
+    std::string_view section;
+    std::string_view name;
+    std::string_view fallback;
+};
 
 [[nodiscard]] inline std::string readSetting(const SettingsStore &store, const SettingKey &key)
 {

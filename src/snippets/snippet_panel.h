@@ -2,7 +2,7 @@
 // The buttons of one snippet panel, put into the frame that the main window keeps for it.
 #pragma once
 
-#include "colour/snippets.h"
+#include "snippets/snippets.h"
 
 #include <functional>
 

@@ -2,10 +2,10 @@
 // Puts a snippet in at the caret, in its colours. The caret ends behind it and typing goes on in black.
 #pragma once
 
-#include "colour/snippets.h"
-#include "document/document_state.h"
-#include "document/main_view.h"
+#include "desktop/main_view.h"
+#include "editor/document_state.h"
 #include "editor/surface.h"
+#include "snippets/snippets.h"
 
 namespace kevra {
 

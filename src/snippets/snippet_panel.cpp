@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "colour/snippet_panel.h"
+#include "snippets/snippet_panel.h"
 
 #include "desktop/text_qt.h"
 #include "widgets/fitted_button_qt.h"

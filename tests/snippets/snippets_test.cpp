@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "colour/fso_popup.h"
 #include "colour/marks_of.h"
-#include "colour/snippet_commands.h"
 #include "editor/memory_surface.h"
 #include "fakes/views.h"
+#include "snippets/fso_popup.h"
+#include "snippets/snippet_commands.h"
 
 #include <gtest/gtest.h>
 
