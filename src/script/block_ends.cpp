@@ -230,7 +230,7 @@ void Parser::unclosed(const OpenBlock &open)
     if (atTextEnd() && !stray) {
         what += "the end of the script.";
     } else {
-        if (!stray && at(Keyword::End))
+        if (!stray && (at(Keyword::End) || atDeclarationBoundary()))
             other.end = peek().end;
         what += quoted(other) + " " + inLine(other.start) + ".";
     }

@@ -36,8 +36,11 @@ Parser::Parser(ParsedScript &script, std::span<const Piece> pieces)
     , m_lexer(script.text, pieces, script.names, script.comments)
 {
     Offset length = 0;
-    for (const auto &piece : pieces)
+    for (const auto &piece : pieces) {
         length += piece.range.length();
+        if (piece.startsUnit)
+            script.unitStarts.push_back(piece.range.start);
+    }
     m_build.reserve(static_cast<std::size_t>(length) / 4 + 16);
     m_token = m_lexer.next();
     if (m_token.unclosed)
@@ -69,6 +72,7 @@ void Parser::advance()
     m_lastEnd = m_token.end;
     if (m_stopped)
         return;
+    m_statementStart = at(TokenKind::Colon) || atLineEnd();
     if (at(TokenKind::NewLine) || at(TokenKind::UnitEnd))
         m_quiet = false;
     if (m_peeked) {

@@ -72,6 +72,8 @@ private:
     Finding *failHere(Rule rule, std::string what);
     NodeId failUnexpected(std::string_view expected);
     void failInvalid();
+    void failContinuation();
+    [[nodiscard]] std::vector<TextEdit> plainCharacters(Offset start) const;
     void reportUnclosed(const Token &token);
     void expectStatementEnd();
     void expectHeadEnd();
@@ -198,6 +200,7 @@ private:
     bool m_failed = false; ///< the rest of the line is to be skipped
     bool m_quiet = false; ///< the line was found faulty: what else it holds is likely a consequence
     bool m_stopped = false;
+    bool m_statementStart = true; ///< the word at hand is the first after a separator
     bool m_statementSeen = false;
     unsigned m_depth = 0;
     std::vector<OpenBlock> m_open;

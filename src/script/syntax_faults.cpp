@@ -127,10 +127,8 @@ void Parser::failInvalid()
 {
     const auto range = tokenRange();
     const auto text = m_script.textOf(range);
-    if (text == "_") {
-        fail(Rule::InvalidContinuation, range, "The underscore is not the last sign of its line.");
-        return;
-    }
+    if (text == "_")
+        return failContinuation();
     if (text == "#") {
         fail(Rule::InvalidDate, range, "The date is not closed with a second number sign.");
         return;
@@ -140,11 +138,46 @@ void Parser::failInvalid()
         fail(Rule::InvalidCharacter, range, "The character " + quoted(range) + " has no meaning here.");
         return;
     }
-    const auto sign = std::string(same->sign);
+    const auto name = same->sign == " " ? std::string("a space") : std::string(same->sign);
     auto *finding = fail(Rule::InvalidCharacter, range,
-        "This character only looks like " + (sign == " " ? "a space" : sign)
-            + " and has no meaning in a script.");
-    replaceFix(finding, range, sign, "Replace it by " + (sign == " " ? "a space" : sign));
+        "This character only looks like " + name + " and has no meaning in a script.");
+    if (finding != nullptr)
+        finding->fixes.push_back(
+            {"Write plain characters in the rest of the line", plainCharacters(range.start)});
+}
+
+/// An underscore with something behind it. Where that is a comment, the next line was meant to go on.
+void Parser::failContinuation()
+{
+    const auto range = tokenRange();
+    auto *finding
+        = fail(Rule::InvalidContinuation, range, "The underscore is not the last sign of its line.");
+    const auto end = std::min(m_script.text.find_first_of("\r\n", m_token.end), m_script.text.size());
+    const auto next = m_script.text.find_first_not_of(" \t", m_token.end);
+    if (next >= end || m_script.text[next] != '\'')
+        return;
+    removeFix(finding, {range.end, static_cast<Offset>(end)}, "Remove the comment");
+    skipToLineEnd();
+    if (at(TokenKind::NewLine))
+        advance();
+    m_quiet = true;
+}
+
+/// Edits for all characters up to the end of the line that look like others.
+std::vector<TextEdit> Parser::plainCharacters(Offset start) const
+{
+    std::vector<TextEdit> edits;
+    const auto end = std::min(
+        m_script.text.find_first_of("\r\n", static_cast<std::size_t>(start)), m_script.text.size());
+    for (auto at = static_cast<std::size_t>(start); at < end; ++at) {
+        const auto rest = m_script.text.substr(at, end - at);
+        for (const auto &like : lookalikes) {
+            if (rest.starts_with(like.character))
+                edits.push_back({{static_cast<Offset>(at), static_cast<Offset>(at + like.character.size())},
+                    std::string(like.sign)});
+        }
+    }
+    return edits;
 }
 
 void Parser::reportUnclosed(const Token &token)
@@ -152,7 +185,12 @@ void Parser::reportUnclosed(const Token &token)
     const TextRange range{token.start, token.end};
     if (token.kind == TokenKind::String) {
         auto *finding = report(Rule::UnclosedString, range, "The string is not closed on its line.");
-        replaceFix(finding, {range.end, range.end}, "\"", "Close the string at the end of the line");
+        const auto text = folded(m_script.textOf(range));
+        const auto then = text.find_last_not_of(" \t") >= 5 ? text.rfind(" then") : std::string::npos;
+        const bool beforeThen = then != std::string::npos && text.find_last_not_of(" \t") == then + 4;
+        const auto place = beforeThen ? range.start + static_cast<Offset>(then) : range.end;
+        replaceFix(
+            finding, {place, place}, "\"", beforeThen ? "Close the string before Then" : "Close the string");
     } else {
         report(Rule::UnclosedString, range, "The name in brackets is not closed on its line.");
     }
@@ -217,8 +255,8 @@ void Parser::expectStatementEnd()
     if (isOpen(BlockKind::InlineIf)
         && (at(Keyword::Else) || at(Keyword::ElseIf) || (at(Keyword::End) && peekIs(Keyword::If))))
         return;
-    // For i = 1 To 3: If a Then b: Next
-    if (m_lastEnd > 0 && m_script.text[static_cast<std::size_t>(m_lastEnd - 1)] == ':' && endedBlock())
+    // A block that another's end has left open; For i = 1 To 3: If a Then b: Next.
+    if (m_statementStart)
         return;
     if (at(TokenKind::Invalid))
         return failInvalid();
@@ -240,7 +278,7 @@ void Parser::expectHeadEnd()
 
 NodeId Parser::wrong(Offset start)
 {
-    return m_build.leaf(NodeKind::Wrong, from(start));
+    return m_build.leaf(NodeKind::Wrong, {std::min(start, m_lastEnd), m_lastEnd});
 }
 
 } // namespace kevra::script

@@ -207,6 +207,8 @@ struct ParsedScript {
     std::string_view text;
     Tree tree;
     NameTable names;
+    std::vector<Offset>
+        unitStarts; ///< ascending: where parts begin that are compiled apart from those before
     std::vector<TextRange> comments; ///< ascending, from ' or Rem to the end of the line
     std::vector<Finding> findings; ///< of lexer and parser, ascending by start
     bool complete = true; ///< false: nested too deep, the rest was not looked at

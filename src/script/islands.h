@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where a file holds VBScript: all of a .vbs, elements and attributes of pages and of the script host's own
+// files, and the server's parts of server pages. Positions are those of the file.
+#pragma once
+
+#include "script/parser.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra::script {
+
+enum class FileKind : std::uint8_t {
+    Script, ///< .vbs
+    HostFile, ///< .wsf, .wsc: XML with jobs or components
+    Page, ///< .htm, .hta
+    ServerPage, ///< .asp, .asa
+};
+
+/// By the ending of its name; nothing for files that hold no VBScript.
+[[nodiscard]] std::optional<FileKind> fileKind(std::string_view path);
+
+/// An object the file itself gives a name: <object id="shell" progid="WScript.Shell">.
+struct NamedObject {
+    std::string_view name;
+    std::string_view progId; ///< empty where it is given in another way
+    TextRange place;
+};
+
+/// Another file whose script becomes part of this one: src="..." and #include.
+struct IncludedFile {
+    std::string_view path; ///< as written
+    TextRange place;
+};
+
+/// Pieces that share their names: a job, a component, a page, or what the server runs of a page.
+struct Island {
+    std::string_view name; ///< of a job or component, if it has one
+    bool onServer = false;
+    std::vector<Piece> pieces; ///< ascending; one parse() takes them all
+    std::vector<IncludedFile> includes;
+    std::vector<NamedObject> objects;
+    bool incomplete = false; ///< some script was left out: another language, encoded, or built by the server
+};
+
+/// Without pieces where the file holds no VBScript. The text must outlive the result.
+[[nodiscard]] std::vector<Island> findIslands(std::string_view text, FileKind kind);
+
+} // namespace kevra::script
