@@ -111,10 +111,7 @@ bool Lexer::continuesLine()
 
 bool Lexer::skipComment()
 {
-    const auto inPage = m_lineStart && m_piece < m_pieces.size() && m_pieces[m_piece].inPage;
-    const auto rest = m_text.substr(m_at, m_end - m_at);
-    if (rest.empty()
-        || (rest[0] != '\'' && !(inPage && (rest.starts_with("<!--") || rest.starts_with("-->")))))
+    if (at(m_at) != '\'' && !(m_lineStart && atPageComment()))
         return false;
     const auto start = m_at;
     skipToLineEnd();
@@ -122,10 +119,22 @@ bool Lexer::skipComment()
     return true;
 }
 
+/// <!-- and --> hide a script from browsers that do not know it.
+bool Lexer::atPageComment() const
+{
+    if (m_piece >= m_pieces.size() || !m_pieces[m_piece].inPage)
+        return false;
+    const auto rest = m_text.substr(m_at, m_end - m_at);
+    return rest.starts_with("<!--") || rest.starts_with("-->");
+}
+
 void Lexer::skipToLineEnd()
 {
-    while (m_at < m_end && !is(at(m_at), byte_class::LineBreak))
-        ++m_at;
+    const auto *byte = m_text.data() + m_at;
+    const auto *end = m_text.data() + m_end;
+    while (byte < end && *byte != '\n' && *byte != '\r')
+        ++byte;
+    m_at = static_cast<std::uint32_t>(byte - m_text.data());
 }
 
 Token Lexer::nextPiece()
@@ -149,17 +158,16 @@ Token Lexer::newLine()
 
 Token Lexer::word()
 {
+    if (at(m_at) == '_')
+        return made(TokenKind::Invalid, 1);
     auto end = m_at;
     while (is(at(end), byte_class::Name)) {
-        const auto odd = at(end) >= 0x80 ? lookalikeLength(m_text.substr(end, m_end - end)) : 0;
-        if (odd != 0 && end == m_at)
-            return made(TokenKind::Invalid, odd);
-        if (odd != 0)
+        if (at(end) >= 0x80 && lookalikeLength(m_text.substr(end, m_end - end)) != 0)
             break;
         ++end;
     }
-    if (at(m_at) == '_')
-        return made(TokenKind::Invalid, 1);
+    if (end == m_at)
+        return made(TokenKind::Invalid, lookalikeLength(m_text.substr(end, m_end - end)));
     auto token = made(TokenKind::Name, end - m_at);
     token.name = m_names.intern(m_text.substr(token.start, end - token.start));
     token.plain = m_previous != TokenKind::Dot;

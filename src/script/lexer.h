@@ -25,6 +25,7 @@ private:
     void skipBlanks();
     bool continuesLine();
     bool skipComment();
+    [[nodiscard]] bool atPageComment() const;
     void skipToLineEnd();
     Token nextPiece();
     Token newLine();

@@ -2,6 +2,7 @@
 #include "script/names.h"
 
 #include <array>
+#include <cstring>
 #include <span>
 
 namespace kevra::script {
@@ -61,35 +62,58 @@ template <typename Take> void eachFolded(std::string_view name, Take take)
     }
 }
 
-bool isAscii(std::string_view name)
+constexpr std::uint64_t highBits = 0x8080808080808080U;
+constexpr std::uint64_t caseBits = 0x2020202020202020U;
+
+/// Up to eight bytes as a number.
+std::uint64_t upToEight(const char *bytes, std::size_t size)
 {
-    unsigned char all = 0;
-    for (const char byte : name)
-        all |= static_cast<unsigned char>(byte);
-    return all < 0x80;
+    std::uint64_t word = 0;
+    if (size >= 8) {
+        std::memcpy(&word, bytes, 8);
+    } else if (size >= 4) {
+        std::uint32_t first = 0;
+        std::uint32_t last = 0;
+        std::memcpy(&first, bytes, 4);
+        std::memcpy(&last, bytes + size - 4, 4);
+        word = std::uint64_t{last} << 32 | first;
+    } else {
+        for (std::size_t at = 0; at < size; ++at)
+            word = word << 8 | static_cast<unsigned char>(bytes[at]);
+    }
+    return word;
 }
 
-constexpr std::uint32_t mix(std::uint32_t hash, unsigned char byte)
+constexpr std::uint64_t mix(std::uint64_t hash, std::uint64_t word)
 {
-    return (hash ^ byte) * 16777619U;
+    hash = (hash ^ word) * 0x9E3779B97F4A7C15U;
+    return hash ^ hash >> 32;
 }
 
+/// The same for names that differ in the case of letters only.
 std::uint32_t hashOf(std::string_view name)
 {
-    std::uint32_t hash = 2166136261U;
-    eachFolded(name, [&](unsigned char byte) { hash = mix(hash, byte); });
-    return hash;
+    std::uint64_t hash = name.size();
+    std::uint64_t all = 0;
+    for (std::size_t at = 0; at < name.size(); at += 8) {
+        const auto word = upToEight(name.data() + at, name.size() - at);
+        all |= word;
+        hash = mix(hash, word | caseBits);
+    }
+    if ((all & highBits) != 0) {
+        hash = name.size();
+        eachFolded(name, [&](unsigned char byte) { hash = mix(hash, byte); });
+    }
+    return static_cast<std::uint32_t>(hash);
 }
 
 bool sameName(std::string_view a, std::string_view b)
 {
     if (a.size() != b.size())
         return false;
-    if (!isAscii(a) || !isAscii(b))
-        return folded(a) == folded(b);
     for (std::size_t at = 0; at < a.size(); ++at) {
         if (a[at] != b[at] && lowerByte(a[at]) != lowerByte(b[at]))
-            return false;
+            return (static_cast<unsigned char>(a[at]) & 0x80) != 0 && folded(a) == folded(b);
     }
     return true;
 }
@@ -115,45 +139,42 @@ NameTable::NameTable()
 std::size_t NameTable::slotOf(std::string_view spelling, std::uint32_t hash) const
 {
     const auto mask = m_slots.size() - 1;
-    auto slot = hash & mask;
-    while (m_slots[slot] != 0) {
-        const auto &entry = m_names[m_slots[slot]];
-        if (entry.hash == hash && sameName(entry.spelling, spelling))
-            break;
-        slot = (slot + 1) & mask;
-    }
-    return slot;
+    auto at = hash & mask;
+    while (m_slots[at].name != NameId::None
+        && (m_slots[at].hash != hash || !sameName(m_names[index(m_slots[at].name)], spelling)))
+        at = (at + 1) & mask;
+    return at;
 }
 
 NameId NameTable::intern(std::string_view spelling)
 {
     const auto hash = hashOf(spelling);
-    auto slot = slotOf(spelling, hash);
-    if (m_slots[slot] != 0)
-        return static_cast<NameId>(m_slots[slot]);
-    if (m_names.size() * 2 > m_slots.size()) {
+    auto &slot = m_slots[slotOf(spelling, hash)];
+    if (slot.name != NameId::None)
+        return slot.name;
+    const auto name = static_cast<NameId>(m_names.size());
+    slot = {hash, name};
+    m_names.push_back(spelling);
+    if (m_names.size() * 2 > m_slots.size())
         grow();
-        slot = slotOf(spelling, hash);
-    }
-    m_slots[slot] = static_cast<std::uint32_t>(m_names.size());
-    m_names.push_back({spelling, hash});
-    return static_cast<NameId>(m_slots[slot]);
+    return name;
 }
 
 NameId NameTable::find(std::string_view spelling) const
 {
-    return static_cast<NameId>(m_slots[slotOf(spelling, hashOf(spelling))]);
+    return m_slots[slotOf(spelling, hashOf(spelling))].name;
 }
 
 void NameTable::grow()
 {
-    std::vector<std::uint32_t> slots(m_slots.size() * 2);
+    std::vector<Slot> slots(m_slots.size() * 2);
     const auto mask = slots.size() - 1;
-    for (std::uint32_t name = 1; name < m_names.size(); ++name) {
-        auto slot = m_names[name].hash & mask;
-        while (slots[slot] != 0)
-            slot = (slot + 1) & mask;
-        slots[slot] = name;
+    for (const auto &slot : m_slots) {
+        auto at = slot.hash & mask;
+        while (slots[at].name != NameId::None)
+            at = (at + 1) & mask;
+        if (slot.name != NameId::None)
+            slots[at] = slot;
     }
     m_slots = std::move(slots);
 }

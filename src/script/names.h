@@ -23,22 +23,23 @@ public:
     /// NameId::None where no such name was interned.
     [[nodiscard]] NameId find(std::string_view spelling) const;
     /// As first spelled.
-    [[nodiscard]] std::string_view spelling(NameId name) const { return m_names[index(name)].spelling; }
+    [[nodiscard]] std::string_view spelling(NameId name) const { return m_names[index(name)]; }
     /// Ids are below this: a vector of this size can be indexed by them.
     [[nodiscard]] std::size_t size() const { return m_names.size(); }
 
 private:
-    struct Entry {
-        std::string_view spelling;
+    struct Slot {
         std::uint32_t hash = 0;
+        NameId name = NameId::None; ///< None: free
     };
 
     [[nodiscard]] static std::size_t index(NameId name) { return static_cast<std::size_t>(name); }
+    /// The slot of the name, or the free one it would take.
     [[nodiscard]] std::size_t slotOf(std::string_view spelling, std::uint32_t hash) const;
     void grow();
 
-    std::vector<Entry> m_names;
-    std::vector<std::uint32_t> m_slots; ///< a power of two; 0 is free
+    std::vector<std::string_view> m_names;
+    std::vector<Slot> m_slots; ///< a power of two, at most half of them taken
 };
 
 } // namespace kevra::script

@@ -24,9 +24,9 @@ NodeId Tree::lastChild(NodeId id) const
 LineIndex::LineIndex(std::string_view text)
 {
     m_starts.push_back(0);
-    for (auto at = text.find_first_of("\r\n"); at != text.npos; at = text.find_first_of("\r\n", at)) {
-        at += text.substr(at, 2) == "\r\n" ? 2 : 1;
-        m_starts.push_back(static_cast<Offset>(at));
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '\n' || (text[at] == '\r' && text.substr(at + 1, 1) != "\n"))
+            m_starts.push_back(static_cast<Offset>(at + 1));
     }
 }
 
