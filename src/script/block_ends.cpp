@@ -184,8 +184,14 @@ void Parser::takeBlockEnd(BlockKind kind)
         close();
         return;
     }
+    m_indents.note(m_script.text, kind, opened.head, blockEndRange());
     skipBlockEnd();
     close();
+}
+
+TextRange Parser::blockEndRange()
+{
+    return {m_token.start, at(Keyword::End) || atDeclarationBoundary() ? peek().end : m_token.end};
 }
 
 /// Past the words that end a block, with what people write behind them from habit.
@@ -221,34 +227,51 @@ void Parser::skipBlockEnd()
 void Parser::unclosed(const OpenBlock &open)
 {
     const auto &words = wordsOf(open.kind);
+    auto head = open.head;
+    auto other = blockEndRange();
+    const auto stray = open.kind == BlockKind::Class && atTextEnd() ? m_strayInClass : std::nullopt;
+    const auto *inner = m_indents.withoutEnd(m_script.text, open.kind, head.start);
+    if (inner != nullptr) {
+        head = inner->head;
+        other = inner->end;
+    } else if (stray) {
+        other = *stray;
+    }
     auto what = std::string(words.name);
     if (!open.name.empty())
         what += " " + std::string(open.name);
-    what += " " + inLine(open.head.start) + " is still open at ";
-    const auto stray = open.kind == BlockKind::Class && atTextEnd() ? m_strayInClass : std::nullopt;
-    TextRange other = stray ? *stray : tokenRange();
-    if (atTextEnd() && !stray) {
-        what += "the end of the script.";
-    } else {
-        if (!stray && (at(Keyword::End) || atDeclarationBoundary()))
-            other.end = peek().end;
-        what += quoted(other) + " " + inLine(other.start) + ".";
-    }
+    what += " " + inLine(head.start) + " is still open at ";
+    what += inner == nullptr && !stray && atTextEnd() ? "the end of the script."
+                                                      : quoted(other) + " " + inLine(other.start) + ".";
     const bool quiet = std::exchange(m_quiet, false);
-    auto *finding = report(Rule::UnclosedBlock, open.head, std::move(what));
+    auto *finding = report(Rule::UnclosedBlock, head, std::move(what));
     m_quiet = quiet;
     if (finding != nullptr)
         finding->related.push_back({other, std::string(words.end) + " is expected before this."});
 }
 
+/// Of two Else in one If, the first where it is the one that is indented otherwise than the If.
+std::optional<TextRange> Parser::surplusElse() const
+{
+    if (m_open.empty() || m_open.back().otherwise.empty() || at(Keyword::End))
+        return std::nullopt;
+    const auto head = indentAt(m_script.text, m_open.back().head.start);
+    const auto first = indentAt(m_script.text, m_open.back().otherwise.start);
+    if (!head || !first || *first == *head || indentAt(m_script.text, m_token.start) != head)
+        return std::nullopt;
+    return m_open.back().otherwise;
+}
+
 /// A word that ends or divides a block, with no such block open.
 void Parser::strayEnd(BlockKind kind)
 {
-    const auto start = m_token.start;
     const bool divides = at(Keyword::Else) || at(Keyword::ElseIf) || at(Keyword::Case);
-    const TextRange range{start, at(Keyword::End) ? peek().end : m_token.end};
+    const auto here = blockEndRange();
+    const auto *earlier = divides ? nullptr : m_indents.withSurplusEnd(m_script.text, kind, here.start);
+    const auto range = earlier != nullptr ? earlier->end : surplusElse().value_or(here);
+    const bool afterInline
+        = kind == BlockKind::If && m_lastInlineIf && !isOpen(BlockKind::If) && earlier == nullptr;
     auto what = "No " + std::string(wordsOf(kind).name) + " is open for " + quoted(range) + ".";
-    const bool afterInline = kind == BlockKind::If && m_lastInlineIf && !isOpen(BlockKind::If);
     if (afterInline)
         what += " The If " + inLine(m_lastInlineIf->start)
             + " has its statement behind Then and ends with its line.";
@@ -257,16 +280,17 @@ void Parser::strayEnd(BlockKind kind)
     auto *finding = report(Rule::UnmatchedBlockEnd, range, std::move(what));
     if (finding != nullptr && afterInline)
         finding->related.push_back({*m_lastInlineIf, "This If ends with its line."});
-    const bool end = at(Keyword::End);
-    const bool otherwise = at(Keyword::ElseIf);
+    if (finding != nullptr && earlier != nullptr)
+        finding->related.push_back({here, "By the nesting alone this is one too many."});
+    const auto keyword = m_token.keyword();
     advance();
-    if (end)
+    if (keyword == Keyword::End)
         advance();
     if (!divides)
         return;
     // The condition or the values behind it say nothing any more.
     m_quiet = true;
-    m_failed = kind == BlockKind::Select || otherwise;
+    m_failed = keyword != Keyword::Else;
     recover();
 }
 

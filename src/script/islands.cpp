@@ -238,7 +238,9 @@ std::size_t IslandFinder::scriptElement(const Tag &tag)
     if (patched)
         serverPartsOf(rangeOf(content));
     if (speaks && !patched && !trimmed(content).empty())
-        add(island, {rangeOf(content), PieceKind::Statements, !onServer, m_kind != FileKind::HostFile});
+        add(island,
+            {rangeOf(content), PieceKind::Statements, !onServer, m_kind != FileKind::HostFile,
+                tag.find("event") != nullptr});
     island.incomplete = island.incomplete || !speaks || patched;
     return end;
 }
@@ -261,7 +263,7 @@ void IslandFinder::eventAttributes(const Tag &tag)
             continue;
         const auto code = prefixed ? trimmed(attribute.value).substr(prefix.size()) : attribute.value;
         if (!trimmed(code).empty())
-            add(m_islands[m_client], {rangeOf(code), PieceKind::Statements, true});
+            add(m_islands[m_client], {rangeOf(code), PieceKind::Statements, true, false, true});
     }
 }
 

@@ -34,6 +34,7 @@ NodeId Parser::ifStatement()
     }
     if (at(Keyword::Else)) {
         const auto branchStart = m_token.start;
+        m_open.back().otherwise = tokenRange();
         advance();
         ChildList children;
         m_build.append(children, block(BlockKind::If));

@@ -238,6 +238,7 @@ NodeId Parser::procedure(Offset start, unsigned flags)
 NodeId Parser::procedureBody(BlockKind kind, Offset start, std::string_view name)
 {
     const auto outside = m_openCount;
+    const auto noted = m_indents.count();
     m_openCount.fill(0);
     m_openCount[static_cast<std::size_t>(BlockKind::Class)]
         = outside[static_cast<std::size_t>(BlockKind::Class)];
@@ -247,6 +248,7 @@ NodeId Parser::procedureBody(BlockKind kind, Offset start, std::string_view name
     const auto body = block(kind);
     takeBlockEnd(kind);
     m_openCount = outside;
+    m_indents.forget(noted);
     return body;
 }
 

@@ -337,7 +337,9 @@ NodeId Parser::exitStatement()
     const auto name = m_token.name;
     const auto word = std::string(m_script.textOf(tokenRange()));
     advance();
-    if (!isOpen(found->block))
+    const bool leavesHandler = (found->block == BlockKind::Sub || found->block == BlockKind::Function)
+        && m_unitHandlesEvent[m_unit];
+    if (!isOpen(found->block) && !leavesHandler)
         report(Rule::ExitOutside, from(start), "There is no " + word + " around this Exit " + word + ".");
     return m_build.leaf(NodeKind::Exit, from(start), name);
 }

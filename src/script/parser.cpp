@@ -40,6 +40,8 @@ Parser::Parser(ParsedScript &script, std::span<const Piece> pieces)
         length += piece.range.length();
         if (piece.startsUnit)
             script.unitStarts.push_back(piece.range.start);
+        if (piece.startsUnit || m_unitHandlesEvent.empty())
+            m_unitHandlesEvent.push_back(piece.handlesEvent);
     }
     m_build.reserve(static_cast<std::size_t>(length) / 4 + 16);
     m_token = m_lexer.next();
@@ -56,6 +58,7 @@ void Parser::run()
             break;
         if (at(TokenKind::UnitEnd)) {
             m_statementSeen = false;
+            ++m_unit;
             advance();
             continue;
         }

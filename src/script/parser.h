@@ -21,6 +21,8 @@ struct Piece {
     bool startsUnit = false;
     /// In a page: <!-- and --> are comments.
     bool inPage = false;
+    /// What handles an event is the body of a procedure: it can be left with Exit Sub and Exit Function.
+    bool handlesEvent = false;
 };
 
 /// The whole text as one script.

@@ -5,6 +5,7 @@
 // is skipped. Blocks are kept on a stack, so that a missing end can be told from one that is too many.
 #pragma once
 
+#include "script/block_indents.h"
 #include "script/lexer.h"
 #include "script/parser.h"
 #include "script/tree_builder.h"
@@ -16,25 +17,13 @@
 
 namespace kevra::script {
 
-enum class BlockKind : std::uint8_t {
-    If,
-    InlineIf,
-    Select,
-    For,
-    Do,
-    While,
-    With,
-    Sub,
-    Function,
-    Property,
-    Class
-};
 inline constexpr std::size_t blockKinds = 11;
 
 struct OpenBlock {
     BlockKind kind{};
     TextRange head; ///< the words that open it
     std::string_view name; ///< of a procedure or class
+    TextRange otherwise{}; ///< the Else of an If that has come to it
 };
 
 class Parser {
@@ -156,8 +145,10 @@ private:
     [[nodiscard]] std::optional<BlockKind> endedBlock();
     void takeBlockEnd(BlockKind kind);
     void strayEnd(BlockKind kind);
+    [[nodiscard]] std::optional<TextRange> surplusElse() const;
     void unclosed(const OpenBlock &open);
     void skipBlockEnd();
+    [[nodiscard]] TextRange blockEndRange();
     [[nodiscard]] bool isOpen(BlockKind kind) const
     {
         return m_openCount[static_cast<std::size_t>(kind)] > 0;
@@ -202,9 +193,12 @@ private:
     bool m_stopped = false;
     bool m_statementStart = true; ///< the word at hand is the first after a separator
     bool m_statementSeen = false;
+    std::vector<bool> m_unitHandlesEvent; ///< of each part that is compiled apart
+    std::size_t m_unit = 0;
     unsigned m_depth = 0;
     std::vector<OpenBlock> m_open;
     std::array<unsigned, blockKinds> m_openCount{};
+    BlockIndents m_indents;
     std::optional<TextRange> m_lastInlineIf;
     std::optional<TextRange> m_strayInClass; ///< the first statement between the members of the class
     std::optional<LineIndex> m_lines;

@@ -94,4 +94,9 @@ TEST(ScriptIslands, PlacesAreThoseOfTheFile)
     const std::string_view page
         = "<script language=vbscript>If a Then</script><script language=vbscript>End If</script>";
     EXPECT_EQ(parse(page, findIslands(page, FileKind::Page)[0].pieces).findings.size(), 2U);
+    const std::string_view handler
+        = "<b onclick='vbscript: If x Then Exit Sub'><script language=vbscript>Exit Sub</script>";
+    const auto parsed = parse(handler, findIslands(handler, FileKind::Page)[0].pieces);
+    ASSERT_EQ(parsed.findings.size(), 1U);
+    EXPECT_GT(parsed.findings[0].range.start, static_cast<Offset>(handler.find("<script")));
 }

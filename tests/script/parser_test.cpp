@@ -130,6 +130,11 @@ TEST(ScriptParser, NamesEachFaultInItsLine)
         {Rule::UnmatchedBlockEnd, 3, "While a\nb\nEnd While"},
         {Rule::UnmatchedBlockEnd, 3, "If a Then\nb\nEndIf"},
         {Rule::UnmatchedBlockEnd, 3, "Sub f\nx\nEnd Function"},
+        // Indentation tells which of the nested blocks it is.
+        {Rule::UnclosedBlock, 2, "If a Then\n  If b Then\n    x\nEnd If"},
+        {Rule::UnclosedBlock, 3, "Do\n Do\n  Do\n   x\n Loop\nLoop"},
+        {Rule::UnmatchedBlockEnd, 4, "Sub f\n If a Then\n   x\n  End If\n End If\nEnd Sub"},
+        {Rule::UnmatchedBlockEnd, 3, "If a Then\n   x\n  Else\n   y\nElse\n  z\nEnd If"},
         {Rule::NameAfterNext, 3, "For i = 1 To 3\nx\nNext i"},
         {Rule::TypeDeclaration, 1, "Dim x As Integer, y"},
         {Rule::TypeDeclaration, 1, "Function f(a)  As String\nEnd Function"},
