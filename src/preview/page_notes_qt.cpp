@@ -78,7 +78,7 @@ void PageNotesQt::write(const PageNote &note)
             m_own = std::to_string(number++) + extension;
         while (fs::exists(fs::path(path(m_own))));
     }
-    std::ignore = writeAtomically(path(m_own), noteBytes(note));
+    std::ignore = writePrivately(path(m_own), noteBytes(note));
     m_lock = openFile(path(m_own), O_RDONLY);
     lockSoon(m_lock);
 }

@@ -71,7 +71,7 @@ bool PreviewFile::writeAlone(const std::string &path, std::string_view bytes)
     if (!setAside())
         return false;
     m_files.setHidden(path, false);
-    if (m_files.write(path, bytes) != Saved::Ok)
+    if (m_files.writePrivate(path, bytes) != Saved::Ok)
         return false;
     m_files.setHidden(path, true);
     m_stamp = m_files.stamp(path);

@@ -143,7 +143,12 @@ bool isWhole(int descriptor, std::size_t size)
 
 } // namespace
 
-Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original)
+namespace {
+
+enum class Readers { AsTheFileItReplaces, OwnerOnly };
+
+Saved writeFor(
+    Readers readers, const std::string &target, std::string_view bytes, const struct stat *original)
 {
     const auto folder = openFile(folderOf(target), O_RDONLY | O_DIRECTORY);
     if (!folder)
@@ -155,7 +160,9 @@ Saved writeAtomically(const std::string &target, std::string_view bytes, const s
         return savedFromErrno();
 
     struct stat old { };
-    if (::stat(target.c_str(), &old) == 0) {
+    if (readers == Readers::OwnerOnly) {
+        // As it was made.
+    } else if (::stat(target.c_str(), &old) == 0) {
         const auto oldFile = openFile(target, O_RDONLY);
         if (!takeOver(old, oldFile.get(), file.descriptor()))
             return Saved::Denied;
@@ -170,6 +177,18 @@ Saved writeAtomically(const std::string &target, std::string_view bytes, const s
     if (!file.putInPlaceOf(nameOf(target)))
         return savedFromErrno();
     return synchronise(folder.get()) ? Saved::Ok : savedFromErrno();
+}
+
+} // namespace
+
+Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original)
+{
+    return writeFor(Readers::AsTheFileItReplaces, target, bytes, original);
+}
+
+Saved writePrivately(const std::string &target, std::string_view bytes)
+{
+    return writeFor(Readers::OwnerOnly, target, bytes, nullptr);
 }
 
 void removeLeftovers(const std::string &path)

@@ -16,6 +16,9 @@ namespace kevra {
 [[nodiscard]] Saved writeAtomically(
     const std::string &target, std::string_view bytes, const struct stat *original = nullptr);
 
+/// The same; in the end nobody but its owner can read it, whoever could before.
+[[nodiscard]] Saved writePrivately(const std::string &target, std::string_view bytes);
+
 /// Removes what a save that was killed between two steps left in the folder of `path`.
 void removeLeftovers(const std::string &path);
 

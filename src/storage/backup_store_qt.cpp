@@ -50,8 +50,9 @@ bool BackupStoreQt::keep(const std::string &path, std::string_view bytes)
 {
     std::error_code error;
     fs::create_directories(m_folder, error);
+    fs::permissions(m_folder, fs::perms::owner_all, error);
     const auto name = timeText() + '-' + mark(path);
-    const bool kept = writeAtomically(m_folder + '/' + name, bytes) == Saved::Ok;
+    const bool kept = writePrivately(m_folder + '/' + name, bytes) == Saved::Ok;
     prune(name);
     return kept;
 }

@@ -65,6 +65,11 @@ public:
     {
         return write(path, bytes);
     }
+    /// As write(), a file of the program's own: nobody but its owner can read it.
+    [[nodiscard]] virtual Saved writePrivate(const std::string &path, std::string_view bytes)
+    {
+        return write(path, bytes);
+    }
     /// Also read-only files. True when no such file is there afterwards.
     virtual bool remove(const std::string &path) = 0;
     /// Gives a file another name in its folder, everything else about it unchanged; false, with nothing done,

@@ -111,6 +111,11 @@ Saved FileStoreQt::writeCopy(const std::string &original, const std::string &pat
     return writeAtomically(nativePath(path), bytes, &*status);
 }
 
+Saved FileStoreQt::writePrivate(const std::string &path, std::string_view bytes)
+{
+    return writePrivately(nativePath(path), bytes);
+}
+
 bool FileStoreQt::remove(const std::string &path)
 {
     const auto native = nativePath(path);

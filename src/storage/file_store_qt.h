@@ -21,6 +21,7 @@ public:
     [[nodiscard]] Saved replace(const std::string &path, std::string_view bytes) override;
     [[nodiscard]] Saved writeCopy(
         const std::string &original, const std::string &path, std::string_view bytes) override;
+    [[nodiscard]] Saved writePrivate(const std::string &path, std::string_view bytes) override;
     bool remove(const std::string &path) override;
     [[nodiscard]] bool rename(const std::string &from, const std::string &to) override;
     /// File systems here know no hidden attribute.

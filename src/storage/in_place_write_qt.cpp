@@ -101,7 +101,7 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
     std::error_code error;
     std::filesystem::create_directories(stateFolder, error);
     const auto copy = copyPath(stateFolder);
-    if (const auto kept = writeAtomically(copy, withChecksum({target, *before, bytes})); kept != Saved::Ok)
+    if (const auto kept = writePrivately(copy, withChecksum({target, *before, bytes})); kept != Saved::Ok)
         return kept;
     // Another program that starts now may have taken the copy for a leftover.
     const auto lock = openRegular(copy, O_RDONLY);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/atomic_write_qt.h"
+#include "storage/backup_store_qt.h"
 #include "storage/checksummed_record.h"
 #include "storage/file_store_qt.h"
 #include "storage/in_place_write_qt.h"
@@ -115,6 +116,20 @@ TEST_F(FileStoreOnDisk, StampTellsEveryWrite)
     const auto first = store.stamp(file);
     std::ignore = store.write(file, "same");
     EXPECT_NE(store.stamp(file), first);
+}
+
+TEST_F(FileStoreOnDisk, TheProgramsOwnFilesAreNobodyElsesWhateverTheMask)
+{
+    const auto mask = ::umask(0);
+    const auto open = put("kevratemp.html", "theirs");
+    ::chmod(open.c_str(), 0666);
+    EXPECT_EQ(store.writePrivate(open, "page"), Saved::Ok);
+    EXPECT_TRUE(BackupStoreQt(path("backups")).keep("page.htm", "old"));
+    ::umask(mask);
+    EXPECT_EQ(fs::status(open).permissions(), fs::perms(0600));
+    EXPECT_EQ(fs::status(path("backups")).permissions(), fs::perms(0700));
+    for (const auto &entry : fs::directory_iterator(path("backups")))
+        EXPECT_EQ(entry.status().permissions(), fs::perms(0600));
 }
 
 TEST_F(FileStoreOnDisk, RenamesAndReplacesNothing)
