@@ -3,6 +3,8 @@
 
 #include "text/flag_guard.h"
 
+#include <algorithm>
+
 namespace kevra {
 namespace {
 
@@ -49,8 +51,6 @@ void PadCommands::PadPaste()
 {
     const auto held = m_clipboard.text();
     const auto text = withoutFinalBreak(held);
-    if (text.empty())
-        return;
     takeDocumentFont();
     const auto start = m_pad.SelStart();
     replace(m_pad.Selection(), text);
@@ -60,8 +60,6 @@ void PadCommands::PadPaste()
 
 void PadCommands::PadClear()
 {
-    if (m_pad.Length() == 0)
-        return; // there is nothing to keep, and the clipboard may hold something
     m_savedText = m_pad.Text();
     clipboardTakes(m_savedText);
     replace({0, m_pad.Length()}, {});
@@ -113,7 +111,15 @@ void PadCommands::textChanged(Offset position, Offset removed, Offset added)
     else if (m_last == Operation::Cut)
         m_saved = {position, position};
     else
-        m_last = Operation::None;
+        m_saved = pastedAfter(position, removed, added);
+}
+
+/// What lies between the pasted text's ends after an edit in it, or over one of them.
+TextRange PadCommands::pastedAfter(Offset position, Offset removed, Offset added) const
+{
+    const auto start = position < m_saved.start ? position + added : m_saved.start;
+    const bool overEnd = position + removed > m_saved.end;
+    return {start, std::max(start, overEnd ? position : m_saved.end + added - removed)};
 }
 
 void PadCommands::replace(TextRange range, std::string_view text)

@@ -32,6 +32,7 @@ private:
     enum class Operation { None, Cut, Copy, Paste, Clear };
 
     /// Replaces as the pad's own doing, which needs no moving along.
+    [[nodiscard]] TextRange pastedAfter(Offset position, Offset removed, Offset added) const;
     void replace(TextRange range, std::string_view text);
     void clipboardTakes(std::string_view text);
     void takeDocumentFont();

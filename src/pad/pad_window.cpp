@@ -5,6 +5,7 @@
 
 #include <QtGui/QAction>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QShortcut>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
 
@@ -55,6 +56,7 @@ PadWindow::PadWindow(
     setCentralWidget(m_control);
     setFocusProxy(m_control);
     createMenus();
+    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
     connect(m_control, &EditorControl::changed, this, [this](Offset position, Offset removed, Offset added) {
         m_commands.textChanged(position, removed, added);
     });
@@ -82,10 +84,26 @@ void PadWindow::createMenus()
         addCommand(*m_popUp, item.popUpName, item.popUpCaption, item.command);
     }
     for (QWidget *at : {static_cast<QWidget *>(m_control), m_control->viewport()}) {
-        at->setContextMenuPolicy(Qt::CustomContextMenu);
-        connect(at, &QWidget::customContextMenuRequested, this,
-            [this, at](const QPoint &place) { m_popUp->popup(at->mapToGlobal(place)); });
+        at->setContextMenuPolicy(Qt::DefaultContextMenu);
+        at->installEventFilter(this);
     }
+}
+
+/// The menu comes when the right button is released, on every desktop, or by the menu key.
+bool PadWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ContextMenu) {
+        const auto *asked = static_cast<QContextMenuEvent *>(event);
+        if (asked->reason() != QContextMenuEvent::Mouse)
+            m_popUp->popup(asked->globalPos());
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease) {
+        const auto *mouse = static_cast<QMouseEvent *>(event);
+        if (mouse->button() == Qt::RightButton)
+            m_popUp->popup(mouse->globalPosition().toPoint());
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 bool PadWindow::event(QEvent *event)
