@@ -8,7 +8,9 @@ namespace kevra {
 void wirePad(Application &app)
 {
     app.makesWindow(SecondaryWindow::Pad, [&app] {
-        return new PadWindow(app.mainWindow().document(), app.clipboard, app.state, &app.mainWindow());
+        auto *pad = new PadWindow(app.mainWindow().document(), app.clipboard, app.state, &app.mainWindow());
+        shareKeys(app, *pad, {"mfind", "msample"});
+        return pad;
     });
     app.commands.bind("mpad", [&app] { app.showWindow(SecondaryWindow::Pad); });
 }

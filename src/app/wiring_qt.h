@@ -4,6 +4,11 @@
 // All run once, right after the main window exists and before anything is shown, in this order.
 #pragma once
 
+#include <initializer_list>
+#include <string_view>
+
+class QWidget;
+
 namespace kevra {
 
 class Application;
@@ -20,5 +25,8 @@ void wirePad(Application &app);
 void wireNavigation(Application &app); ///< recent files, a line by its number
 /// Last: its buttons are enabled where their commands have been bound by then.
 void wireSnippetPanels(Application &app);
+
+/// The keys of these menu items work in `window` too.
+void shareKeys(Application &app, QWidget &window, std::initializer_list<std::string_view> items);
 
 } // namespace kevra

@@ -13,7 +13,7 @@
 namespace kevra {
 namespace {
 
-constexpr int codeCharacters = 11;
+constexpr int aroundText = 14; ///< pixels: frame, margins and the room of the caret
 
 struct PanelButton {
     const char *name;
@@ -52,7 +52,7 @@ ColourFinderPanel::ColourFinderPanel(
         return made;
     };
     for (auto *box : {m_typed, m_code})
-        box->setFixedWidth(box->fontMetrics().averageCharWidth() * codeCharacters);
+        box->setFixedWidth(box->fontMetrics().horizontalAdvance("\"#DDDDDD\"") + aroundText);
     m_typed->setToolTip("Six characters 0 to 9 or A to F, without \"#\"");
     m_code->setReadOnly(true);
     m_code->setToolTip("The code of the color, in quotes");

@@ -10,8 +10,7 @@ namespace kevra {
 void ImageCommands::ViewImage()
 {
     m_ports.viewer.hideFindDialog();
-    const auto path = m_ports.dialogs.openFile(
-        {"", {{"Image Files(*.gif;*.jpg;*.bmp;*.ico)", "*.gif;*.jpg;*.bmp;*.ico"}}});
+    const auto path = choose({"Image Files(*.gif;*.jpg;*.bmp;*.ico)", "*.gif;*.jpg;*.bmp;*.ico"});
     if (path)
         view(*path);
     if (m_ports.viewer.viewerIsVisible())
@@ -73,9 +72,14 @@ void ImageCommands::CopySampledColour()
     put("\"" + m_ports.viewer.sampleCode() + "\"");
 }
 
+std::optional<std::string> ImageCommands::choose(const FileFilter &filter)
+{
+    return m_ports.dialogs.openFile({"", {filter}, std::string(parentFolder(m_ports.documentPath))});
+}
+
 std::optional<std::string> ImageCommands::chooseWebImage()
 {
-    return m_ports.dialogs.openFile({"", {{"Web Files(*.gif;*.jpg;)", "*.gif;*.jpg;"}}});
+    return choose({"Web Files(*.gif;*.jpg;)", "*.gif;*.jpg;"});
 }
 
 void ImageCommands::copyTag(Tag tag)

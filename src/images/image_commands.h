@@ -47,6 +47,7 @@ public:
 
 struct ImagePorts {
     EditorSurface &document;
+    const std::string &documentPath; ///< empty for new work
     MainView &main;
     FileStore &files;
     FileDialogs &dialogs;
@@ -80,6 +81,8 @@ private:
     void view(const std::string &path);
     void copyTag(Tag tag);
     void put(const std::string &text);
+    /// In the document's folder first.
+    [[nodiscard]] std::optional<std::string> choose(const FileFilter &filter);
     [[nodiscard]] std::optional<std::string> chooseWebImage();
 
     ImagePorts m_ports;

@@ -13,9 +13,23 @@ namespace kevra {
 namespace {
 
 constexpr QSize patchSize(56, 26);
-constexpr int pathCharacters = 36;
+constexpr int pathCharacters = 36; ///< where there is room
+constexpr int leastPathCharacters = 6;
 constexpr int sizeCharacters = 14;
 constexpr int codeCharacters = 12;
+
+class PathBox : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+    QSize sizeHint() const override
+    {
+        return {fontMetrics().averageCharWidth() * pathCharacters, QLineEdit::sizeHint().height()};
+    }
+    QSize minimumSizeHint() const override
+    {
+        return {fontMetrics().averageCharWidth() * leastPathCharacters, QLineEdit::sizeHint().height()};
+    }
+};
 
 QLineEdit *readOnlyBox(const char *name, const char *accessibleName, int characters, QWidget &frame)
 {
@@ -60,7 +74,7 @@ ImagePanel::ImagePanel(QWidget &frame, const Hooks &hooks)
     : m_sample(colourPatch("picsmall", &frame))
     , m_code(readOnlyBox("thex", "Sampled color", codeCharacters, frame))
     , m_size(readOnlyBox("tsize", "Image size", sizeCharacters, frame))
-    , m_path(readOnlyBox("tgrfil", "Image path", pathCharacters, frame))
+    , m_path(named<PathBox>("tgrfil", &frame, "Image path"))
     , m_tag(named<FittedButton>("bspec", &frame))
 {
     auto *copy = named<FittedButton>("bbitcol", &frame);
@@ -70,8 +84,7 @@ ImagePanel::ImagePanel(QWidget &frame, const Hooks &hooks)
     m_tag->setToolTip("Put IMG tag on clipboard with width and height specs for this file");
     m_code->setToolTip("The color sampled in the image");
     m_size->setToolTip("Width and height of the image");
-    m_path->setMinimumWidth(m_path->width());
-    m_path->setMaximumWidth(QWIDGETSIZE_MAX);
+    m_path->setReadOnly(true);
     auto *row = panelRow(frame);
     for (QWidget *control : std::initializer_list<QWidget *>{m_sample, m_code, copy, m_size, m_path, m_tag})
         row->addWidget(control);

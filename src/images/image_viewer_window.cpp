@@ -48,7 +48,9 @@ void PictureView::mousePressEvent(QMouseEvent *event)
 }
 
 ImageViewerWindow::ImageViewerWindow(QWidget *parent)
-    : QWidget(parent, Qt::Window)
+    // As a dialog it stays above the window it belongs to.
+    : QWidget(parent,
+        Qt::Dialog | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint)
     , m_picture(new PictureView(this))
 {
     setObjectName("fbitmap");
