@@ -142,7 +142,12 @@ void Application::showMainWindow()
 
 void Application::showFirstStartNotices()
 {
-    dynamic_cast<InformationWindow &>(window(SecondaryWindow::Information)).showFirstStartNotices();
+    auto &information = dynamic_cast<InformationWindow &>(window(SecondaryWindow::Information));
+    information.showFirstStartNotices();
+    QObject::connect(m_mainWindow.get(), &MainWindow::placed, &information, [&information] {
+        if (information.isVisible())
+            information.comeForward();
+    });
 }
 
 void Application::unloadMainWindow()

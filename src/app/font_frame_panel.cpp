@@ -5,14 +5,33 @@
 #include "settings/fonts.h"
 #include "widgets/named_qt.h"
 
+#include <QtCore/QTimer>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QHBoxLayout>
+
+#include <functional>
 
 namespace kevra {
 
 namespace {
 
 constexpr int standardEntry = 1;
+
+/// Tells when its list goes; by then something may have been chosen.
+class FontBox : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+    std::function<void()> listClosed = [] {};
+
+    void hidePopup() override
+    {
+        const bool open = view()->isVisible();
+        QComboBox::hidePopup();
+        if (open)
+            QTimer::singleShot(0, this, listClosed);
+    }
+};
 
 template <typename Entries> void fill(QComboBox &box, const Entries &entries)
 {
@@ -25,8 +44,8 @@ template <typename Entries> void fill(QComboBox &box, const Entries &entries)
 
 FontFrame::FontFrame(QWidget *parent)
     : QFrame(parent)
-    , m_face(named<QComboBox>("comface", this, "Font face"))
-    , m_size(named<QComboBox>("comfsize", this, "Font size"))
+    , m_face(named<FontBox>("comface", this, "Font face"))
+    , m_size(named<FontBox>("comfsize", this, "Font size"))
 {
     setObjectName("frtbar");
     fill(*m_face, fontFaces);
@@ -37,8 +56,10 @@ FontFrame::FontFrame(QWidget *parent)
     row->setContentsMargins(8, 2, 12, 2);
     row->addWidget(m_face);
     row->addWidget(m_size);
-    for (auto *box : {m_face, m_size})
+    for (auto *box : {m_face, m_size}) {
         connect(box, &QComboBox::currentIndexChanged, this, &FontFrame::fontChosen);
+        static_cast<FontBox *>(box)->listClosed = [this] { emit listClosed(); };
+    }
 }
 
 void FontFrame::selectFace(int position)

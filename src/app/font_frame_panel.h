@@ -23,6 +23,8 @@ public:
 
 signals:
     void fontChosen();
+    /// After something was chosen from it, or nothing.
+    void listClosed();
 
 private:
     QComboBox *m_face;

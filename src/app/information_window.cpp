@@ -76,4 +76,19 @@ void InformationWindow::showFirstStartNotices()
         notice->show();
 }
 
+void InformationWindow::comeForward()
+{
+    const auto area = parentWidget()->geometry();
+    move(area.center() - QRect({}, frameGeometry().size()).center());
+    raise();
+    activateWindow();
+}
+
+void InformationWindow::done(int result)
+{
+    for (auto *notice : m_notices)
+        notice->hide();
+    QDialog::done(result);
+}
+
 } // namespace kevra

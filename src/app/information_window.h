@@ -14,6 +14,9 @@ public:
     explicit InformationWindow(QWidget *parent = nullptr);
 
     void showFirstStartNotices();
+    /// In the middle of the window it belongs to, with the keyboard.
+    void comeForward();
+    void done(int result) override;
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -336,12 +336,14 @@ void MainWindow::showEvent(QShowEvent *event)
         if (!isMaximized() || size() != before) {
             if (std::exchange(m_restored, false))
                 keepFrameOnScreen();
-            return clock->deleteLater();
+            clock->deleteLater();
+            return emit placed();
         }
         if (++ticks < patienceTicks)
             return;
         clock->deleteLater();
         windowHandle()->setGeometry(screen()->availableGeometry()); // the widget itself stays maximised
+        emit placed();
     });
     clock->start(patienceTick);
 }

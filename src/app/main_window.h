@@ -75,6 +75,8 @@ public:
 signals:
     /// By the frame or the desktop. The window stays until the program ends.
     void closeRequested();
+    /// It has been shown, and has the place and size that the desktop gives it.
+    void placed();
     void fileDropped(const QString &path);
     /// The document has been given a path, by opening or saving.
     void documentNamed();

@@ -48,6 +48,9 @@ void wireTools(Application &app)
     app.commands.bind("mshowtools", [&tools] { tools.showTools(); });
     QObject::connect(&app.mainWindow().fonts(), &FontFrame::fontChosen, &app.mainWindow(),
         [&tools] { tools.fontChosen(); });
+    // The next key is for the text, which shows the font.
+    QObject::connect(&app.mainWindow().fonts(), &FontFrame::listClosed, &app.mainWindow(),
+        [&app] { app.mainWindow().document().SetFocus(); });
     // The colouring has to be put back after the whole text has got another font.
     tools.onFontChanged([&app] { app.commands.run("mcolcode"); });
 }
