@@ -252,7 +252,7 @@ QWidget *SettingsDialog::program()
         [this] { m_commands.program().SetExternalMenuText(m_menuText->text().toStdString()); });
     auto *remove = button("bremove", "UNDO 'EXE' SETTING", "Remove the program from the menu", [this] {
         m_commands.program().RemoveExternalProgram();
-        showEntries();
+        showProgram();
     });
     grid.addWidget(remove, grid.rowCount(), EntryColumn);
     return box;
@@ -349,6 +349,12 @@ void SettingsDialog::showEntries()
     selectText(*m_interval, QString::number(options.autosaveMinutes));
     selectText(*m_face, QString::fromStdString(options.fontFace));
     selectText(*m_size, QString::fromStdString(options.fontSize));
+    showProgram();
+}
+
+void SettingsDialog::showProgram()
+{
+    const auto &application = m_commands.application();
     m_program->setText(application.programPath == "none" ? QString() : pathText(application.programPath));
     m_menuText->setText(QString::fromStdString(application.programMenuText));
 }

@@ -53,6 +53,7 @@ private:
     void showLamps();
     void showColour();
     void showEntries();
+    void showProgram();
 
     SettingsCommands &m_commands;
     std::vector<std::pair<const YesNoGroup *, QLabel *>> m_lamps;
