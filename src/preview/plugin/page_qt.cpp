@@ -28,7 +28,8 @@ constexpr auto linkScript = R"(
             if (href === undefined || !node.matches || !node.matches('a, area'))
                 continue;
             event.preventDefault();
-            console.info('%1' + (typeof href === 'string' ? href : href.baseVal));
+            // In a picture it is what is written there, not where it leads.
+            console.info('%1' + (typeof href === 'string' ? href : new URL(href.baseVal, node.baseURI).href));
             return;
         }
     }
