@@ -2,7 +2,9 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/recolouring.h"
+#include "desktop/text_qt.h"
 #include "find/find_dialog.h"
+#include "find/hit_marks_qt.h"
 #include "find/multi_dialog.h"
 #include "text/flag_guard.h"
 
@@ -48,9 +50,7 @@ public:
         m_app.mainWindow().refreshDocumentStatus();
     }
 
-private:
-    /// Also under another name.
-    [[nodiscard]] bool isDocument(const std::string &path) const
+    [[nodiscard]] bool isDocument(const std::string &path) const override
     {
         const auto &current = m_app.document.currentPath;
         if (current.empty() || !m_app.file.owns(current))
@@ -59,6 +59,7 @@ private:
         return path == current || (mine && mine == m_app.files.stamp(path));
     }
 
+private:
     Application &m_app;
 };
 
@@ -77,12 +78,36 @@ QWidget *makeFindDialog(Application &app)
     auto *dialog = new FindDialog(document, app.document, app.messages, &app.mainWindow());
     dialog->setHitPlace([&document] { return hitOnScreen(document); });
     dialog->setMayEdit([&document] { return !document.isReadOnly(); });
+    dialog->setTell([&app](std::string_view text) { app.mainWindow().tell(text); });
+    auto &marks = app.keep<HitMarks>(document, [dialog] { return dialog->shownRequest(); });
+    QObject::connect(dialog, &FindDialog::requestChanged, &marks, &HitMarks::refresh);
     return dialog;
 }
 
-void findNext(Application &app)
+FindDialog &findDialog(Application &app)
 {
-    dynamic_cast<FindDialog &>(app.window(SecondaryWindow::Find)).commands().findNext();
+    return dynamic_cast<FindDialog &>(app.window(SecondaryWindow::Find));
+}
+
+void showFindDialog(Application &app)
+{
+    const auto selected = app.mainWindow().document().SelText();
+    findDialog(app).suggest(selected);
+    app.showWindow(SecondaryWindow::Find);
+}
+
+/// The file as the document, which is asked about as by the open dialog; then the line.
+void showLine(Application &app, const OpenDocument &open, const QString &path, qint64 line)
+{
+    auto &window = app.mainWindow();
+    if (!open.isDocument(pathBytes(path)))
+        emit window.fileDropped(path);
+    if (!open.isDocument(pathBytes(path)))
+        return;
+    auto &document = window.document();
+    document.Select(document.lineRange(std::min<Offset>(line, document.lineCount()) - 1));
+    window.activateWindow();
+    document.SetFocus();
 }
 
 } // namespace
@@ -90,13 +115,20 @@ void findNext(Application &app)
 void wireFind(Application &app)
 {
     app.makesWindow(SecondaryWindow::Find, [&app] { return makeFindDialog(app); });
-    app.commands.bind("mfind", [&app] { app.showWindow(SecondaryWindow::Find); });
-    QObject::connect(new QShortcut(QKeySequence(Qt::Key_F3), &app.mainWindow()), &QShortcut::activated,
-        &app.mainWindow(), [&app] { findNext(app); });
+    app.commands.bind("mfind", [&app] { showFindDialog(app); });
+    const auto onKey = [&app](const QKeySequence &key, void (FindCommands::*command)()) {
+        QObject::connect(new QShortcut(key, &app.mainWindow()), &QShortcut::activated, &app.mainWindow(),
+            [&app, command] { (findDialog(app).commands().*command)(); });
+    };
+    onKey(Qt::Key_F3, &FindCommands::findNext);
+    onKey(Qt::SHIFT | Qt::Key_F3, &FindCommands::findPrevious);
 
     auto &open = app.keep<OpenDocumentQt>(app);
     app.makesWindow(SecondaryWindow::MultiFind, [&app, &open] {
-        return new MultiDialog(app.files, open, app.messages, app.fileDialogs, &app.mainWindow());
+        auto *dialog = new MultiDialog(app.files, open, app.messages, app.fileDialogs, &app.mainWindow());
+        QObject::connect(dialog, &MultiDialog::lineChosen, dialog,
+            [&app, &open](const QString &path, qint64 line) { showLine(app, open, path, line); });
+        return dialog;
     });
     app.commands.bind("mmulti", [&app] { app.showWindow(SecondaryWindow::MultiFind); });
 }

@@ -2,7 +2,7 @@
 #include "find/find_commands.h"
 
 #include "colour/recolouring.h"
-#include "find/replacement.h"
+#include "find/hit_finder.h"
 
 namespace kevra {
 namespace {
@@ -24,59 +24,115 @@ private:
 
 } // namespace
 
-Offset FindCommands::select(const FindRequest &request, Offset start)
+std::optional<FindRequest> FindCommands::soundRequest()
 {
-    const auto hit = m_document.Find(request.text, {start, m_document.Length()}, request.options());
-    if (!hit)
-        return -1;
-    m_document.Select({*hit, *hit + std::ssize(request.text)});
+    auto request = m_view.entered();
+    if (!hasText(request, m_messages) || !isSound(HitFinder(request), m_messages))
+        return std::nullopt;
+    return request;
+}
+
+void FindCommands::show(const FindRequest &request, TextRange hit)
+{
+    m_document.Select(hit);
     m_view.hitSelected();
-    return *hit;
+    m_lastHit = hit.start;
+    m_missed = false;
+    // Hits of a text may overlap.
+    m_nextStart = request.pattern == Pattern::Text ? hit.start + 1 : hit.end;
 }
 
 void FindCommands::findFirst()
 {
-    const auto request = m_view.entered();
-    if (!hasText(request, m_messages))
+    const auto request = soundRequest();
+    if (!request)
         return;
-    const auto hit = select(request, 0);
-    if (hit == -1)
+    m_view.showRound({});
+    const auto hit = HitFinder(*request).first(m_document.Text(), 0);
+    if (!hit)
         return m_messages.inform("No occurences.");
-    m_nextStart = hit + 1;
+    show(*request, *hit);
 }
 
 void FindCommands::findNext()
 {
-    const auto request = m_view.entered();
-    if (!hasText(request, m_messages))
+    const auto request = soundRequest();
+    if (!request)
         return;
-    m_lastHit = select(request, m_nextStart);
-    // After a miss this is the top, where the next search starts again.
-    m_nextStart = m_lastHit + 1;
-    if (m_lastHit == -1)
-        m_messages.inform("No more occurences.");
+    const bool round = m_missed && m_nextStart == 0;
+    if (const auto hit = HitFinder(*request).first(m_document.Text(), m_nextStart)) {
+        show(*request, *hit);
+        return m_view.showRound(round ? "The search has gone on from the top." : "");
+    }
+    // The next search starts again from the top.
+    m_nextStart = 0;
+    m_lastHit.reset();
+    m_missed = true;
+    m_view.showRound({});
+    m_messages.inform("No more occurences.");
+}
+
+void FindCommands::findPrevious()
+{
+    const auto request = soundRequest();
+    if (!request)
+        return;
+    const bool round = m_missed && !m_lastHit;
+    const auto text = m_document.Text();
+    if (const auto hit = HitFinder(*request).last(text, m_lastHit.value_or(std::ssize(text)))) {
+        show(*request, *hit);
+        return m_view.showRound(round ? "The search has gone on from the end." : "");
+    }
+    m_lastHit.reset();
+    m_nextStart = 0;
+    m_missed = true;
+    m_view.showRound({});
+    m_messages.inform("No more occurences.");
+}
+
+bool FindCommands::replaceSelection(const FindRequest &request)
+{
+    const HitFinder finder(request);
+    if (!isSound(finder, m_messages))
+        return false;
+    if (request.replacement.empty() && !m_messages.yes("No text entered. Delete \"" + request.text + "\"?"))
+        return false;
+    const auto selection = m_document.Selection();
+    replace(selection, finder.replacementOf(m_document.Text(), selection));
+    return true;
 }
 
 void FindCommands::replaceOne()
 {
-    const auto request = m_view.entered();
-    const auto selection = m_document.Selection();
-    if (selection.empty())
+    if (m_document.Selection().empty())
         return m_messages.stop("There's nothing found yet to replace.");
-    if (request.replacement.empty() && !m_messages.yes("No text entered. Delete \"" + request.text + "\"?"))
+    replaceSelection(m_view.entered());
+}
+
+void FindCommands::replaceAndFind()
+{
+    const auto request = soundRequest();
+    if (!request)
         return;
-    replace(selection, request.replacement);
+    if (!m_document.Selection().empty()) {
+        if (!replaceSelection(*request))
+            return;
+        m_nextStart = m_document.Selection().end;
+    }
+    findNext();
 }
 
 void FindCommands::replaceAll()
 {
     const auto request = m_view.entered();
-    if (!canReplaceAll(request, m_messages) || !wantsReplaceAll(request, m_messages))
+    const HitFinder finder(request);
+    if (!canReplaceAll(request, m_messages) || !isSound(finder, m_messages)
+        || !wantsReplaceAll(request, m_messages))
         return;
     const Hourglass hourglass(m_document);
     m_nextStart = 0;
-    m_lastHit = 0;
-    const auto result = replacedAll(m_document.Text(), request.text, request.replacement, request.options());
+    m_lastHit.reset();
+    const auto result = finder.replacedAll(m_document.Text());
     const auto *replaced = std::get_if<Replacement>(&result);
     if (!replaced)
         return refuseEndless(m_messages);
@@ -96,11 +152,14 @@ void FindCommands::replace(TextRange range, std::string_view text)
 
 void FindCommands::countOccurrences()
 {
-    const auto request = m_view.entered();
-    if (!hasText(request, m_messages))
+    const auto request = soundRequest();
+    if (!request)
         return;
     const Hourglass hourglass(m_document);
-    m_view.showCount(kevra::countOccurrences(m_document.Text(), request.text, request.letters));
+    const auto text = m_document.Text();
+    m_view.showCount(request->pattern == Pattern::Text
+            ? kevra::countOccurrences(text, request->text, request->letters)
+            : std::ssize(HitFinder(*request).all(text)));
 }
 
 } // namespace kevra

@@ -7,6 +7,9 @@
 #include "editor/surface.h"
 #include "find/find_request.h"
 
+#include <optional>
+#include <string_view>
+
 namespace kevra {
 
 class FindView {
@@ -17,6 +20,8 @@ public:
     /// A hit has just been selected; it must not stay hidden behind the dialog.
     virtual void hitSelected() = 0;
     virtual void showReplaced(Offset count) = 0;
+    /// Empty, or that the search has gone round.
+    virtual void showRound(std::string_view text) = 0;
 };
 
 class FindCommands {
@@ -31,13 +36,20 @@ public:
 
     void findFirst();
     void findNext();
+    /// Back from the last hit; after a miss from the end.
+    void findPrevious();
     /// Replaces whatever is selected, found or not.
     void replaceOne();
+    /// The same, if there is something selected, and goes on to the next hit behind it.
+    void replaceAndFind();
     void replaceAll();
     void countOccurrences();
 
 private:
-    [[nodiscard]] Offset select(const FindRequest &request, Offset start);
+    [[nodiscard]] std::optional<FindRequest> soundRequest();
+    /// False when the user does not want it.
+    bool replaceSelection(const FindRequest &request);
+    void show(const FindRequest &request, TextRange hit);
     void replace(TextRange range, std::string_view text);
 
     EditorSurface &m_document;
@@ -45,7 +57,8 @@ private:
     Messages &m_messages;
     FindView &m_view;
     Offset m_nextStart = 0;
-    Offset m_lastHit = -1; ///< -1 for none
+    std::optional<Offset> m_lastHit;
+    bool m_missed = false; ///< the last search in one direction came to the end of the text
 };
 
 } // namespace kevra

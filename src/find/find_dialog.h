@@ -6,6 +6,8 @@
 #include <QtWidgets/QDialog>
 
 #include <functional>
+#include <optional>
+#include <string_view>
 
 class QCheckBox;
 class QLabel;
@@ -26,7 +28,19 @@ public:
     /// Whether the document may be changed now; it always may when this is not set.
     void setMayEdit(std::function<bool()> mayEdit) { m_mayEdit = std::move(mayEdit); }
 
+    /// Where it is said that a search has gone round.
+    void setTell(std::function<void(std::string_view)> tell) { m_tell = std::move(tell); }
+    /// Looks for `text` next, unless that is no word or words of one line.
+    void suggest(std::string_view text);
+    /// What its boxes say, while it is open.
+    [[nodiscard]] std::optional<FindRequest> shownRequest() const;
+
+signals:
+    /// What shownRequest() answers.
+    void requestChanged();
+
 protected:
+    void hideEvent(QHideEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
 private:
@@ -34,6 +48,8 @@ private:
     void showCount(Offset count) override;
     void hitSelected() override;
     void showReplaced(Offset count) override;
+    void showRound(std::string_view text) override;
+    void createBoxes();
     void createButtons();
     void layOut();
 
@@ -43,9 +59,11 @@ private:
     QLineEdit *m_count;
     QCheckBox *m_case;
     QCheckBox *m_whole;
+    QCheckBox *m_expression;
     QLabel *m_outcome;
     std::function<QRect()> m_hitPlace;
     std::function<bool()> m_mayEdit;
+    std::function<void(std::string_view)> m_tell = [](std::string_view) {};
 };
 
 } // namespace kevra

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "find/find_request.h"
 
+#include "find/hit_finder.h"
+
 namespace kevra {
 
 bool hasText(const FindRequest &request, Messages &messages)
@@ -14,7 +16,7 @@ bool canReplaceAll(const FindRequest &request, Messages &messages)
 {
     if (!hasText(request, messages))
         return false;
-    if (sameIgnoringCase(request.text, request.replacement)) {
+    if (request.pattern == Pattern::Text && sameIgnoringCase(request.text, request.replacement)) {
         messages.stop("You've entered the same text to replace the original!");
         return false;
     }
@@ -25,6 +27,13 @@ bool wantsReplaceAll(const FindRequest &request, Messages &messages)
 {
     return !request.replacement.empty()
         || messages.yes("No text entered. Delete all instances of \"" + request.text + "\"?");
+}
+
+bool isSound(const HitFinder &finder, Messages &messages)
+{
+    if (!finder.fault().empty())
+        messages.stop("The regular expression cannot be used: " + finder.fault());
+    return finder.fault().empty();
 }
 
 void refuseEndless(Messages &messages)

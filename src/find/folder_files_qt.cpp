@@ -3,10 +3,12 @@
 
 #include "desktop/text_qt.h"
 
-#include <QtCore/QDirIterator>
 #include <QtCore/QRegularExpression>
 
 #include <algorithm>
+#include <filesystem>
+
+namespace fs = std::filesystem;
 
 namespace kevra {
 namespace {
@@ -22,22 +24,36 @@ QRegularExpression anyOf(std::string_view patterns)
     return QRegularExpression(alternatives.join('|'), QRegularExpression::CaseInsensitiveOption);
 }
 
+bool isLookedInto(std::string_view name, Folders folders)
+{
+    if (name == ".git" || name == "node_modules")
+        return folders == Folders::Every;
+    return !name.starts_with('.');
+}
+
 } // namespace
 
 std::optional<std::vector<std::string>> filesInFolder(const std::string &folder, std::string_view patterns,
-    const std::function<bool(std::size_t found)> &shouldContinue)
+    Folders folders, const std::function<bool(std::size_t found)> &shouldContinue)
 {
     const auto fits = anyOf(patterns);
     std::vector<std::string> files;
-    // Folders too, so that the question is asked also where there is no file for long.
-    QDirIterator it(
-        pathText(folder), QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    for (std::size_t entries = 1; it.hasNext(); ++entries) {
-        const auto path = it.next();
-        if (fits.match(it.fileName()).hasMatch() && it.fileInfo().isFile())
-            files.push_back(pathBytes(path));
-        if (entries % entriesBetweenQuestions == 0 && !shouldContinue(files.size()))
+    std::error_code error;
+    std::size_t entries = 0;
+    // Folders too are counted, so that the question is asked also where there is no file for long.
+    for (fs::recursive_directory_iterator it(folder, fs::directory_options::skip_permission_denied, error),
+         end;
+         it != end; it.increment(error)) {
+        if (++entries % entriesBetweenQuestions == 0 && !shouldContinue(files.size()))
             return std::nullopt;
+        const auto name = it->path().filename().string();
+        std::error_code unknown;
+        const bool isFolder = it->is_directory(unknown);
+        if (isFolder && !isLookedInto(name, folders))
+            it.disable_recursion_pending();
+        else if (!name.starts_with('.') && it->is_regular_file(unknown)
+            && fits.match(pathText(name)).hasMatch())
+            files.push_back(it->path().string());
     }
     std::ranges::sort(files);
     return files;

@@ -24,7 +24,7 @@
 namespace kevra {
 namespace {
 
-constexpr auto firstPatterns = "*.html;*.htm;*.shtml;*.asp;*.php;*.css;*.js;*.vbs;*.txt";
+constexpr auto firstPatterns = "*.html;*.htm;*.shtml;*.asp;*.php;*.css;*.js;*.vbs;*.wsf;*.wsc;*.hta;*.txt";
 constexpr QSize firstSize(800, 520);
 constexpr int pathWidth = 320;
 constexpr int hitsWidth = 60;
@@ -42,7 +42,9 @@ MultiDialog::MultiDialog(
     , m_patterns(named<QLineEdit>("tmpattern", this, "File name patterns"))
     , m_case(named<QCheckBox>("ckmcase", this))
     , m_whole(named<QCheckBox>("ckmwhole", this))
+    , m_expression(named<QCheckBox>("ckmexpr", this))
     , m_backup(named<QCheckBox>("ckmbackup", this))
+    , m_everyFolder(named<QCheckBox>("ckmevery", this))
     , m_list(named<QTreeWidget>("lmfiles", this, "Files"))
     , m_progress(named<QProgressBar>("pmprogress", this, "Progress"))
     , m_summary(named<QLabel>("tmsummary", this))
@@ -67,12 +69,16 @@ void MultiDialog::createControls()
     m_whole->setToolTip("Not as a part of a longer word");
     m_backup->setText("&Keep a backup");
     m_backup->setToolTip("Keep the old content of each changed file beside it, as \".bak\"");
+    m_expression->setText("Regular e&xpression");
+    m_expression->setToolTip(
+        "The string is a pattern such as \"colou?r\"; \\1 in the replacement is its first group");
+    m_everyFolder->setText("&Every folder");
+    m_everyFolder->setToolTip("Also the folders named .git and node_modules");
     m_list->setHeaderLabels({"File", "Hits", "Result"});
-    m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setTextElideMode(Qt::ElideMiddle);
-    m_list->setToolTip("Files and folders can be dropped here");
+    m_list->setToolTip("Files and folders can be dropped here; a double click opens a file, or a line of it");
     m_list->header()->setStretchLastSection(true);
     m_list->headerItem()->setTextAlignment(HitsColumn, Qt::AlignCenter);
     m_list->setColumnWidth(PathColumn, pathWidth);
@@ -109,6 +115,10 @@ void MultiDialog::layOut()
     auto *folder = button("bmfolder", "ADD FOLDER...", "Add the files of a folder that fit the pattern");
     auto *add = button("bmadd", "ADD FILES...", "Add files to the list");
     auto *remove = button("bmremove", "REMOVE", "Take the selected files off the list");
+    auto *open = button("bmopen", "OPEN", "Show the chosen line in the editor");
+    m_undo = button("bmundo", "UNDO REPLACEMENT",
+        "Give the files their old content, those that have not been changed since");
+    m_undo->setEnabled(false);
     m_cancel = button("bmcancel", "CANCEL", "Stop before the next file");
     m_cancel->setEnabled(false);
     preview->setDefault(true);
@@ -119,15 +129,19 @@ void MultiDialog::layOut()
     grid->addWidget(hint, 2, 1, 1, 3);
     grid->addWidget(m_case, 3, 1);
     grid->addWidget(m_whole, 3, 2);
-    grid->addWidget(m_backup, 3, 3);
+    grid->addWidget(m_expression, 3, 3);
+    grid->addWidget(m_undo, 3, 4);
     row(4, "FILES OF A FOLDER:", m_patterns, folder);
-    grid->addWidget(m_list, 5, 0, 3, 4);
-    grid->addWidget(add, 5, 4, Qt::AlignTop);
-    grid->addWidget(remove, 6, 4, Qt::AlignTop);
-    grid->addWidget(m_progress, 8, 0, 1, 4);
-    grid->addWidget(m_cancel, 8, 4);
-    grid->addWidget(m_summary, 9, 0, 1, 5);
-    grid->setRowStretch(7, 1);
+    grid->addWidget(m_everyFolder, 5, 1);
+    grid->addWidget(m_backup, 5, 2, 1, 2);
+    grid->addWidget(m_list, 6, 0, 4, 4);
+    grid->addWidget(add, 6, 4, Qt::AlignTop);
+    grid->addWidget(remove, 7, 4, Qt::AlignTop);
+    grid->addWidget(open, 8, 4, Qt::AlignTop);
+    grid->addWidget(m_progress, 10, 0, 1, 4);
+    grid->addWidget(m_cancel, 10, 4);
+    grid->addWidget(m_summary, 11, 0, 1, 5);
+    grid->setRowStretch(9, 1);
     grid->setColumnStretch(3, 1);
 
     connect(preview, &QPushButton::clicked, this, [this] { run([this] { m_commands.preview(); }); });
@@ -135,6 +149,9 @@ void MultiDialog::layOut()
     connect(folder, &QPushButton::clicked, this, &MultiDialog::addFolder);
     connect(add, &QPushButton::clicked, this, &MultiDialog::addFiles);
     connect(remove, &QPushButton::clicked, this, &MultiDialog::removeSelected);
+    connect(open, &QPushButton::clicked, this, &MultiDialog::openChosen);
+    connect(m_list, &QTreeWidget::itemDoubleClicked, this, &MultiDialog::openChosen);
+    connect(m_undo, &QPushButton::clicked, this, [this] { run([this] { m_commands.undoReplacement(); }); });
     connect(m_cancel, &QPushButton::clicked, this, [this] { m_cancelled = true; });
 }
 
@@ -150,7 +167,7 @@ void MultiDialog::run(const std::function<void()> &work)
             control->setEnabled(control == m_cancel);
     work();
     for (auto *control : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-        control->setEnabled(control != m_cancel);
+        control->setEnabled(control != m_cancel && (control != m_undo || m_undoPossible));
     if (focus && focus != m_cancel)
         focus->setFocus();
 }
@@ -159,7 +176,8 @@ MultiRequest MultiDialog::entered() const
 {
     return {
         {m_text->text().toStdString(), m_replacement->text().toStdString(),
-            m_case->isChecked() ? Case::Match : Case::Ignore, m_whole->isChecked() ? Word::Whole : Word::Any},
+            m_case->isChecked() ? Case::Match : Case::Ignore, m_whole->isChecked() ? Word::Whole : Word::Any,
+            m_expression->isChecked() ? Pattern::Expression : Pattern::Text},
         m_backup->isChecked()};
 }
 
@@ -184,6 +202,29 @@ void MultiDialog::showFile(std::size_t index, const ListedFile &file)
     item->setText(HitsColumn, counted ? QString::number(file.hits) : QString());
     item->setText(OutcomeColumn, QString::fromStdString(outcomeText(file.outcome)));
     item->setToolTip(OutcomeColumn, item->text(OutcomeColumn));
+    qDeleteAll(item->takeChildren());
+    for (const auto &line : file.lines) {
+        auto *child = new QTreeWidgetItem(
+            item, {QString("%1:  %2").arg(line.number).arg(QString::fromStdString(line.text).simplified())});
+        child->setData(PathColumn, Qt::UserRole, QVariant::fromValue<qint64>(line.number));
+        child->setFirstColumnSpanned(true);
+    }
+}
+
+void MultiDialog::openChosen()
+{
+    const auto *item = m_list->currentItem();
+    if (!item || m_running)
+        return;
+    const auto *file = item->parent() ? item->parent() : item;
+    const auto *line = item->parent() || item->childCount() == 0 ? item : item->child(0);
+    emit lineChosen(
+        file->toolTip(PathColumn), std::max<qint64>(1, line->data(PathColumn, Qt::UserRole).toLongLong()));
+}
+
+void MultiDialog::showUndo(bool possible)
+{
+    m_undoPossible = possible;
 }
 
 bool MultiDialog::letsGoOn()
@@ -233,6 +274,7 @@ void MultiDialog::add(const std::vector<std::string> &paths)
             }
             const auto before = all.size();
             const auto inside = filesInFolder(path, m_patterns->text().toStdString(),
+                m_everyFolder->isChecked() ? Folders::Every : Folders::WithoutTools,
                 [&](std::size_t found) { return looksOn(before + found); });
             if (!inside)
                 break;
@@ -251,7 +293,7 @@ void MultiDialog::removeSelected()
 {
     std::vector<std::size_t> indexes;
     for (const auto &row : m_list->selectionModel()->selectedRows())
-        indexes.push_back(static_cast<std::size_t>(row.row()));
+        indexes.push_back(static_cast<std::size_t>((row.parent().isValid() ? row.parent() : row).row()));
     m_commands.removeFiles(indexes);
 }
 

@@ -27,6 +27,10 @@ public:
 
     [[nodiscard]] MultiReplace &commands() { return m_commands; }
 
+signals:
+    /// A line, from 1, of a file in the list is to be shown in the editor.
+    void lineChosen(const QString &path, qint64 line);
+
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -38,6 +42,8 @@ private:
     void showFile(std::size_t index, const ListedFile &file) override;
     bool shouldContinue(std::size_t done, std::size_t total) override;
     void showSummary(const std::string &text) override;
+    void showUndo(bool possible) override;
+    void openChosen();
     void createControls();
     void layOut();
     void addFiles();
@@ -59,11 +65,15 @@ private:
     QLineEdit *m_patterns;
     QCheckBox *m_case;
     QCheckBox *m_whole;
+    QCheckBox *m_expression;
     QCheckBox *m_backup;
+    QCheckBox *m_everyFolder;
     QTreeWidget *m_list;
     QProgressBar *m_progress;
     QLabel *m_summary;
     QPushButton *m_cancel;
+    QPushButton *m_undo;
+    bool m_undoPossible = false;
     bool m_running = false;
     bool m_cancelled = false;
 };

@@ -3,7 +3,7 @@
 
 #include "document/file_types.h"
 #include "encoding/text_codec.h"
-#include "find/replacement.h"
+#include "find/hit_finder.h"
 
 #include <algorithm>
 #include <array>
@@ -16,6 +16,8 @@ namespace kevra {
 namespace {
 
 constexpr int maxBackups = 1000;
+constexpr std::size_t mostLines = 200; ///< of one file
+constexpr std::size_t longestLine = 200; ///< bytes
 
 struct OutcomeText {
     FileOutcome outcome;
@@ -24,6 +26,7 @@ struct OutcomeText {
 
 constexpr std::array outcomeTexts{
     OutcomeText{FileOutcome::Replaced, "replaced"},
+    OutcomeText{FileOutcome::PutBack, "put back"},
     OutcomeText{FileOutcome::Unreadable, "cannot be read"},
     OutcomeText{FileOutcome::Binary, "is no text"},
     OutcomeText{FileOutcome::Endless, "is too big to process further"},
@@ -82,10 +85,39 @@ std::variant<Change, FileOutcome> changeOf(
     auto decoded = decodeFile(*bytes, textKind(path));
     if (isBinary(*bytes, decoded.format))
         return FileOutcome::Binary;
-    auto result = replacedAll(decoded.text, request.text, request.replacement, request.options());
+    auto result = HitFinder(request).replacedAll(decoded.text);
     if (std::holds_alternative<Endless>(result))
         return FileOutcome::Endless;
     return Change{std::move(*bytes), std::move(decoded), std::get<Replacement>(std::move(result))};
+}
+
+/// A beginning that ends between two characters.
+std::string shortened(std::string_view line)
+{
+    auto end = std::min(line.size(), longestLine);
+    while (end < line.size() && end > 0 && (line[end] & 0xC0) == 0x80)
+        --end;
+    return std::string(line.substr(0, end));
+}
+
+std::vector<HitLine> linesOf(std::string_view text, const std::vector<TextRange> &hits)
+{
+    std::vector<HitLine> lines;
+    Offset number = 1;
+    std::size_t lineStart = 0;
+    for (const auto &hit : hits) {
+        const auto at = static_cast<std::size_t>(hit.start);
+        for (auto end = text.find('\n', lineStart); end < at; end = text.find('\n', lineStart)) {
+            lineStart = end + 1;
+            ++number;
+        }
+        if (!lines.empty() && lines.back().number == number)
+            continue;
+        if (lines.size() == mostLines)
+            break;
+        lines.push_back({number, shortened(text.substr(lineStart, text.find('\r', lineStart) - lineStart))});
+    }
+    return lines;
 }
 
 std::string applied(const Change &change)
@@ -138,7 +170,7 @@ void MultiReplace::clearFiles()
 
 bool MultiReplace::canStart(const MultiRequest &request)
 {
-    if (!hasText(request.find, m_messages))
+    if (!hasText(request.find, m_messages) || !isSound(HitFinder(request.find), m_messages))
         return false;
     if (m_files.empty())
         m_messages.stop("No files have been chosen.");
@@ -148,6 +180,7 @@ bool MultiReplace::canStart(const MultiRequest &request)
 void MultiReplace::lookAt(ListedFile &file, const FindRequest &request) const
 {
     file.hits = 0;
+    file.lines.clear();
     // Before the reading: a change in between is noticed at the writing.
     file.stamp = m_store.stamp(file.path);
     if (!file.stamp) {
@@ -165,6 +198,9 @@ void MultiReplace::lookAt(ListedFile &file, const FindRequest &request) const
     }
     file.hits = std::get<Change>(change).replacement.count;
     file.outcome = file.hits > 0 ? FileOutcome::Hits : FileOutcome::NoHits;
+    const auto &text = std::get<Change>(change).decoded.text;
+    if (file.hits > 0)
+        file.lines = linesOf(text, HitFinder(request).all(text));
 }
 
 void MultiReplace::tellUnsaved() const
@@ -239,8 +275,60 @@ void MultiReplace::replaceIn(ListedFile &file, const MultiRequest &request)
     if (request.backup && !keepBackup(file.path, change.bytes))
         return fail(FileOutcome::BackupFailed);
     file.outcome = outcomeOf(m_store.write(file.path, encoded.bytes));
-    if (file.outcome == FileOutcome::Replaced)
-        m_open.fileWritten(file.path);
+    if (file.outcome != FileOutcome::Replaced)
+        return;
+    keepOld(file.path, change.bytes, encoded.bytes);
+    m_open.fileWritten(file.path);
+}
+
+void MultiReplace::keepOld(const std::string &path, std::string_view before, std::string_view after)
+{
+    const auto start = static_cast<std::size_t>(std::ranges::mismatch(before, after).in1 - before.begin());
+    std::size_t same = 0;
+    while (same < std::min(before.size(), after.size()) - start
+        && before[before.size() - same - 1] == after[after.size() - same - 1])
+        ++same;
+    m_old.push_back({path, m_store.stamp(path), start, after.size() - same - start,
+        std::string(before.substr(start, before.size() - same - start))});
+}
+
+FileOutcome MultiReplace::putBack(const OldContent &old)
+{
+    const auto now = m_store.stamp(old.path);
+    if (!now)
+        return FileOutcome::Gone;
+    if (now != old.stamp)
+        return FileOutcome::Changed;
+    if (m_open.hasUnsavedChangesOf(old.path))
+        return FileOutcome::UnsavedInEditor;
+    auto bytes = m_store.read(old.path);
+    if (!bytes)
+        return FileOutcome::Unreadable;
+    const auto outcome = outcomeOf(m_store.write(old.path, bytes->replace(old.start, old.length, old.bytes)));
+    if (outcome != FileOutcome::Replaced)
+        return outcome;
+    m_open.fileWritten(old.path);
+    return FileOutcome::PutBack;
+}
+
+void MultiReplace::undoReplacement()
+{
+    Offset done = 0;
+    for (const auto &old : std::exchange(m_old, {})) {
+        const auto outcome = putBack(old);
+        done += outcome == FileOutcome::PutBack;
+        const auto listed = std::ranges::find(m_files, old.path, &ListedFile::path);
+        if (listed == m_files.end())
+            continue;
+        listed->outcome = outcome;
+        m_view.showFile(static_cast<std::size_t>(listed - m_files.begin()), *listed);
+        if (outcome == FileOutcome::UnsavedInEditor)
+            m_old.push_back(old);
+    }
+    m_previewed.reset();
+    m_view.showUndo(!m_old.empty());
+    m_view.showSummary(counted(done, "file") + " put back.");
+    tellUnsaved();
 }
 
 void MultiReplace::replaceAll()
@@ -253,6 +341,7 @@ void MultiReplace::replaceAll()
     if (!wantsReplaceAll(request.find, m_messages))
         return;
     m_previewed.reset();
+    m_old.clear();
     m_view.showSummary("Replacing...");
     Offset hits = 0;
     Offset files = 0;
@@ -273,6 +362,7 @@ void MultiReplace::replaceAll()
     }
     if (!cancelled)
         m_view.shouldContinue(m_files.size(), m_files.size());
+    m_view.showUndo(!m_old.empty());
     m_view.showSummary(std::string(cancelled ? "Cancelled. " : "") + counted(hits, "replacement") + " in "
         + counted(files, "file") + ", " + counted(skipped, "file") + " left out.");
 }

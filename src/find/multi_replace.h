@@ -17,6 +17,7 @@ enum class FileOutcome {
     Hits,
     NoHits,
     Replaced,
+    PutBack,
     Unreadable,
     Binary,
     Endless,
@@ -34,11 +35,17 @@ enum class FileOutcome {
 /// For people; empty for what the number of hits says already.
 [[nodiscard]] std::string outcomeText(FileOutcome outcome);
 
+struct HitLine {
+    Offset number = 0; ///< from 1
+    std::string text; ///< of a long line its beginning
+};
+
 struct ListedFile {
     std::string path;
     FileOutcome outcome = FileOutcome::Added;
     Offset hits = 0;
     std::optional<FileStamp> stamp; ///< when it was looked at
+    std::vector<HitLine> lines = {}; ///< the first of those with hits
 };
 
 struct MultiRequest {
@@ -57,12 +64,15 @@ public:
     /// False when the user wants it to stop before the next file.
     virtual bool shouldContinue(std::size_t done, std::size_t total) = 0;
     virtual void showSummary(const std::string &text) = 0;
+    virtual void showUndo(bool possible) = 0;
 };
 
 /// The document in the editor, as far as its file is concerned.
 class OpenDocument {
 public:
     virtual ~OpenDocument() = default;
+    /// Also under another name.
+    [[nodiscard]] virtual bool isDocument(const std::string &path) const = 0;
     [[nodiscard]] virtual bool hasUnsavedChangesOf(const std::string &path) const = 0;
     /// If it is the document's file, the document takes what is there now.
     virtual void fileWritten(const std::string &path) = 0;
@@ -86,8 +96,21 @@ public:
     void preview();
     /// Writes what the preview has shown; without one of just these entries it only makes one.
     void replaceAll();
+    /// Gives the files of the last replacement their old content, those that nobody has changed since.
+    void undoReplacement();
 
 private:
+    /// What a written file was before, where it differs.
+    struct OldContent {
+        std::string path;
+        std::optional<FileStamp> stamp; ///< after the writing
+        std::size_t start = 0;
+        std::size_t length = 0; ///< of what is there now
+        std::string bytes; ///< that were there
+    };
+    void keepOld(const std::string &path, std::string_view before, std::string_view after);
+    [[nodiscard]] FileOutcome putBack(const OldContent &old);
+
     [[nodiscard]] bool canStart(const MultiRequest &request);
     void look(const MultiRequest &request);
     void lookAt(ListedFile &file, const FindRequest &request) const;
@@ -100,6 +123,7 @@ private:
     Messages &m_messages;
     MultiView &m_view;
     std::vector<ListedFile> m_files;
+    std::vector<OldContent> m_old; ///< of the last replacement
     std::optional<MultiRequest> m_previewed; ///< what the list shows the hits of
 };
 

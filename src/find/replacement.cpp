@@ -6,7 +6,6 @@
 namespace kevra {
 namespace {
 
-constexpr Offset longestResult = Offset{1} << 30; ///< the control counts in 32 bits
 constexpr Offset longestCharacter = 4; ///< bytes of UTF-8
 
 std::string_view part(std::string_view text, Offset start, Offset end)

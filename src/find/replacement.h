@@ -12,6 +12,8 @@
 
 namespace kevra {
 
+inline constexpr Offset longestResult = Offset{1} << 30; ///< bytes; the control counts in 32 bits
+
 /// All the replacements as one edit.
 struct Replacement {
     TextRange range; ///< of the old text; empty when nothing was found

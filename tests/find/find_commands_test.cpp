@@ -4,11 +4,12 @@
 #include "colour/marks_of.h"
 #include "editor/memory_surface.h"
 #include "fakes/messages.h"
-#include "find/replacement.h"
+#include "find/hit_finder.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
+#include <regex>
 
 namespace kevra {
 namespace {
@@ -19,10 +20,12 @@ public:
     void showCount(Offset number) override { count = number; }
     void hitSelected() override { }
     void showReplaced(Offset number) override { replaced = number; }
+    void showRound(std::string_view text) override { round = text; }
 
     FindRequest request;
     Offset count = -1;
     Offset replaced = -1;
+    std::string round;
 };
 
 class FindCommandsTest : public testing::Test {
@@ -47,20 +50,64 @@ TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)
         void (FindCommands::*command)();
         TextRange selection;
         const char *message;
+        const char *round = "";
     } const steps[] = {
         {&FindCommands::findFirst, {0, 2}, ""},
         {&FindCommands::findNext, {3, 5}, ""},
         {&FindCommands::findNext, {3, 5}, "No more occurences."},
-        {&FindCommands::findNext, {0, 2}, ""},
+        {&FindCommands::findNext, {0, 2}, "", "The search has gone on from the top."},
         {&FindCommands::findFirst, {0, 2}, ""},
         {&FindCommands::findNext, {3, 5}, ""},
+        {&FindCommands::findPrevious, {0, 2}, ""},
+        {&FindCommands::findPrevious, {0, 2}, "No more occurences."},
+        {&FindCommands::findPrevious, {3, 5}, "", "The search has gone on from the end."},
+        {&FindCommands::replaceAndFind, {3, 5}, "No more occurences."},
     };
+    view.request.replacement = "xy";
     for (const auto &step : steps) {
         messages.shown.clear();
         (commands.*step.command)();
         EXPECT_EQ(document.Selection(), step.selection);
         EXPECT_EQ(messages.last(), step.message);
+        EXPECT_EQ(view.round, step.round);
     }
+    EXPECT_EQ(document.Text(), "ab xy");
+}
+
+std::string crLf(const std::string &text)
+{
+    return std::regex_replace(text, std::regex("\n"), "\r\n");
+}
+
+TEST(HitFinder, FindsAndReplacesAsAnotherEngineDoes)
+{
+    constexpr const char *patterns[]
+        = {"a+b?", "^b", "b$", "(a|-)\n?b", "[^a]b|-", "\\bab\\b", "(b)(-)", ".$", "(a*)*b"};
+    std::mt19937 random(3);
+    for (int i = 0; i < 2000; ++i) {
+        std::string text(random() % 30, ' ');
+        for (char &c : text)
+            c = "aab-\n"[random() % 5];
+        const std::string pattern = patterns[random() % std::size(patterns)];
+        const FindRequest request{
+            .text = pattern, .replacement = "<\\0>", .letters = Case::Match, .pattern = Pattern::Expression};
+        const HitFinder finder(request);
+        ASSERT_EQ(finder.fault(), "");
+        const std::regex other(pattern, std::regex::ECMAScript | std::regex::multiline);
+        SCOPED_TRACE(pattern + " in \"" + text + "\"");
+        const auto given = crLf(text);
+        const auto result = std::get<Replacement>(finder.replacedAll(given));
+        auto replaced = given;
+        replaced.replace(static_cast<std::size_t>(result.range.start),
+            static_cast<std::size_t>(result.range.length()), result.text);
+        ASSERT_EQ(replaced, crLf(std::regex_replace(text, other, "<$&>")));
+        std::optional<TextRange> last;
+        for (auto hit = finder.first(given, 0); hit; hit = finder.first(given, hit->end))
+            last = hit;
+        ASSERT_EQ(finder.last(given, std::ssize(given) + 1), last);
+    }
+    EXPECT_NE(HitFinder({.text = "(", .pattern = Pattern::Expression}).fault(), "");
+    EXPECT_NE(HitFinder({.text = "a", .replacement = "\\1", .pattern = Pattern::Expression}).fault(), "");
 }
 
 TEST_F(FindCommandsTest, SaysWhyNothingHappens)

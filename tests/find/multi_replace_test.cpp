@@ -19,6 +19,7 @@ public:
     void showFile(std::size_t index, const ListedFile &file) override { outcomes[index] = file.outcome; }
     bool shouldContinue(std::size_t done, std::size_t) override { return done != cancelAt; }
     void showSummary(const std::string &text) override { summary = text; }
+    void showUndo(bool) override { }
 
     MultiRequest request{{.text = "old", .replacement = "new"}};
     std::vector<FileOutcome> outcomes;
@@ -28,6 +29,7 @@ public:
 
 class FakeOpenDocument : public OpenDocument {
 public:
+    bool isDocument(const std::string &) const override { return false; }
     bool hasUnsavedChangesOf(const std::string &path) const override { return path == unsaved; }
     void fileWritten(const std::string &path) override { written.push_back(path); }
 
@@ -73,6 +75,11 @@ TEST_F(MultiReplaceTest, KeepsEncodingsAndLineEnds)
     multi.replaceAll();
     for (const auto &c : cases)
         EXPECT_EQ(files.files[c.path], c.after) << c.path;
+    std::ignore = files.write("dos.html", "changed since");
+    multi.undoReplacement();
+    for (const auto &c : cases)
+        EXPECT_EQ(files.files[c.path], c.path == std::string("dos.html") ? "changed since" : c.before)
+            << c.path;
     EXPECT_EQ(view.summary, "7 replacements in 6 files, 0 files left out.");
     EXPECT_EQ(files.files.size(), std::size(cases)) << "no backup that was not asked for";
     EXPECT_EQ(files.writes.count("without.txt"), 0u);
