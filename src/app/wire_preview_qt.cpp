@@ -103,6 +103,9 @@ void PreviewSide::connectBrowser()
     on(&BrowserWindow::helpAsked, [this] { commands().helpFromBrowser(); });
     on(&BrowserWindow::referenceAsked, [this] { commands().referenceFromBrowser(); });
     on(&BrowserWindow::firstShown, [this] { commands().browserFirstShown(); });
+    on(&BrowserWindow::zoomAsked, [this](int steps) { m_control->zoom(steps); });
+    on(&BrowserWindow::findAsked,
+        [this](const QString &text, bool backward) { m_control->find(text, backward); });
     on(&BrowserWindow::sizeAsked, [this](const QSize &size) {
         m_control->resizeTo(size.width(), size.height());
         m_window->setPageSize(size);

@@ -12,6 +12,7 @@
 #include <QtGui/QOpenGLContext>
 
 #include <filesystem>
+#include <utility>
 
 // Exported by Qt for its own modules, which create the shared context the same way when they come late.
 Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext *context);
@@ -112,6 +113,8 @@ bool BrowserControlQt::navigate(const std::string &path, const PageScope &scope)
     m_askedPath = path;
     m_askedUrl = addressOfFile(nativePath(path));
     m_engine->navigate(m_askedUrl);
+    if (std::exchange(m_zoomedPath, path) != path)
+        m_engine->zoom(0);
     return true;
 }
 
@@ -134,6 +137,23 @@ void BrowserControlQt::unload()
     if (m_engine)
         m_engine->unload();
     m_window.showProgress(100);
+}
+
+void BrowserControlQt::zoom(int steps)
+{
+    if (m_engine)
+        m_engine->zoom(steps);
+}
+
+void BrowserControlQt::find(const QString &text, bool backward)
+{
+    if (m_engine)
+        m_engine->find(text, backward);
+}
+
+void BrowserControlQt::found(int place, int places)
+{
+    m_window.showFound(place, places);
 }
 
 bool BrowserControlQt::beforeNavigate(const QUrl &url, bool mainFrame)

@@ -28,6 +28,8 @@ public:
     void follow(const std::string &address) override;
     void resizeTo(int width, int height) override;
     void unload() override;
+    void zoom(int steps); ///< 0: back to the natural size
+    void find(const QString &text, bool backward);
 
 private:
     [[nodiscard]] bool beforeNavigate(const QUrl &url, bool mainFrame) override;
@@ -36,6 +38,7 @@ private:
     void loadProgress(int percent) override;
     void loadFinished() override;
     void processDied() override;
+    void found(int place, int places) override;
 
     [[nodiscard]] bool loadEngine();
 
@@ -46,6 +49,7 @@ private:
     Remote m_remote = Remote::Off;
     std::string m_askedPath; ///< as it was asked for, and the address it got
     QUrl m_askedUrl;
+    std::string m_zoomedPath; ///< the page whose size the user chose
 };
 
 } // namespace kevra

@@ -23,6 +23,7 @@ public:
     virtual void loadProgress(int percent) = 0; ///< 0 when loading starts, 100 when it is over
     virtual void loadFinished() = 0;
     virtual void processDied() = 0; ///< not by unload()
+    virtual void found(int place, int places) = 0; ///< which of how many, both 0 for none
 };
 
 class BrowserEngine {
@@ -33,6 +34,8 @@ public:
     virtual void follow(const QUrl &url) = 0; ///< in the page there is
     virtual void runScript(const QString &script) = 0;
     virtual void unload() = 0; ///< ends the page and its process
+    virtual void zoom(int steps) = 0; ///< 0: back to the natural size; stays from page to page
+    virtual void find(const QString &text, bool backward) = 0; ///< and marks; an empty text ends that
     [[nodiscard]] virtual bool isSandboxed() const = 0;
 };
 

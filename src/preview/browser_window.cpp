@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/browser_window.h"
 
+#include "preview/find_bar_panel.h"
 #include "widgets/named_qt.h"
 
 #include <QtGui/QAction>
@@ -26,6 +27,12 @@ struct ViewSize {
     QSize size; ///< what is left of a screen of the size in the caption
 };
 constexpr ViewSize viewSizes[] = {{"m15", {800, 490}}, {"m17", {1024, 658}}};
+
+struct Zoom {
+    const char *item;
+    int steps;
+};
+constexpr Zoom zooms[] = {{"mzoomin", 1}, {"mzoomout", -1}, {"mzoomnormal", 0}};
 
 struct Plain {
     const char *item;
@@ -55,6 +62,10 @@ constexpr MenuRow menuRows[] = {
     {"m17", "&17\" View - 1024x768", ""},
     {"mreset", "&Reset Window", ""},
     {"mrefresh", "&Refresh", "F5"},
+    {"mfindpage", "&Find in Page", "Ctrl+F"},
+    {"mzoomin", "Zoom &In", "Ctrl++; Ctrl+="},
+    {"mzoomout", "Zoom &Out", "Ctrl+-"},
+    {"mzoomnormal", "Natural Si&ze", "Ctrl+0"},
     {"mremote", "&Load Remote Content", ""},
     {"mhelp", "&Help", nullptr},
     {"mcallhelp", "&KEVRA Help", "F1"},
@@ -83,7 +94,8 @@ void BrowserWindow::createMenus()
             menu->setObjectName(row.name);
             continue;
         }
-        auto *action = menu->addAction(row.caption, QKeySequence(row.key));
+        auto *action = menu->addAction(row.caption);
+        action->setShortcuts(QKeySequence::listFromString(row.key));
         action->setObjectName(row.name);
         connect(action, &QAction::triggered, this, [this, name = QString(row.name)] { run(name); });
     }
@@ -122,6 +134,10 @@ void BrowserWindow::createControls()
     page->setContentsMargins({});
     m_frame->setWidget(m_page);
     column->addWidget(m_frame, 1);
+    m_find = new FindBar(inner);
+    column->addWidget(m_find);
+    connect(m_find, &FindBar::findAsked, this, &BrowserWindow::findAsked);
+    connect(m_find, &FindBar::closed, this, [this] { m_page->setFocus(); });
     column->setContentsMargins(6, 6, 6, 0);
     setCentralWidget(inner);
     connect(text, &QPushButton::clicked, this, &BrowserWindow::textAsked);
@@ -147,6 +163,12 @@ void BrowserWindow::run(const QString &item)
         if (item == plain.item)
             emit(this->*plain.asked)();
     }
+    for (const auto &zoom : zooms) {
+        if (item == zoom.item)
+            emit zoomAsked(zoom.steps);
+    }
+    if (item == "mfindpage")
+        m_find->open();
     for (const auto &view : viewSizes) {
         if (item == view.item)
             emit sizeAsked(view.size);
@@ -185,6 +207,11 @@ void BrowserWindow::showNote(const QString &note)
     statusBar()->addWidget(label);
 }
 
+void BrowserWindow::showFound(int place, int places)
+{
+    m_find->showFound(place, places);
+}
+
 void BrowserWindow::setPageSize(const QSize &size)
 {
     m_page->setFixedSize(size);
@@ -197,6 +224,7 @@ void BrowserWindow::resetWindow()
     m_page->setMinimumSize(0, 0);
     m_page->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     m_frame->setWidgetResizable(true);
+    emit zoomAsked(0);
     showNormal();
     showMaximized();
 }
@@ -212,6 +240,8 @@ bool BrowserWindow::event(QEvent *event)
     const bool handled = QMainWindow::event(event);
     if (event->type() == QEvent::WindowActivate)
         setLinkTarget(invitation);
+    if (event->type() == QEvent::Hide)
+        m_find->close();
     if (event->type() == QEvent::Show && !m_wasShown) {
         m_wasShown = true;
         // As the reset leaves it. Not earlier: the web engine's view makes the native window anew.

@@ -11,6 +11,8 @@ class QScrollArea;
 
 namespace kevra {
 
+class FindBar;
+
 class BrowserWindow : public QMainWindow {
     Q_OBJECT
 
@@ -21,6 +23,7 @@ public:
     void setLinkTarget(const QString &text);
     void showProgress(int percent); ///< 100: nothing is being loaded
     void showNote(const QString &note); ///< stays
+    void showFound(int place, int places); ///< which of how many, both 0 for none
     void setPageSize(const QSize &size); ///< of `wb1`, until the window is reset
 
 signals:
@@ -33,6 +36,10 @@ signals:
     void referenceAsked();
     void remoteChanged(bool on);
     void firstShown();
+    /// Nothing to find takes the marks away.
+    void findAsked(const QString &text, bool backward);
+    /// 0 is the natural size.
+    void zoomAsked(int steps);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -48,6 +55,7 @@ private:
     QLineEdit *m_url;
     QScrollArea *m_frame;
     QWidget *m_page; ///< `wb1`
+    FindBar *m_find;
     QProgressBar *m_progress;
     QLabel *m_network;
     bool m_wasShown = false;

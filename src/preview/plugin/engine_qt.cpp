@@ -7,6 +7,7 @@
 #include <QtGui/QAccessible>
 #include <QtGui/QWheelEvent>
 #include <QtWebEngineCore/QWebEngineDownloadRequest>
+#include <QtWebEngineCore/QWebEngineFindTextResult>
 #include <QtWebEngineCore/QWebEngineProfile>
 #include <QtWebEngineCore/QWebEngineSettings>
 #include <QtWebEngineCore/QWebEngineUrlRequestInterceptor>
@@ -120,13 +121,14 @@ public:
             m_page->runJavaScript(script);
     }
     void unload() override { navigateNowhere(); }
+    void zoom(int steps) override;
+    void find(const QString &text, bool backward) override;
 
 private:
     void newPage();
     void endPage();
     /// Without a page the view would make one of its own, in the profile that writes to the disk.
     void navigateNowhere() { newPage(); }
-    void zoom(int steps);
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     QPointer<QWebEngineView> m_view;
@@ -170,8 +172,16 @@ void Engine::endPage()
 
 void Engine::zoom(int steps)
 {
-    m_zoom = std::clamp(m_zoom * std::pow(1.1, steps), 0.25, 5.0);
+    m_zoom = steps == 0 ? 1 : std::clamp(m_zoom * std::pow(1.1, steps), 0.25, 5.0);
     m_page->setZoomFactor(m_zoom);
+}
+
+void Engine::find(const QString &text, bool backward)
+{
+    const auto flags = backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags();
+    m_page->findText(text, flags, [this](const QWebEngineFindTextResult &result) {
+        m_events.found(result.activeMatch(), result.numberOfMatches());
+    });
 }
 
 bool Engine::eventFilter(QObject *watched, QEvent *event)
