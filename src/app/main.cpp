@@ -5,8 +5,11 @@
 
 #include <QtWidgets/QApplication>
 
+#include <cstdio>
 #include <filesystem>
 #include <span>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -22,10 +25,32 @@ std::string commandLine(std::span<char *> arguments)
     return std::filesystem::current_path(unknownFolder).string() + '/' + text;
 }
 
+constexpr auto usage = R"(Usage: kevra [FILE]
+
+Opens FILE, the whole of what is written, in the editor for web pages and Windows scripts.
+
+  --help     Print this and exit
+  --version  Print the version and exit
+
+Either opens a file of that very name where there is one.
+kevra-cli checks and colors files without a window.
+)";
+
+/// Nothing where a window is asked for. A file of that name goes before an option.
+const char *answerTo(std::string_view option)
+{
+    std::error_code error;
+    if (std::filesystem::exists(option, error))
+        return nullptr;
+    return option == "--help" ? usage : option == "--version" ? "kevra " KEVRA_VERSION "\n" : nullptr;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    if (const char *answer = argc == 2 ? answerTo(argv[1]) : nullptr)
+        return std::fputs(answer, stdout) < 0;
     QApplication::setApplicationName("kevra");
     QApplication::setApplicationDisplayName("");
     QApplication::setDesktopFileName("org.kevra.editor");

@@ -181,6 +181,10 @@ int main(int argc, char **argv)
     std::ios::sync_with_stdio(false);
     CLI::App app("Checks and colours web pages and Windows scripts.", "kevra-cli");
     app.require_subcommand(1);
+    app.set_version_flag("--version", "kevra-cli " KEVRA_VERSION, "Print the version and exit");
+    // One page with the options of every command.
+    app.set_help_flag();
+    app.set_help_all_flag("-h,--help", "Print this help and exit");
 
     CheckOptions checkOptions;
     auto *checkCommand = app.add_subcommand("check", "Look for common mistakes in scripts");

@@ -68,6 +68,12 @@ class Cli(unittest.TestCase):
             with self.subTest(arguments):
                 self.assertEqual(self.run_cli(*arguments)[0], 2)
 
+    def test_help_lists_every_option(self):
+        everything = self.run_cli("--help")[1]
+        for option in ("--version", "--all", "--no-if", "--format", "--mode"):
+            self.assertIn(option, everything)
+        self.assertRegex(self.run_cli("--version")[1], r"^kevra-cli \d+\.\d+\n$")
+
     def test_colour(self):
         page, script, plain = (self.file(name, data) for name, data in
                                [("p.htm", "é<b>x</b>\n".encode()), ("s.vbs", b"Dim x '--y\n"), ("t.txt", b"<b>")])
