@@ -55,6 +55,7 @@ void RecoveryJournal::textSaved()
     m_changed = false;
     m_changedSinceAutosave = false;
     forget();
+    m_store.textSaved(m_file.path());
 }
 
 void RecoveryJournal::textGivenUp()

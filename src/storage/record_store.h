@@ -22,6 +22,8 @@ public:
     /// The record stays for the next start, and a new one can begin. False when it is not on the disk.
     [[nodiscard]] virtual bool setRecordAside() = 0;
     virtual void writeAutosave(TextSnapshot snapshot) = 0;
+    /// An autosave file of the text that `path` now holds is not to be offered, nor `path` taken for one.
+    virtual void textSaved(const std::string &path) = 0;
     /// Everything has been written, or tried again, when this returns.
     virtual void finish() = 0;
 };

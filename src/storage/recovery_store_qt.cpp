@@ -10,11 +10,18 @@
 #include <fcntl.h>
 #include <filesystem>
 
+namespace fs = std::filesystem;
+
 namespace kevra {
 namespace {
 
 constexpr auto recordName = "record";
 constexpr auto autosaveName = "autosave";
+constexpr auto savedName = "saved";
+
+// In place of the number of the text in the note of an autosave file.
+constexpr std::string_view sinceSaved = "saved"; ///< the document has been, after it
+constexpr std::string_view isTheDocument = "document"; ///< the user has saved under this name
 
 std::vector<RecordFolder> recordFolders(const RecoveryStoreQt::Folders &folders)
 {
@@ -46,6 +53,7 @@ struct RecoveryStoreQt::Autosaved {
     std::string bytes;
     std::string path; ///< of the document; empty for new work
     std::uint64_t sequence = 0; ///< 0: nothing but the bytes is known
+    std::string standing; ///< the number, or why it is not to be offered
 
     /// Whether a record of the same program holds a later text.
     [[nodiscard]] bool isBefore(const RecoveryRecord &record, bool recordFileIsLater) const
@@ -116,12 +124,13 @@ std::optional<RecoveryStoreQt::Autosaved> RecoveryStoreQt::autosavedBy(int numbe
     auto bytes = regularContent(autosaveFile(number));
     if (!bytes)
         return std::nullopt;
-    Autosaved text{std::move(*bytes), {}, 0};
+    Autosaved text{std::move(*bytes), {}, 0, {}};
     const auto about = regularContent(m_folders.front().file(number, ".autosave"));
     const auto fields = about ? unsealed(*about) : std::nullopt;
     // What is known is known of these bytes only.
     if (fields && fields->size() == 3 && (*fields)[2] == std::to_string(fingerprint(text.bytes))) {
         text.path = (*fields)[0];
+        text.standing = (*fields)[1];
         std::from_chars((*fields)[1].data(), (*fields)[1].data() + (*fields)[1].size(), text.sequence);
     }
     return text;
@@ -151,15 +160,19 @@ void RecoveryStoreQt::putLeftoversAside(RecordFolder &folder, int number)
     if (!recorded)
         toBackups(record, record);
     const auto autosave = autosaveFile(number);
-    const auto autosaved = &folder == &records() ? autosavedBy(number) : std::nullopt;
+    auto autosaved = &folder == &records() ? autosavedBy(number) : std::nullopt;
+    const bool document = autosaved && autosaved->standing == isTheDocument;
+    if (document)
+        autosaved.reset();
     bool recordIsOffered = recorded.has_value();
     if (autosaved) {
         const bool before
             = recorded && autosaved->isBefore(*recorded, changeTime(record) >= changeTime(autosave));
         // One text is offered once, in its later form; the other form is kept as a version of it.
         const bool oneText = !recorded || autosaved->sequence == 0 || autosaved->path == recorded->path;
-        if (autosaved->bytes.empty() || (before && oneText)) {
-            toBackups(autosave, recorded && !recorded->path.empty() ? recorded->path : autosave);
+        if (autosaved->bytes.empty() || autosaved->standing == sinceSaved || (before && oneText)) {
+            const auto &path = recorded && !recorded->path.empty() ? recorded->path : autosaved->path;
+            toBackups(autosave, path.empty() ? autosave : path);
         } else {
             const auto sequence = autosaved->sequence > 0 ? autosaved->sequence : m_sequence.next();
             std::ignore = records().setAside(autosave, sequence, number, ".txt");
@@ -170,7 +183,8 @@ void RecoveryStoreQt::putLeftoversAside(RecordFolder &folder, int number)
         std::ignore = folder.setAside(record, recorded->sequence, number, ".record");
     else if (recorded)
         toBackups(record, record);
-    ::unlink(folder.file(number, ".autosave").c_str());
+    if (!document)
+        ::unlink(folder.file(number, ".autosave").c_str());
     if (!ours)
         ::unlink(folder.file(number, ".lock").c_str());
 }
@@ -192,7 +206,7 @@ Saved RecoveryStoreQt::writeText(const TextSnapshot &snapshot, const char *kind)
     for (auto &folder : m_folders) {
         auto saved = folder.open();
         if (saved == Saved::Ok)
-            saved = writeAtomically(folder.ownFile(kind), bytes);
+            saved = writePrivately(folder.ownFile(kind), bytes);
         if (saved == Saved::Ok) {
             removeRecordsBut(&folder);
             return Saved::Ok;
@@ -246,15 +260,48 @@ bool RecoveryStoreQt::setRecordAside()
     return true;
 }
 
+bool RecoveryStoreQt::autosaveIsDocument() const
+{
+    const auto there = autosavedBy(m_folders.front().number());
+    return there && there->standing == isTheDocument;
+}
+
+Saved RecoveryStoreQt::noteAutosave(
+    const std::string &path, std::string_view standing, std::string_view bytes)
+{
+    return writePrivately(records().ownFile(".autosave"),
+        withChecksum({path, std::string(standing), std::to_string(fingerprint(bytes))}));
+}
+
 Saved RecoveryStoreQt::writeAutosaveFile(const TextSnapshot &snapshot)
 {
+    // The record keeps the text as well.
+    if (autosaveIsDocument())
+        return Saved::Ok;
     const auto bytes = fileBytes(snapshot);
-    const auto saved = writeAtomically(autosaveFile(records().number()), bytes);
+    const auto saved = writePrivately(autosaveFile(records().number()), bytes);
     if (saved == Saved::Ok)
-        std::ignore = writeAtomically(records().ownFile(".autosave"),
-            withChecksum(
-                {snapshot.path, std::to_string(m_sequence.next()), std::to_string(fingerprint(bytes))}));
+        std::ignore = noteAutosave(snapshot.path, std::to_string(m_sequence.next()), bytes);
     return saved;
+}
+
+void RecoveryStoreQt::textSaved(const std::string &path)
+{
+    if (records().number() > 0)
+        m_writer.run(savedName, [this, path] {
+            noteSaved(path);
+            return Saved::Ok;
+        });
+}
+
+void RecoveryStoreQt::noteSaved(const std::string &path)
+{
+    const auto there = autosavedBy(records().number());
+    std::error_code missing;
+    if (there && fs::equivalent(path, autosaveFile(records().number()), missing))
+        std::ignore = noteAutosave(path, isTheDocument, there->bytes);
+    else if (there && there->path == path && there->standing != isTheDocument)
+        std::ignore = noteAutosave(path, sinceSaved, there->bytes);
 }
 
 void RecoveryStoreQt::writeAutosave(TextSnapshot snapshot)
@@ -270,6 +317,8 @@ void RecoveryStoreQt::removeAutosave(bool written)
         return;
     m_writer.finish();
     m_writer.drop(autosaveName);
+    if (autosaveIsDocument())
+        return;
     const auto file = autosaveFile(records().number());
     ::unlink(records().ownFile(".autosave").c_str());
     if (written && !isOddFile(file))

@@ -32,6 +32,7 @@ public:
     void removeRecord() override;
     [[nodiscard]] bool setRecordAside() override;
     void writeAutosave(TextSnapshot snapshot) override;
+    void textSaved(const std::string &path) override;
     void finish() override { m_writer.finish(); }
     /// Whether the last record is on the disk; why it is not.
     [[nodiscard]] Saved recordOutcome() const;
@@ -52,6 +53,10 @@ private:
     [[nodiscard]] RecordFolder &records() { return m_folders.front(); }
     [[nodiscard]] std::string autosaveFile(int number) const;
     [[nodiscard]] Saved writeText(const TextSnapshot &snapshot, const char *kind);
+    [[nodiscard]] bool autosaveIsDocument() const;
+    void noteSaved(const std::string &path);
+    [[nodiscard]] Saved noteAutosave(
+        const std::string &path, std::string_view standing, std::string_view bytes);
     [[nodiscard]] Saved writeAutosaveFile(const TextSnapshot &snapshot);
     void removeRecordsBut(const RecordFolder *kept);
     void findLeftovers(RecordFolder &folder);

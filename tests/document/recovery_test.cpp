@@ -24,6 +24,7 @@ public:
         return !broken;
     }
     void writeAutosave(TextSnapshot snapshot) override { autosaved.push_back(fileBytes(snapshot)); }
+    void textSaved(const std::string &) override { }
     void finish() override { }
 
     [[nodiscard]] std::string text() const

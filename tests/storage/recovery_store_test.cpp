@@ -7,6 +7,7 @@
 
 #include <QtCore/QTemporaryDir>
 #include <filesystem>
+#include <fstream>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -83,6 +84,37 @@ TEST_F(RecoveryStoreOnDisk, AnOlderFormOfOneTextIsKeptAsItsVersion)
     open();
     EXPECT_EQ(offered(), Texts{"later"});
     EXPECT_EQ(backups.kept["/a.htm"], "earlier");
+}
+
+TEST_F(RecoveryStoreOnDisk, AnAutosaveOlderThanTheSaveIsNotOffered)
+{
+    auto &store = open();
+    store.writeAutosave(text("/a.htm", "before the save"));
+    store.textSaved("/a.htm");
+    store.finish();
+    kill();
+    open();
+    EXPECT_EQ(offered(), Texts());
+    EXPECT_EQ(backups.kept["/a.htm"], "before the save");
+}
+
+TEST_F(RecoveryStoreOnDisk, ADocumentNamedAsTheAutosaveFileIsNone)
+{
+    const auto document = state + "/autosave.txt";
+    auto *store = &open();
+    const auto stays = [&] {
+        store->removeAutosave(true);
+        store->writeAutosave(text(document, "not saved yet"));
+        store->finish();
+        return std::ifstream(document).get() == 'd';
+    };
+    std::ofstream(document) << "document";
+    store->textSaved(document);
+    EXPECT_TRUE(stays());
+    kill();
+    store = &open();
+    EXPECT_EQ(offered(), Texts());
+    EXPECT_TRUE(stays());
 }
 
 TEST_F(RecoveryStoreOnDisk, UsesTheSpareFolderAndGoesBack)
