@@ -61,7 +61,7 @@ TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)
         {&FindCommands::findPrevious, {0, 2}, ""},
         {&FindCommands::findPrevious, {0, 2}, "No more occurences."},
         {&FindCommands::findPrevious, {3, 5}, "", "The search has gone on from the end."},
-        {&FindCommands::replaceAndFind, {3, 5}, "No more occurences."},
+        {&FindCommands::replaceAndFind, {5, 5}, "No more occurences."},
     };
     view.request.replacement = "xy";
     for (const auto &step : steps) {

@@ -75,15 +75,15 @@ TEST_F(MultiReplaceTest, KeepsEncodingsAndLineEnds)
     multi.replaceAll();
     for (const auto &c : cases)
         EXPECT_EQ(files.files[c.path], c.after) << c.path;
+    EXPECT_EQ(view.summary, "7 replacements in 6 files, 0 files left out.");
+    EXPECT_EQ(files.files.size(), std::size(cases)) << "no backup that was not asked for";
+    EXPECT_EQ(files.writes.count("without.txt"), 0u);
+    EXPECT_EQ(open.written.size(), 6u);
     std::ignore = files.write("dos.html", "changed since");
     multi.undoReplacement();
     for (const auto &c : cases)
         EXPECT_EQ(files.files[c.path], c.path == std::string("dos.html") ? "changed since" : c.before)
             << c.path;
-    EXPECT_EQ(view.summary, "7 replacements in 6 files, 0 files left out.");
-    EXPECT_EQ(files.files.size(), std::size(cases)) << "no backup that was not asked for";
-    EXPECT_EQ(files.writes.count("without.txt"), 0u);
-    EXPECT_EQ(open.written.size(), 6u);
 }
 
 TEST_F(MultiReplaceTest, LeavesOutWhatCannotBeReplaced)
