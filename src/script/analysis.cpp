@@ -42,6 +42,8 @@ struct SymbolRule {
 };
 
 constexpr std::array symbolRules{
+    SymbolRule{checkRedefined, Needs::ItsNode},
+    SymbolRule{checkConstantAssigned, Needs::ItsNode},
     SymbolRule{checkLoopVariableChanged},
     SymbolRule{checkFunctionWithoutResult},
     SymbolRule{checkUnused},

@@ -6,16 +6,9 @@
 #include "script/parser.h"
 #include "script/surroundings.h"
 
-#include <string_view>
 #include <vector>
 
 namespace kevra::script {
-
-struct Surroundings {
-    Host host = Host::ScriptFile;
-    /// Other scripts are loaded beside this one: its names may be theirs.
-    bool includesOthers = false;
-};
 
 /// Ascending by place, without those that a comment switches off.
 [[nodiscard]] std::vector<Finding> analyse(const ParsedScript &script, const Surroundings &surroundings = {});

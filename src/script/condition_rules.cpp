@@ -184,7 +184,9 @@ constexpr std::array guardFunctions{
             return true;
         if (symbol != 0 && model.symbols.symbol(symbol).ownScope != 0)
             return true;
-        if (symbol == 0 && builtin == nullptr && !builtinConstant(model.spelling(id)))
+        const auto above = model.parent(id);
+        const bool called = model.kind(above) == NodeKind::Apply && model.tree[above].firstChild == id;
+        if (called && symbol == 0 && builtin == nullptr)
             return true;
     }
     for (const auto child : model.tree.children(id)) {

@@ -13,7 +13,7 @@ Model::Model(const ParsedScript &parsed, const Surroundings &where)
     , tree(parsed.tree)
     , surroundings(where)
     , symbols(parsed)
-    , types(parsed, symbols, where.host)
+    , types(parsed, symbols, surroundings)
     , m_memberRead(parsed.names.size())
 {
     look();
@@ -40,7 +40,7 @@ void Model::look()
         const auto name = spelling(use.node);
         if (const auto *function = builtinFunction(name))
             m_runsText = m_runsText || function->name.starts_with("Execute") || function->name == "Eval";
-        else if (typeOfIntrinsic(name) == TypeId::Unknown && !builtinConstant(name))
+        else if (!isProvided(use.node))
             m_hasUnknownHost = true;
     }
 }
@@ -76,6 +76,12 @@ const BuiltinFunction *Model::builtinAt(NodeId name) const
                                                                        : nullptr;
 }
 
+bool Model::isProvided(NodeId name) const
+{
+    const auto spelled = spelling(name);
+    return builtinFunction(spelled) || builtinConstant(spelled) || types.ofProvided(spelled);
+}
+
 NodeId Model::around(NodeId id, NodeKind wanted) const
 {
     // Deeper than scripts go; a bound keeps hostile ones linear.
@@ -96,6 +102,11 @@ NodeId Model::procedureAround(NodeId id) const
     while (at != 0 && !isProcedure(kind(at)))
         at = parent(at);
     return at;
+}
+
+std::ptrdiff_t Model::unitOf(NodeId id) const
+{
+    return std::ranges::upper_bound(script.unitStarts, tree[id].range().start) - script.unitStarts.begin();
 }
 
 bool Model::sameText(NodeId a, NodeId b) const

@@ -48,10 +48,14 @@ public:
     [[nodiscard]] TextRange declarationRange(SymbolId id) const;
     /// Null for names the script itself declares.
     [[nodiscard]] const struct BuiltinFunction *builtinAt(NodeId name) const;
+    /// Whether the language or the host gives a name that the script does not declare a meaning.
+    [[nodiscard]] bool isProvided(NodeId name) const;
     /// The nearest node of that kind around a node, within the same procedure; 0 where there is none.
     [[nodiscard]] NodeId around(NodeId id, NodeKind kind) const;
     /// The procedure a node stands in, or 0.
     [[nodiscard]] NodeId procedureAround(NodeId id) const;
+    /// Which of the parts that are compiled apart a node belongs to.
+    [[nodiscard]] std::ptrdiff_t unitOf(NodeId id) const;
     [[nodiscard]] bool sameText(NodeId a, NodeId b) const;
 
 private:

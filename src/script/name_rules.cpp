@@ -18,13 +18,6 @@ constexpr unsigned maxComparisons = 2'000'000;
         || access == Access::Index || access == Access::Call;
 }
 
-[[nodiscard]] bool isProvided(const Model &model, NodeId name)
-{
-    const auto spelled = model.spelling(name);
-    return builtinFunction(spelled) || builtinConstant(spelled) || typeOfIntrinsic(spelled) != TypeId::Unknown
-        || (model.surroundings.host == Host::ServerPage && typeOfServerIntrinsic(spelled) != TypeId::Unknown);
-}
-
 /// Whether every name of the script has to come from the script itself or the host.
 [[nodiscard]] bool namesAreComplete(const Model &model)
 {
@@ -127,7 +120,7 @@ void checkUndeclared(const Model &model, FindingList &findings)
     std::unordered_set<NameId> seen;
     for (const auto &use : model.symbols.references(0)) {
         const auto name = model.tree[use.node].name;
-        if (!isRead(use.access) || seen.contains(name) || isProvided(model, use.node))
+        if (!isRead(use.access) || seen.contains(name) || model.isProvided(use.node))
             continue;
         const auto meant = declared.meantBy(use.node, use.scope);
         if (meant == 0 && !noMoreNames)
@@ -164,7 +157,7 @@ void checkMisspelled(const Model &model, FindingList &findings)
     std::unordered_set<NameId> seen;
     for (const auto &use : model.symbols.references(0)) {
         const auto name = model.tree[use.node].name;
-        if (!isRead(use.access) || isProvided(model, use.node) || !seen.insert(name).second)
+        if (!isRead(use.access) || model.isProvided(use.node) || !seen.insert(name).second)
             continue;
         if (const auto meant = declared.meantBy(use.node, use.scope))
             report(use.node, meant, "never given a value");
@@ -199,6 +192,49 @@ namespace {
 }
 
 } // namespace
+
+void checkRedefined(const Model &model, SymbolId id, FindingList &findings)
+{
+    const auto &symbol = model.symbols.symbol(id);
+    if (!symbol.redeclared)
+        return;
+    const bool inClass = model.symbols.scope(symbol.scope).kind == ScopeKind::Class;
+    for (const auto other : model.symbols.declarations(symbol.scope, symbol.name)) {
+        if (other == id)
+            return;
+        const auto &first = model.symbols.symbol(other);
+        const bool procedures = first.ownScope != 0 && symbol.ownScope != 0;
+        // Of procedures of a script the last one counts; Get, Let and Set make one property.
+        const bool together = procedures
+            && (inClass
+                    ? model.kind(first.node) != model.kind(symbol.node) && first.kind == SymbolKind::Property
+                    : first.kind != SymbolKind::Class && symbol.kind != SymbolKind::Class);
+        if (together || model.unitOf(first.node) != model.unitOf(symbol.node))
+            continue;
+        const auto range = model.declarationRange(other);
+        findings
+            .add(Rule::NameRedefined, model.declarationRange(id),
+                Model::quoted(model.nameOf(id)) + " was already declared in line "
+                    + std::to_string(model.lineOf(range.start)) + ".")
+            .related.push_back({range, "This is the first declaration."});
+        return;
+    }
+}
+
+void checkConstantAssigned(const Model &model, SymbolId id, FindingList &findings)
+{
+    const auto &symbol = model.symbols.symbol(id);
+    if (symbol.kind != SymbolKind::Constant || symbol.redeclared)
+        return;
+    for (const auto &use : model.symbols.references(id)) {
+        if (!writesWhole(use.access))
+            continue;
+        findings
+            .add(Rule::ConstantAssigned, model.tree[use.node].range(),
+                Model::quoted(model.nameOf(id)) + " is a constant and cannot be assigned.")
+            .related.push_back({model.declarationRange(id), "This is its declaration."});
+    }
+}
 
 void checkUnused(const Model &model, SymbolId id, FindingList &findings)
 {

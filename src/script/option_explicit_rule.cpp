@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "script/builtins.h"
 #include "script/rule_tables.h"
 
 #include <algorithm>
@@ -46,8 +45,7 @@ public:
                 add(symbol.scope, symbol.name);
         }
         for (const auto &use : model.symbols.references(0)) {
-            const auto name = model.spelling(use.node);
-            if (!builtinFunction(name) && !builtinConstant(name) && typeOfIntrinsic(name) == TypeId::Unknown)
+            if (!model.isProvided(use.node))
                 add(use.scope, model.tree[use.node].name);
         }
         std::ranges::stable_sort(m_missing, {}, &Missing::scope);

@@ -30,6 +30,8 @@ void checkResumeNextNeverEnds(const Model &model, FindingList &findings);
 // name_rules.cpp
 void checkUndeclared(const Model &model, FindingList &findings);
 void checkMisspelled(const Model &model, FindingList &findings);
+void checkRedefined(const Model &model, SymbolId symbol, FindingList &findings);
+void checkConstantAssigned(const Model &model, SymbolId symbol, FindingList &findings);
 void checkUnused(const Model &model, SymbolId symbol, FindingList &findings);
 void checkNeverRead(const Model &model, SymbolId symbol, FindingList &findings);
 void checkShadowed(const Model &model, SymbolId symbol, FindingList &findings);

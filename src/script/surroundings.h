@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
+#include <vector>
 
 namespace kevra::script {
 
@@ -11,6 +13,19 @@ enum class Host : std::uint8_t {
     HostFile, ///< .wsf, .wsc: with the objects and scripts the file names
     Page, ///< .htm, .hta: with the window and the page's elements
     ServerPage, ///< .asp, .asa
+};
+
+/// An object that the file gives a name outside of the script.
+struct ProvidedObject {
+    std::string_view name;
+    std::string_view progId; ///< empty where it is not known
+};
+
+struct Surroundings {
+    Host host = Host::ScriptFile;
+    /// Other scripts are loaded beside this one: its names may be theirs.
+    bool includesOthers = false;
+    std::vector<ProvidedObject> objects;
 };
 
 } // namespace kevra::script

@@ -374,6 +374,17 @@ SymbolId Symbols::declaredIn(ScopeId scope, NameId name) const
     return at != m_declared.end() && at->scope == scope && at->name == name ? at->symbol : 0;
 }
 
+std::vector<SymbolId> Symbols::declarations(ScopeId scope, NameId name) const
+{
+    // More of one name do not add to what is known.
+    constexpr std::size_t most = 16;
+    std::vector<SymbolId> found;
+    for (auto at = std::ranges::lower_bound(m_declared, Declared{scope, name, 0});
+         at != m_declared.end() && at->scope == scope && at->name == name && found.size() < most; ++at)
+        found.push_back(at->symbol);
+    return found;
+}
+
 NodeId Symbols::withExpression(NodeId withObject) const
 {
     const auto at = std::ranges::lower_bound(m_withUses, withObject, {}, &WithUse::object);

@@ -96,6 +96,8 @@ public:
     [[nodiscard]] NodeId parent(NodeId id) const { return m_parents[id]; }
     /// The first declaration of `name` in that scope itself; 0 where there is none.
     [[nodiscard]] SymbolId declaredIn(ScopeId scope, NameId name) const;
+    /// All declarations of `name` in that scope itself, in the order of the text.
+    [[nodiscard]] std::vector<SymbolId> declarations(ScopeId scope, NameId name) const;
     /// The expression of the With that a WithObject stands for; 0 where there is none.
     [[nodiscard]] NodeId withExpression(NodeId withObject) const;
 

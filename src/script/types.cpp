@@ -34,10 +34,10 @@ constexpr Type unknown{};
 
 } // namespace
 
-Types::Types(const ParsedScript &script, const Symbols &symbols, Host host)
+Types::Types(const ParsedScript &script, const Symbols &symbols, const Surroundings &surroundings)
     : m_script(script)
     , m_symbols(symbols)
-    , m_host(host)
+    , m_surroundings(surroundings)
     , m_entries(symbols.symbolCount())
 {
 }
@@ -97,10 +97,23 @@ Type Types::ofName(NodeId name) const
         return {function->result, 0};
     if (builtinConstant(spelled))
         return value;
-    const auto intrinsic = typeOfIntrinsic(spelled);
-    if (intrinsic != TypeId::Unknown)
-        return {m_host == Host::Page && intrinsic == TypeId::WScript ? TypeId::Unknown : intrinsic, 0};
-    return {m_host == Host::ServerPage ? typeOfServerIntrinsic(spelled) : TypeId::Unknown, 0};
+    return ofProvided(spelled).value_or(unknown);
+}
+
+std::optional<Type> Types::ofProvided(std::string_view name) const
+{
+    const auto host = m_surroundings.host;
+    for (const auto &object : m_surroundings.objects) {
+        if (same(object.name, name))
+            return Type{typeOfProgId(object.progId), 0};
+    }
+    auto type = typeOfIntrinsic(name);
+    if (type == TypeId::Unknown && host == Host::ServerPage)
+        type = typeOfServerIntrinsic(name);
+    if (type == TypeId::Unknown)
+        return std::nullopt;
+    // A page may have an element of that name.
+    return Type{host == Host::Page && type == TypeId::WScript ? TypeId::Unknown : type, 0};
 }
 
 Type Types::ofMember(NodeId member, unsigned links) const

@@ -7,6 +7,7 @@
 #include "script/surroundings.h"
 #include "script/symbols.h"
 
+#include <optional>
 #include <vector>
 
 namespace kevra::script {
@@ -20,10 +21,13 @@ struct Type {
 
 class Types {
 public:
-    Types(const ParsedScript &script, const Symbols &symbols, Host host);
+    /// All three must outlive this.
+    Types(const ParsedScript &script, const Symbols &symbols, const Surroundings &surroundings);
 
     [[nodiscard]] Type of(NodeId expression) const { return typeOf(expression, 0); }
     [[nodiscard]] Type ofSymbol(SymbolId symbol) const;
+    /// Of an object that is there without being made; nothing for other names.
+    [[nodiscard]] std::optional<Type> ofProvided(std::string_view name) const;
 
     /// Whether the expression makes or gets an object by CreateObject, GetObject or New.
     [[nodiscard]] bool createsObject(NodeId expression) const;
@@ -53,7 +57,7 @@ private:
 
     const ParsedScript &m_script;
     const Symbols &m_symbols;
-    Host m_host;
+    const Surroundings &m_surroundings;
     mutable std::vector<Entry> m_entries; ///< by symbol
     mutable unsigned m_variablesInARow = 0;
 };

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/input_file.h"
+
+#include "document/file_types.h"
+#include "encoding/text_codec.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+
+namespace kevra {
+namespace {
+
+constexpr std::string_view standardInput = "-";
+
+struct Closer {
+    void operator()(std::FILE *file) const
+    {
+        if (file != stdin)
+            std::fclose(file);
+    }
+};
+
+} // namespace
+
+std::optional<FileBytes> FileBytes::read(const std::string &path)
+{
+    const std::unique_ptr<std::FILE, Closer> file(
+        path == standardInput ? stdin : std::fopen(path.c_str(), "rb"));
+    FileBytes bytes;
+    std::error_code unknownSize;
+    const auto size = std::filesystem::file_size(path, unknownSize);
+    if (file)
+        bytes.readAll(*file, unknownSize ? firstRoom : static_cast<std::size_t>(size) + 1);
+    if (!file || std::ferror(file.get())) {
+        std::fprintf(stderr, "kevra-cli: %s: %s\n", path.c_str(), std::strerror(errno));
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+void FileBytes::readAll(std::FILE &file, std::size_t room)
+{
+    m_bytes = byteRoom(room);
+    for (;;) {
+        m_size += std::fread(m_bytes.get() + m_size, 1, room - m_size, &file);
+        if (m_size < room)
+            return;
+        auto larger = byteRoom(2 * room);
+        std::copy_n(m_bytes.get(), m_size, larger.get());
+        m_bytes = std::move(larger);
+        room *= 2;
+    }
+}
+
+FileText::FileText(const std::string &path, std::string_view bytes)
+{
+    const auto type = fileType(path);
+    const bool plain = isTextAsItStands(bytes);
+    if (!plain)
+        m_decoded = decodeFile(bytes, type ? type->kind : TextKind::Script).text;
+    m_view = plain ? bytes : m_decoded;
+}
+
+} // namespace kevra
