@@ -84,6 +84,16 @@ constexpr unsigned ifLevels = 20;
     }
 }
 
+/// A property that only calls something, such as Err.Raise, is a placeholder.
+[[nodiscard]] bool doesMoreThanCall(const Model &model, NodeId block)
+{
+    for (const auto statement : model.tree.children(block)) {
+        if (isExecutable(model.kind(statement)) && model.kind(statement) != NodeKind::CallStatement)
+            return true;
+    }
+    return false;
+}
+
 /// Statements around a place that leave the loop right after it.
 [[nodiscard]] bool isFollowedByExit(const Model &model, NodeId statement)
 {
@@ -154,11 +164,10 @@ void checkFunctionWithoutResult(const Model &model, SymbolId symbol, FindingList
         const auto start = model.tree[use.node].range().start;
         return start >= body.start && start < body.end;
     };
-    bool valueUsed
-        = model.symbols.scope(function.scope).kind == ScopeKind::Class && model.isMemberRead(function.name);
+    const auto first = model.symbols.declaredIn(function.scope, function.name);
+    bool valueUsed = model.isMemberRead(first) || (property && doesMoreThanCall(model, block));
     // Get, Let and Set share a name, which is bound to the first of them.
-    for (const auto &use :
-        model.symbols.references(model.symbols.declaredIn(function.scope, function.name))) {
+    for (const auto &use : model.symbols.references(first)) {
         const bool asStatement = use.access == Access::Call;
         const bool recursion = use.access == Access::Index;
         if (isInside(use) && !asStatement && !recursion && use.access != Access::Read)

@@ -14,7 +14,7 @@ Model::Model(const ParsedScript &parsed, const Surroundings &where)
     , surroundings(where)
     , symbols(parsed)
     , types(parsed, symbols, surroundings)
-    , m_memberRead(parsed.names.size())
+    , m_memberRead(symbols.symbolCount())
 {
     look();
 }
@@ -28,8 +28,9 @@ void Model::look()
         else if (node.kind == NodeKind::Member) {
             const auto above = parent(id);
             const bool called = kind(above) == NodeKind::CallStatement && tree.child(above, 0) == id;
-            if (!called)
-                m_memberRead[static_cast<std::size_t>(node.name)] = true;
+            const auto owner = called ? 0 : types.of(tree.child(id, 0)).ownClass;
+            if (owner != 0)
+                m_memberRead[symbols.declaredIn(symbols.symbol(owner).ownScope, node.name)] = true;
         }
     }
     for (const auto &use : symbols.references(0)) {

@@ -25,15 +25,14 @@ public:
 
     /// Statements given as text (Execute, ExecuteGlobal, Eval) may use and declare any name.
     [[nodiscard]] bool runsText() const { return m_runsText; }
+    /// Every name of the script has to come from the script itself or the host.
+    [[nodiscard]] bool namesAreComplete() const { return !surroundings.includesOthers && !m_runsText; }
     /// Option Explicit stands somewhere in the script.
     [[nodiscard]] bool isExplicit() const { return m_optionExplicit != 0; }
     /// The script uses objects or procedures that somebody else has to provide.
     [[nodiscard]] bool hasUnknownHost() const { return m_hasUnknownHost; }
-    /// Whether a member of this name is used for its value somewhere.
-    [[nodiscard]] bool isMemberRead(NameId name) const
-    {
-        return m_memberRead[static_cast<std::size_t>(name)];
-    }
+    /// Whether a member of a class of the script is used for its value somewhere.
+    [[nodiscard]] bool isMemberRead(SymbolId member) const { return m_memberRead[member]; }
 
     [[nodiscard]] NodeKind kind(NodeId id) const { return tree[id].kind; }
     [[nodiscard]] NodeId parent(NodeId id) const { return symbols.parent(id); }
@@ -64,7 +63,7 @@ private:
     bool m_runsText = false;
     NodeId m_optionExplicit = 0;
     bool m_hasUnknownHost = false;
-    std::vector<bool> m_memberRead; ///< by name
+    std::vector<bool> m_memberRead; ///< by symbol
     mutable std::optional<LineIndex> m_lines;
 };
 

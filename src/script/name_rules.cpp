@@ -18,12 +18,6 @@ constexpr unsigned maxComparisons = 2'000'000;
         || access == Access::Index || access == Access::Call;
 }
 
-/// Whether every name of the script has to come from the script itself or the host.
-[[nodiscard]] bool namesAreComplete(const Model &model)
-{
-    return !model.surroundings.includesOthers && !model.runsText();
-}
-
 /// Looks among the declared names for the one that was meant.
 class DeclaredNames {
 public:
@@ -104,7 +98,9 @@ void reportUndeclared(const Model &model, NodeId name, SymbolId meant, bool canD
 
 void checkUndeclared(const Model &model, FindingList &findings)
 {
-    if (!model.isExplicit() || !namesAreComplete(model))
+    // Option Explicit holds for the part that is compiled with it; a server page is compiled as one.
+    const bool forAll = model.script.unitStarts.size() <= 1 || model.surroundings.host == Host::ServerPage;
+    if (!model.isExplicit() || !forAll || !model.namesAreComplete())
         return;
     DeclaredNames declared(model);
     for (SymbolId id = 1; id < model.symbols.symbolCount(); ++id) {
@@ -132,7 +128,7 @@ void checkUndeclared(const Model &model, FindingList &findings)
 
 void checkMisspelled(const Model &model, FindingList &findings)
 {
-    if (model.isExplicit() || !namesAreComplete(model))
+    if (model.isExplicit() || !model.namesAreComplete())
         return;
     DeclaredNames declared(model);
     const auto report = [&](NodeId name, SymbolId meant, std::string_view what) {

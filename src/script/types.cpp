@@ -246,6 +246,7 @@ Type Types::computed(SymbolId symbol) const
     if (!holdsValues)
         return unknown;
     std::optional<Type> found;
+    bool handedOver = false;
     const auto add = [&](Type type) {
         if (!found)
             found = type;
@@ -268,10 +269,12 @@ Type Types::computed(SymbolId symbol) const
             || (use.access == Access::Argument && mayBeChangedByCall(use))) {
             return unknown;
         }
+        handedOver = handedOver || use.access == Access::Argument;
         if (found == unknown)
             return unknown;
     }
-    return found.value_or(unknown);
+    // What a method writes into a variable it is given, could be an object.
+    return handedOver && found == value ? unknown : found.value_or(unknown);
 }
 
 /// Whether a procedure of the script assigns to the parameter that it is handed over for.
