@@ -1,106 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// kevra-cli: the checker and the colours without a window. The files named are only read.
+// kevra-cli: the checker, the colours and the analysis without a window. The files named are only read.
 #include "checker/checker.h"
+#include "cli/analyse_command.h"
 #include "cli/check_report.h"
 #include "cli/colour_report.h"
+#include "cli/exit_code.h"
+#include "cli/input_file.h"
 #include "colour/flat_runs.h"
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
 #include "document/file_types.h"
-#include "encoding/text_codec.h"
-#include "text/raw_buffer.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <filesystem>
 #include <iostream>
-#include <memory>
 
 namespace {
 
 using namespace kevra;
 
-enum ExitCode { AllRight = 0, SomethingFound = 1, Unusable = 2 };
-
 enum class Mode { Auto, Web, Script };
-
-constexpr std::string_view standardInput = "-";
-
-struct Closer {
-    void operator()(std::FILE *file) const
-    {
-        if (file != stdin)
-            std::fclose(file);
-    }
-};
-
-/// A file's bytes; the room for them is not filled before they come.
-class FileBytes {
-public:
-    /// Tells on standard error why a file cannot be read.
-    static std::optional<FileBytes> read(const std::string &path)
-    {
-        const std::unique_ptr<std::FILE, Closer> file(
-            path == standardInput ? stdin : std::fopen(path.c_str(), "rb"));
-        FileBytes bytes;
-        std::error_code unknownSize;
-        const auto size = std::filesystem::file_size(path, unknownSize);
-        if (file)
-            bytes.readAll(*file, unknownSize ? firstRoom : static_cast<std::size_t>(size) + 1);
-        if (!file || std::ferror(file.get())) {
-            std::fprintf(stderr, "kevra-cli: %s: %s\n", path.c_str(), std::strerror(errno));
-            return std::nullopt;
-        }
-        return bytes;
-    }
-
-    [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
-
-private:
-    static constexpr std::size_t firstRoom = 1 << 20;
-
-    void readAll(std::FILE &file, std::size_t room)
-    {
-        m_bytes = byteRoom(room);
-        for (;;) {
-            m_size += std::fread(m_bytes.get() + m_size, 1, room - m_size, &file);
-            if (m_size < room)
-                return;
-            auto larger = byteRoom(2 * room);
-            std::copy_n(m_bytes.get(), m_size, larger.get());
-            m_bytes = std::move(larger);
-            room *= 2;
-        }
-    }
-
-    RawBuffer m_bytes;
-    std::size_t m_size = 0;
-};
-
-/// A file's text, which most often is its bytes as they stand.
-class FileText {
-public:
-    FileText(const std::string &path, std::string_view bytes)
-    {
-        const auto type = fileType(path);
-        const bool plain = isTextAsItStands(bytes);
-        if (!plain)
-            m_decoded = decodeFile(bytes, type ? type->kind : TextKind::Script).text;
-        m_view = plain ? bytes : m_decoded;
-    }
-    FileText(const FileText &) = delete;
-    FileText &operator=(const FileText &) = delete;
-
-    [[nodiscard]] std::string_view view() const { return m_view; }
-
-private:
-    std::string m_decoded;
-    std::string_view m_view;
-};
 
 struct CheckOptions {
     std::vector<std::string> files;
@@ -213,12 +133,36 @@ int main(int argc, char **argv)
         ->option_text(" ")
         ->required();
 
+    AnalyseOptions analyseOptions;
+    auto *analyseCommand = app.add_subcommand("analyse", "Look for mistakes by the rules of the language");
+    analyseCommand->add_option("--level", analyseOptions.level, "The least that is reported")
+        ->option_text("error|warning|hint")
+        ->transform(
+            CLI::CheckedTransformer(std::map<std::string, script::Level>{{"error", script::Level::Error},
+                {"warning", script::Level::Warning}, {"hint", script::Level::Hint}}));
+    analyseCommand->add_option("--format", analyseOptions.format, "How findings are printed")
+        ->option_text("text|gcc|json|sarif")
+        ->transform(CLI::CheckedTransformer(std::map<std::string, AnalysisFormat>{
+            {"text", AnalysisFormat::Text}, {"gcc", AnalysisFormat::Gcc}, {"json", AnalysisFormat::Json},
+            {"sarif", AnalysisFormat::Sarif}}));
+    analyseCommand
+        ->add_option("FILE", analyseOptions.paths, "Scripts, or folders with scripts; - is standard input")
+        ->option_text("...")
+        ->required();
+
+    std::string explainedCode;
+    auto *explainCommand = app.add_subcommand("explain", "Say what a finding's code is about");
+    explainCommand->add_option("CODE", explainedCode, "Such as KV1001")->option_text(" ")->required();
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? AllRight : Unusable;
     }
-    const int exitCode = *checkCommand ? runCheck(checkOptions) : runColour(colourOptions);
+    const int exitCode = *checkCommand ? runCheck(checkOptions)
+        : *analyseCommand              ? runAnalyse(analyseOptions)
+        : *explainCommand              ? runExplain(explainedCode)
+                                       : runColour(colourOptions);
     std::cout.flush();
     return std::cout ? exitCode : Unusable;
 }

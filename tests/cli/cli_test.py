@@ -22,6 +22,7 @@ class Cli(unittest.TestCase):
 
     def file(self, name, data):
         path = pathlib.Path(self.folder.name, os.fsdecode(name))
+        path.parent.mkdir(parents=True, exist_ok=True)
         path.write_bytes(data)
         return str(path)
 
@@ -85,6 +86,48 @@ class Cli(unittest.TestCase):
                          "\033[38;2;0;0;255mDim\033[0m x \033[38;2;0;151;0m'--y\033[0m\n")
         html = self.run_cli("colour", page)[1]
         self.assertIn('é<span style="color: #0000FF">&lt;b&gt;</span>x', html)
+
+    FAULTY = b"Option Explicit\r\nDim \xe9t\xe9, x\r\n\xe9t\xe9 = 1 : Set x = \xe9t\xe9 : tot = 1\r\n"
+
+    def test_analyse(self):
+        good = self.file("good.vbs", b"Option Explicit\nMsgBox 1\n")
+        bad = self.file("sub/bad.vbs", self.FAULTY)
+        page = self.file("sub/a page.hta", b"<p>\n<script language=VBScript>x = Left(1)</script>")
+        self.file("sub/.git/hidden.vbs", b"If")
+        self.file("sub/notes.txt", b"If")
+        error = f"{bad}:3:25: error KV1101: 'tot' is not declared, which Option Explicit asks for.\n"
+        warning = f"{bad}:3:11: warning KV2003: Set assigns objects, and '\u00e9t\u00e9' is none.\n"
+        call = f"{page}:2:31: error KV1102: 'Left' takes 2 arguments and is given 1.\n"
+        cases = [
+            ([good], 0, ""),
+            ([bad], 1, warning + error),
+            (["--level=error", good, os.path.dirname(bad)], 1, call + error),
+            (["--format=gcc", page], 1, call.replace("error KV1102:", "error:").replace("1.\n", "1. [KV1102]\n")),
+        ]
+        for arguments, code, output in cases:
+            with self.subTest(arguments):
+                self.assertEqual(self.run_cli("analyse", *arguments), (code, output, ""))
+        self.assertEqual(self.run_cli("analyse", "/nowhere/x.vbs", bad)[:2], (2, warning + error))
+        self.assertEqual(self.run_cli("analyse", "-", stdin=b"If a\n")[0], 1)
+
+    def test_analyse_for_programs(self):
+        bad = self.file("b d.vbs", self.FAULTY)
+        first = json.loads(self.run_cli("analyse", "--format=json", bad)[1])["findings"][0]
+        self.assertEqual((first["line"], first["column"], first["endColumn"], first["code"]), (3, 11, 22, "KV2003"))
+        self.assertEqual(first["fixes"][0]["edits"],
+                         [{"line": 3, "column": 11, "endLine": 3, "endColumn": 15, "insert": ""}])
+        code, output, _ = self.run_cli("analyse", "--format=sarif", bad, "/nowhere/x.vbs")
+        run = json.loads(output)["runs"][0]
+        result = run["results"][1]
+        self.assertEqual((code, result["ruleId"], result["level"]), (2, "KV1101", "error"))
+        self.assertEqual(run["tool"]["driver"]["rules"][result["ruleIndex"]]["id"], "KV1101")
+        self.assertTrue(result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"].endswith("/b%20d.vbs"))
+
+    def test_explain(self):
+        code, output, _ = self.run_cli("explain", "kv2003")
+        self.assertEqual((code, output.split("\n")[0]), (0, "KV2003, warning: Value assigned with Set"))
+        self.assertLess(max(map(len, output.split("\n"))), 80)
+        self.assertEqual(self.run_cli("explain", "KV9999")[0], 2)
 
 
 if __name__ == "__main__":

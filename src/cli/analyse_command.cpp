@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/analyse_command.h"
+
+#include "cli/exit_code.h"
+#include "cli/input_file.h"
+#include "script/file_analysis.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+
+namespace kevra {
+namespace {
+
+namespace fs = std::filesystem;
+
+void complain(std::string_view name, std::string_view why)
+{
+    std::cerr << "kevra-cli: " << name << ": " << why << '\n';
+}
+
+[[nodiscard]] bool isHidden(const fs::path &path)
+{
+    return path.filename().native().starts_with('.');
+}
+
+/// Every script below a folder in the order of the paths; hidden folders and links to folders are left out.
+/// False where some of it cannot be read.
+bool addScriptsBelow(const fs::path &folder, std::vector<std::string> &paths)
+{
+    std::error_code error;
+    const auto first = paths.size();
+    fs::recursive_directory_iterator at(folder, error);
+    for (; !error && at != fs::recursive_directory_iterator(); at.increment(error)) {
+        std::error_code unknown;
+        if (at->is_directory(unknown)) {
+            if (isHidden(at->path()))
+                at.disable_recursion_pending();
+        } else if (at->is_regular_file(unknown) && script::fileKind(at->path().native())) {
+            paths.push_back(at->path().native());
+        }
+    }
+    std::sort(paths.begin() + static_cast<std::ptrdiff_t>(first), paths.end());
+    if (error)
+        complain(folder.native(), error.message());
+    return !error;
+}
+
+class Analyse {
+public:
+    explicit Analyse(const AnalyseOptions &options)
+        : m_options(options)
+    {
+    }
+
+    int run()
+    {
+        for (const auto &path : filesNamed())
+            analyse(path);
+        if (m_options.format == AnalysisFormat::Sarif)
+            std::cout << sarifReport(m_files);
+        return m_exitCode;
+    }
+
+private:
+    [[nodiscard]] std::vector<std::string> filesNamed()
+    {
+        std::vector<std::string> paths;
+        for (const auto &path : m_options.paths) {
+            std::error_code unknown;
+            if (!fs::is_directory(path, unknown))
+                paths.push_back(path);
+            else if (!addScriptsBelow(path, paths))
+                m_exitCode = Unusable;
+        }
+        return paths;
+    }
+
+    void analyse(const std::string &path)
+    {
+        const auto bytes = FileBytes::read(path);
+        if (!bytes) {
+            m_exitCode = Unusable;
+            return;
+        }
+        AnalysedFile file{path, std::string(FileText(path, bytes->view()).view()), {}};
+        file.findings = findingsIn(file);
+        if (!file.findings.empty())
+            m_exitCode = std::max<int>(m_exitCode, SomethingFound);
+        if (m_options.format == AnalysisFormat::Sarif)
+            m_files.push_back(std::move(file));
+        else
+            std::cout << analysisReport(file, m_options.format);
+    }
+
+    /// Those at the level asked for.
+    [[nodiscard]] std::vector<script::Finding> findingsIn(const AnalysedFile &file) const
+    {
+        auto findings
+            = script::analyseFile(file.text, script::fileKind(file.name).value_or(script::FileKind::Script));
+        std::erase_if(
+            findings, [&](const script::Finding &finding) { return finding.level() > m_options.level; });
+        return findings;
+    }
+
+    const AnalyseOptions &m_options;
+    std::vector<AnalysedFile> m_files;
+    int m_exitCode = AllRight;
+};
+
+} // namespace
+
+int runAnalyse(const AnalyseOptions &options)
+{
+    return Analyse(options).run();
+}
+
+int runExplain(const std::string &code)
+{
+    const auto rule = script::ruleOfCode(code);
+    if (!rule) {
+        complain(code, "no such code");
+        return Unusable;
+    }
+    std::cout << explanation(*rule);
+    return AllRight;
+}
+
+} // namespace kevra

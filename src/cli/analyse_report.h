@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Findings of the analysis in the formats of the command line.
+#pragma once
+
+#include "script/finding.h"
+#include "script/tree.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra {
+
+enum class AnalysisFormat { Text, Gcc, Json, Sarif };
+
+struct AnalysedFile {
+    std::string name; ///< any bytes, as given on the command line
+    std::string text; ///< what the positions of the findings refer to
+    std::vector<script::Finding> findings;
+};
+
+/// Lines and columns count from 1, columns in characters.
+struct Position {
+    Offset line = 1;
+    Offset column = 1;
+};
+
+class Positions {
+public:
+    explicit Positions(std::string_view text);
+    [[nodiscard]] Position at(Offset offset) const;
+
+private:
+    std::string_view m_text;
+    script::LineIndex m_lines;
+};
+
+/// "error", "warning" or "hint".
+[[nodiscard]] std::string_view levelName(script::Level level);
+/// A name of any bytes as UTF-8.
+[[nodiscard]] std::string displayName(std::string_view name);
+
+/// One file in one of the formats that go file by file: all but Sarif. Empty where text and gcc have nothing
+/// to say.
+[[nodiscard]] std::string analysisReport(const AnalysedFile &file, AnalysisFormat format);
+/// All files as one SARIF 2.1.0 document.
+[[nodiscard]] std::string sarifReport(std::span<const AnalysedFile> files);
+/// What a rule is about and why, for a terminal.
+[[nodiscard]] std::string explanation(script::Rule rule);
+
+} // namespace kevra
