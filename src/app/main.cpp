@@ -5,6 +5,7 @@
 
 #include <QtWidgets/QApplication>
 
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <span>
@@ -51,6 +52,10 @@ int main(int argc, char **argv)
 {
     if (const char *answer = argc == 2 ? answerTo(argv[1]) : nullptr)
         return std::fputs(answer, stdout) < 0;
+        // A reader of standard error that has gone is an error to pass over, not a reason to die.
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
     QApplication::setApplicationName("kevra");
     QApplication::setApplicationDisplayName("");
     QApplication::setDesktopFileName("org.kevra.editor");

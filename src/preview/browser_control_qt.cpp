@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/browser_control_qt.h"
 
+#include "desktop/text_qt.h"
 #include "preview/browser_window.h"
+#include "preview/page_clipboard_qt.h"
 #include "preview/preview_commands.h"
 #include "storage/native_path_qt.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QMessageAuthenticationCode>
 #include <QtCore/QPluginLoader>
+#include <QtCore/QRandomGenerator>
 #include <QtGui/QOpenGLContext>
 
 #include <filesystem>
@@ -36,6 +40,36 @@ std::string pathOf(const QUrl &file)
     const auto encoded = file.path(QUrl::FullyEncoded).toLatin1();
     const auto path = QByteArray::fromPercentEncoding(encoded).toStdString();
     return file.host().isEmpty() ? path : "//" + file.host().toStdString() + path;
+}
+
+PageAddress pageAddress(const QUrl &url)
+{
+    const auto path = url.path(QUrl::FullyEncoded).toLatin1();
+    auto rest = path;
+    if (url.hasQuery())
+        rest += '?' + url.query(QUrl::FullyEncoded).toLatin1();
+    if (url.hasFragment())
+        rest += '#' + url.fragment(QUrl::FullyEncoded).toLatin1();
+    return {url.scheme().toStdString(), url.authority(QUrl::FullyEncoded).toLower().toStdString(),
+        QByteArray::fromPercentEncoding(path).toStdString(), rest.toStdString()};
+}
+
+QUrl urlOf(const PageAddress &address)
+{
+    return QUrl::fromEncoded(
+        QByteArray::fromStdString(address.scheme + "://" + address.host + address.rest), QUrl::StrictMode);
+}
+
+/// With a key of its own, so that what one page has learned is worth nothing to the next.
+PageRoutes::Sign newSignature()
+{
+    QByteArray key(32, 0);
+    QRandomGenerator::system()->generate(key.begin(), key.end());
+    return [key](std::string_view text) {
+        const auto code = QMessageAuthenticationCode::hash(
+            QByteArray(text.data(), static_cast<qsizetype>(text.size())), key, QCryptographicHash::Sha256);
+        return code.first(16).toHex().toStdString();
+    };
 }
 
 /// With links and ".." resolved, so that no way around leads out of a folder.
@@ -83,6 +117,7 @@ void shareGraphicsContexts()
 
 BrowserControlQt::BrowserControlQt(BrowserWindow &window)
     : m_window(window)
+    , m_routes(newSignature())
 {
 }
 
@@ -94,11 +129,14 @@ bool BrowserControlQt::loadEngine()
         return true;
     // The plugin stays loaded when this object goes: the engine cannot be started twice.
     shareGraphicsContexts();
-    QPluginLoader loader(pluginPath());
+    const auto path = pluginPath();
+    QPluginLoader loader(path);
     auto *plugin = qobject_cast<BrowserEnginePlugin *>(loader.instance());
     if (!plugin)
         return false;
-    m_engine = plugin->create(&m_window, *this);
+    m_engine = plugin->create(&m_window, *this, QFileInfo(path).absolutePath());
+    if (!m_engine)
+        return false;
     m_window.setPageWidget(m_engine->widget());
     if (!m_engine->isSandboxed())
         m_window.showNote("The page is shown without the browser's sandbox");
@@ -112,7 +150,8 @@ bool BrowserControlQt::navigate(const std::string &path, const PageScope &scope)
     m_scope = {resolved(nativePath(scope.folder)), resolved(nativePath(scope.site))};
     m_askedPath = path;
     m_askedUrl = addressOfFile(nativePath(path));
-    m_engine->navigate(m_askedUrl);
+    m_routes = PageRoutes(newSignature());
+    m_engine->navigate(urlOf(m_routes.document(pageAddress(m_askedUrl))));
     if (std::exchange(m_zoomedPath, path) != path)
         m_engine->zoom(0);
     return true;
@@ -120,8 +159,10 @@ bool BrowserControlQt::navigate(const std::string &path, const PageScope &scope)
 
 void BrowserControlQt::follow(const std::string &address)
 {
-    if (m_engine)
-        m_engine->follow(QUrl(QString::fromStdString(address)));
+    if (!m_engine)
+        return;
+    const QUrl url(QString::fromStdString(address));
+    m_engine->follow(url.isLocalFile() ? urlOf(m_routes.document(pageAddress(url))) : url);
 }
 
 void BrowserControlQt::resizeTo(int width, int height)
@@ -156,8 +197,9 @@ void BrowserControlQt::found(int place, int places)
     m_window.showFound(place, places);
 }
 
-bool BrowserControlQt::beforeNavigate(const QUrl &url, bool mainFrame)
+bool BrowserControlQt::beforeNavigate(const QUrl &shown, bool mainFrame)
 {
+    const auto url = plain(shown);
     Navigation target{addressOf(url), {}, mainFrame ? Frame::Main : Frame::Sub};
     if (url == m_askedUrl)
         target.path = m_askedPath;
@@ -169,17 +211,51 @@ bool BrowserControlQt::beforeNavigate(const QUrl &url, bool mainFrame)
     return m_commands->beforeNavigate(target);
 }
 
-bool BrowserControlQt::allowsRequest(const QUrl &url, Resource kind)
+std::optional<QUrl> BrowserControlQt::route(const QUrl &url, Resource kind, bool sends)
 {
-    PageRequest request{kind, url.scheme().toStdString(), {}};
-    if (url.isLocalFile())
-        request.path = resolved(pathOf(url));
-    return kevra::allowsRequest(request, m_scope, m_remote);
+    const auto known = plain(url);
+    PageRequest request{kind, known.scheme().toStdString(), {}, sends};
+    if (known.isLocalFile())
+        request.path = resolved(pathOf(known));
+    if (!kevra::allowsRequest(request, m_scope, m_remote))
+        return std::nullopt;
+    const auto asked = pageAddress(url);
+    const auto next = m_routes.next(kind, asked);
+    const auto target = next == asked ? url : urlOf(next);
+    return target.isValid() ? std::optional(target) : std::nullopt;
+}
+
+QUrl BrowserControlQt::plain(const QUrl &url) const
+{
+    const auto address = pageAddress(url);
+    const auto known = plainAddress(address);
+    return known == address ? url : urlOf(known);
+}
+
+SchemeAnswer BrowserControlQt::answer(const QUrl &url)
+{
+    const auto given = m_routes.answer(pageAddress(url));
+    SchemeAnswer answer{given.kind, urlOf(given.address), {}};
+    if (given.kind == PageAnswer::Kind::File)
+        answer.file = openPageFile(given.address.path);
+    if (given.kind == PageAnswer::Kind::Web && m_remote == Remote::Off)
+        answer.kind = PageAnswer::Kind::Refused;
+    return answer;
+}
+
+bool BrowserControlQt::mayConnect(const NetworkAddress &address)
+{
+    return m_remote == Remote::On && isPublic(address);
 }
 
 void BrowserControlQt::linkClicked(const QUrl &url)
 {
-    m_commands->linkClicked(addressOf(url));
+    m_commands->linkClicked(addressOf(plain(url)));
+}
+
+void BrowserControlQt::copyAsked()
+{
+    allowPageCopy();
 }
 
 void BrowserControlQt::loadProgress(int percent)

@@ -33,8 +33,12 @@ public:
 
 private:
     [[nodiscard]] bool beforeNavigate(const QUrl &url, bool mainFrame) override;
-    [[nodiscard]] bool allowsRequest(const QUrl &url, Resource kind) override;
+    [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) override;
+    [[nodiscard]] QUrl plain(const QUrl &url) const override;
+    [[nodiscard]] SchemeAnswer answer(const QUrl &url) override;
+    [[nodiscard]] bool mayConnect(const NetworkAddress &address) override;
     void linkClicked(const QUrl &url) override;
+    void copyAsked() override;
     void loadProgress(int percent) override;
     void loadFinished() override;
     void processDied() override;
@@ -46,6 +50,7 @@ private:
     PreviewCommands *m_commands = nullptr;
     std::unique_ptr<BrowserEngine> m_engine;
     PageScope m_scope;
+    PageRoutes m_routes;
     Remote m_remote = Remote::Off;
     std::string m_askedPath; ///< as it was asked for, and the address it got
     QUrl m_askedUrl;

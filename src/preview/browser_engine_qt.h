@@ -2,24 +2,41 @@
 // What the editor and the plugin with the web engine say to each other. The plugin decides nothing.
 #pragma once
 
+#include "preview/page_file_qt.h"
+#include "preview/page_routes.h"
+#include "preview/public_address.h"
 #include "preview/request_rules.h"
 
 #include <QtCore/QUrl>
 #include <QtCore/QtPlugin>
 
 #include <memory>
+#include <optional>
 
 class QWidget;
 
 namespace kevra {
 
+/// What a request of one of the program's own schemes is answered with.
+struct SchemeAnswer {
+    PageAnswer::Kind kind = PageAnswer::Kind::Refused;
+    QUrl url; ///< where to go instead, or what to fetch
+    PageFile file;
+};
+
 class BrowserEvents {
 public:
     virtual ~BrowserEvents() = default;
     [[nodiscard]] virtual bool beforeNavigate(const QUrl &url, bool mainFrame) = 0;
-    [[nodiscard]] virtual bool allowsRequest(const QUrl &url, Resource kind) = 0;
+    /// Where a request has to go, itself when it may stay; nothing when it is refused. `sends`: it is more
+    /// than a question.
+    [[nodiscard]] virtual std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) = 0;
+    [[nodiscard]] virtual QUrl plain(const QUrl &url) const = 0; ///< as the page's author knows it
+    [[nodiscard]] virtual SchemeAnswer answer(const QUrl &url) = 0;
+    [[nodiscard]] virtual bool mayConnect(const NetworkAddress &address) = 0;
     /// Also for what the engine does not navigate to: fragments, new windows, downloads, other schemes.
     virtual void linkClicked(const QUrl &url) = 0;
+    virtual void copyAsked() = 0; ///< by a key of the user's, while the page has the keyboard
     virtual void loadProgress(int percent) = 0; ///< 0 when loading starts, 100 when it is over
     virtual void loadFinished() = 0;
     virtual void processDied() = 0; ///< not by unload()
@@ -42,9 +59,12 @@ public:
 class BrowserEnginePlugin {
 public:
     virtual ~BrowserEnginePlugin() = default;
-    [[nodiscard]] virtual std::unique_ptr<BrowserEngine> create(QWidget *parent, BrowserEvents &events) = 0;
+    /// Null when the engine's processes cannot be kept from the network. `folder` is where the plugin lies.
+    [[nodiscard]] virtual std::unique_ptr<BrowserEngine> create(
+        QWidget *parent, BrowserEvents &events, const QString &folder)
+        = 0;
 };
 
 } // namespace kevra
 
-Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/1")
+Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/2")

@@ -233,7 +233,8 @@ void PreviewCommands::browserFirstShown()
 
 bool PreviewCommands::followsLinks(const std::string &address)
 {
-    if (m_ports.application.helpShowing)
+    // With the page missing, whatever was shown before is still there and gets nothing of the help's.
+    if (m_ports.application.helpShowing && m_asked == m_ports.assetPath(helpPage.file))
         return true;
     if (!m_ports.application.vbsInfoShowing)
         m_ports.windows.setLinkTarget(address);

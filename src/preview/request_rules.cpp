@@ -32,12 +32,14 @@ bool isOwnData(std::string_view scheme)
 
 bool allowsRequest(const PageRequest &request, const PageScope &scope, Remote remote)
 {
+    if (request.sends)
+        return false;
     if (request.scheme == "file")
         return request.kind != Resource::Other
             && (isInside(request.path, scope.folder) || isInside(request.path, scope.site));
-    if (request.kind == Resource::MainFrame)
-        return request.scheme == "https";
-    return isOwnData(request.scheme) || (request.scheme == "https" && remote == Remote::On);
+    if (request.scheme == "https")
+        return request.kind != Resource::Other && remote == Remote::On;
+    return request.kind != Resource::MainFrame && isOwnData(request.scheme);
 }
 
 PageScope scopeOf(const std::string &folder, const FileStore &files, std::string_view home)

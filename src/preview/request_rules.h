@@ -23,9 +23,11 @@ struct PageRequest {
     Resource kind = Resource::Other;
     std::string scheme; ///< lower case
     std::string path; ///< of a local file: absolute, with links and ".." resolved
+    bool sends = false; ///< more than a question: a form's content, say
 };
 
-/// Whether the program wants another page is decided before it is navigated to; this is about where from.
+/// Whether the program wants another page is decided before it is navigated to; this is about where from. The
+/// engine itself has no way to the network, see docs/decisions/preview-barrier.md.
 [[nodiscard]] bool allowsRequest(const PageRequest &request, const PageScope &scope, Remote remote);
 
 /// `folder`, and as its site the highest folder above it that can be reached through folders with an index

@@ -48,9 +48,9 @@ protected:
     }
     void waitForPage()
     {
-        QTest::qWait(50);
-        EXPECT_TRUE(
-            QTest::qWaitFor([this] { return window.findChild<QWidget *>("pload")->isHidden(); }, 20000));
+        const auto isThere
+            = [this] { return window.findChild<QWidget *>("pload")->isHidden() && !title().isEmpty(); };
+        EXPECT_TRUE(QTest::qWaitFor(isThere, 20000));
     }
     [[nodiscard]] QWidget *page()
     {
@@ -60,12 +60,17 @@ protected:
     [[nodiscard]] QString title() { return page()->property("title").toString(); }
     [[nodiscard]] QUrl address() { return page()->property("url").toUrl(); }
     [[nodiscard]] QString target() { return window.findChild<QLineEdit *>("turl")->text(); }
-    /// Clicks near the page's upper left corner, where every page here has its link.
+    /// Clicks near the page's upper left corner, where every page here has its link, until something comes of
+    /// it: a page that is not painted yet hears nothing.
     void click()
     {
         auto *inner = page()->focusProxy() ? page()->focusProxy() : page();
-        QTest::mouseClick(inner, Qt::LeftButton, {}, {30, 30});
-        QTest::qWait(400);
+        const auto before = title();
+        for (int tries = 0; tries < 10; ++tries) {
+            QTest::mouseClick(inner, Qt::LeftButton, {}, {30, 30});
+            if (QTest::qWaitFor([&] { return !target().isEmpty() || title() != before; }, 400))
+                return;
+        }
     }
 
     QTemporaryDir folder;

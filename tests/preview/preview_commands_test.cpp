@@ -193,6 +193,12 @@ TEST_F(PreviewTest, ModeDecidesOnLinks)
     EXPECT_THAT(happened, ElementsAre("follow file:///app/kevrahelp.html#menus", "load /app/kevrahelp.html"));
     commands.BackToText();
     EXPECT_FALSE(application.helpShowing || application.vbsInfoShowing);
+
+    commands.ViewPage();
+    commands.navigationComplete();
+    files.files.erase("/app/kevrahelp.html");
+    commands.helpFromBrowser();
+    EXPECT_FALSE(goes("https://out/")) << "the page in the missing help's place";
 }
 
 TEST_F(PreviewTest, DeadProcessGivesTheEditorBack)

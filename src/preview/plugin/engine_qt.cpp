@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The web engine behind BrowserEngine. Everything a previewed page does not need is off.
-#include "desktop/privileges_qt.h"
+#include "preview/plugin/accessibility_limit_qt.h"
+#include "preview/plugin/engine_start_qt.h"
 #include "preview/plugin/page_qt.h"
+#include "preview/plugin/page_scheme_qt.h"
+#include "preview/plugin/page_watch_qt.h"
 
 #include <QtCore/QPointer>
-#include <QtGui/QAccessible>
+#include <QtCore/QTimer>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWebEngineCore/QWebEngineDownloadRequest>
 #include <QtWebEngineCore/QWebEngineFindTextResult>
 #include <QtWebEngineCore/QWebEngineProfile>
 #include <QtWebEngineCore/QWebEngineSettings>
-#include <QtWebEngineCore/QWebEngineUrlRequestInterceptor>
 #include <QtWebEngineWidgets/QWebEngineView>
 
 #include <algorithm>
@@ -20,15 +23,15 @@ namespace kevra {
 
 namespace {
 
-constexpr auto engineFlags = "QTWEBENGINE_CHROMIUM_FLAGS";
+constexpr int timeBetweenLooks = 100; ///< ms
 
 struct Switch {
     QWebEngineSettings::WebAttribute attribute;
     bool on;
 };
 constexpr Switch switches[] = {
-    {QWebEngineSettings::LocalContentCanAccessFileUrls, true}, // its own images; the filter decides
-    {QWebEngineSettings::LocalContentCanAccessRemoteUrls, true}, // the same
+    {QWebEngineSettings::LocalContentCanAccessFileUrls, false},
+    {QWebEngineSettings::LocalContentCanAccessRemoteUrls, false},
     {QWebEngineSettings::JavascriptCanOpenWindows, false},
     {QWebEngineSettings::JavascriptCanAccessClipboard, false},
     {QWebEngineSettings::JavascriptCanPaste, false},
@@ -47,45 +50,6 @@ constexpr Switch switches[] = {
     {QWebEngineSettings::NavigateOnDropEnabled, false},
 };
 
-Resource resourceOf(QWebEngineUrlRequestInfo::ResourceType type)
-{
-    switch (type) {
-    case QWebEngineUrlRequestInfo::ResourceTypeMainFrame:
-        return Resource::MainFrame;
-    case QWebEngineUrlRequestInfo::ResourceTypeSubFrame:
-        return Resource::SubFrame;
-    case QWebEngineUrlRequestInfo::ResourceTypeStylesheet:
-        return Resource::Style;
-    case QWebEngineUrlRequestInfo::ResourceTypeScript:
-        return Resource::Script;
-    case QWebEngineUrlRequestInfo::ResourceTypeImage:
-    case QWebEngineUrlRequestInfo::ResourceTypeFavicon:
-        return Resource::Image;
-    case QWebEngineUrlRequestInfo::ResourceTypeFontResource:
-        return Resource::Font;
-    case QWebEngineUrlRequestInfo::ResourceTypeMedia:
-        return Resource::Media;
-    default:
-        return Resource::Other;
-    }
-}
-
-class RequestFilter : public QWebEngineUrlRequestInterceptor {
-public:
-    RequestFilter(BrowserEvents &events, QObject *parent)
-        : QWebEngineUrlRequestInterceptor(parent)
-        , m_events(events)
-    {
-    }
-    void interceptRequest(QWebEngineUrlRequestInfo &request) override
-    {
-        request.block(!m_events.allowsRequest(request.requestUrl(), resourceOf(request.resourceType())));
-    }
-
-private:
-    BrowserEvents &m_events;
-};
-
 class Engine : public BrowserEngine, private QObject {
 public:
     Engine(QWidget *parent, BrowserEvents &events, bool sandboxed)
@@ -95,6 +59,9 @@ public:
     {
         m_view->setContextMenuPolicy(Qt::NoContextMenu);
         m_view->installEventFilter(this);
+        limitPageAccessibility();
+        connect(&m_looks, &QTimer::timeout, this, [this] { watchProcess(); });
+        m_looks.start(timeBetweenLooks);
         navigateNowhere();
     }
     ~Engine() override
@@ -127,6 +94,8 @@ public:
 private:
     void newPage();
     void endPage();
+    /// Nothing tells reliably that a page got a process, or another one.
+    void watchProcess();
     /// Without a page the view would make one of its own, in the profile that writes to the disk.
     void navigateNowhere() { newPage(); }
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -135,6 +104,8 @@ private:
     BrowserEvents &m_events;
     std::unique_ptr<QWebEngineProfile> m_profile;
     std::unique_ptr<Page> m_page;
+    PageWatch m_watch;
+    QTimer m_looks;
     qreal m_zoom = 1;
     bool m_sandboxed;
 };
@@ -146,13 +117,16 @@ void Engine::newPage()
     m_profile = std::make_unique<QWebEngineProfile>(); // without a name it is off the record
     m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
     m_profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
-    m_profile->setUrlRequestInterceptor(new RequestFilter(m_events, m_profile.get()));
+    installPageSchemes(*m_profile, m_events);
     connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this,
         [this](QWebEngineDownloadRequest *download) {
             download->cancel();
-            m_events.linkClicked(download->url());
+            if (m_page)
+                m_page->linkClicked(download->url());
         });
+    m_watch.begin();
     m_page = std::make_unique<Page>(m_profile.get(), m_events, nullptr);
+    connect(m_page.get(), &QWebEnginePage::loadProgress, this, [this] { watchProcess(); });
     for (const auto &each : switches)
         m_page->settings()->setAttribute(each.attribute, each.on);
     m_page->settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
@@ -162,6 +136,12 @@ void Engine::newPage()
     // A page goes before the profile it lives in.
     oldPage.reset();
     oldProfile.reset();
+}
+
+void Engine::watchProcess()
+{
+    if (m_page)
+        m_watch.setProcess(static_cast<pid_t>(m_page->renderProcessPid()));
 }
 
 void Engine::endPage()
@@ -194,6 +174,10 @@ bool Engine::eventFilter(QObject *watched, QEvent *event)
             zoom(wheel->angleDelta().y() > 0 ? 1 : -1);
             return true;
         }
+    } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Cut))
+            m_events.copyAsked();
     } else if (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop) {
         return true;
     }
@@ -204,21 +188,16 @@ bool Engine::eventFilter(QObject *watched, QEvent *event)
 
 class EnginePlugin : public QObject, public BrowserEnginePlugin {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/1")
+    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/2")
     Q_INTERFACES(kevra::BrowserEnginePlugin)
 
 public:
-    std::unique_ptr<BrowserEngine> create(QWidget *parent, BrowserEvents &events) override
+    std::unique_ptr<BrowserEngine> create(
+        QWidget *parent, BrowserEvents &events, const QString &folder) override
     {
-        // With its sandbox the engine would end the whole program when it is run by root.
-        const bool root = runsAsRoot();
-        if (root)
-            qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-        // Not found out by the engine itself, which then tells a screen reader of an empty page.
-        if (QAccessible::isActive())
-            qputenv(engineFlags, qgetenv(engineFlags) + " --force-renderer-accessibility");
-        const bool sandboxed = !root && qEnvironmentVariableIntValue("QTWEBENGINE_DISABLE_SANDBOX") == 0;
-        return std::make_unique<Engine>(parent, events, sandboxed);
+        registerPageSchemes();
+        const EngineStart start(folder);
+        return start.isPossible() ? std::make_unique<Engine>(parent, events, start.isSandboxed()) : nullptr;
     }
 };
 

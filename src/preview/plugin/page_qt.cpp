@@ -17,9 +17,17 @@ namespace {
 constexpr int mostDialogs = 3;
 
 // Every click on a link is the program's to decide on, before the page's own handlers can end it. It runs in
-// a world of its own, which the page cannot reach.
+// a world of its own, which the page cannot reach. A page can click on its own links without end.
 constexpr auto linkScript = R"(
 (function () {
+    let second = 0, count = 0;
+    function tell(text) {
+        const now = Math.floor(performance.now() / 1000);
+        count = now === second ? count + 1 : 1;
+        second = now;
+        if (count <= %2)
+            console.info('%1' + text);
+    }
     function clicked(event) {
         if (event.type === 'auxclick' && event.button !== 1)
             return;
@@ -29,19 +37,13 @@ constexpr auto linkScript = R"(
                 continue;
             event.preventDefault();
             // In a picture it is what is written there, not where it leads.
-            console.info('%1' + (typeof href === 'string' ? href : new URL(href.baseVal, node.baseURI).href));
+            tell(typeof href === 'string' ? href : new URL(href.baseVal, node.baseURI).href);
             return;
         }
     }
     window.addEventListener('click', clicked, true);
     window.addEventListener('auxclick', clicked, true);
 })();
-)";
-
-// There is no setting for this one, and it talks to the network past the request filter.
-constexpr auto noPeerScript = R"(
-for (const name of ['RTCPeerConnection', 'webkitRTCPeerConnection', 'WebTransport'])
-    Object.defineProperty(window, name, { value: undefined, writable: false, configurable: false });
 )";
 
 void insert(QWebEnginePage &page, const QString &source, QWebEngineScript::ScriptWorldId world)
@@ -61,6 +63,7 @@ Page::Page(QWebEngineProfile *profile, BrowserEvents &events, QObject *parent)
     , m_events(events)
     , m_linkMark(QUuid::createUuid().toString())
 {
+    m_clock.start();
     refuseWhatNobodyAskedFor();
     insertLinkScript();
     connect(this, &QWebEnginePage::loadStarted, this, [this] {
@@ -98,7 +101,7 @@ Page::~Page()
 void Page::refuseWhatNobodyAskedFor()
 {
     connect(this, &QWebEnginePage::newWindowRequested, this,
-        [this](QWebEngineNewWindowRequest &request) { m_events.linkClicked(request.requestedUrl()); });
+        [this](QWebEngineNewWindowRequest &request) { linkClicked(request.requestedUrl()); });
     connect(this, &QWebEnginePage::fullScreenRequested, this,
         [](QWebEngineFullScreenRequest request) { request.reject(); });
     connect(
@@ -109,13 +112,12 @@ void Page::refuseWhatNobodyAskedFor()
 
 void Page::insertLinkScript()
 {
-    insert(*this, QString(linkScript).arg(m_linkMark), QWebEngineScript::ApplicationWorld);
-    insert(*this, noPeerScript, QWebEngineScript::MainWorld);
+    insert(*this, QString(linkScript).arg(m_linkMark).arg(bounds::links), QWebEngineScript::ApplicationWorld);
 }
 
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType, bool isMainFrame)
 {
-    return m_events.beforeNavigate(url, isMainFrame);
+    return m_navigations.allows(m_clock.elapsed()) && m_events.beforeNavigate(url, isMainFrame);
 }
 
 QWebEnginePage *Page::createWindow(WebWindowType)
@@ -128,6 +130,12 @@ QStringList Page::chooseFiles(FileSelectionMode, const QStringList &, const QStr
     return {};
 }
 
+void Page::linkClicked(const QUrl &url)
+{
+    if (m_links.allows(m_clock.elapsed()))
+        m_events.linkClicked(url);
+}
+
 bool Page::mayShowDialog()
 {
     return !m_ending && ++m_dialogs <= mostDialogs;
@@ -136,25 +144,26 @@ bool Page::mayShowDialog()
 void Page::javaScriptAlert(const QUrl &origin, const QString &message)
 {
     if (mayShowDialog())
-        QWebEnginePage::javaScriptAlert(origin, message);
+        QWebEnginePage::javaScriptAlert(m_events.plain(origin), message);
 }
 
 bool Page::javaScriptConfirm(const QUrl &origin, const QString &message)
 {
-    return mayShowDialog() && QWebEnginePage::javaScriptConfirm(origin, message);
+    return mayShowDialog() && QWebEnginePage::javaScriptConfirm(m_events.plain(origin), message);
 }
 
 bool Page::javaScriptPrompt(
     const QUrl &origin, const QString &message, const QString &initial, QString *answer)
 {
-    return mayShowDialog() && QWebEnginePage::javaScriptPrompt(origin, message, initial, answer);
+    return mayShowDialog()
+        && QWebEnginePage::javaScriptPrompt(m_events.plain(origin), message, initial, answer);
 }
 
 void Page::javaScriptConsoleMessage(
     JavaScriptConsoleMessageLevel, const QString &message, int, const QString &)
 {
     if (message.startsWith(m_linkMark))
-        m_events.linkClicked(QUrl(message.sliced(m_linkMark.size())));
+        linkClicked(QUrl(message.sliced(m_linkMark.size())));
 }
 
 } // namespace kevra

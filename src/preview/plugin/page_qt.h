@@ -3,7 +3,9 @@
 #pragma once
 
 #include "preview/browser_engine_qt.h"
+#include "preview/page_bounds.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtWebEngineCore/QWebEnginePage>
 
 namespace kevra {
@@ -15,6 +17,9 @@ public:
     Page(QWebEngineProfile *profile, BrowserEvents &events, QObject *parent);
     /// Its process ends first, whatever its scripts are doing.
     ~Page() override;
+
+    /// Passed on as often as somebody can read it.
+    void linkClicked(const QUrl &url);
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
@@ -36,6 +41,9 @@ private:
     BrowserEvents &m_events;
     QString m_linkMark; ///< how the link script's messages are told from the page's
     int m_dialogs = 0;
+    QElapsedTimer m_clock;
+    RateLimit m_navigations{bounds::navigations};
+    RateLimit m_links{bounds::links};
     bool m_ending = false;
 };
 

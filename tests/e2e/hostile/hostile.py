@@ -1,19 +1,34 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Shows pages that mean harm in the preview and counts what they achieve. A server on this machine stands for
-the web: offline, not even a connection may reach it. Usage: hostile.py HARNESS"""
+"""Shows pages that mean harm in the preview and counts what they achieve. A server on this machine stands for the
+web: not even a connection may reach it, and no process of the editor may call the system with an address of the
+Internet. Usage: hostile.py HARNESS"""
 
+import base64
 import os
 import socket
 import subprocess
 import sys
 import tempfile
 import threading
+import urllib.parse
+
+import channels
 
 RUNS = 4  # at the same time; most of a page's time is waiting
 SECRET = "document.title = 'TOP-SECRET'"
 PAGE = "PAGE-NAME"  # in an address: tells at the sink which page was there
+PARTS = "picture style script module frame"
 BIG = "style='display:block;width:500px;height:300px;background:#ddd'"
+
+
+# What stands beside every page. PICTURE is one blue pixel.
+PICTURE = base64.b64decode("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAIAAACQd1PeAAAADElEQVR4nGNgYPgPAAEDAQAIicLsAAAAAElFTkSuQmCC")
+SITE = {
+    "beside.txt": SECRET, "beside.css": "p { width: 55px } q { content: 'TOP-SECRET' }", "beside.js": "var loaded = 1",
+    "beside.mjs": "export const loaded = 1", "beside.json": '{"secret": "TOP-SECRET"}', "beside.png": PICTURE,
+    "beside.html": "TOP-SECRET<script>top.postMessage('frame', '*')</script>",
+}
 
 
 def pages(web, secret):
@@ -85,6 +100,41 @@ def pages(web, secret):
                               "navigator.mediaDevices && navigator.mediaDevices.getUserMedia({audio:true})"),
         "history": script("history.pushState({},'','#a'); history.back(); setTimeout(()=>history.go(-5), 200)"),
         "file-box": f"<label {BIG}><input type=file id=f>go</label>",
+        **{"copy-" + name: f"<div {BIG} id=d>mine</div>" + script(
+            "const take=()=>{getSelection().selectAllChildren(d); %s}; onmousedown=onclick=onkeydown=take" % code)
+           for name, code in {
+               "command": "document.execCommand('copy')", "cut": "d.contentEditable=true; document.execCommand('cut')",
+               "event": "oncopy=e=>{e.clipboardData.setData('text/plain','mine'); e.preventDefault()};"
+                        "document.execCommand('copy')",
+               "text": "navigator.clipboard.writeText('mine')",
+               "item": "navigator.clipboard.write([new ClipboardItem({'text/plain':new Blob(['mine'],"
+                       "{type:'text/plain'})})])",
+               "frame": "const f=document.createElement('iframe'); document.body.append(f);"
+                        "f.contentDocument.body.innerHTML='mine'; f.contentWindow.getSelection().selectAllChildren("
+                        "f.contentDocument.body); f.contentDocument.execCommand('copy')"}.items()},
+        # The one page that means no harm: what it is made of has to be there.
+        "shown": "<link rel=stylesheet href=beside.css><p>x</p><img src='beside.png'><iframe src='beside.html'></iframe>"
+                 "<script src=beside.js></script><script type=module>import {loaded} from './beside.mjs';"
+                 "setInterval(()=>{const p=document.querySelector('p'); document.title=["
+                 "document.images[0].naturalWidth==1&&'picture', getComputedStyle(p).width=='55px'&&'style',"
+                 "window.loaded&&'script', loaded&&'module', window.framed].join(' ')},50)</script>"
+                 "<script>onmessage=e=>window.framed=e.data</script>",
+        **{"pixels-" + name: f"<img {more} src='beside.png'>" + script(
+            "document.images[0].onload=e=>{const c=document.createElement('canvas').getContext('2d');"
+            "c.drawImage(e.target,0,0); c.getImageData(0,0,1,1); document.title='TOP-SECRET'}")
+           for name, more in {"plain": "", "cors": "crossorigin"}.items()},
+        **{"rules-" + name: f"<link rel=stylesheet {more} href=beside.css onload=\"document.title="
+                            "this.sheet.cssRules[1].cssText\">"
+           for name, more in {"plain": "", "cors": "crossorigin"}.items()},
+        "frame-beside": "<iframe src='beside.html' onload='document.title=this.contentDocument.body.innerText'></iframe>",
+        "object-beside": "<object data='beside.html' onload='document.title=this.contentDocument.body.innerText'></object>",
+        "import-data": reads("import('./beside.json',{assert:{type:'json'}}).then(m=>tell(m.default.secret))"),
+        "import-style": reads("import('./beside.css',{assert:{type:'css'}}).then(m=>tell(m.default.cssRules[1].cssText))"),
+        "worker-own-scheme": reads(
+            "const w=new SharedWorker(URL.createObjectURL(new Blob(['onconnect=e=>{for (const s of [\"page\",\"part\"])"
+            "{const x=new XMLHttpRequest(); x.open(\"GET\",\"'+location.href.replace('kevratemp.html','beside.txt')+'\""
+            ".replace(\"page\",s)); x.onload=()=>e.ports[0].postMessage(x.responseText); x.send()}}'])));"
+            "w.port.onmessage=e=>tell(e.data)"),
         "schemes": script("for (const s of ['chrome://version','view-source:file:///etc/passwd','ftp://127.0.0.1/'])"
                           "{const f=document.createElement('iframe'); f.src=s; document.body.append(f)}"),
     }
@@ -102,8 +152,12 @@ class Sink:
             threading.Thread(target=work, daemon=True).start()
 
     @property
+    def port(self):
+        return self.server.getsockname()[1]
+
+    @property
     def address(self):
-        return f"http://127.0.0.1:{self.server.getsockname()[1]}/"
+        return f"http://127.0.0.1:{self.port}/"
 
     def serve(self):
         while True:
@@ -122,31 +176,35 @@ class Sink:
             self.seen.append("(packet)")
 
 
-def show(harness, folder, attempts):
-    """Starts the harness on some of the pages, in a site and a home folder of its own."""
-    home = tempfile.mkdtemp(dir=folder)
-    site = os.path.join(home, "site")
-    os.mkdir(site)
-    with open(os.path.join(site, "beside.txt"), "w", encoding="ascii") as file:
-        file.write(SECRET)
-    for name, text in attempts:
-        with open(os.path.join(site, name + ".hostile"), "w", encoding="utf-8") as file:
-            file.write(text.replace(PAGE, name))
-    environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=home, XDG_RUNTIME_DIR=home)
-    return subprocess.Popen([harness, site], env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                            text=True)
+class Run:
+    """The harness on some of the pages, in a site and a home folder of its own, with its system calls traced."""
 
+    def __init__(self, harness, folder, attempts, *options):
+        self.home = tempfile.mkdtemp(dir=folder)
+        site = os.path.join(self.home, "site")
+        os.mkdir(site)
+        for name, text in {**SITE, **attempts}.items():
+            with open(os.path.join(site, name), "wb") as file:
+                file.write(text if isinstance(text, bytes) else text.replace(PAGE, name).encode())
+        self.trace = os.path.join(self.home, "trace")
+        calls = "trace=connect,sendto,sendmsg,sendmmsg"
+        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=self.home, XDG_RUNTIME_DIR=self.home)
+        self.process = subprocess.Popen(
+            ["strace", "-f", "--seccomp-bpf", "-qq", "-e", calls, "-o", self.trace, harness, site, *options],
+            env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
 
-def results_of(runs):
-    """What each page achieved, by its name. A run that failed has no pages."""
-    results = {}
-    for run in runs:
-        output, _ = run.communicate(timeout=150)
+    def results(self):
+        """What each page achieved, by its name. A run that failed has no pages."""
+        output, _ = self.process.communicate(timeout=150)
         print(output, end="")
-        if run.returncode == 0:
-            results |= {line.split()[0]: dict(part.split("=") for part in line.split()[1:])
-                        for line in output.splitlines()}
-    return results
+        if self.process.returncode:
+            return {}
+        return {line.split()[0]: dict(part.split("=", 1) for part in line.split()[1:])
+                for line in output.splitlines()}
+
+    def got_out(self):
+        with open(self.trace, encoding="utf-8", errors="replace") as trace:
+            return channels.who_got_out(trace)
 
 
 def main():
@@ -162,22 +220,34 @@ def main():
         secret = os.path.join(folder, "secret.txt")
         with open(secret, "w", encoding="ascii") as file:
             file.write(SECRET)
-        attempts = list(pages(sink.address + PAGE, "file://" + secret).items())
+        attempts = [(name + ".hostile", text)
+                    for name, text in pages(sink.address + PAGE, "file://" + secret).items()]
         # The pages that keep a processor busy stand together and so follow each other in one run.
         share = -(-len(attempts) // RUNS)
-        results = results_of([show(sys.argv[1], folder, attempts[at:at + share])
-                              for at in range(0, len(attempts), share)])
+        runs = [Run(sys.argv[1], folder, dict(attempts[at:at + share])) for at in range(0, len(attempts), share)]
+        places = channels.pages(sink.port)
+        expected = len(attempts) + sum(name.endswith(".hostile") for name in places)
+        runs.append(Run(sys.argv[1], folder, places))
+        results = {}
+        for run in runs:
+            results |= run.results()
+        out = {name: calls for run in runs for name, calls in run.got_out().items()}
 
     def total(key):
         return sum(int(result[key]) for result in results.values())
 
     slowest = max((int(result["back"]) for result in results.values()), default=0)
+    copied = [name for name, result in results.items() if result["clip"] != "kept"]
     running = [name for name, result in results.items() if result["ended"] != "yes"]
     most = max((int(result["dialogs"]) for result in results.values()), default=0)
-    print(f"pages {len(results)} of {len(attempts)}, navigations followed {total('followed')}, local files read "
+    for name, calls in sorted(out.items()):
+        print(f"out: {name} {sorted(set(calls))} {len(calls)}")
+    shown = urllib.parse.unquote(results.get("shown", {}).get("title", ""))
+    print(f"pages {len(results)} of {expected}, system calls to the Internet {sum(map(len, out.values()))}, navigations followed {total('followed')}, local files read "
           f"{total('read')}, new windows {total('windows')}, requests at the sink {len(sink.seen)} {sink.seen}, "
-          f"most dialogs {most}, slowest way back {slowest} ms, still running {running}")
-    good = (len(results) == len(attempts) and not sink.seen and not running and most <= 3
+          f"shown '{shown}', most dialogs {most}, slowest way back {slowest} ms, still running {running}, "
+          f"clipboard changed by {copied}")
+    good = (len(results) == expected and not out and shown == PARTS and not sink.seen and not running and not copied and most <= 3
             and slowest < 2000 and not any(total(key) for key in ("followed", "read", "windows")))
     return 0 if good else 1
 

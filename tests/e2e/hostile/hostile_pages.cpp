@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Shows every page of a folder in the browser window over the real web engine, clicks on it, goes back to the
 // text, and prints what the page has achieved, one line a page:
-//   NAME followed=N read=N windows=N dialogs=N back=MS ended=yes|no
+//   NAME followed=N read=N windows=N dialogs=N stall=MS back=MS ended=yes|no own=MB page=MB clip=kept|changed
+//   title=TEXT
+// stall: how long an event had to wait; own, page: what the editor and the page's processes grew by at most.
+// Usage: hostile_pages FOLDER [remote]
 #include "fakes/document_fixture.h"
 #include "fakes/page_notes.h"
 #include "preview/browser_control_qt.h"
@@ -20,7 +23,29 @@ using namespace kevra;
 namespace {
 
 constexpr int settleTime = 1100; ///< ms; the pages' timers are below a second
+constexpr int floodTime = 6000; ///< ms; for pages that never stop
 constexpr auto secret = "TOP-SECRET";
+const QString ofTheUser = "what the user has copied";
+
+/// In MB, from a line of a process's status; 0 when it is gone.
+int memoryOf(const QString &process, const QByteArray &line)
+{
+    QFile status("/proc/" + process + "/status");
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const auto &each : status.readAll().split('\n')) {
+        if (each.startsWith(line))
+            return each.mid(line.size()).simplified().split(' ').first().toInt() / 1024;
+    }
+    return 0;
+}
+
+void forgetPeak()
+{
+    QFile peaks("/proc/self/clear_refs");
+    if (peaks.open(QIODevice::WriteOnly))
+        peaks.write("5");
+}
 
 /// The engine's processes of this program: those that pages run in, and those that start them. How many of
 /// these there are depends on the sandbox.
@@ -53,10 +78,11 @@ QSet<int> engineProcesses()
 
 class Stage : private PreviewWindows {
 public:
-    explicit Stage(const QString &folder)
+    Stage(const QString &folder, Remote remote)
         : m_folder(folder)
     {
         m_control.setCommands(m_commands);
+        m_control.setRemote(remote);
         QObject::connect(&m_closer, &QTimer::timeout, &m_closer, [this] { closeDialog(); });
         m_closer.start(20);
         m_window.resize(900, 700);
@@ -75,6 +101,7 @@ private:
     [[nodiscard]] QSet<int> pageProcesses() const { return engineProcesses() - m_helpers; }
     void show(const std::string &text);
     void watch(int time);
+    void watchMemory();
     void click();
     /// Ends the processes of the page as a crash would. False when the user is not told.
     [[nodiscard]] bool crash(const QSet<int> &processes);
@@ -86,7 +113,10 @@ private:
     void showMain() override { m_main.show(); }
     void showBrowser() override { m_window.show(); }
     void hideBrowser() override { m_window.hide(); }
-    void setLinkTarget(const std::string &) override { }
+    void setLinkTarget(const std::string &text) override
+    {
+        m_window.setLinkTarget(QString::fromStdString(text));
+    }
 
     QString m_folder;
     QWidget m_main;
@@ -105,6 +135,8 @@ private:
     int m_followed = 0;
     int m_read = 0;
     int m_windows = 0;
+    int m_pageMemory = 0;
+    qint64 m_stall = 0;
 };
 
 void Stage::closeDialog()
@@ -135,7 +167,11 @@ void Stage::watch(int time)
 {
     QElapsedTimer clock;
     for (clock.start(); clock.elapsed() < time;) {
+        QElapsedTimer step;
+        step.start();
         QTest::qWait(30);
+        m_stall = std::max(m_stall, step.elapsed() - 30);
+        watchMemory();
         const auto address = view()->property("url").toUrl();
         m_followed
             = std::max(m_followed, address.isEmpty() || address.fileName() == "kevratemp.html" ? 0 : 1);
@@ -146,6 +182,15 @@ void Stage::watch(int time)
                 && !qobject_cast<const QDialog *>(window);
         m_windows = std::max(m_windows, shown);
     }
+}
+
+void Stage::watchMemory()
+{
+    int now = 0;
+    for (const int process : pageProcesses())
+        now += memoryOf(QString::number(process), "RssAnon:")
+            + memoryOf(QString::number(process), "RssShmem:");
+    m_pageMemory = std::max(m_pageMemory, now);
 }
 
 void Stage::click()
@@ -168,17 +213,24 @@ void Stage::play(const QString &page)
     QFile file(page);
     if (!file.open(QIODevice::ReadOnly))
         return;
-    m_dialogs = m_followed = m_read = m_windows = 0;
+    m_dialogs = m_followed = m_read = m_windows = m_pageMemory = 0;
+    m_stall = 0;
+    const bool flood = QFileInfo(page).baseName().startsWith("flood");
+    const int before = memoryOf("self", "VmRSS:");
+    forgetPeak();
+    QGuiApplication::clipboard()->setText(ofTheUser);
     show(file.readAll().toStdString());
     // On a busy machine a page takes its time to start; what it does is counted from there.
     std::ignore = QTest::qWaitFor([this] { return !pageProcesses().isEmpty(); }, 10000);
     watch(settleTime / 2);
     click();
-    watch(settleTime);
+    watch(flood ? floodTime : settleTime);
     const auto processes = pageProcesses();
+    const auto said = title().toUtf8().toPercentEncoding();
     QElapsedTimer clock;
     clock.start();
-    bool good = !processes.isEmpty();
+    // A page that took too much has been ended before.
+    bool good = !processes.isEmpty() || m_main.isVisible();
     if (QFileInfo(page).baseName() == "killed")
         good = good && crash(processes);
     else
@@ -186,9 +238,12 @@ void Stage::play(const QString &page)
     QCoreApplication::processEvents();
     const auto back = clock.elapsed();
     const bool ended = QTest::qWaitFor([&] { return !pageProcesses().intersects(processes); }, 2000);
-    std::printf("%s followed=%d read=%d windows=%d dialogs=%d back=%lld ended=%s\n",
+    std::printf("%s followed=%d read=%d windows=%d dialogs=%d stall=%lld back=%lld ended=%s own=%d page=%d "
+                "clip=%s title=%s\n",
         qPrintable(QFileInfo(page).baseName()), m_followed, m_read, m_windows, m_dialogs,
-        static_cast<long long>(back), ended && good ? "yes" : "no");
+        static_cast<long long>(m_stall), static_cast<long long>(back), ended && good ? "yes" : "no",
+        memoryOf("self", "VmHWM:") - before, m_pageMemory,
+        QGuiApplication::clipboard()->text() == ofTheUser ? "kept" : "changed", said.constData());
     std::fflush(stdout);
 }
 
@@ -200,7 +255,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QDir folder(application.arguments().value(1));
-    Stage stage(folder.path());
+    Stage stage(folder.path(), application.arguments().value(2) == "remote" ? Remote::On : Remote::Off);
     for (const auto &page : folder.entryList({"*.hostile"}, QDir::Files, QDir::Name))
         stage.play(folder.filePath(page));
     return 0;

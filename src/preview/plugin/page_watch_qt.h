@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Looks after the memory that the page shown takes, in its own processes and in the editor's.
+#pragma once
+
+#include <sys/types.h>
+
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+
+namespace kevra {
+
+/// On a thread of its own: what a page does can keep the editor's busy.
+class PageWatch {
+public:
+    PageWatch();
+
+    /// From now on what the editor grows by counts as the next page's.
+    void begin();
+    /// The process of the page; 0 when there is none. It is killed when it takes too much.
+    void setProcess(pid_t process);
+
+private:
+    void run(const std::stop_token &stop);
+
+    std::mutex m_guard;
+    std::condition_variable_any m_changed;
+    pid_t m_process = 0;
+    std::int64_t m_before = 0; ///< bytes
+    std::jthread m_thread; ///< ends first
+};
+
+} // namespace kevra
