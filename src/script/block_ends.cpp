@@ -26,33 +26,28 @@ bool isProcedure(BlockKind kind)
     return kind == BlockKind::Sub || kind == BlockKind::Function || kind == BlockKind::Property;
 }
 
+struct EndWord {
+    Keyword word;
+    BlockKind block;
+};
+constexpr std::array endWords{
+    EndWord{Keyword::If, BlockKind::If},
+    EndWord{Keyword::Select, BlockKind::Select},
+    EndWord{Keyword::With, BlockKind::With},
+    EndWord{Keyword::Sub, BlockKind::Sub},
+    EndWord{Keyword::Function, BlockKind::Function},
+    EndWord{Keyword::Property, BlockKind::Property},
+    EndWord{Keyword::Class, BlockKind::Class},
+    // Not the language's words, but what they are meant to end is clear.
+    EndWord{Keyword::While, BlockKind::While},
+    EndWord{Keyword::For, BlockKind::For},
+    EndWord{Keyword::Do, BlockKind::Do},
+};
+
 std::optional<BlockKind> afterEnd(Keyword keyword)
 {
-    switch (keyword) {
-    case Keyword::If:
-        return BlockKind::If;
-    case Keyword::Select:
-        return BlockKind::Select;
-    case Keyword::With:
-        return BlockKind::With;
-    case Keyword::Sub:
-        return BlockKind::Sub;
-    case Keyword::Function:
-        return BlockKind::Function;
-    case Keyword::Property:
-        return BlockKind::Property;
-    case Keyword::Class:
-        return BlockKind::Class;
-    // Not the language's words, but what they are meant to end is clear.
-    case Keyword::While:
-        return BlockKind::While;
-    case Keyword::For:
-        return BlockKind::For;
-    case Keyword::Do:
-        return BlockKind::Do;
-    default:
-        return std::nullopt;
-    }
+    const auto found = std::ranges::find(endWords, keyword, &EndWord::word);
+    return found == endWords.end() ? std::nullopt : std::optional(found->block);
 }
 
 } // namespace

@@ -3,6 +3,9 @@
 
 #include "script/characters.h"
 
+#include <algorithm>
+#include <array>
+
 namespace kevra::script {
 
 namespace {
@@ -23,6 +26,47 @@ bool endsOperand(TokenKind kind)
 }
 
 constexpr std::uint32_t longestDate = 100;
+
+struct Pair {
+    std::string_view signs;
+    TokenKind kind;
+};
+constexpr std::array pairs{
+    Pair{"<>", TokenKind::NotEqual},
+    Pair{"<=", TokenKind::LessEqual},
+    Pair{">=", TokenKind::GreaterEqual},
+    Pair{"><", TokenKind::NotEqual},
+    Pair{"=<", TokenKind::LessEqual},
+    Pair{"=>", TokenKind::GreaterEqual},
+};
+
+struct Single {
+    unsigned char sign;
+    TokenKind kind;
+};
+constexpr std::array singleSigns{
+    Single{':', TokenKind::Colon},
+    Single{'(', TokenKind::LeftParenthesis},
+    Single{')', TokenKind::RightParenthesis},
+    Single{',', TokenKind::Comma},
+    Single{'.', TokenKind::Dot},
+    Single{'=', TokenKind::Equal},
+    Single{'<', TokenKind::Less},
+    Single{'>', TokenKind::Greater},
+    Single{'+', TokenKind::Plus},
+    Single{'-', TokenKind::Minus},
+    Single{'*', TokenKind::Multiply},
+    Single{'/', TokenKind::Divide},
+    Single{'\\', TokenKind::IntegerDivide},
+    Single{'^', TokenKind::Power},
+};
+constexpr auto singles = [] {
+    std::array<TokenKind, 256> kinds{};
+    kinds.fill(TokenKind::Invalid);
+    for (const auto &single : singleSigns)
+        kinds[single.sign] = single.kind;
+    return kinds;
+}();
 
 } // namespace
 
@@ -257,7 +301,6 @@ Token Lexer::date()
 
 Token Lexer::operatorOrInvalid()
 {
-    const auto following = at(m_at + 1);
     Token token;
     switch (at(m_at)) {
     case '"':
@@ -268,43 +311,15 @@ Token Lexer::operatorOrInvalid()
         return bracketedWord();
     case '&':
         return prefixedNumber(token) ? token : made(TokenKind::Ampersand, 1);
-    case '<':
-        return following == '>' ? made(TokenKind::NotEqual, 2)
-            : following == '='  ? made(TokenKind::LessEqual, 2)
-                                : made(TokenKind::Less, 1);
-    case '>':
-        return following == '<' ? made(TokenKind::NotEqual, 2)
-            : following == '='  ? made(TokenKind::GreaterEqual, 2)
-                                : made(TokenKind::Greater, 1);
-    case '=':
-        return following == '<' ? made(TokenKind::LessEqual, 2)
-            : following == '>'  ? made(TokenKind::GreaterEqual, 2)
-                                : made(TokenKind::Equal, 1);
-    case ':':
-        return made(TokenKind::Colon, 1);
-    case '(':
-        return made(TokenKind::LeftParenthesis, 1);
-    case ')':
-        return made(TokenKind::RightParenthesis, 1);
-    case ',':
-        return made(TokenKind::Comma, 1);
-    case '.':
-        return made(TokenKind::Dot, 1);
-    case '+':
-        return made(TokenKind::Plus, 1);
-    case '-':
-        return made(TokenKind::Minus, 1);
-    case '*':
-        return made(TokenKind::Multiply, 1);
-    case '/':
-        return made(TokenKind::Divide, 1);
-    case '\\':
-        return made(TokenKind::IntegerDivide, 1);
-    case '^':
-        return made(TokenKind::Power, 1);
     default:
-        return made(TokenKind::Invalid, 1);
+        break;
     }
+    const auto first = singles[at(m_at)];
+    if (first != TokenKind::Equal && first != TokenKind::Less && first != TokenKind::Greater)
+        return made(first, 1);
+    const auto pair
+        = std::ranges::find(pairs, m_text.substr(m_at, std::min<std::size_t>(2, m_end - m_at)), &Pair::signs);
+    return pair != pairs.end() ? made(pair->kind, 2) : made(first, 1);
 }
 
 } // namespace kevra::script

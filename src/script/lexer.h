@@ -36,7 +36,6 @@ private:
     Token string();
     Token date();
     Token operatorOrInvalid();
-    Token invalid();
     [[nodiscard]] unsigned char at(std::uint32_t offset) const
     {
         return offset < m_end ? static_cast<unsigned char>(m_text[offset]) : 0;

@@ -7,111 +7,67 @@ namespace kevra::script {
 
 namespace {
 
-constexpr unsigned notStrength = 6;
 constexpr unsigned comparisonStrength = 7;
-constexpr unsigned signStrength = 13;
 constexpr unsigned powerStrength = 14;
 
-unsigned strength(Operator op)
-{
-    switch (op) {
-    case Operator::None:
-        return 0;
-    case Operator::Imp:
-        return 1;
-    case Operator::Eqv:
-        return 2;
-    case Operator::Xor:
-        return 3;
-    case Operator::Or:
-        return 4;
-    case Operator::And:
-        return 5;
-    case Operator::Not:
-        return notStrength;
-    case Operator::Equal:
-    case Operator::NotEqual:
-    case Operator::Less:
-    case Operator::Greater:
-    case Operator::LessEqual:
-    case Operator::GreaterEqual:
-    case Operator::Is:
-        return comparisonStrength;
-    case Operator::Concatenate:
-        return 8;
-    case Operator::Add:
-    case Operator::Subtract:
-        return 9;
-    case Operator::Mod:
-        return 10;
-    case Operator::IntegerDivide:
-        return 11;
-    case Operator::Multiply:
-    case Operator::Divide:
-        return 12;
-    case Operator::Negate:
-    case Operator::Plus:
-        return signStrength;
-    case Operator::Power:
-        return powerStrength;
-    }
-    return 0;
-}
+struct OperatorRow {
+    Operator op;
+    std::uint8_t strength;
+    TokenKind sign; ///< Name where it is a word
+    Keyword word = Keyword::None;
+};
 
-Operator wordOperator(Keyword keyword)
-{
-    switch (keyword) {
-    case Keyword::And:
-        return Operator::And;
-    case Keyword::Or:
-        return Operator::Or;
-    case Keyword::Xor:
-        return Operator::Xor;
-    case Keyword::Eqv:
-        return Operator::Eqv;
-    case Keyword::Imp:
-        return Operator::Imp;
-    case Keyword::Is:
-        return Operator::Is;
-    case Keyword::Mod:
-        return Operator::Mod;
-    default:
-        return Operator::None;
-    }
-}
+// In the order of Operator; unary ones have no sign here, for it means another operator between operands.
+constexpr std::array operators{
+    OperatorRow{Operator::None, 0, TokenKind::End},
+    OperatorRow{Operator::Imp, 1, TokenKind::Name, Keyword::Imp},
+    OperatorRow{Operator::Eqv, 2, TokenKind::Name, Keyword::Eqv},
+    OperatorRow{Operator::Xor, 3, TokenKind::Name, Keyword::Xor},
+    OperatorRow{Operator::Or, 4, TokenKind::Name, Keyword::Or},
+    OperatorRow{Operator::And, 5, TokenKind::Name, Keyword::And},
+    OperatorRow{Operator::Not, 6, TokenKind::End},
+    OperatorRow{Operator::Equal, comparisonStrength, TokenKind::Equal},
+    OperatorRow{Operator::NotEqual, comparisonStrength, TokenKind::NotEqual},
+    OperatorRow{Operator::Less, comparisonStrength, TokenKind::Less},
+    OperatorRow{Operator::Greater, comparisonStrength, TokenKind::Greater},
+    OperatorRow{Operator::LessEqual, comparisonStrength, TokenKind::LessEqual},
+    OperatorRow{Operator::GreaterEqual, comparisonStrength, TokenKind::GreaterEqual},
+    OperatorRow{Operator::Is, comparisonStrength, TokenKind::Name, Keyword::Is},
+    OperatorRow{Operator::Concatenate, 8, TokenKind::Ampersand},
+    OperatorRow{Operator::Add, 9, TokenKind::Plus},
+    OperatorRow{Operator::Subtract, 9, TokenKind::Minus},
+    OperatorRow{Operator::Mod, 10, TokenKind::Name, Keyword::Mod},
+    OperatorRow{Operator::IntegerDivide, 11, TokenKind::IntegerDivide},
+    OperatorRow{Operator::Multiply, 12, TokenKind::Multiply},
+    OperatorRow{Operator::Divide, 12, TokenKind::Divide},
+    OperatorRow{Operator::Negate, 13, TokenKind::End},
+    OperatorRow{Operator::Plus, 13, TokenKind::End},
+    OperatorRow{Operator::Power, powerStrength, TokenKind::Power},
+};
+static_assert(operators[static_cast<std::size_t>(Operator::Is)].op == Operator::Is);
+static_assert(operators[static_cast<std::size_t>(Operator::Power)].op == Operator::Power);
 
-Operator signOperator(TokenKind kind)
-{
-    switch (kind) {
-    case TokenKind::Equal:
-        return Operator::Equal;
-    case TokenKind::NotEqual:
-        return Operator::NotEqual;
-    case TokenKind::Less:
-        return Operator::Less;
-    case TokenKind::Greater:
-        return Operator::Greater;
-    case TokenKind::LessEqual:
-        return Operator::LessEqual;
-    case TokenKind::GreaterEqual:
-        return Operator::GreaterEqual;
-    case TokenKind::Ampersand:
-        return Operator::Concatenate;
-    case TokenKind::Plus:
-        return Operator::Add;
-    case TokenKind::Minus:
-        return Operator::Subtract;
-    case TokenKind::Multiply:
-        return Operator::Multiply;
-    case TokenKind::Divide:
-        return Operator::Divide;
-    case TokenKind::IntegerDivide:
-        return Operator::IntegerDivide;
-    case TokenKind::Power:
-        return Operator::Power;
-    default:
-        return Operator::None;
+constexpr auto operatorBySign = [] {
+    std::array<Operator, static_cast<std::size_t>(TokenKind::Invalid) + 1> bySign{};
+    for (const auto &row : operators) {
+        if (row.sign != TokenKind::Name && row.sign != TokenKind::End)
+            bySign[static_cast<std::size_t>(row.sign)] = row.op;
     }
+    return bySign;
+}();
+
+constexpr auto operatorByWord = [] {
+    std::array<Operator, static_cast<std::size_t>(lastKeyword) + 1> byWord{};
+    for (const auto &row : operators) {
+        if (row.sign == TokenKind::Name)
+            byWord[static_cast<std::size_t>(row.word)] = row.op;
+    }
+    return byWord;
+}();
+
+constexpr unsigned strength(Operator op)
+{
+    return operators[static_cast<std::size_t>(op)].strength;
 }
 
 /// a < > b and a > = b, written apart.
@@ -126,31 +82,31 @@ Operator joined(Operator first, TokenKind second)
     return Operator::None;
 }
 
+struct LiteralWord {
+    Keyword word;
+    NodeKind kind;
+};
+constexpr std::array literalWords{
+    LiteralWord{Keyword::True, NodeKind::True},
+    LiteralWord{Keyword::False, NodeKind::False},
+    LiteralWord{Keyword::Null, NodeKind::Null},
+    LiteralWord{Keyword::Empty, NodeKind::Empty},
+    LiteralWord{Keyword::Nothing, NodeKind::Nothing},
+    LiteralWord{Keyword::Me, NodeKind::Me},
+};
+
 std::optional<NodeKind> literalKeyword(Keyword keyword)
 {
-    switch (keyword) {
-    case Keyword::True:
-        return NodeKind::True;
-    case Keyword::False:
-        return NodeKind::False;
-    case Keyword::Null:
-        return NodeKind::Null;
-    case Keyword::Empty:
-        return NodeKind::Empty;
-    case Keyword::Nothing:
-        return NodeKind::Nothing;
-    case Keyword::Me:
-        return NodeKind::Me;
-    default:
-        return std::nullopt;
-    }
+    const auto found = std::ranges::find(literalWords, keyword, &LiteralWord::word);
+    return found == literalWords.end() ? std::nullopt : std::optional(found->kind);
 }
 
 } // namespace
 
 Operator Parser::binaryOperator()
 {
-    return at(TokenKind::Name) ? wordOperator(m_token.keyword()) : signOperator(kind());
+    return at(TokenKind::Name) ? operatorByWord[static_cast<std::size_t>(m_token.keyword())]
+                               : operatorBySign[static_cast<std::size_t>(kind())];
 }
 
 bool Parser::atExpression() const
@@ -270,12 +226,13 @@ NodeId Parser::primary()
     }
     if (at(Keyword::New))
         return newObject();
-    if (const auto kind = literalKeyword(m_token.keyword())) {
-        const auto id = literal(*kind);
-        return kind == NodeKind::Me ? suffixes(id, start, false) : id;
+    if (isReserved(m_token.keyword())) {
+        const auto word = literalKeyword(m_token.keyword());
+        if (!word)
+            return failUnexpected("An expression");
+        const auto id = literal(*word);
+        return word == NodeKind::Me ? suffixes(id, start, false) : id;
     }
-    if (isReserved(m_token.keyword()))
-        return failUnexpected("An expression");
     const auto id = m_build.leaf(NodeKind::Name, tokenRange(), m_token.name);
     advance();
     typeSuffix();
