@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
+#include "app/disk_side_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
 #include "desktop/end_signals_qt.h"
@@ -65,6 +66,7 @@ private:
     QTimer m_recordTimer;
     QTimer m_statusTimer;
     DiskNotice m_notice;
+    DiskSide m_disk;
     std::unique_ptr<EndSignalsQt> m_signals;
 };
 
@@ -73,7 +75,7 @@ FilesSide::FilesSide(Application &app)
     , m_document(app.mainWindow().document())
     , m_store({app.folders.autosave, app.folders.spare}, app.backups,
           [this] { QMetaObject::invokeMethod(this, &FilesSide::tellRecordState, Qt::QueuedConnection); })
-    , m_journal(m_document, app.document, app.state, app.file, m_store)
+    , m_journal(m_document, app.document, app.state, app.file, m_store, app.backups)
     , m_ports{m_document, app.document, app.state, app.files, app.file, m_journal, app.backups,
           app.fileDialogs, app.messages, app.mainWindow(), app.toolSets()}
     , m_colouring(m_document, app.document)
@@ -92,6 +94,7 @@ FilesSide::FilesSide(Application &app)
     , m_passedOverBar(*new NoticeBar("passedoverbar", "Files passed over", app.mainWindow(),
           {{"bpassedoverclose", "C&lose", "Take this note away", [this] { m_passedOverBar.hide(); }}}))
     , m_notice(app.file)
+    , m_disk(app, m_ports, m_opening, m_colouring)
 {
     bindCommands();
     fillSession();
@@ -154,6 +157,7 @@ void FilesSide::watchDocument()
         // A save takes the notice back.
         if (m_notice.stands())
             tellDiskState();
+        m_disk.documentMayHaveChanged();
         return status();
     });
     connect(&m_document, &EditorControl::changed, this, [this] {
@@ -186,6 +190,11 @@ QStringList FilesSide::status() const
 
 void FilesSide::watchDisk()
 {
+    connect(&m_disk, &DiskSide::fileTouched, this, [this] {
+        tellDiskState();
+        m_disk.check();
+        m_app.mainWindow().refreshDocumentStatus();
+    });
     m_app.mainWindow().installEventFilter(this);
 }
 
@@ -193,6 +202,7 @@ bool FilesSide::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate) {
         tellDiskState();
+        m_disk.check();
         m_app.mainWindow().refreshDocumentStatus();
     }
     return QObject::eventFilter(watched, event);

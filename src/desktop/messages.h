@@ -15,6 +15,7 @@ struct Message {
     Icon icon = Icon::Information;
     Buttons buttons = Buttons::Ok;
     std::string title = "KEVRA Editor";
+    std::string details{}; ///< shown on demand
 };
 
 class Messages {

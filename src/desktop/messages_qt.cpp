@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/messages_qt.h"
 
+#include "desktop/text_qt.h"
+
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QMessageBox>
@@ -82,6 +84,8 @@ Answer MessagesQt::show(const Message &message)
     // Plain text: a path or a search text may look like markup.
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(message.text));
+    if (!message.details.empty())
+        box.setDetailedText(pathText(message.details));
     box.setIcon(iconOf(message.icon));
     box.setStandardButtons(set.buttons);
     box.setDefaultButton(set.initial);

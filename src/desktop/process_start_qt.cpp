@@ -57,7 +57,14 @@ void detach()
 
 bool ProcessStartQt::start(const std::string &path)
 {
+    return start(path, {});
+}
+
+bool ProcessStartQt::start(const std::string &path, const std::string &argument)
+{
     QProcess process;
+    if (!argument.empty())
+        process.setArguments({pathText(argument)});
     // Absolute, because a bare name would be looked for in the folders of PATH.
     process.setProgram(QFileInfo(pathText(path)).absoluteFilePath());
     process.setStandardInputFile(QProcess::nullDevice());

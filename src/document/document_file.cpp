@@ -5,6 +5,8 @@
 #include "encoding/charset.h"
 #include "storage/checksummed_record.h"
 
+#include <utility>
+
 namespace kevra {
 
 DocumentFile::DocumentFile(FileStore &files, BackupStore &backups)
@@ -27,12 +29,14 @@ std::optional<OpenedFile> DocumentFile::read(const std::string &path) const
 
 void DocumentFile::take(OpenedFile &&file)
 {
+    m_replaced.reset();
     m_paths.clear();
     adopt(std::move(file.bytes), file.decoded.text, file.decoded.format, file.path, file.stamp);
 }
 
 void DocumentFile::startNew(const TextFormat &format)
 {
+    m_replaced.reset();
     m_paths.clear();
     adopt({}, {}, format, {}, std::nullopt);
 }
@@ -40,11 +44,19 @@ void DocumentFile::startNew(const TextFormat &format)
 Saved DocumentFile::save(std::string_view text, const std::string &path, Existing existing)
 {
     auto file = encoded(text, path, false);
-    keepForeignContent(path);
+    auto foreign = keepForeignContent(path);
     const auto saved
-        = existing == Existing::Replace ? m_files.replace(path, file.bytes) : m_files.write(path, file.bytes);
-    if (saved == Saved::Ok)
-        adopt(std::move(file.bytes), text, file.format, path, m_files.stamp(path));
+        = m_files.save(path, file.bytes, existing == Existing::Replace, [&](std::string_view there) {
+              // Written since it was looked at.
+              if (isOriginal(there) || there == foreign)
+                  return;
+              m_backups.keep(path, there);
+              foreign = there;
+          });
+    if (saved != Saved::Ok)
+        return saved;
+    m_replaced = path == m_path ? std::move(foreign) : std::nullopt;
+    adopt(std::move(file.bytes), text, file.format, path, m_files.stamp(path));
     return saved;
 }
 
@@ -63,7 +75,31 @@ FileSnapshot DocumentFile::snapshot(std::string_view path, bool script) const
 
 bool DocumentFile::holds(std::string_view text) const
 {
+    return m_onDisk && wasReadOrWrittenAs(text);
+}
+
+bool DocumentFile::wasReadOrWrittenAs(std::string_view text) const
+{
     return mayHold(text.size()) && fingerprint(text) == m_textFingerprint;
+}
+
+Saved DocumentFile::putBack()
+{
+    const auto theirs = std::exchange(m_replaced, std::nullopt);
+    const auto saved = m_files.save(m_path, theirs.value_or(""), false, [&](std::string_view there) {
+        if (!isOriginal(there))
+            m_backups.keep(m_path, there);
+    });
+    if (saved == Saved::Ok)
+        m_onDisk = false;
+    else
+        m_replaced = theirs;
+    return saved;
+}
+
+std::string DocumentFile::decodedAs(std::string_view bytes) const
+{
+    return decodeFile(bytes, textKind(m_path)).text;
 }
 
 DiskState DocumentFile::diskState() const
@@ -71,9 +107,25 @@ DiskState DocumentFile::diskState() const
     if (m_path.empty())
         return DiskState::Unchanged;
     const auto stamp = m_files.stamp(m_path);
-    if (!stamp)
+    const auto isStill = [&](const std::optional<FileStamp> &known) {
+        return known == stamp && known->touched == stamp->touched;
+    };
+    if (!stamp) {
+        m_onDisk = false;
         return DiskState::Gone;
-    return stamp == m_stamp ? DiskState::Unchanged : DiskState::Changed;
+    }
+    if (m_onDisk && isStill(m_stamp))
+        return DiskState::Unchanged;
+    if (isStill(m_foreign))
+        return DiskState::Changed;
+    const auto there = m_files.read(m_path);
+    if (!there || !isOriginal(*there)) {
+        m_foreign = stamp;
+        return DiskState::Changed;
+    }
+    m_stamp = stamp;
+    m_onDisk = true;
+    return DiskState::Unchanged;
 }
 
 void DocumentFile::adopt(std::string bytes, std::string_view text, const TextFormat &format,
@@ -86,6 +138,8 @@ void DocumentFile::adopt(std::string bytes, std::string_view text, const TextFor
     m_format = format;
     m_path = path;
     m_stamp = stamp;
+    m_foreign.reset();
+    m_onDisk = true;
     if (!path.empty())
         m_paths.insert(path);
     m_textLength = text.size();
@@ -94,17 +148,19 @@ void DocumentFile::adopt(std::string bytes, std::string_view text, const TextFor
 
 bool DocumentFile::isOriginal(std::string_view bytes) const
 {
-    return m_original->empty() ? !m_path.empty() && holds(bytes) : bytes == *m_original;
+    return m_original->empty() ? !m_path.empty() && wasReadOrWrittenAs(bytes) : bytes == *m_original;
 }
 
-void DocumentFile::keepForeignContent(const std::string &path) const
+std::optional<std::string> DocumentFile::keepForeignContent(const std::string &path) const
 {
-    const auto stamp = m_files.stamp(path);
-    if (!stamp || (path == m_path && stamp == m_stamp))
-        return;
+    if (path == m_path ? diskState() != DiskState::Changed : !m_files.stamp(path))
+        return std::nullopt;
+    auto there = m_files.read(path);
+    if (!there || isOriginal(*there))
+        return std::nullopt;
     // A save goes on when nothing can be kept: the user asked for it.
-    if (const auto there = m_files.read(path); there && !isOriginal(*there))
-        m_backups.keep(path, *there);
+    m_backups.keep(path, *there);
+    return there;
 }
 
 } // namespace kevra

@@ -52,8 +52,18 @@ public:
     [[nodiscard]] bool holds(std::string_view text) const;
     /// Whether a text of this length can be what the file holds.
     [[nodiscard]] bool mayHold(std::size_t length) const { return length == m_textLength; }
+    /// Looks at the content when anything about the file has changed: the same bytes are no change.
     [[nodiscard]] DiskState diskState() const;
     [[nodiscard]] std::optional<FileStamp> stampOnDisk() const { return m_files.stamp(m_path); }
+    /// Whether the text is what was last read or written, wherever the file is now.
+    [[nodiscard]] bool wasReadOrWrittenAs(std::string_view text) const;
+    /// The bytes of another program that the last save took the place of.
+    [[nodiscard]] const std::optional<std::string> &replacedContent() const { return m_replaced; }
+    void forgetReplaced() { m_replaced.reset(); }
+    /// Writes them back; the document's text is in no file afterwards.
+    [[nodiscard]] Saved putBack();
+    /// The text of such bytes, as opening this file would show it.
+    [[nodiscard]] std::string decodedAs(std::string_view bytes) const;
     [[nodiscard]] const TextFormat &format() const { return m_format; }
     [[nodiscard]] const std::string &path() const
     {
@@ -65,7 +75,8 @@ private:
         std::optional<FileStamp> stamp);
     /// Whether these are the bytes that were last read or written.
     [[nodiscard]] bool isOriginal(std::string_view bytes) const;
-    void keepForeignContent(const std::string &path) const;
+    /// What was kept.
+    [[nodiscard]] std::optional<std::string> keepForeignContent(const std::string &path) const;
 
     FileStore &m_files;
     BackupStore &m_backups;
@@ -73,7 +84,10 @@ private:
     std::shared_ptr<const std::string> m_original = std::make_shared<const std::string>();
     TextFormat m_format;
     std::string m_path; ///< last read or written; empty for new work
-    std::optional<FileStamp> m_stamp;
+    mutable std::optional<FileStamp> m_stamp;
+    mutable std::optional<FileStamp> m_foreign; ///< a state of the file whose content is not ours
+    mutable bool m_onDisk = true; ///< as far as it has been looked at
+    std::optional<std::string> m_replaced;
     std::set<std::string> m_paths;
     std::size_t m_textLength = 0;
     std::uint64_t m_textFingerprint = 0;

@@ -3,6 +3,7 @@
 
 #include "desktop/text_qt.h"
 
+#include <QtGui/QAccessible>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QPushButton>
@@ -16,7 +17,6 @@ constexpr int smallestDescription = 200; ///< pixels; a longer text is cut off a
 NoticeBar::NoticeBar(
     const char *name, const char *title, QMainWindow &window, std::initializer_list<Button> buttons)
     : QToolBar(&window)
-    , m_window(window)
     , m_description(new QLabel(this))
 {
     setObjectName(name);
@@ -26,7 +26,7 @@ NoticeBar::NoticeBar(
     m_description->setObjectName(objectName() + "text");
     m_description->setTextFormat(Qt::PlainText);
     m_description->setMinimumWidth(smallestDescription);
-    m_description->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_description->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_description->setMargin(4);
     addWidget(m_description);
     for (const auto &row : buttons) {
@@ -36,6 +36,9 @@ NoticeBar::NoticeBar(
         connect(button, &QPushButton::clicked, this, row.chosen);
         m_buttons[row.name] = addWidget(button);
     }
+    // A row of its own; it takes no room while it is hidden.
+    window.addToolBarBreak();
+    window.addToolBar(this);
     hide();
 }
 
@@ -45,11 +48,9 @@ void NoticeBar::showText(const std::string &description)
     m_description->setText(text);
     m_description->setToolTip(text);
     m_description->setAccessibleName(text);
-    if (isVisible())
-        return;
-    m_window.addToolBarBreak();
-    m_window.addToolBar(this);
     show();
+    QAccessibleEvent spoken(m_description, QAccessible::Alert);
+    QAccessible::updateAccessibility(&spoken);
 }
 
 void NoticeBar::setButtonVisible(const char *name, bool visible)

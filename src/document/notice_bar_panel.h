@@ -29,12 +29,11 @@ public:
     NoticeBar(
         const char *name, const char *title, QMainWindow &window, std::initializer_list<Button> buttons);
 
-    /// In a row of its own; the description is bytes, such as paths are.
+    /// The description is bytes, such as paths are; screen readers speak it.
     void showText(const std::string &description);
     void setButtonVisible(const char *name, bool visible);
 
 private:
-    QMainWindow &m_window;
     QLabel *m_description;
     QHash<QString, QAction *> m_buttons;
 };

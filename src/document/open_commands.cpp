@@ -5,6 +5,9 @@
 #include "text/flag_guard.h"
 #include "text/paths.h"
 
+#include <cstdint>
+#include <cstdlib>
+#include <new>
 #include <utility>
 
 namespace kevra {
@@ -13,6 +16,20 @@ namespace {
 constexpr bool isColoured(TypeGroup group)
 {
     return group == TypeGroup::WebPage || group == TypeGroup::Script;
+}
+
+/// Throws when there is no room for a file on its way into the document, with its colours: as bytes, as text,
+/// in the control with a style for each byte, and as what the control moves when it grows.
+void requireMemory(std::int64_t fileSize)
+{
+    constexpr std::size_t times = 6;
+    const auto size = static_cast<std::size_t>(fileSize);
+    if (size > PTRDIFF_MAX / times)
+        throw std::bad_alloc();
+    void *volatile probe = std::malloc(times * size); // or the compiler leaves it out
+    if (!probe && size > 0)
+        throw std::bad_alloc();
+    std::free(probe);
 }
 
 } // namespace
@@ -53,6 +70,11 @@ void OpenCommands::openDropped(const std::string &path)
 bool OpenCommands::loadAccepted(const std::string &path)
 {
     return load(path, OldText::Keep) == Load::Done;
+}
+
+bool OpenCommands::reload()
+{
+    return load(m_ports.file.path(), OldText::GiveUp) == Load::Done;
 }
 
 void OpenCommands::newFile()
@@ -103,14 +125,26 @@ void OpenCommands::refuse(std::string_view path)
 
 OpenCommands::Load OpenCommands::load(const std::string &path, OldText old)
 {
+    try {
+        return loadWithinMemory(path, old);
+    } catch (const std::bad_alloc &) {
+        m_ports.messages.stop("There is not enough memory to open " + path + '.');
+        return Load::OldTextStays;
+    }
+}
+
+OpenCommands::Load OpenCommands::loadWithinMemory(const std::string &path, OldText old)
+{
     const auto type = fileType(path);
+    if (const auto stamp = m_ports.files.stamp(path); type && stamp)
+        requireMemory(stamp->size);
     auto file = type ? m_ports.file.read(path) : std::nullopt;
     if (!file)
         return Load::Unreadable;
     if (!releaseText(old))
         return Load::OldTextStays;
-    m_ports.state.currentExtension = type->extension;
     present(std::move(*file), type->group);
+    m_ports.state.currentExtension = type->extension;
     // An opened file counts as unsaved, so quitting straight away still asks.
     m_ports.state.unsaved = true;
     m_ports.main.setTitlePath(m_ports.state.currentPath);
@@ -209,10 +243,14 @@ void OpenCommands::colour(TypeGroup group, PendingPaint paint)
     if (!state.colourApplies)
         return;
     const BusySurface busy(m_ports.document);
-    if (group == TypeGroup::WebPage)
-        m_colouring.colourTags(std::move(paint));
-    else
-        m_colouring.ColourText(std::move(paint));
+    try {
+        if (group == TypeGroup::WebPage)
+            m_colouring.colourTags(std::move(paint));
+        else
+            m_colouring.ColourText(std::move(paint));
+    } catch (const std::bad_alloc &) {
+        m_ports.main.tell("Not colored: there is not enough memory.");
+    }
 }
 
 } // namespace kevra

@@ -24,6 +24,9 @@ public:
     /// Loads a file of an accepted type; false, with the document untouched, when it cannot be read.
     bool loadAccepted(const std::string &path);
 
+    /// The document's file anew; what the window has instead is given up. False when it cannot be read.
+    bool reload();
+
     /// A recovered text with the tools, colours and title of the file it would have gone to. It is nobody's
     /// file: Save asks for a name.
     void showRecovered(const RecoveryRecord &record);
@@ -40,6 +43,7 @@ private:
     void openChosen(const std::string &path, OldText old);
     enum class Load { Done, Unreadable, OldTextStays };
     Load load(const std::string &path, OldText old);
+    Load loadWithinMemory(const std::string &path, OldText old);
     /// The text as one of its type: in the document, with tools and colours.
     void present(OpenedFile &&file, TypeGroup group);
     /// False, with nothing done, when the text that is there has to stay.

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/recovery_journal.h"
 
+#include <new>
+
 namespace kevra {
 
 RecoveryJournal::RecoveryJournal(EditorSurface &document, DocumentState &state, ApplicationState &application,
-    DocumentFile &file, RecordStore &store)
+    DocumentFile &file, RecordStore &store, BackupStore &backups)
     : m_document(document)
     , m_state(state)
     , m_application(application)
     , m_file(file)
     , m_store(store)
+    , m_backups(backups)
 {
 }
 
@@ -30,8 +33,12 @@ void RecoveryJournal::writeDown()
     m_changed = false;
     if (m_file.holds(m_document.Text()))
         return forget();
-    m_store.writeRecord(snapshot());
-    m_recorded = true;
+    try {
+        m_store.writeRecord(snapshot());
+        m_recorded = true;
+    } catch (const std::bad_alloc &) {
+        m_changed = true; // for the next time, when there may be memory
+    }
 }
 
 void RecoveryJournal::writeDownAtCrash()
@@ -58,8 +65,18 @@ void RecoveryJournal::textSaved()
     m_store.textSaved(m_file.path());
 }
 
+void RecoveryJournal::fileLost()
+{
+    textChanged();
+    writeDown();
+}
+
 void RecoveryJournal::textGivenUp()
 {
+    // For a time it can still be had back.
+    if (!m_paused && !m_givenUp && m_document.Length() > 0 && !m_file.holds(m_document.Text()))
+        m_backups.keep(m_file.path().empty() ? "untitled.txt" : m_file.path(), fileBytes(snapshot()),
+            KeptReason::GivenUp);
     m_changed = false;
     m_givenUp = true;
     forget();

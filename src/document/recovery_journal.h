@@ -13,7 +13,7 @@ namespace kevra {
 class RecoveryJournal : public TextKeeper {
 public:
     RecoveryJournal(EditorSurface &document, DocumentState &state, ApplicationState &application,
-        DocumentFile &file, RecordStore &store);
+        DocumentFile &file, RecordStore &store, BackupStore &backups);
 
     void textChanged();
     /// At most a few seconds after textChanged(), and before much of the text is deleted.
@@ -27,6 +27,7 @@ public:
 
     void textSaved() override;
     void textGivenUp() override;
+    void fileLost() override;
     [[nodiscard]] bool documentReplaced() override;
 
 private:
@@ -38,6 +39,7 @@ private:
     ApplicationState &m_application;
     DocumentFile &m_file;
     RecordStore &m_store;
+    BackupStore &m_backups;
     bool m_changed = false; ///< since the record was written
     bool m_changedSinceAutosave = false;
     bool m_recorded = false;

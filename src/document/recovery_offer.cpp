@@ -2,6 +2,7 @@
 #include "document/recovery_offer.h"
 
 #include "document/leave_text.h"
+#include "document/recovery_details.h"
 
 namespace kevra {
 namespace {
@@ -48,12 +49,24 @@ void RecoveryOffer::offerNext()
     }
 }
 
+std::vector<RecoveryRecord> RecoveryOffer::waiting()
+{
+    std::vector<RecoveryRecord> records;
+    for (const auto &text : m_texts)
+        if (auto record = m_left.open(text))
+            records.push_back(std::move(*record));
+    return records;
+}
+
 bool RecoveryOffer::offerText(const std::string &text, const RecoveryRecord &record)
 {
-    const auto ask = [&](const char *question) {
-        return m_ports.messages.show({question, Icon::Question, Buttons::YesNoCancel});
+    const auto ask = [&](const char *question, std::string details = {}) {
+        Message message{question, Icon::Question, Buttons::YesNoCancel};
+        message.details = std::move(details);
+        return m_ports.messages.show(message);
     };
-    switch (ask("There's a file stored from Autosave. Do you want to save it?")) {
+    switch (ask(
+        "There's a file stored from Autosave. Do you want to save it?", recoveryDetails(record, waiting()))) {
     case Answer::No:
         m_left.discard(text);
         return false;

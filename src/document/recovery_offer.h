@@ -41,6 +41,8 @@ public:
 
 private:
     void offerNext();
+    /// Texts that have not been asked about yet.
+    [[nodiscard]] std::vector<RecoveryRecord> waiting();
     [[nodiscard]] bool offerText(const std::string &text, const RecoveryRecord &record);
     [[nodiscard]] bool saveUnseen(const RecoveryRecord &record);
     void review(const std::string &text, const RecoveryRecord &record);

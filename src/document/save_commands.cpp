@@ -86,10 +86,27 @@ std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, 
     return choice->path;
 }
 
+void SaveCommands::tellTorn(const std::string &path)
+{
+    const auto copy = m_ports.files.safetyCopy();
+    if (m_ports.messages.yes(path
+            + " could not be written to its end, nor put back for certain. What it held and your text are "
+              "both "
+              "safe in "
+            + copy
+            + ", from which the next start completes a file that was written in part.\n\nDo you want to save "
+              "the "
+              "text under another name now?"))
+        saveAs();
+}
+
 bool SaveCommands::write(const std::string &path, Existing existing)
 {
     const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
-    if (!succeeded(m_ports.file.save(m_ports.document.Text(), path, existing), path))
+    const auto saved = m_ports.file.save(m_ports.document.Text(), path, existing);
+    if (saved == Saved::Torn)
+        tellTorn(path);
+    if (!succeeded(saved, path))
         return false;
     m_ports.state.unsaved = false;
     m_ports.keeper.textSaved();
@@ -122,7 +139,7 @@ void SaveCommands::removeForeignPage(const std::string &path)
     if (!stamp || m_ports.file.owns(path) || (saved && saved->identity == stamp->identity))
         return;
     const auto content = m_ports.files.read(path);
-    if (!content || m_ports.backups.keep(path, *content))
+    if (!content || m_ports.backups.keep(path, *content, KeptReason::Deleted))
         m_ports.files.remove(path);
 }
 

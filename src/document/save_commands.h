@@ -34,6 +34,7 @@ private:
     [[nodiscard]] bool write(const std::string &path, Existing existing);
     /// Tells of a failure.
     [[nodiscard]] bool succeeded(Saved saved, const std::string &path);
+    void tellTorn(const std::string &path);
     void removeStaleFiles();
     void removeForeignPage(const std::string &path);
 

@@ -133,9 +133,22 @@ Offset EditorControl::Length() const
     return send(SCI_GETLENGTH);
 }
 
+void EditorControl::reserve(Offset size)
+{
+    if (size <= Length())
+        return;
+    send(SCI_ALLOCATE, size);
+    const auto status = send(SCI_GETSTATUS);
+    send(SCI_SETSTATUS, SC_STATUS_OK);
+    if (status == SC_STATUS_BADALLOC)
+        throw std::bad_alloc();
+}
+
 void EditorControl::LoadText(std::string_view text)
 {
     const EditScope scope(*this, EditKind::Program);
+    // Before anything of the old text goes.
+    reserve(std::ssize(text) + roomForTyping);
     m_typing = colours::black;
     m_unpainted.clear();
     m_allBlack = true;
@@ -143,7 +156,6 @@ void EditorControl::LoadText(std::string_view text)
     send(SCI_SETREADONLY, 0);
     send(SCI_SETUNDOCOLLECTION, 0);
     send(SCI_CLEARALL);
-    send(SCI_ALLOCATE, std::ssize(text) + roomForTyping);
     sendBytes(SCI_APPENDTEXT, std::ssize(text), text.data());
     send(SCI_SETUNDOCOLLECTION, 1);
     send(SCI_EMPTYUNDOBUFFER);

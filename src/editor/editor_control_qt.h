@@ -132,6 +132,8 @@ private:
     std::intptr_t send(unsigned message, Offset first = 0, std::intptr_t second = 0) const;
     std::intptr_t sendBytes(unsigned message, Offset first, const char *bytes) const;
     void setUp();
+    /// Room for a text of that size; throws when there is none.
+    void reserve(Offset size);
     void bindKeys();
     void connectPainting();
     [[nodiscard]] TextRange inside(TextRange range) const;

@@ -53,6 +53,7 @@ FileOutcome outcomeOf(Saved saved)
     case Saved::DiskFull:
         return FileOutcome::DiskFull;
     case Saved::Failed:
+    case Saved::Torn:
         break;
     }
     return FileOutcome::WriteFailed;

@@ -166,7 +166,8 @@ void PreviewFile::putBack(const PageNote &note)
         || m_files.rename(note.aside, note.page))
         return;
     // A document has been saved under this name meanwhile.
-    if (const auto bytes = m_files.read(note.aside); bytes && m_backups.keep(note.page, *bytes))
+    if (const auto bytes = m_files.read(note.aside);
+        bytes && m_backups.keep(note.page, *bytes, KeptReason::Deleted))
         m_files.remove(note.aside);
 }
 

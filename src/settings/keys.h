@@ -10,6 +10,7 @@ namespace kevra {
 namespace keys {
 inline constexpr SettingKey ifCheck{optionsSection, "ifif", "none"};
 inline constexpr SettingKey fsoMenu{optionsSection, "iffso", "none"};
+inline constexpr SettingKey autoReload{optionsSection, "autoreload", "no"};
 inline constexpr SettingKey autosave{optionsSection, "autosave", "none"};
 inline constexpr SettingKey autosaveMinutes{optionsSection, "automins", "0"};
 inline constexpr SettingKey tempFolder{optionsSection, "tempfol", "none"};

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
+#include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <functional>
@@ -56,13 +57,20 @@ public:
     [[nodiscard]] int descriptor() const { return m_handle.get(); }
     explicit operator bool() const { return static_cast<bool>(m_handle); }
 
-    [[nodiscard]] bool putInPlaceOf(const std::string &name)
+    [[nodiscard]] bool putInPlaceOf(const std::string &name, const FileStore::Replaced &replaced)
     {
         if (!m_named && link(name))
             return true;
         if (!m_named && !(errno == EEXIST && link(m_name)))
             return false;
         m_named = true;
+        // The two change places, so that the old file is looked at when nobody can save over it any more.
+        if (replaced && ::renameat2(m_folder, m_name.c_str(), m_folder, name.c_str(), RENAME_EXCHANGE) == 0) {
+            show(m_name, replaced);
+            return true;
+        }
+        if (replaced)
+            show(name, replaced);
         if (::renameat(m_folder, m_name.c_str(), m_folder, name.c_str()) != 0)
             return false;
         m_named = false;
@@ -70,6 +78,15 @@ public:
     }
 
 private:
+    void show(const std::string &name, const FileStore::Replaced &replaced) const
+    {
+        const auto file = openFile(name, O_RDONLY | O_NOFOLLOW, 0, m_folder);
+        struct stat status { };
+        if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
+            return;
+        if (const auto bytes = readAll(file.get()))
+            replaced(*bytes);
+    }
     [[nodiscard]] bool link(const std::string &name) const
     {
         const auto self = "/proc/self/fd/" + std::to_string(m_handle.get());
@@ -147,8 +164,8 @@ namespace {
 
 enum class Readers { AsTheFileItReplaces, OwnerOnly };
 
-Saved writeFor(
-    Readers readers, const std::string &target, std::string_view bytes, const struct stat *original)
+Saved writeFor(Readers readers, const std::string &target, std::string_view bytes,
+    const struct stat *original, const FileStore::Replaced &replaced)
 {
     const auto folder = openFile(folderOf(target), O_RDONLY | O_DIRECTORY);
     if (!folder)
@@ -174,21 +191,22 @@ Saved writeFor(
         return savedFromErrno();
     if (!isWhole(file.descriptor(), bytes.size()))
         return Saved::Failed;
-    if (!file.putInPlaceOf(nameOf(target)))
+    if (!file.putInPlaceOf(nameOf(target), replaced))
         return savedFromErrno();
     return synchronise(folder.get()) ? Saved::Ok : savedFromErrno();
 }
 
 } // namespace
 
-Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original)
+Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original,
+    const FileStore::Replaced &replaced)
 {
-    return writeFor(Readers::AsTheFileItReplaces, target, bytes, original);
+    return writeFor(Readers::AsTheFileItReplaces, target, bytes, original, replaced);
 }
 
 Saved writePrivately(const std::string &target, std::string_view bytes)
 {
-    return writeFor(Readers::OwnerOnly, target, bytes, nullptr);
+    return writeFor(Readers::OwnerOnly, target, bytes, nullptr, {});
 }
 
 void removeLeftovers(const std::string &path)

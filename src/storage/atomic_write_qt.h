@@ -13,8 +13,10 @@ namespace kevra {
 /// Puts a new file, whole and on the disk, in the place of `target`, which is no link. Keeps mode, group and
 /// extended attributes; where it cannot, the outcome is Denied. Until the last step the old file stands.
 /// A file that is new there is no more open to others than `original` is, if there is one.
-[[nodiscard]] Saved writeAtomically(
-    const std::string &target, std::string_view bytes, const struct stat *original = nullptr);
+/// `replaced`, if there is one, sees the bytes of the old file once nobody can change them under this name
+/// any more.
+[[nodiscard]] Saved writeAtomically(const std::string &target, std::string_view bytes,
+    const struct stat *original = nullptr, const FileStore::Replaced &replaced = {});
 
 /// The same; in the end nobody but its owner can read it, whoever could before.
 [[nodiscard]] Saved writePrivately(const std::string &target, std::string_view bytes);

@@ -3,9 +3,13 @@
 
 #include "storage/atomic_write_qt.h"
 #include "storage/backup_bounds.h"
+#include "storage/checksummed_record.h"
+#include "storage/file_handle_qt.h"
 #include "text/paths.h"
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <ctime>
 #include <filesystem>
@@ -18,6 +22,9 @@ namespace kevra {
 namespace {
 
 using Clock = std::chrono::system_clock;
+
+constexpr std::size_t timeLength = 23; ///< of the time and the dash after it
+constexpr int lastReason = static_cast<int>(KeptReason::Deleted);
 
 std::string timeText()
 {
@@ -46,33 +53,66 @@ BackupStoreQt::BackupStoreQt(std::string folder)
 {
 }
 
-bool BackupStoreQt::keep(const std::string &path, std::string_view bytes)
+bool BackupStoreQt::keep(const std::string &path, std::string_view bytes, KeptReason reason)
 {
     std::error_code error;
     fs::create_directories(m_folder, error);
     fs::permissions(m_folder, fs::perms::owner_all, error);
     const auto name = timeText() + '-' + mark(path);
     const bool kept = writePrivately(m_folder + '/' + name, bytes) == Saved::Ok;
+    if (kept)
+        std::ignore
+            = writePrivately(about(name), withChecksum({path, std::to_string(static_cast<int>(reason))}));
     prune(name);
     return kept;
 }
 
-void BackupStoreQt::prune(const std::string &newest) const
+std::string BackupStoreQt::about(const std::string &name) const
 {
-    constexpr std::size_t timeLength = 23;
-    std::vector<KeptVersion> versions;
-    std::error_code error;
-    for (const auto &entry : fs::directory_iterator(m_folder, error)) {
+    return m_folder + "/." + name + ".about";
+}
+
+std::vector<Version> BackupStoreQt::versions() const
+{
+    std::vector<Version> versions;
+    for (const auto &name : namesIn(m_folder)) {
         struct stat status { };
-        auto name = entry.path().filename().string();
-        if (::lstat(entry.path().c_str(), &status) != 0 || !S_ISREG(status.st_mode)
-            || name.size() < timeLength)
+        if (name.starts_with('.') || name.size() < timeLength
+            || ::lstat((m_folder + '/' + name).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
             continue;
-        auto of = name.substr(timeLength);
-        versions.push_back({std::move(name), std::move(of), status.st_mtim.tv_sec, status.st_size});
+        // Without its note a copy is known by the file's name alone, which follows the folder's number.
+        const auto shortName = name.substr(std::min(name.size(), name.find('-', timeLength) + 1));
+        Version version{name, shortName, KeptReason::Replaced, status.st_mtim.tv_sec, status.st_size};
+        const auto note = regularContent(about(name));
+        const auto fields = note ? unsealed(*note) : std::nullopt;
+        if (fields && fields->size() == 2) {
+            version.path = (*fields)[0];
+            version.reason = static_cast<KeptReason>(std::clamp((*fields)[1].front() - '0', 0, lastReason));
+        }
+        versions.push_back(std::move(version));
     }
-    for (const auto &name : beyondBounds(std::move(versions), Clock::to_time_t(Clock::now()), newest))
-        fs::remove(m_folder + '/' + name, error);
+    std::ranges::sort(versions, std::greater{}, &Version::name);
+    return versions;
+}
+
+std::optional<std::string> BackupStoreQt::content(const std::string &name) const
+{
+    return regularContent(m_folder + '/' + name);
+}
+
+bool BackupStoreQt::remove(const std::string &name)
+{
+    ::unlink(about(name).c_str());
+    return ::unlink((m_folder + '/' + name).c_str()) == 0 || errno == ENOENT;
+}
+
+void BackupStoreQt::prune(const std::string &newest)
+{
+    std::vector<KeptVersion> kept;
+    for (const auto &version : versions())
+        kept.push_back({version.name, version.name.substr(timeLength), version.time, version.size});
+    for (const auto &name : beyondBounds(std::move(kept), Clock::to_time_t(Clock::now()), newest))
+        remove(name);
 }
 
 } // namespace kevra

@@ -1,19 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "storage/backup_store.h"
+#include "storage/version_store.h"
 
 namespace kevra {
 
-/// Copies in a folder of their own, named by time and file name, so that a user can find them.
-class BackupStoreQt : public BackupStore {
+/// Copies in a folder of their own, named by time and file name, so that a user can find them; beside each a
+/// hidden file that says where it belongs and why it is kept. Nobody else may read them.
+class BackupStoreQt : public BackupStore, public VersionStore {
 public:
     explicit BackupStoreQt(std::string folder); ///< created at the first copy
 
-    bool keep(const std::string &path, std::string_view bytes) override;
+    bool keep(
+        const std::string &path, std::string_view bytes, KeptReason reason = KeptReason::Replaced) override;
+
+    [[nodiscard]] std::vector<Version> versions() const override;
+    [[nodiscard]] std::optional<std::string> content(const std::string &name) const override;
+    bool remove(const std::string &name) override;
 
 private:
-    void prune(const std::string &newest) const;
+    [[nodiscard]] std::string about(const std::string &name) const;
+    void prune(const std::string &newest);
 
     std::string m_folder;
 };

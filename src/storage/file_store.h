@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@ enum class Saved {
     Denied,
     DiskFull,
     Failed,
+    Torn, ///< the file holds a mixture; what belongs there lies in the safety copy
 };
 
 /// Why nothing was saved, as the end of a sentence.
@@ -27,6 +29,8 @@ enum class Saved {
         return "it may not be written";
     case Saved::DiskFull:
         return "the disk is full";
+    case Saved::Torn:
+        return "it could be written only in part";
     case Saved::Ok:
     case Saved::Failed:
         break;
@@ -39,8 +43,14 @@ struct FileStamp {
     std::int64_t modified = 0; ///< nanoseconds since 1970
     std::int64_t size = 0; ///< bytes
     std::uint64_t identity = 0; ///< inode
+    /// Nanoseconds since 1970 of the last change to anything about the file, a new name included. Only a
+    /// reason to look at the content: not compared.
+    std::int64_t touched = 0;
 
-    friend bool operator==(const FileStamp &, const FileStamp &) = default;
+    friend bool operator==(const FileStamp &a, const FileStamp &b)
+    {
+        return a.modified == b.modified && a.size == b.size && a.identity == b.identity;
+    }
 };
 
 class FileStore {
@@ -59,6 +69,19 @@ public:
     {
         return write(path, bytes);
     }
+    /// Sees the content that a save takes the place of.
+    using Replaced = std::function<void(std::string_view bytes)>;
+    /// As write(), or as replace() when `overReadOnly`. `replaced` is called at the last moment, so that no
+    /// other program's save gets lost between a look at the file and its replacement.
+    [[nodiscard]] virtual Saved save(
+        const std::string &path, std::string_view bytes, bool overReadOnly, const Replaced &replaced)
+    {
+        if (const auto there = read(path))
+            replaced(*there);
+        return overReadOnly ? replace(path, bytes) : write(path, bytes);
+    }
+    /// Where the old and the new bytes lie that the last save could write only in part; empty otherwise.
+    [[nodiscard]] virtual std::string safetyCopy() const { return {}; }
     /// As write(), a new file that is no more open to others than `original` is.
     [[nodiscard]] virtual Saved writeCopy(
         const std::string & /*original*/, const std::string &path, std::string_view bytes)

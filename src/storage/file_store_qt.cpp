@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <new>
 
 namespace kevra {
 namespace {
@@ -55,7 +56,8 @@ std::optional<FileStamp> FileStoreQt::stamp(const std::string &path) const
     if (!status || !S_ISREG(status->st_mode))
         return std::nullopt;
     return FileStamp{std::int64_t{status->st_mtim.tv_sec} * 1'000'000'000 + status->st_mtim.tv_nsec,
-        status->st_size, status->st_ino};
+        status->st_size, status->st_ino,
+        std::int64_t{status->st_ctim.tv_sec} * 1'000'000'000 + status->st_ctim.tv_nsec};
 }
 
 std::optional<std::string> FileStoreQt::read(const std::string &path) const
@@ -64,10 +66,38 @@ std::optional<std::string> FileStoreQt::read(const std::string &path) const
     struct stat status { };
     if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
-    return readAll(file.get());
+    try {
+        return readAll(file.get());
+    } catch (const std::bad_alloc &) {
+        return std::nullopt;
+    }
 }
 
 Saved FileStoreQt::write(const std::string &path, std::string_view bytes)
+{
+    return put(path, bytes, {});
+}
+
+Saved FileStoreQt::replace(const std::string &path, std::string_view bytes)
+{
+    return putOverReadOnly(path, bytes, {});
+}
+
+Saved FileStoreQt::save(
+    const std::string &path, std::string_view bytes, bool overReadOnly, const Replaced &replaced)
+{
+    return overReadOnly ? putOverReadOnly(path, bytes, replaced) : put(path, bytes, replaced);
+}
+
+Saved FileStoreQt::putInPlace(const std::string &target, std::string_view bytes, const Replaced &replaced)
+{
+    InPlace about{replaced, {}};
+    const auto saved = writeInPlace(target, bytes, m_stateFolder, about);
+    m_safetyCopy = about.copy;
+    return saved;
+}
+
+Saved FileStoreQt::put(const std::string &path, std::string_view bytes, const Replaced &replaced)
 {
     const auto target = linkTarget(nativePath(path));
     if (target.empty() || target.ends_with('/'))
@@ -80,24 +110,24 @@ Saved FileStoreQt::write(const std::string &path, std::string_view bytes)
     if (status && !isWritable(target))
         return Saved::Denied;
     if (status && mustStaySameFile(*status))
-        return writeInPlace(target, bytes, m_stateFolder);
+        return putInPlace(target, bytes, replaced);
 
     // Once: in a folder of thousands of files, looking through it at each of them takes longer than writing.
     if (m_swept.insert(folderOf(target)).second)
         removeLeftovers(target);
-    const auto saved = writeAtomically(target, bytes);
-    return saved == Saved::Denied && status ? writeInPlace(target, bytes, m_stateFolder) : saved;
+    const auto saved = writeAtomically(target, bytes, nullptr, replaced);
+    return saved == Saved::Denied && status ? putInPlace(target, bytes, replaced) : saved;
 }
 
-Saved FileStoreQt::replace(const std::string &path, std::string_view bytes)
+Saved FileStoreQt::putOverReadOnly(const std::string &path, std::string_view bytes, const Replaced &replaced)
 {
     const auto target = linkTarget(nativePath(path));
     const auto status = statusOf(target);
     if (!status || !S_ISREG(status->st_mode) || isWritable(target))
-        return write(path, bytes);
+        return put(path, bytes, replaced);
     if (::chmod(target.c_str(), (status->st_mode & 07777) | S_IWUSR) != 0)
         return savedFromErrno();
-    const auto saved = write(path, bytes);
+    const auto saved = put(path, bytes, replaced);
     if (saved != Saved::Ok)
         ::chmod(target.c_str(), status->st_mode & 07777);
     return saved;

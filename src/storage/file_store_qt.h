@@ -19,6 +19,9 @@ public:
     [[nodiscard]] std::optional<std::string> read(const std::string &path) const override;
     [[nodiscard]] Saved write(const std::string &path, std::string_view bytes) override;
     [[nodiscard]] Saved replace(const std::string &path, std::string_view bytes) override;
+    [[nodiscard]] Saved save(const std::string &path, std::string_view bytes, bool overReadOnly,
+        const Replaced &replaced) override;
+    [[nodiscard]] std::string safetyCopy() const override { return m_safetyCopy; }
     [[nodiscard]] Saved writeCopy(
         const std::string &original, const std::string &path, std::string_view bytes) override;
     [[nodiscard]] Saved writePrivate(const std::string &path, std::string_view bytes) override;
@@ -28,7 +31,14 @@ public:
     void setHidden(const std::string &, bool) override { }
 
 private:
+    [[nodiscard]] Saved put(const std::string &path, std::string_view bytes, const Replaced &replaced);
+    [[nodiscard]] Saved putOverReadOnly(
+        const std::string &path, std::string_view bytes, const Replaced &replaced);
+    [[nodiscard]] Saved putInPlace(
+        const std::string &target, std::string_view bytes, const Replaced &replaced);
+
     std::string m_stateFolder;
+    std::string m_safetyCopy;
     std::set<std::string> m_swept; ///< folders without what a killed save has left
 };
 

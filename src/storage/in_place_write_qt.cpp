@@ -88,7 +88,8 @@ std::string copyPath(const std::string &stateFolder)
 
 } // namespace
 
-Saved writeInPlace(const std::string &target, std::string_view bytes, const std::string &stateFolder)
+Saved writeInPlace(
+    const std::string &target, std::string_view bytes, const std::string &stateFolder, InPlace &about)
 {
     const auto file = openRegular(target, O_RDWR);
     if (!file)
@@ -97,6 +98,8 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
     if (!before)
         return Saved::Failed;
     const Change change{*before, bytes};
+    if (about.replaced)
+        about.replaced(*before);
 
     std::error_code error;
     std::filesystem::create_directories(stateFolder, error);
@@ -111,8 +114,11 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
         return Saved::Failed;
     if (!overwrite(file.get(), change)) {
         const auto outcome = savedFromErrno();
-        if (putBack(file.get(), change))
-            ::unlink(copy.c_str());
+        if (!putBack(file.get(), change)) {
+            about.copy = copy;
+            return Saved::Torn;
+        }
+        ::unlink(copy.c_str());
         return outcome;
     }
     ::unlink(copy.c_str());

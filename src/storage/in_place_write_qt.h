@@ -6,14 +6,21 @@
 
 #include "storage/file_store.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 namespace kevra {
 
-/// `stateFolder` takes the copies. After a failure the file has its old bytes again.
+/// What the file held, and where both contents lie while it is written.
+struct InPlace {
+    std::function<void(std::string_view)> replaced; ///< sees the old bytes; may be empty
+    std::string copy; ///< out: where both lie, when the outcome is Torn
+};
+
+/// `stateFolder` takes the copies. After a failure the file has its old bytes again, unless it is Torn.
 [[nodiscard]] Saved writeInPlace(
-    const std::string &target, std::string_view bytes, const std::string &stateFolder);
+    const std::string &target, std::string_view bytes, const std::string &stateFolder, InPlace &about);
 
 /// Completes the writes that a crash or power cut tore; files that are used by a running program, or were
 /// changed by somebody since, are left alone.

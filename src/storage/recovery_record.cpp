@@ -62,7 +62,7 @@ std::optional<RecoveryRecord> readRecord(std::string_view bytes)
     std::uint64_t sequence = 0;
     if (fields->size() == 4)
         std::from_chars((*fields)[3].data(), (*fields)[3].data() + (*fields)[3].size(), sequence);
-    return RecoveryRecord{std::move((*fields)[0]), std::move((*fields)[2]), *format, sequence};
+    return RecoveryRecord{std::move((*fields)[0]), std::move((*fields)[2]), *format, 0, sequence};
 }
 
 } // namespace kevra

@@ -31,6 +31,7 @@ struct RecoveryRecord {
     std::string path; ///< empty for new work
     std::string bytes; ///< what a save would have written
     TextFormat format;
+    std::int64_t time = 0; ///< when it was written, seconds since 1970; 0 when not known
     std::uint64_t sequence = 0; ///< larger than that of every record written before; 0 when not known
 };
 

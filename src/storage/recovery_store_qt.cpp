@@ -32,6 +32,8 @@ std::vector<RecordFolder> recordFolders(const RecoveryStoreQt::Folders &folders)
     return all;
 }
 
+constexpr std::int64_t nanoseconds = 1'000'000'000; ///< of a second
+
 std::int64_t changeTime(const std::string &path)
 {
     struct stat status { };
@@ -189,13 +191,13 @@ void RecoveryStoreQt::putLeftoversAside(RecordFolder &folder, int number)
         ::unlink(folder.file(number, ".lock").c_str());
 }
 
-void RecoveryStoreQt::toBackups(const std::string &file, const std::string &as)
+void RecoveryStoreQt::toBackups(const std::string &file, const std::string &as, KeptReason reason)
 {
     const auto bytes = regularContent(file);
     const auto record = bytes ? readRecord(*bytes) : std::nullopt;
     const auto path = record && !record->path.empty() ? record->path : record ? "untitled.txt" : as;
     // The text itself is what may be looked for later, not the record around it.
-    if (bytes && (bytes->empty() || m_backups.keep(path, record ? record->bytes : *bytes)))
+    if (bytes && (bytes->empty() || m_backups.keep(path, record ? record->bytes : *bytes, reason)))
         ::unlink(file.c_str());
 }
 
@@ -354,9 +356,12 @@ std::optional<RecoveryRecord> RecoveryStoreQt::open(const std::string &text)
     if (!bytes)
         return std::nullopt;
     if (text.ends_with(".txt"))
-        return RecoveryRecord{{}, *bytes, decodeFile(*bytes, TextKind::Page).format};
+        return RecoveryRecord{
+            {}, *bytes, decodeFile(*bytes, TextKind::Page).format, changeTime(text) / nanoseconds};
     auto record = readRecord(*bytes);
-    if (!record)
+    if (record)
+        record->time = changeTime(text) / nanoseconds;
+    else
         discard(text);
     return record;
 }
@@ -369,7 +374,7 @@ void RecoveryStoreQt::removeSaved(const std::string &text)
 
 void RecoveryStoreQt::discard(const std::string &text)
 {
-    toBackups(text, text);
+    toBackups(text, text, KeptReason::GivenUp);
     m_claimed.erase(text);
 }
 

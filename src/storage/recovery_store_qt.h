@@ -63,7 +63,8 @@ private:
     void putLeftoversAside(RecordFolder &folder, int number);
     void takeCrashRecord(const std::string &record, const std::string &crash);
     [[nodiscard]] std::optional<Autosaved> autosavedBy(int number) const;
-    void toBackups(const std::string &file, const std::string &as);
+    void toBackups(
+        const std::string &file, const std::string &as, KeptReason reason = KeptReason::EarlierForm);
     void notePassedOver(const std::string &file);
 
     std::string m_stateFolder;

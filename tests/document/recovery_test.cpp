@@ -56,7 +56,7 @@ struct JournalFixture : DocumentFixture {
     }
 
     FakeRecordStore store;
-    RecoveryJournal journal{document, state, application, file, store};
+    RecoveryJournal journal{document, state, application, file, store, backups};
 };
 
 TEST(RecoveryJournal, KeepsWhatTheFileDoesNotHold)
@@ -290,6 +290,10 @@ TEST(RecoveryOffer, SeveralTextsOneAfterTheOther)
     fixture.messages.answers = {Yes, Yes, No};
     fixture.offer.offer();
     EXPECT_EQ(fixture.messages.shown.size(), 2U);
+    const auto &details = fixture.messages.shown.front().details;
+    for (const auto *part :
+        {"/site/lost.htm", "5 bytes", "    lost\n", "Also waiting", "new work", "8 bytes"})
+        EXPECT_NE(details.find(part), std::string::npos) << part << " in " << details;
     fixture.offer.leaveReviewed();
     EXPECT_EQ(fixture.messages.shown.size(), 3U);
     EXPECT_EQ(fixture.left.discarded, std::vector<std::string>{"4"});

@@ -13,7 +13,7 @@ namespace kevra {
 
 class FakeBackupStore : public BackupStore {
 public:
-    bool keep(const std::string &path, std::string_view bytes) override
+    bool keep(const std::string &path, std::string_view bytes, KeptReason) override
     {
         if (broken)
             return false;
@@ -29,6 +29,7 @@ class FakeTextKeeper : public TextKeeper {
 public:
     void textSaved() override { calls.emplace_back("saved"); }
     void textGivenUp() override { calls.emplace_back("given up"); }
+    void fileLost() override { calls.emplace_back("file lost"); }
     bool documentReplaced() override
     {
         calls.emplace_back("leaves");

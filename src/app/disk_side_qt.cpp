@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/disk_side_qt.h"
+
+#include "app/application_qt.h"
+#include "desktop/new_window_qt.h"
+#include "document/compare_window.h"
+#include "document/notice_bar_panel.h"
+#include "document/versions_window.h"
+#include "settings/keys.h"
+#include "storage/setting_key.h"
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+namespace kevra {
+
+namespace {
+
+constexpr std::chrono::milliseconds retryDelay{500};
+
+struct BarButton {
+    const char *name;
+    std::array<DiskBar, 2> bars; ///< that have it
+};
+
+constexpr std::array barButtons{
+    BarButton{"bdiskreload", {DiskBar::Changed, DiskBar::Changed}},
+    BarButton{"bdiskkeep", {DiskBar::Changed, DiskBar::Gone}},
+    BarButton{"bdiskcompare", {DiskBar::Changed, DiskBar::Replaced}},
+    BarButton{"bdiskputback", {DiskBar::Replaced, DiskBar::Replaced}},
+    BarButton{"bdiskclose", {DiskBar::Replaced, DiskBar::Replaced}},
+};
+
+} // namespace
+
+DiskSide::DiskSide(
+    Application &app, const FileCommandPorts &ports, OpenCommands &opening, DocumentColouring &colouring)
+    : m_app(app)
+    , m_changes(ports, opening, *this)
+    , m_versions(ports, app.backups, colouring, openInNewWindow)
+    , m_bar(*new NoticeBar("diskbar", "The file on the disk", app.mainWindow(),
+          {{"bdiskreload", "&Reload", "Show what is on the disk; what was typed here goes to the versions",
+               [this] { m_changes.reload(); }},
+              {"bdiskkeep", "&Keep Mine", "Leave the text as it is", [this] { m_changes.keepMine(); }},
+              {"bdiskcompare", "&Compare", "Show both texts beside each other",
+                  [this] { m_changes.compare(); }},
+              {"bdiskputback", "&Put Back", "Write the other program's version back to the file",
+                  [this] { m_changes.putBack(); }},
+              {"bdiskclose", "C&lose", "Take this note away", [this] { m_changes.close(); }}}))
+    , m_watch([this] { emit fileTouched(); })
+{
+    bindCommands();
+}
+
+void DiskSide::bindCommands()
+{
+    m_app.commands.bind("mversions", [this] { showVersions(); });
+    const auto setReload = [this](bool on) {
+        m_changes.setReloadsByItself(on);
+        m_app.mainWindow().setItemChecked("mreload", on);
+    };
+    setReload(readSetting(m_app.store, keys::autoReload) == "yes");
+    m_app.commands.bind("mreload", [this, setReload] {
+        const bool on = readSetting(m_app.store, keys::autoReload) != "yes";
+        writeSetting(m_app.store, keys::autoReload, on ? "yes" : "no");
+        setReload(on);
+        m_changes.check();
+    });
+}
+
+void DiskSide::check()
+{
+    // A question about the text that is there comes first.
+    if (QApplication::activeModalWidget())
+        return QTimer::singleShot(retryDelay, this, &DiskSide::check);
+    m_changes.check();
+}
+
+void DiskSide::documentMayHaveChanged()
+{
+    m_watch.watch(m_app.file.path());
+    if (m_app.file.replacedContent() || m_changes.bar() != DiskBar::None)
+        QTimer::singleShot(0, this, &DiskSide::check);
+}
+
+void DiskSide::showDiskBar(DiskBar bar, const std::string &text)
+{
+    if (bar == DiskBar::None)
+        return m_bar.hide();
+    for (const auto &button : barButtons)
+        m_bar.setButtonVisible(button.name, std::ranges::find(button.bars, bar) != button.bars.end());
+    m_bar.showText(text);
+}
+
+void DiskSide::showComparison(const TextsToCompare &texts)
+{
+    if (!m_compareWindow)
+        m_compareWindow = new CompareWindow(&m_app.mainWindow());
+    m_compareWindow->showTexts(texts);
+}
+
+void DiskSide::showVersions()
+{
+    if (!m_versionsWindow)
+        m_versionsWindow = new VersionsWindow(m_versions, &m_app.mainWindow());
+    m_versionsWindow->showVersions();
+}
+
+} // namespace kevra

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/disk_changes.h"
+
+#include "text/paths.h"
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+std::string barText(DiskBar bar, const std::string &path)
+{
+    const std::string name(fileName(path));
+    switch (bar) {
+    case DiskBar::Changed:
+        return name + " has been changed by another program.";
+    case DiskBar::Gone:
+        return name + " is no longer there: another program has deleted or renamed it. Save writes it again.";
+    case DiskBar::Replaced:
+        return "Another program had changed " + name + ". Its version was kept before the file was saved.";
+    case DiskBar::None:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+DiskChanges::DiskChanges(FileCommandPorts ports, OpenCommands &opening, DiskChangeView &view)
+    : m_ports(ports)
+    , m_opening(opening)
+    , m_view(view)
+{
+}
+
+DiskBar DiskChanges::wanted()
+{
+    auto &file = m_ports.file;
+    const auto state = file.diskState();
+    if (state == DiskState::Changed)
+        return m_kept == file.stampOnDisk() ? DiskBar::None : DiskBar::Changed;
+    m_kept.reset();
+    if (state == DiskState::Gone)
+        return m_goneKept ? DiskBar::None : DiskBar::Gone;
+    m_goneKept = false;
+    return file.replacedContent() ? DiskBar::Replaced : DiskBar::None;
+}
+
+void DiskChanges::check()
+{
+    if (m_ports.state.busyLoadingOrSaving)
+        return;
+    const bool sameFile = m_path == m_ports.file.path();
+    if (!sameFile) {
+        m_kept.reset();
+        m_goneKept = false;
+    }
+    const auto bar = wanted();
+    if (bar == DiskBar::Changed && m_reloadsByItself
+        && m_ports.file.wasReadOrWrittenAs(m_ports.document.Text()))
+        return reload();
+    if (bar == DiskBar::Gone && m_bar != bar)
+        m_ports.keeper.fileLost();
+    if (bar != m_bar || !sameFile)
+        show(bar);
+}
+
+void DiskChanges::show(DiskBar bar)
+{
+    m_bar = bar;
+    m_path = m_ports.file.path();
+    m_view.showDiskBar(bar, barText(bar, m_path));
+}
+
+void DiskChanges::reload()
+{
+    const auto caret = m_ports.document.SelStart();
+    const auto line = m_ports.document.FirstVisibleLine();
+    if (!m_opening.reload())
+        return m_ports.main.tell("Not reloaded: " + m_ports.file.path() + " cannot be read.");
+    m_ports.document.SetSelStart(std::min(caret, m_ports.document.Length()));
+    m_ports.document.SetFirstVisibleLine(line);
+    show(DiskBar::None);
+    m_ports.main.setInformation("");
+    m_ports.main.tell("Reloaded from the disk.");
+}
+
+void DiskChanges::keepMine()
+{
+    m_kept = m_ports.file.stampOnDisk();
+    m_goneKept = m_bar == DiskBar::Gone;
+    show(DiskBar::None);
+}
+
+void DiskChanges::compare()
+{
+    const auto &file = m_ports.file;
+    const auto bytes = m_bar == DiskBar::Replaced ? file.replacedContent() : m_ports.files.read(file.path());
+    if (!bytes)
+        return m_ports.main.tell("Not compared: " + file.path() + " cannot be read.");
+    m_view.showComparison(
+        {m_bar == DiskBar::Replaced ? "Kept version of the other program" : "On the disk: " + file.path(),
+            file.decodedAs(*bytes), "In the window", std::string(m_ports.document.Text())});
+}
+
+void DiskChanges::putBack()
+{
+    auto &file = m_ports.file;
+    if (!file.replacedContent())
+        return;
+    const auto saved = file.putBack();
+    if (saved != Saved::Ok)
+        return m_ports.main.tell("Not put back: " + file.path() + ": " + std::string(reason(saved)) + '.');
+    // The window has the only copy of its text again.
+    m_ports.state.unsaved = true;
+    m_ports.keeper.fileLost();
+    check();
+    m_ports.main.refreshDocumentStatus();
+}
+
+void DiskChanges::close()
+{
+    m_ports.file.forgetReplaced();
+    show(DiskBar::None);
+}
+
+} // namespace kevra
