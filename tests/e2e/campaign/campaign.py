@@ -13,6 +13,7 @@ import sys
 import time
 
 import disk_cases
+import foreign_cases
 import file_cases
 import kill_cases
 import leaving_cases
@@ -20,10 +21,10 @@ import recovery_cases
 from editor import Workshop
 
 CASES = {**kill_cases.CASES, **disk_cases.CASES, **file_cases.CASES, **recovery_cases.CASES,
-         **leaving_cases.CASES}
+         **leaving_cases.CASES, **foreign_cases.CASES}
 SKIPPED = 77
 # What a file system in memory would do otherwise; the long form is on the disk throughout.
-ON_DISK = {"failing-calls", "kill-at-every-call", "kept-properties", "refused-places"}
+ON_DISK = {"failing-calls", "foreign-at-every-call", "kill-at-every-call", "kept-properties", "refused-places"}
 
 
 def main():

@@ -57,7 +57,7 @@ def preload_of(kevra, driver):
 
 class Editor:
     def __init__(self, workshop, home, arguments=(), user=None, settings=None, wait=True, kill_at=0,
-                 folders=None):
+                 folders=None, **more):
         self.home = home
         self.config = os.path.join(home, "config", "kevra", "kevra285.ini")
         if not os.path.exists(self.config):
@@ -75,6 +75,7 @@ class Editor:
                            QT_QPA_PLATFORM="offscreen", KEVRA_HAND=str(theirs.fileno()), LC_ALL="C.UTF-8")
         if kill_at:
             environment["KEVRA_KILL_AT"] = str(kill_at)
+        environment.update(more)
         identity = {} if user is None else {"user": user, "group": user, "extra_groups": []}
         self.log = open(os.path.join(home, "stderr"), "ab")
         self.process = subprocess.Popen([workshop.program, *arguments], env=environment, stdout=self.log,
@@ -125,6 +126,11 @@ class Editor:
 
     def idle(self):
         self.until(lambda: self.ask("ready")["ok"], "the end of the command")
+
+    def bar(self, name="diskbar"):
+        """What a bar says; nothing while it is not shown."""
+        bar = self.ask("bar", name)
+        return bar["text"] if bar["ok"] else ""
 
     def text(self):
         return base64.b64decode(self.ask("text")["text"])

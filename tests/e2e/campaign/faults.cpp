@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Makes the nth of chosen system calls of the main thread fail, or kills the program there. Preloaded.
+// Makes the nth of chosen system calls of the main thread fail, kills the program there, or plays another
+// program that writes a file just before it. Preloaded.
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -17,10 +18,33 @@ namespace {
 
 struct Plan {
     char call[32] = ""; ///< "" is off, "any" every call named here
-    long at = 0; ///< from 1; 0 only counts
-    int error = 0; ///< 0 kills
+    long at = 0; ///< from 1; 0 only counts, -1 means all of them
+    int error = 0; ///< 0 kills; below 0 another program writes
     long seen = 0;
 } plan;
+
+constexpr int renamesOver = -1;
+constexpr long everyOne = -1;
+
+/// What another program may do between two calls of this one: the file in KEVRA_FOREIGN_FROM takes the place
+/// of KEVRA_FOREIGN_TO, or its bytes are written into it.
+void writeForeign(int how)
+{
+    const char *from = std::getenv("KEVRA_FOREIGN_FROM");
+    const char *to = std::getenv("KEVRA_FOREIGN_TO");
+    if (how == renamesOver) {
+        ::syscall(SYS_rename, from, to);
+        return;
+    }
+    char bytes[4096];
+    const auto source = static_cast<int>(::syscall(SYS_openat, AT_FDCWD, from, O_RDONLY, 0));
+    const auto size = ::syscall(SYS_read, source, bytes, sizeof bytes);
+    const auto target
+        = static_cast<int>(::syscall(SYS_openat, AT_FDCWD, to, O_WRONLY | O_CREAT | O_TRUNC, 0644));
+    ::syscall(SYS_write, target, bytes, size);
+    ::close(source);
+    ::close(target);
+}
 
 bool strikes(const char *call)
 {
@@ -28,8 +52,10 @@ bool strikes(const char *call)
         return false;
     if (std::strcmp(plan.call, "any") != 0 && std::strcmp(plan.call, call) != 0)
         return false;
-    if (++plan.seen != plan.at)
+    if (++plan.seen != plan.at && plan.at != everyOne)
         return false;
+    if (plan.error < 0)
+        return writeForeign(plan.error), false;
     if (plan.error == 0)
         ::kill(::getpid(), SIGKILL);
     errno = plan.error;
@@ -68,6 +94,8 @@ FAULT(int, fchown, (int fd, uid_t user, gid_t group), (fd, user, group), true)
 FAULT(int, ftruncate, (int fd, off_t size), (fd, size), true)
 FAULT(int, rename, (const char *from, const char *to), (from, to), true)
 FAULT(int, renameat, (int d1, const char *from, int d2, const char *to), (d1, from, d2, to), true)
+FAULT(int, renameat2, (int d1, const char *from, int d2, const char *to, unsigned flags),
+    (d1, from, d2, to, flags), true)
 FAULT(int, linkat, (int d1, const char *from, int d2, const char *to, int flags), (d1, from, d2, to, flags),
     true)
 FAULT(int, unlink, (const char *path), (path), true)

@@ -265,10 +265,19 @@ private:
             return {{"ok", true}};
         }
         if (what == "press") {
-            auto *button = window("fedit")->findChild<QAbstractButton *>(argument);
+            auto *from = window(order["in"].toString("fedit").toUtf8());
+            auto *button = from ? from->findChild<QAbstractButton *>(argument) : nullptr;
             if (button)
                 later([button] { button->click(); });
             return {{"ok", button != nullptr}};
+        }
+        if (what == "bar") {
+            auto *label = window("fedit")->findChild<QLabel *>(argument + "text");
+            return {{"ok", label && label->isVisible()}, {"text", label ? label->text() : QString()}};
+        }
+        if (what == "shown") {
+            auto *shown = window(argument.toUtf8());
+            return {{"ok", shown && shown->isVisible()}};
         }
         if (what == "previewed")
             return {{"ok", window("fbrowser") && window("fbrowser")->isVisible()}};
@@ -295,6 +304,9 @@ private:
             return {{"ok", choose(argument)}};
         if (what == "type")
             return type(argument), QJsonObject{{"ok", true}};
+        if (what == "length")
+            return {{"ok", true},
+                {"length", static_cast<qint64>(document()->SendScintilla(QsciScintillaBase::SCI_GETLENGTH))}};
         if (what == "text")
             return {{"ok", true}, {"text", QString::fromLatin1(text().toBase64())}};
         if (what == "monkey") {
