@@ -11,13 +11,23 @@
 namespace kevra {
 
 namespace {
+
 constexpr int smallestDescription = 200; ///< pixels; a longer text is cut off and shown as tool tip
-}
+
+/// Takes the room that the buttons leave, however long its text is.
+class Description : public QLabel {
+public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override { return {smallestDescription, QLabel::sizeHint().height()}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
+} // namespace
 
 NoticeBar::NoticeBar(
     const char *name, const char *title, QMainWindow &window, std::initializer_list<Button> buttons)
     : QToolBar(&window)
-    , m_description(new QLabel(this))
+    , m_description(new Description(this))
 {
     setObjectName(name);
     setWindowTitle(title);
@@ -25,7 +35,6 @@ NoticeBar::NoticeBar(
     toggleViewAction()->setVisible(false);
     m_description->setObjectName(objectName() + "text");
     m_description->setTextFormat(Qt::PlainText);
-    m_description->setMinimumWidth(smallestDescription);
     m_description->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_description->setMargin(4);
     addWidget(m_description);

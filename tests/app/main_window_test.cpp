@@ -8,6 +8,7 @@
 #include "app/tool_bar_qt.h"
 #include "desktop/text_qt.h"
 #include "desktop/window_geometry_qt.h"
+#include "document/notice_bar_panel.h"
 #include "editor/editor_control_qt.h"
 #include "fakes/modal.h"
 
@@ -266,6 +267,17 @@ TEST(WindowGeometry, StoredPlacesComeOntoAScreen)
         EXPECT_GE(onAScreen(stored).width(), std::min(320, screen.width()));
     }
     EXPECT_EQ(onAScreen({20, 30, 400, 300}), QRect(20, 30, 400, 300));
+}
+
+TEST(NoticeBar, GivesItsTextTheRoomThatIsLeft)
+{
+    QMainWindow window;
+    window.resize(900, 200);
+    NoticeBar bar("bar", "Title", window, {{"button", "Discard", "", [] {}}});
+    bar.showText(std::string(300, 'x'));
+    window.show();
+    EXPECT_GT(bar.findChild<QLabel *>()->width(), 700);
+    EXPECT_TRUE(bar.findChild<QPushButton *>()->isVisible());
 }
 
 } // namespace
