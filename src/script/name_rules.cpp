@@ -113,15 +113,15 @@ void checkUndeclared(const Model &model, FindingList &findings)
     }
     const bool noMoreNames
         = model.surroundings.host == Host::ScriptFile && !model.hasUnknownHost() && hasTopLevelCode(model);
-    std::unordered_set<NameId> seen;
+    std::unordered_set<std::uint64_t> seen;
     for (const auto &use : model.symbols.references(0)) {
-        const auto name = model.tree[use.node].name;
-        if (!isRead(use.access) || seen.contains(name) || model.isProvided(use.node))
+        const auto name = static_cast<std::uint32_t>(model.tree[use.node].name);
+        if (!isRead(use.access) || !seen.insert(std::uint64_t{use.scope} << 32 | name).second
+            || model.isProvided(use.node))
             continue;
         const auto meant = declared.meantBy(use.node, use.scope);
         if (meant == 0 && !noMoreNames)
             continue;
-        seen.insert(name);
         reportUndeclared(model, use.node, meant, false, findings);
     }
 }
@@ -153,7 +153,7 @@ void checkMisspelled(const Model &model, FindingList &findings)
     std::unordered_set<NameId> seen;
     for (const auto &use : model.symbols.references(0)) {
         const auto name = model.tree[use.node].name;
-        if (!isRead(use.access) || model.isProvided(use.node) || !seen.insert(name).second)
+        if (!isRead(use.access) || !seen.insert(name).second || model.isProvided(use.node))
             continue;
         if (const auto meant = declared.meantBy(use.node, use.scope))
             report(use.node, meant, "never given a value");

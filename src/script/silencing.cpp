@@ -4,6 +4,8 @@
 #include "script/sorted_names.h"
 
 #include <algorithm>
+#include <optional>
+#include <span>
 
 namespace kevra::script {
 namespace {
@@ -60,34 +62,30 @@ struct Silence {
     return kind == NodeKind::Script || kind == NodeKind::Block;
 }
 
-/// The outermost statement that is the first to start at or after `offset`: with all of its blocks.
-[[nodiscard]] TextRange statementAfter(const ParsedScript &script, Offset offset)
+/// Every statement, in the order of the text, an outer one before those in it.
+[[nodiscard]] std::vector<TextRange> statementsOf(const ParsedScript &script)
 {
-    TextRange found{offset, offset};
-    auto id = script.tree.root();
-    while (id != 0) {
-        NodeId within = 0;
-        for (const auto child : script.tree.children(id)) {
-            const auto range = script.tree[child].range();
-            if (isStatementList(script.tree[id].kind) && range.start >= offset)
-                return range;
-            if (range.end > offset) {
-                within = child;
-                break;
-            }
-        }
-        id = within;
+    std::vector<TextRange> statements;
+    for (NodeId id = 1; id < script.tree.size(); ++id) {
+        if (!isStatementList(script.tree[id].kind))
+            continue;
+        for (const auto statement : script.tree.children(id))
+            statements.push_back(script.tree[statement].range());
     }
-    return found;
+    std::ranges::sort(statements,
+        [](TextRange a, TextRange b) { return a.start != b.start ? a.start < b.start : a.end > b.end; });
+    return statements;
 }
 
-[[nodiscard]] TextRange silencedBy(const ParsedScript &script, TextRange comment)
+[[nodiscard]] TextRange silencedBy(
+    const ParsedScript &script, std::span<const TextRange> statements, TextRange comment)
 {
     const auto lineStart = lineStartBefore(script.text, comment.start);
     const auto before = script.textOf({lineStart, comment.start});
     if (before.find_first_not_of(blanks) != std::string_view::npos)
         return {lineStart, comment.end};
-    return {comment.start, statementAfter(script, comment.end).end};
+    const auto next = std::ranges::lower_bound(statements, comment.end, {}, &TextRange::start);
+    return {comment.start, next == statements.end() ? comment.end : next->end};
 }
 
 } // namespace
@@ -97,18 +95,31 @@ void dropSilenced(const ParsedScript &script, std::vector<Finding> &findings)
     if (findings.empty())
         return;
     std::vector<Silence> silences;
+    std::vector<TextRange> statements;
     for (const auto comment : script.comments) {
-        if (const auto codes = directive(script.textOf(comment)))
-            silences.push_back({silencedBy(script, comment), rulesIn(*codes)});
+        const auto codes = directive(script.textOf(comment));
+        if (codes && statements.empty())
+            statements = statementsOf(script);
+        if (codes)
+            silences.push_back({silencedBy(script, statements, comment), rulesIn(*codes)});
     }
+    if (silences.empty())
+        return;
+    std::vector<bool> dropped(findings.size());
+    const auto startOf = [](const Finding &finding) { return finding.range.start; };
     for (const auto &silence : silences) {
-        std::erase_if(findings, [&](const Finding &finding) {
-            const auto start = finding.range.start;
-            return start >= silence.range.start && start < silence.range.end
-                && (silence.rules.empty()
-                    || std::ranges::find(silence.rules, finding.rule) != silence.rules.end());
-        });
+        auto at = std::ranges::lower_bound(findings, silence.range.start, {}, startOf);
+        for (; at != findings.end() && startOf(*at) < silence.range.end; ++at) {
+            if (silence.rules.empty() || std::ranges::find(silence.rules, at->rule) != silence.rules.end())
+                dropped[static_cast<std::size_t>(at - findings.begin())] = true;
+        }
     }
+    std::vector<Finding> kept;
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        if (!dropped[i])
+            kept.push_back(std::move(findings[i]));
+    }
+    findings = std::move(kept);
 }
 
 } // namespace kevra::script

@@ -9,6 +9,7 @@
 
 namespace kevra::script {
 
+/// `findings` are in ascending order of their start.
 void dropSilenced(const ParsedScript &script, std::vector<Finding> &findings);
 
 } // namespace kevra::script
