@@ -32,6 +32,7 @@ private:
 
 namespace bounds {
 constexpr int navigations = 100; ///< a second, those of frames among them
+constexpr int refusedNavigations = 300; ///< beyond the limit; then the page is ended
 constexpr int links = 10; ///< shown a second
 constexpr int accessibilityEvents = 200; ///< a second
 

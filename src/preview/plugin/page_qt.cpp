@@ -93,6 +93,11 @@ Page::Page(QWebEngineProfile *profile, BrowserEvents &events, QObject *parent)
 Page::~Page()
 {
     m_ending = true;
+    endProcess();
+}
+
+void Page::endProcess() const
+{
     // A script that never ends would go on until its process is told to stop, which it does not hear.
     if (const auto process = renderProcessPid(); process > 0)
         ::kill(static_cast<pid_t>(process), SIGKILL);
@@ -117,7 +122,12 @@ void Page::insertLinkScript()
 
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType, bool isMainFrame)
 {
-    return m_navigations.allows(m_clock.elapsed()) && m_events.beforeNavigate(url, isMainFrame);
+    if (m_navigations.allows(m_clock.elapsed()))
+        return m_events.beforeNavigate(url, isMainFrame);
+    // Every frame has to be taken down when the page goes, which the user would wait for.
+    if (++m_refused == bounds::refusedNavigations)
+        endProcess();
+    return false;
 }
 
 QWebEnginePage *Page::createWindow(WebWindowType)

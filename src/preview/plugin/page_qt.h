@@ -37,10 +37,12 @@ private:
     void refuseWhatNobodyAskedFor();
     void insertLinkScript();
     [[nodiscard]] bool mayShowDialog();
+    void endProcess() const;
 
     BrowserEvents &m_events;
     QString m_linkMark; ///< how the link script's messages are told from the page's
     int m_dialogs = 0;
+    int m_refused = 0; ///< navigations
     QElapsedTimer m_clock;
     RateLimit m_navigations{bounds::navigations};
     RateLimit m_links{bounds::links};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/plugin/web_fetch_qt.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QPointer>
 #include <QtNetwork/QNetworkInterface>
 #include <QtNetwork/QNetworkProxy>
@@ -48,8 +49,11 @@ void answer(QWebEngineUrlRequestJob &job, QNetworkReply &reply, const QUrl &aske
         return job.redirect(asked.resolved(redirect));
     if (reply.error() != QNetworkReply::NoError)
         return job.fail(QWebEngineUrlRequestJob::UrlNotFound);
-    reply.setParent(&job); // read from until the job is over
-    job.reply(reply.rawHeader("Content-Type"), &reply);
+    // Not the reply itself: the engine would wait for the end of what has no size.
+    auto *content = new QBuffer(&job);
+    content->setData(reply.readAll());
+    content->open(QIODevice::ReadOnly);
+    job.reply(reply.rawHeader("Content-Type"), content);
 }
 
 } // namespace

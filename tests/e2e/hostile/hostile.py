@@ -140,6 +140,43 @@ def pages(web, secret):
     }
 
 
+# Pages that never stop. What they may take is said in src/preview/page_bounds.h; the rest is what a look between two
+# measurements, and a busy machine, let through.
+EDITOR_GROWTH = 512  # MB
+PAGE_MEMORY = 2048  # MB
+
+
+def floods():
+    def often(code, times=1):
+        return f"<body><script>setInterval(()=>{{for(let i=0;i<{times};i++){{{code}}}}},0)</script>"
+
+    def at_once(code):
+        return f"<body><script>setTimeout(()=>{{for(;;){{{code}}}}},300)</script>"
+
+    link = "<a id=a href='other.html'>x</a>"
+    return {
+        "clicks": link + often("a.click()", 2000), "clicks-endless": link + at_once("a.click()"),
+        "navigations": often("location='other'+i+'.html'", 200), "reload": often("location.reload()"),
+        "frames": "<iframe src=kevratemp.html></iframe><iframe src=kevratemp.html></iframe>" + often(
+            "const f=document.createElement('iframe'); f.src=location.href; document.body.append(f)"),
+        "console": often("console.log('x'.repeat(1e5))", 100), "console-endless": at_once("console.log('x')"),
+        "title": often("document.title=Math.random()", 1000),
+        "blobs": "<script>const all=[]</script>" + often("all.push(new Blob([new Uint8Array(1<<24).fill(7)]))"),
+        "caches": "<script>let n=0</script>" + often(
+            "caches.open('x').then(c=>c.put('https://x.invalid/'+n++,new Response(new Uint8Array(1<<24).fill(7))))"),
+        "arrays": "<script>const all=[]</script>" + often("all.push(new Uint8Array(1<<25).fill(1))"),
+        "workers": "".join(["<script>new Worker(URL.createObjectURL(new Blob(['const all=[];"
+                           "setInterval(()=>all.push(new Uint8Array(1<<24).fill(1)),5)'])))</script>"] * 8),
+        "canvases": "<script>const all=[]</script>" + often(
+            "const c=document.createElement('canvas'); c.width=c.height=4096; c.getContext('2d').fillRect(0,0,4096,4096);"
+            "all.push(c); document.body.append(c)"),
+        "focus": "<body><div id=d aria-live=assertive></div>" + often(
+            "const p=document.createElement('p'); p.textContent='x'+i; p.tabIndex=0; d.append(p); p.focus();"
+            "if (d.childNodes.length>2000) d.innerHTML=''", 200),
+        "pictures": often("new Image().src='picture'+Math.random()", 300),
+    }
+
+
 class Sink:
     """Accepts connections on this machine, answers like a web server, and keeps their first lines."""
 
@@ -195,7 +232,7 @@ class Run:
 
     def results(self):
         """What each page achieved, by its name. A run that failed has no pages."""
-        output, _ = self.process.communicate(timeout=150)
+        output, _ = self.process.communicate(timeout=280)
         print(output, end="")
         if self.process.returncode:
             return {}
@@ -228,6 +265,9 @@ def main():
         places = channels.pages(sink.port)
         expected = len(attempts) + sum(name.endswith(".hostile") for name in places)
         runs.append(Run(sys.argv[1], folder, places))
+        never_stop = {f"flood-{name}.hostile": text for name, text in floods().items()}
+        expected += len(never_stop)
+        runs.append(Run(sys.argv[1], folder, never_stop))
         results = {}
         for run in runs:
             results |= run.results()
@@ -238,6 +278,8 @@ def main():
 
     slowest = max((int(result["back"]) for result in results.values()), default=0)
     copied = [name for name, result in results.items() if result["clip"] != "kept"]
+    greedy = [name for name, result in results.items()
+              if int(result["own"]) > EDITOR_GROWTH or int(result["page"]) > PAGE_MEMORY]
     running = [name for name, result in results.items() if result["ended"] != "yes"]
     most = max((int(result["dialogs"]) for result in results.values()), default=0)
     for name, calls in sorted(out.items()):
@@ -246,8 +288,8 @@ def main():
     print(f"pages {len(results)} of {expected}, system calls to the Internet {sum(map(len, out.values()))}, navigations followed {total('followed')}, local files read "
           f"{total('read')}, new windows {total('windows')}, requests at the sink {len(sink.seen)} {sink.seen}, "
           f"shown '{shown}', most dialogs {most}, slowest way back {slowest} ms, still running {running}, "
-          f"clipboard changed by {copied}")
-    good = (len(results) == expected and not out and shown == PARTS and not sink.seen and not running and not copied and most <= 3
+          f"clipboard changed by {copied}, too much memory for {greedy}")
+    good = (len(results) == expected and not out and shown == PARTS and not sink.seen and not running and not copied and not greedy and most <= 3
             and slowest < 2000 and not any(total(key) for key in ("followed", "read", "windows")))
     return 0 if good else 1
 
