@@ -72,24 +72,33 @@ std::string BackupStoreQt::about(const std::string &name) const
     return m_folder + "/." + name + ".about";
 }
 
-std::vector<Version> BackupStoreQt::versions() const
+std::vector<Version> BackupStoreQt::copies() const
 {
-    std::vector<Version> versions;
+    std::vector<Version> copies;
     for (const auto &name : namesIn(m_folder)) {
         struct stat status { };
         if (name.starts_with('.') || name.size() < timeLength
             || ::lstat((m_folder + '/' + name).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
             continue;
-        // Without its note a copy is known by the file's name alone, which follows the folder's number.
-        const auto shortName = name.substr(std::min(name.size(), name.find('-', timeLength) + 1));
-        Version version{name, shortName, KeptReason::Replaced, status.st_mtim.tv_sec, status.st_size};
-        const auto note = regularContent(about(name));
+        copies.push_back({name, {}, KeptReason::Replaced, status.st_mtim.tv_sec, status.st_size});
+    }
+    return copies;
+}
+
+std::vector<Version> BackupStoreQt::versions() const
+{
+    auto versions = copies();
+    for (auto &version : versions) {
+        const auto note = regularContent(about(version.name));
         const auto fields = note ? unsealed(*note) : std::nullopt;
-        if (fields && fields->size() == 2) {
+        if (fields && fields->size() == 2 && !(*fields)[1].empty()) {
             version.path = (*fields)[0];
             version.reason = static_cast<KeptReason>(std::clamp((*fields)[1].front() - '0', 0, lastReason));
+        } else {
+            // Without its note a copy is known by the file's name alone, which follows the folder's number.
+            const auto dash = version.name.find('-', timeLength);
+            version.path = version.name.substr(std::min(version.name.size(), dash + 1));
         }
-        versions.push_back(std::move(version));
     }
     std::ranges::sort(versions, std::greater{}, &Version::name);
     return versions;
@@ -109,7 +118,7 @@ bool BackupStoreQt::remove(const std::string &name)
 void BackupStoreQt::prune(const std::string &newest)
 {
     std::vector<KeptVersion> kept;
-    for (const auto &version : versions())
+    for (const auto &version : copies())
         kept.push_back({version.name, version.name.substr(timeLength), version.time, version.size});
     for (const auto &name : beyondBounds(std::move(kept), Clock::to_time_t(Clock::now()), newest))
         remove(name);

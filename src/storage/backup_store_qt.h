@@ -19,6 +19,7 @@ public:
     bool remove(const std::string &name) override;
 
 private:
+    [[nodiscard]] std::vector<Version> copies() const; ///< without what their notes say
     [[nodiscard]] std::string about(const std::string &name) const;
     void prune(const std::string &newest);
 

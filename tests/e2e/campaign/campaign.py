@@ -24,7 +24,7 @@ CASES = {**kill_cases.CASES, **disk_cases.CASES, **file_cases.CASES, **recovery_
          **leaving_cases.CASES, **foreign_cases.CASES}
 SKIPPED = 77
 # What a file system in memory would do otherwise; the long form is on the disk throughout.
-ON_DISK = {"failing-calls", "foreign-at-every-call", "kill-at-every-call", "kept-properties", "refused-places"}
+ON_DISK = {"failing-calls", "kill-at-every-call", "kept-properties", "refused-places"}
 
 
 def main():
