@@ -67,7 +67,7 @@ class Editor:
             if user is not None:
                 subprocess.run(["chown", "-R", f"{user}:{user}", home], check=True)
         ours, theirs = socket.socketpair()
-        places = {"state": home + "/state", "runtime": home, "tmp": home, **(folders or {})}
+        places = {"state": home + "/state", "runtime": home, "tmp": home + "/config", **(folders or {})}
         environment = dict(os.environ, HOME=home, XDG_CONFIG_HOME=home + "/config", XDG_STATE_HOME=places["state"],
                            XDG_DATA_HOME=home + "/data", XDG_CACHE_HOME=home + "/cache",
                            XDG_RUNTIME_DIR=places["runtime"], TMPDIR=places["tmp"],
