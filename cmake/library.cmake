@@ -49,6 +49,9 @@ function(kevra_library name)
     endif()
     set_property(DIRECTORY APPEND PROPERTY KEVRA_CLAIMED_HEADERS ${arg_HEADERS})
     get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} NAME)
+    # One line a library, for tests/structure.
+    string(REPLACE ";" " " row "${name}|${folder}|${arg_HEADERS}|${arg_SOURCES}|${arg_PUBLIC};${arg_PRIVATE}")
+    set_property(GLOBAL APPEND PROPERTY KEVRA_STRUCTURE "${row}")
     kevra_link_headers(${KEVRA_INCLUDE}/${name}/${folder} ${arg_HEADERS})
 
     if(arg_SOURCES)
@@ -80,4 +83,11 @@ function(kevra_headers target)
     foreach(library ${ARGN})
         target_include_directories(${target} PRIVATE ${KEVRA_INCLUDE}/${library})
     endforeach()
+endfunction()
+
+# Writes down which files are in which library, and what each links.
+function(kevra_write_structure file)
+    get_property(rows GLOBAL PROPERTY KEVRA_STRUCTURE)
+    list(JOIN rows "\n" rows)
+    file(CONFIGURE OUTPUT ${file} CONTENT "${rows}\n" @ONLY)
 endfunction()
