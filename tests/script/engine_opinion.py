@@ -19,7 +19,7 @@ ENVIRONMENT = {**os.environ, "WINEPREFIX": PREFIX, "WINEARCH": "win64", "WINEDEB
                "WINEDLLOVERRIDES": "mscoree,mshtml=", "DISPLAY": ""}
 ACCEPTED = 7
 # Comments and empty lines may stand before Option Explicit, which has to stay the first statement.
-OPTION = re.compile(rb"\A((?:[ \t:]*(?:(?:'|rem\b)[^\r\n]*)?(?:\r\n|\r|\n))*[ \t:]*option[ \t]+explicit)\b", re.I)
+OPTION = re.compile(rb"\A((?:[ \t:]*(?:(?:'|rem\b)[^\r\n]*)?(?:\r\n|\r|\n))*[ \t:]*option(?:[ \t]|_[ \t]*\r?\n)+explicit)\b", re.I)
 
 
 def text_of(data):
