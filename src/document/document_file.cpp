@@ -56,7 +56,11 @@ Saved DocumentFile::save(std::string_view text, const std::string &path, Existin
     if (saved != Saved::Ok)
         return saved;
     m_replaced = path == m_path ? std::move(foreign) : std::nullopt;
-    adopt(std::move(file.bytes), text, file.format, path, m_files.stamp(path));
+    // Another program may have written between the rename and this look: then it is not our state.
+    auto stamp = m_files.stamp(path);
+    if (stamp && m_files.read(path) != file.bytes)
+        stamp = FileStamp{};
+    adopt(std::move(file.bytes), text, file.format, path, stamp);
     return saved;
 }
 
