@@ -64,10 +64,10 @@ bool sameWord(std::string_view a, std::string_view b)
 
 std::size_t findWord(std::string_view text, std::string_view word, std::size_t from)
 {
-    const auto rest = text.substr(orEnd(from, text));
-    const auto found = std::ranges::search(rest, word, {}, lower, lower);
-    return found.empty() && !word.empty() ? text.npos
-                                          : static_cast<std::size_t>(found.begin() - text.begin());
+    const auto start = text.begin() + static_cast<std::ptrdiff_t>(orEnd(from, text));
+    const auto same = [](char a, char b) { return lower(a) == lower(b); };
+    const auto found = std::search(start, text.end(), word.begin(), word.end(), same);
+    return found == text.end() ? text.npos : static_cast<std::size_t>(found - text.begin());
 }
 
 std::string_view trimmed(std::string_view text)
