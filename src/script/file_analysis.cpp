@@ -39,8 +39,7 @@ std::vector<Finding> analyseFile(std::string_view text, FileKind kind)
     }
     std::ranges::stable_sort(findings, {}, [](const Finding &finding) { return finding.range.start; });
     // Two jobs of a file may share a script.
-    const auto again = std::ranges::unique(findings);
-    findings.erase(again.begin(), again.end());
+    findings.erase(std::unique(findings.begin(), findings.end()), findings.end());
     return findings;
 }
 

@@ -91,7 +91,8 @@ private:
     [[nodiscard]] std::string declarationOf(ScopeId scope) const
     {
         std::string out;
-        const auto [first, last] = std::ranges::equal_range(m_missing, scope, {}, &Missing::scope);
+        const auto first = std::ranges::lower_bound(m_missing, scope, {}, &Missing::scope);
+        const auto last = std::ranges::upper_bound(m_missing, scope, {}, &Missing::scope);
         for (auto at = first; at != last; ++at)
             out += (at == first ? "Dim " : ", ") + std::string(m_model.spelling(at->name));
         return out;
