@@ -9,7 +9,13 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
+#include <chrono>
+
 namespace kevra {
+
+namespace {
+constexpr std::chrono::milliseconds pauseInTyping{250};
+}
 
 FindBar::FindBar(QWidget *parent)
     : QFrame(parent)
@@ -33,7 +39,11 @@ FindBar::FindBar(QWidget *parent)
     add("bpageclose", "CLOSE", "Close this row (Escape)", [this] { close(); });
     m_text->setMinimumWidth(m_text->fontMetrics().averageCharWidth() * 30);
     m_text->installEventFilter(this);
-    connect(m_text, &QLineEdit::textEdited, this, [this] { find(false); });
+    // A search that another one overtakes finds nothing.
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseInTyping);
+    connect(&m_pause, &QTimer::timeout, this, [this] { find(false); });
+    connect(m_text, &QLineEdit::textEdited, this, [this] { m_pause.start(); });
     hide();
 }
 
@@ -64,6 +74,7 @@ void FindBar::showFound(int place, int places)
 
 void FindBar::find(bool backward)
 {
+    m_pause.stop();
     emit findAsked(m_text->text(), backward);
     if (m_text->text().isEmpty())
         m_found->clear();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QFrame>
 
 class QLabel;
@@ -33,6 +34,7 @@ private:
 
     QLineEdit *m_text;
     QLabel *m_found;
+    QTimer m_pause;
 };
 
 } // namespace kevra
