@@ -71,9 +71,10 @@ class Reader:
 
     def activate(self, title):
         """Brings the window whose title begins so to the front, as a click on it would."""
-        subprocess.run(
+        # The search fails when a closing box goes while the windows are listed; then it is made again.
+        wait_for(f"'{title}' brought to the front", lambda: subprocess.run(
             ["xdotool", "search", "--sync", "--onlyvisible", "--name", "^" + title, "windowactivate", "--sync"],
-            check=True, timeout=PATIENCE)
+            timeout=PATIENCE).returncode == 0)
 
     def active_window(self, title):
         window = self.window(title)
