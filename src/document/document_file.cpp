@@ -2,7 +2,7 @@
 #include "document/document_file.h"
 
 #include "document/file_types.h"
-#include "encoding/charset.h"
+#include "encoding/utf8.h"
 #include "storage/checksummed_record.h"
 
 #include <utility>
@@ -16,14 +16,15 @@ DocumentFile::DocumentFile(FileStore &files, BackupStore &backups)
 {
 }
 
-std::optional<OpenedFile> DocumentFile::read(const std::string &path) const
+std::optional<OpenedFile> DocumentFile::read(const std::string &path, std::optional<Encoding> encoding) const
 {
     OpenedFile file{path, m_files.stamp(path), {}, {}};
     auto bytes = m_files.read(path);
     if (!bytes)
         return std::nullopt;
     file.bytes = std::move(*bytes);
-    file.decoded = decodeFrom(file.bytes, textKind(path));
+    file.decoded = encoding ? decodeFileAs(file.bytes, textKind(path), *encoding)
+                            : decodeFrom(file.bytes, textKind(path));
     return file;
 }
 
@@ -66,20 +67,24 @@ Saved DocumentFile::save(std::string_view text, const std::string &path, Existin
 
 EncodedFile DocumentFile::encoded(std::string_view text, std::string_view path, bool script) const
 {
-    const auto from = snapshot(path, script);
-    return encodeFile(text, from.format, *from.original, from.kind);
+    return encodeFile(text, form(path, script));
 }
 
-FileSnapshot DocumentFile::snapshot(std::string_view path, bool script) const
+FileForm DocumentFile::form(std::string_view path, bool script) const
 {
     // New work has no type yet: the tool set it is written with tells.
     const auto kind = !path.empty() ? textKind(path) : script ? TextKind::Script : TextKind::Page;
-    return {m_format, m_original, kind};
+    return {m_format, m_original, kind, m_wanted};
+}
+
+void DocumentFile::setFormat(const TextFormat &wanted)
+{
+    m_wanted = wanted == m_format ? std::nullopt : std::optional(wanted);
 }
 
 bool DocumentFile::holds(std::string_view text) const
 {
-    return m_onDisk && wasReadOrWrittenAs(text);
+    return m_onDisk && !m_wanted && wasReadOrWrittenAs(text);
 }
 
 bool DocumentFile::wasReadOrWrittenAs(std::string_view text) const
@@ -140,6 +145,7 @@ void DocumentFile::adopt(std::string bytes, std::string_view text, const TextFor
     const bool isText = format.lineEnds == LineEnds::CrLf && bytes == text && isAscii(bytes);
     m_original = std::make_shared<const std::string>(isText ? std::string() : std::move(bytes));
     m_format = format;
+    m_wanted.reset();
     m_path = path;
     m_stamp = stamp;
     m_foreign.reset();

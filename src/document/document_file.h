@@ -31,8 +31,9 @@ class DocumentFile {
 public:
     DocumentFile(FileStore &files, BackupStore &backups);
 
-    /// A file as it can be opened; nothing when it cannot be read.
-    [[nodiscard]] std::optional<OpenedFile> read(const std::string &path) const;
+    /// A file as it can be opened, in `encoding` where one is named; nothing when it cannot be read.
+    [[nodiscard]] std::optional<OpenedFile> read(
+        const std::string &path, std::optional<Encoding> encoding = std::nullopt) const;
     /// The document's file from now on. Its bytes are taken from `file`, its text is left there.
     void take(OpenedFile &&file);
     /// A document without a file, empty at first, to be written in `format`.
@@ -44,11 +45,13 @@ public:
     /// The bytes a save to `path` would write; an empty path is new work, a script when `script` says so.
     [[nodiscard]] EncodedFile encoded(std::string_view text, std::string_view path, bool script) const;
 
-    [[nodiscard]] FileSnapshot snapshot(std::string_view path, bool script) const;
+    /// What encoded() needs.
+    [[nodiscard]] FileForm form(std::string_view path, bool script) const;
 
     /// Whether this document was read from or written to that path.
     [[nodiscard]] bool owns(const std::string &path) const { return m_paths.contains(path); }
-    /// Whether the text is what the file holds; costs a pass over a text of the same length.
+    /// Whether the text is what the file holds, in the format wanted; costs a pass over a text of the same
+    /// length.
     [[nodiscard]] bool holds(std::string_view text) const;
     /// Whether a text of this length can be what the file holds.
     [[nodiscard]] bool mayHold(std::size_t length) const { return length == m_textLength; }
@@ -64,11 +67,11 @@ public:
     [[nodiscard]] Saved putBack();
     /// The text of such bytes, as opening this file would show it.
     [[nodiscard]] std::string decodedAs(std::string_view bytes) const;
-    [[nodiscard]] const TextFormat &format() const { return m_format; }
-    [[nodiscard]] const std::string &path() const
-    {
-        return m_path;
-    } ///< last read or written; empty for new work
+    /// How the next save writes the text, as far as it fits.
+    [[nodiscard]] const TextFormat &format() const { return m_wanted ? *m_wanted : m_format; }
+    void setFormat(const TextFormat &wanted);
+    /// Last read or written; empty for new work.
+    [[nodiscard]] const std::string &path() const { return m_path; }
 
 private:
     void adopt(std::string bytes, std::string_view text, const TextFormat &format, const std::string &path,
@@ -82,7 +85,8 @@ private:
     BackupStore &m_backups;
     /// Empty when the text itself tells the bytes.
     std::shared_ptr<const std::string> m_original = std::make_shared<const std::string>();
-    TextFormat m_format;
+    TextFormat m_format; ///< of the bytes
+    std::optional<TextFormat> m_wanted;
     std::string m_path; ///< last read or written; empty for new work
     mutable std::optional<FileStamp> m_stamp;
     mutable std::optional<FileStamp> m_foreign; ///< a state of the file whose content is not ours

@@ -99,7 +99,7 @@ TextSnapshot RecoveryJournal::snapshot() const
 {
     // Not the current path, which may already be that of a file about to be opened.
     const auto &path = m_file.path();
-    return {path, m_file.snapshot(path, m_state.scriptTools), std::string(m_document.Text())};
+    return {path, m_file.form(path, m_state.scriptTools), std::string(m_document.Text())};
 }
 
 void RecoveryJournal::forget()

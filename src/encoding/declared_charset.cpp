@@ -1,41 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/declared_charset.h"
 
-#include "text/paths.h"
 #include "text/words.h"
 
 #include <algorithm>
-#include <array>
+#include <charconv>
+#include <utility>
 
 namespace kevra {
 namespace {
 
 constexpr std::size_t searchedBytes = 4096;
-
-struct CharsetName {
-    std::string_view name; ///< as a meta tag or a code page number
-    Encoding encoding;
-};
-
-constexpr std::array charsetNames{
-    CharsetName{"utf-8", Encoding::Utf8},
-    CharsetName{"utf8", Encoding::Utf8},
-    CharsetName{"65001", Encoding::Utf8},
-    CharsetName{"windows-1252", Encoding::Windows1252},
-    CharsetName{"cp1252", Encoding::Windows1252},
-    CharsetName{"x-cp1252", Encoding::Windows1252},
-    CharsetName{"1252", Encoding::Windows1252},
-    CharsetName{"iso-8859-1", Encoding::Latin1},
-    CharsetName{"iso8859-1", Encoding::Latin1},
-    CharsetName{"iso_8859-1", Encoding::Latin1},
-    CharsetName{"latin1", Encoding::Latin1},
-    CharsetName{"28591", Encoding::Latin1},
-    CharsetName{"iso-8859-15", Encoding::Latin9},
-    CharsetName{"iso8859-15", Encoding::Latin9},
-    CharsetName{"iso_8859-15", Encoding::Latin9},
-    CharsetName{"latin9", Encoding::Latin9},
-    CharsetName{"28605", Encoding::Latin9},
-};
 
 bool startsWithIgnoringCase(std::string_view text, std::string_view start)
 {
@@ -72,13 +47,30 @@ std::optional<std::string_view> attribute(std::string_view tag, std::string_view
     return std::nullopt;
 }
 
-std::optional<Encoding> namedCharset(std::optional<std::string_view> name)
+std::optional<Encoding> encodingOfNumber(std::string_view digits)
 {
-    if (!name)
+    int number = 0;
+    const auto *end = digits.data() + digits.size();
+    if (std::from_chars(digits.data(), end, number).ptr != end)
         return std::nullopt;
-    const auto it = std::ranges::find_if(
-        charsetNames, [&](const auto &row) { return equalIgnoringCase(row.name, *name); });
-    return it == charsetNames.end() ? std::nullopt : std::optional(it->encoding);
+    return encodingOfCodePage(number);
+}
+
+/// A declaration that can be read at all is in a set with ASCII.
+std::optional<Encoding> readAs(Encoding named)
+{
+    switch (named) {
+    case Encoding::Utf16Le:
+    case Encoding::Utf16Be:
+        return Encoding::Utf8;
+    case Encoding::UserDefined:
+        return Encoding::Windows1252;
+    case Encoding::Utf32Le:
+    case Encoding::Utf32Be:
+        return std::nullopt;
+    default:
+        return named;
+    }
 }
 
 /// Up to and with `end`, or all of it.
@@ -88,30 +80,101 @@ std::size_t lengthThrough(std::string_view text, std::string_view end)
     return at == std::string_view::npos ? text.size() : at + end.size();
 }
 
-} // namespace
+class Declarations {
+public:
+    explicit Declarations(std::string_view text)
+        : m_text(text)
+    {
+    }
 
-std::optional<Encoding> declaredCharset(std::string_view page)
+    void addName(std::optional<std::string_view> label)
+    {
+        if (label)
+            add(*label, encodingNamed(*label), false);
+    }
+    void addCodePage(std::optional<std::string_view> label)
+    {
+        if (label)
+            add(*label, encodingOfNumber(*label), true);
+    }
+    std::vector<Declaration> take() { return std::move(m_found); }
+
+private:
+    void add(std::string_view label, std::optional<Encoding> named, bool codePage)
+    {
+        const auto read = named ? readAs(*named) : std::nullopt;
+        if (!read)
+            return;
+        const auto start = label.data() - m_text.data();
+        m_found.push_back({*named, *read, {start, start + std::ssize(label)}, codePage});
+    }
+
+    std::string_view m_text;
+    std::vector<Declaration> m_found;
+};
+
+void addOfPage(std::string_view page, Declarations &found)
 {
-    page = page.substr(0, searchedBytes);
     while (!page.empty()) {
         page.remove_prefix(std::min(page.find('<'), page.size()));
         std::size_t length = std::min<std::size_t>(page.size(), 1);
-        std::optional<Encoding> found;
         if (page.starts_with("<!--")) {
             length = lengthThrough(page, "-->");
         } else if (page.starts_with("<%@")) {
             length = lengthThrough(page, "%>");
-            found = namedCharset(attribute(page.substr(0, length), "codepage"));
+            found.addCodePage(attribute(page.substr(0, length), "codepage"));
         } else if (startsWithIgnoringCase(page, "<meta") && page.size() > 5
             && (isBlank(page[5]) || page[5] == '/')) {
             length = lengthThrough(page, ">");
-            found = namedCharset(attribute(page.substr(0, length), "charset"));
+            found.addName(attribute(page.substr(0, length), "charset"));
         }
-        if (found)
-            return found;
         page.remove_prefix(length);
     }
-    return std::nullopt;
+}
+
+void addOfXml(std::string_view text, Declarations &found)
+{
+    if (text.starts_with("<?xml"))
+        found.addName(attribute(text.substr(0, lengthThrough(text, "?>")), "encoding"));
+}
+
+/// To a browser it is one only in these very letters.
+void addOfStyleSheet(std::string_view text, Declarations &found)
+{
+    constexpr std::string_view start = "@charset \"";
+    if (!text.starts_with(start))
+        return;
+    text.remove_prefix(start.size());
+    if (const auto end = text.find("\";"); end != std::string_view::npos)
+        found.addName(text.substr(0, end));
+}
+
+} // namespace
+
+std::vector<Declaration> declarations(std::string_view text, TextKind kind)
+{
+    text = text.substr(0, searchedBytes);
+    Declarations found(text);
+    if (kind == TextKind::Page)
+        addOfPage(text, found);
+    if (kind == TextKind::Plain)
+        addOfStyleSheet(text, found);
+    addOfXml(text, found);
+    return found.take();
+}
+
+std::optional<Encoding> declaredCharset(std::string_view text, TextKind kind)
+{
+    const auto all = declarations(text, kind);
+    return all.empty() ? std::nullopt : std::optional(all.front().read);
+}
+
+std::string labelFor(const Declaration &declaration, Encoding encoding)
+{
+    if (!declaration.codePage)
+        return std::string(labelOf(encoding));
+    const auto number = characterSet(encoding).codePage;
+    return number == 0 ? std::string() : std::to_string(number);
 }
 
 } // namespace kevra

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/line_ends.h"
 
-#include "encoding/line_match.h"
 #include "text/mark_scan.h"
 
 #include <algorithm>
@@ -12,11 +11,6 @@ namespace {
 
 constexpr std::string_view crLf = "\r\n";
 constexpr std::array lineEndTexts{crLf, std::string_view("\n"), std::string_view("\r")};
-
-std::string_view endText(LineEnds ends)
-{
-    return ends == LineEnds::Lf ? lineEndTexts[1] : ends == LineEnds::Cr ? lineEndTexts[2] : crLf;
-}
 
 struct EndKinds {
     bool crLf = false;
@@ -66,20 +60,6 @@ std::string joinLines(std::string_view text, std::string_view end)
     return out;
 }
 
-std::string_view commonestEnd(const std::vector<Line> &lines)
-{
-    const auto number = [&](std::string_view end) { return std::ranges::count(lines, end, &Line::end); };
-    return std::ranges::max(lineEndTexts, {}, number);
-}
-
-std::vector<std::string_view> contents(const std::vector<Line> &lines)
-{
-    std::vector<std::string_view> all;
-    all.reserve(lines.size());
-    std::ranges::transform(lines, std::back_inserter(all), &Line::content);
-    return all;
-}
-
 } // namespace
 
 std::vector<Line> splitLines(std::string_view text)
@@ -96,6 +76,11 @@ std::vector<Line> splitLines(std::string_view text)
     }
     lines.push_back({text, {}});
     return lines;
+}
+
+std::string_view endText(LineEnds ends)
+{
+    return ends == LineEnds::Lf ? lineEndTexts[1] : ends == LineEnds::Cr ? lineEndTexts[2] : crLf;
 }
 
 LineEnds lineEndsOf(std::string_view text)
@@ -130,23 +115,10 @@ std::string fromCrLf(std::string_view text, LineEnds ends)
     return endText(ends) == crLf ? std::string(text) : replaceEach(text, crLf, endText(ends));
 }
 
-std::string withLineEndsOf(std::string_view text, std::string_view original)
+std::string_view commonestEnd(const std::vector<Line> &lines)
 {
-    const auto before = splitLines(original);
-    const auto after = splitLines(text);
-    const auto commonest = commonestEnd(before);
-    const auto origins = matchLines(contents(before), contents(after));
-
-    std::string out;
-    out.reserve(text.size());
-    for (std::size_t i = 0; i < after.size(); ++i) {
-        out.append(after[i].content);
-        if (after[i].end.empty())
-            continue;
-        const auto end = origins[i] ? before[*origins[i]].end : std::string_view();
-        out.append(end.empty() ? commonest : end);
-    }
-    return out;
+    const auto number = [&](std::string_view end) { return std::ranges::count(lines, end, &Line::end); };
+    return std::ranges::max(lineEndTexts, {}, number);
 }
 
 } // namespace kevra

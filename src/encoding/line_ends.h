@@ -22,10 +22,10 @@ struct Line {
 [[nodiscard]] LineEnds lineEndsOf(std::string_view text);
 /// `text`, whose line ends are `ends`, with CRLF everywhere.
 [[nodiscard]] std::string toCrLf(std::string_view text, LineEnds ends);
-/// `text` with every line end as `ends` says. Mixed asks for the file it came from: see withLineEndsOf().
+/// `text` with every line end as `ends` says; CRLF for those that say nothing.
 [[nodiscard]] std::string fromCrLf(std::string_view text, LineEnds ends);
-/// `text` with each line's end as it is in `original`, of which `text` is an edited form. A new line gets the
-/// end of the line it took the place of, else the one most lines have.
-[[nodiscard]] std::string withLineEndsOf(std::string_view text, std::string_view original);
+[[nodiscard]] std::string_view endText(LineEnds ends);
+/// The end that most lines have; CRLF when there is none.
+[[nodiscard]] std::string_view commonestEnd(const std::vector<Line> &lines);
 
 } // namespace kevra

@@ -7,13 +7,11 @@ namespace kevra {
 
 std::string encodingName(const TextFormat &format)
 {
-    constexpr std::array names{
-        "Windows-1252", "ISO-8859-1", "ISO-8859-15", "UTF-8", "UTF-16", "UTF-16 big-endian"};
-    std::string name = names[static_cast<std::size_t>(format.encoding)];
+    std::string name(characterSet(format.encoding).name);
     // A mark is part of every UTF-16 file; only with UTF-8 it is worth a word.
     if (format.mark && format.encoding == Encoding::Utf8)
         name += " with mark";
-    return name;
+    return format.guessed ? name + ", guessed" : name;
 }
 
 std::string lineEndsName(LineEnds ends)

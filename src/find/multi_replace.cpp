@@ -61,8 +61,7 @@ FileOutcome outcomeOf(Saved saved)
 
 bool isBinary(std::string_view bytes, const TextFormat &format)
 {
-    const bool wide = format.encoding == Encoding::Utf16Le || format.encoding == Encoding::Utf16Be;
-    return !wide && bytes.find('\0') != std::string_view::npos;
+    return unitSize(format.encoding) == 1 && bytes.find('\0') != std::string_view::npos;
 }
 
 std::string counted(Offset number, std::string_view thing)

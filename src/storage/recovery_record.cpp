@@ -3,51 +3,85 @@
 
 #include "storage/checksummed_record.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace kevra {
 namespace {
 
-/// Encoding, mark, line ends and declared set, one character each.
+constexpr char undeclared = '-';
+constexpr std::size_t formerFormatLength = 4;
+constexpr std::size_t labelsStart = 5;
+constexpr std::array formerEncodings{Encoding::Windows1252, Encoding::Windows1252, Encoding::Iso8859_15,
+    Encoding::Utf8, Encoding::Utf16Le, Encoding::Utf16Be};
+
+/// Mark, line ends, guess and raw bytes, one character each, then the labels of the encoding and the declared
+/// set.
 std::string formatText(const TextFormat &format)
 {
     const auto letter = [](auto value) { return static_cast<char>('0' + static_cast<int>(value)); };
-    return {letter(format.encoding), letter(format.mark), letter(format.lineEnds),
-        format.declared ? letter(*format.declared) : '-'};
+    std::string text{
+        letter(format.mark), letter(format.lineEnds), letter(format.guessed), letter(format.rawBytes), ' '};
+    text.append(labelOf(format.encoding)) += ' ';
+    return format.declared ? text.append(labelOf(*format.declared)) : text + undeclared;
 }
 
-template <typename Enum> bool take(char letter, Enum last, Enum &value)
+std::optional<LineEnds> lineEndsFrom(char letter)
 {
-    if (letter < '0' || letter > '0' + static_cast<int>(last))
-        return false;
-    value = static_cast<Enum>(letter - '0');
-    return true;
+    if (letter < '0' || letter > '0' + static_cast<int>(LineEnds::Mixed))
+        return std::nullopt;
+    return static_cast<LineEnds>(letter - '0');
+}
+
+/// Of version 2.85 and earlier: encoding, mark, line ends, declared set.
+std::optional<TextFormat> readFormerFormat(std::string_view text)
+{
+    const auto encoding = [](char letter) -> std::optional<Encoding> {
+        const auto index = static_cast<std::size_t>(letter - '0');
+        return index < formerEncodings.size() ? std::optional(formerEncodings[index]) : std::nullopt;
+    };
+    const auto ends = lineEndsFrom(text[2]);
+    if (!encoding(text[0]) || !ends)
+        return std::nullopt;
+    return TextFormat{.encoding = *encoding(text[0]),
+        .mark = text[1] == '1',
+        .lineEnds = *ends,
+        .declared = encoding(text[3]),
+        .guessed = false,
+        .rawBytes = false};
 }
 
 std::optional<TextFormat> readFormat(std::string_view text)
 {
-    TextFormat format;
-    if (text.size() != 4 || !take(text[0], Encoding::Utf16Be, format.encoding)
-        || !take(text[2], LineEnds::Mixed, format.lineEnds))
+    if (text.size() == formerFormatLength)
+        return readFormerFormat(text);
+    if (text.size() < labelsStart)
         return std::nullopt;
-    format.mark = text[1] == '1';
-    if (Encoding declared{}; take(text[3], Encoding::Utf16Be, declared))
-        format.declared = declared;
-    return format;
+    const auto labels = text.substr(labelsStart);
+    const auto blank = std::min(labels.find(' '), labels.size());
+    const auto encoding = encodingNamed(labels.substr(0, blank));
+    const auto ends = lineEndsFrom(text[1]);
+    if (!encoding || !ends)
+        return std::nullopt;
+    return TextFormat{.encoding = *encoding,
+        .mark = text[0] == '1',
+        .lineEnds = *ends,
+        .declared = encodingNamed(labels.substr(blank)),
+        .guessed = text[2] == '1',
+        .rawBytes = text[3] == '1'};
 }
 
 } // namespace
 
 std::string fileBytes(const TextSnapshot &snapshot)
 {
-    const auto &[format, original, kind] = snapshot.file;
-    return encodeFile(snapshot.text, format, *original, kind).bytes;
+    return encodeFile(snapshot.text, snapshot.file).bytes;
 }
 
 std::string recordBytes(const TextSnapshot &snapshot, std::uint64_t sequence)
 {
-    const auto &[format, original, kind] = snapshot.file;
-    const auto encoded = encodeFile(snapshot.text, format, *original, kind);
+    const auto encoded = encodeFile(snapshot.text, snapshot.file);
     return withChecksum({snapshot.path, formatText(encoded.format), encoded.bytes, std::to_string(sequence)});
 }
 

@@ -12,18 +12,11 @@
 
 namespace kevra {
 
-/// How a text becomes its file's bytes, to be used later or elsewhere than on the document.
-struct FileSnapshot {
-    TextFormat format;
-    std::shared_ptr<const std::string> original;
-    TextKind kind;
-};
-
 /// The text at one moment with all it takes to write it; costs a copy of the text, the rest can be done
 /// elsewhere and later.
 struct TextSnapshot {
     std::string path; ///< empty for new work
-    FileSnapshot file;
+    FileForm file;
     std::string text;
 };
 

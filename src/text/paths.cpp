@@ -41,11 +41,6 @@ std::string upperAscii(std::string_view text)
     return out;
 }
 
-bool equalIgnoringCase(std::string_view a, std::string_view b)
-{
-    return std::ranges::equal(a, b, {}, lowerAscii, lowerAscii);
-}
-
 std::string absolutePath(const std::string &path)
 {
     const bool drive = path.size() > 1 && path[1] == ':';

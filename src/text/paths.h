@@ -2,6 +2,8 @@
 // Taking paths apart. '/' and '\' both separate, whatever the platform.
 #pragma once
 
+#include "text/words.h"
+
 #include <string>
 #include <string_view>
 
@@ -15,7 +17,6 @@ namespace kevra {
 [[nodiscard]] std::string_view extension(std::string_view path);
 /// `text` with a to z made capital.
 [[nodiscard]] std::string upperAscii(std::string_view text);
-[[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
 /// A relative path as it is meant from the current folder; any other as it stands.
 [[nodiscard]] std::string absolutePath(const std::string &path);
 /// `folder` without one trailing separator; a root that is nothing else keeps it.

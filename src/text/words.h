@@ -35,4 +35,7 @@ namespace kevra {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
 }
 
+/// Whether both are the same but for A to Z being capital or small.
+[[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
+
 } // namespace kevra

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "encoding/edited_lines.h"
+
+#include "encoding/iso2022_jp.h"
+#include "encoding/line_match.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace kevra {
+namespace {
+
+std::vector<std::string_view> contents(const std::vector<Line> &lines)
+{
+    std::vector<std::string_view> all;
+    all.reserve(lines.size());
+    std::ranges::transform(lines, std::back_inserter(all), &Line::content);
+    return all;
+}
+
+/// The character in a unit of two or four bytes, when it is one of ASCII; else 0.
+char asciiUnit(std::string_view unit, bool bigEndian)
+{
+    const auto significant = bigEndian ? unit.size() - 1 : 0;
+    for (std::size_t i = 0; i < unit.size(); ++i)
+        if (i != significant && unit[i] != '\0')
+            return '\0';
+    return unit[significant];
+}
+
+/// splitLines() for units of two or four bytes.
+std::vector<Line> splitWideLines(std::string_view bytes, std::size_t unit, bool bigEndian)
+{
+    const auto at = [&](std::size_t i) {
+        return i + unit <= bytes.size() ? asciiUnit(bytes.substr(i, unit), bigEndian) : '\0';
+    };
+    std::vector<Line> lines;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < bytes.size();) {
+        const char c = at(i);
+        const auto length = c == '\r' && at(i + unit) == '\n' ? 2 * unit : unit;
+        if (c == '\r' || c == '\n') {
+            lines.push_back({bytes.substr(start, i - start), bytes.substr(i, length)});
+            start = i + length;
+        }
+        i += length;
+    }
+    lines.push_back({bytes.substr(std::min(start, bytes.size())), {}});
+    return lines;
+}
+
+std::vector<Line> splitBytes(std::string_view bytes, Encoding encoding)
+{
+    const auto unit = static_cast<std::size_t>(unitSize(encoding));
+    if (unit == 1)
+        return splitLines(bytes);
+    return splitWideLines(bytes, unit, encoding == Encoding::Utf16Be || encoding == Encoding::Utf32Be);
+}
+
+/// In a set with escape sequences: the shift every line starts in.
+std::vector<Shift> shiftsOf(const std::vector<Line> &lines, Encoding encoding)
+{
+    std::vector<Shift> shifts(lines.size(), Shift::Ascii);
+    if (characterSet(encoding).form == Form::Shifting)
+        for (std::size_t i = 0; i + 1 < lines.size(); ++i)
+            shifts[i + 1] = shiftAfter(lines[i].content, shifts[i]);
+    return shifts;
+}
+
+} // namespace
+
+EditedLines::EditedLines(std::string_view text, std::string_view before, LineEnds ends)
+{
+    const auto old = splitLines(before);
+    const auto now = splitLines(text);
+    const auto usual = ends == LineEnds::Mixed ? commonestEnd(old) : endText(ends);
+    const auto origins = matchLines(contents(old), contents(now));
+    m_linesBefore = old.size();
+    m_lines.reserve(now.size());
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        EditedLine line{now[i].content, now[i].end.empty() ? std::string_view() : usual, std::nullopt};
+        if (const auto origin = origins[i]) {
+            if (ends == LineEnds::Mixed && !line.end.empty() && !old[*origin].end.empty())
+                line.end = old[*origin].end;
+            if (old[*origin].content == line.content)
+                line.kept = origin;
+        }
+        m_lines.push_back(line);
+    }
+}
+
+std::string EditedLines::text() const
+{
+    std::string out;
+    for (const auto &line : m_lines)
+        out.append(line.content).append(line.end);
+    return out;
+}
+
+std::optional<std::string> EditedLines::bytes(
+    std::string_view original, Encoding encoding, RawBytes rawBytes) const
+{
+    const auto old = splitBytes(original, encoding);
+    if (old.size() != m_linesBefore)
+        return std::nullopt;
+    const auto shifts = shiftsOf(old, encoding);
+    // Line ends are the same few thousands of times.
+    std::unordered_map<std::string_view, std::string> ends;
+    const auto endBytes = [&](std::string_view end) -> const std::string & {
+        const auto [it, isNew] = ends.try_emplace(end);
+        if (isNew)
+            it->second = fromUtf8(end, encoding).value_or(std::string());
+        return it->second;
+    };
+    auto shift = Shift::Ascii;
+    std::string out;
+    const auto shiftTo = [&](Shift wanted) {
+        if (shift != wanted)
+            out += escapeOf(wanted);
+        shift = wanted;
+    };
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        const auto &line = m_lines[i];
+        if (line.kept) {
+            shiftTo(shifts[*line.kept]);
+            out += old[*line.kept].content;
+            shift = shiftAfter(old[*line.kept].content, shift);
+        } else {
+            const auto content = fromUtf8(line.content, encoding, rawBytes);
+            if (!content)
+                return std::nullopt;
+            shiftTo(Shift::Ascii);
+            out += *content;
+            // So that the line after this one can stay as it is.
+            if (i + 1 < m_lines.size() && m_lines[i + 1].kept)
+                shiftTo(shifts[*m_lines[i + 1].kept]);
+        }
+        out += endBytes(line.end);
+    }
+    return out;
+}
+
+} // namespace kevra

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "encoding/charset.h"
+#include "encoding/declared_charset.h"
+#include "encoding/detection.h"
+#include "encoding/edited_lines.h"
+#include "encoding/line_ends.h"
+#include "encoding/original_text.h"
+#include "encoding/text_codec.h"
+
+#include <utility>
+
+namespace kevra {
+namespace {
+
+RawBytes rawBytesOf(const TextFormat &format)
+{
+    return format.rawBytes ? RawBytes::Escaped : RawBytes::None;
+}
+
+std::optional<std::string> bytesIn(std::string_view text, const TextFormat &format)
+{
+    auto bytes = fromUtf8(text, format.encoding, rawBytesOf(format));
+    if (bytes && format.mark)
+        bytes->insert(0, markOf(format.encoding));
+    return bytes;
+}
+
+/// Whether the file will be read as the text it was written from.
+bool readsBack(std::string_view bytes, const TextFormat &format, TextKind kind)
+{
+    const auto detected = detect(bytes, kind);
+    return (detected.encoding == format.encoding && detected.mark == format.mark)
+        || (!detected.mark && isAscii(bytes) && characterSet(detected.encoding).form != Form::Shifting);
+}
+
+/// What a text becomes that its own format cannot hold.
+EncodedFile converted(std::string_view text, const TextFormat &format, TextKind kind)
+{
+    auto next = format;
+    next.encoding = kind == TextKind::Script ? Encoding::Utf16Le : Encoding::Utf8;
+    next.mark = kind == TextKind::Script;
+    next.guessed = false;
+    next.rawBytes = false;
+    auto bytes = bytesIn(text, next);
+    if (!bytes) {
+        // Not even UTF-8: the bytes go out as they are in memory.
+        next.encoding = Encoding::Utf8;
+        next.mark = false;
+        return {std::string(text), next};
+    }
+    // A page that names another set needs the mark, which goes before what a page says, here and in browsers.
+    const bool contradicted = next.declared && next.declared != Encoding::Utf8;
+    if (!next.mark && (contradicted || !readsBack(*bytes, next, kind))) {
+        next.mark = true;
+        bytes->insert(0, markOf(next.encoding));
+    }
+    return {std::move(*bytes), next};
+}
+
+/// The format the text is to be written in; a declaration that was changed since it was read counts.
+TextFormat targetFormat(
+    std::string_view text, const TextFormat &format, TextKind kind, const std::optional<TextFormat> &wanted)
+{
+    auto target = wanted.value_or(format);
+    if (target.mark || unitSize(target.encoding) > 1)
+        return target;
+    const auto before = target.declared;
+    target.declared = declaredCharset(text, kind);
+    if (target.declared && target.declared != before) {
+        target.encoding = *target.declared;
+        target.guessed = false;
+        target.rawBytes = target.rawBytes && target.encoding == format.encoding;
+    }
+    return target;
+}
+
+/// In a set in which every character has one form, and no line stands for itself, the text tells the bytes.
+bool textTellsBytes(const TextFormat &format, const TextFormat &target)
+{
+    const auto form = characterSet(target.encoding).form;
+    const bool oneForm = form == Form::SingleByte || form == Form::Utf8 || form == Form::Wide;
+    return oneForm && !format.rawBytes && target.lineEnds != LineEnds::Mixed;
+}
+
+std::optional<std::string> editedBytes(
+    const EditedLines &lines, std::string_view original, const TextFormat &format, const TextFormat &target)
+{
+    if (target.encoding != format.encoding)
+        return std::nullopt;
+    auto bytes = lines.bytes(withoutMark(original, format), target.encoding, rawBytesOf(target));
+    if (bytes && target.mark)
+        bytes->insert(0, markOf(target.encoding));
+    return bytes;
+}
+
+} // namespace
+
+EncodedFile encodeFile(std::string_view text, const TextFormat &format, std::string_view original,
+    TextKind kind, const std::optional<TextFormat> &wanted)
+{
+    if (!wanted && !original.empty() && decodeFile(original, format) == text)
+        return {std::string(original), format};
+
+    auto target = targetFormat(text, format, kind, wanted);
+    std::string lines;
+    std::optional<std::string> bytes;
+    if (original.empty() || textTellsBytes(format, target)) {
+        lines = fromCrLf(text, target.lineEnds);
+    } else {
+        const OriginalText before(original, format);
+        const EditedLines edited(text, before.view(), target.lineEnds);
+        lines = edited.text();
+        bytes = editedBytes(edited, original, format, target);
+    }
+    if (!bytes)
+        bytes = bytesIn(lines, target);
+    if (target.lineEnds == LineEnds::Mixed || target.lineEnds == LineEnds::None)
+        target.lineEnds = lineEndsOf(lines);
+    // As long as no byte of the file fixes its encoding, it must be one that reads back as the same text.
+    const bool open = !wanted && (target.declared != format.declared || isAscii(original));
+    if (bytes && (!open || readsBack(*bytes, target, kind)))
+        return {std::move(*bytes), target};
+    return converted(lines, target, kind);
+}
+
+} // namespace kevra

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// UTF-8, character by character.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+struct Utf8Character {
+    char32_t value = 0;
+    std::size_t length = 0; ///< in bytes; 0: no well-formed character starts here
+};
+
+/// The character at the start of non-empty `bytes`. Overlong forms and surrogates are none.
+[[nodiscard]] Utf8Character firstCharacter(std::string_view bytes);
+void appendUtf8(std::string &out, char32_t character);
+/// How many of the first bytes are plain ASCII.
+[[nodiscard]] std::size_t asciiRun(std::string_view bytes);
+/// How many of the first bytes are well-formed UTF-8.
+[[nodiscard]] std::size_t utf8Run(std::string_view bytes);
+
+[[nodiscard]] inline bool isAscii(std::string_view bytes)
+{
+    return asciiRun(bytes) == bytes.size();
+}
+[[nodiscard]] inline bool isUtf8(std::string_view bytes)
+{
+    return utf8Run(bytes) == bytes.size();
+}
+
+} // namespace kevra
