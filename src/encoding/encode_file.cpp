@@ -40,6 +40,7 @@ EncodedFile converted(std::string_view text, const TextFormat &format, TextKind 
     next.encoding = kind == TextKind::Script ? Encoding::Utf16Le : Encoding::Utf8;
     next.mark = kind == TextKind::Script;
     next.guessed = false;
+    next.named = false;
     next.rawBytes = false;
     auto bytes = bytesIn(text, next);
     if (!bytes) {
@@ -69,6 +70,7 @@ TextFormat targetFormat(
     if (target.declared && target.declared != before) {
         target.encoding = *target.declared;
         target.guessed = false;
+        target.named = false;
         target.rawBytes = target.rawBytes && target.encoding == format.encoding;
     }
     return target;
@@ -117,7 +119,7 @@ EncodedFile encodeFile(std::string_view text, const TextFormat &format, std::str
     if (target.lineEnds == LineEnds::Mixed || target.lineEnds == LineEnds::None)
         target.lineEnds = lineEndsOf(lines);
     // As long as no byte of the file fixes its encoding, it must be one that reads back as the same text.
-    const bool open = !wanted && (target.declared != format.declared || isAscii(original));
+    const bool open = !target.named && (target.declared != format.declared || isAscii(original));
     if (bytes && (!open || readsBack(*bytes, target, kind)))
         return {std::move(*bytes), target};
     return converted(lines, target, kind);

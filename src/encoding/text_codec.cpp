@@ -34,6 +34,7 @@ TextFormat detectedFormat(std::string_view bytes, TextKind kind)
         .lineEnds = LineEnds::None,
         .declared = found.declared,
         .guessed = found.guessed,
+        .named = false,
         .rawBytes = false};
 }
 
@@ -54,6 +55,7 @@ DecodedFile decodeFileAs(std::string_view bytes, TextKind kind, Encoding encodin
     const auto mark = markOf(encoding);
     TextFormat format;
     format.encoding = encoding;
+    format.named = true;
     format.mark = !mark.empty() && bytes.starts_with(mark);
     auto file = decoded(bytes, format, nullptr);
     if (!format.mark)

@@ -23,6 +23,7 @@ struct TextFormat {
     LineEnds lineEnds = LineEnds::None;
     std::optional<Encoding> declared; ///< the character set that the text named when it was read
     bool guessed = false; ///< the encoding was neither marked nor declared, nor is it UTF-8
+    bool named = false; ///< by the user; a file without a character beyond ASCII keeps it too
     bool rawBytes = false; ///< some bytes mean nothing in the encoding: see charset.h
 
     friend bool operator==(const TextFormat &, const TextFormat &) = default;

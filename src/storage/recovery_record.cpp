@@ -11,13 +11,15 @@ namespace kevra {
 namespace {
 
 constexpr char undeclared = '-';
+constexpr char guessedLetter = '1';
+constexpr char namedLetter = '2';
 constexpr std::size_t formerFormatLength = 4;
 constexpr std::size_t labelsStart = 5;
 constexpr std::array formerEncodings{Encoding::Windows1252, Encoding::Windows1252, Encoding::Iso8859_15,
     Encoding::Utf8, Encoding::Utf16Le, Encoding::Utf16Be};
 
-/// Mark, line ends, guess and raw bytes, one character each, then the labels of the encoding and the declared
-/// set.
+/// Mark, line ends, where the encoding is known from and raw bytes, one character each, then the labels of
+/// the encoding and the declared set.
 std::string formatText(const TextFormat &format)
 {
     const auto letter = [](auto value) { return static_cast<char>('0' + static_cast<int>(value)); };
@@ -49,6 +51,7 @@ std::optional<TextFormat> readFormerFormat(std::string_view text)
         .lineEnds = *ends,
         .declared = encoding(text[3]),
         .guessed = false,
+        .named = false,
         .rawBytes = false};
 }
 
@@ -68,7 +71,8 @@ std::optional<TextFormat> readFormat(std::string_view text)
         .mark = text[0] == '1',
         .lineEnds = *ends,
         .declared = encodingNamed(labels.substr(blank)),
-        .guessed = text[2] == '1',
+        .guessed = text[2] == guessedLetter,
+        .named = text[2] == namedLetter,
         .rawBytes = text[3] == '1'};
 }
 
