@@ -84,7 +84,7 @@ private:
             m_exitCode = Unusable;
             return;
         }
-        AnalysedFile file{path, std::string(FileText(path, bytes->view()).view()), {}};
+        AnalysedFile file{path, std::string(FileText(path, bytes->view(), m_options.encoding).view()), {}};
         file.findings = findingsIn(file);
         if (!file.findings.empty())
             m_exitCode = std::max<int>(m_exitCode, SomethingFound);

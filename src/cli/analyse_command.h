@@ -3,7 +3,9 @@
 #pragma once
 
 #include "cli/analyse_report.h"
+#include "encoding/character_sets.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,6 +15,7 @@ struct AnalyseOptions {
     std::vector<std::string> paths; ///< files, folders, or - for standard input
     script::Level level = script::Level::Warning; ///< the least to be printed
     AnalysisFormat format = AnalysisFormat::Text;
+    std::optional<Encoding> encoding; ///< found out for each file where none is named
 };
 
 /// Prints what it finds; the result is the program's exit code.

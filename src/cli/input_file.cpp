@@ -55,12 +55,15 @@ void FileBytes::readAll(std::FILE &file, std::size_t room)
     }
 }
 
-FileText::FileText(const std::string &path, std::string_view bytes)
+FileText::FileText(const std::string &path, std::string_view bytes, std::optional<Encoding> encoding)
 {
     const auto type = fileType(path);
-    const bool plain = isTextAsItStands(bytes);
-    if (!plain)
-        m_decoded = decodeFile(bytes, type ? type->kind : TextKind::Script).text;
+    const auto kind = type ? type->kind : TextKind::Script;
+    const bool plain = !encoding && isTextAsItStands(bytes);
+    if (encoding)
+        m_decoded = decodeFileAs(bytes, kind, *encoding).text;
+    else if (!plain)
+        m_decoded = decodeFile(bytes, kind).text;
     m_view = plain ? bytes : m_decoded;
 }
 

@@ -2,6 +2,7 @@
 // The files named on the command line: their bytes, and their text as the editor would show it.
 #pragma once
 
+#include "encoding/character_sets.h"
 #include "text/raw_buffer.h"
 
 #include <cstdio>
@@ -31,7 +32,8 @@ private:
 /// A file's text, which most often is its bytes as they stand.
 class FileText {
 public:
-    FileText(const std::string &path, std::string_view bytes);
+    /// In `encoding`, or in the one that the editor would find.
+    FileText(const std::string &path, std::string_view bytes, std::optional<Encoding> encoding);
     FileText(const FileText &) = delete;
     FileText &operator=(const FileText &) = delete;
 

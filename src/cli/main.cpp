@@ -10,6 +10,7 @@
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
 #include "document/file_types.h"
+#include "encoding/character_sets.h"
 
 #include <CLI/CLI.hpp>
 
@@ -26,6 +27,7 @@ struct CheckOptions {
     std::vector<std::string> files;
     bool all = false;
     bool ifChecking = true;
+    std::optional<Encoding> encoding; ///< found out for each file where none is named
     CheckFormat format = CheckFormat::Text;
 };
 
@@ -50,7 +52,7 @@ int runCheck(const CheckOptions &options)
             exitCode = Unusable;
             continue;
         }
-        const FileText text(path, bytes->view());
+        const FileText text(path, bytes->view(), options.encoding);
         const CheckedFile file{path, findingsOf(text.view(), options)};
         std::cout << checkReport(file, options.format);
         if (!file.findings.empty())
@@ -62,6 +64,7 @@ int runCheck(const CheckOptions &options)
 struct ColourOptions {
     std::string file;
     Mode mode = Mode::Auto;
+    std::optional<Encoding> encoding;
     ColourFormat format = ColourFormat::Html;
 };
 
@@ -87,11 +90,23 @@ int runColour(const ColourOptions &options)
     const auto bytes = FileBytes::read(options.file);
     if (!bytes)
         return Unusable;
-    const FileText decoded(options.file, bytes->view());
+    const FileText decoded(options.file, bytes->view(), options.encoding);
     const auto text = decoded.view();
     const auto runs = flattened(runsOf(text, options), static_cast<Offset>(text.size()));
     std::cout << colourReport(text, runs, options.file, options.format);
     return AllRight;
+}
+
+void addEncodingOption(CLI::App &command, std::optional<Encoding> &encoding)
+{
+    const auto take = [&encoding](const std::string &name) {
+        encoding = encodingNamed(name);
+        if (!encoding)
+            throw CLI::ValidationError("--encoding", "no character set is named " + name);
+    };
+    command
+        .add_option_function<std::string>("--encoding", take, "The files' character set, as pages name it")
+        ->option_text("NAME");
 }
 
 } // namespace
@@ -115,6 +130,7 @@ int main(int argc, char **argv)
         ->option_text("text|gcc|json")
         ->transform(CLI::CheckedTransformer(std::map<std::string, CheckFormat>{
             {"text", CheckFormat::Text}, {"gcc", CheckFormat::Gcc}, {"json", CheckFormat::Json}}));
+    addEncodingOption(*checkCommand, checkOptions.encoding);
     checkCommand->add_option("FILE", checkOptions.files, "Scripts; - is standard input")
         ->option_text("...")
         ->required();
@@ -129,6 +145,7 @@ int main(int argc, char **argv)
         ->option_text("html|ansi|runs")
         ->transform(CLI::CheckedTransformer(std::map<std::string, ColourFormat>{
             {"html", ColourFormat::Html}, {"ansi", ColourFormat::Ansi}, {"runs", ColourFormat::Runs}}));
+    addEncodingOption(*colourCommand, colourOptions.encoding);
     colourCommand->add_option("FILE", colourOptions.file, "A text; - is standard input")
         ->option_text(" ")
         ->required();
@@ -145,6 +162,7 @@ int main(int argc, char **argv)
         ->transform(CLI::CheckedTransformer(std::map<std::string, AnalysisFormat>{
             {"text", AnalysisFormat::Text}, {"gcc", AnalysisFormat::Gcc}, {"json", AnalysisFormat::Json},
             {"sarif", AnalysisFormat::Sarif}}));
+    addEncodingOption(*analyseCommand, analyseOptions.encoding);
     analyseCommand
         ->add_option("FILE", analyseOptions.paths, "Scripts, or folders with scripts; - is standard input")
         ->option_text("...")

@@ -57,13 +57,17 @@ std::vector<Line> splitBytes(std::string_view bytes, Encoding encoding)
     return splitWideLines(bytes, unit, encoding == Encoding::Utf16Be || encoding == Encoding::Utf32Be);
 }
 
+Shift shiftAfter(std::string_view bytes, Shift before, Encoding encoding)
+{
+    return characterSet(encoding).form == Form::Shifting ? shiftAfter(bytes, before) : before;
+}
+
 /// In a set with escape sequences: the shift every line starts in.
 std::vector<Shift> shiftsOf(const std::vector<Line> &lines, Encoding encoding)
 {
     std::vector<Shift> shifts(lines.size(), Shift::Ascii);
-    if (characterSet(encoding).form == Form::Shifting)
-        for (std::size_t i = 0; i + 1 < lines.size(); ++i)
-            shifts[i + 1] = shiftAfter(lines[i].content, shifts[i]);
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i)
+        shifts[i + 1] = shiftAfter(lines[i].content, shifts[i], encoding);
     return shifts;
 }
 
@@ -85,6 +89,9 @@ EditedLines::EditedLines(std::string_view text, std::string_view before, LineEnd
             if (old[*origin].content == line.content)
                 line.kept = origin;
         }
+        // An LF right after a CR would make one line end of two.
+        if (line.end == "\n" && line.content.empty() && !m_lines.empty() && m_lines.back().end == "\r")
+            line.end = "\r\n";
         m_lines.push_back(line);
     }
 }
@@ -124,7 +131,7 @@ std::optional<std::string> EditedLines::bytes(
         if (line.kept) {
             shiftTo(shifts[*line.kept]);
             out += old[*line.kept].content;
-            shift = shiftAfter(old[*line.kept].content, shift);
+            shift = shiftAfter(old[*line.kept].content, shift, encoding);
         } else {
             const auto content = fromUtf8(line.content, encoding, rawBytes);
             if (!content)

@@ -116,6 +116,9 @@ EncodedFile encodeFile(std::string_view text, const TextFormat &format, std::str
     }
     if (!bytes)
         bytes = bytesIn(lines, target);
+    // Beside a byte that means nothing, what was typed may have become part of another character.
+    if (bytes && target.rawBytes && OriginalText(*bytes, target).view() != lines)
+        bytes.reset();
     if (target.lineEnds == LineEnds::Mixed || target.lineEnds == LineEnds::None)
         target.lineEnds = lineEndsOf(lines);
     // As long as no byte of the file fixes its encoding, it must be one that reads back as the same text.

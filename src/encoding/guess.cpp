@@ -7,8 +7,10 @@
 #include <uchardet/uchardet.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace kevra {
@@ -18,22 +20,28 @@ constexpr std::size_t window = 64 * 1024;
 constexpr std::size_t context = 256; ///< bytes before the first that is not ASCII
 constexpr std::string_view japaneseEscape = "\x1B$";
 
-constexpr int fewestLetters = 12;
+constexpr int fewestLetters = 20;
 constexpr int fewestMisfits = 5; ///< of Windows-1252, for another set of Latin letters
 
 struct CodeRange {
     char32_t first;
     char32_t last;
+    char32_t firstSmall = 0; ///< where the small letters begin; 0 in a script without capitals
 };
 
-constexpr CodeRange cyrillic[] = {{0x400, 0x52F}};
-constexpr CodeRange greek[] = {{0x370, 0x3FF}};
+constexpr CodeRange cyrillic[] = {{0x400, 0x45F, 0x430}, {0x490, 0x491}};
+constexpr CodeRange greek[] = {{0x386, 0x3CE, 0x3AC}};
 constexpr CodeRange hebrew[] = {{0x590, 0x5FF}};
 constexpr CodeRange arabic[] = {{0x600, 0x6FF}};
 constexpr CodeRange thai[] = {{0xE01, 0xE7F}};
 constexpr CodeRange eastAsian[]
     = {{0x3001, 0x30FF}, {0x3131, 0x318E}, {0x4E00, 0x9FFF}, {0xAC00, 0xD7A3}, {0xFF01, 0xFF9F}};
 constexpr CodeRange latin[] = {{0xC0, 0x24F}, {0x300, 0x36F}};
+
+/// Sets so alike that the library does not tell them apart. The first is taken unless the other one makes
+/// more letters of the bytes.
+constexpr std::array<std::pair<Encoding, Encoding>, 3> alike{{{Encoding::Windows1253, Encoding::Iso8859_7},
+    {Encoding::Windows1255, Encoding::Iso8859_8}, {Encoding::Koi8R, Encoding::Koi8U}}};
 
 std::span<const CodeRange> lettersOf(ScriptGroup group)
 {
@@ -90,18 +98,42 @@ std::vector<char32_t> charactersOf(std::string_view text)
     return characters;
 }
 
-bool isMostlyOwnLetters(const std::vector<char32_t> &text, ScriptGroup group)
+const CodeRange *rangeOf(char32_t c, ScriptGroup group)
 {
     const auto ranges = lettersOf(group);
-    int own = 0;
-    int foreign = 0;
+    const auto it = std::ranges::find_if(ranges, [&](const auto &r) { return c >= r.first && c <= r.last; });
+    return it == ranges.end() ? nullptr : &*it;
+}
+
+std::ptrdiff_t ownLetters(const std::vector<char32_t> &text, ScriptGroup group)
+{
+    return std::ranges::count_if(text, [&](char32_t c) { return rangeOf(c, group) != nullptr; });
+}
+
+bool isMostlyOwnLetters(const std::vector<char32_t> &text, ScriptGroup group)
+{
+    const auto own = ownLetters(text, group);
+    const auto foreign = std::ranges::count_if(
+        text, [&](char32_t c) { return c >= 0x80 && !isCommonSign(c) && !rangeOf(c, group); });
+    return own >= fewestLetters && foreign * 100 <= own;
+}
+
+/// In the wrong set capitals and small letters are mixed up: a capital comes after a small letter.
+bool hasSensibleCase(const std::vector<char32_t> &text, ScriptGroup group)
+{
+    int pairs = 0;
+    int reversed = 0;
+    const CodeRange *last = nullptr;
+    bool lastIsSmall = false;
     for (const auto c : text) {
-        const bool letter
-            = std::ranges::any_of(ranges, [&](const auto &r) { return c >= r.first && c <= r.last; });
-        own += letter;
-        foreign += !letter && c >= 0x80 && !isCommonSign(c);
+        const auto *range = rangeOf(c, group);
+        const bool small = range && c >= range->firstSmall;
+        pairs += range && last;
+        reversed += range && last && range->firstSmall != 0 && lastIsSmall && !small;
+        last = range;
+        lastIsSmall = small;
     }
-    return own >= fewestLetters && foreign * 20 <= own;
+    return reversed * 20 <= pairs;
 }
 
 /// Western words have single letters beyond ASCII, seldom three in a row.
@@ -151,7 +183,32 @@ std::optional<Encoding> libraryGuess(std::string_view bytes)
     if (uchardet_handle_data(detector.get(), bytes.data(), bytes.size()) != 0)
         return std::nullopt;
     uchardet_data_end(detector.get());
-    return encodingNamed(uchardet_get_charset(detector.get()));
+    const std::string_view name = uchardet_get_charset(detector.get());
+    // The one name it has that the Encoding Standard does not know.
+    return name == "UHC" ? Encoding::EucKr : encodingNamed(name);
+}
+
+struct Reading {
+    Encoding encoding;
+    std::vector<char32_t> text;
+};
+
+Reading readingIn(Encoding encoding, std::string_view bytes)
+{
+    return {encoding, charactersOf(toUtf8(bytes, encoding).text)};
+}
+
+/// In the guessed set, or one that is almost the same.
+Reading bestReading(Encoding guess, std::string_view bytes)
+{
+    const auto pair = std::ranges::find_if(
+        alike, [&](const auto &sets) { return sets.first == guess || sets.second == guess; });
+    if (pair == alike.end())
+        return readingIn(guess, bytes);
+    const auto group = characterSet(guess).group;
+    auto first = readingIn(pair->first, bytes);
+    auto second = readingIn(pair->second, bytes);
+    return ownLetters(second.text, group) > ownLetters(first.text, group) ? second : first;
 }
 
 /// From a little before the first byte that tells anything; whole lines, so that no character is cut.
@@ -176,14 +233,15 @@ std::optional<Encoding> sureGuess(std::string_view bytes)
     const auto guess = libraryGuess(part);
     if (!guess || isUnicode(*guess))
         return std::nullopt;
-    const auto &set = characterSet(*guess);
-    const auto text = charactersOf(toUtf8(part, *guess).text);
-    if (!isMostlyOwnLetters(text, set.group) || !isUnlikelyWestern(part, text, set))
+    const auto [encoding, text] = bestReading(*guess, part);
+    const auto &set = characterSet(encoding);
+    if (!isMostlyOwnLetters(text, set.group) || !hasSensibleCase(text, set.group)
+        || !isUnlikelyWestern(part, text, set))
         return std::nullopt;
-    const auto whole = toUtf8(bytes, *guess);
-    if (whole.rawBytes || fromUtf8(whole.text, *guess) != bytes)
+    const auto whole = toUtf8(bytes, encoding);
+    if (whole.rawBytes || fromUtf8(whole.text, encoding) != bytes)
         return std::nullopt;
-    return guess;
+    return encoding;
 }
 
 } // namespace kevra

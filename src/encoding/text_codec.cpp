@@ -65,7 +65,8 @@ DecodedFile decodeFileAs(std::string_view bytes, TextKind kind, Encoding encodin
 
 bool isTextAsItStands(std::string_view bytes)
 {
-    if (!isAscii(bytes))
+    constexpr char escape = '\x1B'; // with which sets in seven bits begin
+    if (!isAscii(bytes) || bytes.find(escape) != std::string_view::npos)
         return false;
     const auto ends = lineEndsOf(bytes);
     return ends == LineEnds::CrLf || ends == LineEnds::None;

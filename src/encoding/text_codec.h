@@ -30,7 +30,7 @@ struct EncodedFile {
 /// In a character set that somebody has named; its mark is left out where there is one.
 [[nodiscard]] DecodedFile decodeFileAs(std::string_view bytes, TextKind kind, Encoding encoding);
 
-/// Whether the bytes are the text as they stand: plain ASCII with CRLF line breaks, whatever the kind.
+/// Whether the bytes are the text as they stand, whatever the kind: plain ASCII with CRLF line breaks.
 [[nodiscard]] bool isTextAsItStands(std::string_view bytes);
 
 /// The same for bytes whose format is known.

@@ -71,9 +71,14 @@ class Cli(unittest.TestCase):
 
     def test_help_lists_every_option(self):
         everything = self.run_cli("--help")[1]
-        for option in ("--version", "--all", "--no-if", "--format", "--mode"):
+        for option in ("--version", "--all", "--no-if", "--format", "--mode", "--encoding"):
             self.assertIn(option, everything)
         self.assertRegex(self.run_cli("--version")[1], r"^kevra-cli \d+\.\d+\n$")
+
+    def test_encoding(self):
+        page = self.file("p.htm", "<b>привет</b>".encode("koi8_r"))
+        self.assertIn("привет", self.run_cli("colour", "--encoding", "KOI8-R", page)[1])
+        self.assertEqual(self.run_cli("colour", "--encoding=klingon", page)[0], 2)
 
     def test_colour(self):
         page, script, plain = (self.file(name, data) for name, data in

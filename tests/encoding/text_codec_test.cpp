@@ -58,6 +58,26 @@ TEST(TextCodec, ReadsByMarkThenDeclarationThenUtf8ThenWindows1252)
             "<!--<meta charset=utf-8>-->", "Windows-1252"},
         {"ASP code page", TextKind::Page, "<%@ Language=VBScript CodePage=28591 %>\xA4",
             "<%@ Language=VBScript CodePage=28591 %>¤", "Windows-1252"},
+        {"declared Windows-1251", TextKind::Page, "<meta charset=windows-1251>\xEF\xF0\xE8",
+            "<meta charset=windows-1251>при", "Windows-1251"},
+        {"declared EUC-KR, not valid there", TextKind::Page, "<meta charset=euc-kr>\xC7\xD1\xFF",
+            "<meta charset=euc-kr>ÇÑÿ", "Windows-1252"},
+        {"XML declaration", TextKind::Script, "<?xml version=\"1.0\" encoding='koi8-r'?>\xC1",
+            "<?xml version=\"1.0\" encoding='koi8-r'?>а", "KOI8-R"},
+        {"style sheet", TextKind::Plain, "@charset \"Shift_JIS\";\x83\x41", "@charset \"Shift_JIS\";ア",
+            "Shift_JIS"},
+        {"UTF-16 can declare nothing in single bytes", TextKind::Page, "<meta charset=utf-16>\xC3\xA9",
+            "<meta charset=utf-16>é", "UTF-8"},
+        {"UTF-32", TextKind::Plain, "\xFF\xFE\0\0a\0\0\0"s, "a", "UTF-32"},
+        {"a Russian script", TextKind::Script,
+            "' \xCF\xF0\xEE\xE2\xE5\xF0\xFF\xE5\xEC, \xE5\xF1\xF2\xFC \xEB\xE8 "
+            "\xF4\xE0\xE9\xEB \xED\xE0 \xE4\xE8\xF1\xEA\xE5",
+            "' Проверяем, есть ли файл на диске", "Windows-1251, guessed"},
+        {"ISO-2022-JP, seven bits", TextKind::Script,
+            "' \x1B$B$3$N%U%!%$%k$r%G%9%/%H%C%W$K%3%T!<$7$^$9\x1B(B",
+            "' このファイルをデスクトップにコピーします", "ISO-2022-JP, guessed"},
+        {"French", TextKind::Script, "' d\xE9j\xE0 vu, o\xF9 le c\x9Cur \xE9tait",
+            "' déjà vu, où le cœur était", "Windows-1252"},
         {"declared behind 4 KB", TextKind::Page, farDown, farDown, "Windows-1252"},
     };
     for (const auto &c : cases) {
@@ -88,6 +108,10 @@ TEST(TextCodec, NeverReplacesWhatTheEncodingCannotHold)
         {"a page that now names UTF-8", TextKind::Page, "<meta charset=latin1>\xE9", "latin1", "utf-8",
             "<meta charset=utf-8>é"},
         {"what would read back as something else", TextKind::Plain, "x", "x", "Ã©", "\xC3\x83\xC2\xA9"},
+        {"a look-alike does not do", TextKind::Page, "<meta charset=Shift_JIS>\x83\x41", "ア", "¥",
+            "\xEF\xBB\xBF<meta charset=Shift_JIS>¥"},
+        {"a character that the library leaves out", TextKind::Page, "<meta charset=gbk>x", "x",
+            "\xF3\xA0\x81\xA7", "\xEF\xBB\xBF<meta charset=gbk>\xF3\xA0\x81\xA7"},
         {"unchanged lines come first", TextKind::Plain, "\xC3\xA9\n\xE9", "Ã©\r\né", "Ã©\r\n", "\xC3\xA9\n"},
     };
     for (const auto &c : cases) {
@@ -159,6 +183,47 @@ private:
 
     std::mt19937 m_random{20261121};
 };
+
+/// Bytes of which many mean nothing in `encoding`.
+std::string bytesFor(Encoding encoding, Generator &generator)
+{
+    static const std::string pieces[] = {"\n", "\r\n", "a", "\x1B$B", "\x1B(J", "\x8E\xA1", "\x81\x30", "\\"};
+    std::string out;
+    for (int left = generator.pick(40); left > 0; --left) {
+        const int what = generator.pick(24);
+        auto piece = what < 8 ? pieces[what] : std::string(1, static_cast<char>(generator.pick(256)));
+        out += unitSize(encoding) > 1 && what < 3 ? fromUtf8(piece, encoding).value() : piece;
+    }
+    return out;
+}
+
+TEST(TextCodec, BytesThatMeanNothingStay)
+{
+    Generator generator;
+    for (const auto &set : characterSets())
+        for (int i = 0; i < 60; ++i) {
+            const auto bytes = bytesFor(set.encoding, generator);
+            SCOPED_TRACE(std::string(set.name) + ' ' + std::to_string(i));
+            const auto file = decodeFileAs(bytes, TextKind::Plain, set.encoding);
+            ASSERT_TRUE(isUtf8(file.text));
+            ASSERT_EQ(encodeFile(file.text, file.format, bytes, TextKind::Plain).bytes, bytes);
+
+            // A line more at the end leaves every byte before it, and the new line comes back.
+            const auto longer = encodeFile(file.text + "\r\nx", file.format, bytes, TextKind::Plain);
+            if (longer.format.encoding == set.encoding) {
+                ASSERT_EQ(longer.bytes.substr(0, bytes.size()), bytes);
+            }
+            ASSERT_EQ(decodeFile(longer.bytes, longer.format), file.text + "\r\nx");
+            // Text before the first line leaves all others.
+            const auto edited = encodeFile('x' + file.text, file.format, bytes, TextKind::Plain);
+            ASSERT_EQ(decodeFile(edited.bytes, edited.format), 'x' + file.text);
+            const auto lineEnd = file.text.find("\r\n");
+            if (lineEnd != std::string::npos && set.form != Form::Wide
+                && edited.format.encoding == set.encoding) {
+                ASSERT_TRUE(edited.bytes.ends_with(bytes.substr(bytes.find_first_of("\r\n"))));
+            }
+        }
+}
 
 TEST(TextCodec, AnEditInOneLineKeepsTheBytesOfAllOthers)
 {
