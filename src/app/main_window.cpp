@@ -232,9 +232,7 @@ void MainWindow::refreshDocumentStatus()
 {
     if (!m_statusSource)
         return;
-    auto words = m_statusSource();
-    words.resize(3);
-    m_status->setDocumentStatus(words[0], words[1], words[2]);
+    m_status->setDocumentStatus(m_statusSource());
 }
 
 void MainWindow::tell(std::string_view text)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/command_registry.h"
+#include "app/status_row_panel.h"
 #include "app/tool_sets.h"
 #include "desktop/main_view.h"
 #include "settings/stored_settings.h"
@@ -22,7 +23,6 @@ class EditorControl;
 class FontFrame;
 class LineNumberColumn;
 class MainMenu;
-class StatusRow;
 class ToolBar;
 
 /// The items that are enabled only when they can act.
@@ -54,8 +54,9 @@ public:
     void syncLineNumbers() override;
     void tell(std::string_view text) override;
     void refreshDocumentStatus() override;
-    /// Who knows the document's encoding, line ends and whether it is saved, in words.
-    void setStatusSource(std::function<QStringList()> source) { m_statusSource = std::move(source); }
+    /// Who knows the document's encoding, line ends and whether it is saved.
+    void setStatusSource(std::function<DocumentStatus()> source) { m_statusSource = std::move(source); }
+    [[nodiscard]] StatusRow &statusRow() { return *m_status; }
     /// Another window that carries the document's path in its caption as this one does.
     void addTitled(QWidget *window);
 
@@ -108,7 +109,7 @@ private:
     ToolBar *m_toolBar;
     MainMenu *m_menus;
     LineNumberColumn *m_column;
-    std::function<QStringList()> m_statusSource;
+    std::function<DocumentStatus()> m_statusSource;
     QList<QWidget *> m_titled;
     QString m_title; ///< as it was last set; empty before a document has been
     bool m_restored = false; ///< to a stored place, and not shown there yet

@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/status_row_panel.h"
 
+#include "desktop/text_qt.h"
 #include "widgets/named_qt.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QActionGroup>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QToolButton>
+
+#include <array>
 
 namespace kevra {
 
 namespace {
+
+constexpr std::array offeredLineEnds{LineEnds::CrLf, LineEnds::Lf, LineEnds::Cr};
 
 /// A box's label goes when the box goes.
 class PlaceLabel : public QLabel {
@@ -30,26 +38,85 @@ private:
     }
 };
 
+QToolButton *flatButton(const char *name, QWidget *parent)
+{
+    auto *button = named<QToolButton>(name, parent);
+    button->setAutoRaise(true);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
 } // namespace
 
 StatusRow::StatusRow(QWidget *parent)
     : QFrame(parent)
+    , m_encoding(addMenuButton("bencoding", "Encoding", "The character set of the file"))
+    , m_lineEnds(addMenuButton("blineends", "Line ends", "How the lines of the file end"))
     , m_status(named<QLabel>("tstatus", this))
     , m_notice(named<QLabel>("tnotice", this, "Notice"))
+    , m_offer(flatButton("bdeclare", this))
+    , m_reopen(nullptr)
+    , m_mark(nullptr)
+    , m_ends(new QActionGroup(this))
 {
     setObjectName("frstatus");
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);
+    row->addWidget(m_encoding);
+    row->addWidget(m_lineEnds);
     row->addWidget(m_status);
     m_notice->setTextFormat(Qt::PlainText);
     m_notice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_notice->installEventFilter(this);
     row->addWidget(m_notice, 1);
+    row->addWidget(m_offer);
+    m_offer->setToolTip("Change what the text says of its character set, as an edit that can be undone");
+    m_offer->hide();
+    connect(m_offer, &QToolButton::clicked, this, &StatusRow::offerTaken);
+    fillEncodingMenu();
+    fillLineEndsMenu();
     m_line = addPlace("tline", "Line", 7);
     m_column = addPlace("tcolumn", "Column", 7);
     m_characters = addPlace("tcount", "Characters", 9);
     m_lines = addPlace("tlcount", "Lines", 7);
+}
+
+QToolButton *StatusRow::addMenuButton(const char *name, const char *accessibleName, const char *toolTip)
+{
+    auto *button = flatButton(name, this);
+    button->setAccessibleName(accessibleName);
+    button->setToolTip(toolTip);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setMenu(new QMenu(button));
+    return button;
+}
+
+void StatusRow::fillEncodingMenu()
+{
+    auto *menu = m_encoding->menu();
+    m_reopen = menu->addAction("&Reopen as...", this, &StatusRow::reopenChosen);
+    m_reopen->setObjectName("mreopenas");
+    menu->addAction("&Save as...", this, &StatusRow::saveAsChosen)->setObjectName("msaveencoding");
+    menu->addSeparator();
+    m_mark = menu->addAction("Byte-order &mark");
+    m_mark->setObjectName("mmark");
+    m_mark->setCheckable(true);
+    connect(m_mark, &QAction::triggered, this, &StatusRow::markChosen);
+}
+
+void StatusRow::fillLineEndsMenu()
+{
+    for (const auto ends : offeredLineEnds) {
+        const auto name = textOf(lineEndsName(ends));
+        auto *action = m_lineEnds->menu()->addAction(name);
+        action->setObjectName('m' + name.toLower());
+        action->setCheckable(true);
+        action->setData(static_cast<int>(ends));
+        m_ends->addAction(action);
+        connect(action, &QAction::triggered, this, [this, ends] { emit lineEndsChosen(ends); });
+    }
 }
 
 QLineEdit *StatusRow::addPlace(const char *name, const char *caption, int digits)
@@ -66,15 +133,34 @@ QLineEdit *StatusRow::addPlace(const char *name, const char *caption, int digits
     return box;
 }
 
-void StatusRow::setDocumentStatus(const QString &encoding, const QString &lineEnds, const QString &saved)
+void StatusRow::setDocumentStatus(const DocumentStatus &status)
 {
-    QStringList parts{encoding, lineEnds, saved};
-    parts.removeAll(QString());
-    m_status->setText(parts.join(u"  \u00b7  "));
+    const auto &format = status.format;
+    m_encoding->setText(textOf(encodingName(format)));
+    m_reopen->setEnabled(status.canReopen);
+    m_mark->setEnabled(format.encoding == Encoding::Utf8);
+    m_mark->setChecked(format.mark);
+    m_lineEnds->setText(textOf(lineEndsName(format.lineEnds)));
+    const auto ends = format.lineEnds == LineEnds::None ? LineEnds::CrLf : format.lineEnds;
+    m_ends->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (auto *action : m_ends->actions())
+        action->setChecked(action->data().toInt() == static_cast<int>(ends));
+    m_status->setText(status.saved ? "saved" : "not saved");
+    m_encodingNotice = status.notice;
+    showNotice();
+    m_offer->setText(status.offer);
+    m_offer->setVisible(!status.offer.isEmpty());
 }
 
 void StatusRow::setNotice(const QString &text)
 {
+    m_told = text;
+    showNotice();
+}
+
+void StatusRow::showNotice()
+{
+    const auto text = m_told.isEmpty() ? m_encodingNotice : m_told;
     if (m_notice->toolTip() == text)
         return;
     m_notice->setToolTip(text);

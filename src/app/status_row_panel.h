@@ -1,37 +1,72 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "encoding/text_format.h"
+
 #include <QtWidgets/QFrame>
 
+class QAction;
+class QActionGroup;
 class QLabel;
 class QLineEdit;
+class QMenu;
+class QToolButton;
 
 namespace kevra {
 
-/// The small line under the information box: encoding, line ends and whether the text is saved, and with the
-/// script tools the boxes for line, column and counts.
+struct DocumentStatus {
+    TextFormat format;
+    bool saved = true;
+    bool canReopen = false;
+    QString notice; ///< what a save will do that nobody might expect
+    QString offer; ///< the caption of the button beside it; none when empty
+};
+
+/// The small line under the information box: encoding and line ends, each a menu that changes it, whether the
+/// text is saved, and with the script tools the boxes for line, column and counts.
 class StatusRow : public QFrame {
+    Q_OBJECT
+
 public:
     explicit StatusRow(QWidget *parent = nullptr);
 
-    /// Such as "UTF-8", "CRLF", "saved".
-    void setDocumentStatus(const QString &encoding, const QString &lineEnds, const QString &saved);
-    /// Beside it, cut in the middle where there is no room; empty takes it away.
+    void setDocumentStatus(const DocumentStatus &status);
+    /// Beside it, before any notice of the document's, cut in the middle where there is no room; empty takes
+    /// it away.
     void setNotice(const QString &text);
     /// Line and column from 1.
     void setCaret(qint64 line, qint64 column);
     void setCounts(qint64 characters, qint64 lines);
     [[nodiscard]] bool showsPlaces() const;
 
+signals:
+    void reopenChosen();
+    void saveAsChosen();
+    void markChosen(bool on);
+    void lineEndsChosen(kevra::LineEnds ends);
+    void offerTaken();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QLineEdit *addPlace(const char *name, const char *caption, int digits);
+    QToolButton *addMenuButton(const char *name, const char *accessibleName, const char *toolTip);
+    void fillEncodingMenu();
+    void fillLineEndsMenu();
+    void showNotice();
     void fitNotice();
 
+    QToolButton *m_encoding;
+    QToolButton *m_lineEnds;
     QLabel *m_status;
     QLabel *m_notice;
+    QString m_told;
+    QString m_encodingNotice;
+    QToolButton *m_offer;
+    QAction *m_reopen;
+    QAction *m_mark;
+    QActionGroup *m_ends;
     QLineEdit *m_line;
     QLineEdit *m_column;
     QLineEdit *m_characters;

@@ -6,6 +6,8 @@
 #include "desktop/end_signals_qt.h"
 #include "desktop/text_qt.h"
 #include "document/disk_notice.h"
+#include "document/encoding_commands.h"
+#include "document/encoding_dialog.h"
 #include "document/leave_text.h"
 #include "document/notice_bar_panel.h"
 #include "document/open_commands.h"
@@ -42,7 +44,9 @@ private:
     void watchDisk();
     void watchEnd();
     void abandonReviewAnd(const std::function<void()> &command);
-    [[nodiscard]] QStringList status() const;
+    void watchEncoding();
+    void chooseEncoding(const QString &title, void (EncodingCommands::*command)(Encoding));
+    [[nodiscard]] DocumentStatus status();
     void tellDiskState();
     void tellRecordState();
     void tellPassedOver();
@@ -59,6 +63,7 @@ private:
     DocumentColouring m_colouring;
     SaveCommands m_saving;
     OpenCommands m_opening;
+    EncodingCommands m_encoding;
     RecoveryOffer m_offer;
     NoticeBar &m_reviewBar; ///< the window's, as all bars
     NoticeBar &m_recordBar;
@@ -81,6 +86,8 @@ FilesSide::FilesSide(Application &app)
     , m_colouring(m_document, app.document)
     , m_saving(m_ports)
     , m_opening(m_ports, m_saving, m_colouring)
+    , m_encoding(m_ports, m_opening,
+          [this](TextRange range, std::string_view text) { m_document.replaceAsUser(range, text); })
     , m_offer(m_ports, m_saving, m_opening, m_journal, m_store, *this)
     , m_reviewBar(*new NoticeBar("reviewbar", "Text from the last session", app.mainWindow(),
           {{"breviewsave", "&Save As...", "Save this text under a name", [this] { m_offer.saveReviewed(); }},
@@ -99,6 +106,7 @@ FilesSide::FilesSide(Application &app)
     bindCommands();
     fillSession();
     watchDocument();
+    watchEncoding();
     watchDisk();
     watchEnd();
 }
@@ -160,15 +168,17 @@ void FilesSide::watchDocument()
         m_disk.documentMayHaveChanged();
         return status();
     });
-    connect(&m_document, &EditorControl::changed, this, [this] {
+    const auto changed = [this](Offset position, Offset removed, Offset added) {
         if (m_app.document.busyLoadingOrSaving)
-            return;
+            return m_encoding.documentReplaced();
+        m_encoding.textChanged(position, removed, added);
         m_journal.textChanged();
         if (!m_recordTimer.isActive())
             m_recordTimer.start();
         if (!m_statusTimer.isActive())
             m_statusTimer.start();
-    });
+    };
+    connect(&m_document, &EditorControl::changed, this, changed);
     connect(&m_document, &EditorControl::aboutToRemove, this, [this](Offset, Offset length) {
         if (length >= largeDeletion && !m_app.document.busyLoadingOrSaving)
             m_journal.writeDown();
@@ -179,13 +189,33 @@ void FilesSide::watchDocument()
     window.refreshDocumentStatus();
 }
 
-QStringList FilesSide::status() const
+DocumentStatus FilesSide::status()
 {
     const auto &file = m_app.file;
     const bool saved = !m_offer.reviewing() && !m_notice.stands()
         && file.mayHold(static_cast<std::size_t>(m_document.Length())) && file.holds(m_document.Text());
-    return {QString::fromStdString(encodingName(file.format())),
-        QString::fromStdString(lineEndsName(file.format().lineEnds)), saved ? "saved" : "not saved"};
+    const auto encoding = m_encoding.status();
+    return {encoding.format, saved, m_encoding.canReopen() && !m_offer.reviewing(), textOf(encoding.notice),
+        textOf(encoding.offer)};
+}
+
+void FilesSide::watchEncoding()
+{
+    auto &row = m_app.mainWindow().statusRow();
+    connect(&row, &StatusRow::reopenChosen, this,
+        [this] { chooseEncoding("Reopen in Another Encoding", &EncodingCommands::reopenAs); });
+    connect(&row, &StatusRow::saveAsChosen, this,
+        [this] { chooseEncoding("Save in Another Encoding", &EncodingCommands::saveAs); });
+    connect(&row, &StatusRow::markChosen, this, [this](bool on) { m_encoding.setMark(on); });
+    connect(&row, &StatusRow::lineEndsChosen, this, [this](LineEnds ends) { m_encoding.setLineEnds(ends); });
+    connect(&row, &StatusRow::offerTaken, this, [this] { m_encoding.declareEncoding(); });
+}
+
+void FilesSide::chooseEncoding(const QString &title, void (EncodingCommands::*command)(Encoding))
+{
+    EncodingDialog dialog(title, m_encoding.status().format.encoding, &m_app.mainWindow());
+    if (dialog.exec() == QDialog::Accepted && dialog.chosen())
+        (m_encoding.*command)(*dialog.chosen());
 }
 
 void FilesSide::watchDisk()

@@ -79,7 +79,12 @@ FileForm DocumentFile::form(std::string_view path, bool script) const
 
 void DocumentFile::setFormat(const TextFormat &wanted)
 {
-    m_wanted = wanted == m_format ? std::nullopt : std::optional(wanted);
+    m_wanted.reset();
+    if (wanted.encoding != m_format.encoding || wanted.mark != m_format.mark
+        || wanted.lineEnds != m_format.lineEnds)
+        m_wanted = wanted;
+    else
+        m_format = wanted;
 }
 
 bool DocumentFile::holds(std::string_view text) const
@@ -108,7 +113,8 @@ Saved DocumentFile::putBack()
 
 std::string DocumentFile::decodedAs(std::string_view bytes) const
 {
-    return decodeFile(bytes, textKind(m_path)).text;
+    const auto kind = textKind(m_path);
+    return m_format.named ? decodeFileAs(bytes, kind, m_format.encoding).text : decodeFile(bytes, kind).text;
 }
 
 DiskState DocumentFile::diskState() const

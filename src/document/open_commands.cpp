@@ -72,9 +72,13 @@ bool OpenCommands::loadAccepted(const std::string &path)
     return load(path, OldText::Keep) == Load::Done;
 }
 
-bool OpenCommands::reload()
+bool OpenCommands::reload(std::optional<Encoding> encoding)
 {
-    return load(m_ports.file.path(), OldText::GiveUp) == Load::Done;
+    // A set the user has named stays when the file changes.
+    const auto &format = m_ports.file.format();
+    if (!encoding && format.named)
+        encoding = format.encoding;
+    return load(m_ports.file.path(), OldText::GiveUp, encoding) == Load::Done;
 }
 
 void OpenCommands::newFile()
@@ -123,22 +127,23 @@ void OpenCommands::refuse(std::string_view path)
     m_ports.messages.inform("KEVRA does not open " + std::string(extension(path)) + " type files.");
 }
 
-OpenCommands::Load OpenCommands::load(const std::string &path, OldText old)
+OpenCommands::Load OpenCommands::load(const std::string &path, OldText old, std::optional<Encoding> encoding)
 {
     try {
-        return loadWithinMemory(path, old);
+        return loadWithinMemory(path, old, encoding);
     } catch (const std::bad_alloc &) {
         m_ports.messages.stop("There is not enough memory to open " + path + '.');
         return Load::OldTextStays;
     }
 }
 
-OpenCommands::Load OpenCommands::loadWithinMemory(const std::string &path, OldText old)
+OpenCommands::Load OpenCommands::loadWithinMemory(
+    const std::string &path, OldText old, std::optional<Encoding> encoding)
 {
     const auto type = fileType(path);
     if (const auto stamp = m_ports.files.stamp(path); type && stamp)
         requireMemory(stamp->size);
-    auto file = type ? m_ports.file.read(path) : std::nullopt;
+    auto file = type ? m_ports.file.read(path, encoding) : std::nullopt;
     if (!file)
         return Load::Unreadable;
     if (!releaseText(old))

@@ -8,6 +8,7 @@
 #include "document/save_commands.h"
 #include "storage/recovery_record.h"
 
+#include <optional>
 #include <string>
 
 namespace kevra {
@@ -24,8 +25,9 @@ public:
     /// Loads a file of an accepted type; false, with the document untouched, when it cannot be read.
     bool loadAccepted(const std::string &path);
 
-    /// The document's file anew; what the window has instead is given up. False when it cannot be read.
-    bool reload();
+    /// The document's file anew, in another character set where one is named; what the window has instead is
+    /// given up. False when it cannot be read.
+    bool reload(std::optional<Encoding> encoding = std::nullopt);
 
     /// A recovered text with the tools, colours and title of the file it would have gone to. It is nobody's
     /// file: Save asks for a name.
@@ -42,8 +44,8 @@ private:
     [[nodiscard]] OldText askAboutText();
     void openChosen(const std::string &path, OldText old);
     enum class Load { Done, Unreadable, OldTextStays };
-    Load load(const std::string &path, OldText old);
-    Load loadWithinMemory(const std::string &path, OldText old);
+    Load load(const std::string &path, OldText old, std::optional<Encoding> encoding = std::nullopt);
+    Load loadWithinMemory(const std::string &path, OldText old, std::optional<Encoding> encoding);
     /// The text as one of its type: in the document, with tools and colours.
     void present(OpenedFile &&file, TypeGroup group);
     /// False, with nothing done, when the text that is there has to stay.

@@ -226,7 +226,7 @@ std::optional<std::string> fromUtf8(std::string_view text, Encoding encoding, Ra
 
 std::string_view firstMisfit(std::string_view text, Encoding encoding, RawBytes rawBytes)
 {
-    if (isUnicode(encoding) || fromUtf8(text, encoding, rawBytes))
+    if (isUnicode(encoding) || isAscii(text) || fromUtf8(text, encoding, rawBytes))
         return {};
     std::unordered_set<char32_t> fitting;
     while (!text.empty()) {

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <map>
+#include <mutex>
+#include <utility>
 
 namespace kevra {
 namespace {
@@ -13,15 +16,35 @@ constexpr std::size_t smallestBlock = 64;
 constexpr std::size_t largestBlock = 1 << 16;
 constexpr auto failed = static_cast<std::size_t>(-1);
 
+struct Closer {
+    void operator()(iconv_t descriptor) const { iconv_close(descriptor); }
+};
+using Descriptor = std::unique_ptr<void, Closer>;
+
+/// Null when the system does not have it.
+Descriptor openDescriptor(const std::string &from, const std::string &to)
+{
+    const auto descriptor = iconv_open(to.c_str(), from.c_str());
+    return Descriptor(descriptor == reinterpret_cast<iconv_t>(-1) ? nullptr : descriptor);
+}
+
+/// A set that could be read must still be there when the text is saved, whatever has become of the system's
+/// files and of the number that may be open.
+void keepLoaded(const std::string &from, const std::string &to)
+{
+    static std::mutex mutex;
+    static std::map<std::pair<std::string, std::string>, Descriptor> kept;
+    const std::scoped_lock lock(mutex);
+    if (const auto [it, isNew] = kept.try_emplace({from, to}); isNew)
+        it->second = openDescriptor(from, to);
+}
+
 class IconvConverter : public Converter {
 public:
-    explicit IconvConverter(iconv_t descriptor)
-        : m_descriptor(descriptor)
+    explicit IconvConverter(Descriptor descriptor)
+        : m_descriptor(std::move(descriptor))
     {
     }
-    ~IconvConverter() override { iconv_close(m_descriptor); }
-    IconvConverter(const IconvConverter &) = delete;
-    IconvConverter &operator=(const IconvConverter &) = delete;
 
     std::size_t convert(std::string_view in, std::string &out) override
     {
@@ -43,22 +66,23 @@ private:
         out.resize(size + room);
         auto *to = out.data() + size;
         std::size_t free = room;
-        const bool full = iconv(m_descriptor, in, left, &to, &free) == failed && errno == E2BIG;
+        const bool full = iconv(m_descriptor.get(), in, left, &to, &free) == failed && errno == E2BIG;
         out.resize(size + room - free);
         return full;
     }
 
-    iconv_t m_descriptor;
+    Descriptor m_descriptor;
 };
 
 } // namespace
 
 std::unique_ptr<Converter> Converter::between(const std::string &from, const std::string &to)
 {
-    const auto descriptor = iconv_open(to.c_str(), from.c_str());
-    if (descriptor == reinterpret_cast<iconv_t>(-1))
+    auto descriptor = openDescriptor(from, to);
+    if (!descriptor)
         return nullptr;
-    return std::make_unique<IconvConverter>(descriptor);
+    keepLoaded(from, to);
+    return std::make_unique<IconvConverter>(std::move(descriptor));
 }
 
 } // namespace kevra

@@ -36,12 +36,7 @@ bool readsBack(std::string_view bytes, const TextFormat &format, TextKind kind)
 /// What a text becomes that its own format cannot hold.
 EncodedFile converted(std::string_view text, const TextFormat &format, TextKind kind)
 {
-    auto next = format;
-    next.encoding = kind == TextKind::Script ? Encoding::Utf16Le : Encoding::Utf8;
-    next.mark = kind == TextKind::Script;
-    next.guessed = false;
-    next.named = false;
-    next.rawBytes = false;
+    auto next = widerFormat(format, kind);
     auto bytes = bytesIn(text, next);
     if (!bytes) {
         // Not even UTF-8: the bytes go out as they are in memory.
@@ -49,9 +44,7 @@ EncodedFile converted(std::string_view text, const TextFormat &format, TextKind 
         next.mark = false;
         return {std::string(text), next};
     }
-    // A page that names another set needs the mark, which goes before what a page says, here and in browsers.
-    const bool contradicted = next.declared && next.declared != Encoding::Utf8;
-    if (!next.mark && (contradicted || !readsBack(*bytes, next, kind))) {
+    if (!next.mark && !readsBack(*bytes, next, kind)) {
         next.mark = true;
         bytes->insert(0, markOf(next.encoding));
     }
@@ -96,6 +89,23 @@ std::optional<std::string> editedBytes(
 }
 
 } // namespace
+
+TextFormat formatToWrite(std::string_view head, const FileForm &form)
+{
+    return targetFormat(head, form.format, form.kind, form.wanted);
+}
+
+TextFormat widerFormat(const TextFormat &format, TextKind kind)
+{
+    auto next = format;
+    next.encoding = kind == TextKind::Script ? Encoding::Utf16Le : Encoding::Utf8;
+    // A page that names another set needs the mark, which goes before what a page says, here and in browsers.
+    next.mark = kind == TextKind::Script || (next.declared && next.declared != Encoding::Utf8);
+    next.guessed = false;
+    next.named = false;
+    next.rawBytes = false;
+    return next;
+}
 
 EncodedFile encodeFile(std::string_view text, const TextFormat &format, std::string_view original,
     TextKind kind, const std::optional<TextFormat> &wanted)

@@ -51,6 +51,12 @@ struct FileForm {
     std::optional<TextFormat> wanted;
 };
 
+/// The format that encoding would write a text in which starts with `head`, as far as it can hold the text: a
+/// declaration that was changed since the file was read counts.
+[[nodiscard]] TextFormat formatToWrite(std::string_view head, const FileForm &form);
+/// The format instead of one that cannot hold the text.
+[[nodiscard]] TextFormat widerFormat(const TextFormat &format, TextKind kind);
+
 [[nodiscard]] inline EncodedFile encodeFile(std::string_view text, const FileForm &form)
 {
     return encodeFile(text, form.format, *form.original, form.kind, form.wanted);

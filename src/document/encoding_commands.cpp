@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "document/encoding_commands.h"
+
+#include "encoding/declared_charset.h"
+#include "encoding/text_codec.h"
+#include "encoding/utf8.h"
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+constexpr Offset declaringPart = 4096;
+
+std::string shown(std::string_view character)
+{
+    const auto value = firstCharacter(character).value;
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string number;
+    for (auto rest = value; rest != 0 || number.size() < 4; rest /= 16)
+        number.insert(number.begin(), digits[rest % 16]);
+    // Of what has no picture of its own the number has to do.
+    const bool visible = value > 0xA0 && (value < 0x2000 || value > 0x206F) && value < 0xE000;
+    return visible ? "\u201C" + std::string(character) + "\u201D (U+" + number + ")" : "U+" + number;
+}
+
+/// The declarations that say something else than a file in `encoding` is.
+std::vector<Declaration> untrue(std::string_view text, TextKind kind, Encoding encoding)
+{
+    auto all = declarations(text, kind);
+    std::erase_if(
+        all, [&](const auto &d) { return d.agreesWith(encoding) || labelFor(d, encoding).empty(); });
+    return all;
+}
+
+} // namespace
+
+EncodingCommands::EncodingCommands(FileCommandPorts ports, OpenCommands &opening, Replace replace)
+    : m_ports(ports)
+    , m_opening(opening)
+    , m_replace(std::move(replace))
+    , m_watch(m_ports.document)
+{
+}
+
+TextKind EncodingCommands::kind() const
+{
+    return m_ports.file.form(m_ports.state.currentPath, m_ports.state.scriptTools).kind;
+}
+
+std::string_view EncodingCommands::head() const
+{
+    return m_ports.document.Text({0, std::min(declaringPart, m_ports.document.Length())});
+}
+
+TextFormat EncodingCommands::target() const
+{
+    return formatToWrite(head(), m_ports.file.form(m_ports.state.currentPath, m_ports.state.scriptTools));
+}
+
+TextFormat EncodingCommands::afterSave(const TextFormat &target, bool fits) const
+{
+    return fits ? target : widerFormat(target, kind());
+}
+
+void EncodingCommands::documentReplaced()
+{
+    m_watchedFormat.reset();
+}
+
+void EncodingCommands::watch(const TextFormat &format)
+{
+    // What was read from a file can be written there; a new text comes from anywhere.
+    if (!m_watchedFormat && canReopen())
+        m_watch.textRead(format);
+    else if (m_watchedFormat != format)
+        m_watch.restart(format);
+    m_watchedFormat = format;
+}
+
+void EncodingCommands::textChanged(Offset position, Offset removed, Offset added)
+{
+    if (m_watchedFormat)
+        m_watch.textChanged(position, removed, added);
+}
+
+EncodingStatus EncodingCommands::status()
+{
+    const auto format = target();
+    watch(format);
+    const auto misfit = m_watch.misfit();
+    const auto written = afterSave(format, misfit.empty());
+    EncodingStatus status{format, {}, {}};
+    const auto declared = untrue(head(), kind(), written.encoding);
+    if (!misfit.empty())
+        status.notice = shown(misfit) + " is not in " + std::string(characterSet(format.encoding).name)
+            + ": saving makes the file " + encodingName(written);
+    else if (!declared.empty())
+        status.notice = "The text declares " + std::string(characterSet(declared.front().named).name);
+    else if (format.rawBytes)
+        status.notice = "Some bytes mean nothing in " + std::string(characterSet(format.encoding).name);
+    if (!declared.empty())
+        status.offer = "Declare " + std::string(characterSet(written.encoding).name);
+    return status;
+}
+
+void EncodingCommands::reopenAs(Encoding encoding)
+{
+    const auto path = m_ports.state.currentPath;
+    const bool changed = !m_ports.file.holds(m_ports.document.Text());
+    if (changed
+        && !m_ports.messages.yes("Open the file again as " + std::string(characterSet(encoding).name)
+            + "? What was changed since it was saved is lost."))
+        return;
+    if (!m_opening.reload(encoding))
+        m_ports.messages.stop(path + " cannot be read.");
+}
+
+void EncodingCommands::saveAs(Encoding encoding)
+{
+    auto format = target();
+    format.rawBytes = format.rawBytes && format.encoding == encoding;
+    // UTF-16 and UTF-32 cannot be told from other files without one.
+    format.mark = unitSize(encoding) > 1 || (format.mark && encoding == Encoding::Utf8);
+    format.encoding = encoding;
+    want(format);
+}
+
+void EncodingCommands::setMark(bool on)
+{
+    auto format = target();
+    if (format.encoding != Encoding::Utf8)
+        return;
+    format.mark = on;
+    want(format);
+}
+
+void EncodingCommands::setLineEnds(LineEnds ends)
+{
+    auto format = m_ports.file.format();
+    format.lineEnds = ends;
+    m_ports.file.setFormat(format);
+    m_ports.state.unsaved = true;
+    m_ports.main.refreshDocumentStatus();
+}
+
+void EncodingCommands::want(const TextFormat &format)
+{
+    auto wanted = format;
+    wanted.guessed = false;
+    wanted.named = true;
+    // What stands there now is no reason to take another one; a declaration written later is.
+    wanted.declared = declaredCharset(head(), kind());
+    m_ports.file.setFormat(wanted);
+    m_ports.state.unsaved = true;
+    m_ports.main.refreshDocumentStatus();
+}
+
+void EncodingCommands::declareEncoding()
+{
+    const auto format = target();
+    watch(format);
+    const auto encoding = afterSave(format, m_watch.misfit().empty()).encoding;
+    const auto text = head();
+    auto changed = untrue(text, kind(), encoding);
+    if (changed.empty())
+        return;
+    std::ranges::sort(changed, {}, [](const auto &d) { return d.label.start; });
+    const TextRange range{changed.front().label.start, changed.back().label.end};
+    std::string replacement;
+    auto from = range.start;
+    for (const auto &declaration : changed) {
+        const auto between = static_cast<std::size_t>(declaration.label.start - from);
+        replacement.append(text.substr(static_cast<std::size_t>(from), between));
+        replacement += labelFor(declaration, encoding);
+        from = declaration.label.end;
+    }
+    m_replace(range, replacement);
+    m_ports.main.refreshDocumentStatus();
+}
+
+} // namespace kevra
