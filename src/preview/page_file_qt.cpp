@@ -2,8 +2,7 @@
 #include "preview/page_file_qt.h"
 
 #include "desktop/text_qt.h"
-#include "encoding/charset.h"
-#include "encoding/declared_charset.h"
+#include "encoding/detection.h"
 #include "storage/file_handle_qt.h"
 
 #include <QtCore/QFile>
@@ -24,8 +23,10 @@ PageFile openPageFile(const std::string &path)
     auto type = QMimeDatabase().mimeTypeForFileNameAndData(pathText(path), file.get()).name().toLatin1();
     if (type.startsWith("text/")) {
         const auto bytes = file->readAll().toStdString();
-        if (!declaredCharset(bytes) && !isAscii(bytes) && isUtf8(bytes))
-            type += "; charset=utf-8";
+        const auto kind = type == "text/css" ? TextKind::Plain : TextKind::Page;
+        const auto found = detect(bytes, kind);
+        if (!found.mark && !found.declared && (found.encoding == Encoding::Utf8 || found.guessed))
+            type += "; charset=" + QByteArray::fromStdString(std::string(labelOf(found.encoding)));
     }
     file->seek(0);
     return {std::move(file), type};

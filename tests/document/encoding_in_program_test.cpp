@@ -34,7 +34,7 @@ protected:
     void trigger(const char *action) { find<QAction>(action).trigger(); }
     void choose(const char *action, const char *filter)
     {
-        const WhenModal<EncodingDialog> dialog([&](EncodingDialog &open) {
+        const WhenModal<QDialog> dialog([&](QDialog &open) {
             open.findChild<QLineEdit *>("tencoding")->setText(filter);
             open.accept();
         });
