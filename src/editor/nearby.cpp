@@ -43,4 +43,10 @@ Offset lineStart(const EditorSurface &document, Offset position)
     return lastOf(document, '\n', position) + 1;
 }
 
+TextRange linesOf(const EditorSurface &document, TextRange range)
+{
+    const auto end = firstOf(document, "\r", range.end);
+    return {lineStart(document, range.start), end == -1 ? document.Length() : end};
+}
+
 } // namespace kevra

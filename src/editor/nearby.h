@@ -15,5 +15,7 @@ namespace kevra {
 [[nodiscard]] Offset lastOf(const EditorSurface &document, char byte, Offset end, Offset start = 0);
 /// Where the line of a position starts.
 [[nodiscard]] Offset lineStart(const EditorSurface &document, Offset position);
+/// The whole lines that `range` reaches into, without the last one's break.
+[[nodiscard]] TextRange linesOf(const EditorSurface &document, TextRange range);
 
 } // namespace kevra

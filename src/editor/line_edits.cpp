@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/line_edits.h"
+
+#include "editor/nearby.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kevra {
+namespace {
+
+constexpr std::string_view blanks = " \t";
+constexpr std::string_view lineBreak = "\r\n";
+constexpr Offset breakLength = 2;
+
+std::string_view trimmed(std::string_view text)
+{
+    const auto start = text.find_first_not_of(blanks);
+    if (start == std::string_view::npos)
+        return {};
+    return text.substr(start, text.find_last_not_of(blanks) + 1 - start);
+}
+
+/// The lines that are selected, without the last one's break. A selection that ends at the start of a line
+/// does not reach into it.
+TextRange selectedLines(const EditorSurface &document, AnchorAndCaret selection)
+{
+    TextRange range{std::min(selection.anchor, selection.caret), std::max(selection.anchor, selection.caret)};
+    if (!range.empty() && lineStart(document, range.end) == range.end)
+        range.end -= breakLength;
+    return linesOf(document, range);
+}
+
+std::vector<std::string_view> splitIntoLines(std::string_view text)
+{
+    std::vector<std::string_view> lines;
+    for (auto end = text.find(lineBreak); end != std::string_view::npos; end = text.find(lineBreak)) {
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end + lineBreak.size());
+    }
+    lines.push_back(text);
+    return lines;
+}
+
+/// Bytes of a line that go, and what comes in their place.
+struct Splice {
+    Offset at = 0;
+    Offset removed = 0;
+    std::string_view added;
+};
+
+struct LineChange {
+    std::string_view line;
+    Splice opening;
+    Splice closing; ///< behind the other
+
+    [[nodiscard]] std::string result() const
+    {
+        std::string text(line);
+        for (const auto &splice : {closing, opening})
+            text.replace(
+                static_cast<std::size_t>(splice.at), static_cast<std::size_t>(splice.removed), splice.added);
+        return text;
+    }
+    /// Where a place in the line is afterwards.
+    [[nodiscard]] Offset moved(Offset place) const
+    {
+        auto result = place;
+        for (const auto &splice : {opening, closing})
+            if (place > splice.at)
+                result += std::ssize(splice.added) - std::min(splice.removed, place - splice.at);
+        return result;
+    }
+};
+
+bool isComment(std::string_view core, const CommentMarks &marks)
+{
+    const auto opening = trimmed(marks.opening);
+    const auto closing = trimmed(marks.closing);
+    return core.size() >= opening.size() + closing.size() && core.starts_with(opening)
+        && core.ends_with(closing);
+}
+
+LineChange commented(std::string_view line, const CommentMarks &marks)
+{
+    const auto core = trimmed(line);
+    const bool holdsMark = !marks.closing.empty()
+        && (core.find(trimmed(marks.opening)) != std::string_view::npos
+            || core.find(trimmed(marks.closing)) != std::string_view::npos);
+    if (core.empty() || holdsMark)
+        return {line, {}, {}};
+    const auto start = core.data() - line.data();
+    return {line, {start, 0, marks.opening}, {start + std::ssize(core), 0, marks.closing}};
+}
+
+LineChange uncommented(std::string_view line, const CommentMarks &marks)
+{
+    const auto core = trimmed(line);
+    if (core.empty())
+        return {line, {}, {}};
+    // With the blanks that belong to the marks, where they stand.
+    const auto opening = std::ssize(core.starts_with(marks.opening) ? marks.opening : trimmed(marks.opening));
+    const auto inside = core.substr(static_cast<std::size_t>(opening));
+    const auto closing = std::ssize(inside.ends_with(marks.closing) ? marks.closing : trimmed(marks.closing));
+    const auto start = core.data() - line.data();
+    return {line, {start, opening, {}}, {start + std::ssize(core) - closing, closing, {}}};
+}
+
+LineEdit joined(TextRange range, const std::vector<LineChange> &changes, AnchorAndCaret selection)
+{
+    LineEdit edit{range, {}, selection};
+    auto start = range.start;
+    for (const auto &change : changes) {
+        const auto end = start + std::ssize(change.line);
+        const auto shift = range.start + std::ssize(edit.text);
+        for (auto [before, after] :
+            {std::pair(selection.anchor, &edit.after.anchor), std::pair(selection.caret, &edit.after.caret)})
+            if (before >= start && before <= end)
+                *after = shift + change.moved(before - start);
+        edit.text += change.result();
+        if (end < range.end)
+            edit.text += lineBreak;
+        start = end + breakLength;
+    }
+    const auto grown = std::ssize(edit.text) - range.length();
+    for (auto [before, after] :
+        {std::pair(selection.anchor, &edit.after.anchor), std::pair(selection.caret, &edit.after.caret)})
+        if (before > range.end)
+            *after = before + grown;
+    return edit;
+}
+
+} // namespace
+
+CommentMarks commentMarks(std::string_view extension, bool scriptTools)
+{
+    if (extension == "JS")
+        return {"//", ""};
+    if (extension == "CSS")
+        return {"/* ", " */"};
+    return scriptTools ? CommentMarks{"'", ""} : CommentMarks{"<!-- ", " -->"};
+}
+
+std::optional<LineEdit> toggledComments(
+    const EditorSurface &document, AnchorAndCaret selection, const CommentMarks &marks)
+{
+    const auto range = selectedLines(document, selection);
+    const std::string text(document.Text(range));
+    const auto lines = splitIntoLines(text);
+    const bool all = std::ranges::all_of(lines,
+        [&](std::string_view line) { return trimmed(line).empty() || isComment(trimmed(line), marks); });
+    std::vector<LineChange> changes;
+    for (const auto line : lines)
+        changes.push_back(all ? uncommented(line, marks) : commented(line, marks));
+    auto edit = joined(range, changes, selection);
+    if (edit.text == text)
+        return std::nullopt;
+    return edit;
+}
+
+std::optional<LineEdit> movedLines(const EditorSurface &document, AnchorAndCaret selection, Move direction)
+{
+    const auto lines = selectedLines(document, selection);
+    const bool up = direction == Move::Up;
+    if (up ? lines.start == 0 : lines.end == document.Length())
+        return std::nullopt;
+    const auto beside = up ? lines.start - breakLength : lines.end + breakLength;
+    const auto other = linesOf(document, {beside, beside});
+    const TextRange both{std::min(lines.start, other.start), std::max(lines.end, other.end)};
+    auto text = std::string(document.Text(up ? lines : other));
+    text += lineBreak;
+    text += document.Text(up ? other : lines);
+    const auto by = other.length() + breakLength;
+    const auto shift = up ? -by : by;
+    // The end of a selection of whole lines may stand below the last line of all.
+    const auto moved = [&](Offset place) { return std::min(place + shift, document.Length()); };
+    return LineEdit{both, std::move(text), {moved(selection.anchor), moved(selection.caret)}};
+}
+
+std::optional<LineEdit> duplicatedLines(const EditorSurface &document, AnchorAndCaret selection)
+{
+    const auto lines = selectedLines(document, selection);
+    auto text = std::string(lineBreak);
+    text += document.Text(lines);
+    const auto by = std::ssize(text);
+    return LineEdit{{lines.end, lines.end}, std::move(text), {selection.anchor + by, selection.caret + by}};
+}
+
+std::optional<LineEdit> deletedLines(const EditorSurface &document, AnchorAndCaret selection)
+{
+    auto lines = selectedLines(document, selection);
+    const bool last = lines.end == document.Length();
+    if (!last)
+        lines.end += breakLength;
+    else if (lines.start > 0)
+        lines.start -= breakLength;
+    if (lines.empty())
+        return std::nullopt;
+    const auto caret = last ? lineStart(document, lines.start) : lines.start;
+    return LineEdit{lines, {}, {caret, caret}};
+}
+
+std::string indentationBefore(const EditorSurface &document, Offset position)
+{
+    const auto line = document.Text({lineStart(document, position), position});
+    return std::string(line.substr(0, std::min(line.find_first_not_of(blanks), line.size())));
+}
+
+} // namespace kevra
