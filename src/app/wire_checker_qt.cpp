@@ -57,7 +57,6 @@ void wireChecker(Application &app)
     app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), app.mainWindow().document());
     app.commands.bind("mrundebug", [&app, &checker] {
         const ScreenHourglass hourglass;
-        app.mainWindow().document().endPause(); // which would paint over a red line later
         checker.debugDocument();
     });
     const auto useLineDebugging = [&app](bool on) {

@@ -11,6 +11,7 @@ namespace {
 
 void leaveAtTop(EditorSurface &document)
 {
+    document.FinishLines({0, document.Length()});
     document.SetSelStart(0);
     document.SetSelColor(colours::black);
 }

@@ -49,6 +49,36 @@ ColourRuns tagRunsIn(const EditorSurface &document, TextRange part, Colour code)
     return tagRuns(document.Text({0, part.end}), code);
 }
 
+/// A placeholder may reach over lines, which then belong together.
+TextRange linesToRecolour(const EditorSurface &document, TextRange touched)
+{
+    auto lines = linesOf(document, touched);
+    while (document.ColourAt(lines.start - 1) == colours::placeholder)
+        lines.start = lineStart(document, lines.start - 1);
+    while (document.ColourAt(lines.end) == colours::placeholder)
+        lines.end = linesOf(document, {lines.end + 2, lines.end + 2}).end;
+    return lines;
+}
+
+/// Adds to the runs what takes them off the unfinished lines again, wherever these are not in their colours
+/// already.
+void keepBlack(const EditorSurface &document, TextRange lines, ColourRuns &runs)
+{
+    const auto wanted = runs;
+    for (TextRange rest = lines; rest.start <= rest.end;) {
+        const auto at = document.NextUnfinished(rest);
+        if (at == -1)
+            return;
+        const auto line = linesOf(document, {at, at});
+        runs.push_back({line, colours::black});
+        for (const auto &run : wanted)
+            for (auto i = std::max(run.range.start, line.start); i < std::min(run.range.end, line.end); ++i)
+                if (document.ColourAt(i) == run.colour)
+                    runs.push_back({{i, i + 1}, run.colour});
+        rest.start = line.end + 1;
+    }
+}
+
 } // namespace
 
 void mendTags(EditorSurface &document, TextRange touched, Colour code)
@@ -57,28 +87,26 @@ void mendTags(EditorSurface &document, TextRange touched, Colour code)
     document.SetColours(part, tagRunsIn(document, part, code));
 }
 
-void mendScript(EditorSurface &document, Colour code)
+void recolourScript(EditorSurface &document, TextRange touched, Colour code)
 {
-    document.SetColours({0, document.Length()}, scriptRuns(document.Text(), code));
-}
-
-void mendScriptLines(EditorSurface &document, TextRange touched, Colour code)
-{
-    const auto selection = document.Selection();
-    const auto lineEnd = firstOf(document, "\r", touched.end);
-    recolourRegion(
-        document, {lineStart(document, touched.start), lineEnd == -1 ? document.Length() : lineEnd}, code);
-    document.Select(selection);
+    const auto lines = linesToRecolour(document, touched);
+    auto runs = scriptRuns(document.Text(lines), code);
+    for (auto &run : runs)
+        run.range = {run.range.start + lines.start, run.range.end + lines.start};
+    keepBlack(document, lines, runs);
+    document.SetColours(lines, runs);
 }
 
 void recolourInserted(EditorSurface &document, TextRange touched, const DocumentState &state)
 {
     if (!state.takesColour())
         document.SetColours(touched, {});
-    else if (state.scriptTools)
-        mendScript(document, state.codeColour);
-    else
+    else if (state.scriptTools) {
+        document.FinishLines(linesOf(document, touched));
+        recolourScript(document, touched, state.codeColour);
+    } else {
         mendTags(document, touched, state.codeColour);
+    }
 }
 
 } // namespace kevra

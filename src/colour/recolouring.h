@@ -11,13 +11,9 @@ namespace kevra {
 /// The tags around `touched`.
 void mendTags(EditorSurface &document, TextRange touched, Colour code);
 
-/// The whole script: a quote more or less turns literals into code as far as the document goes.
-void mendScript(EditorSurface &document, Colour code);
-/// The lines of `touched` alone, as if no literal reached into them.
-void mendScriptLines(EditorSurface &document, TextRange touched, Colour code);
-
-/// Documents up to this size, in bytes, are coloured as a whole even at a single key.
-inline constexpr Offset smallScript = Offset{256} * 1024;
+/// The lines of a script that `touched` reaches into, as if they were a script of their own. What is black in
+/// a line that is being written stays black.
+void recolourScript(EditorSurface &document, TextRange touched, Colour code);
 
 /// `touched` is new text: black where no colour is wanted, else as the tools that are shown colour it.
 void recolourInserted(EditorSurface &document, TextRange touched, const DocumentState &state);

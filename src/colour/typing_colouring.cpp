@@ -101,16 +101,18 @@ void TypingColouring::typeAfterTag()
 
 void TypingColouring::keyReleased(int key)
 {
-    if (key == keys::enter && m_state.scriptTools && m_document.SelStart() > 0)
+    if (key == keys::enter && m_state.scriptTools && lineStart(m_document, m_document.SelStart()) > 0)
         finishLine();
 }
 
 void TypingColouring::finishLine()
 {
-    const auto end = m_document.SelStart();
+    // What keeps the indentation may stand between the break and the caret.
+    const auto end = lineStart(m_document, m_document.SelStart());
     const TextRange line{lastOf(m_document, '\n', end - 2) + 1, end};
     if (m_state.takesColour())
         recolourRegion(m_document, line, m_state.codeColour);
+    m_document.FinishLines({line.start, line.end - 1});
     if (m_state.lineDebugPreferred && m_state.lineDebugOn)
         m_checkLine(line);
     m_view.syncLineNumbers();
@@ -118,32 +120,46 @@ void TypingColouring::finishLine()
 
 void TypingColouring::edited(TextRange touched, EditKind kind)
 {
-    if (kind == EditKind::Program || kind == EditKind::Typing)
+    if (kind == EditKind::Typing)
+        return noteTyped(touched);
+    if (kind == EditKind::Program)
         return;
     m_tagClosed = false;
     if (!m_state.takesColour())
         return;
-    if (m_state.scriptTools)
-        mendScriptAfter(touched, kind);
-    else
+    if (!m_state.scriptTools)
         mendTags(m_document, touched, m_state.codeColour);
+    else if (kind == EditKind::Paste || kind == EditKind::Drop)
+        recolourInserted(m_document, touched, m_state);
+    else
+        recolourScript(m_document, touched, m_state.codeColour);
     m_document.SetTypingColor(colourAroundCaret());
 }
 
-/// A key in a long script mends its lines at once and leaves the rest for a pause.
-void TypingColouring::mendScriptAfter(TextRange touched, EditKind kind)
+/// A script's line stays black until Return or a click finishes it.
+void TypingColouring::noteTyped(TextRange typed)
 {
-    m_restIsDue = kind == EditKind::Delete && m_document.Length() > smallScript;
-    if (m_restIsDue)
-        mendScriptLines(m_document, touched, m_state.codeColour);
-    else
-        mendScript(m_document, m_state.codeColour);
+    if (!m_state.scriptTools || !m_state.takesColour())
+        return;
+    const bool splits = m_document.Text(typed).starts_with('\r');
+    const bool atLineEnd = m_document.GetLineFromChar(typed.end) != m_document.GetLineFromChar(typed.end + 1)
+        || typed.end == m_document.Length();
+    if (splits && atLineEnd)
+        return;
+    if (!splits || m_document.NextUnfinished({typed.start, typed.start}) != -1)
+        m_document.SetUnfinished(typed.end, true);
 }
 
-void TypingColouring::paused()
+void TypingColouring::clicked()
 {
-    if (std::exchange(m_restIsDue, false) && m_state.takesColour() && m_state.scriptTools)
-        mendScript(m_document, m_state.codeColour);
+    if (!m_state.scriptTools || !m_state.takesColour())
+        return;
+    const TextRange all{0, m_document.Length()};
+    for (auto at = m_document.NextUnfinished(all); at != -1; at = m_document.NextUnfinished(all)) {
+        const auto line = linesOf(m_document, {at, at});
+        recolourRegion(m_document, line, m_state.codeColour);
+        m_document.FinishLines(line);
+    }
 }
 
 void TypingColouring::caretPlaced()

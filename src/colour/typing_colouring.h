@@ -22,7 +22,7 @@ public:
     void keyReleased(int key) override;
     void edited(TextRange touched, EditKind kind) override;
     void caretPlaced() override;
-    void paused() override;
+    void clicked() override;
 
 private:
     void typeInPage(char32_t character);
@@ -30,7 +30,7 @@ private:
     void paintTagClosedAt(Offset caret);
     void typeAfterTag();
     void finishLine();
-    void mendScriptAfter(TextRange touched, EditKind kind);
+    void noteTyped(TextRange typed);
     [[nodiscard]] Colour colourAroundCaret() const;
 
     EditorSurface &m_document;
@@ -38,7 +38,6 @@ private:
     MainView &m_view;
     std::function<void(TextRange)> m_checkLine;
     bool m_tagClosed = false; ///< a ">" was the last character typed
-    bool m_restIsDue = false; ///< a key has mended its lines, and the rest of the script waits for a pause
 };
 
 } // namespace kevra

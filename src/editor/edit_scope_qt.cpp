@@ -35,9 +35,6 @@ EditScope::~EditScope()
             m_control.m_typingHandler->edited(*touched, kind);
         emit m_control.edited(*touched, kind);
     }
-    // Whatever the user does puts off what waits for a pause.
-    if (kind != EditKind::Program && ((touched && kind == EditKind::Delete) || m_control.m_pause.isActive()))
-        m_control.m_pause.start();
     if (!touched && m_control.Selection() != m_selection) {
         m_control.endUndoStep();
         if (kind != EditKind::Program && m_control.m_typingHandler)

@@ -8,7 +8,6 @@
 #include <QScrollBar>
 
 #include <algorithm>
-#include <chrono>
 
 namespace kevra {
 namespace {
@@ -19,7 +18,9 @@ using Sci = QsciScintillaBase;
 /// all.
 constexpr Offset roomForTyping = Offset{64} * 1024;
 
-constexpr auto pauseInTyping = std::chrono::milliseconds(400);
+/// The marker on the lines that are being written.
+constexpr Offset unfinished = 0;
+constexpr Offset manyLines = 1000;
 
 /// How much of `a` and `b` is alike at the start, not counting a character that is alike in part.
 Offset commonStart(std::string_view a, std::string_view b)
@@ -57,9 +58,6 @@ EditorControl::EditorControl(QWidget *parent)
     connect(this, &Sci::SCN_MODIFIED, this,
         [this](int position, int type, const char *, int length) { beforeChange(position, type, length); });
     connectPainting();
-    m_pause.setSingleShot(true);
-    m_pause.setInterval(pauseInTyping);
-    connect(&m_pause, &QTimer::timeout, this, &EditorControl::endPause);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { announce(); });
     connect(this, &Sci::SCN_UPDATEUI, this, [this] {
         settle();
@@ -90,6 +88,7 @@ void EditorControl::setUp()
     send(SCI_SETSCROLLWIDTHTRACKING, 1);
     send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
     send(SCI_USEPOPUP, SC_POPUP_NEVER);
+    send(SCI_MARKERDEFINE, unfinished, SC_MARK_EMPTY);
     send(SCI_SETCARETFORE, 0);
     send(SCI_SETSELBACK, 1, 0xFFD3A6);
     setContextMenuPolicy(Qt::CustomContextMenu);
@@ -153,6 +152,7 @@ void EditorControl::LoadText(std::string_view text)
     m_unpainted.clear();
     m_allBlack = true;
     m_characters.reset();
+    send(SCI_MARKERDELETEALL, unfinished);
     send(SCI_SETREADONLY, 0);
     send(SCI_SETUNDOCOLLECTION, 0);
     send(SCI_CLEARALL);
@@ -219,7 +219,7 @@ void EditorControl::Select(TextRange range)
     send(SCI_CHOOSECARETX);
 }
 
-TextRange EditorControl::anchorAndCaret() const
+AnchorAndCaret EditorControl::anchorAndCaret() const
 {
     return {send(SCI_GETANCHOR), send(SCI_GETCURRENTPOS)};
 }
@@ -254,6 +254,26 @@ void EditorControl::SetRightMargin(int twips)
 {
     m_rightMargin = twips;
     send(SCI_SETWRAPMODE, twips == 0 ? SC_WRAP_WORD : SC_WRAP_NONE);
+}
+
+void EditorControl::SetUnfinished(Offset position, bool on)
+{
+    const auto line = GetLineFromChar(position);
+    const bool marked = send(SCI_MARKERGET, line) != 0;
+    if (on != marked)
+        send(on ? SCI_MARKERADD : SCI_MARKERDELETE, line, unfinished);
+}
+
+Offset EditorControl::NextUnfinished(TextRange range) const
+{
+    auto line = GetLineFromChar(range.start);
+    const auto last = GetLineFromChar(range.end);
+    if (last - line > manyLines)
+        line = send(SCI_MARKERNEXT, line, 1 << unfinished); // looks to the end of the text
+    else
+        while (line <= last && send(SCI_MARKERGET, line) == 0)
+            ++line;
+    return line == -1 || line > last ? -1 : std::max(range.start, lineRange(line).start);
 }
 
 Offset EditorControl::GetLineFromChar(Offset position) const
@@ -296,13 +316,6 @@ void EditorControl::setReadOnly(bool on)
     m_readOnly = on;
     send(SCI_SETREADONLY, on);
     emit readOnlyChanged(on);
-}
-
-void EditorControl::endPause()
-{
-    m_pause.stop();
-    if (m_typingHandler)
-        m_typingHandler->paused();
 }
 
 void EditorControl::setSavePoint()

@@ -3,6 +3,7 @@
 // knows nothing of colours.
 #pragma once
 
+#include "editor/line_edits.h"
 #include "editor/surface.h"
 #include "editor/typing.h"
 #include "editor/undo_steps.h"
@@ -40,6 +41,8 @@ public:
     void SetFont(const EditorFont &font) override;
     [[nodiscard]] int RightMargin() const override { return m_rightMargin; }
     void SetRightMargin(int twips) override;
+    void SetUnfinished(Offset position, bool on) override;
+    [[nodiscard]] Offset NextUnfinished(TextRange range) const override;
     [[nodiscard]] Offset GetLineFromChar(Offset position) const override;
     /// Counts the lines as they are shown: a wrapped line is several.
     [[nodiscard]] Offset FirstVisibleLine() const override;
@@ -69,9 +72,15 @@ public:
     /// Replaces a part of the text as the user's own doing: the colouring hears of it, and nothing happens in
     /// a read-only control.
     void replaceAsUser(TextRange range, std::string_view text);
+    [[nodiscard]] AnchorAndCaret anchorAndCaret() const;
+    /// Does what one of the commands on lines has worked out; nothing in a read-only control.
+    void apply(const std::optional<LineEdit> &edit);
+    /// Takes one level of indentation off the selected lines.
+    void unindent();
+    /// Whether Return begins the new line with the blanks that the line above begins with.
+    void setKeepIndentation(bool on) { m_keepIndentation = on; }
+    [[nodiscard]] bool keepsIndentation() const { return m_keepIndentation; }
 
-    /// What waits until the user stops typing is done now, before something else paints the text.
-    void endPause();
     /// Before something else than the window shows the text: what waits to be painted does not wait longer.
     void paintAll();
     /// The text as it is now is what the file holds.
@@ -160,12 +169,14 @@ private:
     [[nodiscard]] std::optional<Stroke> deletingStroke(const QKeyEvent &event) const;
     void typeText(const QKeyEvent &event);
     void announceCharacter(char32_t character);
-    [[nodiscard]] TextRange anchorAndCaret() const;
+    void breakLine(QKeyEvent &event);
+    [[nodiscard]] bool selectsLines() const;
     /// Undo takes back what comes now together with the strokes before, where they belong together.
     void beginStroke(Stroke stroke, UndoSteps::Milliseconds time);
     void endUndoStep();
     void insertAsUser(TextRange range, const QMimeData *source, EditKind kind);
     void pasteSelectionAt(QPoint place);
+    void placeCaretFor(QPoint place);
 
     using Direct = std::intptr_t (*)(void *, unsigned, std::uintptr_t, std::intptr_t);
     Direct m_direct = nullptr;
@@ -173,13 +184,13 @@ private:
     std::vector<Colour> m_styleColours; ///< by style; the styles that Scintilla keeps for itself stay black
     UnpaintedStyles m_unpainted;
     QTimer m_paintRest;
-    QTimer m_pause; ///< runs out when the user has stopped deleting and typing
     bool m_allBlack = true; ///< no colour has been given since the text was loaded
     Colour m_typing = colours::black;
     EditorFont m_font{"Courier New", 10};
     int m_rightMargin = noWrapMargin;
     bool m_displayed = true;
     bool m_readOnly = false;
+    bool m_keepIndentation = false;
     TypingHandler *m_typingHandler = nullptr;
     EditKind m_kind = EditKind::Program;
     bool m_inCommand = false;
@@ -189,7 +200,7 @@ private:
     std::optional<Change> m_change; ///< announced by Scintilla, and done by the time anything else happens
     std::optional<TextRange> m_touched; ///< by the user's command that is under way
     mutable std::optional<Offset> m_characters; ///< once somebody has asked
-    TextRange m_knownSelection;
+    AnchorAndCaret m_knownSelection;
     Offset m_knownFirstLine = 0;
     bool m_knownSavePoint = true;
 };

@@ -118,6 +118,33 @@ void EditorControl::replaceAsUser(TextRange range, std::string_view text)
     Replace(range, text);
 }
 
+void EditorControl::apply(const std::optional<LineEdit> &edit)
+{
+    if (m_readOnly || !edit)
+        return;
+    const EditScope scope(*this, EditKind::Command);
+    replaceBytes(edit->range, edit->text);
+    send(SCI_SETSEL, edit->after.anchor, edit->after.caret);
+    send(SCI_CHOOSECARETX);
+}
+
+bool EditorControl::selectsLines() const
+{
+    const auto [anchor, caret] = anchorAndCaret();
+    return GetLineFromChar(anchor) != GetLineFromChar(caret);
+}
+
+void EditorControl::unindent()
+{
+    const EditScope scope(*this, EditKind::Command);
+    const UndoStep step(*this);
+    if (selectsLines())
+        return void(send(SCI_BACKTAB));
+    const auto line = GetLineFromChar(SelStart());
+    const auto indentation = send(SCI_GETLINEINDENTATION, line) - send(SCI_GETTABWIDTH);
+    send(SCI_SETLINEINDENTATION, line, std::max<std::intptr_t>(indentation, 0));
+}
+
 bool EditorControl::event(QEvent *event)
 {
     if (!m_displayed && (event->type() == QEvent::KeyPress || event->type() == QEvent::InputMethod))
@@ -149,8 +176,14 @@ void EditorControl::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::MiddleButton)
         return pasteSelectionAt(event->position().toPoint());
-    const EditScope scope(*this, EditKind::Typing);
-    QsciScintillaBase::mousePressEvent(event);
+    if (event->button() == Qt::RightButton)
+        placeCaretFor(event->position().toPoint());
+    {
+        const EditScope scope(*this, EditKind::Typing);
+        QsciScintillaBase::mousePressEvent(event);
+    }
+    if (event->button() == Qt::LeftButton && m_typingHandler)
+        m_typingHandler->clicked();
 }
 
 void EditorControl::pasteSelectionAt(QPoint place)
@@ -163,11 +196,26 @@ void EditorControl::pasteSelectionAt(QPoint place)
     insertAsUser({position, position}, clipboard->mimeData(QClipboard::Selection), EditKind::Paste);
 }
 
+/// The menu of the right button acts on what was clicked; a selection stays when it was that.
+void EditorControl::placeCaretFor(QPoint place)
+{
+    const auto position = positionAt(place);
+    const auto selection = Selection();
+    if (!selection.empty() && position >= selection.start && position <= selection.end)
+        return;
+    const EditScope scope(*this, EditKind::Typing);
+    send(SCI_SETEMPTYSELECTION, position);
+    send(SCI_CHOOSECARETX);
+}
+
 void EditorControl::mouseMoveEvent(QMouseEvent *event)
 {
+    const auto before = anchorAndCaret();
     // Dragging runs in here, with the drop as a command of its own.
     QsciScintillaBase::mouseMoveEvent(event);
     const EditScope scope(*this, EditKind::Drop);
+    if (m_typingHandler && anchorAndCaret() != before)
+        m_typingHandler->caretPlaced();
 }
 
 void EditorControl::mouseReleaseEvent(QMouseEvent *event)

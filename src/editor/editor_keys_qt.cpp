@@ -113,7 +113,11 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Enter:
         return modified ? event->ignore() : typeKey(*event, U'\r');
     case Qt::Key_Tab:
+        if (!modified && selectsLines())
+            return command(EditKind::Command, SCI_TAB);
         return modified ? event->ignore() : typeKey(*event, U'\t');
+    case Qt::Key_Backtab:
+        return unindent();
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
         return deleteByKey(*event);
@@ -135,12 +139,23 @@ void EditorControl::typeKey(QKeyEvent &event, char32_t character)
         const EditScope scope(*this, EditKind::Typing);
         beginStroke({Stroke::Action::Insert, strokeKind(character)}, event.timestamp());
         announceCharacter(character);
-        QsciScintillaBase::keyPressEvent(&event);
+        if (character == U'\r')
+            breakLine(event);
+        else
+            QsciScintillaBase::keyPressEvent(&event);
         m_undoSteps.strokeDone(anchorAndCaret());
     }
     // Told at once and not when the key comes up: a quick typist has the next key down by then.
     if (character == U'\r' && m_typingHandler && !m_readOnly)
         m_typingHandler->keyReleased(keys::enter);
+}
+
+void EditorControl::breakLine(QKeyEvent &event)
+{
+    const auto indentation = m_keepIndentation ? indentationBefore(*this, SelStart()) : std::string();
+    QsciScintillaBase::keyPressEvent(&event);
+    if (!indentation.empty() && !m_readOnly)
+        sendBytes(SCI_REPLACESEL, 0, indentation.c_str());
 }
 
 std::optional<Stroke> EditorControl::deletingStroke(const QKeyEvent &event) const

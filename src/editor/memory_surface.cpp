@@ -27,6 +27,7 @@ void MemorySurface::LoadText(std::string_view text)
 {
     m_text = text;
     m_colours.assign(text.size(), colours::black);
+    m_unfinished.assign(static_cast<std::size_t>(GetLineFromChar(Length()) + 1), false);
     m_selection = {};
     m_typing = colours::black;
     m_firstVisibleLine = 0;
@@ -35,10 +36,17 @@ void MemorySurface::LoadText(std::string_view text)
 void MemorySurface::Replace(TextRange range, std::string_view text)
 {
     const auto part = inside(range);
+    const auto lines = m_unfinished.begin();
+    const auto first = lines + GetLineFromChar(part.start);
+    const auto last = lines + GetLineFromChar(part.end);
+    *first = std::find(first, last + 1, true) != last + 1;
+    const auto next = m_unfinished.erase(first + 1, last + 1) - m_unfinished.begin();
     const auto from = m_colours.begin() + part.start;
     m_colours.insert(m_colours.erase(from, from + part.length()), text.size(), m_typing);
     m_text.replace(static_cast<std::size_t>(part.start), static_cast<std::size_t>(part.length()), text);
     const auto end = part.start + static_cast<Offset>(text.size());
+    const auto lineCount = static_cast<std::size_t>(GetLineFromChar(Length()) + 1);
+    m_unfinished.insert(m_unfinished.begin() + next, lineCount - m_unfinished.size(), false);
     m_selection = {end, end};
 }
 
@@ -70,6 +78,19 @@ void MemorySurface::SetPaint(Paint paint)
 {
     std::ranges::transform(paint.indices, m_colours.begin(),
         [&](char index) { return paint.palette[static_cast<unsigned char>(index)]; });
+}
+
+void MemorySurface::SetUnfinished(Offset position, bool on)
+{
+    m_unfinished[static_cast<std::size_t>(GetLineFromChar(position))] = on;
+}
+
+Offset MemorySurface::NextUnfinished(TextRange range) const
+{
+    for (auto at = range.start; at <= range.end; ++at)
+        if (m_unfinished[static_cast<std::size_t>(GetLineFromChar(at))])
+            return at;
+    return -1;
 }
 
 Offset MemorySurface::GetLineFromChar(Offset position) const

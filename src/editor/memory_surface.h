@@ -27,6 +27,8 @@ public:
     void SetFont(const EditorFont &font) override { m_font = font; }
     [[nodiscard]] int RightMargin() const override { return m_rightMargin; }
     void SetRightMargin(int twips) override { m_rightMargin = twips; }
+    void SetUnfinished(Offset position, bool on) override;
+    [[nodiscard]] Offset NextUnfinished(TextRange range) const override;
     [[nodiscard]] Offset GetLineFromChar(Offset position) const override;
     [[nodiscard]] Offset FirstVisibleLine() const override { return m_firstVisibleLine; }
     void SetFirstVisibleLine(Offset line) override;
@@ -43,6 +45,7 @@ private:
 
     std::string m_text;
     std::vector<Colour> m_colours; ///< one a byte of the text
+    std::vector<bool> m_unfinished; ///< by line
     TextRange m_selection;
     Colour m_typing = colours::black;
     EditorFont m_font{"Courier New", 10};

@@ -29,6 +29,12 @@ void EditorSurface::SetSelColor(Colour colour)
         SetColours(run.range, {&run, 1});
 }
 
+void EditorSurface::FinishLines(TextRange range)
+{
+    for (auto at = NextUnfinished(range); at != -1; at = NextUnfinished(range))
+        SetUnfinished(at, false);
+}
+
 void EditorSurface::Span(std::string_view characters)
 {
     constexpr Offset chunk = 4096;

@@ -69,6 +69,13 @@ public:
     [[nodiscard]] virtual int RightMargin() const = 0;
     virtual void SetRightMargin(int twips) = 0;
 
+    /// Whether the line of a position is being written: typed in, and not coloured since.
+    virtual void SetUnfinished(Offset position, bool on) = 0;
+    /// The first position of `range`, its end included, that is on such a line, or -1.
+    [[nodiscard]] virtual Offset NextUnfinished(TextRange range) const = 0;
+    /// Every line of `range` has its colours.
+    void FinishLines(TextRange range);
+
     /// The line a position is on, from 0.
     [[nodiscard]] virtual Offset GetLineFromChar(Offset position) const = 0;
     [[nodiscard]] virtual Offset FirstVisibleLine() const = 0;

@@ -7,7 +7,7 @@
 namespace kevra {
 
 /// Where a change of the text came from.
-enum class EditKind { Program, Typing, Paste, Cut, Delete, Undo, Redo, Drop };
+enum class EditKind { Program, Typing, Paste, Cut, Delete, Undo, Redo, Drop, Command };
 
 /// Key codes as keyReleased() has them.
 namespace keys {
@@ -27,10 +27,10 @@ public:
     /// A user's edit is done: `touched` is what it changed, in positions of the text as it is now; empty
     /// where text only went away. What paste, undo, redo and drop put in is black.
     virtual void edited(TextRange touched, EditKind kind) = 0;
-    /// The user has deleted something by key and then stopped for a moment.
-    virtual void paused() { }
     /// The user has put the caret somewhere else, other than by typing.
     virtual void caretPlaced() { }
+    /// The user has pressed the mouse's left button in the text.
+    virtual void clicked() { }
 };
 
 } // namespace kevra

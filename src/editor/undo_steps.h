@@ -3,7 +3,7 @@
 // without a pause.
 #pragma once
 
-#include "text/types.h"
+#include "editor/line_edits.h"
 
 #include <cstdint>
 #include <optional>
@@ -28,16 +28,16 @@ public:
     using Milliseconds = std::uint64_t; ///< from any start; 0 stands for an unknown time
 
     /// Whether a stroke begins a step of its own, made with this anchor and caret before it.
-    [[nodiscard]] bool begins(Stroke stroke, Milliseconds time, TextRange anchorAndCaret);
+    [[nodiscard]] bool begins(Stroke stroke, Milliseconds time, AnchorAndCaret place);
     /// Where the stroke has left anchor and caret.
-    void strokeDone(TextRange anchorAndCaret) { m_place = anchorAndCaret; }
+    void strokeDone(AnchorAndCaret place) { m_place = place; }
     /// The next stroke begins a step.
     void end() { m_last.reset(); }
 
 private:
     std::optional<Stroke> m_last;
     Milliseconds m_time = 0;
-    TextRange m_place;
+    AnchorAndCaret m_place;
 };
 
 } // namespace kevra

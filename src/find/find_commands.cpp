@@ -144,7 +144,8 @@ void FindCommands::replaceAll()
 void FindCommands::replace(TextRange range, std::string_view text)
 {
     m_document.Replace(range, text);
-    m_state.unsaved = true;
+    if (m_document.Length() > 0)
+        m_state.unsaved = true; // an empty text has nothing that could be lost
     const auto caret = m_document.Selection();
     recolourInserted(m_document, {range.start, range.start + std::ssize(text)}, m_state);
     m_document.Select(caret);

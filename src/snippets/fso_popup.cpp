@@ -9,14 +9,24 @@
 namespace kevra {
 namespace {
 
+bool beginsWithRem(std::string_view text)
+{
+    constexpr std::string_view rem = "rem";
+    return std::ranges::equal(text.substr(0, rem.size()), rem, {}, lowerAscii)
+        && (text.size() == rem.size() || !isAsciiWord(text[rem.size()]));
+}
+
 bool endsInCode(std::string_view line)
 {
     bool literal = false;
-    for (const char byte : line) {
-        if (byte == '"')
+    bool statementStart = true;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] == '"')
             literal = !literal;
-        else if (byte == '\'' && !literal)
+        else if (!literal && (line[i] == '\'' || (statementStart && beginsWithRem(line.substr(i)))))
             return false;
+        statementStart
+            = !literal && (line[i] == ':' || (statementStart && (line[i] == ' ' || line[i] == '\t')));
     }
     return !literal;
 }

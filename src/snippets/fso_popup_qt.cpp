@@ -39,8 +39,11 @@ FsoPopup::FsoPopup(EditorControl &document, const DocumentState &state, QMenu &m
 
 void FsoPopup::openAtCaret()
 {
-    if (!m_document.hasFocus())
+    if (!m_document.hasFocus() || m_menu.isVisible())
         return;
+    m_start = m_document.SelStart();
+    for (auto *method : m_menu.actions())
+        method->setVisible(true);
     m_menu.popup(m_document.viewport()->mapToGlobal(m_document.bottomLeftOf(m_document.SelStart())));
     m_menu.setActiveAction(m_menu.actions().value(0));
 }
@@ -49,8 +52,27 @@ void FsoPopup::insert(const QAction &method)
 {
     const auto name = method.text().remove('&').toStdString();
     m_document.SetTypingColor(colours::black);
-    m_document.SetSelText(name);
+    m_document.Replace({m_start, m_document.SelStart()}, name);
     m_document.SetFocus();
+}
+
+/// Offers what begins with the letters typed since the full stop.
+void FsoPopup::filter()
+{
+    const auto caret = m_document.SelStart();
+    const auto typed = QString::fromStdString(std::string(m_document.Text({m_start, caret})));
+    QAction *first = nullptr;
+    for (auto *method : m_menu.actions()) {
+        const bool fits = caret >= m_start && m_document.Text({m_start - 1, m_start}) == "."
+            && method->text().remove('&').startsWith(typed, Qt::CaseInsensitive);
+        method->setVisible(fits);
+        if (fits && !first)
+            first = method;
+    }
+    if (first)
+        m_menu.setActiveAction(first);
+    else
+        m_menu.close();
 }
 
 /// Keys that the menu has no use for go on into the text.
@@ -60,9 +82,9 @@ bool FsoPopup::eventFilter(QObject *watched, QEvent *event)
         return QObject::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     if (std::ranges::find(keysOfTheMenu, key->key()) == keysOfTheMenu.end()) {
-        m_menu.close();
         QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text(), key->isAutoRepeat());
         QCoreApplication::sendEvent(&m_document, &again);
+        filter();
         return true;
     }
     if (key->key() != Qt::Key_Tab)

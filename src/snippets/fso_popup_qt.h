@@ -3,6 +3,7 @@
 #pragma once
 
 #include "editor/document_state.h"
+#include "text/types.h"
 
 #include <QtCore/QObject>
 
@@ -24,10 +25,12 @@ protected:
 private:
     void openAtCaret();
     void insert(const QAction &method);
+    void filter();
 
     EditorControl &m_document;
     const DocumentState &m_state;
     QMenu &m_menu;
+    Offset m_start = 0; ///< behind the full stop that opened the menu
 };
 
 } // namespace kevra

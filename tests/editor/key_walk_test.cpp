@@ -95,6 +95,7 @@ public:
         m_state.scriptTools = content == Content::Script;
         m_state.colourApplies = content != Content::Plain;
         m_control.setTypingHandler(&m_typing);
+        m_control.setKeepIndentation(content == Content::Script);
         for (Sci *control : {static_cast<Sci *>(&m_control), static_cast<Sci *>(&m_bare)}) {
             control->setFrameShape(QFrame::NoFrame);
             control->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -182,7 +183,18 @@ private:
             return;
         const bool tab = below(3) == 0;
         m_bare.beginStroke(tab ? "typed space" : "typed \n");
+        const auto seen = theirs();
         press(tab ? Qt::Key_Tab : Qt::Key_Return, Qt::NoModifier);
+        if (!tab && m_content == Content::Script)
+            m_bare.SendScintilla(Sci::SCI_REPLACESEL, 0UL, blanksBefore(seen).c_str());
+    }
+
+    /// The blanks that begin the caret's line, before the caret.
+    static std::string blanksBefore(const Seen &seen)
+    {
+        const auto place = static_cast<std::size_t>(std::min(seen.anchor, seen.caret));
+        const auto line = seen.text.substr(0, place).substr(seen.text.substr(0, place).rfind('\n') + 1);
+        return line.substr(0, std::min(line.find_first_not_of(" \t"), line.size()));
     }
 
     void move()

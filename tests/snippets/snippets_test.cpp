@@ -71,7 +71,8 @@ TEST(FsoPopup, OpensBehindFsoInCodeOnly)
     const std::pair<std::string_view, bool> lines[] // the caret stands at their end
         = {{"fso.", true}, {"x = FSO.", true}, {"x = \"a\" & fso.", true}, {"x\r\nFso.", true},
             {"so.", false}, {"fso", false}, {"MsgBox \"fso.", false}, {"' fso.", false},
-            {"x = \"it's\" & fso.", true}, {"\"open above\r\nfso.", true}};
+            {"x = \"it's\" & fso.", true}, {"\"open above\r\nfso.", true}, {"  Rem fso.", false},
+            {"x = 1 : rem fso.", false}, {"Remark = fso.", true}, {"REM", false}};
     for (const auto &[line, offers] : lines) {
         MemorySurface document(line);
         document.SetSelStart(document.Length());
