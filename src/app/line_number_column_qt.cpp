@@ -20,6 +20,7 @@ constexpr int cycle = 100; ///< after so many lines the numbers start again
 /// Past that many lines the column holds as many numbers, and stands for whichever stretch of the document is
 /// shown: a large script must not pay for its numbers as for its text.
 constexpr int mostNumbers = 100 * cycle;
+constexpr Colour grey{0xA8A8A8};
 
 } // namespace
 
@@ -43,6 +44,7 @@ LineNumberColumn::LineNumberColumn(EditorControl &document, EditorControl &colum
     connect(&document, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
     connect(&document, &QsciScintillaBase::SCN_PAINTED, this, &LineNumberColumn::level);
     connect(&column, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
+    connect(&document, &QsciScintillaBase::SCN_ZOOM, this, &LineNumberColumn::followZoom);
 }
 
 void LineNumberColumn::level()
@@ -64,6 +66,26 @@ void LineNumberColumn::holdEnoughNumbers()
     m_numbers = needed == fewestNumbers ? needed : needed + needed / 16 + fewestNumbers;
     clearGaps();
     m_column.LoadText(lineNumbers(m_numbers));
+    m_black = m_numbers;
+}
+
+void LineNumberColumn::greyBelow(Offset lines)
+{
+    const auto black = std::min<Offset>(lines, m_numbers);
+    const auto before = std::exchange(m_black, black);
+    if (black == before)
+        return;
+    const TextRange changed{m_column.lineRange(std::min(black, before)).start,
+        m_column.lineRange(std::max(black, before) - 1).end};
+    const ColourRun run{changed, black < before ? grey : colours::black};
+    m_column.SetColours(changed, {&run, 1});
+}
+
+void LineNumberColumn::followZoom()
+{
+    const auto zoom = m_document.SendScintilla(QsciScintillaBase::SCI_GETZOOM);
+    m_column.SendScintilla(QsciScintillaBase::SCI_SETZOOM, static_cast<unsigned long>(zoom));
+    level();
 }
 
 Offset LineNumberColumn::firstLineHeld(Offset line) const
@@ -109,6 +131,7 @@ void LineNumberColumn::followDocument()
     const auto line = static_cast<Offset>(m_document.SendScintilla(
         QsciScintillaBase::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(first)));
     showGaps(m_document.RightMargin() == 0 ? visibleGaps(line) : std::vector<Gap>());
+    greyBelow(m_document.lineCount() - firstLineHeld(line));
     const auto wanted = m_column.shownLine(line - firstLineHeld(line)) + first - m_document.shownLine(line);
     if (m_column.FirstVisibleLine() != wanted)
         m_column.SetFirstVisibleLine(wanted);

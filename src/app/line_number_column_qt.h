@@ -31,10 +31,14 @@ private:
     [[nodiscard]] std::vector<Gap> visibleGaps(Offset firstLine) const;
     void showGaps(const std::vector<Gap> &gaps);
     void clearGaps();
+    /// Numbers that no line of the document stands beside are grey.
+    void greyBelow(Offset lines);
+    void followZoom();
 
     EditorControl &m_document;
     EditorControl &m_column;
     int m_numbers = 0;
+    Offset m_black = 0; ///< how many of them are
     std::vector<Gap> m_gaps;
     bool m_levelling = false;
 };

@@ -242,9 +242,7 @@ void MainWindow::tell(std::string_view text)
 
 void MainWindow::showCaretPlace()
 {
-    if (!m_status->showsPlaces())
-        return;
-    const auto caret = m_document->Selection().end;
+    const auto caret = m_document->anchorAndCaret().caret;
     const auto line = m_document->GetLineFromChar(caret);
     const auto before = m_document->Text({m_document->lineRange(line).start, caret});
     m_status->setCaret(line + 1, characterCount(before) + 1);
@@ -252,7 +250,7 @@ void MainWindow::showCaretPlace()
 
 void MainWindow::showCounts()
 {
-    if (m_status->showsPlaces())
+    if (m_status->showsCounts())
         m_status->setCounts(m_document->characters(), m_document->lineCount());
 }
 

@@ -59,6 +59,7 @@ StatusRow::StatusRow(QWidget *parent)
     , m_reopen(nullptr)
     , m_mark(nullptr)
     , m_ends(new QActionGroup(this))
+    , m_place(named<QLabel>("tplace", this))
 {
     setObjectName("frstatus");
     auto *row = new QHBoxLayout(this);
@@ -77,6 +78,7 @@ StatusRow::StatusRow(QWidget *parent)
     connect(m_offer, &QToolButton::clicked, this, &StatusRow::offerTaken);
     fillEncodingMenu();
     fillLineEndsMenu();
+    row->addWidget(m_place);
     m_line = addPlace("tline", "Line", 7);
     m_column = addPlace("tcolumn", "Column", 7);
     m_characters = addPlace("tcount", "Characters", 9);
@@ -190,6 +192,8 @@ void StatusRow::setCaret(qint64 line, qint64 column)
 {
     m_line->setText(QString::number(line));
     m_column->setText(QString::number(column));
+    m_place->setText(QString("Line %1, Column %2").arg(line).arg(column));
+    m_place->setVisible(m_line->isHidden());
 }
 
 void StatusRow::setCounts(qint64 characters, qint64 lines)
@@ -198,9 +202,9 @@ void StatusRow::setCounts(qint64 characters, qint64 lines)
     m_lines->setText(QString::number(lines));
 }
 
-bool StatusRow::showsPlaces() const
+bool StatusRow::showsCounts() const
 {
-    return !m_line->isHidden();
+    return !m_characters->isHidden();
 }
 
 } // namespace kevra

@@ -23,7 +23,7 @@ struct DocumentStatus {
 };
 
 /// The small line under the information box: encoding and line ends, each a menu that changes it, whether the
-/// text is saved, and with the script tools the boxes for line, column and counts.
+/// text is saved, line and column, and with the script tools boxes for them and for the counts.
 class StatusRow : public QFrame {
     Q_OBJECT
 
@@ -37,7 +37,8 @@ public:
     /// Line and column from 1.
     void setCaret(qint64 line, qint64 column);
     void setCounts(qint64 characters, qint64 lines);
-    [[nodiscard]] bool showsPlaces() const;
+    /// The counts cost a look at the whole text; with the web page tools they are not shown.
+    [[nodiscard]] bool showsCounts() const;
 
 signals:
     void reopenChosen();
@@ -67,6 +68,7 @@ private:
     QAction *m_reopen;
     QAction *m_mark;
     QActionGroup *m_ends;
+    QLabel *m_place; ///< line and column where their boxes are not shown
     QLineEdit *m_line;
     QLineEdit *m_column;
     QLineEdit *m_characters;

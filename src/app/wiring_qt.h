@@ -14,6 +14,7 @@ namespace kevra {
 class Application;
 
 void wireEditing(Application &app); ///< undo, clipboard, select all, word wrap, print, tool sets, fonts
+void wireLines(Application &app); ///< the commands on lines, Keep Indentation
 void wireFiles(Application &app);
 void wireColour(Application &app);
 void wireChecker(Application &app);

@@ -19,6 +19,7 @@ inline constexpr SettingKey codeColour{optionsSection, "codecolor", "no"};
 inline constexpr SettingKey comments{optionsSection, "ifcoms", "none"};
 inline constexpr SettingKey lineDebug{optionsSection, "ifdebug", "none"};
 inline constexpr SettingKey firstStart{optionsSection, "if1", "yes"};
+inline constexpr SettingKey keepIndentation{optionsSection, "keepindent", "yes"};
 inline constexpr SettingKey fontFace{optionsSection, "fontface", "no"};
 inline constexpr SettingKey fontSize{optionsSection, "fontsize", "no"};
 

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The commands on lines, and Keep Indentation with its stored setting.
+#include "app/application_qt.h"
+#include "app/wiring_qt.h"
+#include "editor/editor_control_qt.h"
+#include "editor/line_edits.h"
+#include "settings/keys.h"
+#include "storage/setting_key.h"
+
+namespace kevra {
+namespace {
+
+void keepIndentation(Application &app, bool on)
+{
+    app.mainWindow().document().setKeepIndentation(on);
+    app.mainWindow().setItemChecked("mkeepindent", on);
+}
+
+} // namespace
+
+void wireLines(Application &app)
+{
+    auto &t1 = app.mainWindow().document();
+    app.commands.bind("mcomment", [&app, &t1] {
+        const auto marks = commentMarks(app.document.currentExtension, app.document.scriptTools);
+        t1.apply(toggledComments(t1, t1.anchorAndCaret(), marks));
+    });
+    app.commands.bind("mlineup", [&t1] { t1.apply(movedLines(t1, t1.anchorAndCaret(), Move::Up)); });
+    app.commands.bind("mlinedown", [&t1] { t1.apply(movedLines(t1, t1.anchorAndCaret(), Move::Down)); });
+    app.commands.bind("mlinecopy", [&t1] { t1.apply(duplicatedLines(t1, t1.anchorAndCaret())); });
+    app.commands.bind("mlinedelete", [&t1] { t1.apply(deletedLines(t1, t1.anchorAndCaret())); });
+    app.commands.bind("mkeepindent", [&app, &t1] {
+        keepIndentation(app, !t1.keepsIndentation());
+        writeSetting(app.store, keys::keepIndentation, t1.keepsIndentation() ? "yes" : "no");
+    });
+    keepIndentation(app, readSetting(app.store, keys::keepIndentation) != "no");
+}
+
+} // namespace kevra
