@@ -182,9 +182,14 @@ private:
         if (below(4) > 0)
             return;
         const bool tab = below(3) == 0;
-        m_bare.beginStroke(tab ? "typed space" : "typed \n");
         const auto seen = theirs();
+        const auto start = static_cast<std::size_t>(std::min(seen.anchor, seen.caret));
+        const auto end = static_cast<std::size_t>(std::max(seen.anchor, seen.caret));
+        const bool indents = tab && seen.text.substr(start, end - start).find('\n') != std::string::npos;
+        m_bare.beginStroke(indents ? "command" : tab ? "typed space" : "typed \n");
         press(tab ? Qt::Key_Tab : Qt::Key_Return, Qt::NoModifier);
+        if (indents)
+            m_bare.endStep();
         if (!tab && m_content == Content::Script)
             m_bare.SendScintilla(Sci::SCI_REPLACESEL, 0UL, blanksBefore(seen).c_str());
     }
