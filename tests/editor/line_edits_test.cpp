@@ -2,8 +2,8 @@
 #include "editor/line_edits.h"
 
 #include "editor/memory_surface.h"
-#include "fakes/marked_text.h"
 #include "editor/nearby.h"
+#include "fakes/marked_text.h"
 
 #include <gtest/gtest.h>
 
@@ -57,9 +57,9 @@ TEST(LineEdits, LeaveTextAndSelection)
         {"a line becomes a comment", toggleScript, "\tDim |x\r\n", "\t'Dim |x\r\n"},
         {"all of them comments", toggleScript, "  '[a\r\n\r\n'b]", "  [a\r\n\r\nb]"},
         {"one of them not", toggleScript, "'[a\r\nb\r\n]c", "''[a\r\n'b\r\n]c"},
-        {"a page", togglePage, " [<p>\r\n</p>]\r\n", " <!-- [<p> -->\r\n<!-- </p>] -->\r\n"},
+        {"a page", togglePage, " [<p>\r\n</p>]\r\n", " [<!-- <p> -->\r\n<!-- </p>] -->\r\n"},
         {"no comment in a comment", togglePage, "[a\r\nb <!-- c -->\r\n]",
-            "<!-- [a -->\r\nb <!-- c -->\r\n]"},
+            "[<!-- a -->\r\nb <!-- c -->\r\n]"},
         {"off a page, without blanks too", togglePage, "|<!--a-->", "|a"},
         {"the last line up", moveUp, "a\r\nb\r\nc|", "a\r\nc|\r\nb"},
         {"to the end of the text", moveDown, "[a\r\n]b", "b\r\n[a]"},
