@@ -56,7 +56,7 @@ TextRange linesToRecolour(const EditorSurface &document, TextRange touched)
     while (document.ColourAt(lines.start - 1) == colours::placeholder)
         lines.start = lineStart(document, lines.start - 1);
     while (document.ColourAt(lines.end) == colours::placeholder)
-        lines.end = linesOf(document, {lines.end + 2, lines.end + 2}).end;
+        lines.end = linesOf(document, {lines.end + 1, lines.end + 1}).end;
     return lines;
 }
 
