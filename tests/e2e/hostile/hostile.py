@@ -113,12 +113,12 @@ def pages(web, secret):
                         "f.contentDocument.body.innerHTML='mine'; f.contentWindow.getSelection().selectAllChildren("
                         "f.contentDocument.body); f.contentDocument.execCommand('copy')"}.items()},
         # The one page that means no harm: what it is made of has to be there.
-        "shown": "<link rel=stylesheet href=beside.css><p>x</p><img src='beside.png'><iframe src='beside.html'></iframe>"
+        "shown": "<script>onmessage=e=>window.framed=e.data</script>"
+                 "<link rel=stylesheet href=beside.css><p>x</p><img src='beside.png'><iframe src='beside.html'></iframe>"
                  "<script src=beside.js></script><script type=module>import {loaded} from './beside.mjs';"
                  "setInterval(()=>{const p=document.querySelector('p'); document.title=["
                  "document.images[0].naturalWidth==1&&'picture', getComputedStyle(p).width=='55px'&&'style',"
-                 "window.loaded&&'script', loaded&&'module', window.framed].join(' ')},50)</script>"
-                 "<script>onmessage=e=>window.framed=e.data</script>",
+                 "window.loaded&&'script', loaded&&'module', window.framed].join(' ')},50)</script>",
         **{"pixels-" + name: f"<img {more} src='beside.png'>" + script(
             "document.images[0].onload=e=>{const c=document.createElement('canvas').getContext('2d');"
             "c.drawImage(e.target,0,0); c.getImageData(0,0,1,1); document.title='TOP-SECRET'}")
