@@ -20,7 +20,7 @@ protected:
     static TextSnapshot text(const std::string &path, const std::string &bytes)
     {
         static const auto none = std::make_shared<const std::string>();
-        return {path, {{}, none, TextKind::Page}, bytes};
+        return {path, {{}, none, TextKind::Page, {}}, bytes};
     }
     RecoveryStoreQt &open() { return m_store.emplace(RecoveryStoreQt::Folders{state, {spare}}, backups); }
     /// As a kill does: the lock goes, the files stay.
