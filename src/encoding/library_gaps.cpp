@@ -57,7 +57,8 @@ std::string exchanged(std::string text, Encoding encoding, char32_t Replaced::*f
     std::string out;
     out.reserve(text.size());
     for (std::string_view rest = text; !rest.empty();) {
-        const auto [value, length] = firstCharacter(rest);
+        const auto [first, length] = firstCharacter(rest);
+        const char32_t value = first; // a copy: Clang captures no binding
         const auto is = [&](char32_t Replaced::*side) {
             return std::ranges::find_if(
                 replaced, [&](const auto &row) { return row.encoding == encoding && row.*side == value; });
