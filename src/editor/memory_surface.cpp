@@ -46,7 +46,11 @@ void MemorySurface::Replace(TextRange range, std::string_view text)
     m_text.replace(static_cast<std::size_t>(part.start), static_cast<std::size_t>(part.length()), text);
     const auto end = part.start + static_cast<Offset>(text.size());
     const auto lineCount = static_cast<std::size_t>(GetLineFromChar(Length()) + 1);
-    m_unfinished.insert(m_unfinished.begin() + next, lineCount - m_unfinished.size(), false);
+    // A line end cut in half counts as two, one put together again as one: there may be fewer lines than
+    // kept.
+    if (lineCount > m_unfinished.size())
+        m_unfinished.insert(m_unfinished.begin() + next, lineCount - m_unfinished.size(), false);
+    m_unfinished.resize(lineCount);
     m_selection = {end, end};
 }
 

@@ -33,7 +33,8 @@ class Workshop:
         shutil.copy(kevra, self.program)
         shutil.copy(driver, self.driver)
         # What the preview loads when a page is asked for.
-        shutil.copy(os.path.join(os.path.dirname(kevra), "libkevra_preview.so"), os.path.dirname(self.program))
+        for part in ("libkevra_preview.so", "kevra-page-process"):
+            shutil.copy(os.path.join(os.path.dirname(kevra), part), os.path.dirname(self.program))
         self.count = 0
 
     def folder(self, user=None):
