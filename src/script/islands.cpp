@@ -72,8 +72,11 @@ private:
     void eventAttributes(const Tag &tag);
     void serverPartsOf(TextRange range);
     static void add(Island &island, Piece piece);
+    /// What is empty need not lie in the text: an attribute without a value has none.
     [[nodiscard]] TextRange rangeOf(std::string_view part) const
     {
+        if (part.empty())
+            return {};
         const auto start = static_cast<Offset>(part.data() - m_text.data());
         return {start, start + static_cast<Offset>(part.size())};
     }
@@ -250,7 +253,8 @@ void IslandFinder::eventAttributes(const Tag &tag)
 {
     constexpr std::string_view prefix = "vbscript:";
     for (const auto &attribute : tag.attributes) {
-        if (attribute.name.size() < 4 || !sameWord(attribute.name.substr(0, 2), "on"))
+        if (attribute.name.size() < 4 || attribute.value.empty()
+            || !sameWord(attribute.name.substr(0, 2), "on"))
             continue;
         const bool prefixed = sameWord(trimmed(attribute.value).substr(0, prefix.size()), prefix);
         const bool declared = languageOf(tag) == Language::VBScript;

@@ -68,6 +68,7 @@ TEST(ScriptIslands, FindsTheScriptOfEachKindOfFile)
             "<script language=vbscript>a = <%=b%></script><script language=vbscript>c</script>",
             "@|=b|;?|c|;"},
         {FileKind::ServerPage, "<% x", "@| x|;"},
+        {FileKind::ServerPage, "<script language=vbscript>x</script><p onclick>", "|x|;"},
         {FileKind::HostFile,
             "<package><job id='a'><object id='o' progid='P.Q'/><script language='VBScript' src='b.vbs'/>"
             "<script language='VBScript'><![CDATA[ x < y ]]></script></job><job id='c'><script "
