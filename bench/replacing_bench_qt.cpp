@@ -6,7 +6,7 @@
 #include "editor/editor_control_qt.h"
 #include "find/find_commands.h"
 #include "find/multi_replace.h"
-#include "storage/file_store_qt.h"
+#include "storage/file_store_posix.h"
 
 #include <QApplication>
 #include <QFile>
@@ -203,7 +203,7 @@ void inFiles(int count)
 {
     const QTemporaryDir folder;
     const auto text = page(linesOfAFile);
-    FileStoreQt files(folder.filePath("state").toStdString());
+    FileStorePosix files(folder.filePath("state").toStdString(), folder.path().toStdString());
     std::vector<std::string> paths;
     for (int i = 0; i < count; ++i) {
         paths.push_back(folder.filePath(QString("%1.html").arg(i)).toStdString());

@@ -1,17 +1,19 @@
 # The libraries of the project, one a folder, and the walls between them.
 #
-# kevra_library(NAME [QT] [HEADERS file...] [SOURCES file...] [PUBLIC library...] [PRIVATE library...])
+# kevra_library(NAME [QT|POSIX] [HEADERS file...] [SOURCES file...] [PUBLIC library...] [PRIVATE library...])
 #   The library of the current folder. PUBLIC names the libraries that its headers include, PRIVATE those that only
 #   its sources do. Without SOURCES it is made of headers alone.
-#   QT: the folder's windows, and its Qt forms of ports. It exists only in a build with KEVRA_GUI. Without QT there is
-#   no Qt on the include path.
+#   QT: the folder's windows, and its Qt forms of ports; exists only in a build with KEVRA_GUI. Without QT there is no
+#   Qt on the include path.
+#   POSIX: the forms of its ports that call a POSIX system; exists only there.
 #   HEADERS: those of the folder that are the library's; by default *_qt.h, *_window.h, *_dialog.h and *_panel.h with
-#   QT, and without it all the others that no library before it has claimed.
+#   QT, *_posix.h with POSIX, and without either all the others that no library before it has claimed.
 #
 # A library's include path holds its own headers and those of the libraries it links, each as a link to the source
 # file; a folder that includes what it does not link does not build.
 set(KEVRA_INCLUDE ${PROJECT_BINARY_DIR}/include)
-set(KEVRA_QT_HEADER "_(qt|posix|window|dialog|panel)\\.h$")
+set(KEVRA_QT_HEADER "_(qt|window|dialog|panel)\\.h$")
+set(KEVRA_POSIX_HEADER "_posix\\.h$")
 
 # Makes DIRECTORY hold links to these headers of the current folder and nothing else.
 function(kevra_link_headers directory)
@@ -33,16 +35,18 @@ function(kevra_link_headers directory)
 endfunction()
 
 function(kevra_library name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "HEADERS;SOURCES;PUBLIC;PRIVATE")
-    if(arg_QT AND NOT KEVRA_GUI)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT;POSIX" "" "HEADERS;SOURCES;PUBLIC;PRIVATE")
+    if((arg_QT AND NOT KEVRA_GUI) OR (arg_POSIX AND NOT UNIX))
         return()
     endif()
     if(NOT arg_HEADERS)
         file(GLOB arg_HEADERS CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} *.h)
         if(arg_QT)
             list(FILTER arg_HEADERS INCLUDE REGEX ${KEVRA_QT_HEADER})
+        elseif(arg_POSIX)
+            list(FILTER arg_HEADERS INCLUDE REGEX ${KEVRA_POSIX_HEADER})
         else()
-            list(FILTER arg_HEADERS EXCLUDE REGEX ${KEVRA_QT_HEADER})
+            list(FILTER arg_HEADERS EXCLUDE REGEX "${KEVRA_QT_HEADER}|${KEVRA_POSIX_HEADER}")
             get_property(claimed DIRECTORY PROPERTY KEVRA_CLAIMED_HEADERS)
             list(REMOVE_ITEM arg_HEADERS ${claimed})
         endif()

@@ -19,8 +19,8 @@
 #include "settings/options_shown.h"
 #include "settings/settings_store_qt.h"
 #include "settings/stored_settings.h"
-#include "storage/backup_store_qt.h"
-#include "storage/file_store_qt.h"
+#include "storage/backup_store_posix.h"
+#include "storage/file_store_posix.h"
 
 #include <QtCore/QTimer>
 
@@ -66,8 +66,8 @@ public:
     ColourDialogQt colourDialog;
     ClipboardQt clipboard;
     ProgramFolders folders;
-    BackupStoreQt backups{folders.autosave + "/backups"};
-    FileStoreQt files{folders.autosave + "/recovery"};
+    BackupStorePosix backups{folders.autosave + "/backups"};
+    FileStorePosix files{folders.autosave + "/recovery", documentsFolder()};
     DocumentFile file{files, backups}; ///< of the document in the main window
     SessionSteps session;
     /// Judges the script line that Return has ended; set by the checker.

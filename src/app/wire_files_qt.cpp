@@ -14,7 +14,7 @@
 #include "document/recovery_journal.h"
 #include "document/recovery_offer.h"
 #include "document/save_commands.h"
-#include "storage/recovery_store_qt.h"
+#include "storage/recovery_store_posix.h"
 
 #include <QtGui/QSessionManager>
 #include <QtWidgets/QApplication>
@@ -57,7 +57,7 @@ private:
 
     Application &m_app;
     EditorControl &m_document;
-    RecoveryStoreQt m_store;
+    RecoveryStorePosix m_store;
     RecoveryJournal m_journal;
     FileCommandPorts m_ports;
     DocumentColouring m_colouring;

@@ -5,7 +5,7 @@
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/message_box_reference_window.h"
-#include "preview/page_notes_qt.h"
+#include "preview/page_notes_posix.h"
 #include "preview/preview_commands.h"
 
 #include <QtCore/QDir>
@@ -39,7 +39,7 @@ private:
     }
 
     Application &m_app;
-    PageNotesQt m_notes;
+    PageNotesPosix m_notes;
     QPointer<BrowserWindow> m_window; ///< the application's
     std::unique_ptr<BrowserControlQt> m_control;
     std::unique_ptr<PreviewCommands> m_commands;

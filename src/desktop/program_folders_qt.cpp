@@ -64,6 +64,11 @@ ProgramFolders programFolders()
     return folders;
 }
 
+std::string documentsFolder()
+{
+    return pathBytes(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
 std::string assetPath(const std::string &name)
 {
     const auto file = pathText(name);

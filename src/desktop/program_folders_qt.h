@@ -17,6 +17,8 @@ struct ProgramFolders {
 };
 
 [[nodiscard]] ProgramFolders programFolders();
+/// The folder where the user keeps documents.
+[[nodiscard]] std::string documentsFolder();
 
 /// The full path of a help page or of the template: beside the executable, else in the user's data folder,
 /// else in the installed one. When there is none, where it was expected first.

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/browser_control_qt.h"
 
+#include "desktop/program_folders_qt.h"
 #include "desktop/text_qt.h"
 #include "preview/browser_window.h"
 #include "preview/page_clipboard_qt.h"
 #include "preview/preview_commands.h"
-#include "storage/native_path_qt.h"
+#include "storage/native_path.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -147,9 +148,10 @@ bool BrowserControlQt::navigate(const std::string &path, const PageScope &scope)
 {
     if (!loadEngine())
         return false;
-    m_scope = {resolved(nativePath(scope.folder)), resolved(nativePath(scope.site))};
+    m_scope = {resolved(nativePath(scope.folder, documentsFolder())),
+        resolved(nativePath(scope.site, documentsFolder()))};
     m_askedPath = path;
-    m_askedUrl = addressOfFile(nativePath(path));
+    m_askedUrl = addressOfFile(nativePath(path, documentsFolder()));
     m_routes = PageRoutes(newSignature());
     m_engine->navigate(urlOf(m_routes.document(pageAddress(m_askedUrl))));
     if (std::exchange(m_zoomedPath, path) != path)

@@ -3,7 +3,7 @@
 
 #include "desktop/text_qt.h"
 #include "encoding/detection.h"
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QMimeDatabase>

@@ -3,7 +3,7 @@
 
 #include "desktop/text_qt.h"
 #include "settings/ini_text.h"
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QStandardPaths>

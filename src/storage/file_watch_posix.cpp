@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/file_watch_posix.h"
 
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <array>
 #include <cerrno>

@@ -3,7 +3,7 @@
 // program, so that what a dead one left is told from what a live one writes.
 #pragma once
 
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <cstdint>
 #include <string>

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/sequence_posix.h"
 
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <charconv>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <tuple>
 
 namespace kevra {
 namespace {

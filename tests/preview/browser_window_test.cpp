@@ -7,7 +7,7 @@
 #include "preview/browser_control_qt.h"
 #include "preview/message_box_reference_window.h"
 #include "preview/preview_commands.h"
-#include "storage/file_store_qt.h"
+#include "storage/file_store_posix.h"
 
 #include <gtest/gtest.h>
 
@@ -74,7 +74,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    FileStoreQt disk{folder.path().toStdString()};
+    FileStorePosix disk{folder.path().toStdString(), folder.path().toStdString()};
     DocumentFile fileOnDisk{disk, backups};
     BrowserWindow window;
     BrowserControlQt control{window};

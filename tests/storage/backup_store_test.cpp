@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/backup_store_qt.h"
+#include "storage/backup_store_posix.h"
 #include "storage/file_watch_posix.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ TEST(BackupStore, KnowsWhereATextBelongsAndWhyAndIsPrivate)
     QTemporaryDir folder;
     const auto place = folder.path().toStdString() + "/backups";
     const auto mask = ::umask(0);
-    BackupStoreQt store(place);
+    BackupStorePosix store(place);
     EXPECT_TRUE(store.keep("/site/page.htm", "first", KeptReason::Replaced));
     EXPECT_TRUE(store.keep("/other/page.htm", "second", KeptReason::GivenUp));
     ::umask(mask);

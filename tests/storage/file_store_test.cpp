@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/atomic_write_qt.h"
-#include "storage/backup_store_qt.h"
+#include "storage/atomic_write_posix.h"
+#include "storage/backup_store_posix.h"
 #include "storage/checksummed_record.h"
-#include "storage/file_store_qt.h"
-#include "storage/in_place_write_qt.h"
+#include "storage/file_store_posix.h"
+#include "storage/in_place_write_posix.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ protected:
     QTemporaryDir folder;
     std::string root = folder.path().toStdString();
     std::string state = root + "/state";
-    FileStoreQt store{state};
+    FileStorePosix store{state, root};
 };
 
 TEST_F(FileStoreOnDisk, WritesUnderTheLongestNameAndThroughALinkThatLeadsNowhere)
@@ -124,7 +124,7 @@ TEST_F(FileStoreOnDisk, TheProgramsOwnFilesAreNobodyElsesWhateverTheMask)
     const auto open = put("kevratemp.html", "theirs");
     ::chmod(open.c_str(), 0666);
     EXPECT_EQ(store.writePrivate(open, "page"), Saved::Ok);
-    EXPECT_TRUE(BackupStoreQt(path("backups")).keep("page.htm", "old"));
+    EXPECT_TRUE(BackupStorePosix(path("backups")).keep("page.htm", "old"));
     ::umask(mask);
     EXPECT_EQ(fs::status(open).permissions(), fs::perms(0600));
     EXPECT_EQ(fs::status(path("backups")).permissions(), fs::perms(0700));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/recovery_store_qt.h"
+#include "storage/recovery_store_posix.h"
 
 #include "fakes/document_fixture.h"
 
@@ -22,7 +22,10 @@ protected:
         static const auto none = std::make_shared<const std::string>();
         return {path, {{}, none, TextKind::Page, {}}, bytes};
     }
-    RecoveryStoreQt &open() { return m_store.emplace(RecoveryStoreQt::Folders{state, {spare}}, backups); }
+    RecoveryStorePosix &open()
+    {
+        return m_store.emplace(RecoveryStorePosix::Folders{state, {spare}}, backups);
+    }
     /// As a kill does: the lock goes, the files stay.
     void kill()
     {
@@ -51,7 +54,7 @@ protected:
 
 private:
     std::error_code m_ignored;
-    std::optional<RecoveryStoreQt> m_store;
+    std::optional<RecoveryStorePosix> m_store;
 };
 
 using Texts = std::vector<std::string>;

@@ -10,7 +10,7 @@
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/preview_commands.h"
-#include "storage/file_store_qt.h"
+#include "storage/file_store_posix.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QtWidgets>
@@ -121,7 +121,7 @@ private:
     QString m_folder;
     QWidget m_main;
     DocumentFixture m_fixture;
-    FileStoreQt m_files{m_folder.toStdString()};
+    FileStorePosix m_files{m_folder.toStdString(), m_folder.toStdString()};
     DocumentFile m_file{m_files, m_fixture.backups};
     BrowserWindow m_window;
     BrowserControlQt m_control{m_window};

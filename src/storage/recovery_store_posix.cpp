@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/recovery_store_qt.h"
+#include "storage/recovery_store_posix.h"
 
-#include "storage/atomic_write_qt.h"
+#include "storage/atomic_write_posix.h"
 #include "storage/checksummed_record.h"
-#include "storage/in_place_write_qt.h"
+#include "storage/in_place_write_posix.h"
 
 #include <algorithm>
 #include <charconv>
@@ -23,7 +23,7 @@ constexpr auto savedName = "saved";
 constexpr std::string_view sinceSaved = "saved"; ///< the document has been, after it
 constexpr std::string_view isTheDocument = "document"; ///< the user has saved under this name
 
-std::vector<RecordFolder> recordFolders(const RecoveryStoreQt::Folders &folders)
+std::vector<RecordFolder> recordFolders(const RecoveryStorePosix::Folders &folders)
 {
     std::vector<RecordFolder> all;
     all.emplace_back(folders.state + "/recovery", RecordFolder::Place::Private);
@@ -51,7 +51,7 @@ std::optional<RecoveryRecord> recordIn(const std::string &file)
 } // namespace
 
 /// An autosave file with what is known of it.
-struct RecoveryStoreQt::Autosaved {
+struct RecoveryStorePosix::Autosaved {
     std::string bytes;
     std::string path; ///< of the document; empty for new work
     std::uint64_t sequence = 0; ///< 0: nothing but the bytes is known
@@ -64,7 +64,8 @@ struct RecoveryStoreQt::Autosaved {
     }
 };
 
-RecoveryStoreQt::RecoveryStoreQt(Folders folders, BackupStore &backups, std::function<void()> outcomeChanged)
+RecoveryStorePosix::RecoveryStorePosix(
+    Folders folders, BackupStore &backups, std::function<void()> outcomeChanged)
     : m_stateFolder(folders.state)
     , m_folders(recordFolders(folders))
     , m_sequence(records().path() + "/sequence")
@@ -77,25 +78,25 @@ RecoveryStoreQt::RecoveryStoreQt(Folders folders, BackupStore &backups, std::fun
         findLeftovers(folder);
 }
 
-RecoveryStoreQt::~RecoveryStoreQt()
+RecoveryStorePosix::~RecoveryStorePosix()
 {
     m_writer.finish();
     for (auto &folder : m_folders)
         folder.close();
 }
 
-std::string RecoveryStoreQt::autosaveFile(int number) const
+std::string RecoveryStorePosix::autosaveFile(int number) const
 {
     return m_stateFolder + (number == 1 ? "/autosave" : "/autosave-" + std::to_string(number)) + ".txt";
 }
 
-void RecoveryStoreQt::notePassedOver(const std::string &file)
+void RecoveryStorePosix::notePassedOver(const std::string &file)
 {
     if (isOddFile(file))
         m_passedOver.push_back(file);
 }
 
-void RecoveryStoreQt::findLeftovers(RecordFolder &folder)
+void RecoveryStorePosix::findLeftovers(RecordFolder &folder)
 {
     if (!folder.exists()) {
         struct stat status { };
@@ -121,7 +122,7 @@ void RecoveryStoreQt::findLeftovers(RecordFolder &folder)
         putLeftoversAside(folder, number);
 }
 
-std::optional<RecoveryStoreQt::Autosaved> RecoveryStoreQt::autosavedBy(int number) const
+std::optional<RecoveryStorePosix::Autosaved> RecoveryStorePosix::autosavedBy(int number) const
 {
     auto bytes = regularContent(autosaveFile(number));
     if (!bytes)
@@ -138,7 +139,7 @@ std::optional<RecoveryStoreQt::Autosaved> RecoveryStoreQt::autosavedBy(int numbe
     return text;
 }
 
-void RecoveryStoreQt::takeCrashRecord(const std::string &record, const std::string &crash)
+void RecoveryStorePosix::takeCrashRecord(const std::string &record, const std::string &crash)
 {
     const auto last = recordIn(crash);
     if (!last)
@@ -149,7 +150,7 @@ void RecoveryStoreQt::takeCrashRecord(const std::string &record, const std::stri
     ::rename(crash.c_str(), record.c_str());
 }
 
-void RecoveryStoreQt::putLeftoversAside(RecordFolder &folder, int number)
+void RecoveryStorePosix::putLeftoversAside(RecordFolder &folder, int number)
 {
     const bool ours = number == folder.number();
     const auto held = ours ? FileHandle() : folder.lock(number);
@@ -191,7 +192,7 @@ void RecoveryStoreQt::putLeftoversAside(RecordFolder &folder, int number)
         ::unlink(folder.file(number, ".lock").c_str());
 }
 
-void RecoveryStoreQt::toBackups(const std::string &file, const std::string &as, KeptReason reason)
+void RecoveryStorePosix::toBackups(const std::string &file, const std::string &as, KeptReason reason)
 {
     const auto bytes = regularContent(file);
     const auto record = bytes ? readRecord(*bytes) : std::nullopt;
@@ -201,7 +202,7 @@ void RecoveryStoreQt::toBackups(const std::string &file, const std::string &as, 
         ::unlink(file.c_str());
 }
 
-Saved RecoveryStoreQt::writeText(const TextSnapshot &snapshot, const char *kind)
+Saved RecoveryStorePosix::writeText(const TextSnapshot &snapshot, const char *kind)
 {
     const auto bytes = recordBytes(snapshot, m_sequence.next());
     std::optional<Saved> failure;
@@ -218,36 +219,36 @@ Saved RecoveryStoreQt::writeText(const TextSnapshot &snapshot, const char *kind)
     return *failure;
 }
 
-void RecoveryStoreQt::removeRecordsBut(const RecordFolder *kept)
+void RecoveryStorePosix::removeRecordsBut(const RecordFolder *kept)
 {
     for (auto &folder : m_folders)
         if (folder.number() > 0 && &folder != kept)
             ::unlink(folder.ownFile(".record").c_str());
 }
 
-void RecoveryStoreQt::writeRecord(TextSnapshot snapshot)
+void RecoveryStorePosix::writeRecord(TextSnapshot snapshot)
 {
     m_writer.run(
         recordName, [this, snapshot = std::move(snapshot)] { return writeText(snapshot, ".record"); });
 }
 
-void RecoveryStoreQt::writeCrashRecord(const TextSnapshot &snapshot)
+void RecoveryStorePosix::writeCrashRecord(const TextSnapshot &snapshot)
 {
     std::ignore = writeText(snapshot, ".crash");
 }
 
-Saved RecoveryStoreQt::recordOutcome() const
+Saved RecoveryStorePosix::recordOutcome() const
 {
     return m_writer.outcome(recordName);
 }
 
-void RecoveryStoreQt::removeRecord()
+void RecoveryStorePosix::removeRecord()
 {
     m_writer.drop(recordName);
     removeRecordsBut(nullptr);
 }
 
-bool RecoveryStoreQt::setRecordAside()
+bool RecoveryStorePosix::setRecordAside()
 {
     m_writer.finish();
     if (recordOutcome() != Saved::Ok)
@@ -262,20 +263,20 @@ bool RecoveryStoreQt::setRecordAside()
     return true;
 }
 
-bool RecoveryStoreQt::autosaveIsDocument() const
+bool RecoveryStorePosix::autosaveIsDocument() const
 {
     const auto there = autosavedBy(m_folders.front().number());
     return there && there->standing == isTheDocument;
 }
 
-Saved RecoveryStoreQt::noteAutosave(
+Saved RecoveryStorePosix::noteAutosave(
     const std::string &path, std::string_view standing, std::string_view bytes)
 {
     return writePrivately(records().ownFile(".autosave"),
         withChecksum({path, std::string(standing), std::to_string(fingerprint(bytes))}));
 }
 
-Saved RecoveryStoreQt::writeAutosaveFile(const TextSnapshot &snapshot)
+Saved RecoveryStorePosix::writeAutosaveFile(const TextSnapshot &snapshot)
 {
     // The record keeps the text as well.
     if (autosaveIsDocument())
@@ -287,7 +288,7 @@ Saved RecoveryStoreQt::writeAutosaveFile(const TextSnapshot &snapshot)
     return saved;
 }
 
-void RecoveryStoreQt::textSaved(const std::string &path)
+void RecoveryStorePosix::textSaved(const std::string &path)
 {
     if (records().number() > 0)
         m_writer.run(savedName, [this, path] {
@@ -296,7 +297,7 @@ void RecoveryStoreQt::textSaved(const std::string &path)
         });
 }
 
-void RecoveryStoreQt::noteSaved(const std::string &path)
+void RecoveryStorePosix::noteSaved(const std::string &path)
 {
     const auto there = autosavedBy(records().number());
     std::error_code missing;
@@ -306,14 +307,14 @@ void RecoveryStoreQt::noteSaved(const std::string &path)
         std::ignore = noteAutosave(path, sinceSaved, there->bytes);
 }
 
-void RecoveryStoreQt::writeAutosave(TextSnapshot snapshot)
+void RecoveryStorePosix::writeAutosave(TextSnapshot snapshot)
 {
     if (records().number() > 0)
         m_writer.run(
             autosaveName, [this, snapshot = std::move(snapshot)] { return writeAutosaveFile(snapshot); });
 }
 
-void RecoveryStoreQt::removeAutosave(bool written)
+void RecoveryStorePosix::removeAutosave(bool written)
 {
     if (records().number() == 0)
         return;
@@ -329,7 +330,7 @@ void RecoveryStoreQt::removeAutosave(bool written)
         toBackups(file, file);
 }
 
-std::vector<std::string> RecoveryStoreQt::list()
+std::vector<std::string> RecoveryStorePosix::list()
 {
     std::vector<std::pair<std::uint64_t, std::string>> texts;
     for (const auto &folder : m_folders) {
@@ -350,7 +351,7 @@ std::vector<std::string> RecoveryStoreQt::list()
     return paths;
 }
 
-std::optional<RecoveryRecord> RecoveryStoreQt::open(const std::string &text)
+std::optional<RecoveryRecord> RecoveryStorePosix::open(const std::string &text)
 {
     const auto bytes = regularContent(text);
     if (!bytes)
@@ -366,13 +367,13 @@ std::optional<RecoveryRecord> RecoveryStoreQt::open(const std::string &text)
     return record;
 }
 
-void RecoveryStoreQt::removeSaved(const std::string &text)
+void RecoveryStorePosix::removeSaved(const std::string &text)
 {
     ::unlink(text.c_str());
     m_claimed.erase(text);
 }
 
-void RecoveryStoreQt::discard(const std::string &text)
+void RecoveryStorePosix::discard(const std::string &text)
 {
     toBackups(text, text, KeptReason::GivenUp);
     m_claimed.erase(text);

@@ -15,15 +15,15 @@
 
 namespace kevra {
 
-class BackgroundWriterQt {
+class BackgroundWriter {
 public:
     using Job = std::function<Saved()>; ///< runs on the thread; owns all it needs
 
     /// `outcomeChanged` runs, on the thread or in drop(), when what outcome() answers has changed.
-    explicit BackgroundWriterQt(std::function<void()> outcomeChanged = [] {});
-    ~BackgroundWriterQt(); ///< everything handed in is tried first
-    BackgroundWriterQt(const BackgroundWriterQt &) = delete;
-    BackgroundWriterQt &operator=(const BackgroundWriterQt &) = delete;
+    explicit BackgroundWriter(std::function<void()> outcomeChanged = [] {});
+    ~BackgroundWriter(); ///< everything handed in is tried first
+    BackgroundWriter(const BackgroundWriter &) = delete;
+    BackgroundWriter &operator=(const BackgroundWriter &) = delete;
 
     /// Runs soon; of several waiting under one name only the last. A job that fails runs again every second
     /// until it succeeds, is replaced or dropped.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/in_place_write_qt.h"
+#include "storage/in_place_write_posix.h"
 
-#include "storage/atomic_write_qt.h"
+#include "storage/atomic_write_posix.h"
 #include "storage/checksummed_record.h"
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <algorithm>
 #include <atomic>

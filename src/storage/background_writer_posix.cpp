@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/background_writer_qt.h"
+#include "storage/background_writer_posix.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <iterator>
 #include <new>
+#include <utility>
 
 namespace kevra {
 
@@ -12,7 +14,7 @@ namespace {
 
 constexpr std::chrono::seconds retryInterval{1};
 
-Saved tried(const BackgroundWriterQt::Job &job)
+Saved tried(const BackgroundWriter::Job &job)
 {
     try {
         return job();
@@ -23,7 +25,7 @@ Saved tried(const BackgroundWriterQt::Job &job)
 
 } // namespace
 
-BackgroundWriterQt::BackgroundWriterQt(std::function<void()> outcomeChanged)
+BackgroundWriter::BackgroundWriter(std::function<void()> outcomeChanged)
     : m_outcomeChanged(std::move(outcomeChanged))
 {
     // Signals are the main thread's to answer.
@@ -35,7 +37,7 @@ BackgroundWriterQt::BackgroundWriterQt(std::function<void()> outcomeChanged)
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
-BackgroundWriterQt::~BackgroundWriterQt()
+BackgroundWriter::~BackgroundWriter()
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -45,7 +47,7 @@ BackgroundWriterQt::~BackgroundWriterQt()
     m_thread.join();
 }
 
-void BackgroundWriterQt::run(const std::string &name, Job job)
+void BackgroundWriter::run(const std::string &name, Job job)
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -55,7 +57,7 @@ void BackgroundWriterQt::run(const std::string &name, Job job)
     m_changed.notify_all();
 }
 
-void BackgroundWriterQt::drop(const std::string &name)
+void BackgroundWriter::drop(const std::string &name)
 {
     std::unique_lock lock(m_mutex);
     forget(name);
@@ -66,7 +68,7 @@ void BackgroundWriterQt::drop(const std::string &name)
         m_outcomeChanged();
 }
 
-void BackgroundWriterQt::finish()
+void BackgroundWriter::finish()
 {
     std::unique_lock lock(m_mutex);
     retryFailed();
@@ -74,14 +76,14 @@ void BackgroundWriterQt::finish()
     m_changed.wait(lock, [&] { return m_jobs.empty() && m_running.empty(); });
 }
 
-Saved BackgroundWriterQt::outcome(const std::string &name) const
+Saved BackgroundWriter::outcome(const std::string &name) const
 {
     const std::lock_guard lock(m_mutex);
     const auto it = m_outcomes.find(name);
     return it == m_outcomes.end() ? Saved::Ok : it->second;
 }
 
-void BackgroundWriterQt::loop()
+void BackgroundWriter::loop()
 {
     std::unique_lock lock(m_mutex);
     for (;;) {
@@ -97,7 +99,7 @@ void BackgroundWriterQt::loop()
     }
 }
 
-void BackgroundWriterQt::runNext(std::unique_lock<std::mutex> &lock)
+void BackgroundWriter::runNext(std::unique_lock<std::mutex> &lock)
 {
     auto next = std::move(m_jobs.front());
     m_jobs.pop_front();
@@ -118,7 +120,7 @@ void BackgroundWriterQt::runNext(std::unique_lock<std::mutex> &lock)
     lock.lock();
 }
 
-void BackgroundWriterQt::forget(const std::string &name)
+void BackgroundWriter::forget(const std::string &name)
 {
     const auto named = [&](const NamedJob &job) { return job.name == name; };
     std::erase_if(m_jobs, named);
@@ -126,7 +128,7 @@ void BackgroundWriterQt::forget(const std::string &name)
     m_replaced = m_replaced || m_running == name;
 }
 
-void BackgroundWriterQt::retryFailed()
+void BackgroundWriter::retryFailed()
 {
     std::ranges::move(m_failed, std::back_inserter(m_jobs));
     m_failed.clear();

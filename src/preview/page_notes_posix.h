@@ -2,14 +2,14 @@
 #pragma once
 
 #include "preview/page_notes.h"
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 namespace kevra {
 
 /// A file for each program that shows a page, locked as long as the program runs.
-class PageNotesQt : public PageNotes {
+class PageNotesPosix : public PageNotes {
 public:
-    explicit PageNotesQt(std::string folder); ///< created at the first page
+    explicit PageNotesPosix(std::string folder); ///< created at the first page
 
     void exclusively(const std::function<void()> &step) override;
     [[nodiscard]] std::vector<Entry> all() const override;

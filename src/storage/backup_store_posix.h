@@ -7,9 +7,9 @@ namespace kevra {
 
 /// Copies in a folder of their own, named by time and file name, so that a user can find them; beside each a
 /// hidden file that says where it belongs and why it is kept. Nobody else may read them.
-class BackupStoreQt : public BackupStore, public VersionStore {
+class BackupStorePosix : public BackupStore, public VersionStore {
 public:
-    explicit BackupStoreQt(std::string folder); ///< created at the first copy
+    explicit BackupStorePosix(std::string folder); ///< created at the first copy
 
     bool keep(
         const std::string &path, std::string_view bytes, KeptReason reason = KeptReason::Replaced) override;

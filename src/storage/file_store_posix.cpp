@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/file_store_qt.h"
+#include "storage/file_store_posix.h"
 
-#include "storage/atomic_write_qt.h"
-#include "storage/file_handle_qt.h"
-#include "storage/in_place_write_qt.h"
-#include "storage/native_path_qt.h"
+#include "storage/atomic_write_posix.h"
+#include "storage/file_handle_posix.h"
+#include "storage/in_place_write_posix.h"
+#include "storage/native_path.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -33,26 +33,32 @@ bool mustStaySameFile(const struct stat &status)
 
 } // namespace
 
-FileStoreQt::FileStoreQt(std::string stateFolder)
+FileStorePosix::FileStorePosix(std::string stateFolder, std::string documents)
     : m_stateFolder(std::move(stateFolder))
+    , m_documents(std::move(documents))
 {
 }
 
-bool FileStoreQt::fileExists(const std::string &path) const
+std::string FileStorePosix::native(const std::string &path) const
 {
-    const auto status = statusOf(nativePath(path));
+    return nativePath(path, m_documents);
+}
+
+bool FileStorePosix::fileExists(const std::string &path) const
+{
+    const auto status = statusOf(native(path));
     return status && S_ISREG(status->st_mode);
 }
 
-bool FileStoreQt::folderExists(const std::string &path) const
+bool FileStorePosix::folderExists(const std::string &path) const
 {
-    const auto status = statusOf(nativePath(path));
+    const auto status = statusOf(native(path));
     return status && S_ISDIR(status->st_mode);
 }
 
-std::optional<FileStamp> FileStoreQt::stamp(const std::string &path) const
+std::optional<FileStamp> FileStorePosix::stamp(const std::string &path) const
 {
-    const auto status = statusOf(nativePath(path));
+    const auto status = statusOf(native(path));
     if (!status || !S_ISREG(status->st_mode))
         return std::nullopt;
     return FileStamp{std::int64_t{status->st_mtim.tv_sec} * 1'000'000'000 + status->st_mtim.tv_nsec,
@@ -60,9 +66,9 @@ std::optional<FileStamp> FileStoreQt::stamp(const std::string &path) const
         std::int64_t{status->st_ctim.tv_sec} * 1'000'000'000 + status->st_ctim.tv_nsec};
 }
 
-std::optional<std::string> FileStoreQt::read(const std::string &path) const
+std::optional<std::string> FileStorePosix::read(const std::string &path) const
 {
-    const auto file = openFile(nativePath(path), O_RDONLY);
+    const auto file = openFile(native(path), O_RDONLY);
     struct stat status { };
     if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
@@ -73,23 +79,23 @@ std::optional<std::string> FileStoreQt::read(const std::string &path) const
     }
 }
 
-Saved FileStoreQt::write(const std::string &path, std::string_view bytes)
+Saved FileStorePosix::write(const std::string &path, std::string_view bytes)
 {
     return put(path, bytes, {});
 }
 
-Saved FileStoreQt::replace(const std::string &path, std::string_view bytes)
+Saved FileStorePosix::replace(const std::string &path, std::string_view bytes)
 {
     return putOverReadOnly(path, bytes, {});
 }
 
-Saved FileStoreQt::save(
+Saved FileStorePosix::save(
     const std::string &path, std::string_view bytes, bool overReadOnly, const Replaced &replaced)
 {
     return overReadOnly ? putOverReadOnly(path, bytes, replaced) : put(path, bytes, replaced);
 }
 
-Saved FileStoreQt::putInPlace(const std::string &target, std::string_view bytes, const Replaced &replaced)
+Saved FileStorePosix::putInPlace(const std::string &target, std::string_view bytes, const Replaced &replaced)
 {
     InPlace about{replaced, {}};
     const auto saved = writeInPlace(target, bytes, m_stateFolder, about);
@@ -97,9 +103,9 @@ Saved FileStoreQt::putInPlace(const std::string &target, std::string_view bytes,
     return saved;
 }
 
-Saved FileStoreQt::put(const std::string &path, std::string_view bytes, const Replaced &replaced)
+Saved FileStorePosix::put(const std::string &path, std::string_view bytes, const Replaced &replaced)
 {
-    const auto target = linkTarget(nativePath(path));
+    const auto target = linkTarget(native(path));
     if (target.empty() || target.ends_with('/'))
         return Saved::Failed;
     const auto status = statusOf(target);
@@ -119,9 +125,10 @@ Saved FileStoreQt::put(const std::string &path, std::string_view bytes, const Re
     return saved == Saved::Denied && status ? putInPlace(target, bytes, replaced) : saved;
 }
 
-Saved FileStoreQt::putOverReadOnly(const std::string &path, std::string_view bytes, const Replaced &replaced)
+Saved FileStorePosix::putOverReadOnly(
+    const std::string &path, std::string_view bytes, const Replaced &replaced)
 {
-    const auto target = linkTarget(nativePath(path));
+    const auto target = linkTarget(native(path));
     const auto status = statusOf(target);
     if (!status || !S_ISREG(status->st_mode) || isWritable(target))
         return put(path, bytes, replaced);
@@ -133,34 +140,34 @@ Saved FileStoreQt::putOverReadOnly(const std::string &path, std::string_view byt
     return saved;
 }
 
-Saved FileStoreQt::writeCopy(const std::string &original, const std::string &path, std::string_view bytes)
+Saved FileStorePosix::writeCopy(const std::string &original, const std::string &path, std::string_view bytes)
 {
-    const auto status = statusOf(nativePath(original));
+    const auto status = statusOf(native(original));
     if (!status)
         return savedFromErrno();
-    return writeAtomically(nativePath(path), bytes, &*status);
+    return writeAtomically(native(path), bytes, &*status);
 }
 
-Saved FileStoreQt::writePrivate(const std::string &path, std::string_view bytes)
+Saved FileStorePosix::writePrivate(const std::string &path, std::string_view bytes)
 {
-    return writePrivately(nativePath(path), bytes);
+    return writePrivately(native(path), bytes);
 }
 
-bool FileStoreQt::remove(const std::string &path)
+bool FileStorePosix::remove(const std::string &path)
 {
-    const auto native = nativePath(path);
+    const auto file = native(path);
     struct stat status { };
-    if (::lstat(native.c_str(), &status) != 0)
+    if (::lstat(file.c_str(), &status) != 0)
         return errno == ENOENT;
     if (!S_ISREG(status.st_mode) && !S_ISLNK(status.st_mode))
         return false;
-    return ::unlink(native.c_str()) == 0 || errno == ENOENT;
+    return ::unlink(file.c_str()) == 0 || errno == ENOENT;
 }
 
-bool FileStoreQt::rename(const std::string &from, const std::string &to)
+bool FileStorePosix::rename(const std::string &from, const std::string &to)
 {
-    const auto source = nativePath(from);
-    const auto target = nativePath(to);
+    const auto source = native(from);
+    const auto target = native(to);
     if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
         return true;
     // Some network file systems do not know the flag.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <array>
 #include <cerrno>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "preview/page_notes_qt.h"
+#include "preview/page_notes_posix.h"
 
-#include "storage/atomic_write_qt.h"
+#include "storage/atomic_write_posix.h"
 
 #include <chrono>
 #include <fcntl.h>
@@ -32,12 +32,12 @@ void lockSoon(const FileHandle &file)
 
 } // namespace
 
-PageNotesQt::PageNotesQt(std::string folder)
+PageNotesPosix::PageNotesPosix(std::string folder)
     : m_folder(std::move(folder))
 {
 }
 
-void PageNotesQt::exclusively(const std::function<void()> &step)
+void PageNotesPosix::exclusively(const std::function<void()> &step)
 {
     std::error_code error;
     if (fs::create_directories(m_folder, error))
@@ -47,7 +47,7 @@ void PageNotesQt::exclusively(const std::function<void()> &step)
     step();
 }
 
-std::vector<PageNotes::Entry> PageNotesQt::all() const
+std::vector<PageNotes::Entry> PageNotesPosix::all() const
 {
     std::vector<Entry> entries;
     std::error_code error;
@@ -63,14 +63,14 @@ std::vector<PageNotes::Entry> PageNotesQt::all() const
     return entries;
 }
 
-std::string PageNotesQt::own() const
+std::string PageNotesPosix::own() const
 {
     // Another program may have dropped it, and a third one taken the name.
     struct stat status { };
     return m_lock && ::fstat(m_lock.get(), &status) == 0 && status.st_nlink > 0 ? m_own : std::string();
 }
 
-void PageNotesQt::write(const PageNote &note)
+void PageNotesPosix::write(const PageNote &note)
 {
     if (own().empty()) {
         int number = 1;
@@ -83,7 +83,7 @@ void PageNotesQt::write(const PageNote &note)
     lockSoon(m_lock);
 }
 
-void PageNotesQt::drop(const std::string &name)
+void PageNotesPosix::drop(const std::string &name)
 {
     if (name.empty())
         return;

@@ -8,10 +8,11 @@
 
 namespace kevra {
 
-class FileStoreQt : public FileStore {
+class FileStorePosix : public FileStore {
 public:
-    /// `stateFolder` keeps copies while a file is written in place.
-    explicit FileStoreQt(std::string stateFolder);
+    /// `stateFolder` keeps copies while a file is written in place. `documents` is the user's folder for
+    /// documents.
+    FileStorePosix(std::string stateFolder, std::string documents);
 
     [[nodiscard]] bool fileExists(const std::string &path) const override;
     [[nodiscard]] bool folderExists(const std::string &path) const override;
@@ -37,7 +38,10 @@ private:
     [[nodiscard]] Saved putInPlace(
         const std::string &target, std::string_view bytes, const Replaced &replaced);
 
+    [[nodiscard]] std::string native(const std::string &path) const;
+
     std::string m_stateFolder;
+    std::string m_documents;
     std::string m_safetyCopy;
     std::set<std::string> m_swept; ///< folders without what a killed save has left
 };

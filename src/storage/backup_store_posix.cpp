@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/backup_store_qt.h"
+#include "storage/backup_store_posix.h"
 
-#include "storage/atomic_write_qt.h"
+#include "storage/atomic_write_posix.h"
 #include "storage/backup_bounds.h"
 #include "storage/checksummed_record.h"
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 #include "text/paths.h"
 
 #include <algorithm>
@@ -48,12 +48,12 @@ std::string mark(const std::string &path)
 
 } // namespace
 
-BackupStoreQt::BackupStoreQt(std::string folder)
+BackupStorePosix::BackupStorePosix(std::string folder)
     : m_folder(std::move(folder))
 {
 }
 
-bool BackupStoreQt::keep(const std::string &path, std::string_view bytes, KeptReason reason)
+bool BackupStorePosix::keep(const std::string &path, std::string_view bytes, KeptReason reason)
 {
     std::error_code error;
     fs::create_directories(m_folder, error);
@@ -67,12 +67,12 @@ bool BackupStoreQt::keep(const std::string &path, std::string_view bytes, KeptRe
     return kept;
 }
 
-std::string BackupStoreQt::about(const std::string &name) const
+std::string BackupStorePosix::about(const std::string &name) const
 {
     return m_folder + "/." + name + ".about";
 }
 
-std::vector<Version> BackupStoreQt::copies() const
+std::vector<Version> BackupStorePosix::copies() const
 {
     std::vector<Version> copies;
     for (const auto &name : namesIn(m_folder)) {
@@ -85,7 +85,7 @@ std::vector<Version> BackupStoreQt::copies() const
     return copies;
 }
 
-std::vector<Version> BackupStoreQt::versions() const
+std::vector<Version> BackupStorePosix::versions() const
 {
     auto versions = copies();
     for (auto &version : versions) {
@@ -104,18 +104,18 @@ std::vector<Version> BackupStoreQt::versions() const
     return versions;
 }
 
-std::optional<std::string> BackupStoreQt::content(const std::string &name) const
+std::optional<std::string> BackupStorePosix::content(const std::string &name) const
 {
     return regularContent(m_folder + '/' + name);
 }
 
-bool BackupStoreQt::remove(const std::string &name)
+bool BackupStorePosix::remove(const std::string &name)
 {
     ::unlink(about(name).c_str());
     return ::unlink((m_folder + '/' + name).c_str()) == 0 || errno == ENOENT;
 }
 
-void BackupStoreQt::prune(const std::string &newest)
+void BackupStorePosix::prune(const std::string &newest)
 {
     std::vector<KeptVersion> kept;
     for (const auto &version : copies())

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "storage/atomic_write_qt.h"
+#include "storage/atomic_write_posix.h"
 
-#include "storage/file_handle_qt.h"
+#include "storage/file_handle_posix.h"
 
 #include <algorithm>
 #include <array>

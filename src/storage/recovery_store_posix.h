@@ -3,7 +3,7 @@
 // state folder, and where that cannot be written into the first spare folder that can.
 #pragma once
 
-#include "storage/background_writer_qt.h"
+#include "storage/background_writer_posix.h"
 #include "storage/backup_store.h"
 #include "storage/record_folder_posix.h"
 #include "storage/record_store.h"
@@ -15,7 +15,7 @@
 
 namespace kevra {
 
-class RecoveryStoreQt : public RecordStore, public RecoverableTexts {
+class RecoveryStorePosix : public RecordStore, public RecoverableTexts {
 public:
     struct Folders {
         std::string state; ///< the autosave files; the records in a folder of their own in it
@@ -23,9 +23,9 @@ public:
     };
     /// Takes a number and puts aside what dead programs left. `outcomeChanged` runs on another thread when
     /// recordOutcome() may answer something else.
-    RecoveryStoreQt(
+    RecoveryStorePosix(
         Folders folders, BackupStore &backups, std::function<void()> outcomeChanged = [] {});
-    ~RecoveryStoreQt() override;
+    ~RecoveryStorePosix() override;
 
     void writeRecord(TextSnapshot snapshot) override;
     void writeCrashRecord(const TextSnapshot &snapshot) override;
@@ -73,7 +73,7 @@ private:
     BackupStore &m_backups;
     std::vector<std::string> m_passedOver;
     std::map<std::string, FileHandle> m_claimed; ///< texts left behind that this program deals with
-    BackgroundWriterQt m_writer;
+    BackgroundWriter m_writer;
 };
 
 } // namespace kevra
