@@ -58,7 +58,8 @@ ProgramFolders programFolders()
     ProgramFolders folders;
     folders.portable = isPortable();
     const auto autosave = folders.portable ? QCoreApplication::applicationDirPath() : stateFolder();
-    QDir().mkpath(autosave);
+    QDir().mkpath(QFileInfo(autosave).path());
+    QDir().mkdir(autosave, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); // whatever the umask
     folders.autosave = pathBytes(autosave);
     folders.spare = spareFolders();
     return folders;
