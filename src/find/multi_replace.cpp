@@ -26,6 +26,7 @@ struct OutcomeText {
 
 constexpr std::array outcomeTexts{
     OutcomeText{FileOutcome::Replaced, "replaced"},
+    OutcomeText{FileOutcome::ReplacedForGood, "replaced, and cannot be put back"},
     OutcomeText{FileOutcome::PutBack, "put back"},
     OutcomeText{FileOutcome::Unreadable, "cannot be read"},
     OutcomeText{FileOutcome::Binary, "is no text"},
@@ -217,6 +218,7 @@ void MultiReplace::look(const MultiRequest &request)
     Offset hits = 0;
     Offset files = 0;
     Offset skipped = 0;
+    std::int64_t bytes = 0;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
         if (!m_view.shouldContinue(i, m_files.size()))
             return m_view.showSummary("Cancelled. Nothing has been written.");
@@ -225,12 +227,16 @@ void MultiReplace::look(const MultiRequest &request)
         m_view.showFile(i, file);
         hits += file.hits;
         files += file.hits > 0;
+        bytes += file.hits > 0 ? file.stamp->size : 0;
         skipped += !outcomeText(file.outcome).empty();
     }
     m_view.shouldContinue(m_files.size(), m_files.size());
     m_previewed = request;
     m_view.showSummary(counted(hits, "hit") + " in " + counted(files, "file") + ", "
-        + counted(skipped, "file") + " left out. Nothing has been written yet.");
+        + counted(skipped, "file") + " left out. Nothing has been written yet."
+        + (std::cmp_greater(bytes, m_room)
+                ? " Not every file of this size can be put back: Keep a backup keeps them."
+                : ""));
     tellUnsaved();
 }
 
@@ -277,19 +283,24 @@ void MultiReplace::replaceIn(ListedFile &file, const MultiRequest &request)
     file.outcome = outcomeOf(m_store.write(file.path, encoded.bytes));
     if (file.outcome != FileOutcome::Replaced)
         return;
-    keepOld(file.path, change.bytes, encoded.bytes);
+    if (!keepOld(file.path, change.bytes, encoded.bytes))
+        file.outcome = FileOutcome::ReplacedForGood;
     m_open.fileWritten(file.path);
 }
 
-void MultiReplace::keepOld(const std::string &path, std::string_view before, std::string_view after)
+bool MultiReplace::keepOld(const std::string &path, std::string_view before, std::string_view after)
 {
     const auto start = static_cast<std::size_t>(std::ranges::mismatch(before, after).in1 - before.begin());
     std::size_t same = 0;
     while (same < std::min(before.size(), after.size()) - start
         && before[before.size() - same - 1] == after[after.size() - same - 1])
         ++same;
-    m_old.push_back({path, m_store.stamp(path), start, after.size() - same - start,
-        std::string(before.substr(start, before.size() - same - start))});
+    const auto differing = before.substr(start, before.size() - same - start);
+    if (differing.size() > m_room - m_kept)
+        return false;
+    m_kept += differing.size();
+    m_old.push_back({path, m_store.stamp(path), start, after.size() - same - start, std::string(differing)});
+    return true;
 }
 
 FileOutcome MultiReplace::putBack(const OldContent &old)
@@ -314,6 +325,7 @@ FileOutcome MultiReplace::putBack(const OldContent &old)
 void MultiReplace::undoReplacement()
 {
     Offset done = 0;
+    m_kept = 0;
     for (const auto &old : std::exchange(m_old, {})) {
         const auto outcome = putBack(old);
         done += outcome == FileOutcome::PutBack;
@@ -342,10 +354,12 @@ void MultiReplace::replaceAll()
         return;
     m_previewed.reset();
     m_old.clear();
+    m_kept = 0;
     m_view.showSummary("Replacing...");
     Offset hits = 0;
     Offset files = 0;
     Offset skipped = 0;
+    Offset forGood = 0;
     bool cancelled = false;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
         cancelled = !m_view.shouldContinue(i, m_files.size());
@@ -355,7 +369,9 @@ void MultiReplace::replaceAll()
         if (file.outcome == FileOutcome::Hits)
             replaceIn(file, request);
         m_view.showFile(i, file);
-        const bool replaced = file.outcome == FileOutcome::Replaced;
+        const bool kept = file.outcome == FileOutcome::Replaced;
+        const bool replaced = kept || file.outcome == FileOutcome::ReplacedForGood;
+        forGood += replaced && !kept;
         hits += replaced ? file.hits : 0;
         files += replaced;
         skipped += !replaced && file.outcome != FileOutcome::NoHits;
@@ -364,7 +380,8 @@ void MultiReplace::replaceAll()
         m_view.shouldContinue(m_files.size(), m_files.size());
     m_view.showUndo(!m_old.empty());
     m_view.showSummary(std::string(cancelled ? "Cancelled. " : "") + counted(hits, "replacement") + " in "
-        + counted(files, "file") + ", " + counted(skipped, "file") + " left out.");
+        + counted(files, "file") + ", " + counted(skipped, "file") + " left out."
+        + (forGood > 0 ? " " + counted(forGood, "file") + " cannot be put back: too much to keep." : ""));
 }
 
 } // namespace kevra

@@ -17,6 +17,7 @@ enum class FileOutcome {
     Hits,
     NoHits,
     Replaced,
+    ReplacedForGood, ///< its old content is not kept
     PutBack,
     Unreadable,
     Binary,
@@ -80,11 +81,16 @@ public:
 
 class MultiReplace {
 public:
-    MultiReplace(FileStore &files, OpenDocument &open, Messages &messages, MultiView &view)
+    static constexpr std::size_t undoRoom = std::size_t{64} << 20;
+
+    /// Keeps at most `room` bytes of old content for undoReplacement().
+    MultiReplace(FileStore &files, OpenDocument &open, Messages &messages, MultiView &view,
+        std::size_t room = undoRoom)
         : m_store(files)
         , m_open(open)
         , m_messages(messages)
         , m_view(view)
+        , m_room(room)
     {
     }
 
@@ -108,7 +114,8 @@ private:
         std::size_t length = 0; ///< of what is there now
         std::string bytes; ///< that were there
     };
-    void keepOld(const std::string &path, std::string_view before, std::string_view after);
+    /// False when there is no room left for it.
+    bool keepOld(const std::string &path, std::string_view before, std::string_view after);
     [[nodiscard]] FileOutcome putBack(const OldContent &old);
 
     [[nodiscard]] bool canStart(const MultiRequest &request);
@@ -124,6 +131,8 @@ private:
     MultiView &m_view;
     std::vector<ListedFile> m_files;
     std::vector<OldContent> m_old; ///< of the last replacement
+    std::size_t m_room; ///< bytes, for all of m_old
+    std::size_t m_kept = 0; ///< bytes in m_old
     std::optional<MultiRequest> m_previewed; ///< what the list shows the hits of
 };
 

@@ -86,6 +86,25 @@ TEST_F(MultiReplaceTest, KeepsEncodingsAndLineEnds)
             << c.path;
 }
 
+TEST_F(MultiReplaceTest, SaysWhatUndoCannotPutBack)
+{
+    MultiReplace small(files, open, messages, view, 5);
+    files.files = {{"a", "old"}, {"b", "old, old"}, {"c", "xold"}};
+    small.addFiles({"a", "b", "c"});
+    small.preview();
+    EXPECT_TRUE(view.summary.ends_with("Keep a backup keeps them.")) << view.summary;
+    small.replaceAll();
+    EXPECT_EQ(view.outcomes,
+        (std::vector{FileOutcome::Replaced, FileOutcome::ReplacedForGood, FileOutcome::ReplacedForGood}));
+    EXPECT_TRUE(view.summary.ends_with("2 files cannot be put back: too much to keep.")) << view.summary;
+    small.undoReplacement();
+    EXPECT_EQ(files.files["a"], "old");
+    EXPECT_EQ(files.files["b"], "new, new");
+    small.replaceAll();
+    small.replaceAll();
+    EXPECT_EQ(view.outcomes[0], FileOutcome::Replaced) << "what was put back takes no room";
+}
+
 TEST_F(MultiReplaceTest, LeavesOutWhatCannotBeReplaced)
 {
     using enum FileOutcome;
