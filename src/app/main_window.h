@@ -79,6 +79,8 @@ signals:
     /// It has been shown, and has the place and size that the desktop gives it.
     void placed();
     void fileDropped(const QString &path);
+    /// In a list of files that were opened or searched here.
+    void listedFileChosen(const QString &path);
     /// The document has been given a path, by opening or saving.
     void documentNamed();
 

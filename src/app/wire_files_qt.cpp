@@ -132,6 +132,8 @@ void FilesSide::bindCommands()
         if (!m_app.takesDroppedFile || !m_app.takesDroppedFile(file))
             abandonReviewAnd([&] { m_opening.openDropped(file); });
     });
+    connect(&m_app.mainWindow(), &MainWindow::listedFileChosen, this,
+        [this](const QString &path) { abandonReviewAnd([&] { m_opening.openListed(pathBytes(path)); }); });
 }
 
 void FilesSide::fillSession()

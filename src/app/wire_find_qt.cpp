@@ -101,7 +101,7 @@ void showLine(Application &app, const OpenDocument &open, const QString &path, q
 {
     auto &window = app.mainWindow();
     if (!open.isDocument(pathBytes(path)))
-        emit window.fileDropped(path);
+        emit window.listedFileChosen(path);
     if (!open.isDocument(pathBytes(path)))
         return;
     auto &document = window.document();

@@ -48,9 +48,8 @@ private:
         const auto number = m_menu->actions().size() + 1;
         auto shown = path;
         auto *action = m_menu->addAction(QString("&%1  %2").arg(number % 10).arg(shown.replace('&', "&&")));
-        // Opened as a file dropped on the window is, with the same questions.
-        connect(
-            action, &QAction::triggered, this, [this, path] { emit m_app.mainWindow().fileDropped(path); });
+        connect(action, &QAction::triggered, this,
+            [this, path] { emit m_app.mainWindow().listedFileChosen(path); });
     }
 
     Application &m_app;

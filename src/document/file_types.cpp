@@ -24,6 +24,12 @@ constexpr std::array fileTypes{
     FileType{"WSC", TypeGroup::Plain, TextKind::Script, 9},
 };
 
+// What the open dialog refuses, and a list of files opens all the same.
+constexpr std::array searchedTypes{
+    FileType{"HTA", TypeGroup::WebPage, TextKind::Page, 1},
+    FileType{"ASA", TypeGroup::WebPage, TextKind::Page, 1},
+};
+
 constexpr auto openPatterns = "*.html;*.htm;*.txt;*.vbs;*.js;*.php;*.shtml;*.asp;*.css;*.wsf;*.wsc";
 
 } // namespace
@@ -35,10 +41,18 @@ std::optional<FileType> fileType(std::string_view path)
     return it == fileTypes.end() ? std::nullopt : std::optional(*it);
 }
 
+FileType textType(std::string_view path)
+{
+    if (const auto accepted = fileType(path))
+        return *accepted;
+    const auto wanted = upperAscii(extension(path));
+    const auto it = std::ranges::find(searchedTypes, wanted, &FileType::extension);
+    return it == searchedTypes.end() ? FileType{{}, TypeGroup::Plain, TextKind::Plain, 1} : *it;
+}
+
 TextKind textKind(std::string_view path)
 {
-    const auto type = fileType(path);
-    return type ? type->kind : TextKind::Plain;
+    return textType(path).kind;
 }
 
 std::vector<FileFilter> openFilters()

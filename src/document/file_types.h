@@ -24,7 +24,9 @@ struct FileType {
 
 /// The type of an accepted extension, whatever its case.
 [[nodiscard]] std::optional<FileType> fileType(std::string_view path);
-/// Decided by the extension: HTML, HTM, PHP, ASP, SHTML are pages; VBS, WSF, WSC scripts.
+/// What a file is opened as when its type does not have to be accepted; an unknown one is plain text.
+[[nodiscard]] FileType textType(std::string_view path);
+/// Decided by the extension: HTML, HTM, PHP, ASP, SHTML, HTA, ASA are pages; VBS, WSF, WSC scripts.
 [[nodiscard]] TextKind textKind(std::string_view path);
 [[nodiscard]] std::vector<FileFilter> openFilters();
 [[nodiscard]] std::vector<FileFilter> saveFilters();

@@ -67,6 +67,12 @@ void OpenCommands::openDropped(const std::string &path)
         openChosen(path, askAboutText());
 }
 
+void OpenCommands::openListed(const std::string &path)
+{
+    if (!path.empty())
+        openChosen(path, askAboutText(), Types::Any);
+}
+
 bool OpenCommands::loadAccepted(const std::string &path)
 {
     return load(path, OldText::Keep) == Load::Done;
@@ -111,12 +117,12 @@ OpenCommands::OldText OpenCommands::askAboutText()
     return OldText::Keep;
 }
 
-void OpenCommands::openChosen(const std::string &path, OldText old)
+void OpenCommands::openChosen(const std::string &path, OldText old, Types types)
 {
     const auto before = std::exchange(m_ports.state.currentPath, path);
     m_ports.main.setInformation("");
     const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
-    if (!fileType(path))
+    if (types == Types::Accepted && !fileType(path))
         refuse(path);
     else if (load(path, old) == Load::OldTextStays)
         m_ports.state.currentPath = before;
@@ -140,16 +146,15 @@ OpenCommands::Load OpenCommands::load(const std::string &path, OldText old, std:
 OpenCommands::Load OpenCommands::loadWithinMemory(
     const std::string &path, OldText old, std::optional<Encoding> encoding)
 {
-    const auto type = fileType(path);
-    if (const auto stamp = m_ports.files.stamp(path); type && stamp)
+    if (const auto stamp = m_ports.files.stamp(path))
         requireMemory(stamp->size);
-    auto file = type ? m_ports.file.read(path, encoding) : std::nullopt;
+    auto file = m_ports.file.read(path, encoding);
     if (!file)
         return Load::Unreadable;
     if (!releaseText(old))
         return Load::OldTextStays;
-    present(std::move(*file), type->group);
-    m_ports.state.currentExtension = type->extension;
+    present(std::move(*file), textType(path).group);
+    m_ports.state.currentExtension = upperAscii(extension(path));
     // An opened file counts as unsaved, so quitting straight away still asks.
     m_ports.state.unsaved = true;
     m_ports.main.setTitlePath(m_ports.state.currentPath);
@@ -159,11 +164,10 @@ OpenCommands::Load OpenCommands::loadWithinMemory(
 
 void OpenCommands::showRecovered(const RecoveryRecord &record)
 {
-    const auto type = fileType(record.path);
     m_ports.state.currentPath.clear();
-    m_ports.state.currentExtension = type ? type->extension : std::string_view();
+    m_ports.state.currentExtension = upperAscii(extension(record.path));
     DecodedFile decoded{decodeFile(record.bytes, record.format), record.format};
-    const auto group = type ? type->group : groupOfNewWork(decoded.text);
+    const auto group = record.path.empty() ? groupOfNewWork(decoded.text) : textType(record.path).group;
     present({{}, {}, record.bytes, std::move(decoded)}, group);
     m_ports.main.setTitlePath(record.path);
 }

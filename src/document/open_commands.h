@@ -22,7 +22,9 @@ public:
     void openWithDialog();
     /// As the dialog does with the path chosen.
     void openDropped(const std::string &path);
-    /// Loads a file of an accepted type; false, with the document untouched, when it cannot be read.
+    /// The same for a file of any type, which a list of this program has shown.
+    void openListed(const std::string &path);
+    /// Loads a file, whatever its type; false, with the document untouched, when it cannot be read.
     bool loadAccepted(const std::string &path);
 
     /// The document's file anew, in another character set where one is named; what the window has instead is
@@ -42,7 +44,8 @@ private:
     /// What becomes of the text that is there, asked for where it is unsaved.
     enum class OldText { Keep, GiveUp };
     [[nodiscard]] OldText askAboutText();
-    void openChosen(const std::string &path, OldText old);
+    enum class Types { Accepted, Any };
+    void openChosen(const std::string &path, OldText old, Types types = Types::Accepted);
     enum class Load { Done, Unreadable, OldTextStays };
     Load load(const std::string &path, OldText old, std::optional<Encoding> encoding = std::nullopt);
     Load loadWithinMemory(const std::string &path, OldText old, std::optional<Encoding> encoding);

@@ -13,7 +13,7 @@ struct OpeningFixture : DocumentFixture {
         : DocumentFixture(text)
     {
         for (const char *name : {"/a/page.Html", "/a/run.vbs", "/a/code.js", "/a/notes.txt", "/a/style.css",
-                 "/a/read.md", "/a/noending", "/a/job.wsf"})
+                 "/a/read.md", "/a/noending", "/a/job.wsf", "/a/app.hta"})
             files.files[name] = "<B>If x Then\n";
     }
 
@@ -49,6 +49,7 @@ TEST(OpenFile, SuitsToolsDebuggerAndColoursToTheType)
         {"/a/notes.txt", true, true, 0, 0, false, black, black, true, false},
         {"/a/style.css", false, true, 0, 0, false, black, black, true, true},
         {"/a/job.wsf", true, true, 0, 0, false, black, black, true, false},
+        {"/a/app.hta", true, true, 1, 0, true, blue, black, true, true},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.path);
@@ -137,6 +138,22 @@ TEST(OpenWithDialog, AsksAboutUnsavedTextFirst)
         ASSERT_EQ(fixture.dialogs.openRequests.size(), 1U);
         EXPECT_EQ(fixture.dialogs.openRequests[0].title, "Open a File");
         EXPECT_FALSE(fixture.state.busyLoadingOrSaving);
+    }
+}
+
+TEST(OpenListed, TakesTypesThatAreRefusedElsewhere)
+{
+    for (const std::string path : {"/a/app.hta", "/a/read.md"}) {
+        SCOPED_TRACE(path);
+        OpeningFixture fixture("old");
+        fixture.opening.openDropped(path);
+        EXPECT_EQ(fixture.document.Text(), "old");
+        fixture.opening.openListed(path);
+        EXPECT_EQ(fixture.state.currentPath, path);
+        EXPECT_EQ(fixture.document.Text(), "<B>If x Then\r\n");
+        fixture.files.files[path] = "again";
+        EXPECT_TRUE(fixture.opening.reload());
+        EXPECT_EQ(fixture.document.Text(), "again");
     }
 }
 
