@@ -27,6 +27,14 @@ std::size_t appendUtf8Run(std::string_view bytes, std::string &out)
     return run;
 }
 
+/// As the library would give the character, for what is exchanged afterwards.
+std::string libraryForm(const UnknownCharacter &known)
+{
+    std::string character;
+    appendUtf8(character, known.character);
+    return withLibraryCharacters(std::move(character), known.encoding);
+}
+
 Decoder libraryDecoder(const CharacterSet &set)
 {
     const std::shared_ptr<Converter> library
@@ -34,9 +42,9 @@ Decoder libraryDecoder(const CharacterSet &set)
     return [library, encoding = set.encoding](std::string_view bytes, std::string &out) -> std::size_t {
         if (bytes.empty())
             return 0;
-        if (const auto known = characterOfUnknownByte(encoding, static_cast<unsigned char>(bytes[0]))) {
-            appendUtf8(out, known);
-            return 1;
+        if (const auto *known = unknownCharacterAt(encoding, bytes)) {
+            out += libraryForm(*known);
+            return known->bytes.size();
         }
         return library ? library->convert(bytes, out) : 0;
     };
@@ -78,7 +86,17 @@ std::optional<std::string> throughLibrary(std::string_view text, const Character
     const auto library = Converter::between(std::string(utf8Name), std::string(set.libraryName));
     const auto wanted = withLibraryCharacters(std::string(text), set.encoding);
     std::string bytes;
-    if (!library || library->convert(wanted, bytes) != wanted.size())
+    for (std::string_view rest = wanted; library && !rest.empty();) {
+        rest.remove_prefix(library->convert(rest, bytes));
+        if (rest.empty())
+            break;
+        const auto *known = unknownCharacterFor(set.encoding, rest, libraryForm);
+        if (!known)
+            return std::nullopt;
+        bytes += known->bytes;
+        rest.remove_prefix(libraryForm(*known).size());
+    }
+    if (!library)
         return std::nullopt;
     if (set.encoding == Encoding::Gbk && hasFourByteCharacter(bytes))
         return std::nullopt;
@@ -146,8 +164,11 @@ std::string withRawBytes(std::string_view bytes, Encoding encoding, const Decode
     std::string out;
     while (!bytes.empty()) {
         std::string valid;
-        bytes.remove_prefix(decoder(bytes, valid));
+        const auto length = decoder(bytes, valid);
+        bytes.remove_prefix(length);
         out += withOwnCharactersEscaped(withStandardCharacters(std::move(valid), encoding), encoding);
+        if (length > 0)
+            continue;
         const auto raw = std::min<std::size_t>(bytes.size(), static_cast<std::size_t>(unitSize(encoding)));
         // The decoder may go on where the next bytes mean something.
         appendRaw(bytes.substr(0, raw), out);

@@ -10,17 +10,17 @@
 namespace kevra {
 namespace {
 
-struct UnknownByte {
-    Encoding encoding;
-    unsigned char byte;
-    char32_t character;
-};
-
-constexpr std::array unknownBytes{
-    UnknownByte{Encoding::Windows1255, 0xCA, 0x05BA},
-    UnknownByte{Encoding::Gbk, 0x80, 0x20AC},
-    UnknownByte{Encoding::Gb18030, 0x80, 0x20AC},
-    UnknownByte{Encoding::ShiftJis, 0x80, 0x80},
+constexpr std::array unknownCharacters{
+    UnknownCharacter{Encoding::Windows1255, "\xCA", 0x05BA},
+    UnknownCharacter{Encoding::Gbk, "\x80", 0x20AC},
+    UnknownCharacter{Encoding::Gb18030, "\x80", 0x20AC},
+    UnknownCharacter{Encoding::ShiftJis, "\x80", 0x80},
+    UnknownCharacter{Encoding::Big5, "\xA1\x5A", 0x2574},
+    UnknownCharacter{Encoding::Big5, "\xA1\xC3", 0xFFE3},
+    UnknownCharacter{Encoding::Big5, "\xA1\xC5", 0x02CD},
+    UnknownCharacter{Encoding::Big5, "\xA1\xFE", 0xFF0F},
+    UnknownCharacter{Encoding::Big5, "\xA2\x40", 0xFF3C},
+    UnknownCharacter{Encoding::Big5, "\xA3\xE1", 0x20AC},
 };
 
 struct Replaced {
@@ -57,8 +57,7 @@ std::string exchanged(std::string text, Encoding encoding, char32_t Replaced::*f
     std::string out;
     out.reserve(text.size());
     for (std::string_view rest = text; !rest.empty();) {
-        const auto [first, length] = firstCharacter(rest);
-        const char32_t value = first; // a copy: Clang captures no binding
+        const auto [value, length] = firstCharacter(rest);
         const auto is = [&](char32_t Replaced::*side) {
             return std::ranges::find_if(
                 replaced, [&](const auto &row) { return row.encoding == encoding && row.*side == value; });
@@ -76,11 +75,19 @@ std::string exchanged(std::string text, Encoding encoding, char32_t Replaced::*f
 
 } // namespace
 
-char32_t characterOfUnknownByte(Encoding encoding, unsigned char byte)
+const UnknownCharacter *unknownCharacterAt(Encoding encoding, std::string_view bytes)
 {
-    const auto row = std::ranges::find_if(
-        unknownBytes, [&](const auto &r) { return r.encoding == encoding && r.byte == byte; });
-    return row == unknownBytes.end() ? 0 : row->character;
+    const auto row = std::ranges::find_if(unknownCharacters,
+        [&](const auto &r) { return r.encoding == encoding && bytes.starts_with(r.bytes); });
+    return row == unknownCharacters.end() ? nullptr : &*row;
+}
+
+const UnknownCharacter *unknownCharacterFor(
+    Encoding encoding, std::string_view text, std::string (*form)(const UnknownCharacter &))
+{
+    const auto row = std::ranges::find_if(unknownCharacters,
+        [&](const auto &r) { return r.encoding == encoding && text.starts_with(form(r)); });
+    return row == unknownCharacters.end() ? nullptr : &*row;
 }
 
 std::string withStandardCharacters(std::string text, Encoding encoding)

@@ -5,11 +5,23 @@
 #include "encoding/character_sets.h"
 
 #include <string>
+#include <string_view>
 
 namespace kevra {
 
-/// The character of a single byte which the library does not know in this set; 0 for none.
-[[nodiscard]] char32_t characterOfUnknownByte(Encoding encoding, unsigned char byte);
+/// A character that the library does not know in a set.
+struct UnknownCharacter {
+    Encoding encoding;
+    std::string_view bytes;
+    char32_t character;
+};
+
+/// The one that `bytes` start with; null for none.
+[[nodiscard]] const UnknownCharacter *unknownCharacterAt(Encoding encoding, std::string_view bytes);
+
+/// The one that `text`, in which `form` says how each is written, starts with; null for none.
+[[nodiscard]] const UnknownCharacter *unknownCharacterFor(
+    Encoding encoding, std::string_view text, std::string (*form)(const UnknownCharacter &));
 
 /// `text` with the characters the library gives for the set, with those of the standard, and back.
 [[nodiscard]] std::string withStandardCharacters(std::string text, Encoding encoding);

@@ -43,8 +43,9 @@ char16_t characterOf(unsigned byte, Encoding encoding, Converter &library)
         text = withStandardCharacters(std::move(text), encoding);
         return static_cast<char16_t>(firstCharacter(text).value);
     }
-    if (const auto known = characterOfUnknownByte(encoding, static_cast<unsigned char>(byte)))
-        return static_cast<char16_t>(known);
+    const char single = static_cast<char>(byte);
+    if (const auto *known = unknownCharacterAt(encoding, {&single, 1}))
+        return static_cast<char16_t>(known->character);
     return byte < afterControls ? static_cast<char16_t>(byte) : u'\0';
 }
 

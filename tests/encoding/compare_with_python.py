@@ -61,6 +61,7 @@ MARKS = {"utf-8": "utf_8", "utf-16le": "utf_16_le", "utf-16be": "utf_16_be", "ut
 ENDS = ["\r\n", "\n", "\r"]
 # Python and iconv follow an older table than the Encoding Standard in these.
 NOT_IN_THE_STANDARD = {
+    "big5": "\u2593",
     "koi8-u": "\u255d\u256c",
     "euc-jp": "\xa2\xa3\xa6\xac\u2016\u2212\u301c",
     "iso-2022-jp": "\xa2\xa3\xac\u2016\u2212\u301c",
