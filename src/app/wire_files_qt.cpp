@@ -12,6 +12,7 @@
 #include "document/notice_bar_panel.h"
 #include "document/open_commands.h"
 #include "document/recovery_journal.h"
+#include "document/recovery_list_dialog.h"
 #include "document/recovery_offer.h"
 #include "document/save_commands.h"
 #include "storage/recovery_store_posix.h"
@@ -33,7 +34,7 @@ constexpr auto statusDelay = 200ms;
 constexpr Offset largeDeletion = 200; ///< characters worth a record of their own before they go
 
 /// Everything of the document's files that lives as long as the windows.
-class FilesSide : public QObject, private ReviewView {
+class FilesSide : public QObject, private ReviewView, private RecoveryList {
 public:
     explicit FilesSide(Application &app);
 
@@ -53,6 +54,8 @@ private:
 
     void showReview(const std::string &description) override;
     void endReview() override;
+    RecoveryAnswer choose(std::span<const RecoveryRow> rows) override;
+    void endList() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     Application &m_app;
@@ -73,6 +76,7 @@ private:
     DiskNotice m_notice;
     DiskSide m_disk;
     std::unique_ptr<EndSignalsQt> m_signals;
+    RecoveryListDialog *m_recoveryList = nullptr; ///< the window's, made when it is first shown
 };
 
 FilesSide::FilesSide(Application &app)
@@ -88,7 +92,7 @@ FilesSide::FilesSide(Application &app)
     , m_opening(m_ports, m_saving, m_colouring)
     , m_encoding(m_ports, m_opening,
           [this](TextRange range, std::string_view text) { m_document.replaceAsUser(range, text); })
-    , m_offer(m_ports, m_saving, m_opening, m_journal, m_store, *this)
+    , m_offer(m_ports, m_saving, m_opening, m_journal, m_store, *this, *this)
     , m_reviewBar(*new NoticeBar("reviewbar", "Text from the last session", app.mainWindow(),
           {{"breviewsave", "&Save As...", "Save this text under a name", [this] { m_offer.saveReviewed(); }},
               {"breviewdiscard", "&Discard", "This text is not wanted",
@@ -293,6 +297,19 @@ void FilesSide::endReview()
     m_reviewBar.hide();
     m_document.setReadOnly(false);
     m_app.mainWindow().refreshDocumentStatus();
+}
+
+RecoveryAnswer FilesSide::choose(std::span<const RecoveryRow> rows)
+{
+    if (!m_recoveryList)
+        m_recoveryList = new RecoveryListDialog(&m_app.mainWindow());
+    return m_recoveryList->choose(rows);
+}
+
+void FilesSide::endList()
+{
+    if (m_recoveryList)
+        m_recoveryList->endList();
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "desktop/text_qt.h"
 #include "document/compare_panel.h"
+#include "widgets/window_size_qt.h"
 
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QVBoxLayout>
@@ -15,7 +16,7 @@ CompareWindow::CompareWindow(QWidget *parent)
 {
     setObjectName("fcompare");
     setWindowTitle("Compare");
-    resize(900, 600);
+    resizeWithinScreen(*this, {900, 600});
     auto *column = new QVBoxLayout(this);
     column->addWidget(m_panel);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);

@@ -3,6 +3,7 @@
 
 #include "desktop/text_qt.h"
 #include "widgets/named_qt.h"
+#include "widgets/window_size_qt.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
@@ -59,7 +60,7 @@ EncodingDialog::EncodingDialog(const QString &title, Encoding current, QWidget *
     column->addWidget(m_list);
     column->addWidget(buttons);
     fill(current);
-    resize(usualSize);
+    resizeWithinScreen(*this, usualSize);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_filter, &QLineEdit::textChanged, this, &EncodingDialog::filter);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/recovery_details.h"
 
+#include "document/recovery_list.h"
+
 #include <algorithm>
 #include <array>
 #include <ctime>
@@ -9,7 +11,9 @@ namespace kevra {
 namespace {
 
 constexpr int shownLines = 8;
+constexpr int listedLines = 40;
 constexpr std::size_t shownWidth = 100; ///< bytes of a line
+constexpr std::size_t listedWidth = 400;
 
 std::string timeText(std::int64_t seconds)
 {
@@ -28,37 +32,47 @@ std::string summary(const RecoveryRecord &text)
 }
 
 /// Cut between characters.
-std::string_view shortened(std::string_view line)
+std::string_view shortened(std::string_view line, std::size_t width)
 {
-    auto end = std::min(line.size(), shownWidth);
+    auto end = std::min(line.size(), width);
     while (end > 0 && end < line.size() && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80)
         --end;
     return line.substr(0, end);
 }
 
-std::string firstLines(std::string_view text)
+struct Excerpt {
+    int lines;
+    std::size_t width; ///< bytes of a line
+    std::string_view indent;
+};
+
+std::string beginningOf(std::string_view text, const Excerpt &excerpt)
 {
     std::string lines;
-    for (int i = 0; i < shownLines && !text.empty(); ++i) {
+    for (int i = 0; i < excerpt.lines && !text.empty(); ++i) {
         const auto end = text.find("\r\n");
         const auto line = text.substr(0, end);
-        lines.append("    ").append(shortened(line)).append(line.size() > shownWidth ? "...\n" : "\n");
+        lines.append(excerpt.indent).append(shortened(line, excerpt.width));
+        lines.append(line.size() > excerpt.width ? "...\n" : "\n");
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 2);
     }
-    return lines + (text.empty() ? "" : "    ...\n");
+    if (!text.empty())
+        lines.append(excerpt.indent).append("...\n");
+    return lines;
 }
 
 } // namespace
 
-std::string recoveryDetails(const RecoveryRecord &text, std::span<const RecoveryRecord> others)
+std::string recoveryDetails(const RecoveryRecord &text)
 {
-    auto details
-        = "This text: " + summary(text) + "\nIt begins:\n" + firstLines(decodeFile(text.bytes, text.format));
-    if (!others.empty())
-        details += "\nAlso waiting, asked about next:\n";
-    for (const auto &other : others)
-        details += "    " + summary(other) + '\n';
-    return details;
+    return "This text: " + summary(text) + "\nIt begins:\n"
+        + beginningOf(decodeFile(text.bytes, text.format), {shownLines, shownWidth, "    "});
+}
+
+RecoveryRow recoveryRow(const RecoveryRecord &text)
+{
+    return {text.path, text.time, text.bytes.size(),
+        beginningOf(decodeFile(text.bytes, text.format), {listedLines, listedWidth, ""})};
 }
 
 } // namespace kevra

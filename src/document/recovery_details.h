@@ -3,13 +3,11 @@
 
 #include "storage/recovery_record.h"
 
-#include <span>
 #include <string>
 
 namespace kevra {
 
-/// What a question about a recovered text leaves out: which file, when, how much, how it begins; and what
-/// else waits, in one list.
-[[nodiscard]] std::string recoveryDetails(const RecoveryRecord &text, std::span<const RecoveryRecord> others);
+/// What a question about a recovered text leaves out: which file, when, how much, and how it begins.
+[[nodiscard]] std::string recoveryDetails(const RecoveryRecord &text);
 
 } // namespace kevra

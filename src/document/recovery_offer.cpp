@@ -4,6 +4,10 @@
 #include "document/leave_text.h"
 #include "document/recovery_details.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace kevra {
 namespace {
 
@@ -18,89 +22,115 @@ std::string description(const RecoveryRecord &record)
 } // namespace
 
 RecoveryOffer::RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenCommands &opening,
-    RecoveryJournal &journal, RecoverableTexts &left, ReviewView &view)
+    RecoveryJournal &journal, RecoverableTexts &left, ReviewView &view, RecoveryList &list)
     : m_ports(ports)
     , m_saving(saving)
     , m_opening(opening)
     , m_journal(journal)
     , m_left(left)
     , m_view(view)
+    , m_list(list)
 {
 }
 
 void RecoveryOffer::offer()
 {
-    const auto texts = m_left.list();
-    m_texts.assign(texts.begin(), texts.end());
+    m_texts.clear();
+    for (auto &text : m_left.list()) {
+        const auto record = m_left.open(text);
+        if (!record)
+            continue;
+        if (!record->path.empty() && m_ports.files.read(record->path) == record->bytes)
+            m_left.removeSaved(text); // saved after all
+        else
+            m_texts.push_back({std::move(text), recoveryRow(*record)});
+    }
+    m_listed = m_texts.size() > 1;
     offerNext();
 }
 
 void RecoveryOffer::offerNext()
 {
-    while (!m_texts.empty() && !reviewing()) {
-        const auto text = m_texts.front();
-        m_texts.pop_front();
-        const auto record = m_left.open(text);
-        if (!record)
-            continue;
-        const bool savedAfterAll = !record->path.empty() && m_ports.files.read(record->path) == record->bytes;
-        if (savedAfterAll || offerText(text, *record))
-            m_left.removeSaved(text);
-    }
+    if (!m_listed)
+        return askAboutOne();
+    while (!m_texts.empty() && !reviewing())
+        if (!chooseFromList())
+            m_texts.clear();
+    m_list.endList();
 }
 
-std::vector<RecoveryRecord> RecoveryOffer::waiting()
+void RecoveryOffer::askAboutOne()
 {
-    std::vector<RecoveryRecord> records;
-    for (const auto &text : m_texts)
-        if (auto record = m_left.open(text))
-            records.push_back(std::move(*record));
-    return records;
+    if (m_texts.empty())
+        return;
+    const auto text = std::move(m_texts.front().text);
+    m_texts.clear();
+    if (const auto record = m_left.open(text))
+        offerText(text, *record);
 }
 
-bool RecoveryOffer::offerText(const std::string &text, const RecoveryRecord &record)
+bool RecoveryOffer::chooseFromList()
+{
+    std::vector<RecoveryRow> rows;
+    std::ranges::transform(m_texts, std::back_inserter(rows), &Waiting::row);
+    const auto answer = m_list.choose(rows);
+    if (answer.choice == RecoveryChoice::Later || answer.row >= m_texts.size())
+        return false;
+    const auto at = m_texts.begin() + static_cast<std::ptrdiff_t>(answer.row);
+    if (carryOut(answer.choice, at->text))
+        m_texts.erase(at);
+    return true;
+}
+
+bool RecoveryOffer::carryOut(RecoveryChoice choice, const std::string &text)
+{
+    const auto record = m_left.open(text);
+    if (!record)
+        return true;
+    if (choice == RecoveryChoice::Look)
+        return review(text, *record);
+    if (choice == RecoveryChoice::Save)
+        return saveUnseen(text, *record);
+    m_left.discard(text);
+    return true;
+}
+
+void RecoveryOffer::offerText(const std::string &text, const RecoveryRecord &record)
 {
     const auto ask = [&](const char *question, std::string details = {}) {
         Message message{question, Icon::Question, Buttons::YesNoCancel};
         message.details = std::move(details);
         return m_ports.messages.show(message);
     };
-    switch (ask(
-        "There's a file stored from Autosave. Do you want to save it?", recoveryDetails(record, waiting()))) {
-    case Answer::No:
+    const auto wanted
+        = ask("There's a file stored from Autosave. Do you want to save it?", recoveryDetails(record));
+    if (wanted == Answer::No)
         m_left.discard(text);
-        return false;
-    case Answer::Yes:
-        break;
-    default:
-        return false;
-    }
-    switch (ask("Do you want to see the file before saving?")) {
-    case Answer::Yes:
-        review(text, record);
-        return false;
-    case Answer::No:
-        return saveUnseen(record);
-    default:
-        return false;
-    }
+    if (wanted != Answer::Yes)
+        return;
+    const auto seen = ask("Do you want to see the file before saving?");
+    if (seen == Answer::Yes)
+        std::ignore = review(text, record);
+    else if (seen == Answer::No)
+        std::ignore = saveUnseen(text, record);
 }
 
-bool RecoveryOffer::saveUnseen(const RecoveryRecord &record)
+bool RecoveryOffer::saveUnseen(const std::string &text, const RecoveryRecord &record)
 {
     if (!m_saving.saveBytesAs(saveTitle, record.path, record.bytes))
         return false;
+    m_left.removeSaved(text);
     // It may have gone to the very file that is open.
     if (m_ports.file.diskState() == DiskState::Changed)
         m_opening.loadAccepted(m_ports.state.currentPath);
     return true;
 }
 
-void RecoveryOffer::review(const std::string &text, const RecoveryRecord &record)
+bool RecoveryOffer::review(const std::string &text, const RecoveryRecord &record)
 {
     auto &state = m_ports.state;
     if (!mayLeaveText(m_ports.keeper, m_ports.messages, [this] { return m_saving.saveAs(); }))
-        return;
+        return false;
     m_pathBefore = m_ports.document.Length() > 0 ? state.currentPath : std::string();
     m_reviewed = text;
     m_proposed = record.path;
@@ -111,6 +141,7 @@ void RecoveryOffer::review(const std::string &text, const RecoveryRecord &record
     m_ports.main.setInformation("Text from the last session");
     m_ports.main.redrawAndFocus();
     m_ports.main.refreshDocumentStatus();
+    return true;
 }
 
 void RecoveryOffer::saveReviewed()

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts that an earlier run left behind: offered one after the other, looked at on demand, and gone only when
-// they are saved or the user says so.
+// Texts that an earlier run left behind: one is asked about, several are a list; looked at on demand, and
+// gone only when they are saved or the user says so.
 #pragma once
 
 #include "document/command_ports.h"
 #include "document/open_commands.h"
 #include "document/recovery_journal.h"
+#include "document/recovery_list.h"
 #include "document/save_commands.h"
 
-#include <deque>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,7 +27,7 @@ public:
 class RecoveryOffer {
 public:
     RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenCommands &opening,
-        RecoveryJournal &journal, RecoverableTexts &left, ReviewView &view);
+        RecoveryJournal &journal, RecoverableTexts &left, ReviewView &view, RecoveryList &list);
 
     void offer();
 
@@ -40,12 +40,20 @@ public:
     void abandonReview();
 
 private:
+    struct Waiting {
+        std::string text; ///< as the store names it
+        RecoveryRow row;
+    };
+
     void offerNext();
-    /// Texts that have not been asked about yet.
-    [[nodiscard]] std::vector<RecoveryRecord> waiting();
-    [[nodiscard]] bool offerText(const std::string &text, const RecoveryRecord &record);
-    [[nodiscard]] bool saveUnseen(const RecoveryRecord &record);
-    void review(const std::string &text, const RecoveryRecord &record);
+    void askAboutOne();
+    /// False when what is left waits for the next start.
+    [[nodiscard]] bool chooseFromList();
+    /// Whether the text has been dealt with.
+    [[nodiscard]] bool carryOut(RecoveryChoice choice, const std::string &text);
+    void offerText(const std::string &text, const RecoveryRecord &record);
+    [[nodiscard]] bool saveUnseen(const std::string &text, const RecoveryRecord &record);
+    [[nodiscard]] bool review(const std::string &text, const RecoveryRecord &record);
     void endReview();
     void restoreDocument();
 
@@ -55,7 +63,9 @@ private:
     RecoveryJournal &m_journal;
     RecoverableTexts &m_left;
     ReviewView &m_view;
-    std::deque<std::string> m_texts; ///< not offered yet
+    RecoveryList &m_list;
+    std::vector<Waiting> m_texts; ///< not dealt with, newest first
+    bool m_listed = false; ///< the texts of this start are a list, also when the last one is left
     std::optional<std::string> m_reviewed;
     std::string m_proposed; ///< where the reviewed text would have gone
     std::string m_pathBefore; ///< the document that the reviewed text has taken the place of

@@ -4,6 +4,7 @@
 #include "desktop/text_qt.h"
 #include "document/compare_panel.h"
 #include "widgets/named_qt.h"
+#include "widgets/window_size_qt.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QLocale>
@@ -28,7 +29,7 @@ VersionsWindow::VersionsWindow(VersionsCommands &commands, QWidget *parent)
 {
     setObjectName("fversions");
     setWindowTitle("Versions");
-    resize(960, 680);
+    resizeWithinScreen(*this, {960, 680});
     m_everything->setObjectName("ckallversions");
     connect(m_everything, &QCheckBox::toggled, this, &VersionsWindow::fill);
     auto *column = new QVBoxLayout(this);

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <deque>
 
 namespace kevra {
 namespace {
@@ -204,6 +205,27 @@ public:
     bool shown = false;
 };
 
+/// Gives its answers one after the other, then Later.
+class FakeRecoveryList : public RecoveryList {
+public:
+    RecoveryAnswer choose(std::span<const RecoveryRow> rows) override
+    {
+        lists.emplace_back();
+        for (const auto &row : rows)
+            lists.back() += '[' + row.path + ' ' + std::to_string(row.size) + ' ' + row.beginning + ']';
+        if (answers.empty())
+            return {};
+        const auto next = answers.front();
+        answers.pop_front();
+        return next;
+    }
+    void endList() override { ended = true; }
+
+    std::deque<RecoveryAnswer> answers;
+    std::vector<std::string> lists;
+    bool ended = false;
+};
+
 struct OfferFixture : JournalFixture {
     OfferFixture()
     {
@@ -216,7 +238,8 @@ struct OfferFixture : JournalFixture {
     OpenCommands opening{ports(), saving, colouring};
     FakeLeftTexts left;
     FakeReviewView view;
-    RecoveryOffer offer{ports(), saving, opening, journal, left, view};
+    FakeRecoveryList list;
+    RecoveryOffer offer{ports(), saving, opening, journal, left, view, list};
 };
 
 using enum Answer;
@@ -281,24 +304,57 @@ TEST(RecoveryOffer, ShowsATextAsWhatItIs)
     EXPECT_EQ(fixture.main.titlePath, "/site/lost.vbs");
 }
 
-TEST(RecoveryOffer, SeveralTextsOneAfterTheOther)
+TEST(RecoveryOffer, OneTextIsAQuestionWithItsDetails)
 {
     OfferFixture fixture;
     fixture.left.texts["2"] = std::nullopt; // damaged
     fixture.left.texts["3"] = RecoveryRecord{"/site/page.htm", "old", {}}; // on the disk after all
-    fixture.left.texts["4"] = RecoveryRecord{{}, "untitled", {}};
-    fixture.messages.answers = {Yes, Yes, No};
+    fixture.messages.answers = {Cancel};
     fixture.offer.offer();
-    EXPECT_EQ(fixture.messages.shown.size(), 2U);
+    ASSERT_EQ(fixture.messages.shown.size(), 1U);
     const auto &details = fixture.messages.shown.front().details;
-    for (const auto *part :
-        {"/site/lost.htm", "5 bytes", "    lost\n", "Also waiting", "new work", "8 bytes"})
+    for (const auto *part : {"/site/lost.htm", "5 bytes", "    lost\n"})
         EXPECT_NE(details.find(part), std::string::npos) << part << " in " << details;
-    fixture.offer.leaveReviewed();
-    EXPECT_EQ(fixture.messages.shown.size(), 3U);
-    EXPECT_EQ(fixture.left.discarded, std::vector<std::string>{"4"});
-    EXPECT_TRUE(fixture.left.texts.contains("1"));
     EXPECT_FALSE(fixture.left.texts.contains("3"));
+    EXPECT_TRUE(fixture.list.lists.empty());
+}
+
+TEST(RecoveryOffer, SeveralTextsAreAListUntilAllAreDealtWith)
+{
+    using enum RecoveryChoice;
+    const std::string both = "[/site/lost.htm 5 lost\n][ 8 untitled\n]";
+    const struct {
+        const char *name;
+        std::deque<RecoveryAnswer> answers;
+        const char *saveUnder; ///< empty: the dialog is cancelled
+        std::vector<std::string> lists;
+        std::vector<std::string> left;
+    } cases[] = {
+        {"later", {}, "", {both}, {"1", "4"}},
+        {"not wanted, then later", {{Discard, 1}}, "", {both, "[/site/lost.htm 5 lost\n]"}, {"1"}},
+        {"saved, not wanted", {{Save, 0}, {Discard, 0}}, "/site/kept.htm", {both, "[ 8 untitled\n]"}, {}},
+        {"not saved after all", {{Save, 0}}, "", {both, both}, {"1", "4"}},
+        {"looked at, then the other one", {{Look, 1}, {Discard, 0}}, "", {both, "[/site/lost.htm 5 lost\n]"},
+            {"4"}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        OfferFixture fixture;
+        fixture.left.texts["4"] = RecoveryRecord{{}, "untitled", {}};
+        fixture.list.answers = c.answers;
+        if (*c.saveUnder)
+            fixture.dialogs.choices.emplace_back(c.saveUnder);
+        fixture.offer.offer();
+        EXPECT_TRUE(fixture.list.ended);
+        if (fixture.offer.reviewing())
+            fixture.offer.leaveReviewed();
+        EXPECT_EQ(fixture.list.lists, c.lists);
+        std::vector<std::string> left;
+        for (const auto &[text, record] : fixture.left.texts)
+            left.push_back(text);
+        EXPECT_EQ(left, c.left);
+        EXPECT_EQ(fixture.files.files.contains("/site/kept.htm"), *c.saveUnder != 0);
+    }
 }
 
 TEST(SealedRecord, KnowsDamage)
