@@ -24,7 +24,7 @@ constexpr std::array sets{
     CharacterSet{Encoding::Utf32Be, "UTF-32 big-endian", ScriptGroup::Unicode, Form::Wide, "UTF-32BE", 12001,
         "utf-32be"},
     CharacterSet{Encoding::Iso8859_15, "ISO-8859-15", ScriptGroup::Western, Form::SingleByte, "ISO-8859-15",
-        28605, "iso-8859-15 csisolatin9 iso8859-15 iso885915 iso_8859-15 l9 latin9"},
+        28605, "iso-8859-15 csisolatin9 iso8859-15 iso885915 iso_8859-15 l9"},
     CharacterSet{Encoding::Macintosh, "Macintosh", ScriptGroup::Western, Form::SingleByte, "MACINTOSH", 10000,
         "macintosh csmacintosh mac x-mac-roman"},
     CharacterSet{Encoding::Iso8859_14, "ISO-8859-14", ScriptGroup::Western, Form::SingleByte, "ISO-8859-14",
