@@ -114,7 +114,7 @@ std::optional<std::string> fromValidUtf8(std::string_view text, Encoding encodin
     case Form::SingleByte:
         return toSingleBytes(text, highHalf(encoding));
     case Form::Shifting:
-        return toIso2022Jp(text);
+        return toIso2022Jp(withLibraryCharacters(std::string(text), encoding));
     case Form::Wide:
     case Form::MultiByte:
         break;
@@ -158,6 +158,14 @@ std::string withOwnCharactersEscaped(std::string_view text, Encoding encoding)
     }
 }
 
+/// What a decoder has read, in the standard's characters; the table of a single-byte set has them already.
+std::string standardForm(std::string text, Encoding encoding)
+{
+    if (characterSet(encoding).form == Form::SingleByte)
+        return text;
+    return withStandardCharacters(std::move(text), encoding);
+}
+
 /// `bytes` that mean nothing at some places, of which `decoder` has read none so far.
 std::string withRawBytes(std::string_view bytes, Encoding encoding, const Decoder &decoder)
 {
@@ -166,7 +174,7 @@ std::string withRawBytes(std::string_view bytes, Encoding encoding, const Decode
         std::string valid;
         const auto length = decoder(bytes, valid);
         bytes.remove_prefix(length);
-        out += withOwnCharactersEscaped(withStandardCharacters(std::move(valid), encoding), encoding);
+        out += withOwnCharactersEscaped(standardForm(std::move(valid), encoding), encoding);
         if (length > 0)
             continue;
         const auto raw = std::min<std::size_t>(bytes.size(), static_cast<std::size_t>(unitSize(encoding)));
@@ -188,7 +196,7 @@ std::optional<std::string> allOf(std::string_view bytes, Encoding encoding)
             return std::nullopt;
         bytes.remove_prefix(length);
     }
-    return withStandardCharacters(std::move(text), encoding);
+    return standardForm(std::move(text), encoding);
 }
 
 } // namespace

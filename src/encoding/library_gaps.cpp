@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/library_gaps.h"
 
+#include "encoding/converter.h"
 #include "encoding/utf8.h"
 
 #include <algorithm>
@@ -20,6 +21,8 @@ constexpr std::array unknownCharacters{
     UnknownCharacter{Encoding::Big5, "\xA1\xC5", 0x02CD},
     UnknownCharacter{Encoding::Big5, "\xA1\xFE", 0xFF0F},
     UnknownCharacter{Encoding::Big5, "\xA2\x40", 0xFF3C},
+    UnknownCharacter{Encoding::Big5, "\xA2\xCC", 0x5341},
+    UnknownCharacter{Encoding::Big5, "\xA2\xCE", 0x5345},
     UnknownCharacter{Encoding::Big5, "\xA3\xE1", 0x20AC},
 };
 
@@ -48,29 +51,86 @@ constexpr std::array replaced{
     Replaced{Encoding::Big5, 0x00A3, 0xFFE1},
 };
 
+/// `text` with `replacement` of each character beyond ASCII.
+template <typename Replacement> std::string mapped(std::string_view text, const Replacement &replacement)
+{
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        const auto [value, length] = firstCharacter(text);
+        if (length > 1)
+            appendUtf8(out, replacement(value));
+        else
+            out.append(text.substr(0, 1));
+        text.remove_prefix(std::max<std::size_t>(length, 1));
+    }
+    return out;
+}
+
 /// Each character that `from` names in a row of the set becomes the one of `to`; one that `to` names, and
 /// that the other side does not have, takes its place, so that nothing becomes the same.
 std::string exchanged(std::string text, Encoding encoding, char32_t Replaced::*from, char32_t Replaced::*to)
 {
     if (std::ranges::find(replaced, encoding, &Replaced::encoding) == replaced.end() || isAscii(text))
         return text;
-    std::string out;
-    out.reserve(text.size());
-    for (std::string_view rest = text; !rest.empty();) {
-        const auto [value, length] = firstCharacter(rest);
-        const auto is = [&](char32_t Replaced::*side) {
-            return std::ranges::find_if(
-                replaced, [&](const auto &row) { return row.encoding == encoding && row.*side == value; });
-        };
-        if (const auto row = is(from); length > 1 && row != replaced.end())
-            appendUtf8(out, (*row).*to);
-        else if (const auto other = is(to); length > 1 && other != replaced.end())
-            appendUtf8(out, (*other).*from);
-        else
-            out.append(rest.substr(0, std::max<std::size_t>(length, 1)));
-        rest.remove_prefix(std::max<std::size_t>(length, 1));
+    const auto rowOf = [&](char32_t Replaced::*side, char32_t value) {
+        return std::ranges::find_if(
+            replaced, [&](const auto &row) { return row.encoding == encoding && row.*side == value; });
+    };
+    return mapped(text, [&](char32_t value) {
+        if (const auto row = rowOf(from, value); row != replaced.end())
+            return (*row).*to;
+        const auto other = rowOf(to, value);
+        return other == replaced.end() ? value : (*other).*from;
+    });
+}
+
+/// Rows 89 to 92 of the Japanese set, from which the library of EUC-JP makes private characters.
+constexpr char32_t firstPrivate = 0xE178;
+constexpr std::size_t extraCharacters = 4 * 94;
+constexpr char32_t notSign = 0xFFE2; ///< among them, and at the place where it is written
+
+/// As Shift_JIS has them, where the library knows them.
+std::array<char16_t, extraCharacters> extraRows()
+{
+    constexpr std::size_t columns = 188;
+    std::array<char16_t, extraCharacters> all{};
+    const auto library = Converter::between("CP932", "UTF-8");
+    for (std::size_t i = 0; library && i < all.size(); ++i) {
+        const auto column = i % columns;
+        const std::string bytes{static_cast<char>(0xED + i / columns),
+            static_cast<char>(0x40 + column + (column >= 0x3F ? 1 : 0))}; // 0x7F is left out
+        std::string character;
+        if (library->convert(bytes, character) == bytes.size())
+            all[i] = static_cast<char16_t>(firstCharacter(character).value);
     }
-    return out;
+    return all;
+}
+
+const std::array<char16_t, extraCharacters> &extraJapanese()
+{
+    static const auto all = extraRows();
+    return all;
+}
+
+constexpr bool hasExtraJapanese(Encoding encoding)
+{
+    return encoding == Encoding::EucJp || encoding == Encoding::Iso2022Jp;
+}
+
+char32_t fromPrivate(char32_t character)
+{
+    if (character < firstPrivate || character >= firstPrivate + extraCharacters)
+        return character;
+    const char32_t known = extraJapanese()[character - firstPrivate];
+    return known == 0 ? character : known;
+}
+
+char32_t toPrivate(char32_t character)
+{
+    const auto &all = extraJapanese();
+    const auto it = character == notSign ? all.end() : std::ranges::find(all, character);
+    return it == all.end() ? character : firstPrivate + static_cast<char32_t>(it - all.begin());
 }
 
 } // namespace
@@ -92,11 +152,15 @@ const UnknownCharacter *unknownCharacterFor(
 
 std::string withStandardCharacters(std::string text, Encoding encoding)
 {
+    if (hasExtraJapanese(encoding))
+        return mapped(text, fromPrivate);
     return exchanged(std::move(text), encoding, &Replaced::library, &Replaced::standard);
 }
 
 std::string withLibraryCharacters(std::string text, Encoding encoding)
 {
+    if (hasExtraJapanese(encoding))
+        return mapped(text, toPrivate);
     return exchanged(std::move(text), encoding, &Replaced::standard, &Replaced::library);
 }
 
