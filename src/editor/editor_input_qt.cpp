@@ -136,13 +136,7 @@ bool EditorControl::selectsLines() const
 
 void EditorControl::unindent()
 {
-    const EditScope scope(*this, EditKind::Command);
-    const UndoStep step(*this);
-    if (selectsLines())
-        return void(send(SCI_BACKTAB));
-    const auto line = GetLineFromChar(SelStart());
-    const auto indentation = send(SCI_GETLINEINDENTATION, line) - send(SCI_GETTABWIDTH);
-    send(SCI_SETLINEINDENTATION, line, std::max<std::intptr_t>(indentation, 0));
+    apply(unindentedLines(*this, anchorAndCaret(), send(SCI_GETTABWIDTH)));
 }
 
 bool EditorControl::event(QEvent *event)

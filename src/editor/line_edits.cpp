@@ -106,6 +106,14 @@ LineChange uncommented(std::string_view line, const CommentMarks &marks)
     return {line, {start, opening, {}}, {start + std::ssize(core) - closing, closing, {}}};
 }
 
+LineChange unindented(std::string_view line, Offset level)
+{
+    auto blank = line.substr(0, static_cast<std::size_t>(level)).find_first_not_of(' ');
+    blank = std::min({blank, line.size(), static_cast<std::size_t>(level)});
+    const bool tab = std::ssize(line.substr(0, blank)) < level && line.substr(blank).starts_with('\t');
+    return {line, {0, static_cast<Offset>(blank) + tab, {}}, {}};
+}
+
 LineEdit joined(TextRange range, const std::vector<LineChange> &changes, AnchorAndCaret selection)
 {
     LineEdit edit{range, {}, selection};
@@ -130,6 +138,19 @@ LineEdit joined(TextRange range, const std::vector<LineChange> &changes, AnchorA
     return edit;
 }
 
+template <typename Change>
+std::optional<LineEdit> changedLines(
+    TextRange range, const std::string &text, AnchorAndCaret selection, const Change &change)
+{
+    std::vector<LineChange> changes;
+    for (const auto line : splitIntoLines(text))
+        changes.push_back(change(line));
+    auto edit = joined(range, changes, selection);
+    if (edit.text == text)
+        return std::nullopt;
+    return edit;
+}
+
 } // namespace
 
 CommentMarks commentMarks(std::string_view extension, bool scriptTools)
@@ -149,13 +170,15 @@ std::optional<LineEdit> toggledComments(
     const auto lines = splitIntoLines(text);
     const bool all = std::ranges::all_of(lines,
         [&](std::string_view line) { return trimmed(line).empty() || isComment(trimmed(line), marks); });
-    std::vector<LineChange> changes;
-    for (const auto line : lines)
-        changes.push_back(all ? uncommented(line, marks) : commented(line, marks));
-    auto edit = joined(range, changes, selection);
-    if (edit.text == text)
-        return std::nullopt;
-    return edit;
+    return changedLines(range, text, selection,
+        [&](std::string_view line) { return all ? uncommented(line, marks) : commented(line, marks); });
+}
+
+std::optional<LineEdit> unindentedLines(const EditorSurface &document, AnchorAndCaret selection, Offset level)
+{
+    const auto range = selectedLines(document, selection);
+    return changedLines(range, std::string(document.Text(range)), selection,
+        [&](std::string_view line) { return unindented(line, level); });
 }
 
 std::optional<LineEdit> movedLines(const EditorSurface &document, AnchorAndCaret selection, Move direction)

@@ -47,6 +47,10 @@ enum class Move { Up, Down };
     const EditorSurface &document, AnchorAndCaret selection);
 [[nodiscard]] std::optional<LineEdit> deletedLines(const EditorSurface &document, AnchorAndCaret selection);
 
+/// Takes a tab, or up to `level` spaces, off the start of each line.
+[[nodiscard]] std::optional<LineEdit> unindentedLines(
+    const EditorSurface &document, AnchorAndCaret selection, Offset level);
+
 /// The blanks at the start of a position's line, as far as they stand before the position.
 [[nodiscard]] std::string indentationBefore(const EditorSurface &document, Offset position);
 

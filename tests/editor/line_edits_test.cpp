@@ -35,6 +35,11 @@ std::optional<LineEdit> moveDown(const EditorSurface &document, AnchorAndCaret s
     return movedLines(document, selection, Move::Down);
 }
 
+std::optional<LineEdit> unindent(const EditorSurface &document, AnchorAndCaret selection)
+{
+    return unindentedLines(document, selection, 4);
+}
+
 bool run(MemorySurface &document, Command command)
 {
     const auto [start, end] = document.Selection();
@@ -64,6 +69,9 @@ TEST(LineEdits, LeaveTextAndSelection)
         {"the last line up", moveUp, "a\r\nb\r\nc|", "a\r\nc|\r\nb"},
         {"to the end of the text", moveDown, "[a\r\n]b", "b\r\n[a]"},
         {"a copy", duplicatedLines, "a|b", "ab\r\na|b"},
+        {"the caret stays in its indentation", unindent, "\t\t|", "\t|"},
+        {"spaces stay spaces", unindent, "        a[b]", "    a[b]"},
+        {"less than a level", unindent, "[\ta\r\n  \tb\r\n  c\r\nd]", "[a\r\nb\r\nc\r\nd]"},
         {"lines gone", deletedLines, "a\r\nb[b\r\nc]c\r\nd", "a\r\n|d"},
         {"the last one gone", deletedLines, "ab\r\nc|d", "|ab"},
     };
