@@ -127,6 +127,9 @@ QWidget *Application::visibleWindow(SecondaryWindow window) const
 void Application::showWindow(SecondaryWindow which)
 {
     auto &shown = window(which);
+    // Moved to where it is: a dialog whose place nobody set goes to the middle each time it is shown.
+    if (shown.windowHandle() && !shown.isVisible())
+        shown.move(shown.pos());
     shown.show();
     shown.raise();
     shown.activateWindow();
