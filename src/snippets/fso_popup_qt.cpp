@@ -6,6 +6,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QScreen>
 #include <QtWidgets/QMenu>
 
 #include <algorithm>
@@ -44,7 +45,7 @@ void FsoPopup::openAtCaret()
     m_start = m_document.SelStart();
     for (auto *method : m_menu.actions())
         method->setVisible(true);
-    m_menu.popup(m_document.viewport()->mapToGlobal(m_document.bottomLeftOf(m_document.SelStart())));
+    m_menu.popup(place());
     m_menu.setActiveAction(m_menu.actions().value(0));
 }
 
@@ -69,10 +70,24 @@ void FsoPopup::filter()
         if (fits && !first)
             first = method;
     }
-    if (first)
-        m_menu.setActiveAction(first);
-    else
-        m_menu.close();
+    if (!first)
+        return void(m_menu.close());
+    m_menu.setActiveAction(first);
+    m_menu.move(place());
+}
+
+/// Below the line written, or above it where there is no room: the menu shrinks while letters are typed.
+QPoint FsoPopup::place() const
+{
+    const auto *viewport = m_document.viewport();
+    const auto below = viewport->mapToGlobal(m_document.bottomLeftOf(m_start));
+    const int lineHeight = static_cast<int>(m_document.SendScintilla(QsciScintillaBase::SCI_TEXTHEIGHT, 0L));
+    const auto size = m_menu.sizeHint();
+    const auto screen = m_document.screen()->availableGeometry();
+    const int left = std::min(below.x(), screen.right() + 1 - size.width());
+    const int above = below.y() - lineHeight - size.height();
+    return {
+        left, below.y() + size.height() <= screen.bottom() + 1 || above < screen.top() ? below.y() : above};
 }
 
 /// Keys that the menu has no use for go on into the text.

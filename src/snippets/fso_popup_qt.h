@@ -6,6 +6,7 @@
 #include "text/types.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QPoint>
 
 class QAction;
 class QMenu;
@@ -26,6 +27,7 @@ private:
     void openAtCaret();
     void insert(const QAction &method);
     void filter();
+    [[nodiscard]] QPoint place() const;
 
     EditorControl &m_document;
     const DocumentState &m_state;
