@@ -29,8 +29,8 @@ protected:
             : std::nullopt;
         if (!line || *line > m_document.lineCount())
             return QObject::eventFilter(watched, event);
-        m_document.SetSelStart(m_document.lineRange(*line - 1).start);
-        m_document.SetFocus();
+        const auto start = m_document.lineRange(*line - 1).start;
+        goTo(m_document, {start, start});
         return true;
     }
 

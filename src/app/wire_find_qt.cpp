@@ -105,9 +105,8 @@ void showLine(Application &app, const OpenDocument &open, const QString &path, q
     if (!open.isDocument(pathBytes(path)))
         return;
     auto &document = window.document();
-    document.Select(document.lineRange(std::min<Offset>(line, document.lineCount()) - 1));
     window.activateWindow();
-    document.SetFocus();
+    goTo(document, document.lineRange(std::min<Offset>(line, document.lineCount()) - 1));
 }
 
 } // namespace

@@ -66,11 +66,20 @@ void goToLine(Application &app)
         "Line number:", static_cast<int>(now), 1, static_cast<int>(document.lineCount()), 1, &chosen);
     if (!chosen)
         return;
-    document.SetSelStart(document.lineRange(line - 1).start);
-    document.SetFocus();
+    const auto start = document.lineRange(line - 1).start;
+    goTo(document, {start, start});
 }
 
 } // namespace
+
+void goTo(EditorControl &document, TextRange range)
+{
+    const auto view = document.FirstVisibleLine();
+    document.Select(range);
+    if (document.FirstVisibleLine() != view)
+        document.SendScintilla(QsciScintillaBase::SCI_VERTICALCENTRECARET);
+    document.SetFocus();
+}
 
 void wireNavigation(Application &app)
 {

@@ -4,6 +4,8 @@
 // All run once, right after the main window exists and before anything is shown, in this order.
 #pragma once
 
+#include "text/types.h"
+
 #include <initializer_list>
 #include <string_view>
 
@@ -12,6 +14,7 @@ class QWidget;
 namespace kevra {
 
 class Application;
+class EditorControl;
 
 void wireEditing(Application &app); ///< undo, clipboard, select all, word wrap, print, tool sets, fonts
 void wireLines(Application &app); ///< the commands on lines, Keep Indentation
@@ -26,6 +29,9 @@ void wirePad(Application &app);
 void wireNavigation(Application &app); ///< recent files, a line by its number
 /// Last: its buttons are enabled where their commands have been bound by then.
 void wireSnippetPanels(Application &app);
+
+/// Selects this and gives the document the keyboard. What was out of view comes to the middle of it.
+void goTo(EditorControl &document, TextRange range);
 
 /// The keys of these menu items work in `window` too.
 void shareKeys(Application &app, QWidget &window, std::initializer_list<std::string_view> items);
