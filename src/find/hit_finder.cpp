@@ -81,6 +81,7 @@ class HitFinder::Expression {
 public:
     explicit Expression(const FindRequest &request)
         : m_words(request.words)
+        , m_entered(request.text)
         , m_pattern("(?m)" + request.text, optionsOf(request))
         , m_rewrite(replaced(replaced(request.replacement, "\\n", "\n"), "\\t", "\t"))
         , m_groups(static_cast<std::size_t>(std::max(0, m_pattern.NumberOfCapturingGroups())) + 1)
@@ -89,10 +90,12 @@ public:
 
     [[nodiscard]] std::string fault() const
     {
-        std::string error = m_pattern.ok() ? "" : m_pattern.error();
+        std::string error;
         if (m_pattern.ok())
             m_pattern.CheckRewriteString(piece(m_rewrite), &error);
-        return error;
+        else // in words about what was entered, without the prefix
+            error = RE2(m_entered, m_pattern.options()).error();
+        return error.empty() ? m_pattern.error() : error;
     }
 
     /// Calls `take` with each hit and its replacement until it returns false.
@@ -128,6 +131,7 @@ private:
     }
 
     Word m_words;
+    std::string m_entered;
     RE2 m_pattern;
     std::string m_rewrite;
     std::vector<re2::StringPiece> m_groups;

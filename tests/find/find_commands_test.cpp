@@ -107,6 +107,8 @@ TEST(HitFinder, FindsAndReplacesAsAnotherEngineDoes)
         ASSERT_EQ(finder.last(given, std::ssize(given) + 1), last);
     }
     EXPECT_NE(HitFinder({.text = "(", .pattern = Pattern::Expression}).fault(), "");
+    EXPECT_EQ(HitFinder({.text = "a(", .pattern = Pattern::Expression}).fault().find("?m"), std::string::npos)
+        << "what was not entered";
     EXPECT_NE(HitFinder({.text = "a", .replacement = "\\1", .pattern = Pattern::Expression}).fault(), "");
 }
 
