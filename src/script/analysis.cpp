@@ -91,7 +91,12 @@ void checkNodes(const Model &model, bool wholeText, FindingList &findings)
 
 std::vector<Finding> analyse(const ParsedScript &script, const Surroundings &surroundings)
 {
-    const Model model(script, surroundings);
+    return analyse(Model(script, surroundings));
+}
+
+std::vector<Finding> analyse(const Model &model)
+{
+    const auto &script = model.script;
     const bool wholeText = script.complete && script.findings.empty();
     FindingList found;
     checkNodes(model, wholeText, found);

@@ -10,7 +10,11 @@
 
 namespace kevra::script {
 
+class Model;
+
 /// Ascending by place, without those that a comment switches off.
 [[nodiscard]] std::vector<Finding> analyse(const ParsedScript &script, const Surroundings &surroundings = {});
+/// The same of a script whose names are already known.
+[[nodiscard]] std::vector<Finding> analyse(const Model &model);
 
 } // namespace kevra::script

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What could be written at a place.
+#pragma once
+
+#include "script/file_model.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kevra::script {
+
+enum class CompletionKind : std::uint8_t {
+    Keyword,
+    Variable,
+    Constant,
+    Function,
+    Method,
+    Property,
+    Class,
+    Object
+};
+
+struct Completion {
+    std::string name;
+    CompletionKind kind{};
+    std::string detail; ///< how it is declared or called
+    std::string_view text; ///< sentences, perhaps none
+};
+
+struct Completions {
+    TextRange word; ///< what of it is written already
+    std::vector<Completion> items;
+    bool startsStatement = false; ///< nothing but blanks before it on its line
+};
+
+/// None in strings, comments, numbers and where a name is being declared. Names that can be seen from the
+/// place, nearest scope first; after a dot the members of the object, if its class is known.
+[[nodiscard]] Completions completions(const FileModel &file, Offset offset);
+
+} // namespace kevra::script

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A file with all that is known about its scripts: what editors ask about places in it.
+#pragma once
+
+#include "script/islands.h"
+#include "script/model.h"
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace kevra::script {
+
+/// The scripts of a file that share their names.
+struct FilePart {
+    /// `text` must outlive the part.
+    FilePart(std::string_view text, FileKind kind, Island found);
+
+    Island island;
+    ParsedScript script;
+    Model model;
+};
+
+class FileModel {
+public:
+    /// The text must outlive the model; positions are those of the text.
+    FileModel(std::string_view text, FileKind kind);
+
+    [[nodiscard]] std::string_view text() const { return m_text; }
+    [[nodiscard]] FileKind kind() const { return m_kind; }
+    [[nodiscard]] const std::vector<std::unique_ptr<FilePart>> &parts() const { return m_parts; }
+    /// The first part with script at the place, its end included; null where there is none.
+    [[nodiscard]] const FilePart *partAt(Offset offset) const;
+    /// Of all parts, ascending by place.
+    [[nodiscard]] std::vector<Finding> findings() const;
+
+private:
+    std::string_view m_text;
+    FileKind m_kind;
+    std::vector<std::unique_ptr<FilePart>> m_parts;
+};
+
+} // namespace kevra::script

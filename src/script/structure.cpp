@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "script/structure.h"
+
+#include "script/layout.h"
+
+#include <algorithm>
+
+namespace kevra::script {
+namespace {
+
+/// Lines with nothing but a comment, in a row.
+void appendCommentFolds(const FilePart &part, const Layout &layout, std::vector<Fold> &folds)
+{
+    Fold run;
+    bool open = false;
+    for (const auto &comment : layout.comments()) {
+        const auto line = layout.lineOf(comment.start);
+        const auto start = layout.lineRange(line).start;
+        const bool alone = layout.lines()[line].isScript
+            && part.script.textOf(TextRange{start, comment.start}).find_first_not_of(" \t")
+                == std::string_view::npos;
+        if (open && alone && line == run.last + 1) {
+            run.last = line;
+            continue;
+        }
+        if (open && run.last > run.first)
+            folds.push_back(run);
+        open = alone;
+        run = {line, line, true};
+    }
+    if (open && run.last > run.first)
+        folds.push_back(run);
+}
+
+} // namespace
+
+std::vector<Fold> folds(const FileModel &file)
+{
+    std::vector<Fold> found;
+    for (const auto &part : file.parts()) {
+        const Layout layout(file.text(), part->island.pieces);
+        for (const auto &block : layout.blocks()) {
+            if (block.last > block.first + 1)
+                found.push_back({block.first, block.last - 1, false});
+        }
+        appendCommentFolds(*part, layout, found);
+    }
+    std::ranges::stable_sort(found, {}, &Fold::first);
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    return found;
+}
+
+std::vector<TextRange> widening(const FileModel &file, Offset offset)
+{
+    std::vector<TextRange> ranges;
+    if (const auto *part = file.partAt(offset)) {
+        const auto &tree = part->script.tree;
+        for (NodeId id = 1; id < tree.size(); ++id) {
+            const auto range = tree[id].range();
+            if (range.start <= offset && offset <= range.end && !range.empty())
+                ranges.push_back(range);
+        }
+    }
+    ranges.push_back({0, static_cast<Offset>(file.text().size())});
+    std::ranges::stable_sort(ranges, {}, [](TextRange range) { return range.length(); });
+    // Of names that touch at the place one is followed.
+    std::vector<TextRange> nested;
+    for (const auto range : ranges) {
+        const bool wider = nested.empty()
+            || (range.start <= nested.back().start && range.end >= nested.back().end
+                && !(range == nested.back()));
+        if (wider)
+            nested.push_back(range);
+    }
+    return nested;
+}
+
+} // namespace kevra::script

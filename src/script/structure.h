@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which lines fold together, and what grows around a place when the selection is widened.
+#pragma once
+
+#include "script/file_model.h"
+
+#include <vector>
+
+namespace kevra::script {
+
+struct Fold {
+    std::size_t first = 0; ///< lines from 0; the first stays to be seen
+    std::size_t last = 0;
+    bool isComment = false;
+
+    friend bool operator==(const Fold &, const Fold &) = default;
+};
+
+/// Blocks without the line of their end, and runs of comment lines; ascending.
+[[nodiscard]] std::vector<Fold> folds(const FileModel &file);
+
+/// Around the place, from the word to the whole text, each wider than the one before.
+[[nodiscard]] std::vector<TextRange> widening(const FileModel &file, Offset offset);
+
+} // namespace kevra::script
