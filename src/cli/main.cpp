@@ -6,6 +6,7 @@
 #include "cli/colour_report.h"
 #include "cli/exit_code.h"
 #include "cli/input_file.h"
+#include "cli/lsp_command.h"
 #include "colour/flat_runs.h"
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
@@ -172,6 +173,10 @@ int main(int argc, char **argv)
     auto *explainCommand = app.add_subcommand("explain", "Say what a finding's code is about");
     explainCommand->add_option("CODE", explainedCode, "Such as KV1001")->option_text(" ")->required();
 
+    auto *lspCommand = app.add_subcommand("lsp", "Serve editors over standard input and output");
+    lspCommand->add_flag_callback(
+        "--stdio", [] {}, "Accepted from clients that add it; there is no other way");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
@@ -180,6 +185,7 @@ int main(int argc, char **argv)
     const int exitCode = *checkCommand ? runCheck(checkOptions)
         : *analyseCommand              ? runAnalyse(analyseOptions)
         : *explainCommand              ? runExplain(explainedCode)
+        : *lspCommand                  ? runLanguageServer()
                                        : runColour(colourOptions);
     std::cout.flush();
     return std::cout ? exitCode : Unusable;

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/lsp_command.h"
+
+#include "cli/input_file.h"
+#include "lsp/server.h"
+#include "script/islands.h"
+#include "snippets/snippets.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <unistd.h>
+
+namespace kevra {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SystemFiles : public lsp::DiskFiles {
+public:
+    std::optional<std::string> read(const std::string &path) override
+    {
+        const auto bytes = FileBytes::read(path);
+        if (!bytes)
+            return std::nullopt;
+        return std::string(FileText(path, bytes->view(), std::nullopt).view());
+    }
+
+    std::uint64_t stamp(const std::string &path) override
+    {
+        std::error_code error;
+        if (!fs::is_regular_file(path, error))
+            return 0;
+        const auto time = fs::last_write_time(path, error).time_since_epoch().count();
+        const auto size = fs::file_size(path, error);
+        // Never 0: the file is there.
+        return (static_cast<std::uint64_t>(time) * 31 + size) | 1;
+    }
+
+    std::vector<std::string> scriptsBelow(const std::string &folder) override
+    {
+        constexpr std::size_t mostEntries = 20'000;
+        std::vector<std::string> paths;
+        std::error_code error;
+        fs::recursive_directory_iterator entry(folder, error);
+        for (std::size_t seen = 0;
+             !error && entry != fs::recursive_directory_iterator() && seen < mostEntries;
+             entry.increment(error), ++seen) {
+            std::error_code unknown;
+            const auto &path = entry->path();
+            if (path.filename().native().starts_with('.'))
+                entry.disable_recursion_pending();
+            else if (script::fileKind(path.native()) && entry->is_regular_file(unknown))
+                paths.push_back(path.native());
+        }
+        return paths;
+    }
+};
+
+[[nodiscard]] std::vector<lsp::SnippetText> scriptSnippets()
+{
+    std::vector<lsp::SnippetText> out;
+    for (const auto &snippet : snippets()) {
+        if (snippet.insertion == Insertion::ScriptLine)
+            out.push_back({snippet.caption, snippet.text});
+    }
+    return out;
+}
+
+} // namespace
+
+int runLanguageServer()
+{
+    SystemFiles files;
+    const auto read = [](char *room, std::size_t size) {
+        const auto count = ::read(STDIN_FILENO, room, size);
+        return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    };
+    const auto write = [](std::string_view bytes) {
+        std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+        std::fflush(stdout);
+    };
+    return lsp::serve(files, scriptSnippets(), read, write);
+}
+
+} // namespace kevra

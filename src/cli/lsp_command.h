@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// "kevra-cli lsp": the language server over standard input and output.
+#pragma once
+
+namespace kevra {
+
+/// The process's exit code.
+int runLanguageServer();
+
+} // namespace kevra

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "lsp/features.h"
+#include "script/completion.h"
+#include "script/describe.h"
+
+#include <algorithm>
+
+namespace kevra::lsp {
+namespace {
+
+using script::CompletionKind;
+
+[[nodiscard]] Json markdown(const std::string &signature, const std::string &text)
+{
+    return {{"kind", "markdown"},
+        {"value", "```vbscript\n" + signature + "\n```" + (text.empty() ? "" : "\n\n" + text)}};
+}
+
+[[nodiscard]] int itemKind(CompletionKind kind)
+{
+    switch (kind) {
+    case CompletionKind::Method:
+        return 2;
+    case CompletionKind::Function:
+        return 3;
+    case CompletionKind::Variable:
+        return 6;
+    case CompletionKind::Class:
+        return 7;
+    case CompletionKind::Object:
+        return 9; // Module
+    case CompletionKind::Property:
+        return 10;
+    case CompletionKind::Keyword:
+        return 14;
+    case CompletionKind::Constant:
+        break;
+    }
+    return 21;
+}
+
+/// The word is replaced as a whole, so that the client need not guess where it begins.
+[[nodiscard]] Json replacing(const Json &range, std::string_view text)
+{
+    return {{"range", range}, {"newText", text}};
+}
+
+constexpr int snippetKind = 15;
+
+void appendSnippets(const Context &context, const Json &range, Json &items)
+{
+    for (const auto &snippet : context.snippets) {
+        // Line ends are the client's own.
+        std::string text(snippet.text);
+        std::erase(text, '\r');
+        items.push_back({{"label", snippet.name}, {"kind", snippetKind}, {"detail", text},
+            {"sortText", "~" + std::string(snippet.name)}, {"textEdit", replacing(range, text)}});
+    }
+}
+
+} // namespace
+
+Answer hover(const Context &context, const Json &params)
+{
+    const auto place = placeOf(context, params);
+    const auto found = place.document ? describe(place.document->model(), place.offset) : std::nullopt;
+    if (!found)
+        return Json();
+    return Json{{"contents", markdown(found->signature, found->text)},
+        {"range", toJson(place.document->text(), found->range)}};
+}
+
+Answer signatureHelp(const Context &context, const Json &params)
+{
+    const auto place = placeOf(context, params);
+    const auto call = place.document ? callHelp(place.document->model(), place.offset) : std::nullopt;
+    if (!call)
+        return Json();
+    Json parameters = Json::array();
+    for (const auto &parameter : call->parameters)
+        // As text: in whichever unit positions are counted, the offsets would have to be UTF-16.
+        parameters.push_back({{"label",
+            call->signature.substr(
+                static_cast<std::size_t>(parameter.start), static_cast<std::size_t>(parameter.length()))}});
+    return Json{{"signatures",
+                    Json::array({{{"label", call->signature}, {"documentation", call->text},
+                        {"parameters", std::move(parameters)}}})},
+        {"activeSignature", 0}, {"activeParameter", call->active}};
+}
+
+Answer completion(const Context &context, const Json &params)
+{
+    const auto place = placeOf(context, params);
+    Json items = Json::array();
+    if (!place.document)
+        return items;
+    const auto found = completions(place.document->model(), place.offset);
+    const auto range = toJson(place.document->text(), found.word);
+    for (const auto &item : found.items)
+        items.push_back({{"label", item.name}, {"kind", itemKind(item.kind)}, {"detail", item.detail},
+            {"documentation", item.text}, {"textEdit", replacing(range, item.name)}});
+    if (found.startsStatement)
+        appendSnippets(context, range, items);
+    return items;
+}
+
+} // namespace kevra::lsp

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "lsp/workspace.h"
+
+#include "lsp/uri.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kevra::lsp {
+namespace {
+
+using script::FileKind;
+
+struct Language {
+    std::string_view id;
+    FileKind kind;
+};
+/// For texts whose name does not say what they are.
+constexpr std::array languages{Language{"html", FileKind::Page}, Language{"asp", FileKind::ServerPage},
+    Language{"aspvbs", FileKind::ServerPage}, Language{"wsf", FileKind::HostFile},
+    Language{"xml", FileKind::HostFile}};
+
+[[nodiscard]] FileKind kindOf(const std::string &uri, std::string_view language)
+{
+    if (const auto kind = script::fileKind(pathOfUri(uri).value_or(uri)))
+        return *kind;
+    const auto known = std::ranges::find(languages, language, &Language::id);
+    return known != languages.end() ? known->kind : FileKind::Script;
+}
+
+} // namespace
+
+Document::Document(std::string uri, FileKind kind, TextDocument text)
+    : m_uri(std::move(uri))
+    , m_kind(kind)
+    , m_text(std::move(text))
+{
+}
+
+Document::Known &Document::known() const
+{
+    if (!m_known)
+        m_known = std::make_unique<Known>(m_text.text(), m_kind);
+    return *m_known;
+}
+
+const script::FileModel &Document::model() const
+{
+    return known().model;
+}
+
+const std::vector<script::Finding> &Document::findings() const
+{
+    auto &findings = known().findings;
+    if (!findings)
+        findings = known().model.findings();
+    return *findings;
+}
+
+void Document::replace(TextRange range, std::string_view text)
+{
+    m_text.replace(range, text);
+    m_known.reset();
+}
+
+void Document::replaceAll(std::string text)
+{
+    m_text.replaceAll(std::move(text));
+    m_known.reset();
+}
+
+void Workspace::addFolder(const std::string &uri)
+{
+    if (const auto path = pathOfUri(uri))
+        m_folders.insert(*path);
+}
+
+void Workspace::removeFolder(const std::string &uri)
+{
+    if (const auto path = pathOfUri(uri))
+        m_folders.erase(*path);
+}
+
+Document &Workspace::open(const std::string &uri, std::string_view language, std::string text)
+{
+    m_open.erase(uri);
+    return m_open.emplace(uri, Document(uri, kindOf(uri, language), TextDocument(std::move(text), m_unit)))
+        .first->second;
+}
+
+Document *Workspace::find(const std::string &uri)
+{
+    const auto found = m_open.find(uri);
+    return found != m_open.end() ? &found->second : nullptr;
+}
+
+const Document *Workspace::load(const std::string &uri)
+{
+    if (const auto *open = find(uri))
+        return open;
+    const auto path = pathOfUri(uri);
+    const auto stamp = path ? m_disk.stamp(*path) : 0;
+    if (stamp == 0)
+        return nullptr;
+    auto &entry = m_onDisk[uri];
+    if (!entry.document || entry.stamp != stamp) {
+        auto text = m_disk.read(*path);
+        if (!text)
+            return nullptr;
+        entry.stamp = stamp;
+        entry.document
+            = std::make_unique<Document>(uri, kindOf(uri, {}), TextDocument(std::move(*text), m_unit));
+    }
+    return entry.document.get();
+}
+
+std::set<std::string> Workspace::uris()
+{
+    std::set<std::string> uris;
+    for (const auto &entry : m_open)
+        uris.insert(entry.first);
+    for (const auto &folder : m_folders) {
+        for (const auto &path : m_disk.scriptsBelow(folder))
+            uris.insert(uriOfPath(path));
+    }
+    return uris;
+}
+
+std::vector<const Document *> Workspace::all()
+{
+    std::vector<const Document *> found;
+    for (const auto &uri : uris()) {
+        if (const auto *document = load(uri))
+            found.push_back(document);
+    }
+    return found;
+}
+
+/// URIs.
+std::vector<std::string> Workspace::included(const Document &document, const script::FilePart &part)
+{
+    std::vector<std::string> uris;
+    if (const auto path = pathOfUri(document.uri())) {
+        for (const auto &file : part.island.includes)
+            uris.push_back(uriOfPath(pathBeside(*path, file.path)));
+    }
+    return uris;
+}
+
+const Document *Workspace::includedAt(const Document &document, Offset offset)
+{
+    const auto path = pathOfUri(document.uri());
+    for (const auto &part : document.model().parts()) {
+        for (const auto &file : part->island.includes) {
+            if (path && file.place.start <= offset && offset <= file.place.end)
+                return load(uriOfPath(pathBeside(*path, file.path)));
+        }
+    }
+    return nullptr;
+}
+
+std::vector<SharedPart> Workspace::sharing(const Document &document, const script::FilePart &first)
+{
+    // Who includes whom, in both directions; a file that is included counts with all its parts.
+    struct Link {
+        SharedPart from;
+        std::string to;
+    };
+    std::vector<Link> links;
+    for (const auto &other : uris()) {
+        // A plain script names no other file.
+        const auto *host = script::fileKind(other) != FileKind::Script ? load(other) : nullptr;
+        if (!host)
+            continue;
+        for (const auto &part : host->model().parts()) {
+            for (auto &uri : included(*host, *part))
+                links.push_back({{host, part.get()}, std::move(uri)});
+        }
+    }
+    std::vector<SharedPart> found;
+    const auto add = [&](const Document *of, const script::FilePart *part) {
+        const bool known = std::ranges::any_of(found, [&](const SharedPart &s) { return s.part == part; });
+        if (!known)
+            found.push_back({of, part});
+    };
+    add(&document, &first);
+    for (auto &uri : included(document, first))
+        links.push_back({found.front(), std::move(uri)});
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        for (const auto &link : links) {
+            if (link.from.part == found[i].part) {
+                if (const auto *to = load(link.to)) {
+                    for (const auto &part : to->model().parts())
+                        add(to, part.get());
+                }
+            } else if (link.to == found[i].document->uri()) {
+                add(link.from.document, link.from.part);
+            }
+        }
+    }
+    return found;
+}
+
+} // namespace kevra::lsp
