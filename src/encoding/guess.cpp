@@ -2,13 +2,11 @@
 #include "encoding/guess.h"
 
 #include "encoding/charset.h"
+#include "encoding/likely_charset.h"
 #include "text/words.h"
-
-#include <uchardet/uchardet.h>
 
 #include <algorithm>
 #include <array>
-#include <memory>
 #include <span>
 #include <utility>
 #include <vector>
@@ -179,11 +177,7 @@ bool isUnlikelyWestern(std::string_view bytes, const std::vector<char32_t> &gues
 
 std::optional<Encoding> libraryGuess(std::string_view bytes)
 {
-    const std::unique_ptr<uchardet, decltype(&uchardet_delete)> detector(uchardet_new(), uchardet_delete);
-    if (uchardet_handle_data(detector.get(), bytes.data(), bytes.size()) != 0)
-        return std::nullopt;
-    uchardet_data_end(detector.get());
-    const std::string_view name = uchardet_get_charset(detector.get());
+    const auto name = likelyCharset(bytes);
     // The one name it has that the Encoding Standard does not know.
     return name == "UHC" ? Encoding::EucKr : encodingNamed(name);
 }

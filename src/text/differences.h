@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What differs between two texts, line by line. The work is libgit2's.
+// What differs between two texts, line by line. The work is a library's, where there is one.
 #pragma once
 
 #include "text/types.h"

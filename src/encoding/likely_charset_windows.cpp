@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "encoding/likely_charset.h"
+
+namespace kevra {
+
+// Windows has no such library: what declares nothing and is not UTF-8 is read as Windows-1252.
+std::string likelyCharset(std::string_view)
+{
+    return {};
+}
+
+} // namespace kevra
