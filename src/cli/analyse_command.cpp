@@ -22,7 +22,7 @@ void complain(std::string_view name, std::string_view why)
 
 [[nodiscard]] bool isHidden(const fs::path &path)
 {
-    return path.filename().native().starts_with('.');
+    return path.filename().string().starts_with('.');
 }
 
 /// Every script below a folder in the order of the paths; hidden folders and links to folders are left out.
@@ -37,13 +37,13 @@ bool addScriptsBelow(const fs::path &folder, std::vector<std::string> &paths)
         if (at->is_directory(unknown)) {
             if (isHidden(at->path()))
                 at.disable_recursion_pending();
-        } else if (at->is_regular_file(unknown) && script::fileKind(at->path().native())) {
-            paths.push_back(at->path().native());
+        } else if (at->is_regular_file(unknown) && script::fileKind(at->path().string())) {
+            paths.push_back(at->path().string());
         }
     }
     std::sort(paths.begin() + static_cast<std::ptrdiff_t>(first), paths.end());
     if (error)
-        complain(folder.native(), error.message());
+        complain(folder.string(), error.message());
     return !error;
 }
 
