@@ -79,10 +79,10 @@ StatusRow::StatusRow(QWidget *parent)
     fillEncodingMenu();
     fillLineEndsMenu();
     row->addWidget(m_place);
-    m_line = addPlace("tline", "Line", 7);
-    m_column = addPlace("tcolumn", "Column", 7);
-    m_characters = addPlace("tcount", "Characters", 9);
-    m_lines = addPlace("tlcount", "Lines", 7);
+    m_line = addPlace({"tline", "Line", "Ln", 7, 5});
+    m_column = addPlace({"tcolumn", "Column", "Col", 7, 4});
+    m_characters = addPlace({"tcount", "Characters", "Chars", 9, 7});
+    m_lines = addPlace({"tlcount", "Lines", "Lines", 7, 5});
 }
 
 QToolButton *StatusRow::addMenuButton(const char *name, const char *accessibleName, const char *toolTip)
@@ -121,18 +121,38 @@ void StatusRow::fillLineEndsMenu()
     }
 }
 
-QLineEdit *StatusRow::addPlace(const char *name, const char *caption, int digits)
+QLineEdit *StatusRow::addPlace(const Place &place)
 {
-    auto *box = named<QLineEdit>(name, this, caption);
+    auto *box = named<QLineEdit>(place.name, this, place.caption);
     box->setReadOnly(true);
     box->setFocusPolicy(Qt::ClickFocus);
     box->setAlignment(Qt::AlignRight);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QString(digits, u'0')) + 14);
-    box->setToolTip(caption);
-    auto *label = new PlaceLabel(caption, *box, this);
+    const auto widthOf
+        = [&](int digits) { return box->fontMetrics().horizontalAdvance(QString(digits, u'0')) + 14; };
+    box->setMinimumWidth(widthOf(place.fewDigits));
+    box->setMaximumWidth(widthOf(place.digits));
+    box->setToolTip(place.caption);
+    auto *label = new PlaceLabel(place.caption, *box, this);
+    m_captions.emplace_back(place, label);
     layout()->addWidget(label);
     layout()->addWidget(box);
     return box;
+}
+
+void StatusRow::fitPlaces()
+{
+    int room = width() - layout()->totalMinimumSize().width();
+    for (const auto &[place, label] : m_captions)
+        if (!label->isHidden())
+            room -= label->fontMetrics().horizontalAdvance(place.caption) - label->minimumSizeHint().width();
+    for (const auto &[place, label] : m_captions)
+        label->setText(room < 0 ? place.shortCaption : place.caption);
+}
+
+void StatusRow::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    fitPlaces();
 }
 
 void StatusRow::setDocumentStatus(const DocumentStatus &status)
@@ -152,6 +172,7 @@ void StatusRow::setDocumentStatus(const DocumentStatus &status)
     showNotice();
     m_offer->setText(status.offer);
     m_offer->setVisible(!status.offer.isEmpty());
+    fitPlaces();
 }
 
 void StatusRow::setNotice(const QString &text)
@@ -193,7 +214,10 @@ void StatusRow::setCaret(qint64 line, qint64 column)
     m_line->setText(QString::number(line));
     m_column->setText(QString::number(column));
     m_place->setText(QString("Line %1, Column %2").arg(line).arg(column));
-    m_place->setVisible(m_line->isHidden());
+    if (m_place->isHidden() == m_line->isHidden()) {
+        m_place->setVisible(m_line->isHidden());
+        fitPlaces();
+    }
 }
 
 void StatusRow::setCounts(qint64 characters, qint64 lines)

@@ -5,6 +5,9 @@
 
 #include <QtWidgets/QFrame>
 
+#include <utility>
+#include <vector>
+
 class QAction;
 class QActionGroup;
 class QLabel;
@@ -49,9 +52,19 @@ signals:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
-    QLineEdit *addPlace(const char *name, const char *caption, int digits);
+    struct Place {
+        const char *name;
+        const char *caption;
+        const char *shortCaption; ///< where there is no room for the other
+        int digits;
+        int fewDigits;
+    };
+
+    QLineEdit *addPlace(const Place &place);
+    void fitPlaces();
     QToolButton *addMenuButton(const char *name, const char *accessibleName, const char *toolTip);
     void fillEncodingMenu();
     void fillLineEndsMenu();
@@ -69,6 +82,7 @@ private:
     QAction *m_mark;
     QActionGroup *m_ends;
     QLabel *m_place; ///< line and column where their boxes are not shown
+    std::vector<std::pair<Place, QLabel *>> m_captions;
     QLineEdit *m_line;
     QLineEdit *m_column;
     QLineEdit *m_characters;

@@ -178,6 +178,26 @@ TEST(MainWindow, CaretPlaceCountsCharactersFromOne)
     EXPECT_EQ(text("tcount") + ", " + text("tlcount"), "12, 2");
 }
 
+TEST(MainWindow, StatusRowFitsANarrowWindow)
+{
+    Shown s;
+    s.tools->showScriptTools();
+    auto &row = *s.find<StatusRow>("frstatus");
+    DocumentStatus status;
+    status.saved = false;
+    row.setDocumentStatus(status);
+    for (const int width : {1280, 640}) {
+        s.window->resize(width, 430);
+        QCoreApplication::processEvents();
+        for (const auto *label : row.findChildren<QLabel *>()) {
+            if (label->isVisible() && label->objectName() != "tnotice") {
+                EXPECT_GE(label->width(), label->minimumSizeHint().width())
+                    << width << ": " << pathBytes(label->text());
+            }
+        }
+    }
+}
+
 TEST(MainWindow, LineNumbersStayLevelHoweverTheTextScrolls)
 {
     Shown s;
