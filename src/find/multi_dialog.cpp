@@ -104,6 +104,7 @@ void MultiDialog::layOut()
     const auto row = [&](int at, const char *text, QWidget *field, QPushButton *beside) {
         auto *label = new QLabel(text, this);
         label->setBuddy(field);
+        label->setWordWrap(true); // on a narrow screen
         grid->addWidget(label, at, 0);
         grid->addWidget(field, at, 1, 1, 3);
         grid->addWidget(beside, at, 4);

@@ -5,6 +5,7 @@
 #include "widgets/fitted_button_qt.h"
 #include "widgets/named_qt.h"
 
+#include <QtGui/QPainter>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -31,6 +32,26 @@ constexpr PanelButton copy{
 constexpr PanelButton showTyped{
     "bshowhex", "SHOW THIS COLOR", "Show color of hex code entered.", &ColourFinderCommands::ShowTypedColour};
 
+/// Writes its caption smaller where there is no room for it, as the buttons beside it do.
+class FittedLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    [[nodiscard]] QSize minimumSizeHint() const override
+    {
+        const auto whole = QLabel::minimumSizeHint();
+        return {whole.width() * 6 / 10, whole.height()};
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setFont(fontFitting(font(), text(), width()));
+        painter.drawText(rect(), Qt::AlignVCenter, text());
+    }
+};
+
 } // namespace
 
 ColourFinderPanel::ColourFinderPanel(
@@ -51,8 +72,8 @@ ColourFinderPanel::ColourFinderPanel(
         row->addWidget(made);
         return made;
     };
-    for (auto *box : {m_typed, m_code})
-        box->setFixedWidth(box->fontMetrics().horizontalAdvance("\"#DDDDDD\"") + aroundText);
+    m_typed->setFixedWidth(m_typed->fontMetrics().horizontalAdvance("DDDDDD") + aroundText);
+    m_code->setFixedWidth(m_code->fontMetrics().horizontalAdvance("\"#DDDDDD\"") + aroundText);
     m_typed->setToolTip("Six characters 0 to 9 or A to F, without \"#\"");
     m_code->setReadOnly(true);
     m_code->setToolTip("The code of the color, in quotes");
@@ -60,7 +81,7 @@ ColourFinderPanel::ColourFinderPanel(
     row->addWidget(m_patch);
     row->addWidget(m_code);
     addButton(copy);
-    auto *label = new QLabel("(ENTER HEX CODE)", &frame);
+    auto *label = new FittedLabel("(ENTER HEX CODE)", &frame);
     label->setBuddy(m_typed);
     row->addWidget(label);
     row->addWidget(m_typed);
