@@ -13,6 +13,7 @@ from result import Result, content, put
 SAVE = "There's a file stored from Autosave. Do you want to save it?"
 SEE = "Do you want to see the file before saving?"
 TITLE = "Save file from last session"
+LIST = "Texts from the last session"
 
 
 def crashed(workshop, count):
@@ -79,6 +80,43 @@ def answers(workshop, seed, long):
         with Editor(workshop, home, [path]) as editor:
             result.check((editor.box() == SAVE) == again, f"{name}: next start shows {editor.box()!r}")
         result.check(is_saved or again or lost in backups(home), f"{name}: the text is nowhere")
+    return result
+
+
+def several(workshop, seed, long):
+    result = Result("three programs killed in one home: their texts are one list, whatever becomes of each")
+    home = workshop.folder()
+    lost = {}
+    editors = []
+    for name in ("a.htm", "b.htm", "c.htm"):
+        path = put(os.path.join(home, name), f"<p>{name}\n".encode())
+        editors.append(Editor(workshop, home, [path]))
+        editors[-1].do("type", "typed ")
+        record = editors[-1].state("recovery", f"{len(editors)}.record")
+        editors[-1].until(lambda: os.path.exists(record), "the record")
+        lost[name] = f"typed <p>{name}\n".encode()
+    for editor in editors:
+        editor.kill()
+    saved = os.path.join(home, "saved.htm")
+    with Editor(workshop, home) as editor:
+        editor.expect(LIST)
+        editor.do("press", "brecoverdiscard", **{"in": "frecovery"})  # c.htm, the newest
+        editor.do("press", "brecoverlook", **{"in": "frecovery"})  # b.htm
+        editor.until(lambda: editor.ask("ready")["ok"], "the text")
+        result.check(editor.text() == b"typed <p>b.htm\r\n", f"looked at: {editor.text()!r}")
+        editor.do("press", "breviewlater")
+        editor.expect(LIST)
+        editor.do("press", "brecoversave", **{"in": "frecovery"})  # a.htm
+        editor.expect(TITLE)
+        editor.do("choose", saved)
+        editor.idle()
+    result.check(content(saved) == lost["a.htm"], f"saved: {content(saved)!r}")
+    folder = os.path.join(home, "state", "kevra", "backups")
+    kept = [content(os.path.join(folder, name)) for name in os.listdir(folder)]
+    result.check(lost["c.htm"] in kept, "discarded for good")
+    with Editor(workshop, home) as editor:
+        result.check(editor.box() == SAVE, f"next start shows {editor.box()!r}")
+    result.check(recovered(home) == [lost["b.htm"]], f"left: {recovered(home)!r}")
     return result
 
 
@@ -236,5 +274,5 @@ def monkey(workshop, seed, long):
     return result
 
 
-CASES = {"answers": answers, "kill-start": kill_start, "damaged-records": damaged_records, "unasked-ends": unasked_ends,
-         "damaged-settings": damaged_settings, "monkey": monkey}
+CASES = {"answers": answers, "several": several, "kill-start": kill_start, "damaged-records": damaged_records,
+         "unasked-ends": unasked_ends, "damaged-settings": damaged_settings, "monkey": monkey}
