@@ -38,6 +38,7 @@ VersionsWindow::VersionsWindow(VersionsCommands &commands, QWidget *parent)
     parts->addWidget(m_panel);
     parts->setStretchFactor(1, 1);
     parts->setChildrenCollapsible(false);
+    parts->setSizes({1, 2}); // of whatever height there is
     column->addWidget(parts, 1);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setObjectName("bversionsclose");
