@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/analyse_report.h"
 
-#include "encoding/text_codec.h"
+#include "cli/file_name.h"
+
+#include "encoding/utf8.h"
 #include "text/words.h"
 
 #include <nlohmann/json.hpp>
@@ -70,7 +72,10 @@ std::string jsonReport(const AnalysedFile &file, const Positions &positions)
     Json findings = Json::array();
     for (const auto &finding : file.findings)
         findings.push_back(jsonFinding(positions, finding));
-    const Json json{{"file", displayName(file.name)}, {"findings", std::move(findings)}};
+    Json json{{"file", nameAsUtf8(file.name)}};
+    if (!isUtf8(file.name))
+        json["fileBytes"] = percentEncoded(file.name);
+    json["findings"] = std::move(findings);
     return json.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
@@ -115,11 +120,6 @@ std::string_view levelName(script::Level level)
         break;
     }
     return "hint";
-}
-
-std::string displayName(std::string_view name)
-{
-    return decodeFile(name, TextKind::Script).text;
 }
 
 std::string analysisReport(const AnalysedFile &file, AnalysisFormat format)

@@ -38,8 +38,6 @@ private:
 
 /// "error", "warning" or "hint".
 [[nodiscard]] std::string_view levelName(script::Level level);
-/// A name of any bytes as UTF-8.
-[[nodiscard]] std::string displayName(std::string_view name);
 
 /// One file in one of the formats that go file by file: all but Sarif. Empty where text and gcc have nothing
 /// to say.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/check_report.h"
 
-#include "encoding/text_codec.h"
+#include "cli/file_name.h"
+#include "encoding/utf8.h"
 
 #include <cstdio>
 
@@ -49,9 +50,10 @@ std::string gccReport(const CheckedFile &file)
 /// One object a file, on a line of its own.
 std::string jsonReport(const CheckedFile &file)
 {
-    // A name may be any bytes, JSON is UTF-8.
-    std::string out = "{\"file\": " + jsonString(decodeFile(file.name, TextKind::Script).text)
-        + ", \"ok\": " + (file.findings.empty() ? "true" : "false") + ", \"findings\": [";
+    std::string out = "{\"file\": " + jsonString(nameAsUtf8(file.name));
+    if (!isUtf8(file.name))
+        out += ", \"fileBytes\": " + jsonString(percentEncoded(file.name));
+    out += std::string(", \"ok\": ") + (file.findings.empty() ? "true" : "false") + ", \"findings\": [";
     for (const auto &finding : file.findings) {
         const auto line = finding.line == 0 ? std::string("null") : std::to_string(finding.line);
         out += (&finding == &file.findings.front() ? "" : ", ");

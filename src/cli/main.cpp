@@ -16,7 +16,10 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstdio>
 #include <iostream>
+#include <new>
+#include <system_error>
 
 namespace {
 
@@ -110,9 +113,7 @@ void addEncodingOption(CLI::App &command, std::optional<Encoding> &encoding)
         ->option_text("NAME");
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+int run(int argc, char **argv)
 {
     std::ios::sync_with_stdio(false);
     CLI::App app("Checks and colours web pages and Windows scripts.", "kevra-cli");
@@ -189,4 +190,18 @@ int main(int argc, char **argv)
                                        : runColour(colourOptions);
     std::cout.flush();
     return std::cout ? exitCode : Unusable;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    try {
+        return run(argc, argv);
+    } catch (const std::bad_alloc &) {
+        std::fputs("kevra-cli: there is not enough memory\n", stderr);
+    } catch (const std::system_error &error) { // no more threads
+        std::fprintf(stderr, "kevra-cli: %s\n", error.what());
+    }
+    return Unusable;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/analyse_report.h"
+#include "cli/file_name.h"
 
 #include <nlohmann/json.hpp>
 
@@ -11,21 +12,9 @@ namespace {
 using script::Finding;
 using Json = nlohmann::ordered_json;
 
-/// A path as a URI reference: whatever is neither a letter, a digit nor one of a few marks is escaped.
 std::string uriOf(std::string_view path)
 {
-    constexpr std::string_view hex = "0123456789ABCDEF";
-    constexpr std::string_view allowed = "-._~/";
-    std::string out = path.starts_with('/') ? "file://" : "";
-    for (const char c : path) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-        if (plain || allowed.find(c) != std::string_view::npos)
-            out += c;
-        else
-            ((out += '%') += hex[byte >> 4]) += hex[byte & 15];
-    }
-    return out;
+    return (path.starts_with('/') ? "file://" : "") + percentEncoded(path);
 }
 
 std::string_view sarifLevel(script::Level level)

@@ -8,6 +8,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import urllib.parse
 
 PROGRAM = sys.argv.pop(1)
 
@@ -47,9 +48,27 @@ class Cli(unittest.TestCase):
     def test_check_json(self):
         code, output, _ = self.run_cli("check", "--format=json", self.file('a"b.vbs', BAD))
         self.assertEqual(code, 1)
-        json.loads(self.run_cli("check", "--format=json", self.file(b"caf\xe9.vbs", BAD))[1])
         finding = json.loads(output)
         self.assertEqual(finding["findings"], [{"line": 2, "text": "Wrong spacing at equal sign - Line 2"}])
+
+    def test_json_names_every_file(self):
+        for name in (b"caf\xe9 100%.vbs", b"\xff\xfea.vbs", "caf\u00e9\u20ac.vbs".encode(), b"a\rb\n.vbs"):
+            path = self.file(name, BAD)
+            for command in ("check", "analyse"):
+                with self.subTest((command, name)):
+                    told = json.loads(self.run_cli(command, "--format=json", path)[1])
+                    bytes_told = (urllib.parse.unquote_to_bytes(told["fileBytes"]) if "fileBytes" in told
+                                  else told["file"].encode())
+                    self.assertEqual(bytes_told, os.fsencode(path))
+
+    def test_too_little_memory(self):
+        large = self.file("large.vbs", b"MsgBox a : b = c\n" * 4_000_000)
+        for command in ("check", "colour", "analyse"):
+            with self.subTest(command):
+                ended = subprocess.run(
+                    ["sh", "-c", 'ulimit -v 120000; exec "$0" "$@"', PROGRAM, command, large], capture_output=True)
+                self.assertEqual(ended.returncode, 2)
+                self.assertIn(b"memory", ended.stderr)
 
     def test_if_count_can_be_left_out(self):
         path = self.file("if.vbs", b"If a Then b")
