@@ -128,9 +128,9 @@ void LineNumberColumn::showGaps(const std::vector<Gap> &gaps)
 void LineNumberColumn::followDocument()
 {
     const auto first = m_document.FirstVisibleLine();
-    const auto line = static_cast<Offset>(m_document.SendScintilla(
-        QsciScintillaBase::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(first)));
-    showGaps(m_document.RightMargin() == 0 ? visibleGaps(line) : std::vector<Gap>());
+    const auto line = m_document.topLine();
+    showGaps(
+        m_document.RightMargin() == 0 || m_document.breaksLines() ? visibleGaps(line) : std::vector<Gap>());
     greyBelow(m_document.lineCount() - firstLineHeld(line));
     const auto wanted = m_column.shownLine(line - firstLineHeld(line)) + first - m_document.shownLine(line);
     if (m_column.FirstVisibleLine() != wanted)

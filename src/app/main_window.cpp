@@ -244,8 +244,7 @@ void MainWindow::showCaretPlace()
 {
     const auto caret = m_document->anchorAndCaret().caret;
     const auto line = m_document->GetLineFromChar(caret);
-    const auto before = m_document->Text({m_document->lineRange(line).start, caret});
-    m_status->setCaret(line + 1, characterCount(before) + 1);
+    m_status->setCaret(line + 1, m_document->charactersBefore(caret) + 1);
 }
 
 void MainWindow::showCounts()

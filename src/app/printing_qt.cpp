@@ -51,8 +51,8 @@ bool PrintingQt::print(QPrinter &printer, TextRange range)
     m_document.SendScintilla(QsciScintillaBase::SCI_SETPRINTWRAPMODE, QsciScintillaBase::SC_WRAP_WORD);
     m_document.SendScintilla(QsciScintillaBase::SCI_SETPRINTCOLOURMODE, QsciScintillaBase::SC_PRINT_NORMAL);
     const QRect page(QPoint(), printer.pageLayout().paintRectPixels(printer.resolution()).size());
-    auto from = static_cast<long>(range.start);
-    const auto end = static_cast<long>(range.end);
+    auto from = static_cast<long>(m_document.controlPosition(range.start));
+    const auto end = static_cast<long>(m_document.controlPosition(range.end));
     const auto pages = wantedPages(printer);
     for (int number = 1; from < end && number <= pages.last; ++number) {
         const bool drawn = number >= pages.first;

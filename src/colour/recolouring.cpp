@@ -7,6 +7,7 @@
 #include "editor/nearby.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace kevra {
 namespace {
@@ -14,18 +15,26 @@ namespace {
 /// Close to the document's start a tag's colour hangs on how much text stands before it.
 constexpr Offset nearStart = 4096;
 
-/// Behind an edit longer than this everything is painted anew: a control may put off a document's tail.
-constexpr Offset longEdit = Offset{256} * 1024;
-
 /// The part to paint anew. Right behind a ">" no tag is open, whatever came before; so a part may start
 /// there, and what follows the first ">" behind the edit has not changed.
-TextRange partToMend(const EditorSurface &document, TextRange touched)
+/// None where no tag ends within reach: no key waits for a search through megabytes.
+std::optional<TextRange> partToMend(const EditorSurface &document, TextRange touched)
 {
-    const auto start = touched.start < nearStart ? 0 : lastOf(document, '>', touched.start) + 1;
-    if (touched.length() > longEdit)
-        return {start, document.Length()};
-    const auto end = firstOf(document, ">", std::max(touched.end, start == 0 ? 2 * nearStart : 0));
-    return {start, end == -1 ? document.Length() : end + 1};
+    // After a long edit everything is painted anew: a control may put off a document's tail.
+    const bool isLong = touched.length() > keyReach;
+    const auto reach = isLong ? wholeText : keyReach;
+    const auto from = std::max<Offset>(0, touched.start - reach);
+    const auto tagEnd = lastOf(document, '>', touched.start, from);
+    const auto start = touched.start < nearStart ? 0 : tagEnd + 1;
+    if (start > 0 || from == 0) {
+        if (isLong)
+            return TextRange{start, document.Length()};
+        const auto next = std::max(touched.end, start == 0 ? 2 * nearStart : 0);
+        const auto end = firstOf(document, ">", next, next + reach);
+        if (end != -1 || next + reach >= document.Length())
+            return TextRange{start, end == -1 ? document.Length() : end + 1};
+    }
+    return std::nullopt;
 }
 
 bool reachesFarBack(const ColourRuns &runs, Offset before)
@@ -83,12 +92,14 @@ void keepBlack(const EditorSurface &document, TextRange lines, ColourRuns &runs)
 
 void mendTags(EditorSurface &document, TextRange touched, Colour code)
 {
-    const auto part = partToMend(document, touched);
-    document.SetColours(part, tagRunsIn(document, part, code));
+    if (const auto part = partToMend(document, touched))
+        document.SetColours(*part, tagRunsIn(document, *part, code));
 }
 
 void recolourScript(EditorSurface &document, TextRange touched, Colour code)
 {
+    if (touched.length() <= keyReach && onLongLine(document, touched))
+        return document.SetUnfinished(touched.start, true);
     const auto lines = linesToRecolour(document, touched);
     auto runs = scriptRuns(document.Text(lines), code);
     for (auto &run : runs)

@@ -8,11 +8,11 @@
 
 namespace kevra {
 
-/// The tags around `touched`.
+/// The tags around `touched`; one that is overlong is left as it is.
 void mendTags(EditorSurface &document, TextRange touched, Colour code);
 
 /// The lines of a script that `touched` reaches into, as if they were a script of their own. What is black in
-/// a line that is being written stays black.
+/// a line that is being written stays black. A small edit leaves an overlong line to be finished later.
 void recolourScript(EditorSurface &document, TextRange touched, Colour code);
 
 /// `touched` is new text: black where no colour is wanted, else as the tools that are shown colour it.

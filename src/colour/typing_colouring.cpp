@@ -65,7 +65,7 @@ void TypingColouring::typeInPage(char32_t character)
 /// The new "<" opens a tag when a ">" comes before any other "<".
 void TypingColouring::paintTagOpenedAt(TextRange selection)
 {
-    const auto mark = firstOf(m_document, "<>", selection.end);
+    const auto mark = firstOf(m_document, "<>", selection.end, selection.end + keyReach);
     if (mark == -1 || m_document.Text({mark, mark + 1}) != ">")
         return;
     const ColourRun tag{{selection.end, mark + 1}, m_state.codeColour};
@@ -77,7 +77,7 @@ void TypingColouring::paintTagClosedAt(Offset caret)
     const auto before = charactersBefore(m_document, caret);
     if (before < 2)
         return;
-    const auto opening = lastOf(m_document, '<', caret);
+    const auto opening = lastOf(m_document, '<', caret, std::max<Offset>(0, caret - keyReach));
     if (opening == -1)
         return;
     // A ">" right before the caret, or one further back, does not count as the tag's end.
@@ -101,14 +101,19 @@ void TypingColouring::typeAfterTag()
 
 void TypingColouring::keyReleased(int key)
 {
-    if (key == keys::enter && m_state.scriptTools && lineStart(m_document, m_document.SelStart()) > 0)
+    if (key == keys::enter && m_state.scriptTools && m_document.GetLineFromChar(m_document.SelStart()) > 0)
         finishLine();
 }
 
 void TypingColouring::finishLine()
 {
     // What keeps the indentation may stand between the break and the caret.
-    const auto end = lineStart(m_document, m_document.SelStart());
+    const auto caret = m_document.SelStart();
+    if (onLongLine(m_document, {caret, caret}))
+        return m_view.syncLineNumbers();
+    const auto end = lineStart(m_document, caret);
+    if (onLongLine(m_document, {end - 2, end - 2}))
+        return m_view.syncLineNumbers();
     const TextRange line{lastOf(m_document, '\n', end - 2) + 1, end};
     if (m_state.takesColour())
         recolourRegion(m_document, line, m_state.codeColour);

@@ -42,6 +42,8 @@ constexpr std::array marks{
 
 void defineMarks(EditorControl &side)
 {
+    // A row is one line of the control.
+    side.setLineLimits({.longest = std::numeric_limits<Offset>::max()});
     side.SendScintilla(Scintilla::SCI_SETMARGINTYPEN, static_cast<unsigned long>(numberMargin),
         long{Scintilla::SC_MARGIN_RTEXT});
     side.SendScintilla(Scintilla::SCI_SETMARGINTYPEN, static_cast<unsigned long>(signMargin),

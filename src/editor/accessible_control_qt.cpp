@@ -70,25 +70,48 @@ void AccessibleControl::countCharacters() const
 int AccessibleControl::offsetOf(Offset position) const
 {
     countCharacters();
-    const auto line = m_control.GetLineFromChar(position);
-    const auto start = m_control.lineRange(line).start;
+    const auto place = m_control.controlPosition(std::clamp<Offset>(position, 0, m_control.Length()));
+    const auto line = m_control.SendScintilla(Sci::SCI_LINEFROMPOSITION, static_cast<long>(place));
+    const auto start = m_control.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
+    return lineOffset(line)
+        + static_cast<int>(m_control.SendScintilla(
+            Sci::SCI_COUNTCODEUNITS, static_cast<unsigned long>(start), static_cast<long>(place)));
+}
+
+int AccessibleControl::lineOffset(long line) const
+{
+    const auto start = m_control.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
+    // Each byte of a break counts as a character in Scintilla.
     return static_cast<int>(
         m_control.SendScintilla(Sci::SCI_INDEXPOSITIONFROMLINE, static_cast<unsigned long>(line),
             static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16))
-        + m_control.SendScintilla(
-            Sci::SCI_COUNTCODEUNITS, static_cast<unsigned long>(start), static_cast<long>(position)));
+        - (start - m_control.textPosition(start)));
+}
+
+/// The last of Scintilla's lines that starts at or before an offset.
+long AccessibleControl::lineAtOffset(int offset) const
+{
+    if (!m_control.breaksLines())
+        return m_control.SendScintilla(Sci::SCI_LINEFROMINDEXPOSITION,
+            static_cast<unsigned long>(std::max(offset, 0)),
+            static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
+    long first = 0;
+    for (auto last = m_control.SendScintilla(Sci::SCI_GETLINECOUNT); last - first > 1;) {
+        const auto middle = first + (last - first) / 2;
+        (lineOffset(middle) <= offset ? first : last) = middle;
+    }
+    return first;
 }
 
 Offset AccessibleControl::positionOf(int offset) const
 {
     countCharacters();
-    const auto line = m_control.SendScintilla(Sci::SCI_LINEFROMINDEXPOSITION,
-        static_cast<unsigned long>(std::max(offset, 0)), static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
-    const auto start = m_control.lineRange(line).start;
-    const auto position = m_control.SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS,
-        static_cast<unsigned long>(start), static_cast<long>(offset - offsetOf(start)));
+    const auto line = lineAtOffset(offset);
+    const auto start = m_control.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
+    const auto place = m_control.SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS,
+        static_cast<unsigned long>(start), static_cast<long>(offset - lineOffset(line)));
     // Scintilla answers 0 for what lies beyond the text.
-    return offset >= characterCount() ? m_control.Length() : position;
+    return offset >= characterCount() ? m_control.Length() : m_control.textPosition(place);
 }
 
 void AccessibleControl::selection(int index, int *start, int *end) const
@@ -125,7 +148,7 @@ void AccessibleControl::setSelection(int index, int start, int end)
 
 int AccessibleControl::cursorPosition() const
 {
-    return offsetOf(m_control.SendScintilla(Sci::SCI_GETCURRENTPOS));
+    return offsetOf(m_control.anchorAndCaret().caret);
 }
 
 void AccessibleControl::setCursorPosition(int offset)
@@ -175,10 +198,8 @@ QString AccessibleControl::report(Stretch stretch, int *start, int *end) const
 
 AccessibleControl::Stretch AccessibleControl::lineAround(int offset) const
 {
-    const auto line = m_control.GetLineFromChar(positionOf(offset));
-    const auto end
-        = line + 1 < m_control.lineCount() ? m_control.lineRange(line + 1).start : m_control.Length();
-    return {offsetOf(m_control.lineRange(line).start), offsetOf(end)};
+    const auto line = m_control.layoutLineAround(positionOf(offset));
+    return {offsetOf(line.start), offsetOf(line.end)};
 }
 
 AccessibleControl::Stretch AccessibleControl::stretchAround(
@@ -210,9 +231,10 @@ int AccessibleControl::characterCount() const
 QRect AccessibleControl::characterRect(int offset) const
 {
     const auto position = positionOf(offset);
-    const auto after = m_control.SendScintilla(Sci::SCI_POSITIONAFTER, static_cast<long>(position));
+    const auto after = m_control.SendScintilla(
+        Sci::SCI_POSITIONAFTER, static_cast<long>(m_control.controlPosition(position)));
     const auto bottom = m_control.bottomLeftOf(position);
-    const auto next = m_control.bottomLeftOf(after);
+    const auto next = m_control.bottomLeftOf(m_control.textPosition(after));
     const auto height = static_cast<int>(m_control.SendScintilla(Sci::SCI_TEXTHEIGHT, 0L));
     const auto width = next.y() == bottom.y() ? next.x() - bottom.x() : 1;
     return {m_control.viewport()->mapToGlobal(bottom - QPoint(0, height)), QSize(std::max(width, 1), height)};
@@ -225,15 +247,16 @@ int AccessibleControl::offsetAtPoint(const QPoint &point) const
 
 void AccessibleControl::scrollToSubstring(int start, int end)
 {
-    m_control.SendScintilla(Sci::SCI_SCROLLRANGE, static_cast<unsigned long>(positionOf(end)),
-        static_cast<long>(positionOf(start)));
+    m_control.SendScintilla(Sci::SCI_SCROLLRANGE,
+        static_cast<unsigned long>(m_control.controlPosition(positionOf(end))),
+        static_cast<long>(m_control.controlPosition(positionOf(start))));
 }
 
 QString AccessibleControl::attributes(int offset, int *start, int *end) const
 {
     const auto position = positionOf(offset);
     const auto colour = m_control.ColourAt(position);
-    const auto line = m_control.lineRange(m_control.GetLineFromChar(position));
+    const auto line = m_control.layoutLineAround(position);
     TextRange same{position, std::min(position + 1, m_control.Length())};
     while (same.start > line.start && m_control.ColourAt(same.start - 1) == colour)
         --same.start;

@@ -58,6 +58,9 @@ private:
     /// Has Scintilla count the UTF-16 units of the lines from now on, which costs a load more than half of
     /// its time. Qt makes this interface of every control that is given a name, read to anybody or not.
     void countCharacters() const;
+    /// Where one of Scintilla's lines starts, in the offsets of a screen reader.
+    [[nodiscard]] int lineOffset(long line) const;
+    [[nodiscard]] long lineAtOffset(int offset) const;
     [[nodiscard]] Stretch lineAround(int offset) const;
     [[nodiscard]] Stretch stretchAround(int offset, QAccessible::TextBoundaryType type) const;
     [[nodiscard]] int resolved(int offset) const;

@@ -16,6 +16,7 @@ EditScope::EditScope(EditorControl &control, EditKind kind)
         return;
     m_control.m_kind = kind;
     m_control.m_inCommand = true;
+    m_control.leaveBreaks();
     m_selection = m_control.Selection();
     m_control.settle();
     if (kind != EditKind::Typing && kind != EditKind::Delete)
@@ -27,6 +28,7 @@ EditScope::~EditScope()
     m_control.settle();
     if (!m_outermost)
         return;
+    m_control.leaveBreaks();
     const auto kind = std::exchange(m_control.m_kind, m_outer);
     const auto touched = std::exchange(m_control.m_touched, std::nullopt);
     m_control.m_inCommand = false;
@@ -58,15 +60,29 @@ UndoStep::~UndoStep()
 void EditorControl::beforeChange(int position, int type, int length)
 {
     settle();
-    if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE))
-        paintUpTo(position + (type & SC_MOD_BEFOREDELETE ? length : 0));
-    if (type & SC_MOD_BEFOREINSERT)
-        m_change = {position, 0, length};
-    else if (type & SC_MOD_BEFOREDELETE) {
-        emit aboutToRemove(position, length);
+    const auto start = m_breaks.toText(position);
+    if (start < m_counted.line)
+        m_counted = {};
+    else if (start < m_counted.position)
+        countedTo(start);
+    if (type & SC_MOD_BEFOREINSERT) {
+        paintUpTo(start);
+        m_wholeKnown = false;
+        m_change = {start, 0, length};
+        if (m_breaking || type & (SC_PERFORMED_UNDO | SC_PERFORMED_REDO))
+            m_inserted = {position, position + length};
+        else
+            m_breaks.inserted(position, length);
+    } else if (type & SC_MOD_BEFOREDELETE) {
+        const TextRange old{start, m_breaks.toText(position + length)};
+        paintUpTo(old.end);
+        if (!old.empty())
+            emit aboutToRemove(old.start, old.length());
         if (m_characters)
-            *m_characters -= characterCount(Text({position, position + length}));
-        m_change = {position, length, 0};
+            *m_characters -= characterCount(Text(old));
+        m_wholeKnown = false;
+        m_breaks.removed(position, length);
+        m_change = {old.start, old.length(), 0};
     }
 }
 
@@ -79,7 +95,10 @@ void EditorControl::settle()
 {
     if (!m_change)
         return;
+    readInserted();
     const auto change = *std::exchange(m_change, std::nullopt);
+    if (change.removed == 0 && change.added == 0)
+        return; // a break
     m_unpainted.shift(change.added - change.removed);
     if (m_characters)
         *m_characters += characterCount(Text({change.position, change.position + change.added}));

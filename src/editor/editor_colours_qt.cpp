@@ -34,7 +34,7 @@ void layRuns(
 void EditorControl::connectPainting()
 {
     connect(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int position) {
-        if (position > m_unpainted.start())
+        if (m_breaks.toText(position) > m_unpainted.start())
             paintShown();
         stylesAreUpToDate();
     });
@@ -46,8 +46,9 @@ Colour EditorControl::ColourAt(Offset position) const
 {
     if (position < 0 || position >= Length())
         return colours::black;
-    const auto style = static_cast<unsigned char>(
-        position < m_unpainted.start() ? send(SCI_GETSTYLEAT, position) : m_unpainted.styleAt(position));
+    const auto style = static_cast<unsigned char>(position < m_unpainted.start()
+            ? send(SCI_GETSTYLEAT, m_breaks.toControl(position))
+            : m_unpainted.styleAt(position));
     return style < m_styleColours.size() ? m_styleColours[style] : colours::black;
 }
 
@@ -89,26 +90,6 @@ void EditorControl::paintLater(Offset start, std::string styles)
     m_paintRest.start();
 }
 
-std::string EditorControl::stylesIn(TextRange range) const
-{
-    std::string pairs(
-        static_cast<std::size_t>(2 * range.length() + 2), '\0'); // character, style, and a closing pair
-    SendScintilla(
-        SCI_GETSTYLEDTEXT, static_cast<long>(range.start), static_cast<long>(range.end), pairs.data());
-    for (std::size_t i = 0; i < static_cast<std::size_t>(range.length()); ++i)
-        pairs[i] = pairs[2 * i + 1];
-    pairs.resize(static_cast<std::size_t>(range.length()));
-    return pairs;
-}
-
-void EditorControl::setStyles(Offset start, std::string_view styles)
-{
-    m_allBlack = false;
-    send(SCI_STARTSTYLING, start);
-    sendBytes(SCI_SETSTYLINGEX, std::ssize(styles), styles.data());
-    stylesAreUpToDate();
-}
-
 void EditorControl::paintUpTo(Offset end)
 {
     settle();
@@ -130,11 +111,9 @@ void EditorControl::paintAll()
 
 void EditorControl::paintShown()
 {
-    const auto first = FirstVisibleLine();
-    const auto last = send(SCI_DOCLINEFROMVISIBLE, first + linesOnScreen() + 1);
-    const auto start = send(SCI_POSITIONFROMLINE, send(SCI_DOCLINEFROMVISIBLE, first));
-    const auto end = send(SCI_GETLINEENDPOSITION, std::min<Offset>(last, lineCount() - 1)) + paintedAhead;
-    const TextRange seen{std::max<Offset>(start, m_unpainted.start()), std::min(end, Length())};
+    const auto shown = textInView();
+    const auto end = shown.end + paintedAhead;
+    const TextRange seen{std::max(shown.start, m_unpainted.start()), std::min(end, Length())};
     if (end <= m_unpainted.start() + slice || seen.length() > slice)
         return paintUpTo(end);
     // Far down, what lies before need not be painted first; the view alone is, and again with the rest.
@@ -163,8 +142,9 @@ void EditorControl::paint(TextRange range, int style)
         return;
     paintUpTo(range.end);
     m_allBlack = m_allBlack && style == 0;
-    send(SCI_STARTSTYLING, range.start);
-    send(SCI_SETSTYLING, range.length(), style);
+    const auto [start, end] = controlRange(range);
+    send(SCI_STARTSTYLING, start);
+    send(SCI_SETSTYLING, end - start, style);
     stylesAreUpToDate();
 }
 

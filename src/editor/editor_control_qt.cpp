@@ -3,6 +3,7 @@
 
 #include "editor/accessible_control_qt.h"
 #include "editor/edit_scope_qt.h"
+#include "text/flag_guard.h"
 #include "text/words.h"
 
 #include <QScrollBar>
@@ -21,6 +22,10 @@ constexpr Offset roomForTyping = Offset{64} * 1024;
 /// The marker on the lines that are being written.
 constexpr Offset unfinished = 0;
 constexpr Offset manyLines = 1000;
+
+/// Shown where an overlong line goes on below.
+constexpr const char *breakByte = "\xFF";
+constexpr const char *breakSign = "\u21A9";
 
 /// How much of `a` and `b` is alike at the start, not counting a character that is alike in part.
 Offset commonStart(std::string_view a, std::string_view b)
@@ -89,6 +94,7 @@ void EditorControl::setUp()
     send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
     send(SCI_USEPOPUP, SC_POPUP_NEVER);
     send(SCI_MARKERDEFINE, unfinished, SC_MARK_EMPTY);
+    sendBytes(SCI_SETREPRESENTATION, reinterpret_cast<Offset>(breakByte), breakSign);
     send(SCI_SETCARETFORE, 0);
     send(SCI_SETSELBACK, 1, 0xFFD3A6);
     setContextMenuPolicy(Qt::CustomContextMenu);
@@ -114,27 +120,15 @@ TextRange EditorControl::inside(TextRange range) const
 
 std::string_view EditorControl::Text() const
 {
+    if (!m_breaks.empty())
+        return textWithoutBreaks();
     return {
         reinterpret_cast<const char *>(send(SCI_GETCHARACTERPOINTER)), static_cast<std::size_t>(Length())};
 }
 
-std::string_view EditorControl::Text(TextRange range) const
-{
-    const auto part = inside(range);
-    if (part.empty())
-        return {};
-    return {reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, part.start, part.length())),
-        static_cast<std::size_t>(part.length())};
-}
-
-Offset EditorControl::Length() const
-{
-    return send(SCI_GETLENGTH);
-}
-
 void EditorControl::reserve(Offset size)
 {
-    if (size <= Length())
+    if (size <= controlLength())
         return;
     send(SCI_ALLOCATE, size);
     const auto status = send(SCI_GETSTATUS);
@@ -147,7 +141,8 @@ void EditorControl::LoadText(std::string_view text)
 {
     const EditScope scope(*this, EditKind::Program);
     // Before anything of the old text goes.
-    reserve(std::ssize(text) + roomForTyping);
+    const auto breaks = std::ssize(text) / m_limits.piece + 1;
+    reserve(std::ssize(text) + SoftBreaks::markLength * breaks + roomForTyping);
     m_typing = colours::black;
     m_unpainted.clear();
     m_allBlack = true;
@@ -156,7 +151,12 @@ void EditorControl::LoadText(std::string_view text)
     send(SCI_SETREADONLY, 0);
     send(SCI_SETUNDOCOLLECTION, 0);
     send(SCI_CLEARALL);
-    sendBytes(SCI_APPENDTEXT, std::ssize(text), text.data());
+    m_whole = {};
+    m_part = {};
+    if (hasLongLine(text, m_limits.longest))
+        appendWithBreaks(text);
+    else
+        sendBytes(SCI_APPENDTEXT, std::ssize(text), text.data());
     send(SCI_SETUNDOCOLLECTION, 1);
     send(SCI_EMPTYUNDOBUFFER);
     send(SCI_SETSAVEPOINT);
@@ -190,11 +190,22 @@ void EditorControl::replaceBytes(TextRange range, std::string_view text)
 {
     send(SCI_SETREADONLY, 0);
     // Left alone, the buffers grow by all that comes, although most of it fits where the old text goes.
-    if (std::ssize(text) > Length() / 2)
-        send(SCI_ALLOCATE, Length() - range.length() + std::ssize(text) + roomForTyping);
+    if (std::ssize(text) > controlLength() / 2)
+        send(SCI_ALLOCATE, controlLength() - range.length() + std::ssize(text) + roomForTyping);
     send(SCI_BEGINUNDOACTION);
-    send(SCI_SETTARGETRANGE, range.start, range.end);
-    sendBytes(SCI_REPLACETARGET, std::ssize(text), text.data());
+    const auto [start, end] = controlRange(range);
+    send(SCI_SETTARGETRANGE, start, end);
+    if (hasLongLine(text, m_limits.longest)) {
+        const auto broken = withBreaks(text, m_limits);
+        const FlagGuard breaking(m_breaking);
+        sendBytes(SCI_REPLACETARGET, std::ssize(broken), broken.data());
+        settle();
+    } else {
+        sendBytes(SCI_REPLACETARGET, std::ssize(text), text.data());
+        settle();
+    }
+    if (!range.empty() || !text.empty())
+        mendBreaks({range.start, range.start + std::ssize(text)});
     send(SCI_ENDUNDOACTION);
     send(SCI_SETREADONLY, m_readOnly);
     settle();
@@ -202,13 +213,13 @@ void EditorControl::replaceBytes(TextRange range, std::string_view text)
 
 TextRange EditorControl::Selection() const
 {
-    return {send(SCI_GETSELECTIONSTART), send(SCI_GETSELECTIONEND)};
+    return {m_breaks.toText(send(SCI_GETSELECTIONSTART)), m_breaks.toText(send(SCI_GETSELECTIONEND))};
 }
 
 void EditorControl::Select(TextRange range)
 {
     const EditScope scope(*this, EditKind::Program);
-    const auto part = inside(range);
+    const auto part = controlRange(inside(range));
     // What works on the text unseen leaves the view where it is.
     if (!m_displayed) {
         send(SCI_SETSELECTION, part.end, part.start);
@@ -221,13 +232,13 @@ void EditorControl::Select(TextRange range)
 
 AnchorAndCaret EditorControl::anchorAndCaret() const
 {
-    return {send(SCI_GETANCHOR), send(SCI_GETCURRENTPOS)};
+    return {m_breaks.toText(send(SCI_GETANCHOR)), m_breaks.toText(send(SCI_GETCURRENTPOS))};
 }
 
 void EditorControl::stylesAreUpToDate()
 {
     // Inserted text got its colour when it came: Scintilla need not ask for what lies behind it.
-    send(SCI_STARTSTYLING, std::min(Length(), m_unpainted.start()));
+    send(SCI_STARTSTYLING, m_breaks.toControl(std::min(Length(), m_unpainted.start())));
 }
 
 void EditorControl::SetFont(const EditorFont &font)
@@ -258,7 +269,7 @@ void EditorControl::SetRightMargin(int twips)
 
 void EditorControl::SetUnfinished(Offset position, bool on)
 {
-    const auto line = GetLineFromChar(position);
+    const auto line = controlLine(GetLineFromChar(position));
     const bool marked = send(SCI_MARKERGET, line) != 0;
     if (on != marked)
         send(on ? SCI_MARKERADD : SCI_MARKERDELETE, line, unfinished);
@@ -268,17 +279,21 @@ Offset EditorControl::NextUnfinished(TextRange range) const
 {
     auto line = GetLineFromChar(range.start);
     const auto last = GetLineFromChar(range.end);
-    if (last - line > manyLines)
-        line = send(SCI_MARKERNEXT, line, 1 << unfinished); // looks to the end of the text
-    else
-        while (line <= last && send(SCI_MARKERGET, line) == 0)
+    if (last - line > manyLines) {
+        const auto marked
+            = send(SCI_MARKERNEXT, controlLine(line), 1 << unfinished); // to the end of the text
+        line = marked == -1 ? -1 : GetLineFromChar(m_breaks.toText(send(SCI_POSITIONFROMLINE, marked)));
+    } else {
+        while (line <= last && send(SCI_MARKERGET, controlLine(line)) == 0)
             ++line;
+    }
     return line == -1 || line > last ? -1 : std::max(range.start, lineRange(line).start);
 }
 
 Offset EditorControl::GetLineFromChar(Offset position) const
 {
-    return send(SCI_LINEFROMPOSITION, std::clamp<Offset>(position, 0, Length()));
+    const auto place = m_breaks.toControl(std::clamp<Offset>(position, 0, Length()));
+    return send(SCI_LINEFROMPOSITION, place) - m_breaks.countBefore(place);
 }
 
 Offset EditorControl::FirstVisibleLine() const
@@ -288,7 +303,8 @@ Offset EditorControl::FirstVisibleLine() const
 
 void EditorControl::SetFirstVisibleLine(Offset line)
 {
-    send(SCI_SETFIRSTVISIBLELINE, std::clamp<Offset>(line, 0, shownLine(lineCount() - 1)));
+    send(SCI_SETFIRSTVISIBLELINE,
+        std::clamp<Offset>(line, 0, send(SCI_VISIBLEFROMDOCLINE, send(SCI_GETLINECOUNT) - 1)));
     announce();
 }
 
@@ -335,43 +351,6 @@ Offset EditorControl::characters() const
     if (!m_characters)
         m_characters = characterCount(Text());
     return *m_characters;
-}
-
-Offset EditorControl::lineCount() const
-{
-    return send(SCI_GETLINECOUNT);
-}
-
-TextRange EditorControl::lineRange(Offset line) const
-{
-    return {send(SCI_POSITIONFROMLINE, line), send(SCI_GETLINEENDPOSITION, line)};
-}
-
-Offset EditorControl::shownLine(Offset line) const
-{
-    return send(SCI_VISIBLEFROMDOCLINE, line);
-}
-
-Offset EditorControl::shownLineCount(Offset line) const
-{
-    return send(SCI_WRAPCOUNT, line);
-}
-
-Offset EditorControl::linesOnScreen() const
-{
-    return send(SCI_LINESONSCREEN);
-}
-
-QPoint EditorControl::bottomLeftOf(Offset position) const
-{
-    return {static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, position)),
-        static_cast<int>(
-            send(SCI_POINTYFROMPOSITION, 0, position) + send(SCI_TEXTHEIGHT, GetLineFromChar(position)))};
-}
-
-Offset EditorControl::positionAt(QPoint place) const
-{
-    return send(SCI_POSITIONFROMPOINT, place.x(), place.y());
 }
 
 } // namespace kevra

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // EditorSurface over Scintilla. Every colour in use is a Scintilla style; undo belongs to the control and
-// knows nothing of colours.
+// knows nothing of colours. Overlong lines are broken in Scintilla's text and nowhere else: positions and
+// lines are the document's in whatever this class takes and gives, and Scintilla's in what it sends.
 #pragma once
 
 #include "editor/line_edits.h"
+#include "editor/soft_breaks.h"
 #include "editor/surface.h"
 #include "editor/typing.h"
 #include "editor/undo_steps.h"
@@ -81,6 +83,14 @@ public:
     void setKeepIndentation(bool on) { m_keepIndentation = on; }
     [[nodiscard]] bool keepsIndentation() const { return m_keepIndentation; }
 
+    /// Which lines are shown on several; for the texts that come from now on.
+    void setLineLimits(const LineLimits &limits) { m_limits = limits; }
+    /// Whether there is a line that is shown on several.
+    [[nodiscard]] bool breaksLines() const { return !m_breaks.empty(); }
+    /// Where a position of the text is in Scintilla's, and the other way round: for its own messages.
+    [[nodiscard]] Offset controlPosition(Offset position) const { return m_breaks.toControl(position); }
+    [[nodiscard]] Offset textPosition(Offset control) const { return m_breaks.toText(control); }
+
     /// Before something else than the window shows the text: what waits to be painted does not wait longer.
     void paintAll();
     /// The text as it is now is what the file holds.
@@ -89,8 +99,15 @@ public:
 
     /// The characters of the text, a line break counting two. Counted once for each text and kept up to date.
     [[nodiscard]] Offset characters() const;
+    /// Those on its line before a position.
+    [[nodiscard]] Offset charactersBefore(Offset position) const;
     [[nodiscard]] Offset lineCount() const;
     [[nodiscard]] TextRange lineRange(Offset line) const; ///< without the line break
+    /// The line, or the part of an overlong one, that a position is on, with its line break.
+    [[nodiscard]] TextRange layoutLineAround(Offset position) const;
+    /// What stands on the lines that are in view, and the line at the top.
+    [[nodiscard]] TextRange textInView() const;
+    [[nodiscard]] Offset topLine() const;
     /// The first of the lines shown that hold a line of the text, and how many they are.
     [[nodiscard]] Offset shownLine(Offset line) const;
     [[nodiscard]] Offset shownLineCount(Offset line) const;
@@ -152,6 +169,23 @@ private:
     [[nodiscard]] std::string stylesIn(TextRange range) const;
     void applyFont();
     void replaceBytes(TextRange range, std::string_view text);
+    [[nodiscard]] std::string_view textWithoutBreaks() const;
+    [[nodiscard]] Offset controlLength() const;
+    /// Scintilla's first line of a line.
+    [[nodiscard]] Offset controlLine(Offset line) const;
+    [[nodiscard]] TextRange controlRange(TextRange range) const;
+    Offset countedTo(Offset position) const;
+    template <typename Each> void eachPiece(TextRange range, const Each &each) const;
+    void appendWithBreaks(std::string_view text);
+    /// Breaks what has become too long, and joins what has become empty, where an edit ends.
+    void mendBreaks(TextRange edited);
+    void mendBreaksAt(Offset position);
+    /// Between the two bytes of a break there is no place for a caret.
+    void leaveBreaks();
+    void moveByKey(QKeyEvent &event);
+    void mendAfterKey(Offset lengthBefore);
+    void deleteWord(int key);
+    void indentLines();
     void paint(TextRange range, int style);
     void setStyles(Offset start, std::string_view styles);
     /// What can be seen at once, the rest in the pauses and when it is looked at.
@@ -160,6 +194,7 @@ private:
     void paintUpTo(Offset end);
     void stylesAreUpToDate();
     void beforeChange(int position, int type, int length);
+    void readInserted();
     void settle();
     void noteTouched(const Change &change);
     void announce();
@@ -197,9 +232,23 @@ private:
     UndoSteps m_undoSteps;
     bool m_undoStepOpen = false;
     bool m_composing = false; ///< an input method has text in the document that may still change
+    SoftBreaks m_breaks;
+    LineLimits m_limits;
+    bool m_breaking = false; ///< what is inserted now has breaks in it
+    mutable std::string m_whole; ///< the text without its breaks, while that is known
+    mutable bool m_wholeKnown = false;
+    mutable std::string m_part;
+    /// What has come into Scintilla's text and has still to be looked at for breaks.
+    std::optional<TextRange> m_inserted;
     std::optional<Change> m_change; ///< announced by Scintilla, and done by the time anything else happens
     std::optional<TextRange> m_touched; ///< by the user's command that is under way
     mutable std::optional<Offset> m_characters; ///< once somebody has asked
+    struct Counted {
+        Offset line = 0; ///< where it starts
+        Offset position = 0;
+        Offset characters = 0;
+    };
+    mutable Counted m_counted; ///< from the start of a line to the place last asked about
     AnchorAndCaret m_knownSelection;
     Offset m_knownFirstLine = 0;
     bool m_knownSavePoint = true;

@@ -124,7 +124,7 @@ void EditorControl::apply(const std::optional<LineEdit> &edit)
         return;
     const EditScope scope(*this, EditKind::Command);
     replaceBytes(edit->range, edit->text);
-    send(SCI_SETSEL, edit->after.anchor, edit->after.caret);
+    send(SCI_SETSEL, m_breaks.toControl(edit->after.anchor), m_breaks.toControl(edit->after.caret));
     send(SCI_CHOOSECARETX);
 }
 
@@ -137,6 +137,31 @@ bool EditorControl::selectsLines() const
 void EditorControl::unindent()
 {
     apply(unindentedLines(*this, anchorAndCaret(), send(SCI_GETTABWIDTH)));
+}
+
+/// Scintilla's own command would indent each part of a broken line.
+void EditorControl::indentLines()
+{
+    if (m_breaks.empty())
+        return void(send(SCI_TAB));
+    if (m_readOnly)
+        return;
+    const UndoStep step(*this);
+    const auto selection = Selection();
+    const bool forward = anchorAndCaret().caret == selection.end;
+    const auto first = GetLineFromChar(selection.start);
+    auto last = GetLineFromChar(selection.end);
+    if (lineRange(last).start == selection.end)
+        --last;
+    const auto by = send(SCI_GETTABWIDTH);
+    for (auto line = last; line >= first; --line) {
+        const auto place = controlLine(line);
+        if (!lineRange(line).empty())
+            send(SCI_SETLINEINDENTATION, place, send(SCI_GETLINEINDENTATION, place) + by);
+    }
+    const auto start = lineRange(first).start;
+    const auto end = last + 1 < lineCount() ? lineRange(last + 1).start : Length();
+    send(SCI_SETSEL, m_breaks.toControl(forward ? start : end), m_breaks.toControl(forward ? end : start));
 }
 
 bool EditorControl::event(QEvent *event)
@@ -198,7 +223,7 @@ void EditorControl::placeCaretFor(QPoint place)
     if (!selection.empty() && position >= selection.start && position <= selection.end)
         return;
     const EditScope scope(*this, EditKind::Typing);
-    send(SCI_SETEMPTYSELECTION, position);
+    send(SCI_SETEMPTYSELECTION, m_breaks.toControl(position));
     send(SCI_CHOOSECARETX);
 }
 

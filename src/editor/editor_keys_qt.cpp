@@ -113,8 +113,10 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Enter:
         return modified ? event->ignore() : typeKey(*event, U'\r');
     case Qt::Key_Tab:
-        if (!modified && selectsLines())
-            return command(EditKind::Command, SCI_TAB);
+        if (!modified && selectsLines()) {
+            const EditScope scope(*this, EditKind::Command);
+            return indentLines();
+        }
         return modified ? event->ignore() : typeKey(*event, U'\t');
     case Qt::Key_Backtab:
         return unindent();
@@ -126,11 +128,24 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
     }
     if (isText(*event))
         return typeText(*event);
+    moveByKey(*event);
+}
+
+void EditorControl::moveByKey(QKeyEvent &event)
+{
     const EditScope scope(*this, EditKind::Typing);
+    const auto before = anchorAndCaret();
+    const bool sideways = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
     // Without its text: Scintilla would type the letter of a menu's key.
-    QKeyEvent command(event->type(), event->key(), event->modifiers());
+    QKeyEvent command(event.type(), event.key(), event.modifiers());
     QsciScintillaBase::keyPressEvent(&command);
-    event->setAccepted(command.isAccepted());
+    // Over a break, which is no step in the text.
+    for (auto place = Offset{-1}; !m_breaks.empty() && sideways && anchorAndCaret() == before;) {
+        if (place == std::exchange(place, send(SCI_GETCURRENTPOS)))
+            break;
+        QsciScintillaBase::keyPressEvent(&command);
+    }
+    event.setAccepted(command.isAccepted());
 }
 
 void EditorControl::typeKey(QKeyEvent &event, char32_t character)
@@ -141,6 +156,8 @@ void EditorControl::typeKey(QKeyEvent &event, char32_t character)
         announceCharacter(character);
         if (character == U'\r')
             breakLine(event);
+        else if (!m_breaks.empty() && !m_readOnly)
+            sendBytes(SCI_REPLACESEL, 0, "\t"); // Scintilla's command is about its own lines
         else
             QsciScintillaBase::keyPressEvent(&event);
         m_undoSteps.strokeDone(anchorAndCaret());
@@ -173,17 +190,46 @@ void EditorControl::deleteByKey(QKeyEvent &event)
 {
     {
         const EditScope scope(*this, EditKind::Delete);
+        const auto length = Length();
         if (const auto stroke = deletingStroke(event)) {
             beginStroke(*stroke, event.timestamp());
+            if (!m_breaks.empty())
+                send(SCI_SETEMPTYSELECTION,
+                    event.key() == Qt::Key_Delete ? m_breaks.toControl(SelStart())
+                                                  : m_breaks.toControlBefore(SelStart()));
             QsciScintillaBase::keyPressEvent(&event);
+            mendAfterKey(length);
             m_undoSteps.strokeDone(anchorAndCaret());
         } else {
             const UndoStep step(*this);
-            QsciScintillaBase::keyPressEvent(&event);
+            if (!m_breaks.empty() && Selection().empty())
+                deleteWord(event.key());
+            else
+                QsciScintillaBase::keyPressEvent(&event);
+            mendAfterKey(length);
         }
     }
     if (event.key() == Qt::Key_Delete && m_typingHandler && !m_readOnly)
         m_typingHandler->keyReleased(keys::del);
+}
+
+void EditorControl::mendAfterKey(Offset lengthBefore)
+{
+    settle();
+    if (Length() != lengthBefore) // or undo would have nothing to show
+        mendBreaksAt(SelStart());
+}
+
+/// Scintilla's own command may end inside a break.
+void EditorControl::deleteWord(int key)
+{
+    for (auto place = Offset{-1}; Selection().empty();) {
+        if (place == std::exchange(place, send(SCI_GETCURRENTPOS)))
+            return;
+        send(key == Qt::Key_Delete ? SCI_WORDRIGHTEXTEND : SCI_WORDLEFTEXTEND);
+    }
+    leaveBreaks();
+    send(SCI_CLEAR);
 }
 
 void EditorControl::typeText(const QKeyEvent &event)
@@ -243,7 +289,8 @@ void EditorControl::inputMethodEvent(QInputMethodEvent *event)
     if (event->replacementLength() > 0) {
         const auto from = send(SCI_POSITIONRELATIVE, send(SCI_GETCURRENTPOS), event->replacementStart());
         const auto to = send(SCI_POSITIONRELATIVE, from, event->replacementLength());
-        send(SCI_DELETERANGE, from, to - from);
+        const auto old = controlRange({m_breaks.toText(from), m_breaks.toText(to)});
+        send(SCI_DELETERANGE, old.start, old.length());
     }
     for (const char32_t character : committed) {
         m_undoSteps.strokeDone(anchorAndCaret());

@@ -11,9 +11,9 @@ constexpr Offset longestStep = 1 << 20;
 
 } // namespace
 
-Offset firstOf(const EditorSurface &document, std::string_view bytes, Offset from)
+Offset firstOf(const EditorSurface &document, std::string_view bytes, Offset from, Offset end)
 {
-    const auto length = document.Length();
+    const auto length = std::min(end, document.Length());
     for (auto step = firstStep; from < length; step = std::min(2 * step, longestStep)) {
         auto part = document.Text({from, std::min(from + step, length)});
         const auto partLength = static_cast<Offset>(part.size());
@@ -47,6 +47,14 @@ TextRange linesOf(const EditorSurface &document, TextRange range)
 {
     const auto end = firstOf(document, "\r", range.end);
     return {lineStart(document, range.start), end == -1 ? document.Length() : end};
+}
+
+bool onLongLine(const EditorSurface &document, TextRange range)
+{
+    const auto start = range.start - keyReach;
+    const auto end = range.end + keyReach;
+    return (start > 0 && lastOf(document, '\n', range.start, start) == -1)
+        || (end < document.Length() && firstOf(document, "\r", range.end, end) == -1);
 }
 
 } // namespace kevra

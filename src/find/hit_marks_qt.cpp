@@ -51,29 +51,23 @@ bool HitMarks::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-TextRange HitMarks::linesInView() const
-{
-    const auto lineAt = [&](Offset shown) {
-        return m_document.SendScintilla(Sci::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(shown));
-    };
-    const auto first = m_document.FirstVisibleLine();
-    const auto last
-        = std::min<Offset>(lineAt(first + m_document.linesOnScreen() + 1), m_document.lineCount() - 1);
-    return {m_document.lineRange(lineAt(first)).start, m_document.lineRange(last).end};
-}
-
 void HitMarks::mark()
 {
     m_document.SendScintilla(Sci::SCI_SETINDICATORCURRENT, indicator);
-    m_document.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL, static_cast<long>(m_document.Length()));
+    m_document.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL,
+        static_cast<long>(m_document.controlPosition(m_document.Length())));
     const auto request = m_wanted();
     m_marked = request && !request->text.empty();
     if (!m_marked)
         return;
-    const auto part = linesInView();
-    for (const auto &hit : HitFinder(*request).all(m_document.Text(part)))
-        m_document.SendScintilla(Sci::SCI_INDICATORFILLRANGE,
-            static_cast<unsigned long>(part.start + hit.start), static_cast<long>(hit.length()));
+    const auto part = m_document.textInView();
+    const std::string text(m_document.Text(part));
+    for (const auto &hit : HitFinder(*request).all(text)) {
+        const auto start = m_document.controlPosition(part.start + hit.start);
+        const auto end = m_document.controlPosition(part.start + hit.end);
+        m_document.SendScintilla(
+            Sci::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(start), static_cast<long>(end - start));
+    }
 }
 
 } // namespace kevra

@@ -22,7 +22,6 @@ public:
 
 private:
     void mark();
-    [[nodiscard]] TextRange linesInView() const;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     EditorControl &m_document;

@@ -24,8 +24,14 @@ public:
     }
 };
 
+/// One that breaks its lines, after so few characters that it always does.
+class BreakingControl : public ShownControl {
+public:
+    BreakingControl() { setLineLimits({.longest = 6, .piece = 3}); }
+};
+
 /// The same random edits and colourings on the control and on the surface in memory.
-class Twins {
+template <typename Control> class Twins {
 public:
     explicit Twins(unsigned seed, Offset size)
         : m_random(seed)
@@ -112,15 +118,15 @@ private:
     }
 
     std::mt19937 m_random;
-    ShownControl m_control;
+    Control m_control;
     MemorySurface m_memory;
 };
 
-TEST(EditorControl, LooksAsTheSurfaceInMemoryDoesWhateverIsDone)
+template <typename Control> void compareTwins(unsigned seeds, Offset large)
 {
-    for (unsigned seed = 1; seed <= 12; ++seed) {
+    for (unsigned seed = 1; seed <= seeds; ++seed) {
         SCOPED_TRACE(seed);
-        Twins twins(seed, seed % 3 == 0 ? 300 : 600'000);
+        Twins<Control> twins(seed, seed % 3 == 0 ? 300 : large);
         for (int i = 1; i <= 120; ++i) {
             twins.step();
             twins.compareAnywhere();
@@ -129,6 +135,82 @@ TEST(EditorControl, LooksAsTheSurfaceInMemoryDoesWhateverIsDone)
             if (testing::Test::HasFatalFailure())
                 return;
         }
+    }
+}
+
+TEST(EditorControl, LooksAsTheSurfaceInMemoryDoesWhateverIsDone)
+{
+    compareTwins<ShownControl>(12, 600'000);
+}
+
+TEST(EditorControl, LooksTheSameWithBrokenLines)
+{
+    compareTwins<BreakingControl>(6, 60'000);
+}
+
+/// The same keys, commands and their undoing on a control that breaks lines and one that does not.
+TEST(EditorControl, BreaksNothingButTheView)
+{
+    const std::string text
+        = "<p>caf\xC3\xA9 <b>x</b> one line\r\n\r\n\t\xE2\x82\xAC\r\nMsgBox \"no end in sight\"";
+    std::mt19937 random(7);
+    const auto below
+        = [&](Offset limit) { return static_cast<Offset>(random() % static_cast<unsigned>(limit)); };
+    for (int round = 0; round < 20; ++round) {
+        EditorControl plain;
+        BreakingControl broken;
+        const auto both = [&](const std::function<void(EditorControl &)> &action) {
+            action(plain);
+            action(broken);
+        };
+        const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+            both([&](EditorControl &control) { QTest::keyClick(&control, key, modifiers); });
+        };
+        const auto startOfCharacter = [&](Offset position) {
+            while (position > 0 && plain.Text({position, position + 1}) >= "\x80"
+                && plain.Text({position, position + 1}) < "\xC0")
+                --position;
+            return position;
+        };
+        both([&](EditorControl &control) { control.LoadText(text); });
+        for (int step = 0; step < 150; ++step) {
+            SCOPED_TRACE(testing::Message() << "round " << round << ", step " << step);
+            constexpr std::array keys{Qt::Key_A, Qt::Key_B, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Delete,
+                Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Backspace, Qt::Key_Left, Qt::Key_Right,
+                Qt::Key_Backtab};
+            const auto what = below(18);
+            if (what < 11)
+                press(keys[static_cast<std::size_t>(what)]);
+            else if (what < 12)
+                press(below(2) == 0 ? Qt::Key_Left : Qt::Key_Right, Qt::ShiftModifier);
+            else if (what < 14)
+                press(below(3) == 0 ? Qt::Key_Y : Qt::Key_Z, Qt::ControlModifier);
+            else if (const auto at = startOfCharacter(below(plain.Length() + 1)); what < 16)
+                both([&](EditorControl &control) { control.Select({at, at}); });
+            else if (const auto end = startOfCharacter(at + below(plain.Length() - at + 1)); what < 17)
+                both([&](EditorControl &control) { control.Select({at, end}); });
+            else
+                both([&](EditorControl &control) {
+                    control.replaceAsUser({at, end}, "a pasted line\r\nand more");
+                });
+            ASSERT_EQ(broken.Text(), plain.Text());
+            ASSERT_EQ(broken.anchorAndCaret(), plain.anchorAndCaret());
+            ASSERT_EQ(broken.canUndo(), plain.canUndo());
+            ASSERT_EQ(broken.characters(), plain.characters());
+            ASSERT_EQ(broken.lineCount(), plain.lineCount());
+            const auto caret = plain.anchorAndCaret().caret;
+            ASSERT_EQ(broken.charactersBefore(caret), plain.charactersBefore(caret));
+            ASSERT_EQ(broken.lineRange(broken.GetLineFromChar(caret)),
+                plain.lineRange(plain.GetLineFromChar(caret)));
+        }
+        while (plain.canUndo()) {
+            both([&](EditorControl &control) { control.undo(); });
+            ASSERT_EQ(broken.Text(), plain.Text()) << "after undoing, in round " << round;
+        }
+        ASSERT_EQ(plain.Text(), text);
+        while (plain.canRedo())
+            both([&](EditorControl &control) { control.redo(); });
+        ASSERT_EQ(broken.Text(), plain.Text());
     }
 }
 
@@ -172,6 +254,7 @@ TEST(EditorControl, ShowsColoursOfALargeTextWhereItIsScrolledTo)
 }
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Scintilla, SurfaceContract, ShownControl);
+INSTANTIATE_TYPED_TEST_SUITE_P(BrokenLines, SurfaceContract, BreakingControl);
 
 } // namespace
 } // namespace kevra

@@ -1,0 +1,279 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The control's lines and those of the text: an overlong line is several in Scintilla.
+#include "editor/editor_control_qt.h"
+
+#include "editor/edit_scope_qt.h"
+#include "text/flag_guard.h"
+#include "text/words.h"
+
+#include <algorithm>
+
+namespace kevra {
+namespace {
+
+constexpr std::size_t appendedAtOnce = 1 << 20; ///< bytes; a second copy of the whole text would be too much
+
+/// From a position of the text up to the last line end before `most` bytes, or the end of a piece.
+std::size_t wholeLines(std::string_view text, std::size_t most)
+{
+    if (text.size() <= most)
+        return text.size();
+    const auto end = text.substr(0, most).rfind('\n');
+    return end == text.npos ? std::min(text.find('\n', most), text.size() - 1) + 1 : end + 1;
+}
+
+} // namespace
+
+template <typename Each> void EditorControl::eachPiece(TextRange range, const Each &each) const
+{
+    for (auto at = range.start; at < range.end;) {
+        const TextRange piece{at, std::min(range.end, m_breaks.next(at))};
+        each(piece, m_breaks.toControl(at));
+        at = piece.end;
+    }
+}
+
+std::string_view EditorControl::Text(TextRange range) const
+{
+    const auto part = inside(range);
+    const auto bytes = [this](Offset start, Offset length) {
+        return std::string_view(reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, start, length)),
+            static_cast<std::size_t>(length));
+    };
+    if (part.empty())
+        return {};
+    if (m_breaks.next(part.start) >= part.end)
+        return bytes(m_breaks.toControl(part.start), part.length());
+    m_part.clear();
+    eachPiece(part, [&](TextRange piece, Offset start) { m_part += bytes(start, piece.length()); });
+    return m_part;
+}
+
+std::string_view EditorControl::textWithoutBreaks() const
+{
+    if (!std::exchange(m_wholeKnown, true)) {
+        m_whole.clear();
+        m_whole.reserve(static_cast<std::size_t>(Length()));
+        eachPiece({0, Length()}, [&](TextRange piece, Offset) { m_whole += Text(piece); });
+    }
+    return m_whole;
+}
+
+Offset EditorControl::Length() const
+{
+    return controlLength() - SoftBreaks::markLength * m_breaks.count();
+}
+
+Offset EditorControl::controlLength() const
+{
+    return send(SCI_GETLENGTH);
+}
+
+/// Without the breaks at its ends.
+TextRange EditorControl::controlRange(TextRange range) const
+{
+    const auto start = m_breaks.toControl(range.start);
+    return {start, range.empty() ? start : m_breaks.toControlBefore(range.end)};
+}
+
+void EditorControl::appendWithBreaks(std::string_view text)
+{
+    const FlagGuard breaking(m_breaking);
+    while (!text.empty()) {
+        const auto length = wholeLines(text, appendedAtOnce);
+        const auto broken = withBreaks(text.substr(0, length), m_limits);
+        sendBytes(SCI_APPENDTEXT, std::ssize(broken), broken.data());
+        settle();
+        text.remove_prefix(length);
+    }
+}
+
+void EditorControl::mendBreaks(TextRange edited)
+{
+    mendBreaksAt(edited.end);
+    if (!edited.empty())
+        mendBreaksAt(edited.start);
+}
+
+void EditorControl::mendBreaksAt(Offset position)
+{
+    const auto line = send(SCI_LINEFROMPOSITION, m_breaks.toControl(position));
+    const auto start = send(SCI_POSITIONFROMLINE, line);
+    const auto end = send(SCI_GETLINEENDPOSITION, line);
+    if (end - start > m_limits.longest) {
+        const FlagGuard breaking(m_breaking);
+        const auto content = Text({m_breaks.toText(start), m_breaks.toText(end)});
+        const auto places = breakPlaces(content, m_limits.piece);
+        for (auto at = places.rbegin(); at != places.rend(); ++at)
+            sendBytes(SCI_INSERTTEXT, start + *at, std::string(SoftBreaks::mark).c_str());
+        settle();
+    }
+    auto here = m_breaks.countAt(position);
+    if (here == 0)
+        return;
+    const bool atLineEnd = position == 0 || position == Length() || Text({position - 1, position}) == "\n"
+        || Text({position, position + 1}) == "\r";
+    for (; here > (atLineEnd ? 0 : 1); --here)
+        send(SCI_DELETERANGE, m_breaks.toControlBefore(position), SoftBreaks::markLength);
+    settle();
+}
+
+void EditorControl::leaveBreaks()
+{
+    if (m_breaks.empty())
+        return;
+    const auto outside = [this](Offset place) {
+        const auto before = m_breaks.toControlBefore(m_breaks.toText(place));
+        return place - (place - before) % SoftBreaks::markLength;
+    };
+    const auto anchor = send(SCI_GETANCHOR);
+    const auto caret = send(SCI_GETCURRENTPOS);
+    if (outside(anchor) != anchor || outside(caret) != caret)
+        send(SCI_SETSELECTION, outside(caret), outside(anchor));
+}
+
+void EditorControl::readInserted()
+{
+    if (!m_inserted)
+        return;
+    const auto [start, end] = *std::exchange(m_inserted, std::nullopt);
+    const std::string_view content(
+        reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, start, end - start)),
+        static_cast<std::size_t>(end - start));
+    m_change->added = m_breaks.inserted(start, content);
+}
+
+Offset EditorControl::controlLine(Offset line) const
+{
+    // The breaks in the lines before; each break is on the line that many fewer than Scintilla's.
+    Offset first = 0;
+    auto last = m_breaks.count();
+    while (first < last) {
+        const auto middle = first + (last - first) / 2;
+        if (send(SCI_LINEFROMPOSITION, m_breaks.inControl(middle)) - middle < line)
+            first = middle + 1;
+        else
+            last = middle;
+    }
+    return line + first;
+}
+
+/// Counts from where it counted last, for a caret that goes step by step through megabytes.
+Offset EditorControl::countedTo(Offset position) const
+{
+    constexpr Offset step = Offset{64} * 1024;
+    if (position - m_counted.line < m_counted.position - position)
+        m_counted = {m_counted.line, m_counted.line, 0};
+    while (m_counted.position < position) {
+        const auto end = std::min(m_counted.position + step, position);
+        m_counted.characters += characterCount(Text({m_counted.position, end}));
+        m_counted.position = end;
+    }
+    if (position < m_counted.position)
+        m_counted.characters -= characterCount(Text({position, m_counted.position}));
+    m_counted.position = position;
+    return m_counted.characters;
+}
+
+Offset EditorControl::charactersBefore(Offset position) const
+{
+    const auto line = lineRange(GetLineFromChar(position)).start;
+    if (line != m_counted.line)
+        m_counted = {line, line, 0};
+    return countedTo(position);
+}
+
+Offset EditorControl::lineCount() const
+{
+    return send(SCI_GETLINECOUNT) - m_breaks.count();
+}
+
+TextRange EditorControl::lineRange(Offset line) const
+{
+    const auto first = controlLine(line);
+    const auto last = m_breaks.empty() ? first : controlLine(line + 1) - 1;
+    return {m_breaks.toText(send(SCI_POSITIONFROMLINE, first)),
+        m_breaks.toText(send(SCI_GETLINEENDPOSITION, last))};
+}
+
+TextRange EditorControl::layoutLineAround(Offset position) const
+{
+    const auto line = send(SCI_LINEFROMPOSITION, m_breaks.toControl(position));
+    const auto end
+        = line + 1 < send(SCI_GETLINECOUNT) ? send(SCI_POSITIONFROMLINE, line + 1) : controlLength();
+    return {m_breaks.toText(send(SCI_POSITIONFROMLINE, line)), m_breaks.toText(end)};
+}
+
+TextRange EditorControl::textInView() const
+{
+    const auto first = FirstVisibleLine();
+    const auto last = send(SCI_DOCLINEFROMVISIBLE, first + linesOnScreen() + 1);
+    const auto start = send(SCI_POSITIONFROMLINE, send(SCI_DOCLINEFROMVISIBLE, first));
+    const auto end = send(SCI_GETLINEENDPOSITION, std::min<Offset>(last, send(SCI_GETLINECOUNT) - 1));
+    return {m_breaks.toText(start), m_breaks.toText(end)};
+}
+
+Offset EditorControl::topLine() const
+{
+    const auto line = send(SCI_DOCLINEFROMVISIBLE, FirstVisibleLine());
+    return line - m_breaks.countBefore(send(SCI_POSITIONFROMLINE, line));
+}
+
+Offset EditorControl::shownLine(Offset line) const
+{
+    return send(SCI_VISIBLEFROMDOCLINE, controlLine(line));
+}
+
+Offset EditorControl::shownLineCount(Offset line) const
+{
+    const auto first = controlLine(line);
+    if (m_breaks.empty())
+        return send(SCI_WRAPCOUNT, first);
+    const auto last = controlLine(line + 1) - 1;
+    return send(SCI_VISIBLEFROMDOCLINE, last) + send(SCI_WRAPCOUNT, last)
+        - send(SCI_VISIBLEFROMDOCLINE, first);
+}
+
+Offset EditorControl::linesOnScreen() const
+{
+    return send(SCI_LINESONSCREEN);
+}
+
+QPoint EditorControl::bottomLeftOf(Offset position) const
+{
+    const auto place = m_breaks.toControl(position);
+    return {static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, place)),
+        static_cast<int>(send(SCI_POINTYFROMPOSITION, 0, place) + send(SCI_TEXTHEIGHT, 0))};
+}
+
+Offset EditorControl::positionAt(QPoint place) const
+{
+    return m_breaks.toText(send(SCI_POSITIONFROMPOINT, place.x(), place.y()));
+}
+
+std::string EditorControl::stylesIn(TextRange range) const
+{
+    std::string styles;
+    styles.reserve(static_cast<std::size_t>(range.length()));
+    std::string pairs; // character, style, and a closing pair
+    eachPiece(range, [&](TextRange piece, Offset start) {
+        pairs.resize(static_cast<std::size_t>(2 * piece.length() + 2));
+        SendScintilla(SCI_GETSTYLEDTEXT, static_cast<long>(start), static_cast<long>(start + piece.length()),
+            pairs.data());
+        for (std::size_t i = 0; i < static_cast<std::size_t>(piece.length()); ++i)
+            styles += pairs[2 * i + 1];
+    });
+    return styles;
+}
+
+void EditorControl::setStyles(Offset start, std::string_view styles)
+{
+    m_allBlack = false;
+    eachPiece({start, start + std::ssize(styles)}, [&](TextRange piece, Offset place) {
+        send(SCI_STARTSTYLING, place);
+        sendBytes(SCI_SETSTYLINGEX, piece.length(), styles.data() + (piece.start - start));
+    });
+    stylesAreUpToDate();
+}
+
+} // namespace kevra
