@@ -271,6 +271,13 @@ private:
                 later([button] { button->click(); });
             return {{"ok", button != nullptr}};
         }
+        if (what == "fill") {
+            auto *in = window(order["in"].toString().toUtf8());
+            auto *field = in ? in->findChild<QLineEdit *>(order["field"].toString()) : nullptr;
+            if (field)
+                field->setText(argument);
+            return {{"ok", field != nullptr}};
+        }
         if (what == "bar") {
             auto *label = window("fedit")->findChild<QLabel *>(argument + "text");
             return {{"ok", label && label->isVisible()}, {"text", label ? label->text() : QString()}};
@@ -304,6 +311,10 @@ private:
             return {{"ok", choose(argument)}};
         if (what == "type")
             return type(argument), QJsonObject{{"ok", true}};
+        if (what == "key")
+            return press(document(), order["key"].toInt(), Qt::KeyboardModifiers(order["modifiers"].toInt()),
+                       argument),
+                   QJsonObject{{"ok", true}};
         if (what == "length")
             return {{"ok", true},
                 {"length", static_cast<qint64>(document()->SendScintilla(QsciScintillaBase::SCI_GETLENGTH))}};
