@@ -32,7 +32,7 @@ constexpr std::array outcomeTexts{
     OutcomeText{FileOutcome::Binary, "is no text"},
     OutcomeText{FileOutcome::Endless, "is too big to process further"},
     OutcomeText{FileOutcome::Gone, "is no longer there"},
-    OutcomeText{FileOutcome::Changed, "has changed since the preview"},
+    OutcomeText{FileOutcome::Changed, "has changed in the meantime"},
     OutcomeText{FileOutcome::UnsavedInEditor, "has unsaved changes in the editor"},
     OutcomeText{FileOutcome::EncodingTooSmall, "its encoding cannot hold the replacement"},
     OutcomeText{FileOutcome::BackupFailed, "the backup could not be written"},

@@ -23,7 +23,7 @@ enum class FileOutcome {
     Binary,
     Endless,
     Gone,
-    Changed, ///< since the preview
+    Changed, ///< since the preview, or since the replacement
     UnsavedInEditor,
     EncodingTooSmall,
     BackupFailed,
