@@ -286,6 +286,9 @@ void EditorControl::dropEvent(QDropEvent *event)
     Replace({position, position}, {text.data(), static_cast<std::size_t>(text.size())});
     send(SCI_ENDUNDOACTION);
     Select({position, position + Length() - before});
+    // The next key goes on where the text went, and undo takes it back there.
+    activateWindow();
+    setFocus(Qt::OtherFocusReason);
 }
 
 bool EditorControl::canInsertFromMimeData(const QMimeData *source) const
