@@ -161,6 +161,8 @@ void FindDialog::showReplaced(Offset count)
 
 void FindDialog::hitSelected()
 {
+    if (m_reveal)
+        m_reveal();
     if (!m_hitPlace || !isVisible())
         return;
     const auto hit = m_hitPlace();

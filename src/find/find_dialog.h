@@ -23,6 +23,8 @@ public:
     FindDialog(EditorSurface &document, DocumentState &state, Messages &messages, QWidget *parent = nullptr);
 
     [[nodiscard]] FindCommands &commands() { return m_commands; }
+    /// Called with each hit selected, before its place is asked for.
+    void setReveal(std::function<void()> reveal) { m_reveal = std::move(reveal); }
     /// Where the selection is on the screen.
     void setHitPlace(std::function<QRect()> place) { m_hitPlace = std::move(place); }
     /// Whether the document may be changed now; it always may when this is not set.
@@ -61,6 +63,7 @@ private:
     QCheckBox *m_whole;
     QCheckBox *m_expression;
     QLabel *m_outcome;
+    std::function<void()> m_reveal;
     std::function<QRect()> m_hitPlace;
     std::function<bool()> m_mayEdit;
     std::function<void(std::string_view)> m_tell = [](std::string_view) {};
