@@ -48,10 +48,10 @@ public:
              entry.increment(error), ++seen) {
             std::error_code unknown;
             const auto &path = entry->path();
-            if (path.filename().native().starts_with('.'))
+            if (path.filename().string().starts_with('.'))
                 entry.disable_recursion_pending();
-            else if (script::fileKind(path.native()) && entry->is_regular_file(unknown))
-                paths.push_back(path.native());
+            else if (script::fileKind(path.string()) && entry->is_regular_file(unknown))
+                paths.push_back(path.string());
         }
         return paths;
     }
