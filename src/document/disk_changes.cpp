@@ -41,8 +41,8 @@ DiskBar DiskChanges::wanted()
         return m_kept == file.stampOnDisk() ? DiskBar::None : DiskBar::Changed;
     m_kept.reset();
     if (state == DiskState::Gone)
-        return m_goneKept ? DiskBar::None : DiskBar::Gone;
-    m_goneKept = false;
+        return m_goneKept && m_goneKept == file.stampWhenOurs() ? DiskBar::None : DiskBar::Gone;
+    m_goneKept.reset();
     return file.replacedContent() ? DiskBar::Replaced : DiskBar::None;
 }
 
@@ -53,7 +53,7 @@ void DiskChanges::check()
     const bool sameFile = m_path == m_ports.file.path();
     if (!sameFile) {
         m_kept.reset();
-        m_goneKept = false;
+        m_goneKept.reset();
     }
     const auto bar = wanted();
     if (bar == DiskBar::Changed && m_reloadsByItself
@@ -88,7 +88,8 @@ void DiskChanges::reload()
 void DiskChanges::keepMine()
 {
     m_kept = m_ports.file.stampOnDisk();
-    m_goneKept = m_bar == DiskBar::Gone;
+    // A file written since is another one, however soon it goes too.
+    m_goneKept = m_bar == DiskBar::Gone ? m_ports.file.stampWhenOurs() : std::nullopt;
     show(DiskBar::None);
 }
 

@@ -61,7 +61,7 @@ private:
     DiskBar m_bar = DiskBar::None;
     std::string m_path; ///< the bar's file
     std::optional<FileStamp> m_kept; ///< the state on the disk that the user has chosen to leave
-    bool m_goneKept = false;
+    std::optional<FileStamp> m_goneKept; ///< the document's file that the user knows to be gone
     bool m_reloadsByItself = false;
 };
 

@@ -58,6 +58,8 @@ public:
     /// Looks at the content when anything about the file has changed: the same bytes are no change.
     [[nodiscard]] DiskState diskState() const;
     [[nodiscard]] std::optional<FileStamp> stampOnDisk() const { return m_files.stamp(m_path); }
+    /// The file's state when it last held what was read or written; a save changes it.
+    [[nodiscard]] std::optional<FileStamp> stampWhenOurs() const { return m_stamp; }
     /// Whether the text is what was last read or written, wherever the file is now.
     [[nodiscard]] bool wasReadOrWrittenAs(std::string_view text) const;
     /// The bytes of another program that the last save took the place of.

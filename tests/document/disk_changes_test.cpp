@@ -87,6 +87,15 @@ TEST(DiskChanges, EveryBranchOfTheBar)
             [](WatchedPage &p) { p.changes.setReloadsByItself(true); }, DiskBar::Changed, "mine", "theirs",
             ""},
         {"gone", "mine", removed, none, DiskBar::Gone, "mine", "", ""},
+        {"gone and left so", "mine", removed, [](WatchedPage &p) { p.changes.keepMine(); }, DiskBar::None,
+            "mine", "", ""},
+        {"gone and left so, saved, gone again", "mine", removed,
+            [&](WatchedPage &p) {
+                p.changes.keepMine();
+                save(p);
+                removed(p);
+            },
+            DiskBar::Gone, "mine", "", ""},
         {"gone, saved", "mine", removed, save, DiskBar::None, "mine", "mine", ""},
         {"gone and back", "mine", removed, [](WatchedPage &p) { p.theyWrite("old"); }, DiskBar::None, "mine",
             "old", ""},
