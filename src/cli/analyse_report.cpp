@@ -21,14 +21,14 @@ std::string place(const AnalysedFile &file, Position at)
 
 std::string textLine(const AnalysedFile &file, const Finding &finding, Position at)
 {
-    return place(file, at) + std::string(levelName(finding.level())) + ' ' + script::code(finding.rule) + ": "
-        + finding.what + '\n';
+    return place(file, at) + std::string(script::levelName(finding.level())) + ' '
+        + script::code(finding.rule) + ": " + finding.what + '\n';
 }
 
 /// As compilers print theirs; what is less than a warning is a note.
 std::string gccLine(const AnalysedFile &file, const Finding &finding, Position at)
 {
-    const auto level = finding.level() == script::Level::Hint ? "note" : levelName(finding.level());
+    const auto level = finding.level() == script::Level::Hint ? "note" : script::levelName(finding.level());
     return place(file, at) + std::string(level) + ": " + finding.what + " [" + script::code(finding.rule)
         + "]\n";
 }
@@ -43,7 +43,7 @@ Json jsonRange(const Positions &positions, TextRange range)
 Json jsonFinding(const Positions &positions, const Finding &finding)
 {
     auto json = jsonRange(positions, finding.range);
-    json["level"] = levelName(finding.level());
+    json["level"] = script::levelName(finding.level());
     json["code"] = script::code(finding.rule);
     json["text"] = finding.what;
     json["why"] = script::ruleInfo(finding.rule).why;
@@ -109,19 +109,6 @@ Position Positions::at(Offset offset) const
             + 1};
 }
 
-std::string_view levelName(script::Level level)
-{
-    switch (level) {
-    case script::Level::Error:
-        return "error";
-    case script::Level::Warning:
-        return "warning";
-    case script::Level::Hint:
-        break;
-    }
-    return "hint";
-}
-
 std::string analysisReport(const AnalysedFile &file, AnalysisFormat format)
 {
     if (file.findings.empty() && format != AnalysisFormat::Json)
@@ -140,8 +127,8 @@ std::string analysisReport(const AnalysedFile &file, AnalysisFormat format)
 std::string explanation(script::Rule rule)
 {
     const auto &info = script::ruleInfo(rule);
-    return script::code(rule) + ", " + std::string(levelName(info.level)) + ": " + std::string(info.title)
-        + "\n\n" + wrapped(info.why);
+    return script::code(rule) + ", " + std::string(script::levelName(info.level)) + ": "
+        + std::string(info.title) + "\n\n" + wrapped(info.why);
 }
 
 } // namespace kevra

@@ -36,9 +36,6 @@ private:
     script::LineIndex m_lines;
 };
 
-/// "error", "warning" or "hint".
-[[nodiscard]] std::string_view levelName(script::Level level);
-
 /// One file in one of the formats that go file by file: all but Sarif. Empty where text and gcc have nothing
 /// to say.
 [[nodiscard]] std::string analysisReport(const AnalysedFile &file, AnalysisFormat format);

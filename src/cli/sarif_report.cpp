@@ -19,7 +19,7 @@ std::string uriOf(std::string_view path)
 
 std::string_view sarifLevel(script::Level level)
 {
-    return level == script::Level::Hint ? "note" : levelName(level);
+    return level == script::Level::Hint ? "note" : script::levelName(level);
 }
 
 Json sarifRules()

@@ -251,4 +251,17 @@ std::optional<Rule> ruleOfCode(std::string_view code)
     return found->rule;
 }
 
+std::string_view levelName(Level level)
+{
+    switch (level) {
+    case Level::Error:
+        return "error";
+    case Level::Warning:
+        return "warning";
+    case Level::Hint:
+        break;
+    }
+    return "hint";
+}
+
 } // namespace kevra::script

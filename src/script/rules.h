@@ -90,6 +90,8 @@ struct RuleInfo {
 [[nodiscard]] std::span<const RuleInfo> allRules();
 [[nodiscard]] const RuleInfo &ruleInfo(Rule rule);
 
+/// "error", "warning" or "hint".
+[[nodiscard]] std::string_view levelName(Level level);
 /// "KV1001"
 [[nodiscard]] std::string code(Rule rule);
 /// The rule of "KV1001", letters in either case.
