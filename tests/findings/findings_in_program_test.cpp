@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The findings in the whole program: what they show, and that nothing else notices them.
+#include "app/main_menu_qt.h"
+#include "editor/editor_control_qt.h"
+#include "fakes/program.h"
+
+namespace kevra {
+namespace {
+
+using Sci = QsciScintillaBase;
+
+constexpr const char *script
+    = "Option Explicit\r\nDim list, n\r\nlist = CreateObject(\"Scripting.Dictionary\")\r\n"
+      "If n = 1 Then\r\n  MsgBox \"one\" & undeclared\r\nEnd If\r\nFor n = 1 To 3\r\n";
+
+class FindingsInProgram : public ProgramTest {
+protected:
+    FindingsInProgram() { put("list.vbs", script); }
+
+    void run(const char *item) { app().commands.run(item); }
+    template <typename T> T &control(const char *name) { return find<T>(app().mainWindow(), name); }
+    bool isMarked(Offset position)
+    {
+        unsigned long marks = 0;
+        for (unsigned long indicator = 21; indicator <= 23; ++indicator)
+            marks += static_cast<unsigned long>(
+                document().SendScintilla(Sci::SCI_INDICATORVALUEAT, indicator, static_cast<long>(position)));
+        return marks > 0;
+    }
+    bool isMarkedSomewhere()
+    {
+        for (Offset i = 0; i < document().Length(); ++i)
+            if (isMarked(i))
+                return true;
+        return false;
+    }
+};
+
+TEST_F(FindingsInProgram, AnalysesInThePausesOfTyping)
+{
+    start("list.vbs");
+    auto &field = control<QToolButton>("banalysis");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return field.text().contains("findings"); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isMarked(30); })) << "the list without Set";
+    const auto before = field.text();
+    document().SetSelStart(document().Length());
+    QTest::keyClicks(&document(), "Next");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return field.text() != before; }));
+    run("manalysetyping");
+    EXPECT_FALSE(field.isVisibleTo(&app().mainWindow()));
+}
+
+TEST_F(FindingsInProgram, ListGoesToTheFindingAndFixesIt)
+{
+    start("list.vbs");
+    run("mfindings");
+    auto &list = control<QTreeView>("tfindings");
+    const auto rows = list.model()->rowCount();
+    ASSERT_GT(rows, 2);
+    run("mnextfinding");
+    EXPECT_EQ(document().GetLineFromChar(document().SelStart()), 2);
+    EXPECT_EQ(list.currentIndex().row(), 0) << list.currentIndex().data().toString().toStdString();
+    EXPECT_TRUE(control<QTextBrowser>("twhy").toPlainText().contains("Set"));
+    click(app().mainWindow(), "bfix1");
+    EXPECT_TRUE(document().Text().find("\nSet list = ") != std::string_view::npos);
+    EXPECT_EQ(list.model()->rowCount(), rows - 1);
+    document().undo();
+    EXPECT_EQ(document().Text(), script) << "one step takes it back";
+    list.setCurrentIndex(list.model()->index(1, 0));
+    EXPECT_EQ(document().GetLineFromChar(document().SelStart()), 4);
+    run("mfindings");
+    EXPECT_FALSE(control<QFrame>("frfindings").isVisible());
+}
+
+struct Seen {
+    std::string text;
+    std::vector<std::uint32_t> colours;
+    std::vector<Offset> places;
+    std::string flags;
+    std::string information;
+
+    friend bool operator==(const Seen &, const Seen &) = default;
+};
+
+/// A session with and without the analysis: everything the user and the checks see of the document is alike.
+TEST_F(FindingsInProgram, ChangesNothingButWhatItShows)
+{
+    const auto session = [this](bool analysed) {
+        start("list.vbs");
+        if (!analysed)
+            run("manalysetyping");
+        std::vector<Seen> seen;
+        const auto look = [&] {
+            if (analysed) {
+                run("manalyse");
+                EXPECT_TRUE(QTest::qWaitFor([&] { return isMarkedSomewhere(); }));
+            }
+            auto &t1 = document();
+            Seen now{std::string(t1.Text()), {}, {}, {}, app().mainWindow().information().toStdString()};
+            for (Offset i = 0; i < t1.Length(); ++i)
+                now.colours.push_back(t1.ColourAt(i).value);
+            const auto selection = t1.anchorAndCaret();
+            now.places = {selection.anchor, selection.caret, t1.FirstVisibleLine(),
+                t1.SendScintilla(Sci::SCI_GETXOFFSET), static_cast<Offset>(t1.TypingColor().value)};
+            for (const bool flag : {t1.isAtSavePoint(), t1.canUndo(), t1.canRedo(), app().document.unsaved,
+                     app().document.busyLoadingOrSaving})
+                now.flags += flag ? '1' : '0';
+            seen.push_back(std::move(now));
+        };
+        const auto keys = [&](const char *text) { QTest::keyClicks(&document(), text); };
+        const auto key = [&](Qt::Key which, Qt::KeyboardModifiers with = {}) {
+            QTest::keyClick(&document(), which, with);
+        };
+        look();
+        run("mrundebug");
+        look();
+        for (int i = 0; i < 3; ++i) {
+            key(Qt::Key_End, Qt::ControlModifier);
+            keys("x = \"a\" & (1");
+            look();
+            key(Qt::Key_Return);
+            look();
+            keys("Next ' done");
+            key(Qt::Key_Left, Qt::ShiftModifier);
+            look();
+            key(Qt::Key_Home);
+            key(Qt::Key_Delete);
+            look();
+            run("mundo");
+            look();
+        }
+        run("mselall");
+        run("mcopy");
+        run("mpaste");
+        key(Qt::Key_PageUp);
+        look();
+        run("mrundebug");
+        look();
+        while (document().canUndo()) {
+            run("mundo");
+            look();
+        }
+        while (document().canRedo())
+            run("mredo");
+        look();
+        return seen;
+    };
+    const auto with = session(true);
+    const auto without = session(false);
+    ASSERT_EQ(with.size(), without.size());
+    for (std::size_t i = 0; i < with.size(); ++i)
+        EXPECT_TRUE(with[i] == without[i])
+            << "step " << i << ": " << with[i].flags << ' ' << with[i].information;
+}
+
+} // namespace
+} // namespace kevra
