@@ -45,6 +45,14 @@ MainLayout layout(const LayoutRequest &request)
         result.panels[i] = centred(inner,
             {request.panels[i].width, std::min(request.panels[i].height, below)}, result.editor.bottom());
 
+    // The list takes its place from the text, and at most half of it.
+    const int textBottom = result.editor.bottom();
+    result.findings = {inner.left + informationMargin, 0, noLessThanZero(inner.width - 2 * informationMargin),
+        std::min(request.findings, result.editor.height / 2)};
+    result.editor.height -= result.findings.height;
+    result.lineNumbers.height = result.editor.height;
+    result.findings.top = result.editor.bottom();
+
     const auto &fonts = request.fonts;
     result.fonts = {inner.right() - fonts.width, inner.top, fonts.width, fonts.height};
     const int rowWidth = noLessThanZero(inner.width - fonts.width - informationMargin);
@@ -57,8 +65,7 @@ MainLayout layout(const LayoutRequest &request)
 
     result.image = centred(inner, request.image, inner.bottom() - request.image.height);
     // At the bottom of the document's place, where the colour finder is opened.
-    result.colour
-        = centred(inner, request.colour, noLessThanZero(result.editor.bottom() - request.colour.height));
+    result.colour = centred(inner, request.colour, noLessThanZero(textBottom - request.colour.height));
     return result;
 }
 

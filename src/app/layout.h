@@ -22,6 +22,7 @@ struct LayoutRequest {
     int status = 0; ///< the least height of the line under it
     TwipSize image; ///< fr1
     TwipSize colour; ///< frcol
+    int findings = 0; ///< the height of the list under the text; 0 when it is closed
 };
 
 struct MainLayout {
@@ -31,6 +32,7 @@ struct MainLayout {
     TwipRect fonts;
     TwipRect information;
     TwipRect status; ///< the line under the information box
+    TwipRect findings; ///< under the text, over the panels
     TwipRect image;
     TwipRect colour;
 };

@@ -34,7 +34,7 @@ namespace kevra {
 namespace {
 
 constexpr const char *panelNames[] = {"Frame1", "Frame2", "frscript1", "frscript2"};
-constexpr const char *sideNames[] = {"fr1", "frcol"};
+constexpr const char *sideNames[] = {"fr1", "frcol", "frfindings"};
 constexpr QSize firstSize(1024, 720);
 constexpr long textMargin = 4; ///< pixels left of the text
 constexpr std::chrono::milliseconds patienceTick{50};
@@ -71,7 +71,7 @@ MainWindow::MainWindow(const CommandRegistry &commands)
     createControls();
     connectDocument();
     QList<QWidget *> parts{m_document};
-    for (const char *name : {"frcol", "Frame1", "Frame2", "frscript1", "frscript2", "fr1"})
+    for (const char *name : {"frfindings", "frcol", "Frame1", "Frame2", "frscript1", "frscript2", "fr1"})
         parts.append(&frame(name));
     new FocusRound(*this, parts << m_toolBar << m_fonts);
     resize(firstSize);
@@ -173,6 +173,9 @@ void MainWindow::layOut()
         request.image.width = std::max(request.image.width, panel.width);
     request.colour = wantedSize(frame("frcol"));
 
+    if (!frame("frfindings").isHidden())
+        request.findings = wantedSize(frame("frfindings")).height;
+
     const auto places = kevra::layout(request);
     m_document->setGeometry(pixels(places.editor));
     m_lineNumbers->setGeometry(pixels(places.lineNumbers));
@@ -183,6 +186,7 @@ void MainWindow::layOut()
     m_status->setGeometry(pixels(places.status));
     frame("fr1").setGeometry(pixels(places.image));
     frame("frcol").setGeometry(pixels(places.colour));
+    frame("frfindings").setGeometry(pixels(places.findings));
     m_column->level();
 }
 

@@ -56,6 +56,7 @@ StatusRow::StatusRow(QWidget *parent)
     , m_status(named<QLabel>("tstatus", this))
     , m_notice(named<QLabel>("tnotice", this, "Notice"))
     , m_offer(flatButton("bdeclare", this))
+    , m_analysis(flatButton("banalysis", this))
     , m_reopen(nullptr)
     , m_mark(nullptr)
     , m_ends(new QActionGroup(this))
@@ -78,6 +79,10 @@ StatusRow::StatusRow(QWidget *parent)
     connect(m_offer, &QToolButton::clicked, this, &StatusRow::offerTaken);
     fillEncodingMenu();
     fillLineEndsMenu();
+    row->addWidget(m_analysis);
+    m_analysis->setToolTip("Show the list of findings (F9)");
+    m_analysis->hide();
+    connect(m_analysis, &QToolButton::clicked, this, &StatusRow::analysisChosen);
     row->addWidget(m_place);
     m_line = addPlace({"tline", "Line", "Ln", 7, 5});
     m_column = addPlace({"tcolumn", "Column", "Col", 7, 4});
@@ -207,6 +212,12 @@ bool StatusRow::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_notice && event->type() == QEvent::Resize)
         fitNotice();
     return QFrame::eventFilter(watched, event);
+}
+
+void StatusRow::setAnalysis(const QString &summary)
+{
+    m_analysis->setText(summary);
+    m_analysis->setVisible(!summary.isEmpty());
 }
 
 void StatusRow::setCaret(qint64 line, qint64 column)

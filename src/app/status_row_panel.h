@@ -37,6 +37,8 @@ public:
     /// Beside it, before any notice of the document's, cut in the middle where there is no room; empty takes
     /// it away.
     void setNotice(const QString &text);
+    /// What the analysis has found; empty takes the field away.
+    void setAnalysis(const QString &summary);
     /// Line and column from 1.
     void setCaret(qint64 line, qint64 column);
     void setCounts(qint64 characters, qint64 lines);
@@ -49,6 +51,7 @@ signals:
     void markChosen(bool on);
     void lineEndsChosen(kevra::LineEnds ends);
     void offerTaken();
+    void analysisChosen();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -78,6 +81,7 @@ private:
     QString m_told;
     QString m_encodingNotice;
     QToolButton *m_offer;
+    QToolButton *m_analysis;
     QAction *m_reopen;
     QAction *m_mark;
     QActionGroup *m_ends;

@@ -21,6 +21,7 @@ void wireLines(Application &app); ///< the commands on lines, Keep Indentation
 void wireFiles(Application &app);
 void wireColour(Application &app);
 void wireChecker(Application &app);
+void wireFindings(Application &app); ///< what the analysis says of scripts
 void wireFind(Application &app);
 void wirePreview(Application &app);
 void wireImages(Application &app);

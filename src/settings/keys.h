@@ -20,6 +20,8 @@ inline constexpr SettingKey comments{optionsSection, "ifcoms", "none"};
 inline constexpr SettingKey lineDebug{optionsSection, "ifdebug", "none"};
 inline constexpr SettingKey firstStart{optionsSection, "if1", "yes"};
 inline constexpr SettingKey keepIndentation{optionsSection, "keepindent", "yes"};
+inline constexpr SettingKey analyseTyping{optionsSection, "analysetyping", "yes"};
+inline constexpr SettingKey findingsLevel{optionsSection, "findingslevel", "hint"};
 inline constexpr SettingKey fontFace{optionsSection, "fontface", "no"};
 inline constexpr SettingKey fontSize{optionsSection, "fontsize", "no"};
 
