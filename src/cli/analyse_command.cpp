@@ -2,6 +2,7 @@
 #include "cli/analyse_command.h"
 
 #include "cli/exit_code.h"
+#include "cli/fix_file.h"
 #include "cli/input_file.h"
 #include "script/file_analysis.h"
 
@@ -84,8 +85,13 @@ private:
             m_exitCode = Unusable;
             return;
         }
-        AnalysedFile file{path, std::string(FileText(path, bytes->view(), m_options.encoding).view()), {}};
-        file.findings = findingsIn(file);
+        AnalysedFile file{path, {}, {}};
+        if (m_options.fix) {
+            fix(file, bytes->view());
+        } else {
+            file.text = FileText(path, bytes->view(), m_options.encoding).view();
+            file.findings = findingsIn(path, file.text);
+        }
         if (!file.findings.empty())
             m_exitCode = std::max<int>(m_exitCode, SomethingFound);
         if (m_options.format == AnalysisFormat::Sarif)
@@ -94,11 +100,24 @@ private:
             std::cout << analysisReport(file, m_options.format);
     }
 
-    /// Those at the level asked for.
-    [[nodiscard]] std::vector<script::Finding> findingsIn(const AnalysedFile &file) const
+    /// The file afterwards, as it is on the disk.
+    void fix(AnalysedFile &file, std::string_view bytes)
     {
-        auto findings
-            = script::analyseFile(file.text, script::fileKind(file.name).value_or(script::FileKind::Script));
+        auto fixed = fixFile(file.name, bytes, m_options.encoding,
+            [&](std::string_view text) { return findingsIn(file.name, text); });
+        for (const auto &line : fixed.report)
+            std::cerr << line << '\n';
+        if (!fixed.written)
+            m_exitCode = Unusable;
+        file.text = std::move(fixed.text);
+        file.findings = std::move(fixed.findings);
+    }
+
+    /// Those at the level asked for.
+    [[nodiscard]] std::vector<script::Finding> findingsIn(
+        const std::string &path, std::string_view text) const
+    {
+        auto findings = script::analyseFile(text, script::fileKind(path).value_or(script::FileKind::Script));
         std::erase_if(
             findings, [&](const script::Finding &finding) { return finding.level() > m_options.level; });
         return findings;

@@ -15,6 +15,7 @@ struct AnalyseOptions {
     std::vector<std::string> paths; ///< files, folders, or - for standard input
     script::Level level = script::Level::Warning; ///< the least to be printed
     AnalysisFormat format = AnalysisFormat::Text;
+    bool fix = false; ///< write the files with the first fix of each finding
     std::optional<Encoding> encoding; ///< found out for each file where none is named
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// kevra-cli: the checker, the colours and the analysis without a window. The files named are only read.
+// kevra-cli: the checker, the colours and the analysis without a window. Files are only read, but for --fix.
 #include "checker/checker.h"
 #include "cli/analyse_command.h"
 #include "cli/check_report.h"
@@ -164,6 +164,7 @@ int run(int argc, char **argv)
         ->transform(CLI::CheckedTransformer(std::map<std::string, AnalysisFormat>{
             {"text", AnalysisFormat::Text}, {"gcc", AnalysisFormat::Gcc}, {"json", AnalysisFormat::Json},
             {"sarif", AnalysisFormat::Sarif}}));
+    analyseCommand->add_flag("--fix", analyseOptions.fix, "Write the files with what can be fixed put right");
     addEncodingOption(*analyseCommand, analyseOptions.encoding);
     analyseCommand
         ->add_option("FILE", analyseOptions.paths, "Scripts, or folders with scripts; - is standard input")

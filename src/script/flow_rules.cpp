@@ -180,8 +180,35 @@ void checkFunctionWithoutResult(const Model &model, SymbolId symbol, FindingList
         Model::quoted(model.nameOf(symbol)) + " never sets its result, which is used elsewhere.");
 }
 
+namespace {
+
+/// Whether the script asks anywhere what has gone wrong; included files may.
+bool looksAtErrors(const Model &model)
+{
+    if (model.surroundings.includesOthers)
+        return true;
+    for (NodeId id = 1; id < model.tree.size(); ++id)
+        if (model.kind(id) == NodeKind::Name && isNamed(model.spelling(id), "Err"))
+            return true;
+    return false;
+}
+
+/// Whether so little follows that its errors may well be of no interest.
+bool isNearEnd(const Model &model, NodeId statement)
+{
+    constexpr int fewStatements = 4;
+    int after = 0;
+    for (NodeId id = 1; id < model.tree.size() && after <= fewStatements; ++id)
+        after += isExecutable(model.kind(id)) && model.tree[id].start > model.tree[statement].start ? 1 : 0;
+    return after <= fewStatements;
+}
+
+} // namespace
+
 void checkResumeNextNeverEnds(const Model &model, FindingList &findings)
 {
+    if (looksAtErrors(model))
+        return;
     NodeId open = 0;
     for (NodeId id = 1; id < model.tree.size(); ++id) {
         const auto kind = model.kind(id);
@@ -193,7 +220,7 @@ void checkResumeNextNeverEnds(const Model &model, FindingList &findings)
         else if (open == 0)
             open = id;
     }
-    if (open != 0)
+    if (open != 0 && !isNearEnd(model, open))
         findings.add(Rule::ResumeNextNeverEnds, model.tree[open].range(),
             "From here to the end of the script every error passes unnoticed: no On Error GoTo 0 follows.");
 }

@@ -134,6 +134,24 @@ class Cli(unittest.TestCase):
         self.assertEqual(self.run_cli("analyse", "/nowhere/x.vbs", bad)[:2], (2, warning + error))
         self.assertEqual(self.run_cli("analyse", "-", stdin=b"If a\n")[0], 1)
 
+    def test_fix_keeps_everything_else(self):
+        text = "Option Explicit\nDim caf\u00e9, d\ncaf\u00e9 = 1\n  d = CreateObject(\"Scripting.Dictionary\")\nMsgBox d.Count & caf\u00e9\ncaf\u00e9 = \u00a7\n"
+        for encoding in "cp1252", "utf-8", "utf-16":
+            with self.subTest(encoding):
+                path = self.file("fix.vbs", text.encode(encoding))
+                os.chmod(path, 0o640)
+                code, output, told = self.run_cli("analyse", "--fix", path)
+                self.assertEqual((code, told), (1, f"{path}:4: fixed KV2002: Insert Set\n"))
+                self.assertIn(":6:8: error KV1003", output)
+                self.assertEqual(pathlib.Path(path).read_bytes(), text.replace("d = C", "Set d = C").encode(encoding))
+                self.assertEqual(os.stat(path).st_mode & 0o777, 0o640)
+                stamp = os.stat(path).st_mtime_ns
+                self.run_cli("analyse", "--fix", path)
+                self.assertEqual(os.stat(path).st_mtime_ns, stamp, "nothing to fix, nothing written")
+        folder = self.file("folder.vbs/x", b"")
+        self.assertEqual(self.run_cli("analyse", "--fix", "-", stdin=b"x = 1")[0], 2)
+        self.assertEqual(self.run_cli("analyse", "--fix", os.path.dirname(folder))[0], 0)
+
     def test_analyse_for_programs(self):
         bad = self.file("b d.vbs", self.FAULTY)
         first = json.loads(self.run_cli("analyse", "--format=json", bad)[1])["findings"][0]

@@ -61,8 +61,10 @@ TEST(Analysis, FindsWhatIsNotMeant)
         {"one letter off", "Dim counter\ncounter = 1\ncountr = 2\nMsgBox counter", "KV2005@3"},
         {"a plural", "Dim files\nfile2 = 1\nfiles = 2\nMsgBox files", ""},
         {"Null compared", "If x = Null Then y = Null\nIf Null <> x Then y = 1", "KV2006@1 KV2006@2"},
-        {"errors off for good", "On Error Resume Next\nx = 1\nSub s\nOn Error Resume Next\nEnd Sub",
-            "KV2007@1"},
+        {"errors off for good",
+            "On Error Resume Next\nx = 1\na\nb\nc\nd\nSub s\nOn Error Resume Next\nEnd Sub", "KV2007@1"},
+        {"errors off and looked at", "On Error Resume Next\nx = 1\na\nb\nc\nd\nIf Err Then e", ""},
+        {"errors off at the end", "a\nb\nc\nOn Error Resume Next\nd\ne", ""},
         {"errors off and on", "On Error Resume Next\nx = 1\nOn Error GoTo 0", ""},
         {"after the end", "WScript.Quit\nSub s\nExit Sub\nx = 1\nEnd Sub\ny = 1", "KV2008@4 KV2008@6"},
         {"an endless loop", "Do\nIf x Then Exit Do\nDo\nLoop\nLoop\ny = 1", ""},
@@ -132,10 +134,8 @@ TEST(Analysis, FixesPutItRight)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        auto text = std::string(c.text);
-        for (int round = 0; round < 3; ++round)
-            text = edited(text, firstFixes(analyse(parse(text))));
-        EXPECT_EQ(text, c.fixed);
+        const auto fixed = fixAll(c.text, [](std::string_view text) { return analyse(parse(text)); });
+        EXPECT_EQ(fixed.text, c.fixed);
     }
 }
 
