@@ -40,7 +40,8 @@ public:
     [[nodiscard]] FontFrame &fonts() { return *m_fonts; }
     [[nodiscard]] MainMenu &menus() { return *m_menus; }
     [[nodiscard]] ToolBar &toolBar() { return *m_toolBar; }
-    /// Frame1, Frame2, frscript1, frscript2, fr1, frcol or frfindings: empty until their subsystem fills them.
+    /// Frame1, Frame2, frscript1, frscript2, fr1, frcol or frfindings: empty until their subsystem fills
+    /// them.
     [[nodiscard]] QFrame &frame(const QString &name);
     /// Items and buttons whose command is bound are enabled, the others are not.
     void enableBoundCommands();

@@ -55,7 +55,7 @@ TEST(MainWindow, MenusHoldTheirItems)
         return names.join(' ').toStdString();
     };
     EXPECT_EQ(namesIn(s.window->menuBar()->actions()), "mfile medit moptions mdebug mimops mex mabout mhelp");
-    EXPECT_EQ(namesIn(s.find<QMenu>("mdebug")->actions()), 
+    EXPECT_EQ(namesIn(s.find<QMenu>("mdebug")->actions()),
         "mdodebug mnodebug mrundebug mfindings mnextfinding mprevfinding mfix manalysetyping");
     EXPECT_EQ(s.find<QMenu>("mpopfso")->actions().size(), 19);
 }
