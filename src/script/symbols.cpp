@@ -4,6 +4,7 @@
 #include "script/builtins.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_set>
 
 namespace kevra::script {
@@ -298,7 +299,7 @@ private:
     void declareImplicit()
     {
         const auto provided = providedNames(m_script.names);
-        std::ranges::stable_sort(m_unbound, {}, [&](const Reference &r) { return m_tree[r.node].name; });
+        groupBy(m_unbound, provided.size(), [&](const Reference &r) { return index(m_tree[r.node].name); });
         for (auto first = m_unbound.begin(); first != m_unbound.end();) {
             const auto name = m_tree[first->node].name;
             const auto last = std::find_if(
@@ -316,7 +317,8 @@ private:
             uses, [](const Reference &r) { return r.scope == 0 && writesWhole(r.access); });
         if (global != uses.end())
             return bindImplicit(uses, *global);
-        std::ranges::stable_sort(uses, {}, &Reference::scope);
+        if (!std::ranges::is_sorted(uses, {}, &Reference::scope))
+            std::ranges::stable_sort(uses, {}, &Reference::scope);
         for (auto first = uses.begin(); first != uses.end();) {
             const auto last = std::find_if(
                 first, uses.end(), [&](const Reference &r) { return r.scope != first->scope; });
@@ -339,18 +341,26 @@ private:
 
     void sortReferences()
     {
-        auto &references = m_result.m_references;
-        auto &first = m_result.m_firstReference;
-        first.assign(m_result.m_symbols.size() + 1, 0);
+        m_result.m_firstReference
+            = groupBy(m_result.m_references, m_result.m_symbols.size(), &Reference::symbol);
+    }
+
+    /// Puts references with the same key, which is below `keys`, beside one another, ascending and otherwise
+    /// in the order they have. Says where those of each key begin. There are too many to compare them.
+    template <typename Key>
+    static std::vector<std::uint32_t> groupBy(std::vector<Reference> &references, std::size_t keys, Key key)
+    {
+        std::vector<std::uint32_t> first(keys + 1, 0);
         for (const auto &reference : references)
-            ++first[reference.symbol + 1];
+            ++first[std::invoke(key, reference) + 1];
         for (std::size_t i = 1; i < first.size(); ++i)
             first[i] += first[i - 1];
         std::vector<Reference> sorted(references.size());
         auto next = first;
         for (const auto &reference : references)
-            sorted[next[reference.symbol]++] = reference;
+            sorted[next[std::invoke(key, reference)]++] = reference;
         references = std::move(sorted);
+        return first;
     }
 
     Symbols &m_result;
