@@ -103,6 +103,7 @@ private:
     /// The file afterwards, as it is on the disk.
     void fix(AnalysedFile &file, std::string_view bytes)
     {
+#ifdef KEVRA_CAN_FIX
         auto fixed = fixFile(file.name, bytes, m_options.encoding,
             [&](std::string_view text) { return findingsIn(file.name, text); });
         for (const auto &line : fixed.report)
@@ -111,6 +112,10 @@ private:
             m_exitCode = Unusable;
         file.text = std::move(fixed.text);
         file.findings = std::move(fixed.findings);
+#else
+        (void)bytes;
+        (void)file;
+#endif
     }
 
     /// Those at the level asked for.

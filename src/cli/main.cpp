@@ -164,7 +164,9 @@ int run(int argc, char **argv)
         ->transform(CLI::CheckedTransformer(std::map<std::string, AnalysisFormat>{
             {"text", AnalysisFormat::Text}, {"gcc", AnalysisFormat::Gcc}, {"json", AnalysisFormat::Json},
             {"sarif", AnalysisFormat::Sarif}}));
+#ifdef KEVRA_CAN_FIX
     analyseCommand->add_flag("--fix", analyseOptions.fix, "Write the files with what can be fixed put right");
+#endif
     addEncodingOption(*analyseCommand, analyseOptions.encoding);
     analyseCommand
         ->add_option("FILE", analyseOptions.paths, "Scripts, or folders with scripts; - is standard input")
