@@ -218,6 +218,7 @@ void StatusRow::setAnalysis(const QString &summary)
 {
     m_analysis->setText(summary);
     m_analysis->setVisible(!summary.isEmpty());
+    fitPlaces();
 }
 
 void StatusRow::setCaret(qint64 line, qint64 column)
