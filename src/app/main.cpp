@@ -12,6 +12,12 @@
 #include <string>
 #include <string_view>
 
+#ifdef __unix__
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 namespace {
 
 /// The arguments joined by one blank and taken whole, as a path that does not depend on the current folder.
@@ -46,16 +52,34 @@ const char *answerTo(std::string_view option)
     return option == "--help" ? usage : option == "--version" ? "kevra " KEVRA_VERSION "\n" : nullptr;
 }
 
+/// Whoever reads what is written to standard output and error may have gone, or have stopped reading: it is
+/// lost then, and nobody dies of it or waits.
+void outliveReaders()
+{
+#ifdef __unix__
+    std::signal(SIGPIPE, SIG_IGN);
+    for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) {
+        struct stat status { };
+        if (::fstat(stream, &status) != 0 || !S_ISFIFO(status.st_mode))
+            continue;
+        // Opened anew: not to wait is a property of what others, such as the shell, may share.
+        const auto path = "/proc/self/fd/" + std::to_string(stream);
+        const int own = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        if (own < 0)
+            continue;
+        ::dup2(own, stream);
+        ::close(own);
+    }
+#endif
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     if (const char *answer = argc == 2 ? answerTo(argv[1]) : nullptr)
         return std::fputs(answer, stdout) < 0;
-        // A reader of standard error that has gone is an error to pass over, not a reason to die.
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN);
-#endif
+    outliveReaders();
     QApplication::setApplicationName("kevra");
     QApplication::setApplicationDisplayName("");
     QApplication::setDesktopFileName("org.kevra.editor");

@@ -58,7 +58,7 @@ def preload_of(kevra, driver):
 
 class Editor:
     def __init__(self, workshop, home, arguments=(), user=None, settings=None, wait=True, kill_at=0,
-                 folders=None, **more):
+                 folders=None, errors=None, **more):
         self.home = home
         self.config = os.path.join(home, "config", "kevra", "kevra285.ini")
         if not os.path.exists(self.config):
@@ -80,7 +80,7 @@ class Editor:
         identity = {} if user is None else {"user": user, "group": user, "extra_groups": []}
         self.log = open(os.path.join(home, "stderr"), "ab")
         self.process = subprocess.Popen([workshop.program, *arguments], env=environment, stdout=self.log,
-                                        stderr=self.log, pass_fds=[theirs.fileno()], cwd=home, **identity)
+                                        stderr=self.log if errors is None else errors, pass_fds=[theirs.fileno()], cwd=home, **identity)
         theirs.close()
         self.socket = ours
         self.socket.settimeout(WAIT)

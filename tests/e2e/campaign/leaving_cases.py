@@ -1,12 +1,14 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Every way out of the text on every kind of failing place, and odd files wherever the program reads one."""
 
+import contextlib
 import os
 import random
 import shutil
 import signal
 import socket
 import subprocess
+import time
 
 from disk_cases import fill
 from editor import Editor, Gone, record_bytes
@@ -255,4 +257,32 @@ def odd_places(workshop, seed, long):
     return result
 
 
-CASES = {"leaving": leaving, "odd-places": odd_places}
+def unread_errors(workshop, seed, long):
+    result = Result("VIEW PAGE with standard error a pipe that nobody reads, at its end or full")
+    noisy = b"<script>for (let i = 0; i < 3000; i++) console.error('x'.repeat(999))</script>\n"
+    for full in (False, True):
+        home = workshop.folder()
+        path = put(os.path.join(home, "page.htm"), noisy)
+        reading, writing = os.pipe()
+        if full:
+            os.set_blocking(writing, False)
+            with contextlib.suppress(BlockingIOError):
+                while True:
+                    os.write(writing, b"x" * 4096)
+            os.set_blocking(writing, True)
+        else:
+            os.close(reading)
+        try:
+            with Editor(workshop, home, [path], errors=writing) as editor:
+                editor.do("type", "typed ")
+                editor.preview()
+                time.sleep(1)
+                editor.back()
+                editor.save()
+            result.check(content(path) == b"typed " + noisy, f"full {full}: {content(path)!r}")
+        except (Gone, TimeoutError) as error:
+            result.check(False, f"full {full}: {error!r}")
+    return result
+
+
+CASES = {"leaving": leaving, "odd-places": odd_places, "unread-errors": unread_errors}
