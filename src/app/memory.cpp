@@ -9,12 +9,21 @@
 // A sanitizer has its own.
 #if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
 
+#include <malloc.h>
 #include <sys/mman.h>
 
 namespace {
 
 constexpr std::size_t large = std::size_t{4} << 20;
 constexpr std::size_t edge = std::size_t{64} << 10; ///< a multiple of every system's page
+
+#ifdef __GLIBC__
+/// Larger blocks go back to the system as soon as they are freed. Left alone, the library raises these bounds
+/// to the largest block it ever freed: then the pictures of windows and the texts come and go in a heap that
+/// keeps the holes between them, round after round some megabytes more.
+[[maybe_unused]] const bool returnsMemory
+    = ::mallopt(M_MMAP_THRESHOLD, 256 << 10) == 1 && ::mallopt(M_TRIM_THRESHOLD, 1 << 20) == 1;
+#endif
 
 void fetchPages([[maybe_unused]] void *bytes, [[maybe_unused]] std::size_t size)
 {
