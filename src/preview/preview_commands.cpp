@@ -20,11 +20,6 @@ namespace {
 
 constexpr auto missingTitle = "Help File Missing";
 
-bool isSeparator(char c)
-{
-    return c == '/' || c == '\\';
-}
-
 } // namespace
 
 const PreviewCommands::ProgramPage PreviewCommands::helpPage{"kevrahelp.html",
@@ -60,9 +55,9 @@ std::string PreviewCommands::previewPath()
     if (m_ports.state.currentPath.empty())
         return m_ports.application.tempFolder + '/' + previewPageName;
     std::string folder(parentFolder(m_ports.state.currentPath));
-    if (!folder.empty() && isSeparator(folder.back()))
-        folder.pop_back();
-    return folder + '/' + previewPageName;
+    if (folder == "/")
+        folder.clear();
+    return std::string(withoutTrailingSeparator(folder)) + '/' + previewPageName;
 }
 
 void PreviewCommands::WritePreviewPage()

@@ -8,18 +8,25 @@
 
 namespace kevra {
 namespace {
-constexpr std::string_view separators = "/\\";
+
+/// In a path from the root "\\" is a character like any other; a path from elsewhere may part its names with
+/// it.
+constexpr std::string_view separatorsIn(std::string_view path)
+{
+    return path.starts_with('/') ? "/" : "/\\";
 }
+
+} // namespace
 
 std::string_view fileName(std::string_view path)
 {
-    const auto at = path.find_last_of(separators);
+    const auto at = path.find_last_of(separatorsIn(path));
     return at == std::string_view::npos ? path : path.substr(at + 1);
 }
 
 std::string_view parentFolder(std::string_view path)
 {
-    const auto at = path.find_last_of(separators);
+    const auto at = path.find_last_of(separatorsIn(path));
     if (at == std::string_view::npos)
         return {};
     const bool root = at == 0 || (at == 2 && path[1] == ':');
@@ -44,7 +51,7 @@ std::string upperAscii(std::string_view text)
 std::string absolutePath(const std::string &path)
 {
     const bool drive = path.size() > 1 && path[1] == ':';
-    if (path.empty() || drive || separators.find(path[0]) != std::string_view::npos)
+    if (path.empty() || drive || path.front() == '/' || path.front() == '\\')
         return path;
     std::error_code error;
     const auto absolute = std::filesystem::absolute(path, error);
@@ -53,7 +60,7 @@ std::string absolutePath(const std::string &path)
 
 std::string_view withoutTrailingSeparator(std::string_view folder)
 {
-    if (folder.size() > 1 && separators.find(folder.back()) != std::string_view::npos)
+    if (folder.size() > 1 && separatorsIn(folder).find(folder.back()) != std::string_view::npos)
         folder.remove_suffix(1);
     return folder;
 }

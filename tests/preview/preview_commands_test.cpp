@@ -92,7 +92,8 @@ TEST_F(PreviewTest, ChoosesTheFolder)
 {
     for (const auto &[current, page] :
         {std::pair("", "/tmp/pages/kevratemp.html"), {"/index.htm", "/kevratemp.html"},
-            {"C:\\index.htm", "C:/kevratemp.html"}, {"/a b/c/index.htm", "/a b/c/kevratemp.html"}}) {
+            {"C:\\index.htm", "C:/kevratemp.html"}, {"/a b/c/index.htm", "/a b/c/kevratemp.html"},
+            {"/a/b\\\\c.htm", "/a/kevratemp.html"}, {"/a\\\\/c.htm", "/a\\\\/kevratemp.html"}}) {
         state.currentPath = current;
         commands.ViewPage();
         EXPECT_EQ(application.previewTempPath, page);

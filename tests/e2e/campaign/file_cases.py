@@ -113,13 +113,18 @@ def odd_files(workshop, seed, long):
 
 
 def odd_names(workshop, seed, long):
-    result = Result("names with newlines, quotes, dash, bytes that are no UTF-8: opened and saved")
-    for name in (b"two\nlines.htm", b"it's \"quoted\".htm", b"-rf.htm", b" blank .htm", b"caf\xe9.htm",
+    result = Result("names with newlines, quotes, dash, backslash, bytes that are no UTF-8: opened, saved, previewed")
+    for name in (b"back\\slash.htm", b"a\\folder/page.htm", b"two\nlines.htm", b"it's \"quoted\".htm", b"-rf.htm", b" blank .htm", b"caf\xe9.htm",
                  "Größe→.htm".encode(), b"100%d.htm", b"a;b&c.htm"):
         home = workshop.folder()
         path = os.path.join(os.fsencode(home), name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
         put(path, OLD)
         result.check(saved(workshop, home, path) == NEW, f"{name!r}: {content(path)!r}")
+        if b"\\" in name:
+            with Editor(workshop, home, [path]) as editor:
+                editor.preview()
+                editor.back()
     return result
 
 
