@@ -75,6 +75,17 @@ class Cli(unittest.TestCase):
         self.assertEqual(self.run_cli("check", path)[:2], (1, f"{path}: IF - 1   END IF - 0\n"))
         self.assertEqual(self.run_cli("check", "--no-if", path)[:2], (0, f"{path}: OK\n"))
 
+    def test_language_server(self):
+        def framed(*messages):
+            return b"".join(b"Content-Length: %d\r\n\r\n%s" % (len(m), m) for m in messages)
+        start = b'{"jsonrpc":"2.0","id":1,"method":"initialize","params":{"capabilities":{}}}'
+        end = [b'{"jsonrpc":"2.0","id":2,"method":"shutdown"}', b'{"jsonrpc":"2.0","method":"exit"}']
+        for name, sent, code in [("in order", framed(start, *end), 0), ("the input ends", framed(start), 1),
+                                 ("noise before", b"noise\r\n\r\n" + framed(b"{", start, *end), 0)]:
+            with self.subTest(name):
+                self.assertEqual(self.run_cli("lsp", stdin=sent)[0], code)
+                self.assertIn('"serverInfo"', self.run_cli("lsp", stdin=sent)[1])
+
     def test_standard_input(self):
         self.assertEqual(self.run_cli("check", "-", stdin=BAD)[:2],
                          (1, "-: Wrong spacing at equal sign - Line 2\n"))
