@@ -153,7 +153,7 @@ class Cli(unittest.TestCase):
                 os.chmod(path, 0o640)
                 code, output, told = self.run_cli("analyse", "--fix", path)
                 self.assertEqual((code, told), (1, f"{path}:4: fixed KV2002: Insert Set\n"))
-                self.assertIn(":6:8: error KV1003", output)
+                self.assertIn(":6:8: error KV1101", output)
                 self.assertEqual(pathlib.Path(path).read_bytes(), text.replace("d = C", "Set d = C").encode(encoding))
                 self.assertEqual(os.stat(path).st_mode & 0o777, 0o640)
                 stamp = os.stat(path).st_mtime_ns
