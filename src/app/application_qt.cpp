@@ -6,6 +6,7 @@
 #include "app/wiring_qt.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtWidgets/QDialog>
 
 #include <chrono>
 
@@ -115,6 +116,10 @@ QWidget &Application::window(SecondaryWindow window)
     auto &made = m_windows[window];
     if (!made)
         made.reset(m_makers.at(window)());
+    // Moved to where it is: a dialog whose place nobody set goes to the middle each time it is shown.
+    auto *dialog = qobject_cast<QDialog *>(made.get());
+    if (dialog && dialog->windowHandle() && !dialog->isVisible())
+        dialog->move(dialog->pos());
     return *made;
 }
 
@@ -127,9 +132,6 @@ QWidget *Application::visibleWindow(SecondaryWindow window) const
 void Application::showWindow(SecondaryWindow which)
 {
     auto &shown = window(which);
-    // Moved to where it is: a dialog whose place nobody set goes to the middle each time it is shown.
-    if (shown.windowHandle() && !shown.isVisible())
-        shown.move(shown.pos());
     shown.show();
     shown.raise();
     shown.activateWindow();
