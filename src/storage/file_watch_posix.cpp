@@ -143,12 +143,14 @@ void FileWatch::run(const std::shared_ptr<Shared> &shared)
             // It may have changed since it was read.
             shared->tell();
         }
-        if (shared->waitFor(path.empty() ? -1 : lookInterval))
+        const bool happened = shared->waitFor(path.empty() ? -1 : lookInterval);
+        if (happened)
             for (int i = 0; i < mostSteps && shared->wanted() == path && shared->waitFor(settleTime); ++i) { }
         if (shared->wanted() != path)
             continue;
         const auto now = stampOf(path);
-        if (now == known)
+        // One that is not there may have come and gone again.
+        if (now == known && (now.exists || !happened))
             continue;
         known = now;
         // The watch on the file itself belongs to the one that was there.
