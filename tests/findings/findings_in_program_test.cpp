@@ -72,10 +72,10 @@ TEST_F(FindingsInProgram, ListGoesToTheFindingAndFixesIt)
     document().undo();
     EXPECT_EQ(document().Text(), script) << "one step takes it back";
     int row = 0;
-    while (row < rows && list.model()->index(row, 0).data().toInt() != 5)
+    while (row < rows && list.model()->index(row, 0).data().toInt() != 7)
         ++row;
     list.setCurrentIndex(list.model()->index(row, 0));
-    EXPECT_EQ(document().GetLineFromChar(document().SelStart()), 4);
+    EXPECT_EQ(document().GetLineFromChar(document().SelStart()), 6);
     run("mfindings");
     EXPECT_FALSE(control<QFrame>("frfindings").isVisible());
 }
