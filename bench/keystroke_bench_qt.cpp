@@ -61,6 +61,7 @@ public:
     void setInformation(std::string_view) override { }
     void setTitlePath(std::string_view) override { }
     void redrawAndFocus() override { }
+    void tell(std::string_view) override { }
     void syncLineNumbers() override { }
     void refreshDocumentStatus() override { }
 };
