@@ -43,14 +43,15 @@ MainMenu::MainMenu(QMenuBar &bar, QWidget &window, const CommandRegistry &comman
             m_actions.emplace(row.item, current->menuAction());
             break;
         case MenuKind::Separator:
-            current->addSeparator();
+            if (current)
+                current->addSeparator();
             break;
         case MenuKind::BarItem:
             addCommand(row, bar);
             break;
         case MenuKind::Item:
         case MenuKind::CheckItem:
-            addCommand(row, *current);
+            addCommand(row, current ? static_cast<QWidget &>(*current) : bar);
             break;
         }
     }

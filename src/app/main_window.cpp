@@ -16,6 +16,7 @@
 #include "text/words.h"
 #include "widgets/named_qt.h"
 
+#include <QtCore/QMimeData>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QCloseEvent>
