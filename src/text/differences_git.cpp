@@ -38,7 +38,8 @@ std::vector<Hunk> differences(std::string_view before, std::string_view after)
     if (before == after)
         return {};
     static const Library library;
-    git_diff_options options = GIT_DIFF_OPTIONS_INIT;
+    git_diff_options options;
+    git_diff_options_init(&options, GIT_DIFF_OPTIONS_VERSION);
     options.context_lines = 0;
     options.flags = GIT_DIFF_FORCE_TEXT;
     std::vector<Hunk> hunks;
