@@ -70,7 +70,7 @@ private:
     std::size_t scriptElement(const Tag &tag);
     void hostElement(const Tag &tag);
     void eventAttributes(const Tag &tag);
-    void serverPartsOf(TextRange range);
+    std::size_t serverPartsOf(TextRange range);
     static void add(Island &island, Piece piece);
     /// What is empty need not lie in the text: an attribute without a value has none.
     [[nodiscard]] TextRange rangeOf(std::string_view part) const
@@ -161,18 +161,22 @@ std::size_t IslandFinder::comment(std::size_t at)
             m_islands[0].includes.push_back({path, rangeOf(path)});
         }
     }
-    serverPartsOf(range);
-    return end;
+    return serverPartsOf(range);
 }
 
-void IslandFinder::serverPartsOf(TextRange range)
+/// Where the range ends, or its last server part, which may reach beyond it.
+std::size_t IslandFinder::serverPartsOf(TextRange range)
 {
-    if (m_kind != FileKind::ServerPage)
-        return;
     const auto start = static_cast<std::size_t>(range.start);
+    auto end = static_cast<std::size_t>(range.end);
+    if (m_kind != FileKind::ServerPage)
+        return end;
     const auto inside = part(range);
-    for (auto at = inside.find("<%"); at < inside.size(); at = inside.find("<%", at))
+    for (auto at = inside.find("<%"); at < inside.size(); at = inside.find("<%", at)) {
         at = server(start + at) - start;
+        end = std::max(end, start + at);
+    }
+    return end;
 }
 
 std::size_t IslandFinder::element(std::size_t at)
@@ -180,8 +184,9 @@ std::size_t IslandFinder::element(std::size_t at)
     const auto tag = readTag(m_text, at);
     if (tag.name.empty())
         return at + 1;
-    serverPartsOf(tag.range);
-    const auto end = static_cast<std::size_t>(tag.range.end);
+    const auto end = serverPartsOf(tag.range);
+    if (end > static_cast<std::size_t>(tag.range.end))
+        return end;
     if (m_kind == FileKind::HostFile)
         hostElement(tag);
     if (tag.closing)
@@ -238,14 +243,13 @@ std::size_t IslandFinder::scriptElement(const Tag &tag)
         return end;
     }
     const bool patched = !onServer && hasServerPart(rangeOf(content));
-    if (patched)
-        serverPartsOf(rangeOf(content));
+    const auto patchesEnd = patched ? serverPartsOf(rangeOf(content)) : end;
     if (speaks && !patched && !trimmed(content).empty())
         add(island,
             {rangeOf(content), PieceKind::Statements, !onServer, m_kind != FileKind::HostFile,
                 tag.find("event") != nullptr});
     island.incomplete = island.incomplete || !speaks || patched;
-    return end;
+    return std::max(end, patchesEnd);
 }
 
 /// onclick="vbscript:..." and, where the page's scripts are VBScript, what can be nothing else.

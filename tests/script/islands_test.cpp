@@ -69,6 +69,7 @@ TEST(ScriptIslands, FindsTheScriptOfEachKindOfFile)
             "@|=b|;?|c|;"},
         {FileKind::ServerPage, "<% x", "@| x|;"},
         {FileKind::ServerPage, "<script language=vbscript>x</script><p onclick>", "|x|;"},
+        {FileKind::ServerPage, "<t<%><%t", "@|><%t|;"},
         {FileKind::HostFile,
             "<package><job id='a'><object id='o' progid='P.Q'/><script language='VBScript' src='b.vbs'/>"
             "<script language='VBScript'><![CDATA[ x < y ]]></script></job><job id='c'><script "
