@@ -146,9 +146,8 @@ void FindingsSide::analyseCopy()
 {
     if (!m_analyseTyping || !m_app.document.scriptTools)
         return;
-    // In two parts, so that the control need not move its gap, which is where the
-    // typing goes on.
-    const Offset gap = m_document.SendScintilla(Sci::SCI_GETGAPPOSITION);
+    // In two parts, so that the control need not move its gap, which is where the typing goes on.
+    const auto gap = m_document.textPosition(m_document.SendScintilla(Sci::SCI_GETGAPPOSITION));
     m_copy.assign(m_document.Text({0, gap}));
     m_copy.append(m_document.Text({gap, m_document.Length()}));
     m_thread.start({std::move(m_copy), kind(), m_commands.revision()});

@@ -75,17 +75,6 @@ bool FindingMarks::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-TextRange FindingMarks::linesInView() const
-{
-    const auto lineAt = [&](Offset shown) {
-        return m_document.SendScintilla(Sci::SCI_DOCLINEFROMVISIBLE, static_cast<unsigned long>(shown));
-    };
-    const auto first = m_document.FirstVisibleLine();
-    const auto last
-        = std::min<Offset>(lineAt(first + m_document.linesOnScreen() + 1), m_document.lineCount() - 1);
-    return {m_document.lineRange(lineAt(first)).start, m_document.lineRange(last).end};
-}
-
 /// Of a finding over several lines the first one, and one character where a finding is between two.
 TextRange FindingMarks::markedPart(TextRange range) const
 {
@@ -101,31 +90,35 @@ void FindingMarks::clear()
 {
     for (const auto &mark : levelMarks) {
         m_document.SendScintilla(Sci::SCI_SETINDICATORCURRENT, mark.indicator);
-        m_document.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL, static_cast<long>(m_document.Length()));
+        m_document.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL,
+            static_cast<long>(m_document.controlPosition(m_document.Length())));
     }
 }
 
 void FindingMarks::mark()
 {
     clear();
-    auto inView = m_list.touching(linesInView());
+    auto inView = m_list.touching(m_document.textInView());
     inView.resize(std::min(inView.size(), mostMarks));
     m_marked = !inView.empty();
     for (const auto index : inView) {
         const auto &finding = m_list.at(index);
         const auto part = markedPart(finding.range);
         m_document.SendScintilla(Sci::SCI_SETINDICATORCURRENT, markOf(finding.level()).indicator);
-        m_document.SendScintilla(Sci::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(part.start),
-            static_cast<long>(part.length()));
+        const auto start = m_document.controlPosition(part.start);
+        const auto end = m_document.controlPosition(part.end);
+        m_document.SendScintilla(
+            Sci::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(start), static_cast<long>(end - start));
     }
 }
 
 void FindingMarks::showTip(const QHelpEvent &event)
 {
-    const auto position = m_document.SendScintilla(
+    const auto close = m_document.SendScintilla(
         Sci::SCI_POSITIONFROMPOINTCLOSE, static_cast<unsigned long>(event.pos().x()), long{event.pos().y()});
     QStringList texts;
-    if (position >= 0) {
+    if (close >= 0) {
+        const auto position = m_document.textPosition(close);
         for (const auto index : m_list.touching({position, position})) {
             const auto part = markedPart(m_list.at(index).range);
             if (position >= part.start && position <= part.end)

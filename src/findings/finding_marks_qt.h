@@ -26,7 +26,6 @@ private:
     void mark();
     void clear();
     void showTip(const QHelpEvent &event);
-    [[nodiscard]] TextRange linesInView() const;
     [[nodiscard]] TextRange markedPart(TextRange range) const;
     bool eventFilter(QObject *watched, QEvent *event) override;
 

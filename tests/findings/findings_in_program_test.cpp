@@ -55,6 +55,18 @@ TEST_F(FindingsInProgram, AnalysesInThePausesOfTyping)
     EXPECT_FALSE(field.isVisibleTo(&app().mainWindow()));
 }
 
+TEST_F(FindingsInProgram, MarksItsOwnPlaceBehindAnOverlongLine)
+{
+    put("long.vbs",
+        "'" + QByteArray(40'000, 'x') + "\r\nDim a\r\na = CreateObject(\"Scripting.Dictionary\")\r\n");
+    start("long.vbs");
+    run("mnextfinding");
+    document().SetSelStart(document().Length());
+    const auto place = static_cast<Offset>(document().Text().find("a = Create"));
+    EXPECT_TRUE(eventually([&] { return isMarked(document().controlPosition(place)); }));
+    EXPECT_FALSE(isMarked(place)) << "inside the long line";
+}
+
 TEST_F(FindingsInProgram, ListGoesToTheFindingAndFixesIt)
 {
     start("list.vbs");
