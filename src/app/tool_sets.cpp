@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tool_sets.h"
 
+#include "settings/options.h"
 #include "tools/external_program.h"
 
 #include <charconv>
@@ -115,29 +116,16 @@ void ToolSets::showTools()
     m_view.setControlVisible(m_state.scriptTools ? "frscript1" : "Frame1", true);
 }
 
-void ToolSets::showLineDebugging(bool on)
+void ToolSets::showOption(Option option, bool on)
 {
-    m_view.setItemChecked("mdodebug", on);
-    m_view.setItemChecked("mnodebug", !on);
-    m_view.setButtonImage(23, on ? 15 : 19);
-    m_view.setButtonImage(24, on ? 20 : 16);
-}
-
-void ToolSets::showColourCoding(bool on)
-{
-    m_view.setItemChecked("mcolcode", on);
-    m_view.setItemChecked("mnocolor", !on);
-}
-
-void ToolSets::showAutosave(bool on)
-{
-    m_view.setItemChecked("mauto", on);
-    m_view.setButtonImage(26, on ? 17 : 18);
-}
-
-void ToolSets::showFsoMenu(bool on)
-{
-    m_view.setItemChecked("mfsoset", on);
+    const auto &marks = rowOf(option).marks;
+    if (!marks.onItem.empty())
+        m_view.setItemChecked(marks.onItem, on);
+    if (!marks.offItem.empty())
+        m_view.setItemChecked(marks.offItem, !on);
+    for (const auto &button : marks.buttons)
+        if (button.number)
+            m_view.setButtonImage(button.number, on ? button.on : button.off);
 }
 
 void ToolSets::showProgramMenu(std::string_view text)

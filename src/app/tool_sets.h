@@ -36,10 +36,7 @@ public:
     /// Always the first panel of the pair, whichever was swapped in before.
     void showTools();
 
-    void showLineDebugging(bool on) override;
-    void showColourCoding(bool on) override;
-    void showAutosave(bool on) override;
-    void showFsoMenu(bool on) override;
+    void showOption(Option option, bool on) override;
     void showProgramMenu(std::string_view text) override;
 
     /// The face and size in the boxes, on the document and the line numbers.

@@ -61,7 +61,7 @@ void wireChecker(Application &app)
     });
     const auto useLineDebugging = [&app](bool on) {
         app.document.lineDebugPreferred = app.document.lineDebugOn = on;
-        app.toolSets().showLineDebugging(on);
+        app.toolSets().showOption(Option::LineDebug, on);
     };
     app.commands.bind("mdodebug", [useLineDebugging] { useLineDebugging(true); });
     app.commands.bind("mnodebug", [useLineDebugging] { useLineDebugging(false); });

@@ -11,6 +11,7 @@
 #include "findings/findings_commands.h"
 #include "findings/findings_panel.h"
 #include "settings/keys.h"
+#include "settings/options.h"
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
@@ -91,7 +92,7 @@ FindingsSide::FindingsSide(Application &app)
     connect(&m_pause, &QTimer::timeout, this, &FindingsSide::analyseCopy);
     bindCommands();
     connectDocument();
-    setAnalyseTyping(readSetting(app.store, keys::analyseTyping) != "no");
+    setAnalyseTyping(storedOption(app.store, Option::AnalyseTyping));
     m_commands.setLevel(levelNamed(readSetting(app.store, keys::findingsLevel)));
 }
 
@@ -108,7 +109,7 @@ void FindingsSide::bindCommands()
     });
     commands.bind("manalysetyping", [this] {
         setAnalyseTyping(!m_analyseTyping);
-        writeSetting(m_app.store, keys::analyseTyping, m_analyseTyping ? "yes" : "no");
+        storeOption(m_app.store, Option::AnalyseTyping, m_analyseTyping);
     });
     // With the web page tools the menu that holds them is hidden, and their keys
     // with it.
@@ -163,7 +164,7 @@ void FindingsSide::toolsChanged()
 void FindingsSide::setAnalyseTyping(bool on)
 {
     m_analyseTyping = on;
-    m_app.mainWindow().setItemChecked("manalysetyping", on);
+    m_app.toolSets().showOption(Option::AnalyseTyping, on);
     toolsChanged();
 }
 

@@ -4,8 +4,7 @@
 #include "app/wiring_qt.h"
 #include "editor/editor_control_qt.h"
 #include "editor/line_edits.h"
-#include "settings/keys.h"
-#include "storage/setting_key.h"
+#include "settings/options.h"
 
 namespace kevra {
 namespace {
@@ -13,7 +12,7 @@ namespace {
 void keepIndentation(Application &app, bool on)
 {
     app.mainWindow().document().setKeepIndentation(on);
-    app.mainWindow().setItemChecked("mkeepindent", on);
+    app.toolSets().showOption(Option::KeepIndentation, on);
 }
 
 } // namespace
@@ -31,9 +30,9 @@ void wireLines(Application &app)
     app.commands.bind("mlinedelete", [&t1] { t1.apply(deletedLines(t1, t1.anchorAndCaret())); });
     app.commands.bind("mkeepindent", [&app, &t1] {
         keepIndentation(app, !t1.keepsIndentation());
-        writeSetting(app.store, keys::keepIndentation, t1.keepsIndentation() ? "yes" : "no");
+        storeOption(app.store, Option::KeepIndentation, t1.keepsIndentation());
     });
-    keepIndentation(app, readSetting(app.store, keys::keepIndentation) != "no");
+    keepIndentation(app, storedOption(app.store, Option::KeepIndentation));
 }
 
 } // namespace kevra

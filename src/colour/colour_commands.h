@@ -22,7 +22,7 @@ public:
     {
         m_state.colourCoding = true;
         m_state.colourApplies = true;
-        m_tools.showColourCoding(true);
+        m_tools.showOption(Option::ColourCoding, true);
         if (m_document.Length() == 0)
             return;
         const BusySurface busy(m_document);
@@ -32,7 +32,7 @@ public:
     void colourOff()
     {
         m_state.colourCoding = false;
-        m_tools.showColourCoding(false);
+        m_tools.showOption(Option::ColourCoding, false);
         const BusySurface busy(m_document);
         m_colouring.removeColours();
     }

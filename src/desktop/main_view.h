@@ -2,6 +2,8 @@
 // What commands ask of the main window beside the document control.
 #pragma once
 
+#include "desktop/options.h"
+
 #include <string_view>
 
 namespace kevra {
@@ -29,10 +31,8 @@ public:
 
     virtual void showScriptTools() = 0;
     virtual void showWebTools() = 0;
-    virtual void showLineDebugging(bool on) = 0; ///< `mdodebug`, `mnodebug`, toolbar 23 and 24
-    virtual void showColourCoding(bool on) = 0; ///< `mcolcode`, `mnocolor`
-    virtual void showAutosave(bool on) = 0; ///< `mauto`, toolbar 26
-    virtual void showFsoMenu(bool on) = 0; ///< `mfsoset`
+    virtual void showOption(Option option, bool on)
+        = 0; ///< by its menu items and toolbar pictures, where it has any
     virtual void showProgramMenu(std::string_view text) = 0; ///< caption of `mex`, without its "&"
 };
 

@@ -233,7 +233,7 @@ void OpenCommands::showTools(TypeGroup group)
     if (!state.scriptTools || group == TypeGroup::WebPage)
         return;
     state.lineDebugOn = group == TypeGroup::Script && state.lineDebugPreferred;
-    m_ports.tools.showLineDebugging(state.lineDebugOn);
+    m_ports.tools.showOption(Option::LineDebug, state.lineDebugOn);
 }
 
 PendingPaint OpenCommands::paintOf(std::string_view text, TypeGroup group) const

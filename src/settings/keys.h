@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Every key of the settings store: where it stands and what is read when it was never stored.
+// The keys of the settings store but those of the options that are on or off: where each stands, and what is
+// read when it was never stored.
 #pragma once
 
 #include "storage/setting_key.h"
@@ -8,19 +9,11 @@
 namespace kevra {
 
 namespace keys {
-inline constexpr SettingKey ifCheck{optionsSection, "ifif", "none"};
-inline constexpr SettingKey fsoMenu{optionsSection, "iffso", "none"};
 inline constexpr SettingKey autoReload{optionsSection, "autoreload", "no"};
-inline constexpr SettingKey autosave{optionsSection, "autosave", "none"};
 inline constexpr SettingKey autosaveMinutes{optionsSection, "automins", "0"};
 inline constexpr SettingKey tempFolder{optionsSection, "tempfol", "none"};
-inline constexpr SettingKey colourCoding{optionsSection, "ifcolor", "none"};
 inline constexpr SettingKey codeColour{optionsSection, "codecolor", "no"};
-inline constexpr SettingKey comments{optionsSection, "ifcoms", "none"};
-inline constexpr SettingKey lineDebug{optionsSection, "ifdebug", "none"};
 inline constexpr SettingKey firstStart{optionsSection, "if1", "yes"};
-inline constexpr SettingKey keepIndentation{optionsSection, "keepindent", "yes"};
-inline constexpr SettingKey analyseTyping{optionsSection, "analysetyping", "yes"};
 inline constexpr SettingKey findingsLevel{optionsSection, "findingslevel", "hint"};
 inline constexpr SettingKey fontFace{optionsSection, "fontface", "no"};
 inline constexpr SettingKey fontSize{optionsSection, "fontsize", "no"};

@@ -2,18 +2,14 @@
 // What the settings dialog shows, kept from start-up on so that it is right whenever the dialog is built.
 #pragma once
 
+#include "desktop/options.h"
+
 #include <string>
 
 namespace kevra {
 
 struct OptionsShown {
-    // Lamps: on is green, off is red.
-    bool zif = true;
-    bool zpop = true;
-    bool zauto = false;
-    bool zcol = true;
-    bool zcom = true;
-    bool zldebug = true;
+    OptionSwitches lamps; ///< on is green, off is red
 
     int autosaveMinutes = 0; ///< the interval box
     std::string fontFace; ///< the face box

@@ -11,11 +11,6 @@
 namespace kevra {
 namespace {
 
-const YesNoGroup &groupOf(Option option)
-{
-    return *std::ranges::find(yesNoGroups, option, &YesNoGroup::option);
-}
-
 int wholeMinutes(std::string_view text)
 {
     int minutes = 0;
@@ -27,15 +22,13 @@ int wholeMinutes(std::string_view text)
 
 void SettingsCommands::setOption(Option option, bool on)
 {
-    const auto &group = groupOf(option);
     if (option == Option::Autosave && on && refuseAutosave())
         return;
-    writeSetting(m_parts.store, group.key, on ? "yes" : "no");
-    if (group.flag)
-        m_parts.document.*group.flag = on;
-    m_parts.options.*group.lampOn = on;
-    if (group.show)
-        (m_parts.views.tools().*group.show)(on);
+    storeOption(m_parts.store, option, on);
+    if (const auto flag = rowOf(option).flag)
+        m_parts.document.*flag = on;
+    m_parts.options.lamps[option] = on;
+    m_parts.views.tools().showOption(option, on);
 
     if (option == Option::Autosave)
         runAutosave(on);
@@ -61,7 +54,7 @@ void SettingsCommands::runAutosave(bool on)
         m_parts.views.autosaveTimer().start(m_parts.application.autosaveMinutes);
     else
         m_parts.views.autosaveTimer().stop();
-    m_parts.views.tools().showAutosave(on);
+    m_parts.views.tools().showOption(Option::Autosave, on);
 }
 
 void SettingsCommands::toggleAutosave()

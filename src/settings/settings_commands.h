@@ -6,7 +6,8 @@
 #include "desktop/file_dialogs.h"
 #include "desktop/messages.h"
 #include "editor/surface.h"
-#include "settings/option_groups.h"
+#include "settings/options.h"
+#include "settings/options_shown.h"
 #include "settings/stored_settings.h"
 #include "tools/external_program.h"
 

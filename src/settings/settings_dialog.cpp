@@ -127,13 +127,15 @@ QWidget *SettingsDialog::switches()
 {
     auto *box = new QGroupBox;
     auto *grid = gridIn(*box);
-    for (const auto &group : yesNoGroups)
-        addYesNo(*grid, group);
+    for (const auto &row : optionRows)
+        if (!row.group.heading.empty())
+            addYesNo(*grid, row);
     return box;
 }
 
-void SettingsDialog::addYesNo(QGridLayout &grid, const YesNoGroup &group)
+void SettingsDialog::addYesNo(QGridLayout &grid, const OptionRow &row)
 {
+    const auto &group = row.group;
     auto *lamp = new QLabel;
     lamp->setObjectName(textOf(group.lamp));
     lamp->setAccessibleDescription(textOf(group.heading));
@@ -141,21 +143,21 @@ void SettingsDialog::addYesNo(QGridLayout &grid, const YesNoGroup &group)
     lamp->setAlignment(Qt::AlignCenter);
     lamp->setMinimumWidth(swatchWidth);
     paint(*lamp, QPalette::WindowText, Qt::black);
-    m_lamps.emplace_back(&group, lamp);
+    m_lamps.emplace_back(row.option, lamp);
 
     const auto choice = [&](const GroupControl &control, const QString &caption, bool on) {
-        auto *chosen = button(control.name, caption, control.tip, [this, option = group.option, on] {
+        auto *chosen = button(control.name, caption, control.tip, [this, option = row.option, on] {
             m_commands.setOption(option, on);
             showLamps();
         });
         chosen->setAccessibleName(textOf(control.tip));
         return chosen;
     };
-    const auto row = grid.rowCount();
-    grid.addWidget(heading(textOf(group.heading), this), row, HeadingColumn);
-    grid.addWidget(lamp, row, EntryColumn);
-    grid.addWidget(choice(group.yes, "Yes", true), row, ButtonColumn);
-    grid.addWidget(choice(group.no, "No", false), row, SecondButtonColumn);
+    const auto line = grid.rowCount();
+    grid.addWidget(heading(textOf(group.heading), this), line, HeadingColumn);
+    grid.addWidget(lamp, line, EntryColumn);
+    grid.addWidget(choice(group.yes, "Yes", true), line, ButtonColumn);
+    grid.addWidget(choice(group.no, "No", false), line, SecondButtonColumn);
 }
 
 QWidget *SettingsDialog::entries()
@@ -326,8 +328,8 @@ bool SettingsDialog::event(QEvent *event)
 
 void SettingsDialog::showLamps()
 {
-    for (const auto &[group, lamp] : m_lamps) {
-        const bool on = m_commands.options().*group->lampOn;
+    for (const auto &[option, lamp] : m_lamps) {
+        const bool on = m_commands.options().lamps[option];
         lamp->setText(on ? "YES" : "NO");
         paint(*lamp, QPalette::Window, screenColour(on ? yesColour : noColour));
     }

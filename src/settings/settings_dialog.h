@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "settings/entry_groups.h"
 #include "settings/settings_commands.h"
 
 #include <QtWidgets/QDialog>
@@ -39,7 +40,7 @@ private:
     QWidget *entries();
     QWidget *program();
     QGridLayout *gridIn(QWidget &box);
-    void addYesNo(QGridLayout &grid, const YesNoGroup &group);
+    void addYesNo(QGridLayout &grid, const OptionRow &row);
     void addColours(QGridLayout &grid);
     void addRow(QGridLayout &grid, const QString &text, QWidget *entry, QPushButton *apply);
     void addEntry(QGridLayout &grid, const EntryGroup &group, QWidget *entry, std::function<void()> apply);
@@ -56,7 +57,7 @@ private:
     void showProgram();
 
     SettingsCommands &m_commands;
-    std::vector<std::pair<const YesNoGroup *, QLabel *>> m_lamps;
+    std::vector<std::pair<Option, QLabel *>> m_lamps;
     QLineEdit *m_tempFolder = nullptr;
     QComboBox *m_interval = nullptr;
     QComboBox *m_face = nullptr;

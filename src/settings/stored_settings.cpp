@@ -3,6 +3,7 @@
 
 #include "settings/fonts.h"
 #include "settings/keys.h"
+#include "settings/options.h"
 #include "storage/default_folder.h"
 #include "text/paths.h"
 
@@ -56,10 +57,14 @@ void StoredSettings::write(const SettingKey &key, std::string_view value)
     writeSetting(m_store, key, value);
 }
 
-bool StoredSettings::isOn(const SettingKey &key) const
+bool StoredSettings::load(Option option)
 {
-    const auto value = read(key);
-    return equalIgnoringCase(value, "yes") || equalIgnoringCase(value, "none");
+    const bool on = storedOption(m_store, option);
+    if (const auto flag = rowOf(option).flag)
+        m_document.*flag = on;
+    m_options.lamps[option] = on;
+    m_views.tools().showOption(option, on);
+    return on;
 }
 
 int StoredSettings::number(const SettingKey &key, int fallback) const
@@ -121,9 +126,7 @@ void StoredSettings::loadPanelType()
 void StoredSettings::loadCodeColour()
 {
     m_document.codeColour = codeColour(read(keys::codeColour));
-    m_document.colourCoding = !equalIgnoringCase(read(keys::colourCoding), "no");
-    m_options.zcol = m_document.colourCoding;
-    m_views.tools().showColourCoding(m_document.colourCoding);
+    load(Option::ColourCoding);
 }
 
 void StoredSettings::loadPadGeometry()
@@ -137,25 +140,22 @@ void StoredSettings::loadPadGeometry()
 
 void StoredSettings::loadComments()
 {
-    m_document.snippetComments = m_options.zcom = isOn(keys::comments);
+    load(Option::Comments);
 }
 
 void StoredSettings::loadLineDebug()
 {
-    const bool on = isOn(keys::lineDebug);
-    m_document.lineDebugPreferred = m_document.lineDebugOn = m_options.zldebug = on;
-    m_views.tools().showLineDebugging(on);
+    m_document.lineDebugPreferred = load(Option::LineDebug);
 }
 
 void StoredSettings::loadIfCheck()
 {
-    m_document.ifChecking = m_options.zif = isOn(keys::ifCheck);
+    load(Option::IfChecking);
 }
 
 void StoredSettings::loadAutosave()
 {
-    const bool wanted = equalIgnoringCase(read(keys::autosave), "yes");
-    m_options.zauto = wanted;
+    const bool wanted = load(Option::Autosave);
     const int minutes = number(keys::autosaveMinutes, 0);
     m_application.autosaveMinutes = m_options.autosaveMinutes = minutes > 0 ? minutes : 0;
     m_application.autosaveOn = wanted && minutes > 0;
@@ -163,13 +163,13 @@ void StoredSettings::loadAutosave()
         m_views.autosaveTimer().start(minutes);
     else
         m_views.autosaveTimer().stop();
-    m_views.tools().showAutosave(m_application.autosaveOn);
+    // Without an interval it does not run, whatever is stored.
+    m_views.tools().showOption(Option::Autosave, m_application.autosaveOn);
 }
 
 void StoredSettings::loadFsoMenu()
 {
-    m_document.fsoMenu = m_options.zpop = isOn(keys::fsoMenu);
-    m_views.tools().showFsoMenu(m_document.fsoMenu);
+    load(Option::FsoMenu);
 }
 
 bool StoredSettings::loadFirstStart() const

@@ -87,7 +87,7 @@ public:
     void cleanOldSettings();
 
 private:
-    [[nodiscard]] bool isOn(const SettingKey &key) const; ///< "yes", or never stored
+    bool load(Option option); ///< into the state, its lamp and its marks
     [[nodiscard]] int number(const SettingKey &key, int fallback) const;
     void writeNumber(const SettingKey &key, int value);
 

@@ -54,12 +54,12 @@ TEST(ToolSets, ShowingAgainStartsWithTheFirstPanel)
 TEST(ToolSets, StatesAreShownByChecksAndPictures)
 {
     Tools t;
-    t.tools.showLineDebugging(true);
+    t.tools.showOption(Option::LineDebug, true);
     EXPECT_TRUE(t.view.checked["mdodebug"] && !t.view.checked["mnodebug"]);
-    t.tools.showAutosave(false);
+    t.tools.showOption(Option::Autosave, false);
     EXPECT_EQ(t.view.images, (std::map<int, int>{{23, 15}, {24, 20}, {26, 18}}));
-    t.tools.showLineDebugging(false);
-    t.tools.showAutosave(true);
+    t.tools.showOption(Option::LineDebug, false);
+    t.tools.showOption(Option::Autosave, true);
     EXPECT_EQ(t.view.images, (std::map<int, int>{{23, 19}, {24, 16}, {26, 17}}));
 }
 

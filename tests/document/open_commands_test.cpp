@@ -56,13 +56,13 @@ TEST(OpenFile, SuitsToolsDebuggerAndColoursToTheType)
         OpeningFixture fixture;
         fixture.state.scriptTools = c.scriptBefore;
         fixture.state.lineDebugPreferred = c.debugPreferred;
-        fixture.state.lineDebugOn = fixture.tools.lineDebugging = c.debugBefore;
+        fixture.state.lineDebugOn = fixture.tools.options[Option::LineDebug] = c.debugBefore;
         ASSERT_TRUE(fixture.opening.loadAccepted(c.path));
         EXPECT_EQ(fixture.tools.webToolsShown, c.webShown);
         EXPECT_EQ(fixture.tools.scriptToolsShown, c.scriptShown);
         EXPECT_EQ(fixture.state.colourApplies, c.applies);
         EXPECT_EQ(fixture.state.lineDebugOn, c.debugAfter);
-        EXPECT_EQ(fixture.tools.lineDebugging, c.debugAfter);
+        EXPECT_EQ(fixture.tools.options[Option::LineDebug], c.debugAfter);
         EXPECT_EQ(fixture.document.ColourAt(1), c.tag);
         EXPECT_EQ(fixture.document.ColourAt(3), c.word);
         EXPECT_TRUE(fixture.state.unsaved);

@@ -26,18 +26,12 @@ class FakeToolView : public ToolView {
 public:
     void showScriptTools() override { ++scriptToolsShown; }
     void showWebTools() override { ++webToolsShown; }
-    void showLineDebugging(bool on) override { lineDebugging = on; }
-    void showColourCoding(bool on) override { colourCoding = on; }
-    void showAutosave(bool on) override { autosave = on; }
-    void showFsoMenu(bool on) override { fsoMenu = on; }
+    void showOption(Option option, bool on) override { options[option] = on; }
     void showProgramMenu(std::string_view text) override { programMenu = text; }
 
     int scriptToolsShown = 0;
     int webToolsShown = 0;
-    bool lineDebugging = false;
-    bool colourCoding = false;
-    bool autosave = false;
-    bool fsoMenu = false;
+    OptionSwitches options;
     std::string programMenu;
 };
 

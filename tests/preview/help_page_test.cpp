@@ -2,7 +2,8 @@
 // The user guide against the program's own tables, so that neither goes its way without the other.
 #include "app/commands.h"
 #include "checker/checker.h"
-#include "settings/option_groups.h"
+#include "settings/entry_groups.h"
+#include "settings/options.h"
 
 #include <gtest/gtest.h>
 
@@ -37,8 +38,8 @@ TEST(HelpPage, NamesEveryCommandKeySettingAndFinding)
     }
     std::vector<std::string_view> headings{groups::tempFolder.heading, groups::interval.heading,
         groups::fontFace.heading, groups::fontSize.heading};
-    for (const auto &group : yesNoGroups)
-        headings.push_back(group.heading);
+    for (const auto &row : optionRows)
+        headings.push_back(row.group.heading);
     for (const auto heading : headings)
         expectNamed(heading.substr(0, heading.find(" (see Help)")));
 

@@ -17,18 +17,18 @@ TEST(SettingsCommands, AutosaveNeedsAnInterval)
         std::vector<std::string>(
             2, "The time interval for Autosave must be set above zero before default Autosave can be set."));
     EXPECT_EQ(fixture.messages.shown[0].icon, Icon::Information);
-    EXPECT_EQ(fixture.stored(keys::autosave), "none");
-    EXPECT_FALSE(fixture.options.zauto);
+    EXPECT_EQ(fixture.stored(rowOf(Option::Autosave).key), "none");
+    EXPECT_FALSE(fixture.options.lamps[Option::Autosave]);
 
     fixture.commands.setInterval("15");
     fixture.commands.toggleAutosave();
     EXPECT_EQ(fixture.views.timerMinutes, 15);
-    EXPECT_EQ(fixture.stored(keys::autosave), "none") << "switched for now alone";
+    EXPECT_EQ(fixture.stored(rowOf(Option::Autosave).key), "none") << "switched for now alone";
     fixture.commands.setInterval("5");
     EXPECT_EQ(fixture.views.timerMinutes, 5) << "a running timer takes the new period";
     fixture.commands.setInterval("0");
     EXPECT_EQ(fixture.views.timerMinutes, 0);
-    EXPECT_FALSE(fixture.views.toolView.autosave);
+    EXPECT_FALSE(fixture.views.toolView.options[Option::Autosave]);
 }
 
 TEST(SettingsCommands, TempFolderMustExist)

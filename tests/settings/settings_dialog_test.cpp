@@ -3,6 +3,7 @@
 #include "app/font_frame_panel.h"
 #include "app/main_menu_qt.h"
 #include "fakes/program.h"
+#include "settings/options.h"
 
 namespace kevra {
 namespace {
@@ -159,7 +160,8 @@ TEST_F(SettingsDialogTest, OptionsWorkWithoutAFileToKeepThem)
     click("bnocoms");
     EXPECT_TRUE(notStored.text().isEmpty());
     end();
-    EXPECT_EQ(readSetting(SettingsStoreQt(), keys::fsoMenu), "no") << "written with the next one";
+    EXPECT_EQ(readSetting(SettingsStoreQt(), rowOf(Option::FsoMenu).key), "no")
+        << "written with the next one";
 }
 
 TEST_F(SettingsDialogTest, TabFollowsTheEye)

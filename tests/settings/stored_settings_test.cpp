@@ -32,10 +32,11 @@ TEST(StoredSettings, StoredTextsMeanWhatTheyAlwaysMeant)
         const char *value;
         bool (*holds)(Fixture);
     } cases[] = {
-        {keys::ifCheck, "YES", [](Fixture o) { return o.document.ifChecking; }},
-        {keys::ifCheck, "maybe", [](Fixture o) { return !o.document.ifChecking && !o.options.zif; }},
-        {keys::colourCoding, "No", [](Fixture o) { return !o.document.colourCoding; }},
-        {keys::colourCoding, "maybe", [](Fixture o) { return o.document.colourCoding; }},
+        {{optionsSection, "ifif", ""}, "YES", [](Fixture o) { return o.document.ifChecking; }},
+        {{optionsSection, "ifif", ""}, "maybe",
+            [](Fixture o) { return !o.document.ifChecking && !o.options.lamps[Option::IfChecking]; }},
+        {{optionsSection, "ifcolor", ""}, "No", [](Fixture o) { return !o.document.colourCoding; }},
+        {{optionsSection, "ifcolor", ""}, "maybe", [](Fixture o) { return o.document.colourCoding; }},
         {keys::codeColour, "blue", blue},
         {keys::codeColour, "-5", blue},
         {keys::codeColour, "99999999999", blue},
@@ -79,13 +80,13 @@ TEST(StoredSettings, AutosaveNeedsItsFlagAndAnInterval)
     for (const auto &c : cases) {
         SCOPED_TRACE(std::string(c.autosave) + ", " + c.minutes);
         SettingsFixture o;
-        writeSetting(o.store, keys::autosave, c.autosave);
+        writeSetting(o.store, {optionsSection, "autosave", ""}, c.autosave);
         writeSetting(o.store, keys::autosaveMinutes, c.minutes);
         o.load();
         EXPECT_EQ(o.application.autosaveOn, c.on);
-        EXPECT_EQ(o.views.toolView.autosave, c.on);
+        EXPECT_EQ(o.views.toolView.options[Option::Autosave], c.on);
         EXPECT_EQ(o.views.timerMinutes, c.on ? c.interval : 0);
-        EXPECT_EQ(o.options.zauto, c.lamp);
+        EXPECT_EQ(o.options.lamps[Option::Autosave], c.lamp);
         EXPECT_EQ(o.options.autosaveMinutes, c.interval);
     }
 }
