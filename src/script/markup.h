@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Just enough of HTML and XML to find script in them: tags with their attributes. Private to islands.cpp.
+// Just enough of HTML and XML to find script in them: tags with their attributes.
 #pragma once
 
 #include "text/types.h"
