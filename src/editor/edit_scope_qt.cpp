@@ -3,19 +3,16 @@
 
 #include "text/words.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace kevra {
 
 EditScope::EditScope(EditorControl &control, EditKind kind)
     : m_control(control)
-    , m_outer(control.m_kind)
-    , m_outermost(!control.m_inCommand)
+    , m_outermost(control.m_changes.begin(kind))
 {
     if (!m_outermost)
         return;
-    m_control.m_kind = kind;
-    m_control.m_inCommand = true;
     m_control.leaveBreaks();
     m_selection = m_control.Selection();
     m_control.settle();
@@ -29,9 +26,8 @@ EditScope::~EditScope()
     if (!m_outermost)
         return;
     m_control.leaveBreaks();
-    const auto kind = std::exchange(m_control.m_kind, m_outer);
-    const auto touched = std::exchange(m_control.m_touched, std::nullopt);
-    m_control.m_inCommand = false;
+    const auto kind = m_control.m_changes.kind();
+    const auto touched = m_control.m_changes.end();
     if (touched && kind != EditKind::Program) {
         if (m_control.m_typingHandler)
             m_control.m_typingHandler->edited(*touched, kind);
@@ -68,7 +64,7 @@ void EditorControl::beforeChange(int position, int type, int length)
     if (type & SC_MOD_BEFOREINSERT) {
         paintUpTo(start);
         m_wholeKnown = false;
-        m_change = {start, 0, length};
+        m_changes.announce({start, 0, length});
         if (m_breaking || type & (SC_PERFORMED_UNDO | SC_PERFORMED_REDO))
             m_inserted = {position, position + length};
         else
@@ -82,50 +78,33 @@ void EditorControl::beforeChange(int position, int type, int length)
             *m_characters -= characterCount(Text(old));
         m_wholeKnown = false;
         m_breaks.removed(position, length);
-        m_change = {old.start, old.length(), 0};
+        m_changes.announce({old.start, old.length(), 0});
     }
 }
 
 Colour EditorControl::insertionColour() const
 {
-    return m_kind == EditKind::Program || m_kind == EditKind::Typing ? m_typing : colours::black;
+    const auto kind = m_changes.kind();
+    return kind == EditKind::Program || kind == EditKind::Typing ? m_typing : colours::black;
 }
 
 void EditorControl::settle()
 {
-    if (!m_change)
+    const auto change = m_changes.settle(readInserted());
+    if (!change)
         return;
-    readInserted();
-    const auto change = *std::exchange(m_change, std::nullopt);
-    if (change.removed == 0 && change.added == 0)
-        return; // a break
-    m_unpainted.shift(change.added - change.removed);
+    m_unpainted.shift(change->added - change->removed);
+    const TextRange fresh{change->position, change->position + change->added};
     if (m_characters)
-        *m_characters += characterCount(Text({change.position, change.position + change.added}));
-    if (change.added > 0 && insertionColour() != colours::black)
-        paint({change.position, change.position + change.added}, styleOf(insertionColour()));
-    noteTouched(change);
-    emit changed(change.position, change.removed, change.added, m_kind);
-}
-
-void EditorControl::noteTouched(const Change &change)
-{
-    const TextRange fresh{change.position, change.position + change.added};
-    if (!m_touched) {
-        m_touched = fresh;
-        return;
-    }
-    const auto moved = [&](Offset position) {
-        if (position >= change.position + change.removed)
-            return position + change.added - change.removed;
-        return std::min(position, change.position);
-    };
-    m_touched = {std::min(moved(m_touched->start), fresh.start), std::max(moved(m_touched->end), fresh.end)};
+        *m_characters += characterCount(Text(fresh));
+    if (!fresh.empty() && insertionColour() != colours::black)
+        paint(fresh, styleOf(insertionColour()));
+    emit changed(change->position, change->removed, change->added, m_changes.kind());
 }
 
 void EditorControl::announce()
 {
-    if (m_inCommand || !m_displayed)
+    if (m_changes.inCommand() || !m_displayed)
         return;
     if (const auto now = anchorAndCaret(); now != std::exchange(m_knownSelection, now))
         emit caretMoved();

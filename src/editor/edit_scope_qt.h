@@ -16,7 +16,6 @@ public:
 
 private:
     EditorControl &m_control;
-    EditKind m_outer;
     bool m_outermost;
     TextRange m_selection;
 };

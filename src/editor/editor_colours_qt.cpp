@@ -9,7 +9,6 @@
 namespace kevra {
 namespace {
 
-constexpr Offset slice = 1 << 20; ///< bytes painted at once while the rest of the text waits
 /// A text's tail longer than this is painted when it is looked at.
 constexpr Offset paintedLater = Offset{256} * 1024;
 constexpr Offset paintedAhead
@@ -39,7 +38,8 @@ void EditorControl::connectPainting()
         stylesAreUpToDate();
     });
     m_paintRest.setInterval(pauseBetweenSlices);
-    connect(&m_paintRest, &QTimer::timeout, this, [this] { paintUpTo(m_unpainted.start() + slice); });
+    connect(&m_paintRest, &QTimer::timeout, this,
+        [this] { paintUpTo(m_unpainted.start() + UnpaintedStyles::slice); });
 }
 
 Colour EditorControl::ColourAt(Offset position) const
@@ -94,10 +94,8 @@ void EditorControl::paintUpTo(Offset end)
 {
     settle();
     const auto last = std::min(end, Length());
-    while (m_unpainted.start() < last) {
-        const auto start = m_unpainted.start();
-        setStyles(start, m_unpainted.takeUpTo(std::min(start + slice, last)));
-    }
+    while (const auto next = m_unpainted.takeNext(last))
+        setStyles(next->start, next->styles);
     if (m_unpainted.start() >= Length()) {
         m_unpainted.clear();
         m_paintRest.stop();
@@ -112,12 +110,11 @@ void EditorControl::paintAll()
 void EditorControl::paintShown()
 {
     const auto shown = textInView();
-    const auto end = shown.end + paintedAhead;
-    const TextRange seen{std::max(shown.start, m_unpainted.start()), std::min(end, Length())};
-    if (end <= m_unpainted.start() + slice || seen.length() > slice)
-        return paintUpTo(end);
-    // Far down, what lies before need not be painted first; the view alone is, and again with the rest.
-    setStyles(seen.start, m_unpainted.styles(seen));
+    const TextRange seen{
+        std::max(shown.start, m_unpainted.start()), std::min(shown.end + paintedAhead, Length())};
+    if (!m_unpainted.isFarBelow(seen))
+        return paintUpTo(seen.end);
+    setStyles(seen.start, m_unpainted.styles(seen)); // and again with the rest
 }
 
 int EditorControl::styleOf(Colour colour)

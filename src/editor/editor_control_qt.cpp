@@ -182,7 +182,7 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     const auto style = styleOf(insertionColour());
     paint({part.start, part.start + kept}, style);
     paint({end - keptAtEnd, end}, style);
-    noteTouched({part.start, std::ssize(text), std::ssize(text)});
+    m_changes.touch({part.start, std::ssize(text), std::ssize(text)});
     Select({end, end});
 }
 

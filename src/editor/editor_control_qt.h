@@ -4,6 +4,7 @@
 // lines are the document's in whatever this class takes and gives, and Scintilla's in what it sends.
 #pragma once
 
+#include "editor/command_changes.h"
 #include "editor/line_edits.h"
 #include "editor/soft_breaks.h"
 #include "editor/surface.h"
@@ -149,12 +150,6 @@ private:
     friend class EditScope;
     friend class UndoStep;
 
-    struct Change {
-        Offset position = 0;
-        Offset removed = 0;
-        Offset added = 0;
-    };
-
     std::intptr_t send(unsigned message, Offset first = 0, std::intptr_t second = 0) const;
     std::intptr_t sendBytes(unsigned message, Offset first, const char *bytes) const;
     void setUp();
@@ -194,9 +189,9 @@ private:
     void paintUpTo(Offset end);
     void stylesAreUpToDate();
     void beforeChange(int position, int type, int length);
-    void readInserted();
+    /// The bytes of text in what has come in; nothing when that is known already.
+    std::optional<Offset> readInserted();
     void settle();
-    void noteTouched(const Change &change);
     void announce();
     void command(EditKind kind, unsigned message);
     void typeKey(QKeyEvent &event, char32_t character);
@@ -227,8 +222,7 @@ private:
     bool m_readOnly = false;
     bool m_keepIndentation = false;
     TypingHandler *m_typingHandler = nullptr;
-    EditKind m_kind = EditKind::Program;
-    bool m_inCommand = false;
+    CommandChanges m_changes;
     UndoSteps m_undoSteps;
     bool m_undoStepOpen = false;
     bool m_composing = false; ///< an input method has text in the document that may still change
@@ -240,8 +234,6 @@ private:
     mutable std::string m_part;
     /// What has come into Scintilla's text and has still to be looked at for breaks.
     std::optional<TextRange> m_inserted;
-    std::optional<Change> m_change; ///< announced by Scintilla, and done by the time anything else happens
-    std::optional<TextRange> m_touched; ///< by the user's command that is under way
     mutable std::optional<Offset> m_characters; ///< once somebody has asked
     struct Counted {
         Offset line = 0; ///< where it starts

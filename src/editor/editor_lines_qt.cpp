@@ -132,15 +132,15 @@ void EditorControl::leaveBreaks()
         send(SCI_SETSELECTION, outside(caret), outside(anchor));
 }
 
-void EditorControl::readInserted()
+std::optional<Offset> EditorControl::readInserted()
 {
     if (!m_inserted)
-        return;
+        return std::nullopt;
     const auto [start, end] = *std::exchange(m_inserted, std::nullopt);
     const std::string_view content(
         reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, start, end - start)),
         static_cast<std::size_t>(end - start));
-    m_change->added = m_breaks.inserted(start, content);
+    return m_breaks.inserted(start, content);
 }
 
 Offset EditorControl::controlLine(Offset line) const

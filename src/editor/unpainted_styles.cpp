@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/unpainted_styles.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kevra {
@@ -29,12 +30,19 @@ std::string_view UnpaintedStyles::styles(TextRange range) const
         m_taken + static_cast<std::size_t>(range.start - m_start), static_cast<std::size_t>(range.length()));
 }
 
-std::string_view UnpaintedStyles::takeUpTo(Offset end)
+std::optional<UnpaintedStyles::Stretch> UnpaintedStyles::takeNext(Offset end)
 {
-    const auto taken = styles({m_start, end});
-    m_taken += taken.size();
-    m_start = end;
+    if (m_start >= end)
+        return std::nullopt;
+    const Stretch taken{m_start, styles({m_start, std::min(m_start + slice, end)})};
+    m_taken += taken.styles.size();
+    m_start += std::ssize(taken.styles);
     return taken;
+}
+
+bool UnpaintedStyles::isFarBelow(TextRange seen) const
+{
+    return seen.end > m_start + slice && seen.length() <= slice;
 }
 
 void UnpaintedStyles::shift(Offset by)
