@@ -8,15 +8,14 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
+#include <iterator>
 
 namespace kevra {
 namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr std::chrono::milliseconds soon{30};
-constexpr std::size_t mostMarks = 500; ///< of a line that has no end, more than can be told apart
+constexpr std::size_t maxMarks = 500; ///< of a line that has no end, more than can be told apart
 
 struct LevelMark {
     script::Level level;
@@ -36,6 +35,13 @@ constexpr const LevelMark &markOf(script::Level level)
     return *std::ranges::find(levelMarks, level, &LevelMark::level);
 }
 
+std::vector<unsigned long> indicators()
+{
+    std::vector<unsigned long> all;
+    std::ranges::transform(levelMarks, std::back_inserter(all), &LevelMark::indicator);
+    return all;
+}
+
 } // namespace
 
 Colour colourOf(script::Level level)
@@ -44,7 +50,7 @@ Colour colourOf(script::Level level)
 }
 
 FindingMarks::FindingMarks(EditorControl &document, const FindingList &list)
-    : m_document(document)
+    : MarksInView(document, indicators())
     , m_list(list)
 {
     for (const auto &mark : levelMarks) {
@@ -52,33 +58,19 @@ FindingMarks::FindingMarks(EditorControl &document, const FindingList &list)
             Sci::SCI_INDICSETSTYLE, mark.indicator, static_cast<long>(Sci::INDIC_SQUIGGLE));
         document.SendScintilla(Sci::SCI_INDICSETFORE, mark.indicator, static_cast<long>(mark.colour.value));
     }
-    m_soon.setSingleShot(true);
-    m_soon.setInterval(soon);
-    connect(&m_soon, &QTimer::timeout, this, [this] { mark(); });
-    connect(&document, &EditorControl::changed, this, [this] { refresh(); });
-    connect(&document, &EditorControl::firstVisibleLineChanged, this, [this] { refresh(); });
-    document.viewport()->installEventFilter(this);
-}
-
-void FindingMarks::refresh()
-{
-    if (!m_soon.isActive() && (m_marked || m_list.size() > 0))
-        m_soon.start();
 }
 
 bool FindingMarks::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize)
-        refresh();
     if (event->type() == QEvent::ToolTip && m_list.size() > 0)
         showTip(static_cast<QHelpEvent &>(*event));
-    return QObject::eventFilter(watched, event);
+    return MarksInView::eventFilter(watched, event);
 }
 
 /// Of a finding over several lines the first one, and one character where a finding is between two.
 TextRange FindingMarks::markedPart(TextRange range) const
 {
-    const auto line = m_document.lineRange(m_document.GetLineFromChar(range.start));
+    const auto line = document().lineRange(document().GetLineFromChar(range.start));
     const auto end = std::clamp(range.end, line.start, line.end);
     if (end > range.start)
         return {range.start, end};
@@ -86,46 +78,32 @@ TextRange FindingMarks::markedPart(TextRange range) const
                                   : TextRange{std::max(line.start, line.end - 1), line.end};
 }
 
-void FindingMarks::clear()
+std::vector<MarksInView::Mark> FindingMarks::marksIn(TextRange view) const
 {
-    for (const auto &mark : levelMarks) {
-        m_document.SendScintilla(Sci::SCI_SETINDICATORCURRENT, mark.indicator);
-        m_document.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL,
-            static_cast<long>(m_document.controlPosition(m_document.Length())));
-    }
-}
-
-void FindingMarks::mark()
-{
-    clear();
-    auto inView = m_list.touching(m_document.textInView());
-    inView.resize(std::min(inView.size(), mostMarks));
-    m_marked = !inView.empty();
+    std::vector<Mark> marks;
+    auto inView = m_list.touching(view);
+    inView.resize(std::min(inView.size(), maxMarks));
     for (const auto index : inView) {
         const auto &finding = m_list.at(index);
-        const auto part = markedPart(finding.range);
-        m_document.SendScintilla(Sci::SCI_SETINDICATORCURRENT, markOf(finding.level()).indicator);
-        const auto start = m_document.controlPosition(part.start);
-        const auto end = m_document.controlPosition(part.end);
-        m_document.SendScintilla(
-            Sci::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(start), static_cast<long>(end - start));
+        marks.push_back({markedPart(finding.range), markOf(finding.level()).indicator});
     }
+    return marks;
 }
 
 void FindingMarks::showTip(const QHelpEvent &event)
 {
-    const auto close = m_document.SendScintilla(
+    const auto close = document().SendScintilla(
         Sci::SCI_POSITIONFROMPOINTCLOSE, static_cast<unsigned long>(event.pos().x()), long{event.pos().y()});
     QStringList texts;
     if (close >= 0) {
-        const auto position = m_document.textPosition(close);
+        const auto position = document().textPosition(close);
         for (const auto index : m_list.touching({position, position})) {
             const auto part = markedPart(m_list.at(index).range);
             if (position >= part.start && position <= part.end)
                 texts << textOf(m_list.at(index).what);
         }
     }
-    QToolTip::showText(event.globalPos(), texts.join('\n'), m_document.viewport());
+    QToolTip::showText(event.globalPos(), texts.join('\n'), document().viewport());
 }
 
 } // namespace kevra
