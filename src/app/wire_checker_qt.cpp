@@ -3,6 +3,7 @@
 #include "app/wiring_qt.h"
 #include "checker/checker.h"
 #include "checker/script_debugger.h"
+#include "editor/reveal_qt.h"
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>

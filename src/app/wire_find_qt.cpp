@@ -3,6 +3,7 @@
 #include "app/wiring_qt.h"
 #include "colour/recolouring.h"
 #include "desktop/text_qt.h"
+#include "editor/reveal_qt.h"
 #include "find/find_dialog.h"
 #include "find/hit_marks_qt.h"
 #include "find/multi_dialog.h"
@@ -72,20 +73,11 @@ QRect hitOnScreen(EditorControl &document)
     return QRect(start, end).normalized().adjusted(0, -height, 0, 0);
 }
 
-/// What stands at the edge of the view is seen without the lines around it.
-void bringOffTheEdge(EditorControl &document)
-{
-    const auto line = document.shownLine(document.GetLineFromChar(document.Selection().end));
-    const auto row = line - document.FirstVisibleLine();
-    if (row <= 0 || row >= document.SendScintilla(QsciScintillaBase::SCI_LINESONSCREEN) - 1)
-        document.SendScintilla(QsciScintillaBase::SCI_VERTICALCENTRECARET);
-}
-
 QWidget *makeFindDialog(Application &app)
 {
     auto &document = app.mainWindow().document();
     auto *dialog = new FindDialog(document, app.document, app.messages, &app.mainWindow());
-    dialog->setReveal([&document] { bringOffTheEdge(document); });
+    dialog->setReveal([&document] { revealCaret(document); });
     dialog->setHitPlace([&document] { return hitOnScreen(document); });
     dialog->setMayEdit([&document] { return !document.isReadOnly(); });
     dialog->setTell([&app](std::string_view text) { app.mainWindow().tell(text); });

@@ -5,6 +5,7 @@
 #include "app/wiring_qt.h"
 #include "desktop/text_qt.h"
 #include "document/recent_files.h"
+#include "editor/reveal_qt.h"
 
 #include <QtWidgets/QInputDialog>
 #include <QtWidgets/QMenu>
@@ -71,15 +72,6 @@ void goToLine(Application &app)
 }
 
 } // namespace
-
-void goTo(EditorControl &document, TextRange range)
-{
-    const auto view = document.FirstVisibleLine();
-    document.Select(range);
-    if (document.FirstVisibleLine() != view)
-        document.SendScintilla(QsciScintillaBase::SCI_VERTICALCENTRECARET);
-    document.SetFocus();
-}
 
 void wireNavigation(Application &app)
 {

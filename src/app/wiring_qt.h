@@ -4,8 +4,6 @@
 // All run once, right after the main window exists and before anything is shown, in this order.
 #pragma once
 
-#include "text/types.h"
-
 #include <initializer_list>
 #include <string_view>
 
@@ -14,7 +12,6 @@ class QWidget;
 namespace kevra {
 
 class Application;
-class EditorControl;
 
 void wireEditing(Application &app); ///< undo, clipboard, select all, word wrap, print, tool sets, fonts
 void wireLines(Application &app); ///< the commands on lines, Keep Indentation
@@ -30,9 +27,6 @@ void wirePad(Application &app);
 void wireNavigation(Application &app); ///< recent files, a line by its number
 /// Last: its buttons are enabled where their commands have been bound by then.
 void wireSnippetPanels(Application &app);
-
-/// Selects this and gives the document the keyboard. What was out of view comes to the middle of it.
-void goTo(EditorControl &document, TextRange range);
 
 /// The keys of these menu items work in `window` too.
 void shareKeys(Application &app, QWidget &window, std::initializer_list<std::string_view> items);
