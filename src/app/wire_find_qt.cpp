@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
-#include "colour/recolouring.h"
 #include "desktop/text_qt.h"
 #include "editor/reveal_qt.h"
 #include "find/find_dialog.h"
 #include "find/hit_marks_qt.h"
 #include "find/multi_dialog.h"
-#include "text/flag_guard.h"
+#include "find/open_document_file.h"
 
 #include <QtGui/QShortcut>
 
@@ -16,53 +15,6 @@
 namespace kevra {
 
 namespace {
-
-/// The document when other commands write its file.
-class OpenDocumentQt : public OpenDocument {
-public:
-    explicit OpenDocumentQt(Application &app)
-        : m_app(app)
-    {
-    }
-
-    [[nodiscard]] bool hasUnsavedChangesOf(const std::string &path) const override
-    {
-        return isDocument(path) && !m_app.file.holds(m_app.mainWindow().document().Text());
-    }
-
-    void fileWritten(const std::string &path) override
-    {
-        if (!isDocument(path))
-            return;
-        auto opened = m_app.file.read(m_app.document.currentPath);
-        if (!opened)
-            return;
-        auto &document = m_app.mainWindow().document();
-        const FlagGuard busy(m_app.document.busyLoadingOrSaving);
-        const auto view = document.FirstVisibleLine();
-        const auto line = document.GetLineFromChar(document.Selection().end);
-        document.Replace({0, document.Length()}, opened->decoded.text);
-        recolourInserted(document, {0, document.Length()}, m_app.document);
-        document.SetSelStart(document.lineRange(std::min(line, document.lineCount() - 1)).start);
-        document.SetFirstVisibleLine(view);
-        document.setSavePoint();
-        m_app.file.take(std::move(*opened));
-        m_app.document.unsaved = false;
-        m_app.mainWindow().refreshDocumentStatus();
-    }
-
-    [[nodiscard]] bool isDocument(const std::string &path) const override
-    {
-        const auto &current = m_app.document.currentPath;
-        if (current.empty() || !m_app.file.owns(current))
-            return false;
-        const auto mine = m_app.files.stamp(current);
-        return path == current || (mine && mine == m_app.files.stamp(path));
-    }
-
-private:
-    Application &m_app;
-};
 
 QRect hitOnScreen(EditorControl &document)
 {
@@ -124,7 +76,9 @@ void wireFind(Application &app)
     onKey(Qt::Key_F3, &FindCommands::findNext);
     onKey(Qt::SHIFT | Qt::Key_F3, &FindCommands::findPrevious);
 
-    auto &open = app.keep<OpenDocumentQt>(app);
+    auto &document = app.mainWindow().document();
+    auto &open = app.keep<OpenDocumentFile>(document, app.document, app.file, app.files, app.mainWindow(),
+        [&document] { document.setSavePoint(); });
     app.makesWindow(SecondaryWindow::MultiFind, [&app, &open] {
         auto *dialog = new MultiDialog(app.files, open, app.messages, app.fileDialogs, &app.mainWindow());
         QObject::connect(dialog, &MultiDialog::lineChosen, dialog,

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "find/open_document_file.h"
+
+#include "colour/recolouring.h"
+#include "text/flag_guard.h"
+
+#include <utility>
+
+namespace kevra {
+namespace {
+
+/// Of the last line where there are fewer; lines count from 0.
+Offset startOfLine(std::string_view text, Offset line)
+{
+    std::size_t start = 0;
+    for (auto end = text.find('\n'); line > 0 && end != text.npos; end = text.find('\n', start), --line)
+        start = end + 1;
+    return static_cast<Offset>(start);
+}
+
+} // namespace
+
+OpenDocumentFile::OpenDocumentFile(EditorSurface &document, DocumentState &state, DocumentFile &file,
+    FileStore &files, MainView &main, std::function<void()> setSavePoint)
+    : m_document(document)
+    , m_state(state)
+    , m_file(file)
+    , m_files(files)
+    , m_main(main)
+    , m_setSavePoint(std::move(setSavePoint))
+{
+}
+
+bool OpenDocumentFile::isDocument(const std::string &path) const
+{
+    const auto &current = m_state.currentPath;
+    if (current.empty() || !m_file.owns(current))
+        return false;
+    const auto mine = m_files.stamp(current);
+    return path == current || (mine && mine == m_files.stamp(path));
+}
+
+bool OpenDocumentFile::hasUnsavedChangesOf(const std::string &path) const
+{
+    return isDocument(path) && !m_file.holds(m_document.Text());
+}
+
+void OpenDocumentFile::fileWritten(const std::string &path)
+{
+    if (!isDocument(path))
+        return;
+    auto opened = m_file.read(m_state.currentPath);
+    if (!opened)
+        return;
+    const FlagGuard busy(m_state.busyLoadingOrSaving);
+    show(opened->decoded.text);
+    m_setSavePoint();
+    m_file.take(std::move(*opened));
+    m_state.unsaved = false;
+    m_main.refreshDocumentStatus();
+}
+
+void OpenDocumentFile::show(std::string_view text)
+{
+    const auto view = m_document.FirstVisibleLine();
+    const auto line = m_document.GetLineFromChar(m_document.Selection().end);
+    m_document.Replace({0, m_document.Length()}, text);
+    recolourInserted(m_document, {0, m_document.Length()}, m_state);
+    m_document.SetSelStart(startOfLine(text, line));
+    m_document.SetFirstVisibleLine(view);
+}
+
+} // namespace kevra

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The open document, as the commands see it that write files beside it.
+#pragma once
+
+#include "desktop/main_view.h"
+#include "document/document_file.h"
+#include "editor/document_state.h"
+#include "editor/surface.h"
+#include "find/multi_replace.h"
+
+#include <functional>
+
+namespace kevra {
+
+class OpenDocumentFile : public OpenDocument {
+public:
+    /// `setSavePoint` notes that the text is what the file holds.
+    OpenDocumentFile(EditorSurface &document, DocumentState &state, DocumentFile &file, FileStore &files,
+        MainView &main, std::function<void()> setSavePoint);
+
+    [[nodiscard]] bool isDocument(const std::string &path) const override;
+    [[nodiscard]] bool hasUnsavedChangesOf(const std::string &path) const override;
+    /// The text is replaced in one step of undo; caret and view stay on their lines.
+    void fileWritten(const std::string &path) override;
+
+private:
+    void show(std::string_view text);
+
+    EditorSurface &m_document;
+    DocumentState &m_state;
+    DocumentFile &m_file;
+    FileStore &m_files;
+    MainView &m_main;
+    std::function<void()> m_setSavePoint;
+};
+
+} // namespace kevra
