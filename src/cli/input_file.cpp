@@ -43,12 +43,12 @@ std::optional<FileBytes> FileBytes::read(const std::string &path)
 
 void FileBytes::readAll(std::FILE &file, std::size_t room)
 {
-    m_bytes = byteRoom(room);
+    m_bytes = allocateBytes(room);
     for (;;) {
         m_size += std::fread(m_bytes.get() + m_size, 1, room - m_size, &file);
         if (m_size < room)
             return;
-        auto larger = byteRoom(2 * room);
+        auto larger = allocateBytes(2 * room);
         std::copy_n(m_bytes.get(), m_size, larger.get());
         m_bytes = std::move(larger);
         room *= 2;
@@ -59,7 +59,7 @@ FileText::FileText(const std::string &path, std::string_view bytes, std::optiona
 {
     const auto type = fileType(path);
     const auto kind = type ? type->kind : TextKind::Script;
-    const bool plain = !encoding && isTextAsItStands(bytes);
+    const bool plain = !encoding && decodesUnchanged(bytes);
     if (encoding)
         m_decoded = decodeFileAs(bytes, kind, *encoding).text;
     else if (!plain)

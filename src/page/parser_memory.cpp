@@ -26,7 +26,7 @@ bool ParserMemory::addChunk(std::size_t size) noexcept
     if (size > m_left)
         return false;
     try {
-        m_chunks.push_back(byteRoom(size));
+        m_chunks.push_back(allocateBytes(size));
     } catch (const std::bad_alloc &) {
         return false;
     }

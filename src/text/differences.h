@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What differs between two texts, line by line. The work is a library's, where there is one.
+// The differences between two texts, line by line; computed by a library where the system has one.
 #pragma once
 
 #include "text/types.h"
@@ -9,7 +9,7 @@
 
 namespace kevra {
 
-/// A stretch of lines, counted from 0, that was replaced by another; either may be empty.
+/// A range of lines, counted from 0, that was replaced by another one; either may be empty.
 struct Hunk {
     Offset beforeStart = 0;
     Offset beforeCount = 0;
@@ -19,8 +19,9 @@ struct Hunk {
     friend bool operator==(const Hunk &, const Hunk &) = default;
 };
 
-/// From the top down; a line ends in LF, which is part of it. Any bytes may stand in a line. Takes memory in
-/// proportion to the texts, and in texts that have little in common gives up looking for the fewest lines.
+/// The hunks in ascending order. A line ends in LF, which is part of it, and may contain any bytes. Memory is
+/// proportional to the texts. For texts that have little in common the hunks may not be the shortest
+/// possible.
 [[nodiscard]] std::vector<Hunk> differences(std::string_view before, std::string_view after);
 
 } // namespace kevra

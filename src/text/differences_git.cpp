@@ -8,7 +8,7 @@
 namespace kevra {
 namespace {
 
-/// Starting it costs more than comparing most texts: it stays once it was asked.
+/// Starting the library costs more than most comparisons, so it is started once and kept.
 class Library {
 public:
     Library() { git_libgit2_init(); }
@@ -17,7 +17,7 @@ public:
     Library &operator=(const Library &) = delete;
 };
 
-/// The library counts lines from 1, and for an empty stretch names the line before it.
+/// The library counts lines from 1, and gives an empty range the number of the line before it.
 Offset startOf(int line, int count)
 {
     return count == 0 ? line : line - 1;
@@ -34,7 +34,7 @@ int addHunk(const git_diff_delta *, const git_diff_hunk *hunk, void *hunks)
 
 std::vector<Hunk> differences(std::string_view before, std::string_view after)
 {
-    // The library answers nothing at all when both are empty.
+    // Answered without starting the library.
     if (before == after)
         return {};
     static const Library library;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Without a library for differences: what is between the lines that two texts share at their start and at
-// their end counts as replaced.
+// Without a diff library: everything between the lines that both texts share at the start and at the end
+// counts as replaced.
 #include "text/differences.h"
 
 #include <algorithm>

@@ -12,7 +12,7 @@
 namespace kevra {
 namespace {
 
-/// The small form of a letter of two UTF-8 bytes (Latin, Greek, Cyrillic), as two bytes; others unchanged.
+/// The lower case of a letter of two UTF-8 bytes (Latin, Greek, Cyrillic); other characters unchanged.
 unsigned lowerPair(unsigned lead, unsigned tail)
 {
     const unsigned code = (lead & 0x1F) << 6 | (tail & 0x3F);
@@ -30,7 +30,7 @@ unsigned lowerPair(unsigned lead, unsigned tail)
     return (0xC0 | lower >> 6) << 8 | (0x80 | (lower & 0x3F));
 }
 
-bool equalIgnoringCase(const char *text, std::string_view lowered)
+bool equalsLowered(const char *text, std::string_view lowered)
 {
     for (std::size_t i = 0; i < lowered.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
@@ -71,16 +71,16 @@ bool isWholeWord(std::string_view text, TextRange hit)
 constexpr unsigned firstPair = 0xC380; ///< U+00C0
 constexpr unsigned lastPair = 0xD3BF; ///< U+04FF
 
-/// The bytes at `at` of all the forms of the letter of two bytes there; they are two at most.
+/// The possible bytes at `at` of the two-byte letter that starts at `lead`, in both cases; two at most.
 std::pair<unsigned char, unsigned char> formsInPair(
     std::string_view lowered, std::size_t lead, std::size_t at)
 {
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(lowered[i]); };
-    const unsigned small = static_cast<unsigned>(byteAt(lead)) << 8 | byteAt(lead + 1);
+    const unsigned lower = static_cast<unsigned>(byteAt(lead)) << 8 | byteAt(lead + 1);
     const unsigned shift = at == lead ? 8 : 0;
     std::pair<unsigned char, unsigned char> forms{byteAt(at), byteAt(at)};
     for (unsigned pair = firstPair; pair <= lastPair; ++pair)
-        if ((pair & 0xC0) == 0x80 && pair != small && lowerPair(pair >> 8, pair & 0xFF) == small)
+        if ((pair & 0xC0) == 0x80 && pair != lower && lowerPair(pair >> 8, pair & 0xFF) == lower)
             forms.second = static_cast<unsigned char>(pair >> shift & 0xFF);
     return forms;
 }
@@ -101,7 +101,7 @@ std::pair<unsigned char, unsigned char> formsAt(std::string_view lowered, std::s
     return {byte, byte};
 }
 
-/// Sixteen bytes compared at once, with whatever instructions the machine has for it.
+/// Sixteen bytes, compared at once by the vector instructions of the machine.
 using Block = unsigned char __attribute__((vector_size(16)));
 constexpr Offset blockSize = sizeof(Block);
 
@@ -145,27 +145,27 @@ Finder::Finder(std::string_view what, FindOptions options)
 
 bool Finder::matches(const char *at) const
 {
-    return m_options.letters == Case::Ignore ? equalIgnoringCase(at, m_what)
+    return m_options.letters == Case::Ignore ? equalsLowered(at, m_what)
                                              : std::memcmp(at, m_what.data(), m_what.size()) == 0;
 }
 
-std::optional<Offset> Finder::firstOfAnyWord(std::string_view text, Offset from, Offset end) const
+std::optional<Offset> Finder::firstOccurrence(std::string_view text, Offset from, Offset end) const
 {
-    // Where the first and the last byte fit is found block by block; only there the rest is looked at.
+    // Blocks are searched for positions where the first and the last byte match; only there all are compared.
     const char *const data = text.data();
-    const auto apart = std::ssize(m_what) - 1;
+    const auto lastIndex = std::ssize(m_what) - 1;
     const auto fits = [](unsigned char byte, Forms forms) { return byte == forms.a || byte == forms.b; };
     const auto hitIn = [&](Offset start, Offset stop) -> std::optional<Offset> {
         for (Offset at = start; at < stop; ++at)
             if (fits(static_cast<unsigned char>(data[at]), m_first)
-                && fits(static_cast<unsigned char>(data[at + apart]), m_last) && matches(data + at))
+                && fits(static_cast<unsigned char>(data[at + lastIndex]), m_last) && matches(data + at))
                 return at;
         return std::nullopt;
     };
     Offset at = from;
-    for (; at + blockSize + apart <= end; at += blockSize) {
+    for (; at + blockSize + lastIndex <= end; at += blockSize) {
         const auto first = load(data + at);
-        const auto last = load(data + at + apart);
+        const auto last = load(data + at + lastIndex);
         const auto both
             = ((first == m_first.a) | (first == m_first.b)) & ((last == m_last.a) | (last == m_last.b));
         if (isZero(reinterpret_cast<Block>(both)))
@@ -173,7 +173,7 @@ std::optional<Offset> Finder::firstOfAnyWord(std::string_view text, Offset from,
         if (const auto hit = hitIn(at, at + blockSize))
             return hit;
     }
-    return hitIn(at, end - apart);
+    return hitIn(at, end - lastIndex);
 }
 
 std::optional<Offset> Finder::first(std::string_view text, TextRange range) const
@@ -183,7 +183,7 @@ std::optional<Offset> Finder::first(std::string_view text, TextRange range) cons
     if (m_what.empty())
         return std::nullopt;
     for (Offset from = std::max<Offset>(range.start, 0); from + length <= end; ++from) {
-        const auto hit = firstOfAnyWord(text, from, end);
+        const auto hit = firstOccurrence(text, from, end);
         if (!hit || m_options.words == Word::Any || isWholeWord(text, {*hit, *hit + length}))
             return hit;
         from = *hit;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Searching, the one kind everything in the editor uses. A hit lies wholly inside the range; an empty or
-// reversed range has none; whether a hit is a whole word is judged by its neighbours in the whole text, also
-// those outside the range.
+// The text search that everything in the editor uses. A hit lies completely inside the range; an empty or
+// reversed range has none. Whether a hit is a whole word depends on its neighbours, including those outside
+// the range.
 #pragma once
 
 #include "text/types.h"
@@ -20,10 +20,10 @@ struct FindOptions {
     Word words = Word::Any;
 };
 
-/// Whether the two are the same text but for capital and small letters, as a search sees it.
+/// Whether the texts are equal when case is ignored, by the same rules as find().
 [[nodiscard]] bool sameIgnoringCase(std::string_view a, std::string_view b);
 
-/// A string made ready for being found again and again.
+/// A string prepared for repeated searches.
 class Finder {
 public:
     explicit Finder(std::string_view what, FindOptions options = {});
@@ -32,23 +32,23 @@ public:
     [[nodiscard]] std::optional<Offset> first(std::string_view text, TextRange range) const;
 
 private:
-    /// A byte in its two forms; the same twice when it has one.
+    /// A byte in lower and upper case; both are equal for a byte without case.
     struct Forms {
         unsigned char a = 0;
         unsigned char b = 0;
     };
 
-    [[nodiscard]] std::optional<Offset> firstOfAnyWord(std::string_view text, Offset from, Offset end) const;
+    [[nodiscard]] std::optional<Offset> firstOccurrence(std::string_view text, Offset from, Offset end) const;
     [[nodiscard]] bool matches(const char *at) const;
 
-    std::string m_what; ///< in small letters when their case does not matter
+    std::string m_what; ///< in lower case if case is ignored
     FindOptions m_options;
     Forms m_first;
     Forms m_last;
 };
 
-/// The first hit of `what` in `range` of `text`; an empty `what` is never found. Letters beyond ASCII are
-/// matched without regard to case where both forms take the same number of bytes.
+/// The first hit of `what` in `range` of `text`; an empty `what` is never found. When case is ignored, a
+/// letter beyond ASCII matches its other case only if both take the same number of bytes.
 [[nodiscard]] std::optional<Offset> find(
     std::string_view text, std::string_view what, TextRange range, FindOptions options = {});
 

@@ -5,7 +5,7 @@
 
 namespace kevra {
 
-/// Sets a flag and gives it back its value on every way out.
+/// Sets a flag and restores its previous value when destroyed.
 class FlagGuard {
 public:
     explicit FlagGuard(bool &flag)

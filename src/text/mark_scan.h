@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Finding the few bytes of a text that matter, many at a time. A question is asked of every byte and its
-// neighbours at once, and the places where it holds are visited in order. Questions are generic lambdas over
-// Window, so that each is compiled for narrow lanes, which every processor has, and for wide ones.
+// Scans a text for the few bytes that matter, many bytes at a time. A predicate is evaluated for a block of
+// bytes and their neighbours at once, and the positions where it holds are visited in order. Predicates are
+// generic lambdas over Window, so that each is compiled for narrow lanes, which every processor has, and for
+// wide ones.
 #pragma once
 
 #include "text/types.h"
@@ -21,47 +22,47 @@
 
 namespace kevra {
 
-/// Some bytes side by side; comparing gives as many truths.
+/// Vectors of bytes. A comparison gives a mask of the same size.
 using NarrowLane = unsigned char __attribute__((vector_size(16)));
 using WideLane = unsigned char __attribute__((vector_size(32)));
-template <typename Lane> using TruthsOf = decltype(Lane() == Lane());
+template <typename Lane> using MaskOf = decltype(Lane() == Lane());
 
-/// ASCII capitals made small. A few other characters change as well, never into a letter.
+/// ASCII letters in lower case. A few other characters change too, but never into a letter.
 template <typename Lane> Lane lowered(Lane bytes)
 {
     return bytes | static_cast<unsigned char>(0x20);
 }
 
-template <typename Lane> TruthsOf<Lane> is(Lane bytes, char byte)
+template <typename Lane> MaskOf<Lane> is(Lane bytes, char byte)
 {
     return bytes == static_cast<unsigned char>(byte);
 }
 
-/// True for the letters of ASCII.
-template <typename Lane> TruthsOf<Lane> isLetter(Lane bytes)
+/// Whether each byte is an ASCII letter.
+template <typename Lane> MaskOf<Lane> isLetter(Lane bytes)
 {
     return static_cast<Lane>(lowered(bytes) - static_cast<unsigned char>('a'))
         < static_cast<unsigned char>(26);
 }
 
-/// One bit a byte, the first in the lowest place.
-template <typename Mask> std::uint32_t bitsOf(Mask truths)
+/// One bit per byte, the first byte in the lowest bit.
+template <typename Mask> std::uint32_t bitsOf(Mask mask)
 {
     std::uint32_t bits = 0;
 #ifdef __SSE2__
-    for (std::size_t i = 0; i < sizeof truths; i += sizeof(__m128i)) {
+    for (std::size_t i = 0; i < sizeof mask; i += sizeof(__m128i)) {
         __m128i part;
-        std::memcpy(&part, reinterpret_cast<const char *>(&truths) + i, sizeof part);
+        std::memcpy(&part, reinterpret_cast<const char *>(&mask) + i, sizeof part);
         bits |= static_cast<std::uint32_t>(_mm_movemask_epi8(part)) << i;
     }
 #else
-    for (std::size_t i = 0; i < sizeof truths; ++i)
-        bits |= static_cast<std::uint32_t>(truths[i] != 0) << i;
+    for (std::size_t i = 0; i < sizeof mask; ++i)
+        bits |= static_cast<std::uint32_t>(mask[i] != 0) << i;
 #endif
     return bits;
 }
 
-/// Places of a text, each with its neighbours.
+/// The bytes of consecutive positions in a text, with access to their neighbours.
 template <typename LaneType> class Window {
 public:
     using Lane = LaneType;
@@ -71,7 +72,7 @@ public:
     {
     }
 
-    /// The bytes so far behind the places, 3 at most, or before them, -1 at least.
+    /// The bytes at `distance` from the positions, from -1 (before) to 3 (after).
     [[nodiscard]] Lane at(std::ptrdiff_t distance) const
     {
         Lane lane;
@@ -83,7 +84,7 @@ private:
     const char *m_bytes;
 };
 
-/// The truths of as many places as a word has bits.
+/// One bit for each byte of a block.
 using BlockBits = std::uint64_t;
 inline constexpr std::size_t blockSize = 64;
 
@@ -94,116 +95,118 @@ template <typename Visit> void forEachBit(BlockBits bits, Visit visit)
         visit(static_cast<Offset>(std::countr_zero(bits)));
 }
 
-/// The answers to some questions about a few blocks that follow each other.
-template <typename... Questions> class BlockAnswers {
+/// The results of several predicates for a few consecutive blocks.
+template <typename... Predicates> class BlockResults {
 public:
-    static constexpr std::size_t mostBlocks = 16;
-    static constexpr std::size_t before = 1; ///< bytes that are looked at on either side of the blocks
-    static constexpr std::size_t behind = 3;
-    using Answers = std::array<BlockBits, sizeof...(Questions)>;
+    static constexpr std::size_t maxBlocks = 16;
+    static constexpr std::size_t bytesBefore = 1; ///< read on either side of the blocks
+    static constexpr std::size_t bytesAfter = 3;
+    using Results = std::array<BlockBits, sizeof...(Predicates)>;
 
-    explicit BlockAnswers(Questions... questions)
-        : m_questions(questions...)
+    explicit BlockResults(Predicates... predicates)
+        : m_predicates(predicates...)
     {
     }
 
-    void ask(const char *bytes, std::size_t blocks)
+    void evaluate(const char *bytes, std::size_t blocks)
     {
 #ifdef __x86_64__
         if (__builtin_cpu_supports("avx2"))
-            return askWide(bytes, blocks);
+            return evaluateWide(bytes, blocks);
 #endif
-        askEach<NarrowLane>(bytes, blocks);
+        evaluateEach<NarrowLane>(bytes, blocks);
     }
 
-    [[nodiscard]] const Answers &of(std::size_t block) const
+    [[nodiscard]] const Results &of(std::size_t block) const
     {
-        return m_answers[block];
+        return m_results[block];
     }
 
 private:
 #ifdef __x86_64__
-    __attribute__((target("avx2"), flatten)) void askWide(const char *bytes, std::size_t blocks)
+    __attribute__((target("avx2"), flatten)) void evaluateWide(const char *bytes, std::size_t blocks)
     {
-        askEach<WideLane>(bytes, blocks);
+        evaluateEach<WideLane>(bytes, blocks);
     }
 #endif
 
     template <typename Lane>
-    __attribute__((always_inline)) void askEach(const char *bytes, std::size_t blocks)
+    __attribute__((always_inline)) void evaluateEach(const char *bytes, std::size_t blocks)
     {
         for (std::size_t i = 0; i < blocks; ++i, bytes += blockSize)
-            m_answers[i] = std::apply(
-                [bytes](auto... questions) { return Answers{answer<Lane>(bytes, questions)...}; },
-                m_questions);
+            m_results[i] = std::apply(
+                [bytes](auto... predicates) { return Results{evaluateBlock<Lane>(bytes, predicates)...}; },
+                m_predicates);
     }
 
-    template <typename Lane, typename Question>
-    __attribute__((always_inline)) static BlockBits answer(const char *bytes, Question question)
+    template <typename Lane, typename Predicate>
+    __attribute__((always_inline)) static BlockBits evaluateBlock(const char *bytes, Predicate predicate)
     {
         BlockBits bits = 0;
         for (std::size_t i = 0; i < blockSize; i += sizeof(Lane))
-            bits |= BlockBits{bitsOf(question(Window<Lane>(bytes + i)))} << i;
+            bits |= BlockBits{bitsOf(predicate(Window<Lane>(bytes + i)))} << i;
         return bits;
     }
 
-    std::tuple<Questions...> m_questions;
-    std::array<Answers, mostBlocks> m_answers;
+    std::tuple<Predicates...> m_predicates;
+    std::array<Results, maxBlocks> m_results;
 };
 
-/// Calls visit(offset, bits...) for blocks that cover the range, in order, with a word of bits for each
-/// question; those of places outside the range are clear. Before and behind the text zeros are seen.
-template <typename Visit, typename... Questions>
-void forEachBlock(std::string_view text, TextRange range, Visit visit, Questions... questions)
+/// Calls visit(offset, bits...) for the blocks that cover the range, in order, with the bits of each
+/// predicate. Bits of positions outside the range are clear. The text is surrounded by zeros.
+template <typename Visit, typename... Predicates>
+void forEachBlock(std::string_view text, TextRange range, Visit visit, Predicates... predicates)
 {
-    using Asked = BlockAnswers<Questions...>;
-    Asked asked(questions...);
+    using Results = BlockResults<Predicates...>;
+    Results results(predicates...);
     const auto end = static_cast<std::size_t>(range.end);
     auto at = static_cast<std::size_t>(range.start);
-    const auto askHere = [&]() -> std::size_t {
-        const auto room = text.size() - at;
-        if (at >= Asked::before && room >= blockSize + Asked::behind) {
-            const auto blocks = std::min({Asked::mostBlocks, (room - Asked::behind) / blockSize,
+    const auto evaluateHere = [&]() -> std::size_t {
+        const auto rest = text.size() - at;
+        if (at >= Results::bytesBefore && rest >= blockSize + Results::bytesAfter) {
+            const auto blocks = std::min({Results::maxBlocks, (rest - Results::bytesAfter) / blockSize,
                 (end - at + blockSize - 1) / blockSize});
-            asked.ask(text.data() + at, blocks);
+            results.evaluate(text.data() + at, blocks);
             return blocks;
         }
-        std::array<char, Asked::before + blockSize + Asked::behind> copy{};
-        const auto lead = std::min(at, Asked::before);
-        text.copy(copy.data() + Asked::before - lead, copy.size() - Asked::before + lead, at - lead);
-        asked.ask(copy.data() + Asked::before, 1);
+        std::array<char, Results::bytesBefore + blockSize + Results::bytesAfter> copy{};
+        const auto lead = std::min(at, Results::bytesBefore);
+        text.copy(
+            copy.data() + Results::bytesBefore - lead, copy.size() - Results::bytesBefore + lead, at - lead);
+        results.evaluate(copy.data() + Results::bytesBefore, 1);
         return 1;
     };
     while (at < end) {
-        const auto blocks = askHere();
+        const auto blocks = evaluateHere();
         for (std::size_t i = 0; i < blocks; ++i, at += blockSize) {
             const auto valid = at + blockSize <= end ? ~BlockBits{0} : ~(~BlockBits{0} << (end - at));
-            std::apply([&](auto... bits) { visit(static_cast<Offset>(at), (bits & valid)...); }, asked.of(i));
+            std::apply(
+                [&](auto... bits) { visit(static_cast<Offset>(at), (bits & valid)...); }, results.of(i));
         }
     }
 }
 
-/// Calls visit(offset) wherever question(places) holds in the range.
-template <typename Question, typename Visit>
-void forEachMark(std::string_view text, TextRange range, Question question, Visit visit)
+/// Calls visit(offset) wherever predicate(window) holds in the range.
+template <typename Predicate, typename Visit>
+void forEachMark(std::string_view text, TextRange range, Predicate predicate, Visit visit)
 {
     const auto visitBlock
         = [&](Offset at, BlockBits bits) { forEachBit(bits, [&](Offset bit) { visit(at + bit); }); };
-    forEachBlock(text, range, visitBlock, question);
+    forEachBlock(text, range, visitBlock, predicate);
 }
 
-template <typename Question, typename Visit>
-void forEachMark(std::string_view text, Question question, Visit visit)
+template <typename Predicate, typename Visit>
+void forEachMark(std::string_view text, Predicate predicate, Visit visit)
 {
-    forEachMark(text, {0, static_cast<Offset>(text.size())}, question, visit);
+    forEachMark(text, {0, static_cast<Offset>(text.size())}, predicate, visit);
 }
 
-/// At how many places of the range question(places) holds.
-template <typename Question> Offset countMarks(std::string_view text, TextRange range, Question question)
+/// The number of positions in the range where predicate(window) holds.
+template <typename Predicate> Offset countMarks(std::string_view text, TextRange range, Predicate predicate)
 {
     Offset count = 0;
     forEachBlock(
-        text, range, [&](Offset, BlockBits bits) { count += std::popcount(bits); }, question);
+        text, range, [&](Offset, BlockBits bits) { count += std::popcount(bits); }, predicate);
     return count;
 }
 

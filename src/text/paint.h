@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The colours of a whole text, laid out before it is shown.
+// The colours of a whole text, computed before it is shown.
 #pragma once
 
 #include "text/types.h"
@@ -15,8 +15,8 @@ struct Paint {
     std::string indices; ///< into the palette, one for each byte of the text
 };
 
-/// What `runs`, laid over black in their order, look like on a text of `length` bytes; what reaches outside
-/// is cut off. At most 255 colours beside black.
+/// The colours of a text of `length` bytes after `runs` are painted over black, in order. Parts outside the
+/// text are ignored. At most 255 colours besides black.
 [[nodiscard]] Paint paintOf(std::span<const ColourRun> runs, Offset length);
 
 } // namespace kevra

@@ -9,8 +9,7 @@
 namespace kevra {
 namespace {
 
-/// In a path from the root "\\" is a character like any other; a path from elsewhere may part its names with
-/// it.
+/// In a path that starts with "/", "\\" is an ordinary character; in any other path it separates names too.
 constexpr std::string_view separatorsIn(std::string_view path)
 {
     return path.starts_with('/') ? "/" : "/\\";

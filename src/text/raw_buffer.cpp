@@ -9,14 +9,14 @@
 
 namespace kevra {
 
-RawBuffer byteRoom(std::size_t size)
+RawBuffer allocateBytes(std::size_t size)
 {
 #ifdef MADV_HUGEPAGE
     constexpr std::size_t largePage = 2 << 20;
     if (size >= 2 * largePage) {
         const auto whole = (size + largePage - 1) / largePage * largePage;
         if (void *bytes = std::aligned_alloc(largePage, whole)) {
-            // No more than a wish: where it is not granted the memory is as good.
+            // Only a hint; the memory is usable without it.
             madvise(bytes, whole, MADV_HUGEPAGE);
             return RawBuffer(static_cast<char *>(bytes));
         }

@@ -11,11 +11,11 @@ struct FreeBytes {
     void operator()(char *bytes) const { std::free(bytes); }
 };
 
-/// Memory that nothing has been written to yet.
+/// Uninitialised memory.
 using RawBuffer = std::unique_ptr<char[], FreeBytes>;
 
-/// Room for so many bytes, in large pages where there are many and the system has such: getting 10 MB page by
-/// page costs as much as reading a file into them. Throws std::bad_alloc.
-[[nodiscard]] RawBuffer byteRoom(std::size_t size);
+/// Allocates `size` bytes. A large buffer uses large pages where the system has them: mapping 10 MB in small
+/// pages takes as long as reading a file into it. Throws std::bad_alloc.
+[[nodiscard]] RawBuffer allocateBytes(std::size_t size);
 
 } // namespace kevra

@@ -6,14 +6,13 @@
 
 namespace kevra {
 
-/// What `compute` makes of a text. For a large text it starts at once, on another core where there is one;
-/// for a small text it waits until the result is asked for. The text must stay until the result is there or
-/// gone.
+/// The future result of `compute`, which reads `text`. For a large text it starts at once, on another core if
+/// there is one; for a small text it runs when the result is requested. The text must outlive the future.
 template <typename Compute> auto startComputing(std::string_view text, Compute compute)
 {
-    constexpr std::size_t worthThread = std::size_t{256} * 1024;
+    constexpr std::size_t minThreadedBytes = std::size_t{256} * 1024;
     const auto policy
-        = text.size() < worthThread ? std::launch::deferred : std::launch::async | std::launch::deferred;
+        = text.size() < minThreadedBytes ? std::launch::deferred : std::launch::async | std::launch::deferred;
     return std::async(policy, compute);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The vocabulary every pass, rule and window shares: positions, ranges, colours and coloured runs.
+// The types that every pass, rule and window shares: positions, ranges, colours and coloured runs.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@ namespace kevra {
 /// A position in a document, in bytes from 0. In memory a document is UTF-8 with CRLF line breaks.
 using Offset = std::ptrdiff_t;
 
-/// The stretch [start, end) of a document.
+/// The half-open range [start, end) of a document.
 struct TextRange {
     Offset start = 0;
     Offset end = 0;
@@ -39,7 +39,7 @@ inline constexpr Colour separatorComment{0x9700};
 inline constexpr Colour fault{0xFF};
 } // namespace colours
 
-/// A stretch of text in one colour. Where runs overlap, the later one is what is seen.
+/// A range of text in one colour. Where runs overlap, the later one is visible.
 struct ColourRun {
     TextRange range;
     Colour colour;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Comparing the bytes at a place of a text with the start of a word, whatever the case.
+// A fast test, ignoring case, for whether a word may start at a position of a text.
 #pragma once
 
 #include <algorithm>
@@ -11,12 +11,12 @@
 
 namespace kevra {
 
-/// Eight bytes as they lie in memory. Setting the bit that makes a letter small turns nothing else into a
-/// letter; among other characters it makes a few alike.
+/// Eight bytes in memory order. Setting the lower-case bit turns no other character into a letter, but makes
+/// a few other characters equal.
 using EightBytes = std::uint64_t;
-inline constexpr EightBytes smallLetters = 0x2020202020202020u;
+inline constexpr EightBytes lowerCaseBits = 0x2020202020202020u;
 
-/// The bytes at a place inside the text, in small letters. Zeros stand behind its end.
+/// The bytes from `at`, inside the text, with the lower-case bit set. The text is padded with zeros.
 [[nodiscard]] inline EightBytes bytesAt(std::string_view text, std::size_t at)
 {
     EightBytes bytes = 0;
@@ -24,7 +24,7 @@ inline constexpr EightBytes smallLetters = 0x2020202020202020u;
         std::memcpy(&bytes, text.data() + at, sizeof bytes);
     else
         std::memcpy(&bytes, text.data() + at, text.size() - at);
-    return bytes | smallLetters;
+    return bytes | lowerCaseBits;
 }
 
 /// The first eight bytes of a word, or all of a shorter one.
@@ -39,13 +39,13 @@ public:
         std::copy_n(word.begin(), length, bytes.begin());
         std::fill_n(mask.begin(), length, static_cast<unsigned char>(0xFF));
         m_mask = std::bit_cast<EightBytes>(mask);
-        m_bytes = (std::bit_cast<EightBytes>(bytes) | smallLetters) & m_mask;
+        m_bytes = (std::bit_cast<EightBytes>(bytes) | lowerCaseBits) & m_mask;
     }
 
-    /// False only where the word does not start; true is certain for a word of up to eight letters.
-    [[nodiscard]] constexpr bool mayBeAt(EightBytes smallBytes) const
+    /// False if the word does not start there. True is certain for words of up to eight letters.
+    [[nodiscard]] constexpr bool mayBeAt(EightBytes loweredBytes) const
     {
-        return (smallBytes & m_mask) == m_bytes;
+        return (loweredBytes & m_mask) == m_bytes;
     }
 
 private:

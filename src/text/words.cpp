@@ -12,7 +12,7 @@ struct CodeRange {
     char32_t last;
 };
 
-// Above ASCII nearly everything is a letter; these blocks of signs are not.
+// Beyond ASCII nearly every character is a letter, except in these blocks of signs.
 constexpr std::array signBlocks{CodeRange{0x80, 0xA9}, CodeRange{0xAB, 0xB1}, CodeRange{0xB4, 0xB4},
     CodeRange{0xB6, 0xB8}, CodeRange{0xBB, 0xBF}, CodeRange{0xD7, 0xD7}, CodeRange{0xF7, 0xF7},
     CodeRange{0x2C2, 0x2C5}, CodeRange{0x2D2, 0x2DF}, CodeRange{0x37E, 0x37E}, CodeRange{0x387, 0x387},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What counts as a word: letters of any alphabet, digits and the underscore, in UTF-8 text.
+// Word characters in UTF-8 text: letters of any alphabet, digits and the underscore.
 #pragma once
 
 #include "text/types.h"
@@ -9,11 +9,11 @@
 namespace kevra {
 
 [[nodiscard]] bool isWordCharacter(char32_t character);
-/// The same of one byte of a text; no byte of a character beyond ASCII is one.
+/// The same for one byte; false for the bytes of characters beyond ASCII.
 [[nodiscard]] constexpr bool isAsciiWord(char byte)
 {
-    const auto small = static_cast<unsigned char>(byte | 0x20);
-    return (small >= 'a' && small <= 'z') || (byte >= '0' && byte <= '9') || byte == '_';
+    const auto lower = static_cast<unsigned char>(byte | 0x20);
+    return (lower >= 'a' && lower <= 'z') || (byte >= '0' && byte <= '9') || byte == '_';
 }
 
 /// True when the character that ends right before `position` belongs to a word.
@@ -29,13 +29,13 @@ namespace kevra {
 /// Where the character that ends right before `position` starts; 0 at the start of the text.
 [[nodiscard]] Offset characterBefore(std::string_view text, Offset position);
 
-/// `byte` with A to Z made small; every other byte as it is.
+/// `byte` with A to Z in lower case; every other byte unchanged.
 [[nodiscard]] constexpr char lowerAscii(char byte)
 {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
 }
 
-/// Whether both are the same but for A to Z being capital or small.
+/// Whether both are equal when the case of A to Z is ignored.
 [[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
 
 } // namespace kevra

@@ -31,7 +31,7 @@ TEST(Find, ReturnsTheFirstHitInsideTheRange)
         {"underscore belongs to a word", "if_ if", "if", {0, 6}, wholeWord, 4},
         {"digit belongs to a word", "if2", "if", {0, 3}, wholeWord, -1},
         {"neighbour before the range", "xif", "if", {1, 3}, wholeWord, -1},
-        {"neighbour behind the range", "ifx", "if", {0, 2}, wholeWord, -1},
+        {"neighbour after the range", "ifx", "if", {0, 2}, wholeWord, -1},
         {"letter of another alphabet beside it", "\xD0\xB6if if", "if", {0, 7}, wholeWord, 5},
         {"no-break space is no letter", "\xC2\xA0if", "if", {0, 4}, wholeWord, 2},
         {"accented letter in the other case", "CAF\xC3\x89", "caf\xC3\xA9", {0, 5}, {}, 0},

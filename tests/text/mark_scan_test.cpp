@@ -15,15 +15,15 @@ char byteAt(std::string_view text, Offset at)
     return at >= 0 && at < static_cast<Offset>(text.size()) ? text[static_cast<std::size_t>(at)] : '\0';
 }
 
-// Texts around the sizes of a block and of all that is asked at once, and ranges that start and end anywhere.
+// Texts around the size of one block and of all blocks evaluated at once; ranges start and end anywhere.
 TEST(MarkScan, VisitsWhatALoopOverTheBytesFinds)
 {
-    const auto question = [](auto places) {
-        return (is(lowered(places.at(0)), 'a') & ~is(places.at(-1), 'b')) | (is(places.at(3), 'A'))
-            | (isLetter(places.at(1)) & is(places.at(2), '\0'));
+    const auto predicate = [](auto window) {
+        return (is(lowered(window.at(0)), 'a') & ~is(window.at(-1), 'b')) | (is(window.at(3), 'A'))
+            | (isLetter(window.at(1)) & is(window.at(2), '\0'));
     };
     std::mt19937 random(20261121);
-    const auto upTo = [&](Offset most) { return std::uniform_int_distribution<Offset>(0, most)(random); };
+    const auto upTo = [&](Offset max) { return std::uniform_int_distribution<Offset>(0, max)(random); };
     for (int round = 0; round < 4000; ++round) {
         std::string text(static_cast<std::size_t>(upTo(round % 10 == 0 ? 2200 : 200)), ' ');
         for (auto &byte : text)
@@ -41,9 +41,9 @@ TEST(MarkScan, VisitsWhatALoopOverTheBytesFinds)
                 expected.push_back(at);
         }
         std::vector<Offset> visited;
-        forEachMark(text, range, question, [&](Offset at) { visited.push_back(at); });
+        forEachMark(text, range, predicate, [&](Offset at) { visited.push_back(at); });
         ASSERT_EQ(visited, expected) << text << " from " << range.start << " to " << range.end;
-        ASSERT_EQ(countMarks(text, range, question), static_cast<Offset>(expected.size()));
+        ASSERT_EQ(countMarks(text, range, predicate), static_cast<Offset>(expected.size()));
     }
 }
 
