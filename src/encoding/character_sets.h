@@ -53,7 +53,7 @@ enum class Encoding : std::uint8_t {
     UserDefined,
 };
 
-/// What the sets are grouped by for people.
+/// The groups in which the sets are shown to the user.
 enum class ScriptGroup {
     Unicode,
     Western,
@@ -73,33 +73,33 @@ enum class ScriptGroup {
     Other
 };
 
-/// How the characters of a set lie in a file.
+/// How a set encodes its characters.
 enum class Form {
     SingleByte,
     Utf8,
     Wide, ///< units of two or four bytes
     MultiByte, ///< ASCII as it is, other characters in one to four bytes
-    Shifting, ///< escape sequences say what the bytes after them mean
+    Shifting, ///< escape sequences change the meaning of the bytes that follow
 };
 
 struct CharacterSet {
     Encoding encoding;
-    std::string_view name; ///< for people
+    std::string_view name; ///< shown to the user
     ScriptGroup group;
     Form form;
-    std::string_view libraryName; ///< empty where no library is asked
+    std::string_view libraryName; ///< empty if no library is used
     int codePage; ///< as ASP and Windows number it; 0 for none
     std::string_view
-        labels; ///< what files call it, in small letters, a blank between two; the first is written
+        labels; ///< the names used in files, lower case, separated by blanks; the first is written
 };
 
 /// In the order of the enumeration.
 [[nodiscard]] std::span<const CharacterSet> characterSets();
 [[nodiscard]] const CharacterSet &characterSet(Encoding encoding);
-/// By any of its labels, in any letters, blanks around it ignored.
+/// Finds a set by any of its labels; ignores case and surrounding blanks.
 [[nodiscard]] std::optional<Encoding> encodingNamed(std::string_view label);
 [[nodiscard]] std::optional<Encoding> encodingOfCodePage(int number);
-/// The label that files are given.
+/// The label to write into files.
 [[nodiscard]] std::string_view labelOf(Encoding encoding);
 [[nodiscard]] std::string_view groupName(ScriptGroup group); ///< "Central European"
 

@@ -17,7 +17,7 @@ constexpr char32_t firstRaw = 0xF700;
 constexpr char32_t lastRaw = 0xF7FF;
 constexpr std::string_view utf8Name = "UTF-8";
 
-/// Appends the characters of the bytes up to the first that mean nothing; returns how many bytes that were.
+/// Appends the characters of the leading valid bytes and returns the number of these bytes.
 using Decoder = std::function<std::size_t(std::string_view bytes, std::string &out)>;
 
 std::size_t appendUtf8Run(std::string_view bytes, std::string &out)
@@ -27,7 +27,7 @@ std::size_t appendUtf8Run(std::string_view bytes, std::string &out)
     return run;
 }
 
-/// As the library would give the character, for what is exchanged afterwards.
+/// The character as the library would decode it; standardForm() is applied later.
 std::string libraryForm(const UnknownCharacter &known)
 {
     std::string character;
@@ -68,7 +68,7 @@ Decoder decoderOf(const CharacterSet &set)
     return libraryDecoder(set);
 }
 
-/// Four-byte characters are GB18030's alone; readers of GBK do not know them.
+/// Only GB18030 has four-byte characters; programs that read GBK do not know them.
 bool hasFourByteCharacter(std::string_view gb)
 {
     for (std::size_t i = 0; i + 1 < gb.size(); ++i) {
@@ -81,7 +81,7 @@ bool hasFourByteCharacter(std::string_view gb)
     return false;
 }
 
-std::optional<std::string> throughLibrary(std::string_view text, const CharacterSet &set)
+std::optional<std::string> encodeWithLibrary(std::string_view text, const CharacterSet &set)
 {
     const auto library = Converter::between(std::string(utf8Name), std::string(set.libraryName));
     const auto wanted = withLibraryCharacters(std::string(text), set.encoding);
@@ -100,7 +100,7 @@ std::optional<std::string> throughLibrary(std::string_view text, const Character
         return std::nullopt;
     if (set.encoding == Encoding::Gbk && hasFourByteCharacter(bytes))
         return std::nullopt;
-    // The library leaves some characters out, and puts look-alikes for others.
+    // The library drops some characters and replaces others with similar ones.
     auto back = toUtf8(bytes, set.encoding);
     return back.text == text && !back.rawBytes ? std::optional(std::move(bytes)) : std::nullopt;
 }
@@ -119,31 +119,31 @@ std::optional<std::string> fromValidUtf8(std::string_view text, Encoding encodin
     case Form::MultiByte:
         break;
     }
-    return throughLibrary(text, set);
+    return encodeWithLibrary(text, set);
 }
 
-bool standsForRawByte(char32_t character)
+bool isEscapedByte(char32_t character)
 {
     return character >= firstRaw && character <= lastRaw;
 }
 
-/// Where the first character that stands for a raw byte starts.
+/// The position of the first escaped byte; the size of the text if there is none.
 std::size_t findRaw(std::string_view text)
 {
     for (auto at = text.find('\xEF'); at != std::string_view::npos; at = text.find('\xEF', at + 1))
-        if (standsForRawByte(firstCharacter(text.substr(at)).value))
+        if (isEscapedByte(firstCharacter(text.substr(at)).value))
             return at;
     return text.size();
 }
 
-void appendRaw(std::string_view bytes, std::string &out)
+void appendEscaped(std::string_view bytes, std::string &out)
 {
     for (const char byte : bytes)
         appendUtf8(out, firstRaw + static_cast<unsigned char>(byte));
 }
 
-/// A character of the private area that the file itself has is written down as its bytes too, so that it is
-/// not taken for one of them.
+/// Escapes the bytes of characters that the file itself has in the range of escaped bytes; otherwise saving
+/// would take them for raw bytes.
 std::string withOwnCharactersEscaped(std::string_view text, Encoding encoding)
 {
     std::string out;
@@ -153,12 +153,12 @@ std::string withOwnCharactersEscaped(std::string_view text, Encoding encoding)
         if (at == text.size())
             return out;
         const auto length = firstCharacter(text.substr(at)).length;
-        appendRaw(fromValidUtf8(text.substr(at, length), encoding).value_or(std::string()), out);
+        appendEscaped(fromValidUtf8(text.substr(at, length), encoding).value_or(std::string()), out);
         text.remove_prefix(at + length);
     }
 }
 
-/// What a decoder has read, in the standard's characters; the table of a single-byte set has them already.
+/// Decoded text in the standard's characters; the tables of single-byte sets contain them already.
 std::string standardForm(std::string text, Encoding encoding)
 {
     if (characterSet(encoding).form == Form::SingleByte)
@@ -166,8 +166,8 @@ std::string standardForm(std::string text, Encoding encoding)
     return withStandardCharacters(std::move(text), encoding);
 }
 
-/// `bytes` that mean nothing at some places, of which `decoder` has read none so far.
-std::string withRawBytes(std::string_view bytes, Encoding encoding, const Decoder &decoder)
+/// Decodes `bytes`, of which some are invalid. `decoder` must not have been used yet.
+std::string decodeEscaping(std::string_view bytes, Encoding encoding, const Decoder &decoder)
 {
     std::string out;
     while (!bytes.empty()) {
@@ -178,15 +178,15 @@ std::string withRawBytes(std::string_view bytes, Encoding encoding, const Decode
         if (length > 0)
             continue;
         const auto raw = std::min<std::size_t>(bytes.size(), static_cast<std::size_t>(unitSize(encoding)));
-        // The decoder may go on where the next bytes mean something.
-        appendRaw(bytes.substr(0, raw), out);
+        // Only one unit is skipped: the bytes after it may be valid.
+        appendEscaped(bytes.substr(0, raw), out);
         bytes.remove_prefix(raw);
     }
     return out;
 }
 
-/// All of `bytes`, or nothing when some mean nothing.
-std::optional<std::string> allOf(std::string_view bytes, Encoding encoding)
+/// The decoded text; nothing if any byte is invalid.
+std::optional<std::string> decodeValid(std::string_view bytes, Encoding encoding)
 {
     const auto decoder = decoderOf(characterSet(encoding));
     std::string text;
@@ -224,14 +224,14 @@ bool isValid(std::string_view bytes, Encoding encoding)
 {
     if (encoding == Encoding::Windows1252)
         return true;
-    return encoding == Encoding::Utf8 ? isUtf8(bytes) : allOf(bytes, encoding).has_value();
+    return encoding == Encoding::Utf8 ? isUtf8(bytes) : decodeValid(bytes, encoding).has_value();
 }
 
 ConvertedText toUtf8(std::string_view bytes, Encoding encoding)
 {
-    if (auto text = allOf(bytes, encoding))
+    if (auto text = decodeValid(bytes, encoding))
         return {std::move(*text), false};
-    return {withRawBytes(bytes, encoding, decoderOf(characterSet(encoding))), true};
+    return {decodeEscaping(bytes, encoding, decoderOf(characterSet(encoding))), true};
 }
 
 std::optional<std::string> fromUtf8(std::string_view text, Encoding encoding, RawBytes rawBytes)

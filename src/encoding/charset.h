@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Bytes of a file to UTF-8 and back, one character set at a time. Bytes that mean nothing in their set become
-// characters of the private area, U+F700 to U+F7FF, one for each byte value, and go back as they were.
+// Converts the bytes of a file to UTF-8 and back. Bytes that are invalid in their set become characters of
+// the private use area, U+F700 to U+F7FF, one for each byte value, and are written back unchanged.
 #pragma once
 
 #include "encoding/character_sets.h"
@@ -14,21 +14,21 @@ namespace kevra {
 
 struct ConvertedText {
     std::string text; ///< UTF-8
-    bool rawBytes = false; ///< some bytes mean nothing in the set; U+F700 to U+F7FF stand for them
+    bool rawBytes = false; ///< some bytes were invalid and became U+F700 to U+F7FF
 };
 
 enum class RawBytes { None, Escaped };
 
 /// The byte-order mark of an encoding; empty for those that are not Unicode.
 [[nodiscard]] std::string_view markOf(Encoding encoding);
-/// Whether every byte means a character in this set, and the system knows the set.
+/// Whether all bytes are valid in this set and the system supports the set.
 [[nodiscard]] bool isValid(std::string_view bytes, Encoding encoding);
-/// `bytes` are without mark.
+/// `bytes` come without byte-order mark.
 [[nodiscard]] ConvertedText toUtf8(std::string_view bytes, Encoding encoding);
-/// Nothing when the set cannot hold the text so that it reads back the same. No mark is added.
+/// Nothing if the set cannot represent the text exactly. No byte-order mark is added.
 [[nodiscard]] std::optional<std::string> fromUtf8(
     std::string_view text, Encoding encoding, RawBytes rawBytes = RawBytes::None);
-/// The first character of `text` that the set cannot hold; empty when it holds them all.
+/// The first character of `text` that the set cannot represent; empty if it can represent all of them.
 [[nodiscard]] std::string_view firstMisfit(std::string_view text, Encoding encoding, RawBytes rawBytes);
 
 } // namespace kevra

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is asked of the system's library for character sets. A system with another library implements this
-// header in a file of its own, beside converter_iconv.cpp.
+// The port to the system's library for character sets. Each library is used in a file of its own that
+// implements this header, such as converter_iconv.cpp.
 #pragma once
 
 #include <cstddef>
@@ -14,12 +14,13 @@ class Converter {
 public:
     virtual ~Converter() = default;
 
-    /// From one set to another, by the names of character_sets.cpp and "UTF-8"; null where the system does
-    /// not have it. Not to be used by two threads at a time.
+    /// A converter between two sets, named as in character_sets.cpp or "UTF-8"; null if the system does not
+    /// support it. Not thread-safe.
     [[nodiscard]] static std::unique_ptr<Converter> between(const std::string &from, const std::string &to);
 
-    /// Appends to `out` what `in` becomes, as far as the first place that has no counterpart or is cut off,
-    /// and returns how many bytes of `in` that was. Every call starts and ends in the initial state.
+    /// Converts `in` up to the first character that is invalid, incomplete or not in the target set, appends
+    /// the result to `out` and returns the number of bytes converted. Every call starts and ends in the
+    /// initial state.
     [[nodiscard]] virtual std::size_t convert(std::string_view in, std::string &out) = 0;
 };
 

@@ -21,15 +21,15 @@ struct Closer {
 };
 using Descriptor = std::unique_ptr<void, Closer>;
 
-/// Null when the system does not have it.
+/// Null if the system does not support the conversion.
 Descriptor openDescriptor(const std::string &from, const std::string &to)
 {
     const auto descriptor = iconv_open(to.c_str(), from.c_str());
     return Descriptor(descriptor == reinterpret_cast<iconv_t>(-1) ? nullptr : descriptor);
 }
 
-/// A set that could be read must still be there when the text is saved, whatever has become of the system's
-/// files and of the number that may be open.
+/// A set that could be read must still be available when the text is saved, even if the system's files have
+/// gone or no more files can be opened.
 void keepLoaded(const std::string &from, const std::string &to)
 {
     static std::mutex mutex;
@@ -48,7 +48,7 @@ public:
 
     std::size_t convert(std::string_view in, std::string &out) override
     {
-        auto *next = const_cast<char *>(in.data()); // the interface is older than const
+        auto *next = const_cast<char *>(in.data()); // iconv() does not write to it
         std::size_t left = in.size();
         while (left > 0 && step(&next, &left, out))
             ;
@@ -58,7 +58,7 @@ public:
     }
 
 private:
-    /// Appends one block; true when there is more to do.
+    /// Converts one block; true if there is more to do.
     bool step(char **in, std::size_t *left, std::string &out)
     {
         const auto room = std::clamp(left ? *left * 2 : 0, smallestBlock, largestBlock);

@@ -22,22 +22,22 @@ bool isBlank(char c)
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';
 }
 
-std::string_view withoutBlanks(std::string_view text)
+std::string_view withoutLeadingBlanks(std::string_view text)
 {
     const auto it = std::ranges::find_if_not(text, isBlank);
     return text.substr(static_cast<std::size_t>(it - text.begin()));
 }
 
-/// The value after `name` and an equals sign, quotes left out.
+/// The value after `name` and an equals sign, without quotes.
 std::optional<std::string_view> attribute(std::string_view tag, std::string_view name)
 {
     for (; !tag.empty(); tag.remove_prefix(1)) {
         if (!startsWithIgnoringCase(tag, name))
             continue;
-        auto rest = withoutBlanks(tag.substr(name.size()));
+        auto rest = withoutLeadingBlanks(tag.substr(name.size()));
         if (rest.empty() || rest[0] != '=')
             continue;
-        rest = withoutBlanks(rest.substr(1));
+        rest = withoutLeadingBlanks(rest.substr(1));
         rest.remove_prefix(std::min(rest.find_first_not_of("\"'"), rest.size()));
         const auto it = std::ranges::find_if(rest, [](char c) {
             return isBlank(c) || std::string_view("\"';/>%,").find(c) != std::string_view::npos;
@@ -56,8 +56,8 @@ std::optional<Encoding> encodingOfNumber(std::string_view digits)
     return encodingOfCodePage(number);
 }
 
-/// A declaration that can be read at all is in a set with ASCII.
-std::optional<Encoding> readAs(Encoding named)
+/// A declaration that could be read is in ASCII, so the text cannot be UTF-16 or UTF-32.
+std::optional<Encoding> setToReadWith(Encoding named)
 {
     switch (named) {
     case Encoding::Utf16Le:
@@ -73,7 +73,7 @@ std::optional<Encoding> readAs(Encoding named)
     }
 }
 
-/// Up to and with `end`, or all of it.
+/// The length of `text` up to and including `end`; all of it without `end`.
 std::size_t lengthThrough(std::string_view text, std::string_view end)
 {
     const auto at = text.find(end);
@@ -102,7 +102,7 @@ public:
 private:
     void add(std::string_view label, std::optional<Encoding> named, bool codePage)
     {
-        const auto read = named ? readAs(*named) : std::nullopt;
+        const auto read = named ? setToReadWith(*named) : std::nullopt;
         if (!read)
             return;
         const auto start = label.data() - m_text.data();
@@ -113,7 +113,7 @@ private:
     std::vector<Declaration> m_found;
 };
 
-void addOfPage(std::string_view page, Declarations &found)
+void addFromPage(std::string_view page, Declarations &found)
 {
     while (!page.empty()) {
         page.remove_prefix(std::min(page.find('<'), page.size()));
@@ -132,14 +132,14 @@ void addOfPage(std::string_view page, Declarations &found)
     }
 }
 
-void addOfXml(std::string_view text, Declarations &found)
+void addFromXml(std::string_view text, Declarations &found)
 {
     if (text.starts_with("<?xml"))
         found.addName(attribute(text.substr(0, lengthThrough(text, "?>")), "encoding"));
 }
 
-/// To a browser it is one only in these very letters.
-void addOfStyleSheet(std::string_view text, Declarations &found)
+/// Browsers accept it only in exactly this spelling.
+void addFromStyleSheet(std::string_view text, Declarations &found)
 {
     constexpr std::string_view start = "@charset \"";
     if (!text.starts_with(start))
@@ -156,10 +156,10 @@ std::vector<Declaration> declarations(std::string_view text, TextKind kind)
     text = text.substr(0, searchedBytes);
     Declarations found(text);
     if (kind == TextKind::Page)
-        addOfPage(text, found);
+        addFromPage(text, found);
     if (kind == TextKind::Plain)
-        addOfStyleSheet(text, found);
-    addOfXml(text, found);
+        addFromStyleSheet(text, found);
+    addFromXml(text, found);
     return found.take();
 }
 

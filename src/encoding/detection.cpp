@@ -26,7 +26,7 @@ Detected detect(std::string_view bytes, TextKind kind)
         return {*declared, false, declared, false};
     if (!isAscii(bytes) && isUtf8(bytes))
         return {Encoding::Utf8, false, declared, false};
-    if (const auto guess = sureGuess(bytes))
+    if (const auto guess = reliableGuess(bytes))
         return {*guess, false, declared, true};
     return {Encoding::Windows1252, false, declared, false};
 }

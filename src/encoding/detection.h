@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which character set the bytes of a file are in: by their mark, by what they declare, as UTF-8, by a guess,
-// else Windows-1252.
+// Detects the character set of a file, in this order: byte-order mark, declaration, valid UTF-8, a reliable
+// guess, else Windows-1252.
 #pragma once
 
 #include "encoding/text_format.h"

@@ -18,7 +18,7 @@ std::vector<std::string_view> contents(const std::vector<Line> &lines)
     return all;
 }
 
-/// The character in a unit of two or four bytes, when it is one of ASCII; else 0.
+/// The ASCII character in a unit of two or four bytes; 0 for any other character.
 char asciiUnit(std::string_view unit, bool bigEndian)
 {
     const auto significant = bigEndian ? unit.size() - 1 : 0;
@@ -62,7 +62,7 @@ Shift shiftAfter(std::string_view bytes, Shift before, Encoding encoding)
     return characterSet(encoding).form == Form::Shifting ? shiftAfter(bytes, before) : before;
 }
 
-/// In a set with escape sequences: the shift every line starts in.
+/// For a set with escape sequences: the shift in which every line starts.
 std::vector<Shift> shiftsOf(const std::vector<Line> &lines, Encoding encoding)
 {
     std::vector<Shift> shifts(lines.size(), Shift::Ascii);
@@ -77,7 +77,7 @@ EditedLines::EditedLines(std::string_view text, std::string_view before, LineEnd
 {
     const auto old = splitLines(before);
     const auto now = splitLines(text);
-    const auto usual = ends == LineEnds::Mixed ? commonestEnd(old) : endText(ends);
+    const auto usual = ends == LineEnds::Mixed ? mostCommonEnd(old) : endText(ends);
     const auto origins = matchLines(contents(old), contents(now));
     m_linesBefore = old.size();
     m_lines.reserve(now.size());
@@ -89,7 +89,7 @@ EditedLines::EditedLines(std::string_view text, std::string_view before, LineEnd
             if (old[*origin].content == line.content)
                 line.kept = origin;
         }
-        // An LF right after a CR would make one line end of two.
+        // A CR followed by an LF would merge two line ends into one.
         if (line.end == "\n" && line.content.empty() && !m_lines.empty() && m_lines.back().end == "\r")
             line.end = "\r\n";
         m_lines.push_back(line);
@@ -111,7 +111,7 @@ std::optional<std::string> EditedLines::bytes(
     if (old.size() != m_linesBefore)
         return std::nullopt;
     const auto shifts = shiftsOf(old, encoding);
-    // Line ends are the same few thousands of times.
+    // Converted once: thousands of lines have the same few line ends.
     std::unordered_map<std::string_view, std::string> ends;
     const auto endBytes = [&](std::string_view end) -> const std::string & {
         const auto [it, isNew] = ends.try_emplace(end);
@@ -138,7 +138,7 @@ std::optional<std::string> EditedLines::bytes(
                 return std::nullopt;
             shiftTo(Shift::Ascii);
             out += *content;
-            // So that the line after this one can stay as it is.
+            // The next line keeps its bytes, which depend on the shift in which it starts.
             if (i + 1 < m_lines.size() && m_lines[i + 1].kept)
                 shiftTo(shifts[*m_lines[i + 1].kept]);
         }

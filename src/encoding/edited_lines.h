@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An edited text against the file it was read from: which lines are still the file's, and with which ends.
+// Compares an edited text with its file: which lines are unchanged, and which line end each line gets.
 #pragma once
 
 #include "encoding/charset.h"
@@ -14,14 +14,14 @@ namespace kevra {
 
 class EditedLines {
 public:
-    /// `before` is the file's text with its own line ends. With Mixed every line keeps its end, and a new one
-    /// gets the end of the line whose place it took, else the one most lines have; any other `ends` are given
-    /// to all lines. Both texts have to outlive this.
+    /// `before` is the file's text with its own line ends. With LineEnds::Mixed every line keeps its end; a
+    /// new line gets the end of the line it replaces, else the most common one. Any other `ends` applies to
+    /// all lines. Both texts must outlive this object.
     EditedLines(std::string_view text, std::string_view before, LineEnds ends);
 
     [[nodiscard]] std::string text() const;
-    /// In the encoding of the file, whose bytes without mark are `original`: lines that were not edited keep
-    /// theirs. Nothing when the encoding cannot hold the text.
+    /// The text in the encoding of the file. Unedited lines keep their bytes from `original`, the file
+    /// without its byte-order mark. Nothing if the encoding cannot represent the text.
     [[nodiscard]] std::optional<std::string> bytes(
         std::string_view original, Encoding encoding, RawBytes rawBytes) const;
 
@@ -29,7 +29,7 @@ private:
     struct EditedLine {
         std::string_view content;
         std::string_view end;
-        std::optional<std::size_t> kept; ///< the line of the file that it still is
+        std::optional<std::size_t> kept; ///< the line of the file that it is unchanged from
     };
 
     std::vector<EditedLine> m_lines;

@@ -25,7 +25,7 @@ std::optional<std::string> bytesIn(std::string_view text, const TextFormat &form
     return bytes;
 }
 
-/// Whether the file will be read as the text it was written from.
+/// Whether the file will be read in the encoding it is written in.
 bool readsBack(std::string_view bytes, const TextFormat &format, TextKind kind)
 {
     const auto detected = detect(bytes, kind);
@@ -33,13 +33,13 @@ bool readsBack(std::string_view bytes, const TextFormat &format, TextKind kind)
         || (!detected.mark && isAscii(bytes) && characterSet(detected.encoding).form != Form::Shifting);
 }
 
-/// What a text becomes that its own format cannot hold.
-EncodedFile converted(std::string_view text, const TextFormat &format, TextKind kind)
+/// Encodes a text that its own format cannot represent.
+EncodedFile encodeWider(std::string_view text, const TextFormat &format, TextKind kind)
 {
     auto next = widerFormat(format, kind);
     auto bytes = bytesIn(text, next);
     if (!bytes) {
-        // Not even UTF-8: the bytes go out as they are in memory.
+        // Not valid UTF-8 either: the bytes are written as they are in memory.
         next.encoding = Encoding::Utf8;
         next.mark = false;
         return {std::string(text), next};
@@ -51,7 +51,7 @@ EncodedFile converted(std::string_view text, const TextFormat &format, TextKind 
     return {std::move(*bytes), next};
 }
 
-/// The format the text is to be written in; a declaration that was changed since it was read counts.
+/// The format to write the text in. A declaration that was changed since reading is followed.
 TextFormat targetFormat(
     std::string_view text, const TextFormat &format, TextKind kind, const std::optional<TextFormat> &wanted)
 {
@@ -69,8 +69,8 @@ TextFormat targetFormat(
     return target;
 }
 
-/// In a set in which every character has one form, and no line stands for itself, the text tells the bytes.
-bool textTellsBytes(const TextFormat &format, const TextFormat &target)
+/// Whether the text alone determines the bytes: each character has one encoded form, and all lines end alike.
+bool textDeterminesBytes(const TextFormat &format, const TextFormat &target)
 {
     const auto form = characterSet(target.encoding).form;
     const bool oneForm = form == Form::SingleByte || form == Form::Utf8 || form == Form::Wide;
@@ -99,7 +99,7 @@ TextFormat widerFormat(const TextFormat &format, TextKind kind)
 {
     auto next = format;
     next.encoding = kind == TextKind::Script ? Encoding::Utf16Le : Encoding::Utf8;
-    // A page that names another set needs the mark, which goes before what a page says, here and in browsers.
+    // A page that declares another set needs the mark, which overrides the declaration, here and in browsers.
     next.mark = kind == TextKind::Script || (next.declared && next.declared != Encoding::Utf8);
     next.guessed = false;
     next.named = false;
@@ -116,7 +116,7 @@ EncodedFile encodeFile(std::string_view text, const TextFormat &format, std::str
     auto target = targetFormat(text, format, kind, wanted);
     std::string lines;
     std::optional<std::string> bytes;
-    if (original.empty() || textTellsBytes(format, target)) {
+    if (original.empty() || textDeterminesBytes(format, target)) {
         lines = fromCrLf(text, target.lineEnds);
     } else {
         const OriginalText before(original, format);
@@ -126,16 +126,16 @@ EncodedFile encodeFile(std::string_view text, const TextFormat &format, std::str
     }
     if (!bytes)
         bytes = bytesIn(lines, target);
-    // Beside a byte that means nothing, what was typed may have become part of another character.
+    // Next to an invalid byte, typed text may have become part of another character.
     if (bytes && target.rawBytes && OriginalText(*bytes, target).view() != lines)
         bytes.reset();
     if (target.lineEnds == LineEnds::Mixed || target.lineEnds == LineEnds::None)
         target.lineEnds = lineEndsOf(lines);
-    // As long as no byte of the file fixes its encoding, it must be one that reads back as the same text.
-    const bool open = !target.named && (target.declared != format.declared || isAscii(original));
-    if (bytes && (!open || readsBack(*bytes, target, kind)))
+    // Unless the user or the file has fixed the encoding, detection must give the same one again.
+    const bool mustReadBack = !target.named && (target.declared != format.declared || isAscii(original));
+    if (bytes && (!mustReadBack || readsBack(*bytes, target, kind)))
         return {std::move(*bytes), target};
-    return converted(lines, target, kind);
+    return encodeWider(lines, target, kind);
 }
 
 } // namespace kevra

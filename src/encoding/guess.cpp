@@ -18,13 +18,13 @@ constexpr std::size_t window = 64 * 1024;
 constexpr std::size_t context = 256; ///< bytes before the first that is not ASCII
 constexpr std::string_view japaneseEscape = "\x1B$";
 
-constexpr int fewestLetters = 20;
-constexpr int fewestMisfits = 5; ///< of Windows-1252, for another set of Latin letters
+constexpr int minLetters = 20;
+constexpr int minSignsInWords = 5; ///< read as Windows-1252, before another set of Latin letters is guessed
 
 struct CodeRange {
     char32_t first;
     char32_t last;
-    char32_t firstSmall = 0; ///< where the small letters begin; 0 in a script without capitals
+    char32_t firstLower = 0; ///< the first lower-case letter; 0 in a script without case
 };
 
 constexpr CodeRange cyrillic[] = {{0x400, 0x45F, 0x430}, {0x490, 0x491}};
@@ -36,10 +36,11 @@ constexpr CodeRange eastAsian[]
     = {{0x3001, 0x30FF}, {0x3131, 0x318E}, {0x4E00, 0x9FFF}, {0xAC00, 0xD7A3}, {0xFF01, 0xFF9F}};
 constexpr CodeRange latin[] = {{0xC0, 0x24F}, {0x300, 0x36F}};
 
-/// Sets so alike that the library does not tell them apart. The first is taken unless the other one makes
-/// more letters of the bytes.
-constexpr std::array<std::pair<Encoding, Encoding>, 3> alike{{{Encoding::Windows1253, Encoding::Iso8859_7},
-    {Encoding::Windows1255, Encoding::Iso8859_8}, {Encoding::Koi8R, Encoding::Koi8U}}};
+/// Sets so similar that the library confuses them. The first is used unless the second one gives more
+/// letters.
+constexpr std::array<std::pair<Encoding, Encoding>, 3> similarSets{
+    {{Encoding::Windows1253, Encoding::Iso8859_7}, {Encoding::Windows1255, Encoding::Iso8859_8},
+        {Encoding::Koi8R, Encoding::Koi8U}}};
 
 std::span<const CodeRange> lettersOf(ScriptGroup group)
 {
@@ -79,7 +80,7 @@ constexpr bool isAsciiLetter(char32_t c)
     return (c | 0x20) >= 'a' && (c | 0x20) <= 'z';
 }
 
-/// Quotation marks, dashes, currency and other signs that stand in texts of every language.
+/// Quotation marks, dashes, currency and other signs that occur in every language.
 constexpr bool isCommonSign(char32_t c)
 {
     return (c >= 0xA0 && c < 0xC0) || (c >= 0x2010 && c < 0x2500);
@@ -113,28 +114,28 @@ bool isMostlyOwnLetters(const std::vector<char32_t> &text, ScriptGroup group)
     const auto own = ownLetters(text, group);
     const auto foreign = std::ranges::count_if(
         text, [&](char32_t c) { return c >= 0x80 && !isCommonSign(c) && !rangeOf(c, group); });
-    return own >= fewestLetters && foreign * 100 <= own;
+    return own >= minLetters && foreign * 100 <= own;
 }
 
-/// In the wrong set capitals and small letters are mixed up: a capital comes after a small letter.
+/// In the wrong set the case of letters is mixed up: capitals follow lower-case letters.
 bool hasSensibleCase(const std::vector<char32_t> &text, ScriptGroup group)
 {
     int pairs = 0;
     int reversed = 0;
     const CodeRange *last = nullptr;
-    bool lastIsSmall = false;
+    bool lastIsLower = false;
     for (const auto c : text) {
         const auto *range = rangeOf(c, group);
-        const bool small = range && c >= range->firstSmall;
+        const bool lower = range && c >= range->firstLower;
         pairs += range && last;
-        reversed += range && last && range->firstSmall != 0 && lastIsSmall && !small;
+        reversed += range && last && range->firstLower != 0 && lastIsLower && !lower;
         last = range;
-        lastIsSmall = small;
+        lastIsLower = lower;
     }
     return reversed * 20 <= pairs;
 }
 
-/// Western words have single letters beyond ASCII, seldom three in a row.
+/// Western words have single letters beyond ASCII, rarely three in a row.
 bool hasRunsOfHighBytes(std::string_view bytes)
 {
     std::size_t high = 0;
@@ -149,7 +150,7 @@ bool hasRunsOfHighBytes(std::string_view bytes)
     return inRuns * 2 >= high;
 }
 
-/// Signs between two letters, where a word has none.
+/// The number of signs between two letters, where words have none.
 int signsInWords(const std::vector<char32_t> &text)
 {
     constexpr char32_t apostrophe = 0x2019;
@@ -172,13 +173,13 @@ bool isUnlikelyWestern(std::string_view bytes, const std::vector<char32_t> &gues
     if (lettersOf(set.group).data() != latin)
         return hasRunsOfHighBytes(bytes);
     const int western = signsInWords(charactersOf(toUtf8(bytes, Encoding::Windows1252).text));
-    return western >= fewestMisfits && signsInWords(guessed) * 10 <= western;
+    return western >= minSignsInWords && signsInWords(guessed) * 10 <= western;
 }
 
 std::optional<Encoding> libraryGuess(std::string_view bytes)
 {
     const auto name = likelyCharset(bytes);
-    // The one name it has that the Encoding Standard does not know.
+    // The only name of the library that is not a label of the Encoding Standard.
     return name == "UHC" ? Encoding::EucKr : encodingNamed(name);
 }
 
@@ -192,12 +193,12 @@ Reading readingIn(Encoding encoding, std::string_view bytes)
     return {encoding, charactersOf(toUtf8(bytes, encoding).text)};
 }
 
-/// In the guessed set, or one that is almost the same.
+/// Reads the bytes in the guessed set or the one similar to it, whichever fits better.
 Reading bestReading(Encoding guess, std::string_view bytes)
 {
     const auto pair = std::ranges::find_if(
-        alike, [&](const auto &sets) { return sets.first == guess || sets.second == guess; });
-    if (pair == alike.end())
+        similarSets, [&](const auto &sets) { return sets.first == guess || sets.second == guess; });
+    if (pair == similarSets.end())
         return readingIn(guess, bytes);
     const auto group = characterSet(guess).group;
     auto first = readingIn(pair->first, bytes);
@@ -205,8 +206,8 @@ Reading bestReading(Encoding guess, std::string_view bytes)
     return ownLetters(second.text, group) > ownLetters(first.text, group) ? second : first;
 }
 
-/// From a little before the first byte that tells anything; whole lines, so that no character is cut.
-std::string_view tellingPart(std::string_view bytes)
+/// From shortly before the first byte beyond ASCII; whole lines, so that no character is cut.
+std::string_view significantPart(std::string_view bytes)
 {
     auto first = std::min(asciiRun(bytes), bytes.find(japaneseEscape));
     first = bytes.rfind('\n', first - std::min(first, context));
@@ -219,11 +220,11 @@ std::string_view tellingPart(std::string_view bytes)
 
 } // namespace
 
-std::optional<Encoding> sureGuess(std::string_view bytes)
+std::optional<Encoding> reliableGuess(std::string_view bytes)
 {
     if (isAscii(bytes) && bytes.find(japaneseEscape) == std::string_view::npos)
         return std::nullopt;
-    const auto part = tellingPart(bytes);
+    const auto part = significantPart(bytes);
     const auto guess = libraryGuess(part);
     if (!guess || isUnicode(*guess))
         return std::nullopt;

@@ -9,9 +9,10 @@
 
 namespace kevra {
 
-/// The library's guess from the first 64 KB with other bytes than ASCII, when it is sure: the bytes make no
-/// sense as Western text, nearly all of their characters are letters of the guessed set's own script, and the
-/// whole of `bytes` becomes the same bytes again. Nothing otherwise, and for Western sets.
-[[nodiscard]] std::optional<Encoding> sureGuess(std::string_view bytes);
+/// The library's guess from the first 64 KB around bytes beyond ASCII, if it is reliable: the bytes are
+/// implausible as Western text, nearly all characters beyond ASCII are letters of the guessed set's script,
+/// and all of `bytes` can be decoded and encoded again without a change. Nothing otherwise, and for Western
+/// sets.
+[[nodiscard]] std::optional<Encoding> reliableGuess(std::string_view bytes);
 
 } // namespace kevra

@@ -108,7 +108,7 @@ std::size_t Iso2022JpDecoder::appendCharacter(std::string_view in, std::string &
         appendUtf8(out, first == '~' ? overline : yen);
         return 1;
     }
-    // Line ends and blanks stand for themselves in every set.
+    // Line ends and blanks are the same in every set.
     if (m_shift == Shift::Ascii || m_shift == Shift::Roman || !isGraphic(first)) {
         out += first;
         return 1;

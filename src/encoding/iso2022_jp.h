@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// ISO-2022-JP: the Japanese sets of EUC-JP in seven bits, with escape sequences between them. The library's
-// own form lacks half of what browsers read.
+// ISO-2022-JP: the Japanese sets of EUC-JP in seven bits, switched by escape sequences. The library's own
+// ISO-2022-JP lacks half of what browsers read.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,7 @@ namespace kevra {
 
 class Converter;
 
-/// Which of its sets the bytes are in.
+/// The set that is in use.
 enum class Shift { Ascii, Roman, Katakana, TwoBytes };
 
 class Iso2022JpDecoder {
@@ -20,18 +20,18 @@ public:
     Iso2022JpDecoder();
     ~Iso2022JpDecoder();
 
-    /// As Converter::convert(), but that the next call goes on in the set this one ended in.
+    /// Like Converter::convert(), but each call continues in the set in which the last one ended.
     [[nodiscard]] std::size_t convert(std::string_view in, std::string &out);
 
 private:
-    /// Appends the character at the start of `in`; its bytes, or 0.
+    /// Appends the character at the start of `in`; returns its length in bytes, or 0 if it is invalid.
     std::size_t appendCharacter(std::string_view in, std::string &out);
 
     std::unique_ptr<Converter> m_library;
     Shift m_shift = Shift::Ascii;
 };
 
-/// Starts and ends in ASCII. Nothing when a character is not in the set.
+/// Starts and ends in ASCII. Nothing if a character is not in the set.
 [[nodiscard]] std::optional<std::string> toIso2022Jp(std::string_view text);
 
 /// The set in use after `bytes`, where `before` was in use at their start.

@@ -51,7 +51,7 @@ constexpr std::array replaced{
     Replaced{Encoding::Big5, 0x00A3, 0xFFE1},
 };
 
-/// `text` with `replacement` of each character beyond ASCII.
+/// `text` with each character beyond ASCII replaced by `replacement(character)`.
 template <typename Replacement> std::string mapped(std::string_view text, const Replacement &replacement)
 {
     std::string out;
@@ -67,8 +67,8 @@ template <typename Replacement> std::string mapped(std::string_view text, const 
     return out;
 }
 
-/// Each character that `from` names in a row of the set becomes the one of `to`; one that `to` names, and
-/// that the other side does not have, takes its place, so that nothing becomes the same.
+/// Replaces each character in column `from` of the rows of the set with the one in column `to`. A character
+/// that is only in column `to` becomes the one in `from`, so that different characters stay different.
 std::string exchanged(std::string text, Encoding encoding, char32_t Replaced::*from, char32_t Replaced::*to)
 {
     if (std::ranges::find(replaced, encoding, &Replaced::encoding) == replaced.end() || isAscii(text))
@@ -85,12 +85,12 @@ std::string exchanged(std::string text, Encoding encoding, char32_t Replaced::*f
     });
 }
 
-/// Rows 89 to 92 of the Japanese set, from which the library of EUC-JP makes private characters.
+/// Rows 89 to 92 of the Japanese set, which the library decodes to private use characters in EUC-JP.
 constexpr char32_t firstPrivate = 0xE178;
 constexpr std::size_t extraCharacters = 4 * 94;
-constexpr char32_t notSign = 0xFFE2; ///< among them, and at the place where it is written
+constexpr char32_t notSign = 0xFFE2; ///< in these rows, but written at its other place in the set
 
-/// As Shift_JIS has them, where the library knows them.
+/// The characters of these rows, from the library's Shift_JIS.
 std::array<char16_t, extraCharacters> extraRows()
 {
     constexpr std::size_t columns = 188;
@@ -99,7 +99,7 @@ std::array<char16_t, extraCharacters> extraRows()
     for (std::size_t i = 0; library && i < all.size(); ++i) {
         const auto column = i % columns;
         const std::string bytes{static_cast<char>(0xED + i / columns),
-            static_cast<char>(0x40 + column + (column >= 0x3F ? 1 : 0))}; // 0x7F is left out
+            static_cast<char>(0x40 + column + (column >= 0x3F ? 1 : 0))}; // 0x7F is not used
         std::string character;
         if (library->convert(bytes, character) == bytes.size())
             all[i] = static_cast<char16_t>(firstCharacter(character).value);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The few characters for which the library's tables are not those of the WHATWG Encoding Standard.
+// The few characters for which the library's tables differ from the WHATWG Encoding Standard.
 #pragma once
 
 #include "encoding/character_sets.h"
@@ -9,7 +9,7 @@
 
 namespace kevra {
 
-/// A character that the library does not know in a set.
+/// A character that the library lacks in a set.
 struct UnknownCharacter {
     Encoding encoding;
     std::string_view bytes;
@@ -19,11 +19,11 @@ struct UnknownCharacter {
 /// The one that `bytes` start with; null for none.
 [[nodiscard]] const UnknownCharacter *unknownCharacterAt(Encoding encoding, std::string_view bytes);
 
-/// The one that `text`, in which `form` says how each is written, starts with; null for none.
+/// The one that `text` starts with, where `form` gives the UTF-8 of each; null for none.
 [[nodiscard]] const UnknownCharacter *unknownCharacterFor(
     Encoding encoding, std::string_view text, std::string (*form)(const UnknownCharacter &));
 
-/// `text` with the characters the library gives for the set, with those of the standard, and back.
+/// Replaces the library's characters with those of the standard, and the reverse.
 [[nodiscard]] std::string withStandardCharacters(std::string text, Encoding encoding);
 [[nodiscard]] std::string withLibraryCharacters(std::string text, Encoding encoding);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is asked of a library that recognises character sets by how often their bytes occur. A system without
-// it answers nothing.
+// The port to a library that recognises character sets by the frequency of bytes. A system without one gives
+// no answer.
 #pragma once
 
 #include <string>

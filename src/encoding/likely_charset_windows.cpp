@@ -3,7 +3,7 @@
 
 namespace kevra {
 
-// Windows has no such library: what declares nothing and is not UTF-8 is read as Windows-1252.
+// Windows has no such library: a text that declares no set and is not UTF-8 is read as Windows-1252.
 std::string likelyCharset(std::string_view)
 {
     return {};

@@ -14,8 +14,8 @@ constexpr std::array lineEndTexts{crLf, std::string_view("\n"), std::string_view
 
 struct EndKinds {
     bool crLf = false;
-    bool lf = false; ///< alone somewhere
-    bool cr = false; ///< alone somewhere
+    bool lf = false; ///< somewhere without a CR before it
+    bool cr = false; ///< somewhere without an LF after it
 };
 
 EndKinds endKindsOf(std::string_view text)
@@ -115,7 +115,7 @@ std::string fromCrLf(std::string_view text, LineEnds ends)
     return endText(ends) == crLf ? std::string(text) : replaceEach(text, crLf, endText(ends));
 }
 
-std::string_view commonestEnd(const std::vector<Line> &lines)
+std::string_view mostCommonEnd(const std::vector<Line> &lines)
 {
     const auto number = [&](std::string_view end) { return std::ranges::count(lines, end, &Line::end); };
     return std::ranges::max(lineEndTexts, {}, number);

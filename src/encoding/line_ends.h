@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Line ends of files against the CRLF of a text in memory.
+// Converts the line ends of a file to the CRLF of a text in memory, and back.
 #pragma once
 
 #include "encoding/text_format.h"
@@ -22,10 +22,10 @@ struct Line {
 [[nodiscard]] LineEnds lineEndsOf(std::string_view text);
 /// `text`, whose line ends are `ends`, with CRLF everywhere.
 [[nodiscard]] std::string toCrLf(std::string_view text, LineEnds ends);
-/// `text` with every line end as `ends` says; CRLF for those that say nothing.
+/// `text` with every line end converted to `ends`; to CRLF for None and Mixed.
 [[nodiscard]] std::string fromCrLf(std::string_view text, LineEnds ends);
 [[nodiscard]] std::string_view endText(LineEnds ends);
-/// The end that most lines have; CRLF when there is none.
-[[nodiscard]] std::string_view commonestEnd(const std::vector<Line> &lines);
+/// The most common line end; CRLF if there is none.
+[[nodiscard]] std::string_view mostCommonEnd(const std::vector<Line> &lines);
 
 } // namespace kevra

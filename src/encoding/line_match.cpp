@@ -28,7 +28,7 @@ Offset changedInPlace(const Lines &before, const Lines &after)
     return changed;
 }
 
-Offset linesTakenOut(const std::vector<Hunk> &hunks)
+Offset removedLines(const std::vector<Hunk> &hunks)
 {
     Offset lines = 0;
     for (const auto &hunk : hunks)
@@ -36,8 +36,8 @@ Offset linesTakenOut(const std::vector<Hunk> &hunks)
     return lines;
 }
 
-/// Each new line in the place of the old one at the same distance from the start.
-void takePlaces(Origins &origins, Offset before, Offset after, Offset count)
+/// Maps `count` lines starting at `after` to as many lines starting at `before`.
+void mapLines(Origins &origins, Offset before, Offset after, Offset count)
 {
     for (Offset i = 0; i < count; ++i)
         origins[static_cast<std::size_t>(after + i)] = static_cast<std::size_t>(before + i);
@@ -49,20 +49,20 @@ Origins matchLines(const Lines &before, const Lines &after)
 {
     const auto hunks = differences(joined(before), joined(after));
     Origins origins(after.size());
-    // With as many lines as before, lines changed in their places explain the same better.
-    if (before.size() == after.size() && changedInPlace(before, after) <= linesTakenOut(hunks)) {
-        takePlaces(origins, 0, 0, std::ssize(after));
+    // If the number of lines is unchanged, lines changed in place are the likelier explanation.
+    if (before.size() == after.size() && changedInPlace(before, after) <= removedLines(hunks)) {
+        mapLines(origins, 0, 0, std::ssize(after));
         return origins;
     }
     Offset old = 0;
     Offset now = 0;
     for (const auto &hunk : hunks) {
-        takePlaces(origins, old, now, hunk.afterStart - now);
-        takePlaces(origins, hunk.beforeStart, hunk.afterStart, std::min(hunk.beforeCount, hunk.afterCount));
+        mapLines(origins, old, now, hunk.afterStart - now);
+        mapLines(origins, hunk.beforeStart, hunk.afterStart, std::min(hunk.beforeCount, hunk.afterCount));
         old = hunk.beforeStart + hunk.beforeCount;
         now = hunk.afterStart + hunk.afterCount;
     }
-    takePlaces(origins, old, now, std::ssize(after) - now);
+    mapLines(origins, old, now, std::ssize(after) - now);
     return origins;
 }
 

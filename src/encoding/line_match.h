@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which line of a text before editing each line of the text after editing comes from.
+// Matches the lines of an edited text with the lines before editing.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@
 
 namespace kevra {
 
-/// For each line of `after`: the line of `before` that it is, or whose place it took. Unedited lines keep
-/// theirs.
+/// For each line of `after`: the index of the line of `before` that it equals or replaces; nothing for an
+/// inserted line.
 [[nodiscard]] std::vector<std::optional<std::size_t>> matchLines(
     const std::vector<std::string_view> &before, const std::vector<std::string_view> &after);
 

@@ -10,7 +10,7 @@ namespace kevra {
 
 [[nodiscard]] std::string_view withoutMark(std::string_view bytes, const TextFormat &format);
 
-/// The text of a file with its own line ends; nothing is copied where the bytes are UTF-8 as they stand.
+/// The text of a file with its own line ends; not copied if the bytes already are UTF-8.
 class OriginalText {
 public:
     OriginalText(std::string_view bytes, const TextFormat &format);
@@ -18,7 +18,7 @@ public:
     OriginalText &operator=(const OriginalText &) = delete;
 
     [[nodiscard]] std::string_view view() const { return m_view; }
-    [[nodiscard]] bool isAllOf(std::string_view bytes) const { return m_view.data() == bytes.data(); }
+    [[nodiscard]] bool isViewOf(std::string_view bytes) const { return m_view.data() == bytes.data(); }
     [[nodiscard]] bool hasRawBytes() const { return m_rawBytes; }
 
 private:

@@ -20,7 +20,7 @@ constexpr HighHalf windows1252()
     HighHalf half{};
     for (std::size_t i = 0; i < half.size(); ++i)
         half[i] = static_cast<char16_t>(firstHighByte + i);
-    // The five bytes without a character keep the control character of their number, so that none is lost.
+    // The five bytes without a character map to the control characters of the same number: no byte is lost.
     constexpr std::array<char16_t, 32> low{0x20AC, 0x81, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
         0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D, 0x017D, 0x8F, 0x90, 0x2018, 0x2019, 0x201C, 0x201D,
         0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D, 0x017E, 0x0178};
@@ -77,9 +77,9 @@ const HighHalf &highHalf(Encoding encoding)
     if (encoding == Encoding::Windows1252)
         return western;
     static std::array<HighHalf, numberOfSets> halves;
-    static std::array<std::once_flag, numberOfSets> made;
+    static std::array<std::once_flag, numberOfSets> initialised;
     const auto index = static_cast<std::size_t>(encoding);
-    std::call_once(made[index],
+    std::call_once(initialised[index],
         [&] { halves[index] = encoding == Encoding::UserDefined ? userDefined() : fromLibrary(encoding); });
     return halves[index];
 }

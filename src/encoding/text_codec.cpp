@@ -12,14 +12,14 @@
 namespace kevra {
 namespace {
 
-/// The text is taken from `owned`, where it holds the bytes and they are the text.
+/// If `owned` holds the bytes and they already are the text, they are moved from there.
 DecodedFile decoded(std::string_view bytes, const TextFormat &format, std::string *owned)
 {
     DecodedFile file{{}, format};
     const OriginalText original(bytes, format);
     file.format.lineEnds = lineEndsOf(original.view());
     file.format.rawBytes = original.hasRawBytes();
-    if (owned && file.format.lineEnds == LineEnds::CrLf && original.isAllOf(bytes) && isAscii(bytes))
+    if (owned && file.format.lineEnds == LineEnds::CrLf && original.isViewOf(bytes) && isAscii(bytes))
         file.text = std::exchange(*owned, {});
     else
         file.text = toCrLf(original.view(), file.format.lineEnds);
@@ -63,9 +63,9 @@ DecodedFile decodeFileAs(std::string_view bytes, TextKind kind, Encoding encodin
     return file;
 }
 
-bool isTextAsItStands(std::string_view bytes)
+bool decodesUnchanged(std::string_view bytes)
 {
-    constexpr char escape = '\x1B'; // with which sets in seven bits begin
+    constexpr char escape = '\x1B'; // starts the escape sequences of seven-bit sets
     if (!isAscii(bytes) || bytes.find(escape) != std::string_view::npos)
         return false;
     const auto ends = lineEndsOf(bytes);

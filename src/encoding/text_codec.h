@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files as text and back; which character set counts is for detection.h to say. A text that was not changed
-// gives the bytes it came from, whatever they were; in a changed one every unchanged line keeps its bytes.
+// Decodes files and encodes texts; detection.h decides on the character set. An unchanged text gives exactly
+// the bytes it came from; in a changed text every unchanged line keeps its bytes.
 #pragma once
 
 #include "encoding/text_format.h"
@@ -19,31 +19,31 @@ struct DecodedFile {
 
 struct EncodedFile {
     std::string bytes;
-    TextFormat format; ///< another than was asked for when that could not hold the text
+    TextFormat format; ///< differs from the requested one if that cannot represent the text
 };
 
 [[nodiscard]] DecodedFile decodeFile(std::string_view bytes, TextKind kind);
 
-/// The same; bytes that are plain ASCII with CRLF line breaks become the text, and none are left in `bytes`.
+/// The same, but plain ASCII with CRLF line breaks is moved out of `bytes` instead of copied.
 [[nodiscard]] DecodedFile decodeFrom(std::string &bytes, TextKind kind);
 
-/// In a character set that somebody has named; its mark is left out where there is one.
+/// Decodes in a character set that the user has chosen; a byte-order mark is removed.
 [[nodiscard]] DecodedFile decodeFileAs(std::string_view bytes, TextKind kind, Encoding encoding);
 
-/// Whether the bytes are the text as they stand, whatever the kind: plain ASCII with CRLF line breaks.
-[[nodiscard]] bool isTextAsItStands(std::string_view bytes);
+/// Whether decoding leaves the bytes unchanged for every kind: plain ASCII with CRLF line breaks.
+[[nodiscard]] bool decodesUnchanged(std::string_view bytes);
 
-/// The same for bytes whose format is known.
+/// Decodes bytes whose format is known.
 [[nodiscard]] std::string decodeFile(std::string_view bytes, const TextFormat &format);
 
-/// `text` as the file should hold it. `format` and `original` are those of the file the text was read from
-/// or last written to; a new text has a default format and no original. `wanted` is the format the user has
-/// asked for instead. What the encoding cannot hold is never replaced: a page or plain text becomes UTF-8, a
-/// script UTF-16 with mark.
+/// The file to write for `text`. `format` and `original` belong to the file that the text was read from or
+/// last written to; a new text has a default format and no original. `wanted` is another format that the user
+/// has chosen. Characters that the encoding cannot represent are never replaced: a page or plain text becomes
+/// UTF-8 instead, a script UTF-16 with mark.
 [[nodiscard]] EncodedFile encodeFile(std::string_view text, const TextFormat &format,
     std::string_view original, TextKind kind, const std::optional<TextFormat> &wanted = std::nullopt);
 
-/// What encoding takes besides the text, to be used later or elsewhere than on the document.
+/// The arguments of encodeFile() besides the text, for encoding later or on another thread.
 struct FileForm {
     TextFormat format;
     std::shared_ptr<const std::string> original;
@@ -51,10 +51,10 @@ struct FileForm {
     std::optional<TextFormat> wanted;
 };
 
-/// The format that encoding would write a text in which starts with `head`, as far as it can hold the text: a
-/// declaration that was changed since the file was read counts.
+/// The format in which encodeFile() would write a text that starts with `head`, if it can represent the text.
+/// A declaration that was changed since reading is followed.
 [[nodiscard]] TextFormat formatToWrite(std::string_view head, const FileForm &form);
-/// The format instead of one that cannot hold the text.
+/// The format to use instead of one that cannot represent the text.
 [[nodiscard]] TextFormat widerFormat(const TextFormat &format, TextKind kind);
 
 [[nodiscard]] inline EncodedFile encodeFile(std::string_view text, const FileForm &form)

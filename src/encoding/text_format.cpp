@@ -8,7 +8,7 @@ namespace kevra {
 std::string encodingName(const TextFormat &format)
 {
     std::string name(characterSet(format.encoding).name);
-    // A mark is part of every UTF-16 file; only with UTF-8 it is worth a word.
+    // Every UTF-16 file has a mark; it is worth mentioning only for UTF-8.
     if (format.mark && format.encoding == Encoding::Utf8)
         name += " with mark";
     return format.guessed ? name + ", guessed" : name;

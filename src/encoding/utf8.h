@@ -13,12 +13,12 @@ struct Utf8Character {
     std::size_t length = 0; ///< in bytes; 0: no well-formed character starts here
 };
 
-/// The character at the start of non-empty `bytes`. Overlong forms and surrogates are none.
+/// The character at the start of non-empty `bytes`. Overlong forms and surrogates are invalid.
 [[nodiscard]] Utf8Character firstCharacter(std::string_view bytes);
 void appendUtf8(std::string &out, char32_t character);
-/// How many of the first bytes are plain ASCII.
+/// The number of leading ASCII bytes.
 [[nodiscard]] std::size_t asciiRun(std::string_view bytes);
-/// How many of the first bytes are well-formed UTF-8.
+/// The number of leading bytes that are well-formed UTF-8.
 [[nodiscard]] std::size_t utf8Run(std::string_view bytes);
 
 [[nodiscard]] inline bool isAscii(std::string_view bytes)

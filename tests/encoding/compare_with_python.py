@@ -5,7 +5,7 @@ read by Python again: no character differs, and no byte of a line that was not e
 compare_with_python.py DRIVER [--texts N] [--seed S]
 
 The texts of a set are made of the characters that Python's codec and the system's iconv both know and give the
-same bytes; how many the two differ in is printed beside.
+same bytes; the number of characters in which the two differ is printed too.
 """
 import argparse
 import random
@@ -13,7 +13,7 @@ import re
 import subprocess
 import sys
 
-# Label, the codec in Python, iconv's name for it, for a second opinion on what is in the set.
+# Label, Python's codec, and iconv's name: a second opinion on which characters are in the set.
 SETS = [row.split() for row in """
 ibm866 cp866 IBM866
 iso-8859-2 iso8859_2 ISO-8859-2
@@ -97,7 +97,7 @@ class Codec:
 
 
 def iconv(name, texts):
-    """What iconv makes of each text, one a line."""
+    """What iconv makes of each text, one per line."""
     done = subprocess.run(["iconv", "-c", "-f", "UTF-8", "-t", name], input="\n".join(texts).encode(),
                           stdout=subprocess.PIPE)
     return done.stdout

@@ -12,7 +12,7 @@ using namespace std::string_literals;
 namespace kevra {
 namespace {
 
-/// A file as text and back, the way a document goes.
+/// Decodes a file, replaces `from` with `to` once, and encodes the text again.
 std::string saved(
     const std::string &bytes, TextKind kind, const std::string &from = {}, const std::string &to = {})
 {
@@ -84,7 +84,7 @@ TEST(TextCodec, ReadsByMarkThenDeclarationThenUtf8ThenWindows1252)
             "' このファイルをデスクトップにコピーします", "ISO-2022-JP, guessed"},
         {"French", TextKind::Script, "' d\xE9j\xE0 vu, o\xF9 le c\x9Cur \xE9tait",
             "' déjà vu, où le cœur était", "Windows-1252"},
-        {"declared behind 4 KB", TextKind::Page, farDown, farDown, "Windows-1252"},
+        {"declared after 4 KB", TextKind::Page, farDown, farDown, "Windows-1252"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
@@ -114,10 +114,10 @@ TEST(TextCodec, NeverReplacesWhatTheEncodingCannotHold)
         {"a page that now names UTF-8", TextKind::Page, "<meta charset=latin1>\xE9", "latin1", "utf-8",
             "<meta charset=utf-8>é"},
         {"what would read back as something else", TextKind::Plain, "x", "x", "Ã©", "\xC3\x83\xC2\xA9"},
-        {"a look-alike does not do", TextKind::Page, "<meta charset=Shift_JIS>\x83\x41", "ア", "¥",
-            "\xEF\xBB\xBF<meta charset=Shift_JIS>¥"},
-        {"a character that the library leaves out", TextKind::Page, "<meta charset=gbk>x", "x",
-            "\xF3\xA0\x81\xA7", "\xEF\xBB\xBF<meta charset=gbk>\xF3\xA0\x81\xA7"},
+        {"a similar character is no replacement", TextKind::Page, "<meta charset=Shift_JIS>\x83\x41", "ア",
+            "¥", "\xEF\xBB\xBF<meta charset=Shift_JIS>¥"},
+        {"a character that the library drops", TextKind::Page, "<meta charset=gbk>x", "x", "\xF3\xA0\x81\xA7",
+            "\xEF\xBB\xBF<meta charset=gbk>\xF3\xA0\x81\xA7"},
         {"unchanged lines come first", TextKind::Plain, "\xC3\xA9\n\xE9", "Ã©\r\né", "Ã©\r\n", "\xC3\xA9\n"},
     };
     for (const auto &c : cases) {
@@ -126,7 +126,7 @@ TEST(TextCodec, NeverReplacesWhatTheEncodingCannotHold)
     }
 }
 
-TEST(TextCodec, NewTextGoesByWhatItDeclares)
+TEST(TextCodec, NewTextIsEncodedAsItDeclares)
 {
     EXPECT_EQ(encodeFile("é\r\n", {}, "", TextKind::Page).bytes, "\xE9\r\n");
     EXPECT_EQ(encodeFile("<meta charset=utf-8>é", {}, "", TextKind::Page).bytes, "<meta charset=utf-8>é");
@@ -144,9 +144,10 @@ TEST(TextCodec, EditedLinesLeaveOtherLineEndsAlone)
         std::string written;
     } const cases[] = {
         {"a line changed", "a\nb\r\nc\rd", "b", "B", "a\nB\r\nc\rd"},
-        {"a line put in takes the commonest end", "a\nb\r\nc\n", "b\r\n", "b\r\nnew\r\n", "a\nb\r\nnew\nc\n"},
-        {"a line taken out", "a\nb\r\nc\rd", "b\r\n", "", "a\nc\rd"},
-        {"one end only: new lines follow it", "a\nb", "b", "b\r\nc\r\n", "a\nb\nc\n"},
+        {"an inserted line gets the most common end", "a\nb\r\nc\n", "b\r\n", "b\r\nnew\r\n",
+            "a\nb\r\nnew\nc\n"},
+        {"a line removed", "a\nb\r\nc\rd", "b\r\n", "", "a\nc\rd"},
+        {"one kind of end: new lines get it too", "a\nb", "b", "b\r\nc\r\n", "a\nb\nc\n"},
         {"lone CR file", "a\rb", "a", "x", "x\rb"},
         {"no line end so far", "a", "a", "a\r\nb", "a\r\nb"},
         {"equal lines, two changed", "x\nx\r\nx\nx\r\nx\nx\r\n", "x\r\nx\r\nx\r\nx\r\n",
@@ -158,7 +159,7 @@ TEST(TextCodec, EditedLinesLeaveOtherLineEndsAlone)
     }
 }
 
-/// Byte strings of every kind a disk may hold, from a fixed seed.
+/// Generates files of many kinds from a fixed seed.
 class Generator {
 public:
     std::string bytes()
@@ -190,7 +191,7 @@ private:
     std::mt19937 m_random{20261121};
 };
 
-/// Bytes of which many mean nothing in `encoding`.
+/// Bytes of which many are invalid in `encoding`.
 std::string bytesFor(Encoding encoding, Generator &generator)
 {
     static const std::string pieces[] = {"\n", "\r\n", "a", "\x1B$B", "\x1B(J", "\x8E\xA1", "\x81\x30", "\\"};
@@ -203,7 +204,7 @@ std::string bytesFor(Encoding encoding, Generator &generator)
     return out;
 }
 
-TEST(TextCodec, BytesThatMeanNothingStay)
+TEST(TextCodec, InvalidBytesAreKept)
 {
     Generator generator;
     for (const auto &set : characterSets())
@@ -214,13 +215,13 @@ TEST(TextCodec, BytesThatMeanNothingStay)
             ASSERT_TRUE(isUtf8(file.text));
             ASSERT_EQ(encodeFile(file.text, file.format, bytes, TextKind::Plain).bytes, bytes);
 
-            // A line more at the end leaves every byte before it, and the new line comes back.
+            // A line added at the end changes no byte before it, and is read back.
             const auto longer = encodeFile(file.text + "\r\nx", file.format, bytes, TextKind::Plain);
             if (longer.format.encoding == set.encoding) {
                 ASSERT_EQ(longer.bytes.substr(0, bytes.size()), bytes);
             }
             ASSERT_EQ(decodeFile(longer.bytes, longer.format), file.text + "\r\nx");
-            // Text before the first line leaves all others.
+            // Text added to the first line changes no other line.
             const auto edited = encodeFile('x' + file.text, file.format, bytes, TextKind::Plain);
             ASSERT_EQ(decodeFile(edited.bytes, edited.format), 'x' + file.text);
             const auto lineEnd = file.text.find("\r\n");
@@ -261,7 +262,7 @@ TEST(TextCodec, ManyEditsInAHugeMixedFileStayAffordable)
         const std::string end = i % 3 ? "\n" : "\r\n";
         const auto line = "line " + std::to_string(i % 30000);
         bytes += line + end;
-        // Every fifth line of the first half is taken out, one at the end is changed.
+        // Every fifth line of the first half is removed, the last line is changed.
         if (i < 30000 && i % 5 == 0)
             continue;
         const std::string changed = i == 59999 ? "*" : "";
@@ -270,7 +271,7 @@ TEST(TextCodec, ManyEditsInAHugeMixedFileStayAffordable)
     }
     const auto file = decodeFile(bytes, TextKind::Plain);
     const auto written = encodeFile(text, file.format, bytes, TextKind::Plain).bytes;
-    // The tail is far behind the last line taken out: it keeps its own line ends.
+    // The tail is far after the last line removed: it keeps its own line ends.
     EXPECT_EQ(written.substr(written.size() / 2),
         expected.substr(expected.size() - (written.size() - written.size() / 2)));
 }
