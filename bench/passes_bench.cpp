@@ -103,7 +103,7 @@ std::size_t keywords(std::string_view text)
 /// All three kinds of rules go over the whole text, whatever they find.
 std::size_t checker(std::string_view text)
 {
-    return checkLines(text, Faults::First).size() + static_cast<std::size_t>(countBlocks(text).ifWords)
+    return checkLines(text, Faults::First).size() + static_cast<std::size_t>(countScriptBlocks(text).ifWords)
         + CheckObjectReferences(text).size();
 }
 

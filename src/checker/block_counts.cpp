@@ -18,8 +18,8 @@ namespace {
 struct BlockWord {
     std::string_view text;
     std::int16_t BlockCounts::*count;
-    std::int16_t BlockCounts::*closingCount = nullptr; ///< of the word behind "end ", if that closes a block
-    bool looksBack = false; ///< counted only behind a line break or a blank, two characters back
+    std::int16_t BlockCounts::*closingCount = nullptr; ///< of the word after "end ", if that closes a block
+    bool looksBack = false; ///< counted only with a line break or blank two characters before it
     bool looksBackInComments = false;
 };
 
@@ -40,7 +40,7 @@ constexpr auto wordStarts = [] {
     return all;
 }();
 
-/// By first letter: the index of the word, and 1 more. No two start alike.
+/// For each first letter the index of the word plus 1. No two words start with the same letter.
 constexpr auto firstLetters = [] {
     std::array<unsigned char, 256> all{};
     for (std::size_t i = 0; i < blockWords.size(); ++i) {
@@ -66,74 +66,75 @@ bool followsClosingWord(std::string_view text, Offset at, Offset from)
 bool followsBreakOrBlank(std::string_view text, Offset word)
 {
     const auto twoBack = characterBefore(text, characterBefore(text, word));
-    // So close to the start of the text there is nothing to look back at.
+    // Too close to the start of the text to look back.
     if (twoBack <= 0)
         return true;
     const char byte = text[static_cast<std::size_t>(twoBack)];
     return byte == '\r' || byte == '\n' || byte == ' ';
 }
 
-/// The letters of each word as far as three, where no letter stands before them.
-constexpr auto mayStartWord = [](auto places) {
-    const auto first = lowered(places.at(0));
-    const auto second = lowered(places.at(1));
-    const auto third = lowered(places.at(2));
+/// The first three letters of each word, with no letter before them.
+constexpr auto mayStartWord = [](auto window) {
+    const auto first = lowered(window.at(0));
+    const auto second = lowered(window.at(1));
+    const auto third = lowered(window.at(2));
     const auto starts = (is(first, 'i') & is(second, 'f'))
         | (is(second, 'o')
             & ((is(first, 'f') & is(third, 'r')) | (is(first, 'l') & is(third, 'o')) | is(first, 'd')))
         | (is(first, 'n') & is(second, 'e') & is(third, 'x'))
         | (is(first, 's') & is(second, 'u') & is(third, 'b'));
-    return starts & ~isLetter(places.at(-1));
+    return starts & ~isLetter(window.at(-1));
 };
 
-enum class Place { Code, Comment };
+enum class Context { Code, Comment };
 
 class WordCounter {
 public:
-    WordCounter(std::string_view text, TextRange region, Place place)
+    WordCounter(std::string_view text, TextRange region, Context context)
         : m_text(text)
         , m_region(region)
-        , m_place(place)
+        , m_context(context)
     {
     }
 
-    /// Counts the word that starts there, if one does.
-    void look(Offset at)
+    /// Counts the block word that starts at `at`, if there is one.
+    void countAt(Offset at)
     {
         const auto candidate = firstLetters[static_cast<unsigned char>(m_text[static_cast<std::size_t>(at)])];
         if (candidate != 0)
-            take(candidate - 1u, at);
+            count(candidate - 1u, at);
     }
 
     [[nodiscard]] const Tally &tally() const { return m_tally; }
 
 private:
-    void take(std::size_t i, Offset at)
+    void count(std::size_t i, Offset at)
     {
         const auto &word = blockWords[i];
         const auto end = at + static_cast<Offset>(word.text.size());
         if (end > m_region.end || !wordStarts[i].mayBeAt(bytesAt(m_text, static_cast<std::size_t>(at))))
             return;
-        m_tally.words[i] += !wordBefore(m_text, at) && !wordAt(m_text, end) && looksRight(word, at);
-        // Behind "end " it closes a block inside other words as well: "blend iffy" has one.
+        m_tally.words[i] += !wordBefore(m_text, at) && !wordAt(m_text, end) && passesLookBack(word, at);
+        // After "end " it closes a block even inside other words, as in "blend iffy".
         if (word.closingCount)
             m_tally.closings[i] += followsClosingWord(m_text, at, m_region.start);
     }
 
-    [[nodiscard]] bool looksRight(const BlockWord &word, Offset at) const
+    [[nodiscard]] bool passesLookBack(const BlockWord &word, Offset at) const
     {
-        const bool looks = m_place == Place::Code ? word.looksBack : word.looksBackInComments;
+        const bool looks = m_context == Context::Code ? word.looksBack : word.looksBackInComments;
         return !looks || followsBreakOrBlank(m_text, at);
     }
 
     std::string_view m_text;
     TextRange m_region;
-    Place m_place;
+    Context m_context;
     Tally m_tally;
 };
 
-/// Each bit is set from a quote up to the next one, that one left out. The last bit tells how it goes on.
-BlockBits behindQuotes(BlockBits quotes, bool literal)
+/// Sets the bits from each opening quote up to, but without, its closing one. `literal` says whether the
+/// block starts inside a literal; the last bit says the same for the next block.
+BlockBits insideLiterals(BlockBits quotes, bool literal)
 {
     for (int distance = 1; distance < std::numeric_limits<BlockBits>::digits; distance *= 2)
         quotes ^= quotes << distance;
@@ -145,23 +146,23 @@ struct CodeTally {
     bool endsInLiteral = false;
 };
 
-/// Counts the words outside literals, in one walk. A literal that is never closed is left out here.
+/// Counts the words outside literals in one pass. An unclosed literal is not counted here.
 CodeTally countOutsideLiterals(std::string_view text)
 {
     const TextRange all{0, static_cast<Offset>(text.size())};
-    WordCounter counter(text, all, Place::Code);
+    WordCounter counter(text, all, Context::Code);
     bool literal = false;
     const auto visit = [&](Offset at, BlockBits quotes, BlockBits starts) {
-        const auto literals = behindQuotes(quotes, literal);
+        const auto literals = insideLiterals(quotes, literal);
         literal = literals >> (blockSize - 1) != 0;
-        forEachBit(starts & ~literals, [&](Offset bit) { counter.look(at + bit); });
+        forEachBit(starts & ~literals, [&](Offset bit) { counter.countAt(at + bit); });
     };
     forEachBlock(
-        text, all, visit, [](auto places) { return is(places.at(0), quoteMark); }, mayStartWord);
+        text, all, visit, [](auto window) { return is(window.at(0), quoteMark); }, mayStartWord);
     return {counter.tally(), literal};
 }
 
-/// Where the piece before the last quote begins: behind the quote before it.
+/// The start of the piece before the last quote: just after the quote before that one.
 Offset lastPieceStart(std::string_view text)
 {
     const auto before = text.substr(0, text.rfind(quoteMark)).rfind(quoteMark);
@@ -185,16 +186,16 @@ void add(const Tally &tally, BlockCounts &counts)
     }
 }
 
-/// Takes away, never below zero.
-void take(const Tally &tally, BlockCounts &counts)
+/// Never goes below zero.
+void subtract(const Tally &tally, BlockCounts &counts)
 {
-    const auto takeFrom = [&](std::int16_t BlockCounts::*count, Offset number) {
+    const auto subtractFrom = [&](std::int16_t BlockCounts::*count, Offset number) {
         if (count && counts.*count > 0)
             counts.*count = static_cast<std::int16_t>(std::max<Offset>(counts.*count - number, 0));
     };
     for (std::size_t i = 0; i < blockWords.size(); ++i) {
-        takeFrom(blockWords[i].count, tally.words[i]);
-        takeFrom(blockWords[i].closingCount, tally.closings[i]);
+        subtractFrom(blockWords[i].count, tally.words[i]);
+        subtractFrom(blockWords[i].closingCount, tally.closings[i]);
     }
 }
 
@@ -213,17 +214,17 @@ void ResetBlockCounts(BlockCounts &counts)
 
 void CountBlocks(std::string_view text, TextRange region, BlockCounts &counts)
 {
-    WordCounter counter(text, region, Place::Code);
-    forEachMark(text, region, mayStartWord, [&](Offset at) { counter.look(at); });
+    WordCounter counter(text, region, Context::Code);
+    forEachMark(text, region, mayStartWord, [&](Offset at) { counter.countAt(at); });
     add(counter.tally(), counts);
 }
 
 void UncountCommentBlocks(std::string_view text, BlockCounts &counts)
 {
     const auto length = static_cast<Offset>(text.size());
-    Offset passed = 0; // an earlier comment's line
+    Offset passed = 0; // the end of the line of the last comment
     forEachMark(
-        text, [](auto places) { return is(places.at(0), '\'') & is(places.at(1), '-'); },
+        text, [](auto window) { return is(window.at(0), '\'') & is(window.at(1), '-'); },
         [&](Offset at) {
             const auto from = static_cast<std::size_t>(at);
             if (at < passed || !text.substr(from).starts_with(separatorComment))
@@ -231,21 +232,21 @@ void UncountCommentBlocks(std::string_view text, BlockCounts &counts)
             const auto carriageReturn = text.find('\r', from);
             const auto end
                 = carriageReturn == std::string_view::npos ? length : static_cast<Offset>(carriageReturn);
-            // Comments are short: what finds words in long texts would cost more here.
-            WordCounter counter(text, {at, end}, Place::Comment);
-            for (auto place = at; place < end; ++place)
-                counter.look(place);
-            take(counter.tally(), counts);
+            // Comments are short, so a plain loop is faster than forEachMark().
+            WordCounter counter(text, {at, end}, Context::Comment);
+            for (auto position = at; position < end; ++position)
+                counter.countAt(position);
+            subtract(counter.tally(), counts);
             passed = end + 1;
         });
 }
 
-BlockCounts countBlocks(std::string_view text)
+BlockCounts countScriptBlocks(std::string_view text)
 {
     BlockCounts counts;
     const auto code = countOutsideLiterals(text);
     add(code.tally, counts);
-    // A literal that is never closed is code, and the piece before it counts once more.
+    // An unclosed literal counts as code, and the piece before it is counted a second time.
     if (code.endsInLiteral)
         CountBlocks(text, {lastPieceStart(text), static_cast<Offset>(text.size())}, counts);
     UncountCommentBlocks(text, counts);

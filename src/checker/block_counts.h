@@ -11,7 +11,7 @@
 
 namespace kevra {
 
-/// The counters wrap at 16 bits, which a balanced script does not show.
+/// The counters wrap around at 16 bits, which does not show in a balanced script.
 struct BlockCounts {
     std::int16_t ifWords = 0; ///< with the "if" of every "end if"
     std::int16_t endIfWords = 0;
@@ -26,16 +26,16 @@ struct BlockCounts {
 };
 
 void ResetBlockCounts(BlockCounts &counts);
-/// Adds the block words of a region. "Resume Next" and "Exit Do" are left out by a look two characters back.
+/// Adds the block words of a region. The test two characters back leaves out "Resume Next" and "Exit Do".
 void CountBlocks(std::string_view text, TextRange region, BlockCounts &counts);
-/// Takes away what stands in "'--" comments, never below zero. An "Exit Do" there is taken away although it
-/// was never counted.
+/// Subtracts the words in "'--" comments, never below zero. An "Exit Do" there is subtracted although it was
+/// never counted.
 void UncountCommentBlocks(std::string_view text, BlockCounts &counts);
 
-/// The counts of a whole script: its text outside string literals, less the comments.
-[[nodiscard]] BlockCounts countBlocks(std::string_view text);
+/// The counts of a whole script, without string literals and comments.
+[[nodiscard]] BlockCounts countScriptBlocks(std::string_view text);
 
-/// The kinds of block that do not match, as the information box shows them, in the order they are looked at.
+/// The unbalanced kinds of block, worded as the information box shows them, in the order of checking.
 [[nodiscard]] std::vector<std::string> blockVerdicts(const BlockCounts &counts, bool ifChecking);
 
 } // namespace kevra

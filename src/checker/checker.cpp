@@ -13,13 +13,13 @@ namespace kevra {
 CheckResult check(std::string_view text, bool ifChecking)
 {
     CheckResult result;
-    // Of a small text, each kind of rule is tried only once the one before it has found nothing.
-    auto counts = startComputing(text, [text] { return countBlocks(text); });
+    // For a small text, each kind of rule runs only if the one before it found nothing.
+    auto counts = startComputing(text, [text] { return countScriptBlocks(text); });
     auto objects = startComputing(text, [text] { return CheckObjectReferences(text); });
     if (auto faults = checkLines(text, Faults::First); !faults.empty()) {
         auto *fault = &faults.front();
         result.verdict = fault->message;
-        // Only while text follows does the run come round to mark the line once more, one place further left.
+        // If text follows, the run marks the line again, with the caret one position further left.
         result.recolourBeforeMark = fault->caret + 1 < static_cast<Offset>(text.size());
         if (result.recolourBeforeMark)
             --fault->caret;
@@ -40,7 +40,7 @@ CheckResult check(std::string_view text, bool ifChecking)
 
 std::vector<Finding> checkAll(std::string_view text, bool ifChecking)
 {
-    auto counts = startComputing(text, [text] { return countBlocks(text); });
+    auto counts = startComputing(text, [text] { return countScriptBlocks(text); });
     auto objects = startComputing(text, [text] { return CheckObjectReferences(text, true); });
     auto findings = checkLines(text, Faults::All);
     for (auto &verdict : blockVerdicts(counts.get(), ifChecking))

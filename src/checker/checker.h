@@ -16,12 +16,12 @@ namespace kevra {
 struct CheckResult {
     std::string verdict = "OK";
     std::optional<Finding> fault; ///< the line that is marked, if the verdict is about one
-    /// The faulty line was not the last one checked: the text is coloured anew before the line is marked.
+    /// Text follows the faulty line: the document is recoloured before the line is marked.
     bool recolourBeforeMark = false;
-    bool reachedBlocks = false; ///< every line passed, and the whole text was gone through
+    bool reachedBlocks = false; ///< every line passed, so the blocks were counted
 };
 
-/// Judges a script. Costs a few passes over the text whatever it holds.
+/// Checks a script. The cost is a few passes over the text.
 [[nodiscard]] CheckResult check(std::string_view text, bool ifChecking);
 
 /// Every finding: of all lines, then all kinds of blocks, which have no line, then all object references.

@@ -7,12 +7,12 @@
 
 namespace kevra {
 
-/// What a rule reports of a script: one line's fault.
+/// A fault that a rule reports, in one line or in the whole script.
 struct Finding {
     std::string message; ///< with the line's number
     Offset line = 0; ///< from 1; 0 when it is about the whole text
     TextRange marked; ///< shown red
-    Offset caret = 0; ///< where the caret stands afterwards
+    Offset caret = 0; ///< the position of the caret afterwards
 
     friend bool operator==(const Finding &, const Finding &) = default;
 };

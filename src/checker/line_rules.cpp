@@ -11,13 +11,13 @@
 namespace kevra {
 namespace {
 
-/// Only these odd counts are looked at: a line with eleven quotes passes.
+/// Only odd counts up to nine are faults: a line with eleven quotes passes.
 constexpr bool isOddCount(Offset quotes)
 {
     return quotes % 2 == 1 && quotes <= 9;
 }
 
-/// Behind so many quotes a character is code; behind eight or more it counts as part of a literal.
+/// Whether a character after this many quotes is code; after eight or more it counts as part of a literal.
 constexpr bool isOutsideLiteral(Offset quotes)
 {
     return quotes % 2 == 0 && quotes <= 6;
@@ -41,17 +41,17 @@ constexpr auto marks = [] {
     return all;
 }();
 
-/// Where a word stands and how many quotes of the line stand before it.
+/// The position of a word and the number of quotes before it on the line.
 struct WordPlace {
     Offset at = 0;
     Offset quotes = 0;
 };
 
-/// All the rules ask of a line, gathered in one pass over it.
+/// Everything the rules need to know about a line, collected in one pass.
 class LineFacts {
 public:
-    /// A line that ends at `end` at the latest; its bytes are handed to take() in order, all of them or those
-    /// a rule may ask about.
+    /// The line ends at `end` at the latest. Its bytes are passed to take() in order: all of them, or only
+    /// those that matter to a rule.
     LineFacts(std::string_view text, Offset start, Offset end)
         : m_text(text)
         , m_start(start)
@@ -59,8 +59,8 @@ public:
     {
     }
 
-    /// The same for the next line; cheaper than to put another in its place.
-    void startAnew(Offset start)
+    /// Resets the facts for the next line; cheaper than a new object.
+    void startLine(Offset start)
     {
         m_start = start;
         m_ended = m_badComma = m_badEqual = m_equalsEnded = false;
@@ -85,21 +85,20 @@ public:
             takeCode(mark, at);
     }
 
-    /// True for most lines, and no rule need be asked then.
-    [[nodiscard]] bool sound() const
+    /// True for most lines: certainly no rule is broken. False: the rules have to be checked.
+    [[nodiscard]] bool isFaultless() const
     {
         return m_counts[Quote] % 2 == 0 && !parenthesisMissing() && !m_badComma && !m_badEqual && !m_if;
     }
 
     [[nodiscard]] bool quoteMissing() const { return isOddCount(m_counts[Quote]); }
-    /// The opening ones are counted from the line's start as it was given, the closing ones from its first
-    /// character.
+    /// Opening parentheses are counted from `start`, closing ones from the first character of the line.
     [[nodiscard]] bool parenthesisMissing() const
     {
         return m_counts[Open] - (m_markBeforeStart == Open) != m_counts[Close];
     }
-    [[nodiscard]] bool commaSpacedWrong() const { return m_badComma; }
-    [[nodiscard]] bool equalSpacedWrong() const { return m_badEqual; }
+    [[nodiscard]] bool commaSpacingWrong() const { return m_badComma; }
+    [[nodiscard]] bool equalSpacingWrong() const { return m_badEqual; }
 
     [[nodiscard]] bool thenMissing() const
     {
@@ -115,7 +114,7 @@ private:
                                                                   : '\0';
     }
 
-    /// Those from the line's start as it was given.
+    /// Counted from `start`.
     [[nodiscard]] Offset quotes() const { return m_counts[Quote] - (m_markBeforeStart == Quote); }
 
     void takeCode(Mark mark, Offset at)
@@ -133,7 +132,8 @@ private:
 
     void takeEqual(Offset at)
     {
-        // At the very start of the text there is nothing before it, and no further one is judged.
+        // At the start of the text there is no character before it, and later equal signs are not checked
+        // either.
         m_equalsEnded = m_equalsEnded || at == 0;
         if (m_equalsEnded || !isOutsideLiteral(quotes()))
             return;
@@ -156,12 +156,12 @@ private:
 
     [[nodiscard]] bool startsComment(Offset at) const
     {
-        // The line's carriage return and what may follow it are no part of a comment's mark.
+        // The mark of a comment cannot include the carriage return of the line or anything after it.
         return at + static_cast<Offset>(separatorComment.size()) < m_end
             && m_text.substr(static_cast<std::size_t>(at)).starts_with(separatorComment);
     }
 
-    /// The "d" of "End" stands two characters before the "If", and not at the very start of the line.
+    /// The "d" of "End" is two characters before the "If", and not at the start of the line.
     [[nodiscard]] bool isEndIf(Offset at) const
     {
         const auto twoBack = characterBefore(m_text, characterBefore(m_text, at));
@@ -172,7 +172,7 @@ private:
     Offset m_start;
     Offset m_end;
     bool m_ended = false;
-    Mark m_markBeforeStart = None; ///< the mark that stands before the start
+    Mark m_markBeforeStart = None; ///< the mark just before the start
     std::array<Offset, countedMarks> m_counts{};
     bool m_badComma = false;
     bool m_badEqual = false;
@@ -186,12 +186,12 @@ struct LineRule {
     bool (LineFacts::*broken)() const;
 };
 
-// The first rule broken is the one shown.
+// The first broken rule is the one shown.
 constexpr std::array lineRules{
     LineRule{"Quotation mark missing - Line ", &LineFacts::quoteMissing},
     LineRule{"Parenthesis missing - Line ", &LineFacts::parenthesisMissing},
-    LineRule{"Spacing around comma is wrong - Line ", &LineFacts::commaSpacedWrong},
-    LineRule{"Wrong spacing at equal sign - Line ", &LineFacts::equalSpacedWrong},
+    LineRule{"Spacing around comma is wrong - Line ", &LineFacts::commaSpacingWrong},
+    LineRule{"Wrong spacing at equal sign - Line ", &LineFacts::equalSpacingWrong},
     LineRule{"IF without THEN - Line ", &LineFacts::thenMissing},
 };
 
@@ -206,24 +206,24 @@ std::optional<Finding> faultOf(
     return Finding{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
 }
 
-/// What a rule over a whole script asks about: of commas and equal signs only those with the wrong
-/// neighbours, of words only those that start like the ones looked for.
-constexpr auto isMark = [](auto places) {
-    const auto bytes = places.at(0);
-    const auto before = places.at(-1);
-    const auto next = places.at(1);
+/// The bytes that matter to a rule: commas and equal signs only if they have the wrong neighbours, words only
+/// if they start like "if" or "then".
+constexpr auto isMark = [](auto window) {
+    const auto bytes = window.at(0);
+    const auto before = window.at(-1);
+    const auto next = window.at(1);
     const auto letters = lowered(bytes);
     const auto nextLetters = lowered(next);
     const auto spacedAfter = is(next, ' ');
     const auto blankBefore = is(before, ' ');
-    const auto wellBefore = blankBefore | is(before, '\n') | is(before, '<') | is(before, '>');
+    const auto spacedBefore = blankBefore | is(before, '\n') | is(before, '<') | is(before, '>');
     return is(bytes, '"') | is(bytes, '(') | is(bytes, ')') | is(bytes, '\r')
         | (is(bytes, '\'') & is(next, '-')) | (is(bytes, ',') & (blankBefore | ~spacedAfter))
-        | (is(bytes, '=') & ~(wellBefore & spacedAfter)) | (is(letters, 'i') & is(nextLetters, 'f'))
-        | (is(letters, 't') & is(nextLetters, 'h') & is(lowered(places.at(2)), 'e'));
+        | (is(bytes, '=') & ~(spacedBefore & spacedAfter)) | (is(letters, 'i') & is(nextLetters, 'f'))
+        | (is(letters, 't') & is(nextLetters, 'h') & is(lowered(window.at(2)), 'e'));
 };
 
-/// Goes through a text from mark to mark and judges each line as its carriage return comes.
+/// Visits the marks of a text in order and checks each line at its carriage return.
 class LineWalk {
 public:
     LineWalk(std::string_view text, Faults wanted)
@@ -251,19 +251,19 @@ public:
 private:
     void endLine(Offset end)
     {
-        // Also where no line is judged any more: the run ends at a carriage return that ends the text.
+        // A line whose carriage return ends the text is not checked.
         m_done = end >= m_length;
         if (m_done)
             return;
-        if (!m_facts.sound())
-            judge({m_start, end});
+        if (!m_facts.isFaultless())
+            check({m_start, end});
         m_start = end + 1;
         m_done = m_done || m_start >= m_length;
         ++m_number;
-        m_facts.startAnew(m_start);
+        m_facts.startLine(m_start);
     }
 
-    void judge(ScriptLine line)
+    void check(ScriptLine line)
     {
         if (auto fault = faultOf(m_facts, m_text, line, m_number)) {
             m_faults.push_back(std::move(*fault));
@@ -274,7 +274,7 @@ private:
     std::string_view m_text;
     Faults m_wanted;
     Offset m_length;
-    Offset m_start; // of the first line it is the second character
+    Offset m_start; // for the first line, its second character
     Offset m_number = 1;
     bool m_done = false;
     LineFacts m_facts;

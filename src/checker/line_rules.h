@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The rules that judge one line by its characters: quotation marks, parentheses, the spaces around commas and
-// equal signs, IF without THEN. What follows "'--" is no code.
+// equal signs, IF without THEN. Text after "'--" is not code.
 #pragma once
 
 #include "checker/finding.h"
@@ -11,9 +11,9 @@
 
 namespace kevra {
 
-/// A line as the rules are given it. `start` is the line's first character, save that a run over a whole
-/// script gives the second one of the first line; what a rule counts from there leaves the first one out.
-/// `end` is the place right behind the carriage return, or the caret behind the line break just typed.
+/// A line as it is passed to the rules. `start` is its first character, except in a run over a whole script,
+/// where the first line starts at its second character and rules that count from there miss the first one.
+/// `end` is the position just after the carriage return, or the caret after a line break that was just typed.
 struct ScriptLine {
     Offset start = 0;
     Offset end = 0;
@@ -23,7 +23,7 @@ struct ScriptLine {
 [[nodiscard]] std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber);
 
 /// The same for every line that a run checks: those with a carriage return that is not the text's last
-/// character. Stops behind the first faulty line unless all are wanted.
+/// character. Stops after the first faulty line unless all are wanted.
 enum class Faults { First, All };
 [[nodiscard]] std::vector<Finding> checkLines(std::string_view text, Faults wanted);
 

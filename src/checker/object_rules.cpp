@@ -17,7 +17,7 @@ enum class Section : unsigned char { FileSystem, Shell, Streams };
 
 struct Member {
     Section section;
-    std::string_view name; ///< with the character that has to follow, where one has to
+    std::string_view name; ///< with the character that must follow, if one must
 };
 
 // In the order they are reported.
@@ -62,7 +62,7 @@ constexpr auto members = std::to_array<Member>({
 });
 
 struct SectionRule {
-    std::string_view needs; ///< the text has to speak of this, if anything
+    std::string_view required; ///< applies only to texts that contain this; empty: to all
     std::string_view message; ///< the line number is appended
 };
 
@@ -72,17 +72,17 @@ constexpr std::array<SectionRule, 3> sectionRules{{
     {"", "Textstream, Drive or Folder Object required - Line "},
 }};
 
-/// Behind so many quotes of its line a name stands in a literal; nine or more do not protect it.
+/// Whether a name after this many quotes is inside a literal; after nine or more it counts as code.
 constexpr bool isInLiteral(Offset quotes)
 {
     return quotes % 2 == 1 && quotes <= 7;
 }
 
-/// The first three letters of each member, where no point before them names an object.
-constexpr auto mayStartMember = [](auto places) {
-    const auto first = lowered(places.at(0));
-    const auto second = lowered(places.at(1));
-    const auto third = lowered(places.at(2));
+/// The first three letters of each member, unless a full stop, and so an object, precedes them.
+constexpr auto mayStartMember = [](auto window) {
+    const auto first = lowered(window.at(0));
+    const auto second = lowered(window.at(1));
+    const auto third = lowered(window.at(2));
     const auto e = is(second, 'e');
     const auto o = is(second, 'o');
     const auto r = is(second, 'r');
@@ -96,10 +96,10 @@ constexpr auto mayStartMember = [](auto places) {
         | (is(first, 'r') & ((e & (is(third, 'g') | is(third, 'a'))) | (is(second, 'u') & is(third, 'n'))))
         | (is(first, 'a') & is(second, 't') & e3) | (is(first, 'w') & r & i3)
         | (is(first, 's') & ((is(second, 'k') & i3) | (is(second, 'u') & is(third, 'b'))));
-    return starts & ~is(places.at(-1), '.');
+    return starts & ~is(window.at(-1), '.');
 };
 
-/// The members in the order of their first letters, and where each letter's ones begin.
+/// The members sorted by first letter, and where the members of each letter begin.
 struct MemberIndex {
     struct Entry {
         WordStart start;
@@ -129,8 +129,8 @@ bool matches(std::string_view text, std::size_t at, std::string_view name)
     return std::ranges::equal(text.substr(at, name.size()), name, {}, lowerAscii, lowerAscii);
 }
 
-/// Whether a text speaks of something, whatever the case.
-bool speaksOf(std::string_view text, std::string_view name)
+/// Ignores case.
+bool contains(std::string_view text, std::string_view name)
 {
     const char first = lowerAscii(name[0]);
     const char second = lowerAscii(name[1]);
@@ -138,12 +138,12 @@ bool speaksOf(std::string_view text, std::string_view name)
     forEachMark(
         text,
         [first, second](
-            auto places) { return is(lowered(places.at(0)), first) & is(lowered(places.at(1)), second); },
+            auto window) { return is(lowered(window.at(0)), first) & is(lowered(window.at(1)), second); },
         [&](Offset at) { found = found || matches(text, static_cast<std::size_t>(at), name); });
     return found;
 }
 
-/// What stands on a line before a place. Window are asked for in order; each byte is looked at once at most.
+/// The part of a line before a position. Positions must be given in order; each byte is read at most once.
 class LineBefore {
 public:
     explicit LineBefore(std::string_view text)
@@ -189,7 +189,7 @@ public:
 
     std::vector<Finding> run()
     {
-        forEachMark(m_text, mayStartMember, [this](Offset at) { look(static_cast<std::size_t>(at)); });
+        forEachMark(m_text, mayStartMember, [this](Offset at) { checkAt(static_cast<std::size_t>(at)); });
         numberLines();
         std::vector<Finding> findings;
         for (const auto &places : m_found) {
@@ -212,7 +212,7 @@ private:
         Offset line = 0;
     };
 
-    /// Counts the line breaks once, whatever the number of findings.
+    /// Finds the line numbers of all findings with a single count of the line breaks.
     void numberLines()
     {
         std::vector<Found *> inOrder;
@@ -224,13 +224,13 @@ private:
         Offset line = 1;
         for (auto *place : inOrder) {
             line += countMarks(
-                m_text, {counted, place->lineStart}, [](auto places) { return is(places.at(0), '\n'); });
+                m_text, {counted, place->lineStart}, [](auto window) { return is(window.at(0), '\n'); });
             counted = place->lineStart;
             place->line = line;
         }
     }
 
-    void look(std::size_t at)
+    void checkAt(std::size_t at)
     {
         const auto bytes = bytesAt(m_text, at);
         const auto letter = MemberIndex::letter(m_text[at]);
@@ -243,17 +243,17 @@ private:
         }
     }
 
-    /// The text is searched only once a finding hangs on it.
+    /// Searches the text only when a finding depends on it.
     [[nodiscard]] bool isActive(Section section)
     {
         auto &active = m_active[static_cast<std::size_t>(section)];
-        const auto needs = sectionRules[static_cast<std::size_t>(section)].needs;
+        const auto required = sectionRules[static_cast<std::size_t>(section)].required;
         if (!active)
-            active = needs.empty() || speaksOf(m_text, needs);
+            active = required.empty() || contains(m_text, required);
         return *active;
     }
 
-    // The file system's and the shell's names are looked for in literals as well.
+    // Names of the file system and the shell are reported inside literals as well.
     [[nodiscard]] bool lacksObject(const Member &member, std::size_t at)
     {
         m_line.moveTo(at);
@@ -285,7 +285,7 @@ private:
     std::array<std::optional<bool>, sectionRules.size()> m_active;
     std::array<std::vector<Found>, members.size()> m_found;
     LineBefore m_line;
-    std::pair<Offset, Offset> m_endOfLine{-1, 0}; ///< a line's start, and its end
+    std::pair<Offset, Offset> m_endOfLine{-1, 0}; ///< the start and the end of the last line looked up
 };
 
 } // namespace

@@ -10,8 +10,8 @@
 namespace kevra {
 
 /// Every member without its object: first those of the FileSystemObject, then of the shell, then of text
-/// streams, drives and folders; among these by the order of the member lists, then by place. `all` false
-/// stops at the first one, which is the one a run reports.
+/// streams, drives and folders; among these by the order of the member lists, then by position. If
+/// `all` is false, only the first one, which a run reports.
 [[nodiscard]] std::vector<Finding> CheckObjectReferences(std::string_view text, bool all = false);
 
 } // namespace kevra

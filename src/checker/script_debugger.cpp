@@ -26,7 +26,7 @@ void ScriptDebugger::debugDocument()
         marked = RunDebugger();
     }
     m_document.SetFocus();
-    // The inert control kept its view; the faulty line is worth scrolling to, a good script is not.
+    // The busy control did not scroll. Only a faulty line is scrolled into view now.
     if (marked)
         m_document.SetSelStart(m_document.SelStart());
 }
@@ -65,7 +65,7 @@ void ScriptDebugger::mark(const Finding &fault)
 
 void ScriptDebugger::checkFinishedLine(TextRange line)
 {
-    // The rules look one character behind the line and a few before it, never further.
+    // The rules read one character after the line and a few before it, never more.
     constexpr Offset around = 8;
     const auto base = std::max<Offset>(line.start - around, 0);
     const auto text = m_document.Text({base, std::min(line.end + around, m_document.Length())});

@@ -9,17 +9,17 @@ namespace kevra {
 
 struct Finding;
 
-/// The checker at work on a document, with what it leaves on the screen.
+/// Runs the checker on a document and shows the result.
 class ScriptDebugger {
 public:
     ScriptDebugger(EditorSurface &document, DocumentState &state, MainView &view);
 
-    /// The command: shows that it is at work, runs, and gives the document the focus.
+    /// The command: shows that it is busy, runs the check, and gives the document the focus.
     void debugDocument();
-    /// The run itself: verdict in the information box, faulty line red, colours put back. True when there is
-    /// a faulty line.
+    /// The check itself: shows the verdict in the information box, restores the colours and marks a faulty
+    /// line in red. True if there is a faulty line.
     bool RunDebugger();
-    /// The line that Return has just ended, its line break included.
+    /// Checks the line that Return has just ended; `line` includes its line break.
     void checkFinishedLine(TextRange line);
 
 private:

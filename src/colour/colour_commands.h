@@ -17,7 +17,7 @@ public:
     {
     }
 
-    /// Colours the document whatever its type, as the tool set that is shown does it.
+    /// Colours a document of any type, as a page or a script depending on the tool set shown.
     void colourOn()
     {
         m_state.colourCoding = true;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whole-document colouring as the commands use it: compute the runs, hand them to the surface, leave caret,
-// typing colour and flags as a colouring leaves them.
+// Colours a whole document: computes the runs, applies them to the surface, and sets the caret, the typing
+// colour and the flags.
 #pragma once
 
 #include "editor/document_state.h"
@@ -11,8 +11,8 @@
 
 namespace kevra {
 
-/// Colours that may still be being computed. A large text's are, on another core, while it is loaded; a small
-/// one's are computed when they are asked for. The text must outlive them.
+/// Colours that may still be computed: on another core while a large text is loaded, or on request for a
+/// small text. The text must outlive them.
 using PendingPaint = std::future<Paint>;
 
 class DocumentColouring {
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] PendingPaint tagsOf(std::string_view text) const;
     [[nodiscard]] PendingPaint scriptOf(std::string_view text) const;
 
-    /// Colours every tag in the code colour. Text that is no tag keeps its colour; the caret goes to the top
+    /// Colours every tag in the code colour. Other text keeps its colour; the caret goes to the top
     /// and the document counts as unmodified.
     void colourTags();
     /// The same for a text that has just been loaded.
@@ -32,9 +32,9 @@ public:
     /// comments outside string literals. The caret goes to the top.
     void ColourText();
     void ColourText(PendingPaint paint);
-    /// One of the two, as the tool set that is shown says.
+    /// Colours tags or a script, depending on the tool set shown.
     void colourForTools();
-    /// Everything black, the caret at the top.
+    /// Makes everything black and moves the caret to the top.
     void removeColours();
 
 private:

@@ -7,8 +7,8 @@
 
 namespace kevra {
 
-/// The same colours as `runs` laid over black show, as stretches that neither overlap nor touch another of
-/// their colour, without the black ones. At most 255 colours.
+/// The visible colours of `runs` painted over black, in runs that do not overlap and are as long as possible,
+/// without black ones. At most 255 colours.
 [[nodiscard]] ColourRuns flattened(std::span<const ColourRun> runs, Offset length);
 
 } // namespace kevra

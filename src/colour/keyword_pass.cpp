@@ -29,7 +29,7 @@ constexpr auto kinds = [] {
     return all;
 }();
 
-/// Visits the keywords that lie wholly inside a range, by their place in the text: visit(rank, range).
+/// Calls visit(rank, range) for the keywords that lie completely inside a range, in text order.
 template <typename Visit> class KeywordScan {
 public:
     KeywordScan(std::string_view text, TextRange range, Visit visit)
@@ -58,7 +58,7 @@ private:
     [[nodiscard]] char byte(Offset at) const { return m_text[static_cast<std::size_t>(at)]; }
     [[nodiscard]] Kind kind(Offset at) const { return kinds[static_cast<unsigned char>(byte(at))]; }
 
-    /// The stretch of ASCII word characters, which a letter of another alphabet may go on from or into.
+    /// `word` is a sequence of ASCII word characters; letters beyond ASCII may precede or follow it.
     void word(TextRange word)
     {
         const auto length = static_cast<std::size_t>(word.length());
@@ -114,7 +114,7 @@ template <typename Visit> void forEachKeyword(std::string_view text, TextRange r
     KeywordScan<Visit>(text, range, visit).run();
 }
 
-/// One whole-document pass after the other, over the pieces of one text.
+/// Runs the passes of a whole document over its pieces, one piece after the other.
 class ScriptPass {
 public:
     ScriptPass(std::string_view text, Colour code, ColourRuns &runs)
@@ -128,7 +128,7 @@ public:
     void operator()(TextRange piece)
     {
         if (piece.start == m_pieceStart)
-            m_greenUntil = 0; // the piece before an unclosed literal comes again
+            m_greenUntil = 0; // the piece before an unclosed literal is repeated
         m_pieceStart = piece.start;
         if (paintKeywords(piece) && paintPlaceholders(piece))
             paintComments(piece);
@@ -137,7 +137,7 @@ public:
 private:
     void add(const ColourRun &run) { addRun(m_runs, run, static_cast<Offset>(m_text.size())); }
 
-    /// False when the pass fails there: a "next" too close to the text's start to look back from.
+    /// False if the pass ends early: at a "next" too close to the start of the text to look back.
     bool paintKeywords(TextRange piece)
     {
         const bool fails = startsWithNext(piece);
@@ -178,7 +178,7 @@ private:
         return byte == '\n' || byte == '\r' || byte == ' ';
     }
 
-    /// False when the pass fails there: a closing mark well before the next opening one.
+    /// False if the pass ends early: at a closing mark clearly before the next opening one.
     bool paintPlaceholders(TextRange piece)
     {
         for (auto at = piece.start; at < piece.end;) {
@@ -206,7 +206,7 @@ private:
                 break;
             const auto carriageReturn = m_marks.lineEnd.next(comment);
             const auto end = carriageReturn == -1 ? static_cast<Offset>(m_text.size()) : carriageReturn;
-            // What lies behind this piece is green already when an earlier comment of the line made it so.
+            // The text after this piece is already green if an earlier comment of the line covered it.
             const auto paintedEnd = end <= m_greenUntil ? std::min(end, piece.end) : end;
             add({{comment, paintedEnd}, colours::separatorComment});
             m_greenUntil = std::max(m_greenUntil, end);
@@ -223,8 +223,9 @@ private:
     Offset m_firstNext = -1;
 };
 
-/// What a region's own pass does differently: its searches for marks count from 1 but start at the region's
-/// 0-based start, so a mark right before the region counts too, and a closing mark is not asked where it is.
+/// The pass over a single region differs: its searches for marks count from 1 but start at the 0-based start
+/// of the region, so a mark just before the region is found too; and a closing mark may lie outside the
+/// region.
 class RegionPass {
 public:
     RegionPass(std::string_view text, TextRange region, ColourRuns &runs)
@@ -237,7 +238,7 @@ public:
 
     bool paintPlaceholders()
     {
-        auto at = firstSearched();
+        auto at = searchStart();
         do {
             const auto opening = m_marks.opening.next(at - 1) + 1;
             if (opening == 0 || opening >= m_region.end)
@@ -255,7 +256,7 @@ public:
 
     void paintComments()
     {
-        auto at = firstSearched();
+        auto at = searchStart();
         do {
             const auto comment = m_marks.comment.next(at - 1) + 1;
             if (comment == 0 || comment >= m_region.end)
@@ -268,7 +269,7 @@ public:
     }
 
 private:
-    [[nodiscard]] Offset firstSearched() const { return std::max<Offset>(m_region.start, 1); }
+    [[nodiscard]] Offset searchStart() const { return std::max<Offset>(m_region.start, 1); }
 
     TextRange m_region;
     ColourRuns &m_runs;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The colours of a script: keywords in the code colour, "<<" ... ">>" placeholders in orange, "'--" comments
-// in green, string literals black. Later runs lie over earlier ones.
+// in green, string literals black. Later runs cover earlier ones.
 #pragma once
 
 #include "text/types.h"
@@ -12,9 +12,9 @@ namespace kevra {
 /// The runs of a whole script, over black.
 [[nodiscard]] ColourRuns scriptRuns(std::string_view text, Colour code);
 
-/// The runs of one region as it stands, literals included, over whatever colours it has. They may reach
-/// outside the region: a comment to the end of its line, a placeholder to its closing mark.
-/// `failed` says that a placeholder's closing mark was missing or came first, which ends the pass there.
+/// The runs of one region, string literals included, to be painted over its present colours. They may extend
+/// beyond the region: a comment to the end of its line, a placeholder to its closing mark.
+/// `failed`: the closing mark of a placeholder was missing or came first, which ended the pass.
 struct RegionRuns {
     ColourRuns runs;
     bool failed = false;

@@ -18,7 +18,7 @@ constexpr PackedWord packed(std::string_view word)
     return std::bit_cast<PackedWord>(letters);
 }
 
-/// For every length a number with `byte` in the places of that many letters.
+/// For every length, that many letters replaced by `byte`.
 constexpr auto repeated(unsigned char byte)
 {
     std::array<PackedWord, longestKeyword + 1> all{};
@@ -30,9 +30,9 @@ constexpr auto repeated(unsigned char byte)
     return all;
 }
 
-constexpr auto lettersOf = repeated(0xFF);
-/// Setting the bit that makes a letter small turns no other word character into a letter.
-constexpr auto smallLetters = repeated(0x20);
+constexpr auto letterMask = repeated(0xFF);
+/// Setting the lower-case bit turns no other word character into a letter.
+constexpr auto lowerCaseBits = repeated(0x20);
 
 constexpr int slotBits = 6;
 
@@ -41,8 +41,8 @@ constexpr std::size_t slotOf(PackedWord word, std::uint64_t factor)
     return static_cast<std::size_t>((word * factor) >> (64 - slotBits));
 }
 
-/// Whether the whole-word entries fall into slots of their own.
-constexpr bool keepsApart(std::uint64_t factor)
+/// Whether each whole-word entry gets a slot of its own.
+constexpr bool isCollisionFree(std::uint64_t factor)
 {
     std::array<bool, 1 << slotBits> taken{};
     for (const auto &keyword : keywords) {
@@ -58,7 +58,7 @@ constexpr bool keepsApart(std::uint64_t factor)
 
 constexpr auto factor = [] {
     std::uint64_t candidate = 0x9E3779B97F4A7C15u;
-    while (!keepsApart(candidate))
+    while (!isCollisionFree(candidate))
         candidate = candidate * 5 + 2;
     return candidate;
 }();
@@ -83,7 +83,7 @@ constexpr auto slots = [] {
 
 int keywordRank(PackedWord letters, std::size_t length)
 {
-    const auto word = (letters & lettersOf[length]) | smallLetters[length];
+    const auto word = (letters & letterMask[length]) | lowerCaseBits[length];
     const auto &slot = slots[slotOf(word, factor)];
     return slot.word == word ? slot.rank : -1;
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Splitting a script at its string literals. A literal runs from a double quote to the next one, across lines
-// if need be.
+// Splits a script at its string literals. A literal runs from a double quote to the next one, even across
+// lines.
 #pragma once
 
 #include "text/types.h"
@@ -11,9 +11,8 @@ namespace kevra {
 
 inline constexpr char quoteMark = '"';
 
-/// Calls `pass` for every piece of `range` outside literals, quotes left out, in the order a colouring visits
-/// them. A literal without its closing quote is taken back: the piece before it comes once more, reaching to
-/// the end of the range.
+/// Calls `pass` for every piece of `range` outside literals, without the quotes, in order. A literal without
+/// a closing quote counts as code: the piece before it is repeated, extended to the end of the range.
 template <typename Pass> void forEachPiece(std::string_view text, TextRange range, Pass &&pass)
 {
     const auto within = text.substr(0, static_cast<std::size_t>(range.end));

@@ -19,7 +19,7 @@ Offset MarkSearch::next(Offset from)
     return m_found;
 }
 
-// By the mark's first byte: a search for all of a mark this short takes several times as long.
+// Searches for the first byte: searching for all of such a short mark takes several times as long.
 Offset MarkSearch::search(std::size_t from) const
 {
     for (auto at = m_text.find(m_mark.front(), from); at != std::string_view::npos;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the marks of a script stand. A pass asks again and again for the next mark behind a place; the answer
-// is kept while it still holds, so that a whole document costs one search for each kind of mark.
+// Finds the marks of a script. A pass repeatedly needs the next mark after a position; the last result is
+// cached, so that a whole document costs one search for each kind of mark.
 #pragma once
 
 #include "text/types.h"
@@ -18,7 +18,7 @@ public:
     /// Both views must outlive the search.
     MarkSearch(std::string_view text, std::string_view mark);
 
-    /// The first place at or behind `from` where the mark starts, or -1.
+    /// The first position at or after `from` where the mark starts, or -1.
     [[nodiscard]] Offset next(Offset from);
 
 private:

@@ -12,15 +12,15 @@
 namespace kevra {
 namespace {
 
-/// Close to the document's start a tag's colour hangs on how much text stands before it.
+/// Near the start of the document, the colour of a tag depends on the amount of text before it.
 constexpr Offset nearStart = 4096;
 
-/// The part to paint anew. Right behind a ">" no tag is open, whatever came before; so a part may start
-/// there, and what follows the first ">" behind the edit has not changed.
-/// None where no tag ends within reach: no key waits for a search through megabytes.
-std::optional<TextRange> partToMend(const EditorSurface &document, TextRange touched)
+/// The part to recolour. Just after a ">" no tag is open, so the part can start there, and the colours after
+/// the first ">" that follows the edit have not changed.
+/// Nothing if no tag ends within reach: a key must not wait for a search through megabytes.
+std::optional<TextRange> partToRecolour(const EditorSurface &document, TextRange touched)
 {
-    // After a long edit everything is painted anew: a control may put off a document's tail.
+    // After a long edit all the rest is recoloured: a control may defer the end of a document.
     const bool isLong = touched.length() > keyReach;
     const auto reach = isLong ? wholeText : keyReach;
     const auto from = std::max<Offset>(0, touched.start - reach);
@@ -37,19 +37,19 @@ std::optional<TextRange> partToMend(const EditorSurface &document, TextRange tou
     return std::nullopt;
 }
 
-bool reachesFarBack(const ColourRuns &runs, Offset before)
+bool needsTextBefore(const ColourRuns &runs, Offset before)
 {
     return std::ranges::any_of(runs, [before](const ColourRun &run) {
-        return tagIsLongForItsPlace(run.range.start + before, run.range.end + before - 1);
+        return mayNeedInnerSearch(run.range.start + before, run.range.end + before - 1);
     });
 }
 
-/// The tags of a part that begins behind a tag.
+/// The tags of a part that starts after a tag or at the start of the document.
 ColourRuns tagRunsIn(const EditorSurface &document, TextRange part, Colour code)
 {
     if (part.start > 0) {
         auto runs = plainTagRuns(document.Text(part), code);
-        if (!reachesFarBack(runs, part.start)) {
+        if (!needsTextBefore(runs, part.start)) {
             for (auto &run : runs)
                 run.range = {run.range.start + part.start, run.range.end + part.start};
             return runs;
@@ -58,7 +58,7 @@ ColourRuns tagRunsIn(const EditorSurface &document, TextRange part, Colour code)
     return tagRuns(document.Text({0, part.end}), code);
 }
 
-/// A placeholder may reach over lines, which then belong together.
+/// The touched lines, extended by the lines that share a placeholder with them.
 TextRange linesToRecolour(const EditorSurface &document, TextRange touched)
 {
     auto lines = linesOf(document, touched);
@@ -69,8 +69,7 @@ TextRange linesToRecolour(const EditorSurface &document, TextRange touched)
     return lines;
 }
 
-/// Adds to the runs what takes them off the unfinished lines again, wherever these are not in their colours
-/// already.
+/// Adds runs that keep the unfinished lines black, except for characters that already have their new colour.
 void keepBlack(const EditorSurface &document, TextRange lines, ColourRuns &runs)
 {
     const auto wanted = runs;
@@ -90,9 +89,9 @@ void keepBlack(const EditorSurface &document, TextRange lines, ColourRuns &runs)
 
 } // namespace
 
-void mendTags(EditorSurface &document, TextRange touched, Colour code)
+void recolourTags(EditorSurface &document, TextRange touched, Colour code)
 {
-    if (const auto part = partToMend(document, touched))
+    if (const auto part = partToRecolour(document, touched))
         document.SetColours(*part, tagRunsIn(document, *part, code));
 }
 
@@ -116,7 +115,7 @@ void recolourInserted(EditorSurface &document, TextRange touched, const Document
         document.FinishLines(linesOf(document, touched));
         recolourScript(document, touched, state.codeColour);
     } else {
-        mendTags(document, touched, state.codeColour);
+        recolourTags(document, touched, state.codeColour);
     }
 }
 

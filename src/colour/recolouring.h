@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colours after an edit that was not plain typing: what was touched, and what hangs on it, looks as if the
+// Recolours after an edit other than plain typing: the touched text, and what depends on it, looks as if the
 // whole document had just been coloured. Caret and selection stay.
 #pragma once
 
@@ -8,14 +8,14 @@
 
 namespace kevra {
 
-/// The tags around `touched`; one that is overlong is left as it is.
-void mendTags(EditorSurface &document, TextRange touched, Colour code);
+/// Recolours the tags around `touched`; an overlong tag is left as it is.
+void recolourTags(EditorSurface &document, TextRange touched, Colour code);
 
-/// The lines of a script that `touched` reaches into, as if they were a script of their own. What is black in
-/// a line that is being written stays black. A small edit leaves an overlong line to be finished later.
+/// Recolours the lines of a script that `touched` overlaps, as if they were a script of their own. Black text
+/// in an unfinished line stays black. After a small edit, an overlong line is only marked as unfinished.
 void recolourScript(EditorSurface &document, TextRange touched, Colour code);
 
-/// `touched` is new text: black where no colour is wanted, else as the tools that are shown colour it.
+/// Colours new text: black if the document takes no colour, else as the tool set shown colours it.
 void recolourInserted(EditorSurface &document, TextRange touched, const DocumentState &state);
 
 } // namespace kevra

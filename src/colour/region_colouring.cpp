@@ -11,16 +11,15 @@
 namespace kevra {
 namespace {
 
-/// Before a region: its neighbour in any encoding of one character, and the mark that may start one place
-/// early.
+/// In bytes, enough for the character before a region and for a mark that starts one position before it.
 constexpr Offset lookBack = 8;
 
-/// The part of the text on which the region's pass finds all it looks for.
+/// The part of the document that the pass over the region needs.
 TextRange windowFor(const EditorSurface &document, TextRange region)
 {
     const auto start = std::max<Offset>(region.start - lookBack, 0);
     const auto markStart = std::max<Offset>(region.start - 1, 0);
-    // A closing mark may stand anywhere behind.
+    // The closing mark may be anywhere after it.
     if (document.Text({markStart, region.end + 1}).find(placeholderOpening) != std::string_view::npos)
         return {0, document.Length()};
     const auto lineEnd = firstOf(document, "\r", region.end);

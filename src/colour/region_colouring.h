@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colouring one region of a script, at a cost that goes by the region and its line.
+// Colours one region of a script. The cost is proportional to the region and its line.
 #pragma once
 
 #include "editor/document_state.h"
@@ -7,11 +7,11 @@
 
 namespace kevra {
 
-/// Paints a region as it stands, literals included, and leaves the caret at its end with a black typing
-/// colour. False when the pass failed on the way; what it had painted stays.
+/// Paints a region, string literals included, and leaves the caret at its end with a black typing colour.
+/// False if the pass ended early; what it painted before stays.
 bool colourRegion(EditorSurface &document, TextRange region, Colour code);
 
-/// Blackens a region and paints its pieces outside literals; a quote before the region is not looked for.
+/// Makes a region black and paints its pieces outside literals; quotes before the region are ignored.
 /// Caret and selection stay; the typing colour is black.
 void recolourRegion(EditorSurface &document, TextRange region, Colour code);
 

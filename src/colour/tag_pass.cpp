@@ -16,7 +16,7 @@ std::string_view part(std::string_view text, Offset start, Offset end)
     return text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start));
 }
 
-/// The offset of the character with that number, counted from `from`.
+/// The offset `count` characters after `from`.
 Offset skipCharacters(std::string_view text, Offset from, Offset count)
 {
     const auto size = static_cast<Offset>(text.size());
@@ -27,15 +27,15 @@ Offset skipCharacters(std::string_view text, Offset from, Offset count)
 
 } // namespace
 
-bool tagIsLongForItsPlace(Offset lt, Offset gt)
+bool mayNeedInnerSearch(Offset lt, Offset gt)
 {
-    // In bytes, and so on the safe side: characters are counted only where the outcome can depend on them.
+    // Estimated in bytes; characters are counted only where the result can depend on them.
     return (gt - lt) * longestCharacter >= lt + 2;
 }
 
 Offset tagRunStart(std::string_view text, Offset lt, Offset gt)
 {
-    if (!tagIsLongForItsPlace(lt, gt))
+    if (!mayNeedInnerSearch(lt, gt))
         return lt;
     const auto before = characterCount(part(text, 0, lt));
     const auto searchFrom = skipCharacters(text, lt + 1, before + 1);

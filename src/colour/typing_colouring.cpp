@@ -12,9 +12,9 @@
 namespace kevra {
 namespace {
 
-constexpr Offset fewCharacters = 16; // bytes; enough to tell three characters from fewer
+constexpr Offset fewCharacters = 16; // bytes; enough to distinguish three characters from fewer
 
-/// The characters before a position, exact while they are few.
+/// The number of characters before a position; exact only if it is small.
 Offset charactersBefore(const EditorSurface &document, Offset position)
 {
     return characterCount(document.Text({0, std::min(position, fewCharacters)}));
@@ -62,7 +62,7 @@ void TypingColouring::typeInPage(char32_t character)
     }
 }
 
-/// The new "<" opens a tag when a ">" comes before any other "<".
+/// The new "<" opens a tag if a ">" follows before any other "<".
 void TypingColouring::paintTagOpenedAt(TextRange selection)
 {
     const auto mark = firstOf(m_document, "<>", selection.end, selection.end + keyReach);
@@ -80,7 +80,7 @@ void TypingColouring::paintTagClosedAt(Offset caret)
     const auto opening = lastOf(m_document, '<', caret, std::max<Offset>(0, caret - keyReach));
     if (opening == -1)
         return;
-    // A ">" right before the caret, or one further back, does not count as the tag's end.
+    // A ">" among the two characters before the caret does not count as the end of the tag.
     const auto twoBack = previousCharacter(m_document, previousCharacter(m_document, caret));
     if (before >= 3 && lastOf(m_document, '>', twoBack, opening) != -1)
         return;
@@ -88,7 +88,7 @@ void TypingColouring::paintTagClosedAt(Offset caret)
     m_document.SetColours(tag.range, {&tag, 1});
 }
 
-/// Text goes on in black behind a tag, unless a new tag has begun right there.
+/// Text after a tag is black, unless a new tag starts immediately.
 void TypingColouring::typeAfterTag()
 {
     const auto caret = m_document.SelStart();
@@ -107,7 +107,7 @@ void TypingColouring::keyReleased(int key)
 
 void TypingColouring::finishLine()
 {
-    // What keeps the indentation may stand between the break and the caret.
+    // Automatic indentation may be between the line break and the caret.
     const auto caret = m_document.SelStart();
     if (onLongLine(m_document, {caret, caret}))
         return m_view.syncLineNumbers();
@@ -133,7 +133,7 @@ void TypingColouring::edited(TextRange touched, EditKind kind)
     if (!m_state.takesColour())
         return;
     if (!m_state.scriptTools)
-        mendTags(m_document, touched, m_state.codeColour);
+        recolourTags(m_document, touched, m_state.codeColour);
     else if (kind == EditKind::Paste || kind == EditKind::Drop)
         recolourInserted(m_document, touched, m_state);
     else
@@ -141,7 +141,7 @@ void TypingColouring::edited(TextRange touched, EditKind kind)
     m_document.SetTypingColor(colourAroundCaret());
 }
 
-/// A script's line stays black until Return or a click finishes it.
+/// A line of a script stays black until Return or a click finishes it.
 void TypingColouring::noteTyped(TextRange typed)
 {
     if (!m_state.scriptTools || !m_state.takesColour())
@@ -173,7 +173,7 @@ void TypingColouring::caretPlaced()
         m_document.SetTypingColor(colourAroundCaret());
 }
 
-/// Inside a tag that is not closed before the caret: its colour; anywhere else black.
+/// The colour of an open tag before the caret, else black.
 Colour TypingColouring::colourAroundCaret() const
 {
     const auto caret = m_document.SelStart();

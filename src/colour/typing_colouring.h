@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Colours while the user types: a tag is painted as its "<" or ">" is typed, a script's line when Return ends
-// it. Costs nothing that grows with the document.
+// Colours text while the user types: a tag when its "<" or ">" is typed, a line of a script when Return ends
+// it. The cost does not depend on the size of the document.
 #pragma once
 
 #include "desktop/main_view.h"
@@ -14,7 +14,7 @@ namespace kevra {
 
 class TypingColouring : public TypingHandler {
 public:
-    /// `checkLine` is given the line that Return has ended, its break included.
+    /// `checkLine` receives the line that Return has ended, including its line break.
     TypingColouring(EditorSurface &document, DocumentState &state, MainView &view,
         std::function<void(TextRange)> checkLine);
 

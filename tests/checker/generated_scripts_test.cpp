@@ -21,7 +21,7 @@ const std::vector<std::string> bits{"\r\n", "\r\n", " ", " ", "\"", "\"\"", "(",
     "FileSystemObject", "WScript.Shell", "fso.FileExists", "FileExists", "CopyFile", ".Close", "Close",
     "RegWrite ", "sh.RegWrite ", "Run ", "Write ", "SkipLine", "MsgBox \"Close\"", "x = 1\r\n",
     "If a = b Then\r\nEnd If\r\n"};
-const std::vector<std::string> soundLines{"x = 1\r\n", "If a Then\r\n", "End If\r\n", "For i = 1 To 3\r\n",
+const std::vector<std::string> validLines{"x = 1\r\n", "If a Then\r\n", "End If\r\n", "For i = 1 To 3\r\n",
     "Next\r\n", "  Next\r\n", "Sub a\r\n", "End Sub\r\n", "Do\r\n", "Exit Do\r\n", "Loop\r\n",
     "'-- Exit Do if next\r\n", "' it's if\r\n", "MsgBox \"for if do\"\r\n", "y = \"FileSystemObject\"\r\n",
     "z = \"WScript.Shell\"\r\n", "fso.CopyFile a, b\r\n", "CopyFile a, b\r\n", "ts.Close\r\n", "Close\r\n",
@@ -40,10 +40,10 @@ TEST(Checker, FindsWhatTheProcedureFinds)
 {
     std::mt19937 random(4);
     const auto number
-        = [&](std::size_t most) { return std::uniform_int_distribution<std::size_t>(0, most)(random); };
+        = [&](std::size_t max) { return std::uniform_int_distribution<std::size_t>(0, max)(random); };
     std::map<std::string, int> verdicts;
     for (int i = 0; i < scriptsCompared; ++i) {
-        const auto &parts = i % 3 == 0 ? bits : soundLines;
+        const auto &parts = i % 3 == 0 ? bits : validLines;
         std::string text;
         for (auto left = number(i % 2 ? 8 : 24); left > 0; --left)
             text += parts[number(parts.size() - 1)];
@@ -78,7 +78,7 @@ TEST(Checker, JudgesAFinishedLineAsTheProcedureDoes)
 {
     std::mt19937 random(5);
     const auto number
-        = [&](std::size_t most) { return std::uniform_int_distribution<std::size_t>(0, most)(random); };
+        = [&](std::size_t max) { return std::uniform_int_distribution<std::size_t>(0, max)(random); };
     for (int i = 0; i < scriptsCompared / 4; ++i) {
         std::string text;
         for (auto left = number(10); left > 0; --left)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The checker's procedures done literally on a surface, search by search: slow, and what the passes are
-// compared with.
+// A slow, literal implementation of the checker's procedures on a surface, search by search: the reference
+// for the passes.
 #pragma once
 
 #include "editor/memory_surface.h"
@@ -10,7 +10,7 @@
 
 namespace kevra {
 
-/// The names that want an object, in the three sections of the procedure.
+/// The names that need an object, in the three sections of the procedure.
 extern const std::vector<std::vector<std::string>> sectionMembers;
 
 class LiteralChecker {

@@ -51,7 +51,7 @@ TEST(ColourInControl, FollowsKeys)
     EXPECT_EQ(marksOf(script.document), "cc---cccc--------");
 }
 
-/// The marks of a script whose touched lines were coloured step by step, and nothing else.
+/// The marks of a script after only the touched lines were coloured step by step.
 std::string withLinesColoured(std::string marks, std::string_view text, TextRange touched)
 {
     const auto before = text.rfind('\n', static_cast<std::size_t>(touched.start) - 1);
@@ -80,7 +80,7 @@ TEST(ColourInControl, EditCommandsLeaveWhatTheProceduresPaint)
     const QStringList bits{"<b>", "<", ">", "text", "\n", "if ", "next", "\"", "<<x>>", "'--", "end sub\n",
         "\u00e9", "<i class=\"x\">", "<<", ">>"};
     std::mt19937 random(3);
-    const auto number = [&](Offset most) { return std::uniform_int_distribution<Offset>(0, most)(random); };
+    const auto number = [&](Offset max) { return std::uniform_int_distribution<Offset>(0, max)(random); };
     const auto bit = [&] { return bits[number(bits.size() - 1)]; };
     for (const bool script : {false, true}) {
         Fixture fixture;
@@ -95,7 +95,7 @@ TEST(ColourInControl, EditCommandsLeaveWhatTheProceduresPaint)
         });
         for (int step = 0; step < (script ? 300 : 2000); ++step) {
             const auto length = document.Length();
-            // Between characters: half of one is no text that the reference could read.
+            // Between characters: the reference cannot read half a character.
             const auto between = [&](Offset at) {
                 const auto byte = document.Text({at, at + 1});
                 return !byte.empty() && (byte.front() & 0xC0) == 0x80 ? at - 1 : at;
@@ -116,7 +116,7 @@ TEST(ColourInControl, EditCommandsLeaveWhatTheProceduresPaint)
                 document.redo();
                 break;
             default:
-                // Long enough for edits that recolour a part of the document only.
+                // Long enough for edits that recolour only a part of the document.
                 QGuiApplication::clipboard()->setText(
                     bit() + bit() + (length < 9000 ? bit().repeated(number(90)) : ""));
                 document.paste();

@@ -22,7 +22,7 @@ TEST(DocumentColouring, PaintsPagesAndScripts)
         {"a comment ends at its first >", false, "--<!-- a>b -->", "--ccccccc-----"},
         {"literals stay black", true, "If a Then MsgBox \"end if\"", "cc---cccc-cccccc---------"},
         {"endif is no keyword", true, "dim endif", "ccc------"},
-        {"a next behind a dot", true, "ax.Next", "-------"},
+        {"a next after a dot", true, "ax.Next", "-------"},
         {"next at the very start ends the pass", true, "Next: if '--x", "cccc---------"},
         {"placeholder with its brackets", true, "f(<<path if>>)", "--ooooooooooo-"},
         {"separator comment to the line's end", true, "x '--if\r\nif", "--ggggg--cc"},

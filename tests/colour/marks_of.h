@@ -9,7 +9,7 @@
 
 namespace kevra {
 
-/// A letter a byte: "c" code, "o" placeholder, "g" separator comment, "-" black, "r" anything else.
+/// One letter per byte: "c" code, "o" placeholder, "g" separator comment, "-" black, "r" anything else.
 inline std::string marksOf(const EditorSurface &surface)
 {
     std::string out;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The passes against the same procedures done literally, one selection at a time.
+// Compares the passes with literal implementations of the same procedures, one selection at a time.
 #include "colour/keyword_pass.h"
 #include "colour/reference_colouring.h"
 #include "colour/tag_pass.h"
@@ -29,7 +29,7 @@ std::string utf8(const std::u32string &text)
     return out;
 }
 
-/// The colour of every character, runs laid over `ground`.
+/// The colour of every character after the runs are painted over `ground`.
 std::vector<Colour> painted(std::string_view text, std::vector<Colour> ground, const ColourRuns &runs)
 {
     std::vector<Colour> bytes;
@@ -60,7 +60,7 @@ public:
             out += m_bits[static_cast<std::size_t>(number(static_cast<int>(m_bits.size()) - 1))];
         return out;
     }
-    int number(int most) { return std::uniform_int_distribution(0, most)(m_random); }
+    int number(int max) { return std::uniform_int_distribution(0, max)(m_random); }
 
 private:
     std::vector<std::u32string> m_bits;
@@ -74,7 +74,7 @@ const std::vector<std::u32string> scriptBits{U"next", U"Next", U"next", U" ", U"
     U"end sub", U"end if", U"End Function", U"sub", U"If", U"elseif", U"msgbox", U"inputbox", U"not", U"do",
     U"for", U"7"};
 
-/// Both ways over as many generated texts, half of them short.
+/// Compares pass and procedure on generated texts, half of them short.
 void compareWithProcedure(const std::vector<std::u32string> &bits, int shortText,
     ColourRuns (*pass)(std::string_view, Colour), void (*procedure)(ReferenceColouring &, Colour))
 {
@@ -111,7 +111,7 @@ TEST(RegionPass, PaintsWhatTheProcedurePaints)
             return static_cast<Offset>(
                 utf8(reference.text.substr(0, static_cast<std::size_t>(characters))).size());
         };
-        // Only where counting characters and counting bytes starts the search at the same place.
+        // Only where counting characters and counting bytes starts the search at the same position.
         if (start > 0 && reference.at(start - 1) >= 0x80)
             continue;
         const auto region = regionRuns(text, {bytes(start), bytes(end)}, colours::defaultCode);

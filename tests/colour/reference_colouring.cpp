@@ -115,7 +115,7 @@ bool colourRegionStepByStep(ReferenceColouring &reference, int start, int end, C
             return false;
         reference.paint(a - 1, b - a + 2, colours::placeholder);
         if (b + 2 <= pos)
-            return false; // it would never end
+            return false; // it would never terminate
         pos = b + 2;
     } while (pos < end);
     pos = start == 0 ? 1 : start;

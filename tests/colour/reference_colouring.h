@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A sheet of characters with a colour each, and the colouring procedures done on it one selection at a time:
-// slow, literal, and what the passes are compared with.
+// A text with a colour for each character, and slow, literal implementations of the colouring procedures on
+// it, one selection at a time: the reference for the passes.
 #pragma once
 
 #include "text/types.h"
@@ -21,7 +21,7 @@ public:
 
     [[nodiscard]] int length() const { return static_cast<int>(text.size()); }
 
-    /// Without regard to case, from 0, -1 when absent; an end beyond the text is its end.
+    /// Ignores case. Positions from 0; -1 if not found.
     [[nodiscard]] int find(const std::u32string &what, int start, int end, bool whole = false) const
     {
         const int size = static_cast<int>(what.size());
@@ -61,7 +61,7 @@ private:
 void colourTagsStepByStep(ReferenceColouring &reference, Colour code);
 /// Paints a whole script, piece by piece.
 void colourScriptStepByStep(ReferenceColouring &reference, Colour code);
-/// Paints one region as it stands; false when the procedure fails on the way.
+/// Paints one region, string literals included; false if the procedure fails.
 bool colourRegionStepByStep(ReferenceColouring &reference, int start, int end, Colour code);
 
 } // namespace kevra

@@ -45,14 +45,14 @@ TEST(TypingColouring, PaintsTagsAsTheyAreTyped)
     } const cases[] = {
         {"a whole tag", "|", "<b>x", "<b>x", "ccc-"},
         {"closing a tag", "<B|", ">", "<B>", "ccc"},
-        {"a new tag right behind the last", "|", "<b><i", "<b><i", "ccccc"},
-        {"text behind a tag and a new tag", "|", "<b>x<i>", "<b>x<i>", "ccc-ccc"},
+        {"a new tag right after the last", "|", "<b><i", "<b><i", "ccccc"},
+        {"text after a tag and a new tag", "|", "<b>x<i>", "<b>x<i>", "ccc-ccc"},
         {"opening before text that a > closes", "|b> x", "<", "<b> x", "ccc--"},
         {"another < comes first", "|b <i>", "<", "<b <i>", "c-----"},
         {"no > follows", "|b", "<", "<b", "c-"},
         {"a > without a tag", "ab|", ">", "ab>", "--c"},
         {"the last tag is closed already", "<b>text|", ">", "<b>text>", "-------c"},
-        {"a > right before the caret is looked over", "<b>|", ">", "<b>>", "cccc"},
+        {"a > right before the caret is ignored", "<b>|", ">", "<b>>", "cccc"},
         {"the second character", "<|", ">", "<>", "-c"},
         {"over a selection", "<b[old]>", "<", "<b<>", "--cc"},
     };
@@ -77,10 +77,10 @@ TEST(TypingColouring, ColoursAScriptLineAtReturn)
     EXPECT_EQ(marksOf(fixture.document), "------cc------------cccc--cccccc-gggg--");
     EXPECT_EQ(fixture.document.SelStart(), fixture.document.Length());
     EXPECT_EQ(fixture.checked, (std::vector<TextRange>{{6, 26}, {26, 39}}));
-    EXPECT_EQ(fixture.view.levelled, 2);
+    EXPECT_EQ(fixture.view.lineNumberSyncs, 2);
 }
 
-TEST(TypingColouring, LeavesDocumentsAloneThatTakeNoColour)
+TEST(TypingColouring, LeavesDocumentsWithoutColouringAlone)
 {
     Fixture fixture("x");
     fixture.state.colourApplies = false;

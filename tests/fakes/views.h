@@ -12,14 +12,14 @@ public:
     void setInformation(std::string_view text) override { information = text; }
     void setTitlePath(std::string_view path) override { titlePath = path; }
     void redrawAndFocus() override { }
-    void syncLineNumbers() override { ++levelled; }
+    void syncLineNumbers() override { ++lineNumberSyncs; }
     void tell(std::string_view text) override { told = text; }
     void refreshDocumentStatus() override { }
 
     std::string information = "(untouched)";
     std::string titlePath = "(untouched)";
     std::string told;
-    int levelled = 0;
+    int lineNumberSyncs = 0;
 };
 
 class FakeToolView : public ToolView {

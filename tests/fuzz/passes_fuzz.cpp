@@ -47,9 +47,9 @@ extern "C" int LLVMFuzzerTestOneInput(const char *data, std::size_t size)
     MemorySurface mended(text);
     mended.SetColours({0, mended.Length()}, tags);
     mended.Replace({middle, middle}, "<");
-    mendTags(mended, {middle, middle + 1}, code);
+    recolourTags(mended, {middle, middle + 1}, code);
     mended.Replace({middle, middle + 1}, "");
-    mendTags(mended, {middle, middle}, code);
+    recolourTags(mended, {middle, middle}, code);
     requireSameColours(whole, mended);
     return 0;
 }
