@@ -10,8 +10,8 @@
 
 namespace kevra {
 
-/// "#" and six capital hexadecimal digits, red first. A value of more than 24 bits gives a longer code, its
-/// outer pairs exchanged all the same.
+/// "#" and six upper-case hexadecimal digits, red first. A value of more than 24 bits gives a longer code, in
+/// which digits 1 and 2 are replaced by the last two, and digits 5 and 6 by the first two.
 [[nodiscard]] std::string ColourToHtml(Colour colour);
 
 inline constexpr std::size_t hexDigits = 6;

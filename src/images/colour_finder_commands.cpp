@@ -28,7 +28,7 @@ void ColourFinderCommands::ShowTypedColour()
 
 void ColourFinderCommands::TakeChosenColour(Colour colour)
 {
-    // Black counts as nothing chosen; it can only be typed.
+    // Choosing black counts as choosing nothing; black can only be typed.
     if (colour == colours::black)
         return;
     m_view.showColour(colour, "\"" + ColourToHtml(colour) + "\"");

@@ -14,7 +14,7 @@
 namespace kevra {
 namespace {
 
-constexpr int aroundText = 14; ///< pixels: frame, margins and the room of the caret
+constexpr int aroundText = 14; ///< pixels: frame, margins and space for the caret
 
 struct PanelButton {
     const char *name;
@@ -32,7 +32,7 @@ constexpr PanelButton copy{
 constexpr PanelButton showTyped{
     "bshowhex", "SHOW THIS COLOR", "Show color of hex code entered.", &ColourFinderCommands::ShowTypedColour};
 
-/// Writes its caption smaller where there is no room for it, as the buttons beside it do.
+/// Draws its caption in a smaller font if there is no room for it, like the buttons beside it.
 class FittedLabel : public QLabel {
 public:
     using QLabel::QLabel;

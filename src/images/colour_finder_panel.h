@@ -9,7 +9,7 @@ class QWidget;
 
 namespace kevra {
 
-/// What the frame `frcol` holds. The controls belong to the frame.
+/// The contents of the frame `frcol`, which owns the controls.
 class ColourFinderPanel : private ColourFinderView {
 public:
     ColourFinderPanel(QWidget &frame, EditorSurface &document, ColourDialog &dialog, Messages &messages,

@@ -26,7 +26,7 @@ void ImageCommands::view(const std::string &path)
     const auto type = imageType(path);
     if (type == ImageType::NotAccepted)
         return;
-    // Before anything is set: the tag and the panel speak of the picture that can be seen.
+    // Loaded first: the tag and the panel must describe the picture that is shown.
     const auto stamp = m_ports.files.stamp(path);
     const auto size = stamp ? viewer.load(path) : std::nullopt;
     if (!size)
@@ -55,7 +55,7 @@ void ImageCommands::CloseImageViewer()
     m_ports.document.SetFocus();
 }
 
-void ImageCommands::put(const std::string &text)
+void ImageCommands::copyText(const std::string &text)
 {
     m_ports.clipboard.clear();
     m_ports.clipboard.setText(text);
@@ -64,12 +64,12 @@ void ImageCommands::put(const std::string &text)
 
 void ImageCommands::CopyViewedImageTag()
 {
-    put(imageTag(m_name, m_size));
+    copyText(imageTag(m_name, m_size));
 }
 
 void ImageCommands::CopySampledColour()
 {
-    put("\"" + m_ports.viewer.sampleCode() + "\"");
+    copyText("\"" + m_ports.viewer.sampleCode() + "\"");
 }
 
 std::optional<std::string> ImageCommands::choose(const FileFilter &filter)
@@ -82,7 +82,7 @@ std::optional<std::string> ImageCommands::chooseWebImage()
     return choose({"Web Files(*.gif;*.jpg;)", "*.gif;*.jpg;"});
 }
 
-void ImageCommands::copyTag(Tag tag)
+void ImageCommands::copyTag(TagFunction tagFor)
 {
     const auto path = chooseWebImage();
     if (!path)
@@ -94,7 +94,7 @@ void ImageCommands::copyTag(Tag tag)
         return;
     }
     if (const auto size = m_ports.sizes.sizeOf(*path))
-        put(tag(fileName(*path), *size));
+        copyText(tagFor(fileName(*path), *size));
 }
 
 void ImageCommands::CopyImageTag()
@@ -110,14 +110,14 @@ void ImageCommands::CopyLinkedImageTag()
 void ImageCommands::CopyBodyBackgroundTag()
 {
     if (const auto path = chooseWebImage())
-        put(bodyBackgroundTag(fileName(*path)));
+        copyText(bodyBackgroundTag(fileName(*path)));
 }
 
 bool ImageCommands::copyTagOf(const std::string &path)
 {
     const auto size = imageType(path) == ImageType::Web ? m_ports.sizes.sizeOf(path) : std::nullopt;
     if (size)
-        put(imageTag(fileName(path), *size));
+        copyText(imageTag(fileName(path), *size));
     return size.has_value();
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Viewing a picture, picking a colour in it, and the tags that name one. Tags go to the clipboard; the
-// document is not changed.
+// The commands to view a picture, to sample a colour in it, and to copy tags for pictures. Tags go to the
+// clipboard; the document is not changed.
 #pragma once
 
 #include "desktop/clipboard.h"
@@ -16,7 +16,7 @@
 
 namespace kevra {
 
-/// The size of a picture file; nothing for what is no picture or is too large to be one.
+/// The size of a picture file; nothing if it is not a picture or is too large.
 class PictureSizes {
 public:
     virtual ~PictureSizes() = default;
@@ -37,9 +37,9 @@ public:
     virtual void showViewer(PictureSize size) = 0;
     [[nodiscard]] virtual bool viewerIsVisible() const = 0;
     virtual void raiseViewer() = 0; ///< above the program's other windows
-    virtual void hideViewer() = 0; ///< and put at the bottom
+    virtual void hideViewer() = 0; ///< and lower it below the other windows
     virtual void showPanel(bool on) = 0; ///< `fr1`
-    /// At a place in the picture's own pixels.
+    /// At a position in the picture's own pixels.
     [[nodiscard]] virtual std::optional<Colour> colourAt(int x, int y) const = 0;
     virtual void showSample(Colour colour, const std::string &code) = 0;
     [[nodiscard]] virtual std::string sampleCode() const = 0; ///< `thex`
@@ -72,16 +72,16 @@ public:
     void CopyImageTag();
     void CopyLinkedImageTag();
     void CopyBodyBackgroundTag();
-    /// Puts the tag of a picture on the clipboard; false when it is none for a web page.
+    /// Puts the tag of a picture on the clipboard; false if it is not a picture for web pages.
     bool copyTagOf(const std::string &path);
 
 private:
-    using Tag = std::string (*)(std::string_view name, PictureSize size);
+    using TagFunction = std::string (*)(std::string_view name, PictureSize size);
 
     void view(const std::string &path);
-    void copyTag(Tag tag);
-    void put(const std::string &text);
-    /// In the document's folder first.
+    void copyTag(TagFunction tagFor);
+    void copyText(const std::string &text);
+    /// The dialog starts in the folder of the document.
     [[nodiscard]] std::optional<std::string> choose(const FileFilter &filter);
     [[nodiscard]] std::optional<std::string> chooseWebImage();
 

@@ -13,8 +13,8 @@ namespace kevra {
 namespace {
 
 constexpr QSize patchSize(56, 26);
-constexpr int pathCharacters = 36; ///< where there is room
-constexpr int leastPathCharacters = 6;
+constexpr int pathCharacters = 36; ///< if there is room
+constexpr int minPathCharacters = 6;
 constexpr int sizeCharacters = 14;
 constexpr int codeCharacters = 12;
 
@@ -27,7 +27,7 @@ public:
     }
     QSize minimumSizeHint() const override
     {
-        return {fontMetrics().averageCharWidth() * leastPathCharacters, QLineEdit::sizeHint().height()};
+        return {fontMetrics().averageCharWidth() * minPathCharacters, QLineEdit::sizeHint().height()};
     }
 };
 
@@ -53,7 +53,7 @@ void showColourIn(QWidget &patch, Colour colour)
 
 QHBoxLayout *panelRow(QWidget &frame)
 {
-    // Low enough for the strip under the document.
+    // Flat enough for the strip below the document.
     auto *row = new QHBoxLayout(&frame);
     row->setContentsMargins(8, 2, 8, 2);
     return row;

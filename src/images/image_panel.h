@@ -15,14 +15,14 @@ class QPushButton;
 
 namespace kevra {
 
-/// A patch that shows a colour.
+/// Fills the patch with a colour.
 void showColourIn(QWidget &patch, Colour colour);
-/// The one row of a panel's controls.
+/// The layout of a panel's controls, which are in one row.
 [[nodiscard]] QHBoxLayout *panelRow(QWidget &frame);
-/// A patch of a panel, black at first.
+/// A colour patch for a panel, black at first.
 [[nodiscard]] QFrame *colourPatch(const char *name, QWidget *parent);
 
-/// What the frame `fr1` holds: the colour sampled in the viewed image, its size and path.
+/// The contents of the frame `fr1`: the colour sampled in the viewed image, its size and path.
 class ImagePanel {
 public:
     struct Hooks {

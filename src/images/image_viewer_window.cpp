@@ -13,9 +13,10 @@
 namespace kevra {
 namespace {
 
-constexpr QSize leastSize(220, 24); ///< the caption can be read and the window closed
+constexpr QSize minSize(220, 24); ///< large enough to read the caption and to close the window
 constexpr int windowManagerSlack = 4; ///< pixels a window manager may be off
-constexpr int frameWidth = 5; ///< of the window manager's frame, which is not known before it is there
+constexpr int frameWidth
+    = 5; ///< assumed: the frame of the window manager is unknown until the window is shown
 
 } // namespace
 
@@ -48,14 +49,14 @@ void PictureView::mousePressEvent(QMouseEvent *event)
 }
 
 ImageViewerWindow::ImageViewerWindow(QWidget *parent)
-    // As a dialog it stays above the window it belongs to.
+    // As a dialog it stays above its parent.
     : QWidget(parent,
         Qt::Dialog | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint)
     , m_picture(new PictureView(this))
 {
     setObjectName("fbitmap");
     setWindowTitle("VIEW IMAGE");
-    setMinimumSize(leastSize);
+    setMinimumSize(minSize);
 }
 
 void ImageViewerWindow::showFor(PictureSize size, const QRect &room)
@@ -77,7 +78,7 @@ void ImageViewerWindow::place(const QRect &room)
 {
     constexpr int titleBar = titleBarTwips / twipsPerPixel;
     const auto area = screen()->availableGeometry();
-    // Upwards rather than over the panel below the room, where the sampled colour is.
+    // Moved up rather than over the panel below `room`, which shows the sampled colour.
     const int top = std::min(room.top(), room.bottom() + 1 - titleBar - height() - frameWidth);
     m_placed = {std::max(area.left(), room.right() + 1 - width() - frameWidth), std::max(area.top(), top)};
     move(m_placed);

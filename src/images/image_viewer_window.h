@@ -8,7 +8,7 @@
 
 namespace kevra {
 
-/// The control `piclarge`: a picture in its natural size, one of its pixels to one of the window's.
+/// The control `piclarge`: a picture at its natural size, one of its pixels per pixel of the window.
 class PictureView : public QWidget {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] const QImage &picture() const { return m_picture; }
 
 signals:
-    /// In the picture's own pixels, whatever the screen's scale.
+    /// In the picture's own pixels, independent of the scale of the screen.
     void clicked(int x, int y);
 
 protected:
@@ -30,7 +30,7 @@ private:
     QImage m_picture;
 };
 
-/// The window `fbitmap`. Closing it is refused and told; it stays as long as the program.
+/// The window `fbitmap`, which exists as long as the program: closing it only emits closeRequested().
 class ImageViewerWindow : public QWidget {
     Q_OBJECT
 
@@ -38,8 +38,8 @@ public:
     explicit ImageViewerWindow(QWidget *parent = nullptr);
 
     [[nodiscard]] PictureView &picture() { return *m_picture; }
-    /// In the upper right corner of `room` (on the screen), where there is least text; where the user has
-    /// moved it, as long as it does not reach off the screen there.
+    /// Shows the window in the upper right corner of `room` (in screen coordinates), where there is least
+    /// text; or where the user has moved it, if it is completely on the screen there.
     void showFor(PictureSize size, const QRect &room);
 
 signals:

@@ -15,12 +15,12 @@
 namespace kevra {
 namespace {
 
-constexpr qint64 mostPixels = qint64{32} * 1024 * 1024; ///< 128 MB as an image
-constexpr qint64 mostBytes = qint64{128} * 1024 * 1024; ///< of a JPEG file, which is read whole
+constexpr qint64 maxPixels = qint64{32} * 1024 * 1024; ///< 128 MB as an image
+constexpr qint64 maxJpegBytes = qint64{128} * 1024 * 1024; ///< of a JPEG file, which is read whole
 
 constexpr std::array formats{"gif", "jpeg", "jpg", "bmp", "ico"};
 
-/// The others' decoders refuse what has been cut off themselves.
+/// The decoders of the other formats refuse truncated files themselves.
 bool isWhole(const QString &name, const QByteArray &format)
 {
     QFile file(name);
@@ -29,7 +29,7 @@ bool isWhole(const QString &name, const QByteArray &format)
     if (format == "bmp")
         return isWholeBmp(file.read(bmpHeaderBytes).toStdString(), file.size());
     return !format.startsWith("jp")
-        || (file.size() <= mostBytes && isWholeJpeg(file.readAll().toStdString()));
+        || (file.size() <= maxJpegBytes && isWholeJpeg(file.readAll().toStdString()));
 }
 
 bool open(QImageReader &reader, const std::string &path)
@@ -37,32 +37,32 @@ bool open(QImageReader &reader, const std::string &path)
     const auto name = pathText(path);
     if (!QFileInfo(name).isFile())
         return false;
-    // The content decides, so that no other decoder is ever let at the file for its name.
+    // By content: the name of a file must not select another decoder.
     reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true); // a photograph stands upright, as browsers show it
+    reader.setAutoTransform(true); // photographs are shown upright, as in browsers
     reader.setFileName(name);
     const auto format = reader.format();
     return std::ranges::any_of(formats, [&](const char *known) { return format == known; })
         && isWhole(name, format);
 }
 
-bool isSane(QSize size)
+bool isAcceptable(QSize size)
 {
-    return size.width() > 0 && size.height() > 0 && qint64{size.width()} * size.height() <= mostPixels;
+    return size.width() > 0 && size.height() > 0 && qint64{size.width()} * size.height() <= maxPixels;
 }
 
 std::optional<QImage> read(QImageReader &reader)
 {
-    // Every one of the formats has its size in the header; without one the file is broken.
-    if (!isSane(reader.size()))
+    // All these formats have the size in the header; without it the file is damaged.
+    if (!isAcceptable(reader.size()))
         return std::nullopt;
     auto image = reader.read();
-    if (image.isNull() || !isSane(image.size()))
+    if (image.isNull() || !isAcceptable(image.size()))
         return std::nullopt;
     return image;
 }
 
-/// Null when there is no memory for it.
+/// Null if there is not enough memory.
 QImage onWhite(const QImage &image)
 {
     QImage shown(image.size(), QImage::Format_RGB32);
@@ -78,7 +78,7 @@ QImage onWhite(const QImage &image)
 std::optional<PictureSize> PictureDecoderQt::sizeOf(const std::string &path) const
 {
     QImageReader reader;
-    if (!open(reader, path) || !isSane(reader.size()))
+    if (!open(reader, path) || !isAcceptable(reader.size()))
         return std::nullopt;
     const auto size = reader.size();
     if (reader.transformation() & QImageIOHandler::TransformationRotate90)
@@ -94,7 +94,7 @@ std::optional<QImage> PictureDecoderQt::decode(const std::string &path) const
     auto image = read(reader);
     if (!image)
         return std::nullopt;
-    // What is not transparent needs no second copy: one may be as large as pictures are allowed to be.
+    // An opaque picture needs no second copy, which could double the memory for a very large one.
     auto shown = image->hasAlphaChannel() ? onWhite(*image)
                                           : std::move(*image).convertToFormat(QImage::Format_RGB32);
     return shown.isNull() ? std::nullopt : std::optional(std::move(shown));

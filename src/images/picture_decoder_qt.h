@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pictures by the desktop's decoders, by what is in the file: GIF, JPEG, BMP and ICO, and none so large that
-// it would fill the memory.
+// Decodes GIF, JPEG, BMP and ICO files, recognised by their content, with the decoders of the desktop.
+// Refuses pictures so large that they would fill the memory.
 #pragma once
 
 #include "images/image_commands.h"
@@ -11,9 +11,9 @@ namespace kevra {
 
 class PictureDecoderQt : public PictureSizes {
 public:
-    /// Without decoding the picture where its header tells.
+    /// Read from the header, without decoding the picture.
     [[nodiscard]] std::optional<PictureSize> sizeOf(const std::string &path) const override;
-    /// What is transparent is white; nothing when the picture cannot be decoded whole.
+    /// Transparent parts become white. Nothing if the picture cannot be decoded completely.
     [[nodiscard]] std::optional<QImage> decode(const std::string &path) const;
 };
 

@@ -13,7 +13,7 @@ constexpr std::string_view croppedCaption = "VIEW IMAGE - Note: Image has been c
 constexpr std::int64_t heightPercent = 85;
 constexpr std::int64_t widthPercent = 90;
 
-/// Exact: a hundredth of a twip too much is too much.
+/// Compares without rounding: a hundredth of a twip over the limit is over the limit.
 void crop(std::int64_t &length, std::int64_t screen, std::int64_t percent, std::string_view &caption)
 {
     if (screen * percent >= length * 100)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How large the image viewer is for a picture, and what it says about it. Lengths in twips.
+// The size of the image viewer for a picture, and its texts. Lengths in twips.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ inline constexpr int titleBarTwips = 375;
 [[nodiscard]] std::string pictureInformation(std::string_view name, std::int64_t bytes);
 
 enum class ImageType { Web, Other, NotAccepted };
-/// By the extension: GIF and JPG go on web pages, BMP and ICO are only looked at.
+/// By the extension: GIF and JPG are for web pages, BMP and ICO only for viewing.
 [[nodiscard]] ImageType imageType(std::string_view path);
 
 } // namespace kevra

@@ -23,14 +23,14 @@ std::uint32_t littleEndian(std::string_view bytes, std::size_t at, int count)
     return value;
 }
 
-/// Within a scan a lone 0xFF is followed by 0, and a restart by D0 to D7.
+/// Within a scan, 0xFF is followed by 0 if it is data, or by D0 to D7 if it is a restart.
 bool belongsToScan(unsigned char marker)
 {
     return marker == 0 || (marker >= 0xD0 && marker <= 0xD7);
 }
 
-/// The place behind the next marker from `at`; the end when there is none.
-std::size_t behindMarker(std::string_view bytes, std::size_t at)
+/// The position after the next marker from `at`; beyond the end if there is none.
+std::size_t afterMarker(std::string_view bytes, std::size_t at)
 {
     for (; at + 1 < bytes.size(); ++at)
         if (byteAt(bytes, at) == 0xFF && byteAt(bytes, at + 1) != 0xFF
@@ -43,9 +43,9 @@ std::size_t behindMarker(std::string_view bytes, std::size_t at)
 
 bool isWholeJpeg(std::string_view bytes)
 {
-    constexpr std::size_t behindStartMark = 2;
+    constexpr std::size_t afterStartOfImage = 2;
     bool scanned = false;
-    for (auto at = behindMarker(bytes, behindStartMark); at <= bytes.size(); at = behindMarker(bytes, at)) {
+    for (auto at = afterMarker(bytes, afterStartOfImage); at <= bytes.size(); at = afterMarker(bytes, at)) {
         const auto marker = byteAt(bytes, at - 1);
         if (marker == endOfImage)
             return scanned;
@@ -59,7 +59,7 @@ bool isWholeBmp(std::string_view header, std::int64_t fileBytes)
 {
     constexpr std::uint32_t bitFields = 3;
     const auto compression = littleEndian(header, 30, 4);
-    const bool old = littleEndian(header, 14, 4) == 12; // a header without room for a compression
+    const bool old = littleEndian(header, 14, 4) == 12; // this header has no compression field
     if (old || (compression != 0 && compression != bitFields))
         return true;
     const auto width = std::int64_t{static_cast<std::int32_t>(littleEndian(header, 18, 4))};

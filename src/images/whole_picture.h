@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whether a picture file has been cut off. The decoders of JPEG and BMP fill what is missing with grey or
-// noise and do not tell.
+// Detects truncated picture files. The decoders of JPEG and BMP fill the missing part with grey or noise and
+// report no error.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +8,14 @@
 
 namespace kevra {
 
-/// Up to the marker of its end; what follows that is of no concern.
+/// Whether the end marker is there; bytes after it are ignored.
 [[nodiscard]] bool isWholeJpeg(std::string_view bytes);
 
-/// As many rows as the header says; the packed kinds, which have an end mark, are taken as whole.
+/// Whether all rows that the header declares are there. Compressed files, which have an end mark, count as
+/// whole.
 [[nodiscard]] bool isWholeBmp(std::string_view header, std::int64_t fileBytes);
 
-/// As much of a BMP file as tells how long it must be.
+/// The part of a BMP file that isWholeBmp() needs as `header`.
 inline constexpr std::int64_t bmpHeaderBytes = 54;
 
 } // namespace kevra

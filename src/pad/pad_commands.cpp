@@ -31,8 +31,8 @@ void PadCommands::PadCut()
         return;
     m_savedText = m_pad.SelText();
     m_saved = {selection.start, selection.start};
-    clipboardTakes(m_savedText);
-    // A whole line leaves its line break, so that the lines around it stay lines.
+    setClipboard(m_savedText);
+    // Cutting a whole line leaves its line break, so that the lines around it are not joined.
     replace(selection, m_savedText.ends_with(lineBreak) ? lineBreak : std::string_view());
     m_pad.SetSelStart(selection.start);
     m_last = Operation::Cut;
@@ -43,7 +43,7 @@ void PadCommands::PadCopy()
     if (m_pad.Selection().empty())
         return;
     m_savedText = m_clipboard.text();
-    clipboardTakes(m_pad.SelText());
+    setClipboard(m_pad.SelText());
     m_last = Operation::Copy;
 }
 
@@ -61,7 +61,7 @@ void PadCommands::PadPaste()
 void PadCommands::PadClear()
 {
     m_savedText = m_pad.Text();
-    clipboardTakes(m_savedText);
+    setClipboard(m_savedText);
     replace({0, m_pad.Length()}, {});
     m_last = Operation::Clear;
 }
@@ -84,7 +84,7 @@ void PadCommands::PadUndo()
         replace({0, m_pad.Length()}, m_savedText);
         break;
     case Operation::Copy:
-        clipboardTakes(m_savedText);
+        setClipboard(m_savedText);
         break;
     }
     m_last = Operation::None;
@@ -114,7 +114,7 @@ void PadCommands::textChanged(Offset position, Offset removed, Offset added)
         m_saved = pastedAfter(position, removed, added);
 }
 
-/// What lies between the pasted text's ends after an edit in it, or over one of them.
+/// The range of the pasted text after an edit inside it or across one of its ends.
 TextRange PadCommands::pastedAfter(Offset position, Offset removed, Offset added) const
 {
     const auto start = position < m_saved.start ? position + added : m_saved.start;
@@ -124,11 +124,11 @@ TextRange PadCommands::pastedAfter(Offset position, Offset removed, Offset added
 
 void PadCommands::replace(TextRange range, std::string_view text)
 {
-    const FlagGuard own(m_replacing);
+    const FlagGuard guard(m_replacing);
     m_pad.Replace(range, text);
 }
 
-void PadCommands::clipboardTakes(std::string_view text)
+void PadCommands::setClipboard(std::string_view text)
 {
     m_clipboard.clear();
     if (!text.empty())

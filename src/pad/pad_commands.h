@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The clipping pad's own cut, copy, paste, clear and undo. They go through the desktop's clipboard; undo
-// takes back the last of them and no more. Typing has the control's own undo and is left to it.
+// The clipping pad's own cut, copy, paste, clear and undo. They use the desktop's clipboard; undo reverts
+// only the last of them. Typing is left to the control's own undo.
 #pragma once
 
 #include "desktop/clipboard.h"
@@ -22,27 +22,26 @@ public:
     void PadUndo();
     void PadSelectAll();
 
-    /// Drops the pad's text and what undo would need.
+    /// Clears the pad, and forgets what undo needs.
     void empty();
-    /// The pad's text has changed: what undo remembers moves along, and is forgotten where its text was
-    /// edited.
+    /// The pad's text has changed: adjusts the range that undo remembers.
     void textChanged(Offset position, Offset removed, Offset added);
 
 private:
     enum class Operation { None, Cut, Copy, Paste, Clear };
 
-    /// Replaces as the pad's own doing, which needs no moving along.
     [[nodiscard]] TextRange pastedAfter(Offset position, Offset removed, Offset added) const;
+    /// Without adjusting the range that undo remembers.
     void replace(TextRange range, std::string_view text);
-    void clipboardTakes(std::string_view text);
+    void setClipboard(std::string_view text);
     void takeDocumentFont();
 
     EditorSurface &m_pad;
     const EditorSurface &m_document;
     Clipboard &m_clipboard;
     Operation m_last = Operation::None;
-    std::string m_savedText; ///< cut or cleared from the pad, or what a copy drove from the clipboard
-    TextRange m_saved; ///< where text was cut, or the pasted stretch
+    std::string m_savedText; ///< cut or cleared from the pad, or what a copy replaced in the clipboard
+    TextRange m_saved; ///< where text was cut, or the range of the pasted text
     bool m_replacing = false;
 };
 

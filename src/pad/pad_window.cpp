@@ -22,7 +22,7 @@ struct PadItem {
     bool separates; ///< in the pop-up menu, from the item before
 };
 
-// Undo has no key: the key is the control's own undo, which also takes back typing.
+// UNDO has no key: the key runs the control's own undo, which also reverts typing.
 constexpr PadItem barOrder[] = {
     {"mcutp", "&CUT", "popcut", "&Cut", QKeySequence::Cut, &PadCommands::PadCut, true},
     {"mcopyp", "&COPY", "popcopy", "&Copy", QKeySequence::Copy, &PadCommands::PadCopy, false},
@@ -45,7 +45,7 @@ PadWindow::PadWindow(
     , m_popUp(new QMenu("popup", this))
     , m_commands(*m_control, document, clipboard)
 {
-    // As a dialog it stays above the document's window, where pieces are dragged to and fro.
+    // As a dialog it stays above the document's window, so that text can be dragged between the two.
     setWindowFlags(
         Qt::Dialog | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     setObjectName("fpad");
@@ -89,13 +89,13 @@ void PadWindow::createMenus()
     }
 }
 
-/// The menu comes when the right button is released, on every desktop, or by the menu key.
+/// The menu opens when the right button is released, on every desktop, or with the menu key.
 bool PadWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ContextMenu) {
-        const auto *asked = static_cast<QContextMenuEvent *>(event);
-        if (asked->reason() != QContextMenuEvent::Mouse)
-            m_popUp->popup(asked->globalPos());
+        const auto *menuEvent = static_cast<QContextMenuEvent *>(event);
+        if (menuEvent->reason() != QContextMenuEvent::Mouse)
+            m_popUp->popup(menuEvent->globalPos());
         return true;
     }
     if (event->type() == QEvent::MouseButtonRelease) {
@@ -135,7 +135,7 @@ void PadWindow::closeEvent(QCloseEvent *event)
     m_commands.empty();
     keepPlace();
     hide();
-    // Maximised or minimised, it would be opened so again, away from the place it remembers.
+    // Otherwise it would open again maximised or minimised, not at its remembered place.
     setWindowState(Qt::WindowNoState);
 }
 

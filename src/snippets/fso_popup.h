@@ -5,8 +5,8 @@
 
 namespace kevra {
 
-/// Whether the caret stands right behind "fso." in code, so that the method names are worth offering. A
-/// literal or comment is looked for on the caret's line alone.
+/// Whether the caret is just after "fso." in code, where the method names are offered. Literals and comments
+/// are recognised on the line of the caret only.
 [[nodiscard]] bool offersFsoMethods(const EditorSurface &document);
 
 } // namespace kevra

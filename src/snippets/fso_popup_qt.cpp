@@ -15,7 +15,7 @@
 namespace kevra {
 namespace {
 
-constexpr std::array keysOfTheMenu{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Return,
+constexpr std::array menuKeys{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Return,
     Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Escape};
 
 } // namespace
@@ -27,7 +27,7 @@ FsoPopup::FsoPopup(EditorControl &document, const DocumentState &state, QMenu &m
 {
     menu.installEventFilter(this);
     connect(&menu, &QMenu::triggered, this, [this](QAction *method) { insert(*method); });
-    // The full stop is in the text only when the key has done its work.
+    // Queued: the full stop is in the text only after the key has been handled.
     connect(
         &document, &EditorControl::changed, this,
         [this](Offset, Offset, Offset added, EditKind kind) {
@@ -57,7 +57,7 @@ void FsoPopup::insert(const QAction &method)
     m_document.SetFocus();
 }
 
-/// Offers what begins with the letters typed since the full stop.
+/// Shows only the methods that begin with the letters typed after the full stop.
 void FsoPopup::filter()
 {
     const auto caret = m_document.SelStart();
@@ -76,7 +76,8 @@ void FsoPopup::filter()
     m_menu.move(place());
 }
 
-/// Below the line written, or above it where there is no room: the menu shrinks while letters are typed.
+/// Below the current line, or above it if there is no room. Changes as the menu shrinks while letters are
+/// typed.
 QPoint FsoPopup::place() const
 {
     const auto *viewport = m_document.viewport();
@@ -90,15 +91,15 @@ QPoint FsoPopup::place() const
         left, below.y() + size.height() <= screen.bottom() + 1 || above < screen.top() ? below.y() : above};
 }
 
-/// Keys that the menu has no use for go on into the text.
+/// Keys that the menu does not use are passed on to the text.
 bool FsoPopup::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
         return QObject::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
-    if (std::ranges::find(keysOfTheMenu, key->key()) == keysOfTheMenu.end()) {
-        QKeyEvent again(key->type(), key->key(), key->modifiers(), key->text(), key->isAutoRepeat());
-        QCoreApplication::sendEvent(&m_document, &again);
+    if (std::ranges::find(menuKeys, key->key()) == menuKeys.end()) {
+        QKeyEvent forwarded(key->type(), key->key(), key->modifiers(), key->text(), key->isAutoRepeat());
+        QCoreApplication::sendEvent(&m_document, &forwarded);
         filter();
         return true;
     }

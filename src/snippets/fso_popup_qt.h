@@ -32,7 +32,7 @@ private:
     EditorControl &m_document;
     const DocumentState &m_state;
     QMenu &m_menu;
-    Offset m_start = 0; ///< behind the full stop that opened the menu
+    Offset m_start = 0; ///< after the full stop that opened the menu
 };
 
 } // namespace kevra

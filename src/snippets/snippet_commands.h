@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Puts a snippet in at the caret, in its colours. The caret ends behind it and typing goes on in black.
+// Inserts a snippet at the caret, in its colours. Afterwards the caret is after it and typing is black.
 #pragma once
 
 #include "desktop/main_view.h"

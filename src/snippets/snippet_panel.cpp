@@ -53,7 +53,7 @@ protected:
     bool event(QEvent *event) override
     {
         if (event->type() == QEvent::ToolTip)
-            describe(); // what is inserted follows a setting
+            describe(); // a setting decides what is inserted
         return QToolButton::event(event);
     }
 
@@ -63,7 +63,7 @@ private:
         const auto text = textOf(textToInsert(m_snippet, m_withComments())).remove('\r');
         setToolTip(
             m_snippet.insertion == Insertion::Command ? text : "<pre>" + text.toHtmlEscaped() + "</pre>");
-        // Spoken as it is inserted; the tooltip would be read out with its markup.
+        // Without it, screen readers would read out the markup of the tooltip.
         setAccessibleDescription(text);
     }
 

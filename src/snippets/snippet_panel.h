@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The buttons of one snippet panel, put into the frame that the main window keeps for it.
+// The buttons of one snippet panel, placed in the frame that the main window has for it.
 #pragma once
 
 #include "snippets/snippets.h"

@@ -9,8 +9,8 @@ namespace {
 using enum Insertion;
 using enum SnippetPanel;
 
-// The two ends of the differences between the plain and the commented texts are meant: a blank behind
-// CopyFile and " = " before sh.RegRead stand only with the comment.
+// Two differences between plain and commented texts are intended: only the commented texts have a blank after
+// CopyFile and " = " before sh.RegRead.
 constexpr auto table = std::to_array<Snippet>({
     {"bh", "HTML", Tag, Web1, 0, "<HTML>\r\n<HEAD>\r\n<TITLE></TITLE></HEAD>"},
     {"bmeta", "META", Tag, Web1, 0,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The ready-made pieces of HTML and VBScript, one row a button.
+// The ready-made pieces of HTML and VBScript, one row per button.
 #pragma once
 
 #include <span>
@@ -23,12 +23,12 @@ struct Snippet {
     std::string_view caption;
     Insertion insertion;
     SnippetPanel panel;
-    int group; ///< buttons of one group stand together
+    int group; ///< buttons of one group are placed together
     std::string_view text; ///< what is inserted, or what the command's tooltip says
-    std::string_view commented = {}; ///< instead, when comments are wanted; empty: the same
+    std::string_view commented = {}; ///< used instead when comments are wanted; empty: same as `text`
 };
 
-/// In the order they stand on their panels.
+/// In the order of the buttons on their panels.
 [[nodiscard]] std::span<const Snippet> snippets();
 
 /// The name of a panel's frame in the main window.

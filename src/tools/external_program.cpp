@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view noProgram = "none";
 constexpr std::string_view defaultMenuText = "EXE";
-constexpr Offset longestMenuText = 8;
+constexpr Offset maxMenuTextLength = 8;
 
 } // namespace
 
@@ -63,7 +63,7 @@ void ExternalProgram::SetExternalMenuText(const std::string &text)
 {
     if (text.empty())
         return;
-    if (characterCount(text) > longestMenuText)
+    if (characterCount(text) > maxMenuTextLength)
         return m_parts.messages.inform("Maximum 8 letters.");
     writeSetting(m_parts.settings, keys::programMenu, text);
     m_parts.state.programMenuText = text;

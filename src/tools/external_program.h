@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The one other program the user can hang on the menu bar: choosing it, naming it, starting it. Reading the
-// two stored values at start is left to the settings loaders.
+// The external program that the user can add to the menu bar: choosing, naming and starting it. The settings
+// loaders read the two stored values at start-up.
 #pragma once
 
 #include "desktop/main_view.h"
@@ -19,7 +19,7 @@ namespace kevra {
 /// the text itself is doubled so that it is shown.
 [[nodiscard]] std::string programMenuCaption(std::string_view text);
 
-/// What the commands for the external program work on; everything outlives them.
+/// What the commands for the external program use; all of it must outlive them.
 struct ExternalProgramParts {
     ApplicationState &state;
     SettingsStore &settings;
@@ -42,9 +42,9 @@ public:
     void RemoveExternalProgram();
     /// At most eight characters, stored as typed.
     void SetExternalMenuText(const std::string &text);
-    /// Whether a file's name says that it is a program.
+    /// Whether a file is a program: by its extension, or, without one, if the system can run it.
     [[nodiscard]] bool isProgram(const std::string &path) const;
-    /// For a file dialog: where programs have a name of their own kind, that one, else every name.
+    /// For a file dialog: the pattern of program names on this system, or of all names.
     [[nodiscard]] std::string namePattern() const { return m_parts.processes.namePattern(); }
 
 private:

@@ -10,7 +10,7 @@
 namespace kevra {
 namespace {
 
-/// A picture that nothing packs well, as the bytes of a file.
+/// The bytes of a picture file that hardly compresses.
 QByteArray picture(const char *format, int width = 64, int height = 64)
 {
     QImage image(width, height, QImage::Format_RGB32);
@@ -67,7 +67,7 @@ TEST_F(PictureDecoder, RefusesWhatIsNoPictureOrTooLarge)
 
 TEST_F(PictureDecoder, RefusesWhatIsCutOff)
 {
-    /// Of 2 by 2 pixels, black and white in turns.
+    // 2 by 2 pixels, alternately black and white.
     const auto gif
         = QByteArray::fromHex("47494638396102000200800000000000ffffff2c00000000020002000002030c1005003b");
     for (const auto &[name, bytes] : {std::pair("a.gif", gif), std::pair("a.jpg", picture("jpg")),
@@ -79,7 +79,7 @@ TEST_F(PictureDecoder, RefusesWhatIsCutOff)
     }
 }
 
-TEST(ImageViewerWindow, ShowsAPictureUnscaledAndTellsClicksInItsPixels)
+TEST(ImageViewerWindow, ShowsAPictureUnscaledAndReportsClicksInItsPixels)
 {
     ImageViewerWindow viewer;
     viewer.picture().setPicture(QImage(5000, 60, QImage::Format_RGB32));

@@ -44,7 +44,7 @@ protected:
     }
 };
 
-TEST_F(ImagesInProgram, TheViewersPanelSpeaksOfTheViewedPicture)
+TEST_F(ImagesInProgram, TheViewersPanelDescribesTheViewedPicture)
 {
     view("sea.jpg");
     auto &viewer = dynamic_cast<ImageViewerWindow &>(app().window(SecondaryWindow::ImageViewer));
@@ -58,7 +58,7 @@ TEST_F(ImagesInProgram, TheViewersPanelSpeaksOfTheViewedPicture)
     EXPECT_EQ(clipboard(), "\"" + find<QLineEdit>("thex").text() + "\"");
     EXPECT_EQ(find<QFrame>("picsmall").palette().color(QPalette::Window), sampled);
 
-    QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {60, 80}); // beside the picture
+    QTest::mouseClick(&viewer.picture(), Qt::LeftButton, {}, {60, 80}); // below the picture
     click("bbitcol");
     EXPECT_EQ(QColor(clipboard().mid(1, 7)), sampled);
 
@@ -105,13 +105,13 @@ TEST_F(ImagesInProgram, TheColourFinderShowsTypedAndChosenColours)
     EXPECT_EQ(find<QFrame>("pcol").palette().color(QPalette::Window), QColor(0x12, 0xAB, 0x34));
     for (const auto &[typed, message] : {std::pair("FF80000", "The hex code must be 6 characters."),
              {"#FF800", "Error in hex code. All characters must be 0 thru 9 or A thru F."}}) {
-        const WhenModal<QMessageBox> told([&, message = message](QMessageBox &box) {
+        const WhenModal<QMessageBox> notice([&, message = message](QMessageBox &box) {
             EXPECT_EQ(box.text(), message);
             box.accept();
         });
         find<QLineEdit>("tenter").setText(typed);
         click("bshowhex");
-        EXPECT_TRUE(told.came());
+        EXPECT_TRUE(notice.came());
         click("bclip");
         EXPECT_EQ(clipboard(), "\"#12AB34\"") << "as it was";
     }
@@ -136,7 +136,7 @@ TEST_F(ImagesInProgram, TagsGoOntoTheClipboard)
     for (const auto &c : cases) {
         SCOPED_TRACE(c.command);
         QGuiApplication::clipboard()->clear();
-        const WhenModal<QMessageBox> told([](QMessageBox &box) {
+        const WhenModal<QMessageBox> notice([](QMessageBox &box) {
             EXPECT_EQ(box.windowTitle(), "Wrong file type");
             EXPECT_EQ(box.text(),
                 "As this function auto-inserts code for webpage images, it only accepts .jpg and .gif "
@@ -146,8 +146,9 @@ TEST_F(ImagesInProgram, TagsGoOntoTheClipboard)
         find<QLineEdit>("tinfo").setFocus();
         view(c.picture, c.command);
         EXPECT_EQ(clipboard(), c.tag);
-        EXPECT_EQ(told.came(), clipboard().isEmpty());
-        EXPECT_EQ(app().mainWindow().focusWidget() == &document(), !told.came()) << "where the tag is pasted";
+        EXPECT_EQ(notice.came(), clipboard().isEmpty());
+        EXPECT_EQ(app().mainWindow().focusWidget() == &document(), !notice.came())
+            << "where the tag is pasted";
     }
 }
 

@@ -14,8 +14,7 @@ TEST(ColourCode, ExchangesRedAndBlue)
         const char *code;
     } const cases[] = {
         {0, "#000000"}, {0xFF, "#FF0000"}, {0x0080FF, "#FF8000"}, {0x010203, "#030201"},
-        {0xFFFFFF, "#FFFFFF"},
-        {0x80000012, "#12008012"}, // a colour of the system: places 5 and 6 all the same
+        {0xFFFFFF, "#FFFFFF"}, {0x80000012, "#12008012"}, // a system colour, longer than six digits
     };
     for (const auto &c : cases)
         EXPECT_EQ(ColourToHtml(Colour{c.value}), c.code);

@@ -18,8 +18,8 @@ struct Pad {
     FakeClipboard clipboard;
     PadCommands commands{surface, document, clipboard};
 
-    /// Letters: x cut, c copy, v paste, e clear, a select all, u undo, 0 empty; an upper-case letter is typed
-    /// at the text's start, Y behind its first character, and another program's copy is "!".
+    /// Steps: x cut, c copy, v paste, e clear, a select all, u undo, 0 empty, "!" another program copies. An
+    /// upper-case letter is typed at the start of the text, Y after its first character.
     void run(std::string_view steps)
     {
         const std::map<char, void (PadCommands::*)()> run{{'x', &PadCommands::PadCut},
@@ -39,7 +39,7 @@ struct Pad {
     }
 };
 
-TEST(PadCommands, EachIsTakenBackOnce)
+TEST(PadCommands, EachIsUndoneOnce)
 {
     struct {
         const char *name;

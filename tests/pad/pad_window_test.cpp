@@ -74,7 +74,7 @@ TEST_F(PadWindowTest, KeysRunThePadsOwnCommandsAndUndoFollowsTyping)
     EXPECT_EQ(text(), "kept ");
 }
 
-TEST_F(PadWindowTest, ComesBackWhereItStoodEmptyAndInTheDocumentsFont)
+TEST_F(PadWindowTest, ReopensAtItsPlaceEmptyAndInTheDocumentsFont)
 {
     EXPECT_EQ(place(), remembered);
     QTest::keyClicks(&control(), "abc");

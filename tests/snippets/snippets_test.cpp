@@ -66,9 +66,9 @@ TEST(Snippets, PlaceholdersOfTheShortcutAreOrange)
     EXPECT_EQ(std::ranges::count(document.Text(), '\n'), 9);
 }
 
-TEST(FsoPopup, OpensBehindFsoInCodeOnly)
+TEST(FsoPopup, OpensAfterFsoInCodeOnly)
 {
-    const std::pair<std::string_view, bool> lines[] // the caret stands at their end
+    const std::pair<std::string_view, bool> lines[] // the caret is at the end
         = {{"fso.", true}, {"x = FSO.", true}, {"x = \"a\" & fso.", true}, {"x\r\nFso.", true},
             {"so.", false}, {"fso", false}, {"MsgBox \"fso.", false}, {"' fso.", false},
             {"x = \"it's\" & fso.", true}, {"\"open above\r\nfso.", true}, {"  Rem fso.", false},

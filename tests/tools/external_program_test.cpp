@@ -35,7 +35,7 @@ TEST(ExternalProgram, IsTakenWhenItExistsAndIsAProgram)
         {"/opt/gone.exe", noFile},
         {"/opt", noFile},
         {"C:\\tools\\run.bat", noProgram},
-        {"/opt/run.sh", noProgram}, // may be run, but has an extension
+        {"/opt/run.sh", noProgram}, // executable, but with an extension
         {"/opt/README", noProgram},
         {"C:\\tools\\paint.exe", ""},
         {"/opt/my paint", ""},
@@ -56,7 +56,7 @@ TEST(ExternalProgram, IsTakenWhenItExistsAndIsAProgram)
     }
 }
 
-TEST(ExternalProgram, IsStartedOrTheUserIsToldWhyNot)
+TEST(ExternalProgram, IsStartedOrTheFailureIsReported)
 {
     Fixture fixture;
     fixture.program.RunExternalProgram();
