@@ -3,7 +3,7 @@
 #pragma once
 
 #include "preview/browser_control.h"
-#include "preview/browser_engine_qt.h"
+#include "preview/page_requests_qt.h"
 
 #include <QtCore/QString>
 
@@ -22,13 +22,13 @@ public:
 
     /// Who decides. Set before the first page is asked for.
     void setCommands(PreviewCommands &commands) { m_commands = &commands; }
-    void setRemote(Remote remote) { m_remote = remote; }
+    void setRemote(Remote remote) { m_requests.setRemote(remote); }
 
     [[nodiscard]] bool navigate(const std::string &path, const PageScope &scope) override;
     void follow(const std::string &address) override;
     void resizeTo(int width, int height) override;
     void unload() override;
-    void zoom(int steps); ///< 0: back to the natural size
+    void zoom(int steps) override; ///< 0: back to the natural size
     void find(const QString &text, bool backward);
 
 private:
@@ -49,11 +49,8 @@ private:
     BrowserWindow &m_window;
     PreviewCommands *m_commands = nullptr;
     std::unique_ptr<BrowserEngine> m_engine;
-    PageScope m_scope;
-    PageRoutes m_routes;
-    Remote m_remote = Remote::Off;
-    std::string m_askedPath; ///< as it was asked for, and the address it got
-    QUrl m_askedUrl;
+    PageRequests m_requests;
+    std::string m_askedPath; ///< as it was asked for
     std::string m_zoomedPath; ///< the page whose size the user chose
 };
 

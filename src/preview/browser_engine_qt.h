@@ -10,6 +10,7 @@
 #include <QtCore/QUrl>
 #include <QtCore/QtPlugin>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -41,6 +42,15 @@ public:
     virtual void loadFinished() = 0;
     virtual void processDied() = 0; ///< not by unload()
     virtual void found(int place, int places) = 0; ///< which of how many, both 0 for none
+    virtual void zoom(int steps) = 0; ///< by the wheel
+    /// Only beside the text: a message of the script that follows it, and a message box of the page.
+    virtual void pageTells(const QString &message) { static_cast<void>(message); }
+    virtual void pageAlerts(const QString &message) { static_cast<void>(message); }
+};
+
+enum class EngineUse {
+    Window, ///< the page has the keyboard and may show message boxes
+    BesideText, ///< it takes the keyboard from nobody, and a script of ours keeps it equal to the text
 };
 
 class BrowserEngine {
@@ -49,9 +59,14 @@ public:
     [[nodiscard]] virtual QWidget *widget() = 0; ///< owned by the engine
     virtual void navigate(const QUrl &url) = 0; ///< in a new page of its own, with a process of its own
     virtual void follow(const QUrl &url) = 0; ///< in the page there is
+    virtual void reload() = 0; ///< the page there is; the scroll position is restored
     virtual void runScript(const QString &script) = 0;
     virtual void unload() = 0; ///< ends the page and its process
+    /// Asks the script that follows the text; `answered` gets nothing from a page that goes before. Only
+    /// beside the text.
+    virtual void ask(const QString &call, std::function<void(const QString &)> answered) = 0;
     virtual void zoom(int steps) = 0; ///< 0: back to the natural size; stays from page to page
+    virtual void setZoom(double factor) = 0; ///< at once and from page to page
     virtual void find(const QString &text, bool backward) = 0; ///< and marks; an empty text ends that
     [[nodiscard]] virtual bool isSandboxed() const = 0;
 };
@@ -61,10 +76,10 @@ public:
     virtual ~BrowserEnginePlugin() = default;
     /// Null when the engine's processes cannot be kept from the network. `folder` is where the plugin lies.
     [[nodiscard]] virtual std::unique_ptr<BrowserEngine> create(
-        QWidget *parent, BrowserEvents &events, const QString &folder)
+        QWidget *parent, BrowserEvents &events, EngineUse use, const QString &folder)
         = 0;
 };
 
 } // namespace kevra
 
-Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/2")
+Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/3")

@@ -34,6 +34,7 @@ namespace bounds {
 constexpr int navigations = 100; ///< a second, those of frames among them
 constexpr int refusedNavigations = 300; ///< beyond the limit; then the page is ended
 constexpr int links = 10; ///< shown a second
+constexpr int messages = 50; ///< of the page beside the text, a second
 constexpr int accessibilityEvents = 200; ///< a second
 
 // Bytes. A page that goes beyond is ended before the next look at it can find two gigabytes.

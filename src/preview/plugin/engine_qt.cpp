@@ -52,9 +52,10 @@ constexpr Switch switches[] = {
 
 class Engine : public BrowserEngine, private QObject {
 public:
-    Engine(QWidget *parent, BrowserEvents &events, bool sandboxed)
+    Engine(QWidget *parent, BrowserEvents &events, EngineUse use, bool sandboxed)
         : m_view(new QWebEngineView(parent))
         , m_events(events)
+        , m_use(use)
         , m_sandboxed(sandboxed)
     {
         m_view->setContextMenuPolicy(Qt::NoContextMenu);
@@ -82,13 +83,16 @@ public:
         if (m_page)
             m_page->setUrl(url);
     }
+    void reload() override { m_page->triggerAction(QWebEnginePage::Reload); }
     void runScript(const QString &script) override
     {
         if (m_page)
             m_page->runJavaScript(script);
     }
+    void ask(const QString &call, std::function<void(const QString &)> answered) override;
     void unload() override { navigateNowhere(); }
     void zoom(int steps) override;
+    void setZoom(double factor) override;
     void find(const QString &text, bool backward) override;
 
 private:
@@ -102,6 +106,7 @@ private:
 
     QPointer<QWebEngineView> m_view;
     BrowserEvents &m_events;
+    EngineUse m_use;
     std::unique_ptr<QWebEngineProfile> m_profile;
     std::unique_ptr<Page> m_page;
     PageWatch m_watch;
@@ -125,14 +130,15 @@ void Engine::newPage()
                 m_page->linkClicked(download->url());
         });
     m_watch.begin();
-    m_page = std::make_unique<Page>(m_profile.get(), m_events, nullptr);
+    m_page = std::make_unique<Page>(m_profile.get(), m_events, m_use);
     connect(m_page.get(), &QWebEnginePage::loadProgress, this, [this] { watchProcess(); });
     for (const auto &each : switches)
         m_page->settings()->setAttribute(each.attribute, each.on);
     m_page->settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     m_page->setZoomFactor(m_zoom);
     m_view->setPage(m_page.get());
-    m_view->setFocus(); // it went with the page before
+    if (m_use == EngineUse::Window)
+        m_view->setFocus(); // it went with the page before
     // A page goes before the profile it lives in.
     oldPage.reset();
     oldProfile.reset();
@@ -152,8 +158,19 @@ void Engine::endPage()
 
 void Engine::zoom(int steps)
 {
-    m_zoom = steps == 0 ? 1 : std::clamp(m_zoom * std::pow(1.1, steps), 0.25, 5.0);
+    setZoom(steps == 0 ? 1 : m_zoom * std::pow(1.1, steps));
+}
+
+void Engine::setZoom(double factor)
+{
+    m_zoom = std::clamp(factor, 0.25, 5.0);
     m_page->setZoomFactor(m_zoom);
+}
+
+void Engine::ask(const QString &call, std::function<void(const QString &)> answered)
+{
+    m_page->runJavaScript(call, followingWorld,
+        [answered = std::move(answered)](const QVariant &answer) { answered(answer.toString()); });
 }
 
 void Engine::find(const QString &text, bool backward)
@@ -171,7 +188,7 @@ bool Engine::eventFilter(QObject *watched, QEvent *event)
     } else if (event->type() == QEvent::Wheel) {
         const auto *wheel = static_cast<QWheelEvent *>(event);
         if (wheel->modifiers() == Qt::ControlModifier && wheel->angleDelta().y() != 0) {
-            zoom(wheel->angleDelta().y() > 0 ? 1 : -1);
+            m_events.zoom(wheel->angleDelta().y() > 0 ? 1 : -1);
             return true;
         }
     } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
@@ -188,16 +205,17 @@ bool Engine::eventFilter(QObject *watched, QEvent *event)
 
 class EnginePlugin : public QObject, public BrowserEnginePlugin {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/2")
+    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/3")
     Q_INTERFACES(kevra::BrowserEnginePlugin)
 
 public:
     std::unique_ptr<BrowserEngine> create(
-        QWidget *parent, BrowserEvents &events, const QString &folder) override
+        QWidget *parent, BrowserEvents &events, EngineUse use, const QString &folder) override
     {
         registerPageSchemes();
         const EngineStart start(folder);
-        return start.isPossible() ? std::make_unique<Engine>(parent, events, start.isSandboxed()) : nullptr;
+        return start.isPossible() ? std::make_unique<Engine>(parent, events, use, start.isSandboxed())
+                                  : nullptr;
     }
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/plugin/page_qt.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QTimer>
 #include <QtCore/QUuid>
 #include <QtWebEngineCore/QWebEngineFullScreenRequest>
@@ -15,6 +16,7 @@ namespace kevra {
 namespace {
 
 constexpr int mostDialogs = 3;
+constexpr int longestAlert = 200; ///< characters
 
 // Every click on a link is the program's to decide on, before the page's own handlers can end it. It runs in
 // a world of its own, which the page cannot reach. A page can click on its own links without end.
@@ -46,26 +48,32 @@ constexpr auto linkScript = R"(
 })();
 )";
 
-void insert(QWebEnginePage &page, const QString &source, QWebEngineScript::ScriptWorldId world)
+enum class Frames { All, Main };
+
+void insert(QWebEnginePage &page, const QString &source, quint32 world, Frames frames)
 {
     QWebEngineScript script;
     script.setSourceCode(source);
     script.setInjectionPoint(QWebEngineScript::DocumentCreation);
-    script.setRunsOnSubFrames(true);
+    script.setRunsOnSubFrames(frames == Frames::All);
     script.setWorldId(world);
     page.scripts().insert(script);
 }
 
 } // namespace
 
-Page::Page(QWebEngineProfile *profile, BrowserEvents &events, QObject *parent)
-    : QWebEnginePage(profile, parent)
+Page::Page(QWebEngineProfile *profile, BrowserEvents &events, EngineUse use)
+    : QWebEnginePage(profile)
     , m_events(events)
+    , m_use(use)
     , m_linkMark(QUuid::createUuid().toString())
+    , m_followingMark(QUuid::createUuid().toString())
 {
     m_clock.start();
     refuseWhatNobodyAskedFor();
     insertLinkScript();
+    if (use == EngineUse::BesideText)
+        insertFollowingScript();
     connect(this, &QWebEnginePage::loadStarted, this, [this] {
         if (!m_ending)
             m_events.loadProgress(0);
@@ -117,7 +125,18 @@ void Page::refuseWhatNobodyAskedFor()
 
 void Page::insertLinkScript()
 {
-    insert(*this, QString(linkScript).arg(m_linkMark).arg(bounds::links), QWebEngineScript::ApplicationWorld);
+    insert(*this, QString(linkScript).arg(m_linkMark).arg(bounds::links), QWebEngineScript::ApplicationWorld,
+        Frames::All);
+}
+
+void Page::insertFollowingScript()
+{
+    QFile script(":/preview/following.js");
+    if (!script.open(QIODevice::ReadOnly))
+        return;
+    const auto source = QString::fromUtf8(script.readAll());
+    insert(*this, source + QString("(text => console.info('%1' + text));").arg(m_followingMark),
+        followingWorld, Frames::Main);
 }
 
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType, bool isMainFrame)
@@ -146,34 +165,44 @@ void Page::linkClicked(const QUrl &url)
         m_events.linkClicked(url);
 }
 
-bool Page::mayShowDialog()
+bool Page::mayShowDialog(const QString &message)
 {
+    // Not over the text that somebody is typing.
+    if (m_use == EngineUse::BesideText) {
+        if (!m_ending && m_messages.allows(m_clock.elapsed()))
+            m_events.pageAlerts(message.left(longestAlert));
+        return false;
+    }
     return !m_ending && ++m_dialogs <= mostDialogs;
 }
 
 void Page::javaScriptAlert(const QUrl &origin, const QString &message)
 {
-    if (mayShowDialog())
+    if (mayShowDialog(message))
         QWebEnginePage::javaScriptAlert(m_events.plain(origin), message);
 }
 
 bool Page::javaScriptConfirm(const QUrl &origin, const QString &message)
 {
-    return mayShowDialog() && QWebEnginePage::javaScriptConfirm(m_events.plain(origin), message);
+    return mayShowDialog(message) && QWebEnginePage::javaScriptConfirm(m_events.plain(origin), message);
 }
 
 bool Page::javaScriptPrompt(
     const QUrl &origin, const QString &message, const QString &initial, QString *answer)
 {
-    return mayShowDialog()
+    return mayShowDialog(message)
         && QWebEnginePage::javaScriptPrompt(m_events.plain(origin), message, initial, answer);
 }
 
 void Page::javaScriptConsoleMessage(
     JavaScriptConsoleMessageLevel, const QString &message, int, const QString &)
 {
+    if (m_ending)
+        return;
     if (message.startsWith(m_linkMark))
         linkClicked(QUrl(message.sliced(m_linkMark.size())));
+    else if (message.startsWith(m_followingMark) && m_messages.allows(m_clock.elapsed()))
+        m_events.pageTells(message.sliced(m_followingMark.size()));
 }
 
 } // namespace kevra

@@ -7,14 +7,18 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtWebEngineCore/QWebEnginePage>
+#include <QtWebEngineCore/QWebEngineScript>
 
 namespace kevra {
+
+/// The script that follows the text runs there, where no page can reach it.
+constexpr quint32 followingWorld = QWebEngineScript::UserWorld;
 
 class Page : public QWebEnginePage {
     Q_OBJECT
 
 public:
-    Page(QWebEngineProfile *profile, BrowserEvents &events, QObject *parent);
+    Page(QWebEngineProfile *profile, BrowserEvents &events, EngineUse use);
     /// Its process ends first, whatever its scripts are doing.
     ~Page() override;
 
@@ -36,16 +40,20 @@ protected:
 private:
     void refuseWhatNobodyAskedFor();
     void insertLinkScript();
-    [[nodiscard]] bool mayShowDialog();
+    void insertFollowingScript();
+    [[nodiscard]] bool mayShowDialog(const QString &message);
     void endProcess() const;
 
     BrowserEvents &m_events;
+    EngineUse m_use;
     QString m_linkMark; ///< how the link script's messages are told from the page's
+    QString m_followingMark; ///< the same for the script that follows the text
     int m_dialogs = 0;
     int m_refused = 0; ///< navigations
     QElapsedTimer m_clock;
     RateLimit m_navigations{bounds::navigations};
     RateLimit m_links{bounds::links};
+    RateLimit m_messages{bounds::messages};
     bool m_ending = false;
 };
 
