@@ -98,8 +98,9 @@ void Application::createMainWindow()
     m_toolSets = std::make_unique<ToolSets>(
         window.document(), window.lineNumbers(), document, window, window.fonts());
     m_quit.reset(new Quit(window.document(), document, state, m_settings, messages, *this, *this));
-    for (const auto wire : {wireEditing, wireLines, wireFiles, wireColour, wireChecker, wireFindings,
-             wireFind, wirePreview, wireImages, wireSettings, wirePad, wireNavigation, wireSnippetPanels})
+    for (const auto wire :
+        {wireEditing, wireLines, wireFiles, wireColour, wireChecker, wireFindings, wireFind, wirePreview,
+            wireBeside, wireImages, wireSettings, wirePad, wireNavigation, wireSnippetPanels})
         wire(*this);
     m_toolSets->showWebTools();
     window.enableBoundCommands();

@@ -74,6 +74,7 @@ constexpr auto menus = std::to_array<MenuRow>({
     {CheckItem, "mfsoset", "&FileSystemObject Popup", "", "Offer method names when fso. is typed", ""},
     separator,
     {CheckItem, "mreload", "Reload C&hanged Files", "", "An unedited document follows its file", ""},
+    {CheckItem, "mbeside", "Page &Beside the Text", "Ctrl+F5", "Show the page next to its text", ""},
     {Item, "manalyse", "Anal&yse Scripts", "", "Look for faults in the scripts of this text", ""},
     {Item, "msettings", "S&ettings", "Ctrl+,", "Change the settings", ""},
     {Item, "mpad", "Clipping &Pad", "Ctrl+D", "Show the clipping pad", ""},

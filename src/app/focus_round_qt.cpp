@@ -27,17 +27,23 @@ QWidget *firstControl(QWidget &part)
 
 } // namespace
 
-FocusRound::FocusRound(QWidget &window, QList<QWidget *> parts)
+FocusRound::FocusRound(QWidget &window, const QList<QWidget *> &parts)
     : QObject(&window)
-    , m_parts(std::move(parts))
 {
     const auto on = [&](const char *key, auto step) {
         connect(new QShortcut(QKeySequence(key), &window), &QShortcut::activated, this, step);
     };
     on("F6", [this] { move(Direction::Forward); });
     on("Shift+F6", [this] { move(Direction::Back); });
-    for (auto *part : m_parts.sliced(1))
-        connect(new QShortcut(QKeySequence("Esc"), part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+    for (auto *part : parts)
+        add(*part);
+}
+
+void FocusRound::add(QWidget &part)
+{
+    m_parts.append(&part);
+    if (m_parts.size() > 1)
+        connect(new QShortcut(QKeySequence("Esc"), &part, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
             &QShortcut::activated, this, [this] { m_parts.first()->setFocus(Qt::ShortcutFocusReason); });
 }
 

@@ -13,7 +13,8 @@ namespace kevra {
 class FocusRound : public QObject {
 public:
     /// `parts` in the order of the round, each a control or a frame with controls; owned by the window.
-    FocusRound(QWidget &window, QList<QWidget *> parts);
+    FocusRound(QWidget &window, const QList<QWidget *> &parts);
+    void add(QWidget &part); ///< at the end of the round
 
 private:
     enum class Direction { Forward, Back };

@@ -74,7 +74,7 @@ MainWindow::MainWindow(const CommandRegistry &commands)
     QList<QWidget *> parts{m_document};
     for (const char *name : {"frfindings", "frcol", "Frame1", "Frame2", "frscript1", "frscript2", "fr1"})
         parts.append(&frame(name));
-    new FocusRound(*this, parts << m_toolBar << m_fonts);
+    m_focusRound = new FocusRound(*this, parts << m_toolBar << m_fonts);
     resize(firstSize);
 }
 
@@ -155,6 +155,11 @@ void MainWindow::showWhetherTextCanBePasted()
         return;
     m_pasteable = m_document->clipboardHasText();
     showWhatCanBeDone();
+}
+
+void MainWindow::addFocusPart(QWidget &part)
+{
+    m_focusRound->add(part);
 }
 
 void MainWindow::layOut()

@@ -20,6 +20,7 @@ class QLineEdit;
 namespace kevra {
 
 class EditorControl;
+class FocusRound;
 class FontFrame;
 class LineNumberColumn;
 class MainMenu;
@@ -45,6 +46,7 @@ public:
     [[nodiscard]] QFrame &frame(const QString &name);
     /// Items and buttons whose command is bound are enabled, the others are not.
     void enableBoundCommands();
+    void addFocusPart(QWidget &part); ///< F6 goes to it as well
     /// The frames have got their contents, or new ones.
     void layOut();
 
@@ -112,6 +114,7 @@ private:
     ToolBar *m_toolBar;
     MainMenu *m_menus;
     LineNumberColumn *m_column;
+    FocusRound *m_focusRound;
     std::function<DocumentStatus()> m_statusSource;
     QList<QWidget *> m_titled;
     QString m_title; ///< as it was last set; empty before a document has been

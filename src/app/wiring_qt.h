@@ -21,6 +21,7 @@ void wireChecker(Application &app);
 void wireFindings(Application &app); ///< what the analysis says of scripts
 void wireFind(Application &app);
 void wirePreview(Application &app);
+void wireBeside(Application &app); ///< the page beside the text
 void wireImages(Application &app);
 void wireSettings(Application &app); ///< also the external program
 void wirePad(Application &app);

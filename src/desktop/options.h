@@ -17,9 +17,10 @@ enum class Option {
     ColourCoding,
     KeepIndentation,
     AnalyseTyping,
+    PageBeside,
 };
 
-inline constexpr std::size_t optionCount = 8;
+inline constexpr std::size_t optionCount = 9;
 
 /// A yes or no for each option.
 class OptionSwitches {

@@ -72,7 +72,8 @@ std::string markedPage(std::string_view html, std::string_view attribute)
     const auto plain = withoutServerParts(html, parts);
     const auto page = parsePage(plain);
     std::vector<Insertion> insertions;
-    addOffsets(plain, attribute, page, insertions);
+    if (!attribute.empty())
+        addOffsets(plain, attribute, page, insertions);
     addMarks(page, parts, insertions);
     std::ranges::stable_sort(insertions, {}, &Insertion::at);
     std::string marked;

@@ -27,6 +27,7 @@ inline constexpr SettingKey padTop{windowsSection, "padt", "no"};
 inline constexpr SettingKey padLeft{windowsSection, "padl", "no"};
 inline constexpr SettingKey padWidth{windowsSection, "padw", "no"};
 inline constexpr SettingKey padHeight{windowsSection, "padh", "no"};
+inline constexpr SettingKey besideWidth{windowsSection, "besidew", "no"};
 inline constexpr SettingKey panelType{windowsSection, "wintype", "none"};
 } // namespace keys
 

@@ -98,6 +98,10 @@ inline constexpr std::array<OptionRow, optionCount> optionRows{{
         .key = {optionsSection, "analysetyping", "yes"},
         .onFor = OnFor::AllButNo,
         .marks = {.onItem = "manalysetyping", .offItem = ""}},
+    {.option = Option::PageBeside,
+        .key = {optionsSection, "pagebeside", "no"},
+        .onFor = OnFor::YesAlone,
+        .marks = {.onItem = "mbeside", .offItem = ""}},
 }};
 
 [[nodiscard]] constexpr const OptionRow &rowOf(Option option)

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The page beside the text. Nothing of it is made before it is first opened.
+#include "app/application_qt.h"
+#include "app/main_menu_qt.h"
+#include "app/wiring_qt.h"
+#include "beside/beside_commands.h"
+#include "beside/beside_control_qt.h"
+#include "beside/beside_panel.h"
+#include "beside/page_text_thread.h"
+#include "desktop/process_start_qt.h"
+#include "desktop/text_qt.h"
+#include "editor/reveal_qt.h"
+#include "preview/request_rules.h"
+#include "settings/keys.h"
+#include "settings/options.h"
+#include "text/paths.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QStandardPaths>
+#include <QtWidgets/QMenu>
+
+#include <charconv>
+
+namespace kevra {
+namespace {
+
+constexpr auto untitledPage = "untitled.html"; ///< an address for a text that has no file yet
+
+class BesideSide : public QObject, private BesideView {
+public:
+    explicit BesideSide(Application &app);
+
+private:
+    void toggle();
+    void setOpen(bool on);
+    void makeDock();
+    void connectPanel();
+    void connectControl();
+    void connectDocument();
+    void tellDocument();
+    void openInBrowser();
+
+    bool load(const std::string &path, std::shared_ptr<const PageText> page) override;
+    void reload(std::shared_ptr<const PageText> page) override { m_control->reload(std::move(page)); }
+    void unload() override;
+    void prepare(std::uint64_t revision, PageUse use) override;
+    void pause(std::chrono::milliseconds time) override { m_pause.start(time); }
+    void ask(const std::string &call) override { m_control->ask(call); }
+    void say(std::string_view text) override { m_panel->setNote(textOf(text)); }
+    void selectText(TextRange range) override;
+    Offset caret() const override { return m_document.Selection().start; }
+
+    Application &m_app;
+    EditorControl &m_document;
+    BesideCommands m_commands;
+    BesidePanel *m_panel = nullptr; ///< the window's
+    std::unique_ptr<BesideControlQt> m_control;
+    QTimer m_pause;
+    bool m_open = false;
+    PageTextThread m_thread; ///< ends first: it reports here
+};
+
+BesideSide::BesideSide(Application &app)
+    : m_app(app)
+    , m_document(app.mainWindow().document())
+    , m_commands(*this)
+    , m_thread([this](std::shared_ptr<const PageText> page) {
+        QMetaObject::invokeMethod(
+            this, [this, page = std::move(page)] { m_commands.prepared(page); }, Qt::QueuedConnection);
+    })
+{
+    m_pause.setSingleShot(true);
+    connect(&m_pause, &QTimer::timeout, this, [this] { m_commands.pauseOver(); });
+    app.commands.bind("mbeside", [this] { toggle(); });
+    // After the first picture: the engine is not what a start waits for.
+    if (storedOption(app.store, Option::PageBeside))
+        connect(&app.mainWindow(), &MainWindow::placed, this, [this] { setOpen(true); });
+}
+
+void BesideSide::toggle()
+{
+    setOpen(!m_open);
+    storeOption(m_app.store, Option::PageBeside, m_open);
+}
+
+void BesideSide::setOpen(bool on)
+{
+    if (m_open == on)
+        return;
+    m_open = on;
+    m_app.toolSets().showOption(Option::PageBeside, on);
+    if (on && !m_panel)
+        makeDock();
+    m_panel->setVisible(on);
+    if (!on) {
+        m_commands.close();
+        return m_document.SetFocus();
+    }
+    tellDocument();
+    m_commands.open();
+}
+
+void BesideSide::makeDock()
+{
+    auto &window = m_app.mainWindow();
+    m_panel = new BesidePanel(&window);
+    m_panel->hide();
+    m_control = std::make_unique<BesideControlQt>(m_panel->frame());
+    window.addDockWidget(Qt::RightDockWidgetArea, m_panel);
+    window.addFocusPart(*m_panel);
+    // After the first layout, which would divide the window by what the parts would like.
+    QTimer::singleShot(0, m_panel, [this] {
+        int width = 0;
+        const auto stored = readSetting(m_app.store, keys::besideWidth);
+        std::from_chars(stored.data(), stored.data() + stored.size(), width);
+        const int half = m_app.mainWindow().width() / 2;
+        m_app.mainWindow().resizeDocks({m_panel}, {width > 0 ? width : half}, Qt::Horizontal);
+        connect(m_panel, &BesidePanel::widthSettled, this,
+            [this](int now) { writeSetting(m_app.store, keys::besideWidth, std::to_string(now)); });
+    });
+    connectPanel();
+    connectControl();
+    connectDocument();
+}
+
+void BesideSide::connectPanel()
+{
+    connect(m_panel, &BesidePanel::closed, this, [this] { toggle(); });
+    connect(m_panel, &BesidePanel::reloadAsked, this, [this] { m_commands.reload(); });
+    connect(m_panel, &BesidePanel::stopAsked, this, [this] { m_commands.stop(); });
+    connect(m_panel, &BesidePanel::browserAsked, this, &BesideSide::openInBrowser);
+    connect(m_panel, &BesidePanel::scaleChanged, m_control.get(), &BesideControlQt::setZoom);
+}
+
+void BesideSide::connectControl()
+{
+    auto *control = m_control.get();
+    connect(control, &BesideControlQt::answered, this,
+        [this](const QString &answer) { m_commands.answered(answer.toStdString()); });
+    connect(control, &BesideControlQt::answerOverdue, this, [this] { m_commands.answerOverdue(); });
+    connect(control, &BesideControlQt::told, this,
+        [this](const QString &message) { m_commands.pageTells(message.toStdString()); });
+    connect(control, &BesideControlQt::ended, this, [this] { m_commands.pageEnded(); });
+    connect(control, &BesideControlQt::alerted, m_panel,
+        [this](const QString &message) { m_panel->setNote("The page says: " + message); });
+    connect(control, &BesideControlQt::linkFollowed, m_panel, &BesidePanel::setLinkTarget);
+    connect(control, &BesideControlQt::zoomAsked, m_panel, &BesidePanel::zoom);
+}
+
+void BesideSide::connectDocument()
+{
+    auto &window = m_app.mainWindow();
+    connect(&m_document, &EditorControl::changed, this, [this] { m_commands.textChanged(); });
+    connect(&m_document, &EditorControl::caretMoved, this, [this] { m_commands.caretMoved(); });
+    connect(&window, &MainWindow::documentNamed, this, &BesideSide::tellDocument);
+    connect(window.menus().menu("mdebug")->menuAction(), &QAction::visibleChanged, this,
+        &BesideSide::tellDocument);
+}
+
+void BesideSide::tellDocument()
+{
+    auto path = m_app.document.currentPath;
+    if (path.empty()) {
+        const auto &folder = m_app.state.tempFolder;
+        path = (m_app.files.folderExists(folder) ? folder : documentsFolder()) + '/' + untitledPage;
+    }
+    m_commands.documentIs(path, !m_app.document.scriptTools);
+}
+
+bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> page)
+{
+    const auto scope = scopeOf(std::string(parentFolder(path)), m_app.files, pathBytes(QDir::homePath()));
+    const bool first = !m_control->widget();
+    if (!m_control->load(path, scope, std::move(page)))
+        return false;
+    if (first)
+        m_panel->setPageWidget(m_control->widget());
+    m_panel->showPage(true);
+    if (first && !m_control->isSandboxed())
+        m_panel->setNote("The page is shown without the browser's sandbox");
+    return true;
+}
+
+void BesideSide::unload()
+{
+    m_panel->showPage(false);
+    m_panel->setLinkTarget({});
+    m_control->unload();
+}
+
+void BesideSide::prepare(std::uint64_t revision, PageUse use)
+{
+    // In two parts, so that the control need not move its gap, which is where the typing goes on.
+    const auto gap = m_document.textPosition(m_document.SendScintilla(QsciScintillaBase::SCI_GETGAPPOSITION));
+    std::string copy(m_document.Text({0, gap}));
+    copy.append(m_document.Text({gap, m_document.Length()}));
+    m_thread.start(std::move(copy), revision, use);
+}
+
+void BesideSide::selectText(TextRange range)
+{
+    if (!range.empty())
+        return goTo(m_document, range);
+    m_document.Select(range);
+    revealCaret(m_document);
+}
+
+void BesideSide::openInBrowser()
+{
+    const auto &path = m_app.document.currentPath;
+    const auto opener = QStandardPaths::findExecutable("xdg-open");
+    if (path.empty())
+        say("A browser opens files: save the text first.");
+    else if (opener.isEmpty() || !ProcessStartQt::start(pathBytes(opener), path))
+        say("Failure opening the browser.");
+    else if (!m_document.isAtSavePoint())
+        say("The browser opens the file as it was last saved, without the changes since.");
+}
+
+} // namespace
+
+void wireBeside(Application &app)
+{
+    app.keep<BesideSide>(app);
+}
+
+} // namespace kevra

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "beside/beside_commands.h"
+
+#include <charconv>
+#include <utility>
+
+namespace kevra {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto pauseInTyping = 50ms;
+constexpr auto pauseBeforeLoading = 400ms; ///< half a script need not be run
+
+constexpr std::string_view scriptNote = "A script has no page.";
+constexpr std::string_view noEngineNote = "Pages cannot be shown on this machine.";
+constexpr std::string_view endedNote = "The page's process has ended: it took too much memory or failed.";
+constexpr std::string_view stoppedNote = "The page has been stopped. \"Reload\" shows it again.";
+constexpr std::string_view busyNote = "The page does not answer. \"Stop\" ends it.";
+
+std::optional<Offset> numberIn(std::string_view text)
+{
+    Offset number = 0;
+    const auto *end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, number);
+    return fault == std::errc{} && stop == end && number >= 0 ? std::optional(number) : std::nullopt;
+}
+
+} // namespace
+
+BesideCommands::BesideCommands(BesideView &view)
+    : m_view(view)
+{
+}
+
+bool BesideCommands::isActive() const
+{
+    return m_state == State::Starting || m_state == State::Loading || m_state == State::Following;
+}
+
+void BesideCommands::open()
+{
+    if (m_state == State::Closed)
+        start();
+}
+
+void BesideCommands::close()
+{
+    m_view.unload();
+    m_state = State::Closed;
+}
+
+void BesideCommands::reload()
+{
+    if (m_state != State::Closed)
+        start();
+}
+
+void BesideCommands::stop()
+{
+    if (!isActive())
+        return;
+    m_view.unload();
+    m_state = State::Ended;
+    m_view.say(stoppedNote);
+}
+
+void BesideCommands::start()
+{
+    m_view.unload();
+    m_asking = m_refused = m_overdue = false;
+    m_shown.reset();
+    m_state = m_isPage ? State::Starting : State::Script;
+    m_view.say(m_isPage ? std::string_view{} : scriptNote);
+    if (m_isPage)
+        prepare();
+}
+
+void BesideCommands::documentIs(const std::string &path, bool isPage)
+{
+    if (path == m_path && isPage == m_isPage)
+        return;
+    m_path = path;
+    m_isPage = isPage;
+    if (m_state != State::Closed)
+        start();
+}
+
+void BesideCommands::textChanged()
+{
+    ++m_revision;
+    if (isActive())
+        m_view.pause(m_refused ? pauseBeforeLoading : pauseInTyping);
+}
+
+void BesideCommands::pauseOver()
+{
+    if (isActive())
+        prepare();
+}
+
+void BesideCommands::prepare()
+{
+    if (!std::exchange(m_preparing, true))
+        m_view.prepare(m_revision, use());
+}
+
+PageUse BesideCommands::use() const
+{
+    return m_state == State::Starting || m_refused ? PageUse::Load : PageUse::Change;
+}
+
+void BesideCommands::prepared(std::shared_ptr<const PageText> page)
+{
+    m_preparing = false;
+    if (!isActive() || !page)
+        return;
+    if (use() == PageUse::Load && page->shown.empty() && !page->marked.empty())
+        return prepare();
+    m_newest = std::move(page);
+    if (m_newest->revision != m_revision)
+        m_view.pause(pauseInTyping); // changed meanwhile, and the pause may have come to nothing
+    showNewest();
+}
+
+void BesideCommands::showNewest()
+{
+    if (m_state == State::Starting) {
+        m_state = State::Loading;
+        m_shown = m_newest;
+        if (!m_view.load(m_path, m_shown)) {
+            m_state = State::Ended;
+            m_view.say(noEngineNote);
+        }
+    } else if (m_state == State::Following && !m_asking && m_shown != m_newest) {
+        m_shown = m_newest;
+        if (!std::exchange(m_refused, false))
+            return askToShow();
+        m_state = State::Loading;
+        m_view.reload(m_shown);
+    }
+}
+
+void BesideCommands::askToShow()
+{
+    ask("show(" + m_shown->marked + ", {caret: " + std::to_string(caretElement()) + "})");
+}
+
+void BesideCommands::ask(const std::string &call)
+{
+    m_asking = true;
+    m_outlined = caretElement();
+    m_view.ask("following." + call);
+}
+
+void BesideCommands::pageReady()
+{
+    if (m_state != State::Loading)
+        return;
+    m_state = State::Following;
+    m_justLoaded = true;
+    sayAgain();
+    askToShow();
+}
+
+void BesideCommands::answered(std::string_view answer)
+{
+    m_asking = false;
+    if (m_state != State::Following)
+        return;
+    sayAgain();
+    if (answer != "done") {
+        m_refused = true;
+        m_newest.reset();
+        // What a page refuses that has just been loaded it would refuse again.
+        if (!std::exchange(m_justLoaded, false))
+            m_view.pause(pauseBeforeLoading);
+        return;
+    }
+    m_justLoaded = false;
+    showNewest();
+    showCaret();
+}
+
+void BesideCommands::answerOverdue()
+{
+    m_overdue = isActive();
+    if (m_overdue)
+        m_view.say(busyNote);
+}
+
+void BesideCommands::sayAgain()
+{
+    if (std::exchange(m_overdue, false))
+        m_view.say({});
+}
+
+Offset BesideCommands::caretElement() const
+{
+    return m_shown ? m_shown->elementAt(m_view.caret()) : -1;
+}
+
+void BesideCommands::caretMoved()
+{
+    showCaret();
+}
+
+void BesideCommands::showCaret()
+{
+    const bool known = m_shown && m_shown->revision == m_revision;
+    if (m_state == State::Following && !m_asking && !m_refused && known && caretElement() != m_outlined)
+        ask("caret(" + std::to_string(caretElement()) + ")");
+}
+
+void BesideCommands::pageEnded()
+{
+    if (!isActive())
+        return;
+    m_view.unload();
+    m_state = State::Ended;
+    m_view.say(endedNote);
+}
+
+void BesideCommands::pageTells(std::string_view message)
+{
+    if (message == "ready")
+        return pageReady();
+    const auto blank = message.find(' ');
+    const auto tag = blank == message.npos ? std::nullopt : numberIn(message.substr(blank + 1));
+    // Of a text that has changed since, the places are not known.
+    if (!tag || m_state != State::Following || !m_shown || m_shown->revision != m_revision)
+        return;
+    const auto element = m_shown->elementFrom(*tag);
+    if (element && message.starts_with("click "))
+        m_view.selectText({*tag, *tag});
+    else if (element && message.starts_with("pick "))
+        m_view.selectText(*element);
+}
+
+} // namespace kevra

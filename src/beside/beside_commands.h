@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The page beside the text: when it is loaded, changed in place or loaded anew, and how it and the caret find
+// each other. One question is under way at a time, so a page that does not answer is left alone and costs
+// nothing.
+#pragma once
+
+#include "beside/page_text.h"
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kevra {
+
+/// The dock with its page, and the text beside it.
+class BesideView {
+public:
+    virtual ~BesideView() = default;
+    /// The page's text, in a process of its own, with what `path` lies in as its folder. False when there is
+    /// no engine.
+    [[nodiscard]] virtual bool load(const std::string &path, std::shared_ptr<const PageText> page) = 0;
+    /// The same page with another text; the engine restores the scroll position.
+    virtual void reload(std::shared_ptr<const PageText> page) = 0;
+    virtual void unload() = 0; ///< the page and every script of it end
+    virtual void prepare(std::uint64_t revision, PageUse use) = 0; ///< a copy of the text; ends in prepared()
+    virtual void pause(std::chrono::milliseconds time)
+        = 0; ///< ends in pauseOver(); takes the place of one before
+    virtual void ask(const std::string &call) = 0; ///< the page's following script; ends in answered()
+    virtual void say(std::string_view text) = 0; ///< in the dock; empty: nothing
+    virtual void selectText(TextRange range)
+        = 0; ///< and bring it into view; an empty range leaves the keyboard
+    [[nodiscard]] virtual Offset caret() const = 0;
+};
+
+class BesideCommands {
+public:
+    explicit BesideCommands(BesideView &view);
+
+    // What the user does.
+    void open();
+    void close();
+    void reload();
+    void stop();
+
+    // What happens to the text.
+    void textChanged();
+    void caretMoved();
+    /// Another document, or a document under another name: `path` need not exist. `isPage`: false for a
+    /// script.
+    void documentIs(const std::string &path, bool isPage);
+
+    // What the view was asked for has come.
+    void pauseOver();
+    void prepared(std::shared_ptr<const PageText> page); ///< null when there was no memory for it
+    void answered(std::string_view answer);
+    void answerOverdue();
+
+    // What the page does.
+    void pageReady();
+    void pageEnded(); ///< its process has, not by unload()
+    void pageTells(std::string_view message);
+
+private:
+    enum class State { Closed, Script, Starting, Loading, Following, Ended };
+
+    [[nodiscard]] bool isActive() const;
+    void start();
+    void prepare();
+    [[nodiscard]] PageUse use() const;
+    void askToShow();
+    void sayAgain();
+    void showNewest();
+    void showCaret();
+    void ask(const std::string &call);
+    [[nodiscard]] Offset caretElement() const;
+
+    BesideView &m_view;
+    State m_state = State::Closed;
+    std::string m_path;
+    bool m_isPage = true;
+    std::uint64_t m_revision = 1; ///< of the document's text
+    std::shared_ptr<const PageText> m_newest; ///< made ready
+    std::shared_ptr<const PageText> m_shown; ///< that the page has, or is being loaded with
+    bool m_preparing = false;
+    bool m_asking = false;
+    bool m_refused = false; ///< the page did not take a change
+    bool m_justLoaded = false;
+    bool m_overdue = false; ///< the user has been told
+    Offset m_outlined = -1;
+};
+
+} // namespace kevra

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "beside/beside_panel.h"
+
+#include "widgets/named_qt.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QToolBar>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace kevra {
+namespace {
+
+constexpr int narrowest = 200;
+constexpr std::chrono::milliseconds timeToSettle{500};
+constexpr double smallest = 0.25; ///< what the engine scales by
+constexpr double largest = 5;
+constexpr double zoomStep = 1.1;
+
+struct Width {
+    const char *caption;
+    int pixels; ///< 0: what the dock has
+};
+constexpr Width widths[] = {{"Full width", 0}, {"360", 360}, {"768", 768}, {"1280", 1280}};
+
+struct Tool {
+    const char *name;
+    const char *caption;
+    const char *tip;
+    void (BesidePanel::*asked)();
+};
+constexpr Tool tools[] = {
+    {"bbesidereload", "Reload", "Load the page anew", &BesidePanel::reloadAsked},
+    {"bbesidestop", "Stop", "End the page and its scripts", &BesidePanel::stopAsked},
+    {"bbesidebrowser", "Open in Browser", "Open the file as it was last saved", &BesidePanel::browserAsked},
+};
+
+struct Zoom {
+    const char *name;
+    const char *caption;
+    const char *tip;
+    int steps;
+};
+constexpr Zoom zooms[] = {
+    {"bbesidesmaller", "\u2212", "Show the page smaller", -1},
+    {"bbesidelarger", "+", "Show the page larger", 1},
+    {"bbesidenormal", "1:1", "Show the page in its natural size", 0},
+};
+
+} // namespace
+
+BesidePanel::BesidePanel(QWidget *parent)
+    : QDockWidget("Page", parent)
+    , m_area(named<QScrollArea>("beside", this, "Page beside the text"))
+    , m_frame(new QWidget)
+    , m_note(named<QLabel>("lbeside", this))
+    , m_link(named<QLineEdit>("tbesideurl", this, "Link target"))
+{
+    setObjectName("dbeside");
+    setFeatures(QDockWidget::DockWidgetClosable);
+    setAllowedAreas(Qt::RightDockWidgetArea);
+    auto *inner = new QWidget(this);
+    auto *column = new QVBoxLayout(inner);
+    column->setContentsMargins({});
+    column->setSpacing(2);
+    auto *bar = named<QToolBar>("tbeside", inner, "Page");
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    addTools(*bar);
+    m_note->setWordWrap(true);
+    m_note->setMargin(4);
+    m_note->hide();
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setWidget(m_frame);
+    m_area->viewport()->installEventFilter(this);
+    m_link->setReadOnly(true);
+    m_link->setPlaceholderText("Click links to check URL code");
+    column->addWidget(bar);
+    column->addWidget(m_note);
+    column->addWidget(m_area, 1);
+    column->addWidget(m_link);
+    inner->setMinimumWidth(narrowest);
+    m_settling.setSingleShot(true);
+    connect(&m_settling, &QTimer::timeout, this, [this] { emit widthSettled(width()); });
+    setWidget(inner);
+}
+
+void BesidePanel::addTools(QToolBar &bar)
+{
+    m_width = named<QComboBox>("cbesidewidth", &bar, "Page width");
+    for (const auto &width : widths)
+        m_width->addItem(width.caption, width.pixels);
+    m_width->setToolTip("How many pixels wide the page believes its window to be");
+    connect(m_width, &QComboBox::activated, this, &BesidePanel::layOutPage);
+    bar.addWidget(m_width);
+    const auto add = [&](const auto &row, auto step) {
+        auto *action = bar.addAction(row.caption, this, step);
+        action->setObjectName(row.name);
+        action->setToolTip(row.tip);
+        bar.widgetForAction(action)->setObjectName(QString(row.name) + "key");
+    };
+    for (const auto &row : zooms) {
+        add(row, [this, steps = row.steps] { zoom(steps); });
+        bar.widgetForAction(bar.actions().last())->setAccessibleName(row.tip);
+    }
+    for (const auto &row : tools)
+        add(row, [this, asked = row.asked] { emit(this->*asked)(); });
+}
+
+void BesidePanel::setPageWidget(QWidget *page)
+{
+    m_page = page;
+    page->setAccessibleName("Page");
+    layOutPage();
+    page->show();
+}
+
+void BesidePanel::showPage(bool shown)
+{
+    m_area->setVisible(shown);
+}
+
+void BesidePanel::setNote(const QString &note)
+{
+    m_note->setText(note);
+    m_note->setVisible(!note.isEmpty());
+}
+
+void BesidePanel::setLinkTarget(const QString &address)
+{
+    m_link->setText(address);
+    m_link->setCursorPosition(0);
+}
+
+void BesidePanel::zoom(int steps)
+{
+    m_zoom = steps == 0 ? 1 : std::clamp(m_zoom * std::pow(zoomStep, steps), smallest, largest);
+    layOutPage();
+}
+
+void BesidePanel::layOutPage()
+{
+    const auto room = m_area->viewport()->size();
+    const int wanted = m_width->currentData().toInt();
+    // A device wider than the dock is shown smaller, as far as it can still be read; then it is scrolled.
+    const double fit = wanted == 0 ? 1 : std::clamp(double(room.width()) / wanted, smallest, 1.0);
+    const double scale = std::clamp(fit * m_zoom, smallest, largest);
+    const int width = wanted == 0 ? room.width() : qRound(wanted * scale);
+    const QSize size(width, room.height());
+    m_frame->resize(size.expandedTo({room.width(), 0}));
+    if (m_page)
+        m_page->setGeometry({(m_frame->width() - width) / 2, 0, width, room.height()});
+    if (std::exchange(m_scale, scale) != scale)
+        emit scaleChanged(scale);
+}
+
+void BesidePanel::closeEvent(QCloseEvent *event)
+{
+    QDockWidget::closeEvent(event);
+    emit closed();
+}
+
+void BesidePanel::resizeEvent(QResizeEvent *event)
+{
+    QDockWidget::resizeEvent(event);
+    m_settling.start(timeToSettle);
+}
+
+bool BesidePanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_area->viewport() && event->type() == QEvent::Resize)
+        layOutPage();
+    return QDockWidget::eventFilter(watched, event);
+}
+
+} // namespace kevra

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "beside/beside_commands.h"
+
+#include <gtest/gtest.h>
+
+namespace kevra {
+namespace {
+
+/// What was asked of the view, a word each; the text is made ready when the test says so.
+struct Fixture : BesideView {
+    BesideCommands commands{*this};
+    std::string asked;
+    std::string note;
+    std::string text = "<p>one</p><p>two</p>";
+    Offset place = 0;
+    TextRange selected;
+    std::optional<std::pair<std::uint64_t, PageUse>> wanted;
+
+    bool load(const std::string &path, std::shared_ptr<const PageText>) override
+    {
+        return add("load:" + path);
+    }
+    void reload(std::shared_ptr<const PageText>) override { add("reload"); }
+    void unload() override { }
+    void prepare(std::uint64_t revision, PageUse use) override { wanted = {revision, use}; }
+    void pause(std::chrono::milliseconds) override { add("pause"); }
+    void ask(const std::string &call) override { add(call.substr(0, call.find_first_of("\"1"))); }
+    void say(std::string_view said) override { note = said; }
+    void selectText(TextRange range) override { selected = range; }
+    Offset caret() const override { return place; }
+
+    bool add(const std::string &word)
+    {
+        asked += word + ' ';
+        return true;
+    }
+    void makeReady()
+    {
+        const auto [revision, use] = *std::exchange(wanted, std::nullopt);
+        commands.prepared(std::make_shared<PageText>(makePageText(text, revision, use)));
+    }
+    /// What was asked of the view by this.
+    template <typename Step> std::string by(Step step)
+    {
+        asked.clear();
+        step();
+        return asked;
+    }
+    void show()
+    {
+        commands.documentIs("/a/b.html", true);
+        commands.open();
+        makeReady();
+        commands.pageTells("ready");
+        commands.answered("done");
+    }
+    void type()
+    {
+        commands.textChanged();
+        commands.pauseOver();
+        makeReady();
+    }
+};
+
+TEST(BesideCommands, ChangesThePageInPlaceOneQuestionAtATime)
+{
+    Fixture f;
+    EXPECT_EQ(f.by([&] { f.show(); }), "load:/a/b.html following.show( ");
+    EXPECT_EQ(f.by([&] { f.type(); }), "pause following.show( ");
+    EXPECT_EQ(f.by([&] { f.type(); }), "pause ") << "not answered yet";
+    EXPECT_EQ(f.by([&] { f.commands.answered("done"); }), "following.show( ")
+        << "the newest text is shown then";
+}
+
+TEST(BesideCommands, LoadsAnewWhatIsRefusedButNotForEver)
+{
+    Fixture f;
+    f.show();
+    f.type();
+    EXPECT_EQ(f.by([&] { f.commands.answered("refused: SCRIPT"); }), "pause ");
+    f.commands.pauseOver();
+    EXPECT_EQ(f.by([&] { f.makeReady(); }), "reload ");
+    f.commands.pageTells("ready");
+    EXPECT_EQ(f.by([&] { f.commands.answered("refused: again"); }), "") << "only with another text";
+}
+
+TEST(BesideCommands, ClicksCountOnlyForTheTextTheyWereMadeIn)
+{
+    Fixture f;
+    f.show();
+    f.commands.pageTells("click 10");
+    EXPECT_EQ(f.selected, (TextRange{10, 10}));
+    f.commands.pageTells("pick 10");
+    EXPECT_EQ(f.selected, (TextRange{10, 20}));
+    for (const auto *bad : {"pick 11", "pick -1", "pick 99999999999999999999", "pick 0x", "pick", "click "})
+        f.commands.pageTells(bad);
+    f.commands.textChanged();
+    f.commands.pageTells("pick 0");
+    EXPECT_EQ(f.selected, (TextRange{10, 20}));
+}
+
+TEST(BesideCommands, LeavesAPageThatHasEndedAlone)
+{
+    for (const auto end : {&BesideCommands::stop, &BesideCommands::pageEnded, &BesideCommands::close}) {
+        Fixture f;
+        f.show();
+        (f.commands.*end)();
+        EXPECT_EQ(f.by([&] {
+            f.commands.textChanged();
+            f.commands.caretMoved();
+            f.commands.answered("done");
+            f.commands.answerOverdue();
+        }),
+            "");
+    }
+    Fixture script;
+    script.commands.documentIs("/a/b.vbs", false);
+    script.commands.open();
+    EXPECT_FALSE(script.wanted);
+    EXPECT_NE(script.note, "");
+}
+
+} // namespace
+} // namespace kevra
