@@ -19,7 +19,7 @@ std::string noteBytes(const PageNote &note)
 
 std::optional<PageNote> readNote(std::string_view bytes)
 {
-    const auto fields = unsealed(bytes);
+    const auto fields = readChecksummed(bytes);
     if (!fields || fields->size() != 3)
         return std::nullopt;
     PageNote note{(*fields)[0], 0, (*fields)[1], std::nullopt};

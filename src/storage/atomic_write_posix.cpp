@@ -19,7 +19,8 @@
 namespace kevra {
 namespace {
 
-/// Names of files on their way, told apart by machine and process so that a leftover can be known as one.
+/// Prefix of temporary files. With the process number after it, files left by a dead process of this machine
+/// can be recognised.
 std::string temporaryPrefix()
 {
     std::array<char, 256> host{};
@@ -33,14 +34,14 @@ std::string temporaryName()
     return temporaryPrefix() + std::to_string(::getpid()) + '-' + std::to_string(++number);
 }
 
-/// A new file that nobody sees before it is complete, and that goes away unless it is put in place.
+/// A new file that is invisible until it is complete, and is deleted unless moveTo() succeeds.
 class NewFile {
 public:
     explicit NewFile(int folder)
         : m_folder(folder)
         , m_handle(openFile(".", O_TMPFILE | O_WRONLY, 0600, folder))
     {
-        // Not every file system has nameless files.
+        // Not every file system supports O_TMPFILE.
         if (m_handle || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT))
             return;
         m_handle = openFile(m_name, O_CREAT | O_EXCL | O_WRONLY, 0600, folder);
@@ -57,20 +58,20 @@ public:
     [[nodiscard]] int descriptor() const { return m_handle.get(); }
     explicit operator bool() const { return static_cast<bool>(m_handle); }
 
-    [[nodiscard]] bool putInPlaceOf(const std::string &name, const FileStore::Replaced &replaced)
+    [[nodiscard]] bool moveTo(const std::string &name, const FileStore::Replaced &replaced)
     {
         if (!m_named && link(name))
             return true;
         if (!m_named && !(errno == EEXIST && link(m_name)))
             return false;
         m_named = true;
-        // The two change places, so that the old file is looked at when nobody can save over it any more.
+        // Exchanges the two files, so that the old one is read when no other program can save to it by name.
         if (replaced && ::renameat2(m_folder, m_name.c_str(), m_folder, name.c_str(), RENAME_EXCHANGE) == 0) {
-            show(m_name, replaced);
+            passContent(m_name, replaced);
             return true;
         }
         if (replaced)
-            show(name, replaced);
+            passContent(name, replaced);
         if (::renameat(m_folder, m_name.c_str(), m_folder, name.c_str()) != 0)
             return false;
         m_named = false;
@@ -78,7 +79,7 @@ public:
     }
 
 private:
-    void show(const std::string &name, const FileStore::Replaced &replaced) const
+    void passContent(const std::string &name, const FileStore::Replaced &replaced) const
     {
         const auto file = openFile(name, O_RDONLY | O_NOFOLLOW, 0, m_folder);
         struct stat status { };
@@ -101,7 +102,7 @@ private:
 
 mode_t modeOfNewFiles()
 {
-    // The mask can only be read by setting it, which is better not done while another thread makes files.
+    // The umask can only be read by setting it. Read once, because other threads may be creating files.
     static const mode_t mask = [] {
         const auto now = ::umask(022);
         ::umask(now);
@@ -110,7 +111,7 @@ mode_t modeOfNewFiles()
     return 0666 & ~mask;
 }
 
-/// Its group may be another than the original's, and is then told nothing.
+/// If the new file's group differs from the original's, the group gets no access.
 mode_t modeOfCopy(const struct stat *original, int newFile)
 {
     struct stat fresh { };
@@ -134,15 +135,15 @@ bool copyAttributes(int from, int to)
         std::string value(static_cast<std::size_t>(std::max<ssize_t>(0, length)), '\0');
         const bool read = length >= 0 && ::fgetxattr(from, name, value.data(), value.size()) == length;
         const bool copied = read && ::fsetxattr(to, name, value.data(), value.size(), 0) == 0;
-        // Labels of the security system are given to new files by that system.
+        // Security labels are assigned by the system itself.
         if (!copied && !std::string_view(name).starts_with("security."))
             return false;
     }
     return true;
 }
 
-/// Gives a new file what the old one has beside its bytes.
-bool takeOver(const struct stat &old, int oldFile, int newFile)
+/// Copies group, mode and extended attributes to the new file.
+bool copyMetadata(const struct stat &old, int oldFile, int newFile)
 {
     struct stat fresh { };
     if (::fstat(newFile, &fresh) != 0)
@@ -162,9 +163,9 @@ bool isWhole(int descriptor, std::size_t size)
 
 namespace {
 
-enum class Readers { AsTheFileItReplaces, OwnerOnly };
+enum class Readers { SameAsTarget, OwnerOnly };
 
-Saved writeFor(Readers readers, const std::string &target, std::string_view bytes,
+Saved writeWithReaders(Readers readers, const std::string &target, std::string_view bytes,
     const struct stat *original, const FileStore::Replaced &replaced)
 {
     const auto folder = openFile(folderOf(target), O_RDONLY | O_DIRECTORY);
@@ -178,10 +179,10 @@ Saved writeFor(Readers readers, const std::string &target, std::string_view byte
 
     struct stat old { };
     if (readers == Readers::OwnerOnly) {
-        // As it was made.
+        // Keep the mode 0600 it was created with.
     } else if (::stat(target.c_str(), &old) == 0) {
         const auto oldFile = openFile(target, O_RDONLY);
-        if (!takeOver(old, oldFile.get(), file.descriptor()))
+        if (!copyMetadata(old, oldFile.get(), file.descriptor()))
             return Saved::Denied;
     } else if (errno != ENOENT || ::fchmod(file.descriptor(), modeOfCopy(original, file.descriptor())) != 0) {
         return savedFromErrno();
@@ -191,7 +192,7 @@ Saved writeFor(Readers readers, const std::string &target, std::string_view byte
         return savedFromErrno();
     if (!isWhole(file.descriptor(), bytes.size()))
         return Saved::Failed;
-    if (!file.putInPlaceOf(nameOf(target), replaced))
+    if (!file.moveTo(nameOf(target), replaced))
         return savedFromErrno();
     return synchronise(folder.get()) ? Saved::Ok : savedFromErrno();
 }
@@ -201,12 +202,12 @@ Saved writeFor(Readers readers, const std::string &target, std::string_view byte
 Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original,
     const FileStore::Replaced &replaced)
 {
-    return writeFor(Readers::AsTheFileItReplaces, target, bytes, original, replaced);
+    return writeWithReaders(Readers::SameAsTarget, target, bytes, original, replaced);
 }
 
 Saved writePrivately(const std::string &target, std::string_view bytes)
 {
-    return writeFor(Readers::OwnerOnly, target, bytes, nullptr, {});
+    return writeWithReaders(Readers::OwnerOnly, target, bytes, nullptr, {});
 }
 
 void removeLeftovers(const std::string &path)

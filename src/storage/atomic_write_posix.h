@@ -10,18 +10,17 @@ struct stat;
 
 namespace kevra {
 
-/// Puts a new file, whole and on the disk, in the place of `target`, which is no link. Keeps mode, group and
-/// extended attributes; where it cannot, the outcome is Denied. Until the last step the old file stands.
-/// A file that is new there is no more open to others than `original` is, if there is one.
-/// `replaced`, if there is one, sees the bytes of the old file once nobody can change them under this name
-/// any more.
+/// Atomically replaces `target`, which must not be a link, by a new file that is synchronised to the disk.
+/// Keeps mode, group and extended attributes; Denied if it cannot. Where there was no file, the new one is no
+/// more accessible to others than `original`, if given. `replaced`, if set, receives the old bytes once no
+/// other program can change them under this name.
 [[nodiscard]] Saved writeAtomically(const std::string &target, std::string_view bytes,
     const struct stat *original = nullptr, const FileStore::Replaced &replaced = {});
 
-/// The same; in the end nobody but its owner can read it, whoever could before.
+/// The same, but the file is readable only by its owner, even if the old one was not.
 [[nodiscard]] Saved writePrivately(const std::string &target, std::string_view bytes);
 
-/// Removes what a save that was killed between two steps left in the folder of `path`.
+/// Removes temporary files that killed saves left in the folder of `path`.
 void removeLeftovers(const std::string &path);
 
 } // namespace kevra

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::chrono::seconds retryInterval{1};
 
-Saved tried(const BackgroundWriter::Job &job)
+Saved runJob(const BackgroundWriter::Job &job)
 {
     try {
         return job();
@@ -28,7 +28,7 @@ Saved tried(const BackgroundWriter::Job &job)
 BackgroundWriter::BackgroundWriter(std::function<void()> outcomeChanged)
     : m_outcomeChanged(std::move(outcomeChanged))
 {
-    // Signals are the main thread's to answer.
+    // Signals are handled by the main thread.
     sigset_t all;
     sigset_t before;
     ::sigfillset(&all);
@@ -41,7 +41,7 @@ BackgroundWriter::~BackgroundWriter()
 {
     {
         const std::lock_guard lock(m_mutex);
-        m_end = true;
+        m_stopping = true;
     }
     m_changed.notify_all();
     m_thread.join();
@@ -87,14 +87,14 @@ void BackgroundWriter::loop()
 {
     std::unique_lock lock(m_mutex);
     for (;;) {
-        const auto called = [&] { return m_end || !m_jobs.empty(); };
+        const auto hasWork = [&] { return m_stopping || !m_jobs.empty(); };
         if (m_failed.empty())
-            m_changed.wait(lock, called);
-        else if (!m_changed.wait_for(lock, retryInterval, called))
+            m_changed.wait(lock, hasWork);
+        else if (!m_changed.wait_for(lock, retryInterval, hasWork))
             retryFailed();
         if (!m_jobs.empty())
             runNext(lock);
-        else if (m_end)
+        else if (m_stopping)
             return;
     }
 }
@@ -106,7 +106,7 @@ void BackgroundWriter::runNext(std::unique_lock<std::mutex> &lock)
     m_running = next.name;
     m_replaced = false;
     lock.unlock();
-    const auto saved = tried(next.job);
+    const auto saved = runJob(next.job);
     lock.lock();
     m_running.clear();
     const auto before = std::exchange(m_outcomes[next.name], saved);

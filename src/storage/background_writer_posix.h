@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes the program's own files on a thread of its own, so that typing never waits for a disk, and tries
-// again what could not be written.
+// Writes the program's own files on a separate thread, so that typing never waits for a disk, and retries
+// failed writes.
 #pragma once
 
 #include "storage/file_store.h"
@@ -17,22 +17,22 @@ namespace kevra {
 
 class BackgroundWriter {
 public:
-    using Job = std::function<Saved()>; ///< runs on the thread; owns all it needs
+    using Job = std::function<Saved()>; ///< runs on the thread; must own all its data
 
-    /// `outcomeChanged` runs, on the thread or in drop(), when what outcome() answers has changed.
+    /// `outcomeChanged` is called, on the thread or in drop(), when outcome() has changed.
     explicit BackgroundWriter(std::function<void()> outcomeChanged = [] {});
-    ~BackgroundWriter(); ///< everything handed in is tried first
+    ~BackgroundWriter(); ///< tries every pending job first
     BackgroundWriter(const BackgroundWriter &) = delete;
     BackgroundWriter &operator=(const BackgroundWriter &) = delete;
 
-    /// Runs soon; of several waiting under one name only the last. A job that fails runs again every second
+    /// Runs the job soon; it replaces a waiting job of the same name. A failed job is retried every second
     /// until it succeeds, is replaced or dropped.
     void run(const std::string &name, Job job);
-    /// What waited under the name is forgotten, and nothing under it runs any more when this returns.
+    /// Removes the job of that name. When this returns, none is running.
     void drop(const std::string &name);
-    /// Every job that waits or has failed has been tried when this returns.
+    /// Returns when every waiting or failed job has been tried.
     void finish();
-    /// Of the last job that ran under the name; Ok when there was none.
+    /// The outcome of the last job of that name; Ok when there was none.
     [[nodiscard]] Saved outcome(const std::string &name) const;
 
 private:
@@ -50,12 +50,12 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<NamedJob> m_jobs;
-    std::deque<NamedJob> m_failed; ///< wait for their next turn
+    std::deque<NamedJob> m_failed; ///< waiting for a retry
     std::map<std::string, Saved> m_outcomes;
-    std::string m_running; ///< the name of the job that runs
-    bool m_replaced = false; ///< another job under that name has come since it began
-    bool m_end = false;
-    std::thread m_thread; ///< last, so that it finds the others made
+    std::string m_running; ///< name of the running job; empty if none
+    bool m_replaced = false; ///< the running job was replaced or dropped
+    bool m_stopping = false;
+    std::thread m_thread; ///< last: starts when the other members exist
 };
 
 } // namespace kevra

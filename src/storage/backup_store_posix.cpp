@@ -39,8 +39,8 @@ std::string timeText()
     return std::string(text.data()) + '.' + std::to_string(1'000'000 + micro).substr(1);
 }
 
-/// Behind the time: a number for the folder, then the file's name, shortened to what a name may have.
-std::string mark(const std::string &path)
+/// The part after the time: a hash of the path, then the file's name, shortened to fit into a name.
+std::string nameSuffix(const std::string &path)
 {
     const auto number = std::hash<std::string_view>{}(path) % 1'000'000;
     return std::to_string(number) + '-' + std::string(fileName(path).substr(0, 120));
@@ -58,16 +58,16 @@ bool BackupStorePosix::keep(const std::string &path, std::string_view bytes, Kep
     std::error_code error;
     fs::create_directories(m_folder, error);
     fs::permissions(m_folder, fs::perms::owner_all, error);
-    const auto name = timeText() + '-' + mark(path);
+    const auto name = timeText() + '-' + nameSuffix(path);
     const bool kept = writePrivately(m_folder + '/' + name, bytes) == Saved::Ok;
     if (kept)
         std::ignore
-            = writePrivately(about(name), withChecksum({path, std::to_string(static_cast<int>(reason))}));
+            = writePrivately(notePath(name), withChecksum({path, std::to_string(static_cast<int>(reason))}));
     prune(name);
     return kept;
 }
 
-std::string BackupStorePosix::about(const std::string &name) const
+std::string BackupStorePosix::notePath(const std::string &name) const
 {
     return m_folder + "/." + name + ".about";
 }
@@ -89,13 +89,13 @@ std::vector<Version> BackupStorePosix::versions() const
 {
     auto versions = copies();
     for (auto &version : versions) {
-        const auto note = regularContent(about(version.name));
-        const auto fields = note ? unsealed(*note) : std::nullopt;
+        const auto note = regularContent(notePath(version.name));
+        const auto fields = note ? readChecksummed(*note) : std::nullopt;
         if (fields && fields->size() == 2 && !(*fields)[1].empty()) {
             version.path = (*fields)[0];
             version.reason = static_cast<KeptReason>(std::clamp((*fields)[1].front() - '0', 0, lastReason));
         } else {
-            // Without its note a copy is known by the file's name alone, which follows the folder's number.
+            // Without its note only the file's name is known, which follows the hash of the path.
             const auto dash = version.name.find('-', timeLength);
             version.path = version.name.substr(std::min(version.name.size(), dash + 1));
         }
@@ -111,7 +111,7 @@ std::optional<std::string> BackupStorePosix::content(const std::string &name) co
 
 bool BackupStorePosix::remove(const std::string &name)
 {
-    ::unlink(about(name).c_str());
+    ::unlink(notePath(name).c_str());
     return ::unlink((m_folder + '/' + name).c_str()) == 0 || errno == ENOENT;
 }
 
@@ -120,7 +120,7 @@ void BackupStorePosix::prune(const std::string &newest)
     std::vector<KeptVersion> kept;
     for (const auto &version : copies())
         kept.push_back({version.name, version.name.substr(timeLength), version.time, version.size});
-    for (const auto &name : beyondBounds(std::move(kept), Clock::to_time_t(Clock::now()), newest))
+    for (const auto &name : versionsToRemove(std::move(kept), Clock::to_time_t(Clock::now()), newest))
         remove(name);
 }
 

@@ -5,8 +5,8 @@
 
 namespace kevra {
 
-/// Copies in a folder of their own, named by time and file name, so that a user can find them; beside each a
-/// hidden file that says where it belongs and why it is kept. Nobody else may read them.
+/// Copies in a separate folder, named by time and file name so that a user can find them. A hidden note
+/// beside each records its original path and the reason. Only the user can read them.
 class BackupStorePosix : public BackupStore, public VersionStore {
 public:
     explicit BackupStorePosix(std::string folder); ///< created at the first copy
@@ -19,8 +19,8 @@ public:
     bool remove(const std::string &name) override;
 
 private:
-    [[nodiscard]] std::vector<Version> copies() const; ///< without what their notes say
-    [[nodiscard]] std::string about(const std::string &name) const;
+    [[nodiscard]] std::vector<Version> copies() const; ///< without the details from their notes
+    [[nodiscard]] std::string notePath(const std::string &name) const;
     void prune(const std::string &newest);
 
     std::string m_folder;

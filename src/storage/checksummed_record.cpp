@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view magic = "KEVRA record 1\n";
 
-/// A number on a line of its own, taken off the front.
+/// Removes a line with a number from the front.
 std::optional<std::uint64_t> takeNumber(std::string_view &bytes)
 {
     std::uint64_t number = 0;
@@ -38,13 +38,13 @@ std::string withChecksum(std::initializer_list<std::string_view> fields)
     return out.append(std::to_string(fingerprint(body))).append(1, '\n').append(body);
 }
 
-std::optional<std::vector<std::string>> unsealed(std::string_view bytes)
+std::optional<std::vector<std::string>> readChecksummed(std::string_view bytes)
 {
     if (!bytes.starts_with(magic))
         return std::nullopt;
     bytes.remove_prefix(magic.size());
-    const auto seal = takeNumber(bytes);
-    if (!seal || *seal != fingerprint(bytes))
+    const auto checksum = takeNumber(bytes);
+    if (!checksum || *checksum != fingerprint(bytes))
         return std::nullopt;
     std::vector<std::string> fields;
     while (!bytes.empty()) {
@@ -66,7 +66,7 @@ std::uint64_t fingerprint(std::string_view bytes)
     };
     std::uint64_t hash = mix(prime, bytes.size());
     std::uint64_t word = 0;
-    // Four words side by side, as the processor would wait for each product otherwise.
+    // Four independent hashes, so that the multiplications do not wait for one another.
     std::array<std::uint64_t, 4> hashes{1, 2, 3, 4};
     for (; bytes.size() >= sizeof hashes; bytes.remove_prefix(sizeof hashes)) {
         for (std::size_t i = 0; i < hashes.size(); ++i) {

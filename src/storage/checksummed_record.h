@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Strings in one block of bytes that knows whether it is whole: cut short, changed or foreign, it is none.
+// Strings in one block of bytes with a checksum: a truncated, changed or foreign block is rejected.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +12,9 @@
 namespace kevra {
 
 [[nodiscard]] std::string withChecksum(std::initializer_list<std::string_view> fields);
-[[nodiscard]] std::optional<std::vector<std::string>> unsealed(std::string_view bytes);
+[[nodiscard]] std::optional<std::vector<std::string>> readChecksummed(std::string_view bytes);
 
-/// 64 bits that tell one text from another; fast, no protection against intent.
+/// A fast 64-bit hash; not cryptographic.
 [[nodiscard]] std::uint64_t fingerprint(std::string_view bytes);
 
 } // namespace kevra

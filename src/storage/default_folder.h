@@ -5,7 +5,7 @@
 
 namespace kevra {
 
-/// The temporary folder when none was chosen, as the settings store and the dialog show it on every system.
+/// The default temporary folder, as stored and shown on every system.
 inline constexpr std::string_view defaultTempFolder = R"(C:\My Documents)";
 
 } // namespace kevra

@@ -11,8 +11,8 @@
 namespace kevra {
 namespace {
 
-/// The control counts positions in a signed 32-bit number.
-constexpr std::size_t largestFile = std::size_t{1} << 31;
+/// The editor control has signed 32-bit positions.
+constexpr std::size_t maxFileSize = std::size_t{1} << 31;
 
 template <typename Call> auto retried(Call call)
 {
@@ -45,9 +45,9 @@ bool writeAll(int descriptor, std::string_view bytes, off_t at)
 std::optional<std::string> readAll(int descriptor)
 {
     struct stat status { };
-    if (::fstat(descriptor, &status) != 0 || static_cast<std::size_t>(status.st_size) >= largestFile)
+    if (::fstat(descriptor, &status) != 0 || static_cast<std::size_t>(status.st_size) >= maxFileSize)
         return std::nullopt;
-    // One byte more than the size, so that the read that finds the end needs no room of its own.
+    // One byte more than the size, so that the read that finds the end does not grow the buffer.
     std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
     std::size_t filled = 0;
     for (;;) {
@@ -58,7 +58,7 @@ std::optional<std::string> readAll(int descriptor)
         if (got == 0)
             break;
         filled += static_cast<std::size_t>(got);
-        if (filled >= largestFile)
+        if (filled >= maxFileSize)
             return std::nullopt;
         if (filled == bytes.size())
             bytes.resize(filled * 2);
@@ -92,9 +92,9 @@ Saved savedFromErrno()
 
 std::string linkTarget(const std::string &path)
 {
-    constexpr int mostLinks = 40;
+    constexpr int maxLinks = 40;
     std::string target = path;
-    for (int i = 0; i < mostLinks; ++i) {
+    for (int i = 0; i < maxLinks; ++i) {
         std::array<char, PATH_MAX> link{};
         const auto length = ::readlink(target.c_str(), link.data(), link.size());
         if (length < 0)
@@ -135,7 +135,7 @@ std::optional<std::string> regularContent(const std::string &path)
     return readAll(file.get());
 }
 
-bool isOddFile(const std::string &path)
+bool isIrregularFile(const std::string &path)
 {
     struct stat status { };
     return ::lstat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);

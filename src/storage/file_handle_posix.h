@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Open files of the operating system, and what its calls report, for the one reader and the one writer.
+// File descriptors and file calls of the operating system, for the classes that read and write files.
 #pragma once
 
 #include "storage/file_store.h"
@@ -44,29 +44,29 @@ private:
     int m_descriptor = -1;
 };
 
-/// open(2) in `folder`, a descriptor or AT_FDCWD, repeated when a signal comes between; never waits for the
-/// other end of a FIFO and never becomes a terminal's owner.
+/// open(2) relative to `folder`, a descriptor or AT_FDCWD; retried after EINTR. Never blocks on a FIFO and
+/// never acquires a controlling terminal.
 [[nodiscard]] FileHandle openFile(
     const std::string &path, int flags, mode_t mode = 0, int folder = -100 /* AT_FDCWD */);
-/// False, with errno set, unless every byte was taken.
+/// False, with errno set, unless every byte was written.
 [[nodiscard]] bool writeAll(int descriptor, std::string_view bytes, off_t at);
-/// The rest of the file; nothing on a read error.
+/// The rest of the file; nothing on a read error or for 2 GiB and more.
 [[nodiscard]] std::optional<std::string> readAll(int descriptor);
-/// fsync(2); file systems that have nothing to synchronise count as done.
+/// fsync(2); succeeds on file systems that do not support it.
 [[nodiscard]] bool synchronise(int descriptor);
-/// What a failed call means for a save, by errno.
+/// The save outcome for the current errno.
 [[nodiscard]] Saved savedFromErrno();
-/// The file that `path` means with its last link followed, also a link to a file that is not there yet;
-/// empty when the links go in a circle.
+/// `path` with links in its last part resolved, even if the target does not exist; empty for a cycle of
+/// links.
 [[nodiscard]] std::string linkTarget(const std::string &path);
 /// The folder part of `path` for open(2): "." when there is none.
 [[nodiscard]] std::string folderOf(const std::string &path);
 [[nodiscard]] std::string nameOf(const std::string &path);
-/// Without "." and ".."; none when the folder cannot be read.
+/// The names in a folder, without "." and ".."; none when the folder cannot be read.
 [[nodiscard]] std::vector<std::string> namesIn(const std::string &folder);
-/// Nothing for what is no regular file, or for a link to one.
+/// The content of a regular file; nothing for anything else, including a link to one.
 [[nodiscard]] std::optional<std::string> regularContent(const std::string &path);
-/// Something has this name, and it is no regular file.
-[[nodiscard]] bool isOddFile(const std::string &path);
+/// Whether something other than a regular file has this name.
+[[nodiscard]] bool isIrregularFile(const std::string &path);
 
 } // namespace kevra

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files as the commands need them. Paths are bytes as the file system has them; '/' and '\' both separate.
+// Files as the commands need them. Paths are file system bytes; both '/' and '\' are separators.
 #pragma once
 
 #include <cstdint>
@@ -12,11 +12,11 @@ namespace kevra {
 
 enum class Saved {
     Ok,
-    NotAFile, ///< a folder, device, FIFO or socket stands there
+    NotAFile, ///< the path is a folder, device, FIFO or socket
     Denied,
     DiskFull,
     Failed,
-    Torn, ///< the file holds a mixture; what belongs there lies in the safety copy
+    Torn, ///< the file holds a mix of old and new bytes; the safety copy has both
 };
 
 /// Why nothing was saved, as the end of a sentence.
@@ -38,13 +38,13 @@ enum class Saved {
     return "it cannot be written";
 }
 
-/// Tells one state of a file from another: it differs after any write.
+/// Identifies a state of a file; it differs after any write.
 struct FileStamp {
     std::int64_t modified = 0; ///< nanoseconds since 1970
     std::int64_t size = 0; ///< bytes
     std::uint64_t identity = 0; ///< inode
-    /// Nanoseconds since 1970 of the last change to anything about the file, a new name included. Only a
-    /// reason to look at the content: not compared.
+    /// Nanoseconds since 1970 of the last change to content or metadata (ctime). Not compared: a change only
+    /// means that the content should be checked.
     std::int64_t touched = 0;
 
     friend bool operator==(const FileStamp &a, const FileStamp &b)
@@ -60,43 +60,43 @@ public:
         const std::string &path) const = 0; ///< a regular file, links followed
     [[nodiscard]] virtual bool folderExists(const std::string &path) const = 0;
     [[nodiscard]] virtual std::optional<FileStamp> stamp(const std::string &path) const = 0;
-    /// The bytes of a regular file; nothing when it cannot be read whole.
+    /// The bytes of a regular file; nothing when it cannot be read completely.
     [[nodiscard]] virtual std::optional<std::string> read(const std::string &path) const = 0;
     /// Afterwards the file holds either its old bytes or all the new ones.
     [[nodiscard]] virtual Saved write(const std::string &path, std::string_view bytes) = 0;
-    /// As write(), also over a read-only file: somebody agreed to replace it.
+    /// As write(), but also replaces a read-only file: the user has agreed.
     [[nodiscard]] virtual Saved replace(const std::string &path, std::string_view bytes)
     {
         return write(path, bytes);
     }
-    /// Sees the content that a save takes the place of.
+    /// Receives the content that a save replaces.
     using Replaced = std::function<void(std::string_view bytes)>;
-    /// As write(), or as replace() when `overReadOnly`. `replaced` is called at the last moment, so that no
-    /// other program's save gets lost between a look at the file and its replacement.
+    /// As write(), or as replace() when `overReadOnly`. `replaced` is called as late as possible, so that
+    /// another program's save just before the replacement is not lost.
     [[nodiscard]] virtual Saved save(
         const std::string &path, std::string_view bytes, bool overReadOnly, const Replaced &replaced)
     {
-        if (const auto there = read(path))
-            replaced(*there);
+        if (const auto content = read(path))
+            replaced(*content);
         return overReadOnly ? replace(path, bytes) : write(path, bytes);
     }
-    /// Where the old and the new bytes lie that the last save could write only in part; empty otherwise.
+    /// The file with the old and new bytes of the last save if that was Torn; empty otherwise.
     [[nodiscard]] virtual std::string safetyCopy() const { return {}; }
-    /// As write(), a new file that is no more open to others than `original` is.
+    /// As write(), for a new file that is no more accessible to others than `original`.
     [[nodiscard]] virtual Saved writeCopy(
         const std::string & /*original*/, const std::string &path, std::string_view bytes)
     {
         return write(path, bytes);
     }
-    /// As write(), a file of the program's own: nobody but its owner can read it.
+    /// As write(), for the program's own files: readable only by the owner.
     [[nodiscard]] virtual Saved writePrivate(const std::string &path, std::string_view bytes)
     {
         return write(path, bytes);
     }
-    /// Also read-only files. True when no such file is there afterwards.
+    /// Also removes read-only files. True when the file does not exist afterwards.
     virtual bool remove(const std::string &path) = 0;
-    /// Gives a file another name in its folder, everything else about it unchanged; false, with nothing done,
-    /// when something has that name.
+    /// Renames a file within its folder and keeps its metadata. False, with nothing done, when the new name
+    /// is taken.
     [[nodiscard]] virtual bool rename(const std::string &from, const std::string &to) = 0;
     /// Sets or clears the hidden attribute where the platform has one.
     virtual void setHidden(const std::string &path, bool hidden) = 0;

@@ -25,7 +25,7 @@ bool isWritable(const std::string &path)
     return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
-/// A new file in its place would cut the other names off, or change the owner.
+/// Replacing the file would break its other hard links or change its owner.
 bool mustStaySameFile(const struct stat &status)
 {
     return status.st_nlink > 1 || status.st_uid != ::geteuid();
@@ -97,9 +97,9 @@ Saved FileStorePosix::save(
 
 Saved FileStorePosix::putInPlace(const std::string &target, std::string_view bytes, const Replaced &replaced)
 {
-    InPlace about{replaced, {}};
-    const auto saved = writeInPlace(target, bytes, m_stateFolder, about);
-    m_safetyCopy = about.copy;
+    InPlaceContext context{replaced, {}};
+    const auto saved = writeInPlace(target, bytes, m_stateFolder, context);
+    m_safetyCopy = context.copy;
     return saved;
 }
 
@@ -118,8 +118,8 @@ Saved FileStorePosix::put(const std::string &path, std::string_view bytes, const
     if (status && mustStaySameFile(*status))
         return putInPlace(target, bytes, replaced);
 
-    // Once: in a folder of thousands of files, looking through it at each of them takes longer than writing.
-    if (m_swept.insert(folderOf(target)).second)
+    // Once per folder: scanning a folder of thousands of files at each write would take longer than writing.
+    if (m_cleanedFolders.insert(folderOf(target)).second)
         removeLeftovers(target);
     const auto saved = writeAtomically(target, bytes, nullptr, replaced);
     return saved == Saved::Denied && status ? putInPlace(target, bytes, replaced) : saved;
@@ -170,7 +170,7 @@ bool FileStorePosix::rename(const std::string &from, const std::string &to)
     const auto target = native(to);
     if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
         return true;
-    // Some network file systems do not know the flag.
+    // Some network file systems do not support the flag.
     struct stat status { };
     if (errno != EINVAL || ::lstat(target.c_str(), &status) == 0)
         return false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files of this machine. write() is the only code that writes a user's file.
+// The files of this machine. Only this class writes a user's files.
 #pragma once
 
 #include "storage/file_store.h"
@@ -10,8 +10,8 @@ namespace kevra {
 
 class FileStorePosix : public FileStore {
 public:
-    /// `stateFolder` keeps copies while a file is written in place. `documents` is the user's folder for
-    /// documents.
+    /// `stateFolder` holds safety copies while a file is written in place. `documents` is the user's
+    /// documents folder.
     FileStorePosix(std::string stateFolder, std::string documents);
 
     [[nodiscard]] bool fileExists(const std::string &path) const override;
@@ -28,7 +28,7 @@ public:
     [[nodiscard]] Saved writePrivate(const std::string &path, std::string_view bytes) override;
     bool remove(const std::string &path) override;
     [[nodiscard]] bool rename(const std::string &from, const std::string &to) override;
-    /// File systems here know no hidden attribute.
+    /// POSIX file systems have no hidden attribute.
     void setHidden(const std::string &, bool) override { }
 
 private:
@@ -43,7 +43,7 @@ private:
     std::string m_stateFolder;
     std::string m_documents;
     std::string m_safetyCopy;
-    std::set<std::string> m_swept; ///< folders without what a killed save has left
+    std::set<std::string> m_cleanedFolders; ///< folders already cleared of temporary files
 };
 
 } // namespace kevra

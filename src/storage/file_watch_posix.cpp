@@ -15,8 +15,8 @@
 namespace kevra {
 namespace {
 
-constexpr int lookInterval = 1000; ///< milliseconds
-constexpr int mostSteps = 10; ///< of a writer that does not come to rest
+constexpr int pollInterval = 1000; ///< milliseconds
+constexpr int maxSteps = 10; ///< after which a change is reported although the writer is still busy
 constexpr int settleTime = 150; ///< milliseconds between the steps of a writer
 
 struct Stamp {
@@ -24,7 +24,7 @@ struct Stamp {
     std::uint64_t identity = 0;
     std::int64_t size = 0;
     std::int64_t modified = 0; ///< nanoseconds since 1970
-    std::int64_t touched = 0; ///< the same
+    std::int64_t touched = 0; ///< nanoseconds since 1970
 
     friend bool operator==(const Stamp &, const Stamp &) = default;
 };
@@ -50,13 +50,13 @@ void drain(int descriptor)
 struct FileWatch::Shared {
     explicit Shared(std::function<void()> call)
         : changed(std::move(call))
-        , notes(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK))
+        , events(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK))
         , wake(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
     {
     }
 
-    /// The path asked for last; nothing at the end.
-    std::optional<std::string> wanted()
+    /// The path to watch; nothing once the watch has ended.
+    std::optional<std::string> watchedPath()
     {
         const std::lock_guard lock(mutex);
         return ended ? std::nullopt : std::optional(path);
@@ -66,25 +66,25 @@ struct FileWatch::Shared {
         const std::uint64_t one = 1;
         std::ignore = ::write(wake.get(), &one, sizeof one);
     }
-    /// False when nothing has happened for that long.
+    /// False on a timeout.
     [[nodiscard]] bool waitFor(int milliseconds) const
     {
-        std::array<pollfd, 2> both{pollfd{notes.get(), POLLIN, 0}, pollfd{wake.get(), POLLIN, 0}};
+        std::array<pollfd, 2> both{pollfd{events.get(), POLLIN, 0}, pollfd{wake.get(), POLLIN, 0}};
         const bool happened = ::poll(both.data(), both.size(), milliseconds) > 0;
-        drain(notes.get());
+        drain(events.get());
         drain(wake.get());
         return happened;
     }
     void follow(const std::string &file)
     {
-        notes = FileHandle(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
+        events = FileHandle(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
         if (file.empty())
             return;
-        ::inotify_add_watch(notes.get(), folderOf(file).c_str(),
+        ::inotify_add_watch(events.get(), folderOf(file).c_str(),
             IN_CLOSE_WRITE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE | IN_CREATE);
-        ::inotify_add_watch(notes.get(), file.c_str(), IN_CLOSE_WRITE | IN_MODIFY | IN_ATTRIB);
+        ::inotify_add_watch(events.get(), file.c_str(), IN_CLOSE_WRITE | IN_MODIFY | IN_ATTRIB);
     }
-    void tell()
+    void notify()
     {
         const std::lock_guard lock(mutex);
         if (!ended)
@@ -95,14 +95,14 @@ struct FileWatch::Shared {
     std::function<void()> changed;
     std::string path;
     bool ended = false;
-    FileHandle notes;
+    FileHandle events;
     FileHandle wake;
 };
 
 FileWatch::FileWatch(std::function<void()> changed)
     : m_shared(std::make_shared<Shared>(std::move(changed)))
 {
-    // Signals are the main thread's to answer.
+    // Signals are handled by the main thread.
     sigset_t all;
     sigset_t before;
     ::sigfillset(&all);
@@ -135,27 +135,28 @@ void FileWatch::run(const std::shared_ptr<Shared> &shared)
 {
     std::string path;
     Stamp known;
-    while (const auto wanted = shared->wanted()) {
-        if (*wanted != path) {
-            path = *wanted;
+    while (const auto watchedPath = shared->watchedPath()) {
+        if (*watchedPath != path) {
+            path = *watchedPath;
             shared->follow(path);
             known = stampOf(path);
-            // It may have changed since it was read.
-            shared->tell();
+            // The file may have changed since it was read.
+            shared->notify();
         }
-        const bool happened = shared->waitFor(path.empty() ? -1 : lookInterval);
+        const bool happened = shared->waitFor(path.empty() ? -1 : pollInterval);
         if (happened)
-            for (int i = 0; i < mostSteps && shared->wanted() == path && shared->waitFor(settleTime); ++i) { }
-        if (shared->wanted() != path)
+            for (int i = 0; i < maxSteps && shared->watchedPath() == path && shared->waitFor(settleTime);
+                 ++i) { }
+        if (shared->watchedPath() != path)
             continue;
         const auto now = stampOf(path);
-        // One that is not there may have come and gone again.
+        // A missing file may have been created and removed again.
         if (now == known && (now.exists || !happened))
             continue;
         known = now;
-        // The watch on the file itself belongs to the one that was there.
+        // The old watch is on the old inode.
         shared->follow(path);
-        shared->tell();
+        shared->notify();
     }
 }
 

@@ -9,25 +9,25 @@
 
 namespace kevra {
 
-/// Watches one file by its name, so that it is followed through writers that put a new file in its place. The
-/// system tells of changes in the folder; a look once a second finds those it does not tell of, as on network
-/// folders. All of it runs on a thread: a network folder that does not answer holds up nobody.
+/// Watches one file by name, also when a writer replaces it by a new file. Uses inotify, and checks once a
+/// second because network folders report no events. Runs on its own thread, so that an unresponsive network
+/// folder does not block the program.
 class FileWatch {
 public:
-    /// `changed` runs on the thread, once when the watch begins and then after each change, when the file has
-    /// been left alone for a moment.
+    /// `changed` is called on the thread: once when a watch begins, then after each change once the file has
+    /// settled.
     explicit FileWatch(std::function<void()> changed);
     ~FileWatch();
     FileWatch(const FileWatch &) = delete;
     FileWatch &operator=(const FileWatch &) = delete;
 
-    void watch(const std::string &path); ///< empty watches nothing
+    void watch(const std::string &path); ///< empty stops watching
 
 private:
     struct Shared;
     static void run(const std::shared_ptr<Shared> &shared);
 
-    std::shared_ptr<Shared> m_shared; ///< with the thread, which may be waiting for a network when this ends
+    std::shared_ptr<Shared> m_shared; ///< shared with the thread, which may outlive this object
 };
 
 } // namespace kevra

@@ -22,7 +22,7 @@ struct Change {
     std::string_view after;
 };
 
-/// New space first: when the disk is full nothing of the old file has been touched.
+/// Appends first: if the disk is full, the old bytes are still untouched.
 bool overwrite(int file, const Change &change)
 {
     const auto common = std::min(change.before.size(), change.after.size());
@@ -31,14 +31,14 @@ bool overwrite(int file, const Change &change)
         && ::ftruncate(file, static_cast<off_t>(change.after.size())) == 0 && synchronise(file);
 }
 
-/// Best effort: the space is there, so only a broken disk can stop it, and then the copy remains.
+/// Fails only on a disk error, since the space exists; then the safety copy remains.
 bool putBack(int file, const Change &change)
 {
     return writeAll(file, change.before, 0)
         && ::ftruncate(file, static_cast<off_t>(change.before.size())) == 0 && synchronise(file);
 }
 
-/// Whether these bytes can be the change broken off midway.
+/// Whether these bytes can be an interrupted write of this change.
 bool isTorn(std::string_view bytes, const Change &change)
 {
     const auto &[before, after] = change;
@@ -66,8 +66,8 @@ void complete(const std::string &copy)
     if (!handle || ::flock(handle.get(), LOCK_EX | LOCK_NB) != 0)
         return;
     const auto bytes = readAll(handle.get());
-    const auto fields = bytes ? unsealed(*bytes) : std::nullopt;
-    // A copy that is itself incomplete was never acted on.
+    const auto fields = bytes ? readChecksummed(*bytes) : std::nullopt;
+    // If the copy is incomplete, the write never began.
     if (fields && fields->size() == 3) {
         const Change change{(*fields)[1], (*fields)[2]};
         const auto file = openRegular((*fields)[0], O_RDWR);
@@ -88,8 +88,8 @@ std::string copyPath(const std::string &stateFolder)
 
 } // namespace
 
-Saved writeInPlace(
-    const std::string &target, std::string_view bytes, const std::string &stateFolder, InPlace &about)
+Saved writeInPlace(const std::string &target, std::string_view bytes, const std::string &stateFolder,
+    InPlaceContext &context)
 {
     const auto file = openRegular(target, O_RDWR);
     if (!file)
@@ -98,15 +98,15 @@ Saved writeInPlace(
     if (!before)
         return Saved::Failed;
     const Change change{*before, bytes};
-    if (about.replaced)
-        about.replaced(*before);
+    if (context.replaced)
+        context.replaced(*before);
 
     std::error_code error;
     std::filesystem::create_directories(stateFolder, error);
     const auto copy = copyPath(stateFolder);
     if (const auto kept = writePrivately(copy, withChecksum({target, *before, bytes})); kept != Saved::Ok)
         return kept;
-    // Another program that starts now may have taken the copy for a leftover.
+    // Another instance that is starting may have taken the copy for a leftover.
     const auto lock = openRegular(copy, O_RDONLY);
     struct stat status { };
     if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 || ::fstat(lock.get(), &status) != 0
@@ -115,7 +115,7 @@ Saved writeInPlace(
     if (!overwrite(file.get(), change)) {
         const auto outcome = savedFromErrno();
         if (!putBack(file.get(), change)) {
-            about.copy = copy;
+            context.copy = copy;
             return Saved::Torn;
         }
         ::unlink(copy.c_str());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writing into a file that must stay the same file: one with several names, with another owner, or in a
-// folder that takes no new files. The old and the new bytes are on the disk elsewhere before the first byte
-// is touched, so that a torn file can be completed.
+// Writes a file that cannot be replaced: one with several hard links, with another owner, or in a folder
+// where no file can be created. A safety copy of the old and new bytes is on the disk before the write
+// starts, so that a torn file can be completed.
 #pragma once
 
 #include "storage/file_store.h"
@@ -12,18 +12,19 @@
 
 namespace kevra {
 
-/// What the file held, and where both contents lie while it is written.
-struct InPlace {
-    std::function<void(std::string_view)> replaced; ///< sees the old bytes; may be empty
-    std::string copy; ///< out: where both lie, when the outcome is Torn
+/// Input and output of writeInPlace().
+struct InPlaceContext {
+    std::function<void(std::string_view)> replaced; ///< receives the old bytes; may be empty
+    std::string copy; ///< out: path of the safety copy, if the outcome is Torn
 };
 
-/// `stateFolder` takes the copies. After a failure the file has its old bytes again, unless it is Torn.
-[[nodiscard]] Saved writeInPlace(
-    const std::string &target, std::string_view bytes, const std::string &stateFolder, InPlace &about);
+/// `stateFolder` holds the safety copy. After a failure the file has its old bytes, unless the outcome is
+/// Torn.
+[[nodiscard]] Saved writeInPlace(const std::string &target, std::string_view bytes,
+    const std::string &stateFolder, InPlaceContext &context);
 
-/// Completes the writes that a crash or power cut tore; files that are used by a running program, or were
-/// changed by somebody since, are left alone.
+/// Completes writes that a crash or power cut interrupted. Skips files that a running instance is writing or
+/// that were changed since.
 void completeTornWrites(const std::string &stateFolder);
 
 } // namespace kevra

@@ -13,7 +13,7 @@ std::string nativePath(const std::string &path, const std::string &documents)
     const auto rest = path.substr(start.size());
     if (!rest.empty() && rest[0] != '\\' && rest[0] != '/')
         return path;
-    std::error_code error; // without the folder the use of the path fails, and says so
+    std::error_code error; // ignored: using the path will report the failure
     std::filesystem::create_directories(documents, error);
     return documents + (rest.empty() ? rest : '/' + rest.substr(1));
 }

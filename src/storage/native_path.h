@@ -7,8 +7,8 @@
 
 namespace kevra {
 
-/// `path` as this machine has it. There are no drive letters here: the default temporary folder, and what
-/// lies in it, is read as `documents`, the user's documents folder, which is created when it is missing.
+/// `path` on this system, which has no drive letters: the default temporary folder and paths in it are mapped
+/// to `documents`, the user's documents folder, which is created if missing.
 [[nodiscard]] std::string nativePath(const std::string &path, const std::string &documents);
 
 } // namespace kevra

@@ -13,7 +13,7 @@
 namespace kevra {
 namespace {
 
-constexpr int mostPrograms = 1000;
+constexpr int maxPrograms = 1000;
 constexpr std::string_view asidePrefix = "kept-";
 constexpr std::array<std::string_view, 5> numberedKinds{".lock", ".record", ".crash", ".autosave", ".txt"};
 
@@ -42,11 +42,11 @@ Saved RecordFolder::open()
         std::filesystem::create_directories(std::filesystem::path(m_path).parent_path(), error);
     if (::mkdir(m_path.c_str(), 0700) != 0 && !exists())
         return errno == EEXIST ? Saved::Denied : savedFromErrno();
-    // What users write is nobody else's to read.
+    // Only the user may read what they wrote.
     ::chmod(m_path.c_str(), 0700);
-    for (int number = 1; number <= mostPrograms; ++number) {
+    for (int number = 1; number <= maxPrograms; ++number) {
         auto handle = openLock(number);
-        if (!handle && !isOddFile(file(number, ".lock")))
+        if (!handle && !isIrregularFile(file(number, ".lock")))
             return savedFromErrno();
         if (takeLock(handle)) {
             m_lock = std::move(handle);
@@ -88,7 +88,7 @@ bool RecordFolder::setAside(
     const auto text = std::to_string(sequence);
     const auto name = m_path + '/' + std::string(asidePrefix) + std::string(20 - text.size(), '0') + text
         + '-' + std::to_string(number);
-    for (int i = 0; i < mostPrograms; ++i) {
+    for (int i = 0; i < maxPrograms; ++i) {
         const auto to = name + (i > 0 ? '-' + std::to_string(i) : "") + kind;
         struct stat status { };
         if (::lstat(to.c_str(), &status) == 0)
@@ -105,7 +105,7 @@ void RecordFolder::close()
     ::unlink(ownFile(".lock").c_str());
     m_number = 0;
     m_lock = {};
-    // A shared folder leaves no trace unless something is kept in it.
+    // Removes a shared folder unless something is kept in it.
     if (m_place == Place::Shared)
         ::rmdir(m_path.c_str());
 }
@@ -113,7 +113,7 @@ void RecordFolder::close()
 bool takeLock(const FileHandle &file)
 {
     struct stat status { };
-    // A file that has lost its name between opening and locking belongs to nobody.
+    // A file unlinked between opening and locking is not a valid lock.
     return file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 && ::fstat(file.get(), &status) == 0
         && status.st_nlink > 0 && S_ISREG(status.st_mode);
 }
@@ -128,7 +128,7 @@ int numberIn(std::string name)
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
     const std::string_view rest(end, static_cast<std::size_t>(name.data() + name.size() - end));
     const bool known = std::ranges::find(numberedKinds, rest) != numberedKinds.end();
-    return error == std::errc() && known && number > 0 && number <= mostPrograms ? number : 0;
+    return error == std::errc() && known && number > 0 && number <= maxPrograms ? number : 0;
 }
 
 std::optional<std::uint64_t> asideSequence(const std::string &name)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A folder of recovery records. Each running program has a number in it, with a lock that ends with the
-// program, so that what a dead one left is told from what a live one writes.
+// A folder of recovery records. Each running instance has a number in it and holds a lock on that number, so
+// that files of a dead instance can be recognised.
 #pragma once
 
 #include "storage/file_handle_posix.h"
@@ -13,26 +13,26 @@ namespace kevra {
 
 class RecordFolder {
 public:
-    /// A shared folder stands where others can write too: it is used only while it is a folder of this user.
+    /// A shared folder is in a place where others can write too; it is used only if this user owns it.
     enum class Place { Private, Shared };
     RecordFolder(std::string path, Place place);
 
     [[nodiscard]] const std::string &path() const { return m_path; }
-    /// It is there and ours, so that leftovers are looked for.
+    /// Whether the folder exists and may be used.
     [[nodiscard]] bool exists() const;
-    /// Makes the folder and takes a number, once. Without one nothing can be kept there.
+    /// Creates the folder and takes a number, once. Without a number nothing can be stored.
     [[nodiscard]] Saved open();
     [[nodiscard]] int number() const { return m_number; } ///< 0 before open()
     [[nodiscard]] std::string file(int number, const char *kind) const;
     [[nodiscard]] std::string ownFile(const char *kind) const { return file(m_number, kind); }
-    /// The lock of a number that is not ours; nothing while its program runs.
+    /// Takes the lock of another instance's number; nothing while that instance runs.
     [[nodiscard]] FileHandle lock(int number) const;
-    /// The numbers of all files there.
+    /// The instance numbers of all files in the folder.
     [[nodiscard]] std::vector<int> numbers() const;
-    /// Gives `file` a name under which the next start offers it, after the text's `sequence`.
+    /// Renames `file` so that the next start offers it, in the order of `sequence`.
     [[nodiscard]] bool setAside(
         const std::string &file, std::uint64_t sequence, int number, const char *kind) const;
-    void close(); ///< gives the number back
+    void close(); ///< releases the number
 
 private:
     [[nodiscard]] FileHandle openLock(int number) const;
@@ -43,12 +43,13 @@ private:
     FileHandle m_lock;
 };
 
-/// Ends with the handle, and with the program however it ends.
+/// Locks the file until the handle is closed or the process ends. False when the file is locked already, was
+/// unlinked or is not a regular file.
 [[nodiscard]] bool takeLock(const FileHandle &file);
-/// The number in "7.lock", "7.record", "7.crash", "7.autosave" or "autosave-7.txt"; "autosave.txt" is the
-/// first program's. 0 for any other name.
+/// The number in "7.lock", "7.record", "7.crash", "7.autosave" or "autosave-7.txt"; 1 for "autosave.txt". 0
+/// for any other name.
 [[nodiscard]] int numberIn(std::string name);
-/// Of a file that setAside() has named; nothing for others.
+/// The sequence number in a name given by setAside(); nothing for others.
 [[nodiscard]] std::optional<std::uint64_t> asideSequence(const std::string &name);
 
 } // namespace kevra

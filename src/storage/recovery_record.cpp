@@ -18,8 +18,8 @@ constexpr std::size_t labelsStart = 5;
 constexpr std::array formerEncodings{Encoding::Windows1252, Encoding::Windows1252, Encoding::Iso8859_15,
     Encoding::Utf8, Encoding::Utf16Le, Encoding::Utf16Be};
 
-/// Mark, line ends, where the encoding is known from and raw bytes, one character each, then the labels of
-/// the encoding and the declared set.
+/// One character each for the mark, line ends, source of the encoding and raw bytes; then the labels of the
+/// encoding and of the declared one.
 std::string formatText(const TextFormat &format)
 {
     const auto letter = [](auto value) { return static_cast<char>('0' + static_cast<int>(value)); };
@@ -36,7 +36,7 @@ std::optional<LineEnds> lineEndsFrom(char letter)
     return static_cast<LineEnds>(letter - '0');
 }
 
-/// Of version 2.85 and earlier: encoding, mark, line ends, declared set.
+/// The format of version 2.85 and earlier, one character each: encoding, mark, line ends, declared encoding.
 std::optional<TextFormat> readFormerFormat(std::string_view text)
 {
     const auto encoding = [](char letter) -> std::optional<Encoding> {
@@ -91,7 +91,7 @@ std::string recordBytes(const TextSnapshot &snapshot, std::uint64_t sequence)
 
 std::optional<RecoveryRecord> readRecord(std::string_view bytes)
 {
-    auto fields = unsealed(bytes);
+    auto fields = readChecksummed(bytes);
     if (!fields || fields->size() < 3 || fields->size() > 4)
         return std::nullopt;
     const auto format = readFormat((*fields)[1]);

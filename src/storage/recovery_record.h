@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program writes down of the text in the document, so that a crash costs seconds of typing at most.
+// The record of the document's text, so that a crash loses at most a few seconds of typing.
 #pragma once
 
 #include "encoding/text_codec.h"
@@ -12,8 +12,7 @@
 
 namespace kevra {
 
-/// The text at one moment with all it takes to write it; costs a copy of the text, the rest can be done
-/// elsewhere and later.
+/// A copy of the text with all that is needed to write it later, on another thread.
 struct TextSnapshot {
     std::string path; ///< empty for new work
     FileForm file;
@@ -30,7 +29,7 @@ struct RecoveryRecord {
 
 [[nodiscard]] std::string fileBytes(const TextSnapshot &snapshot);
 [[nodiscard]] std::string recordBytes(const TextSnapshot &snapshot, std::uint64_t sequence);
-/// Nothing unless the record is whole.
+/// Nothing unless the record is complete.
 [[nodiscard]] std::optional<RecoveryRecord> readRecord(std::string_view bytes);
 
 } // namespace kevra

@@ -19,9 +19,9 @@ constexpr auto recordName = "record";
 constexpr auto autosaveName = "autosave";
 constexpr auto savedName = "saved";
 
-// In place of the number of the text in the note of an autosave file.
-constexpr std::string_view sinceSaved = "saved"; ///< the document has been, after it
-constexpr std::string_view isTheDocument = "document"; ///< the user has saved under this name
+// Written in an autosave file's note instead of its sequence number.
+constexpr std::string_view documentSaved = "saved"; ///< the document was saved after the autosave
+constexpr std::string_view isTheDocument = "document"; ///< the user saved a document under this name
 
 std::vector<RecordFolder> recordFolders(const RecoveryStorePosix::Folders &folders)
 {
@@ -32,7 +32,7 @@ std::vector<RecordFolder> recordFolders(const RecoveryStorePosix::Folders &folde
     return all;
 }
 
-constexpr std::int64_t nanoseconds = 1'000'000'000; ///< of a second
+constexpr std::int64_t nanoseconds = 1'000'000'000; ///< per second
 
 std::int64_t changeTime(const std::string &path)
 {
@@ -50,14 +50,14 @@ std::optional<RecoveryRecord> recordIn(const std::string &file)
 
 } // namespace
 
-/// An autosave file with what is known of it.
+/// An autosave file and the contents of its note.
 struct RecoveryStorePosix::Autosaved {
     std::string bytes;
     std::string path; ///< of the document; empty for new work
-    std::uint64_t sequence = 0; ///< 0: nothing but the bytes is known
-    std::string standing; ///< the number, or why it is not to be offered
+    std::uint64_t sequence = 0; ///< 0: there is no valid note
+    std::string status; ///< the sequence number, or why it is not offered
 
-    /// Whether a record of the same program holds a later text.
+    /// Whether a record of the same instance has a later text.
     [[nodiscard]] bool isBefore(const RecoveryRecord &record, bool recordFileIsLater) const
     {
         return sequence > 0 && record.sequence > 0 ? sequence < record.sequence : recordFileIsLater;
@@ -92,7 +92,7 @@ std::string RecoveryStorePosix::autosaveFile(int number) const
 
 void RecoveryStorePosix::notePassedOver(const std::string &file)
 {
-    if (isOddFile(file))
+    if (isIrregularFile(file))
         m_passedOver.push_back(file);
 }
 
@@ -129,11 +129,11 @@ std::optional<RecoveryStorePosix::Autosaved> RecoveryStorePosix::autosavedBy(int
         return std::nullopt;
     Autosaved text{std::move(*bytes), {}, 0, {}};
     const auto about = regularContent(m_folders.front().file(number, ".autosave"));
-    const auto fields = about ? unsealed(*about) : std::nullopt;
-    // What is known is known of these bytes only.
+    const auto fields = about ? readChecksummed(*about) : std::nullopt;
+    // The note is valid only for these bytes.
     if (fields && fields->size() == 3 && (*fields)[2] == std::to_string(fingerprint(text.bytes))) {
         text.path = (*fields)[0];
-        text.standing = (*fields)[1];
+        text.status = (*fields)[1];
         std::from_chars((*fields)[1].data(), (*fields)[1].data() + (*fields)[1].size(), text.sequence);
     }
     return text;
@@ -143,10 +143,10 @@ void RecoveryStorePosix::takeCrashRecord(const std::string &record, const std::s
 {
     const auto last = recordIn(crash);
     if (!last)
-        return toBackups(crash, crash);
+        return moveToBackups(crash, crash);
     const auto before = recordIn(record);
     if (before && before->bytes != last->bytes)
-        toBackups(record, record);
+        moveToBackups(record, record);
     ::rename(crash.c_str(), record.c_str());
 }
 
@@ -157,14 +157,14 @@ void RecoveryStorePosix::putLeftoversAside(RecordFolder &folder, int number)
     if (!ours && !held)
         return;
     const auto record = folder.file(number, ".record");
-    // What was written while the program broke down is later, if it is whole.
+    // A crash record is later than the normal record, if it is complete.
     takeCrashRecord(record, folder.file(number, ".crash"));
     const auto recorded = recordIn(record);
     if (!recorded)
-        toBackups(record, record);
+        moveToBackups(record, record);
     const auto autosave = autosaveFile(number);
     auto autosaved = &folder == &records() ? autosavedBy(number) : std::nullopt;
-    const bool document = autosaved && autosaved->standing == isTheDocument;
+    const bool document = autosaved && autosaved->status == isTheDocument;
     if (document)
         autosaved.reset();
     bool recordIsOffered = recorded.has_value();
@@ -173,9 +173,9 @@ void RecoveryStorePosix::putLeftoversAside(RecordFolder &folder, int number)
             = recorded && autosaved->isBefore(*recorded, changeTime(record) >= changeTime(autosave));
         // One text is offered once, in its later form; the other form is kept as a version of it.
         const bool oneText = !recorded || autosaved->sequence == 0 || autosaved->path == recorded->path;
-        if (autosaved->bytes.empty() || autosaved->standing == sinceSaved || (before && oneText)) {
+        if (autosaved->bytes.empty() || autosaved->status == documentSaved || (before && oneText)) {
             const auto &path = recorded && !recorded->path.empty() ? recorded->path : autosaved->path;
-            toBackups(autosave, path.empty() ? autosave : path);
+            moveToBackups(autosave, path.empty() ? autosave : path);
         } else {
             const auto sequence = autosaved->sequence > 0 ? autosaved->sequence : m_sequence.next();
             std::ignore = records().setAside(autosave, sequence, number, ".txt");
@@ -185,19 +185,19 @@ void RecoveryStorePosix::putLeftoversAside(RecordFolder &folder, int number)
     if (recordIsOffered)
         std::ignore = folder.setAside(record, recorded->sequence, number, ".record");
     else if (recorded)
-        toBackups(record, record);
+        moveToBackups(record, record);
     if (!document)
         ::unlink(folder.file(number, ".autosave").c_str());
     if (!ours)
         ::unlink(folder.file(number, ".lock").c_str());
 }
 
-void RecoveryStorePosix::toBackups(const std::string &file, const std::string &as, KeptReason reason)
+void RecoveryStorePosix::moveToBackups(const std::string &file, const std::string &as, KeptReason reason)
 {
     const auto bytes = regularContent(file);
     const auto record = bytes ? readRecord(*bytes) : std::nullopt;
     const auto path = record && !record->path.empty() ? record->path : record ? "untitled.txt" : as;
-    // The text itself is what may be looked for later, not the record around it.
+    // Users look for the text, not for the record that contains it.
     if (bytes && (bytes->empty() || m_backups.keep(path, record ? record->bytes : *bytes, reason)))
         ::unlink(file.c_str());
 }
@@ -211,7 +211,7 @@ Saved RecoveryStorePosix::writeText(const TextSnapshot &snapshot, const char *ki
         if (saved == Saved::Ok)
             saved = writePrivately(folder.ownFile(kind), bytes);
         if (saved == Saved::Ok) {
-            removeRecordsBut(&folder);
+            removeRecordsExcept(&folder);
             return Saved::Ok;
         }
         failure = failure.value_or(saved);
@@ -219,7 +219,7 @@ Saved RecoveryStorePosix::writeText(const TextSnapshot &snapshot, const char *ki
     return *failure;
 }
 
-void RecoveryStorePosix::removeRecordsBut(const RecordFolder *kept)
+void RecoveryStorePosix::removeRecordsExcept(const RecordFolder *kept)
 {
     for (auto &folder : m_folders)
         if (folder.number() > 0 && &folder != kept)
@@ -245,7 +245,7 @@ Saved RecoveryStorePosix::recordOutcome() const
 void RecoveryStorePosix::removeRecord()
 {
     m_writer.drop(recordName);
-    removeRecordsBut(nullptr);
+    removeRecordsExcept(nullptr);
 }
 
 bool RecoveryStorePosix::setRecordAside()
@@ -265,20 +265,20 @@ bool RecoveryStorePosix::setRecordAside()
 
 bool RecoveryStorePosix::autosaveIsDocument() const
 {
-    const auto there = autosavedBy(m_folders.front().number());
-    return there && there->standing == isTheDocument;
+    const auto autosaved = autosavedBy(m_folders.front().number());
+    return autosaved && autosaved->status == isTheDocument;
 }
 
 Saved RecoveryStorePosix::noteAutosave(
-    const std::string &path, std::string_view standing, std::string_view bytes)
+    const std::string &path, std::string_view status, std::string_view bytes)
 {
     return writePrivately(records().ownFile(".autosave"),
-        withChecksum({path, std::string(standing), std::to_string(fingerprint(bytes))}));
+        withChecksum({path, std::string(status), std::to_string(fingerprint(bytes))}));
 }
 
 Saved RecoveryStorePosix::writeAutosaveFile(const TextSnapshot &snapshot)
 {
-    // The record keeps the text as well.
+    // The record still has the text.
     if (autosaveIsDocument())
         return Saved::Ok;
     const auto bytes = fileBytes(snapshot);
@@ -299,12 +299,12 @@ void RecoveryStorePosix::textSaved(const std::string &path)
 
 void RecoveryStorePosix::noteSaved(const std::string &path)
 {
-    const auto there = autosavedBy(records().number());
+    const auto autosaved = autosavedBy(records().number());
     std::error_code missing;
-    if (there && fs::equivalent(path, autosaveFile(records().number()), missing))
-        std::ignore = noteAutosave(path, isTheDocument, there->bytes);
-    else if (there && there->path == path && there->standing != isTheDocument)
-        std::ignore = noteAutosave(path, sinceSaved, there->bytes);
+    if (autosaved && fs::equivalent(path, autosaveFile(records().number()), missing))
+        std::ignore = noteAutosave(path, isTheDocument, autosaved->bytes);
+    else if (autosaved && autosaved->path == path && autosaved->status != isTheDocument)
+        std::ignore = noteAutosave(path, documentSaved, autosaved->bytes);
 }
 
 void RecoveryStorePosix::writeAutosave(TextSnapshot snapshot)
@@ -324,10 +324,10 @@ void RecoveryStorePosix::removeAutosave(bool written)
         return;
     const auto file = autosaveFile(records().number());
     ::unlink(records().ownFile(".autosave").c_str());
-    if (written && !isOddFile(file))
+    if (written && !isIrregularFile(file))
         ::unlink(file.c_str());
     else
-        toBackups(file, file);
+        moveToBackups(file, file);
 }
 
 std::vector<std::string> RecoveryStorePosix::list()
@@ -375,7 +375,7 @@ void RecoveryStorePosix::removeSaved(const std::string &text)
 
 void RecoveryStorePosix::discard(const std::string &text)
 {
-    toBackups(text, text, KeptReason::GivenUp);
+    moveToBackups(text, text, KeptReason::GivenUp);
     m_claimed.erase(text);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The recovery records and autosave files of this program, and what dead ones left. A record goes into the
-// state folder, and where that cannot be written into the first spare folder that can.
+// The recovery records and autosave files of this instance, and those left by dead ones. A record is written
+// to the state folder, or to the first spare folder that works.
 #pragma once
 
 #include "storage/background_writer_posix.h"
@@ -18,11 +18,11 @@ namespace kevra {
 class RecoveryStorePosix : public RecordStore, public RecoverableTexts {
 public:
     struct Folders {
-        std::string state; ///< the autosave files; the records in a folder of their own in it
-        std::vector<std::string> spare; ///< for records; used, and made, only when one before cannot be
+        std::string state; ///< for autosave files; records go into a subfolder
+        std::vector<std::string> spare; ///< for records; created only when the folders before fail
     };
-    /// Takes a number and puts aside what dead programs left. `outcomeChanged` runs on another thread when
-    /// recordOutcome() may answer something else.
+    /// Takes an instance number and sets aside the files of dead instances. `outcomeChanged` is called on
+    /// another thread when recordOutcome() may have changed.
     RecoveryStorePosix(
         Folders folders, BackupStore &backups, std::function<void()> outcomeChanged = [] {});
     ~RecoveryStorePosix() override;
@@ -34,14 +34,14 @@ public:
     void writeAutosave(TextSnapshot snapshot) override;
     void textSaved(const std::string &path) override;
     void finish() override { m_writer.finish(); }
-    /// Whether the last record is on the disk; why it is not.
+    /// Ok if the last record is on the disk, else why it is not.
     [[nodiscard]] Saved recordOutcome() const;
-    /// The autosave file of this program; one that it did not write goes to the backups.
+    /// Removes this instance's autosave file, or moves it to the backups unless this run has `written` it.
     void removeAutosave(bool written);
-    /// What of all this is no regular file and was left alone.
+    /// Files that were skipped because they are not regular files.
     [[nodiscard]] const std::vector<std::string> &passedOver() const { return m_passedOver; }
 
-    /// The text written last comes first.
+    /// The newest text first.
     [[nodiscard]] std::vector<std::string> list() override;
     [[nodiscard]] std::optional<RecoveryRecord> open(const std::string &text) override;
     void removeSaved(const std::string &text) override;
@@ -56,23 +56,23 @@ private:
     [[nodiscard]] bool autosaveIsDocument() const;
     void noteSaved(const std::string &path);
     [[nodiscard]] Saved noteAutosave(
-        const std::string &path, std::string_view standing, std::string_view bytes);
+        const std::string &path, std::string_view status, std::string_view bytes);
     [[nodiscard]] Saved writeAutosaveFile(const TextSnapshot &snapshot);
-    void removeRecordsBut(const RecordFolder *kept);
+    void removeRecordsExcept(const RecordFolder *kept);
     void findLeftovers(RecordFolder &folder);
     void putLeftoversAside(RecordFolder &folder, int number);
     void takeCrashRecord(const std::string &record, const std::string &crash);
     [[nodiscard]] std::optional<Autosaved> autosavedBy(int number) const;
-    void toBackups(
+    void moveToBackups(
         const std::string &file, const std::string &as, KeptReason reason = KeptReason::EarlierForm);
     void notePassedOver(const std::string &file);
 
     std::string m_stateFolder;
-    std::vector<RecordFolder> m_folders; ///< the state folder's first
+    std::vector<RecordFolder> m_folders; ///< the subfolder of the state folder first
     Sequence m_sequence;
     BackupStore &m_backups;
     std::vector<std::string> m_passedOver;
-    std::map<std::string, FileHandle> m_claimed; ///< texts left behind that this program deals with
+    std::map<std::string, FileHandle> m_claimed; ///< recoverable texts locked by this instance
     BackgroundWriter m_writer;
 };
 

@@ -11,7 +11,8 @@
 namespace kevra {
 namespace {
 
-constexpr std::size_t digits = 20; ///< of every number, so that the file keeps its place on a full disk
+constexpr std::size_t digits
+    = 20; ///< fixed width: the file never grows, so that writing works on a full disk
 
 std::uint64_t storedNumber(int file)
 {
@@ -33,7 +34,7 @@ std::string padded(std::uint64_t number)
 std::uint64_t Sequence::next()
 {
     const auto file = openFile(m_file, O_RDWR | O_CREAT | O_NOFOLLOW, 0600);
-    const bool locked = file && !isOddFile(m_file) && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+    const bool locked = file && !isIrregularFile(m_file) && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
     if (locked)
         startAfter(storedNumber(file.get()));
     ++m_last;

@@ -6,8 +6,8 @@
 
 namespace kevra {
 
-/// Numbers that grow from call to call, whichever running program makes it and whatever the clock says; the
-/// last one is kept in a file. Where that cannot be written they still grow within this program.
+/// Increasing numbers, shared by all running instances through a file and independent of the clock. If the
+/// file cannot be written, they still increase within this instance.
 class Sequence {
 public:
     explicit Sequence(std::string file)
@@ -16,7 +16,7 @@ public:
     }
 
     [[nodiscard]] std::uint64_t next();
-    /// Later numbers are larger than this one.
+    /// Makes later numbers larger than `number`.
     void startAfter(std::uint64_t number) { m_last = number > m_last ? number : m_last; }
 
 private:

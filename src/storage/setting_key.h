@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A key of the settings store: where it stands, what is read when it was never stored.
+// A key of the settings store with its section and default.
 #pragma once
 
 #include "storage/settings_store.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The per-user store of named values: application, section, key, string. Nothing here fails: a value that
-// cannot be read is its default, a value that cannot be written holds as long as the program runs.
+// cannot be read is its default; one that cannot be written lasts until the program ends.
 #pragma once
 
 #include <string>

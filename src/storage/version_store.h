@@ -13,13 +13,13 @@ namespace kevra {
 /// A text that is kept for a time.
 struct Version {
     std::string name; ///< in the store
-    std::string path; ///< where the text belongs; a bare name when it never had a place
+    std::string path; ///< the text's file; a bare name if it never had one
     KeptReason reason = KeptReason::Replaced;
     std::int64_t time = 0; ///< seconds since 1970
     std::int64_t size = 0; ///< bytes
 };
 
-/// What a BackupStore keeps, to be looked through.
+/// Access to what a BackupStore keeps.
 class VersionStore {
 public:
     virtual ~VersionStore() = default;

@@ -40,7 +40,7 @@ public:
     std::vector<std::string> autosaved;
 };
 
-/// A document of which "/site/page.htm" holds "old".
+/// A document whose file "/site/page.htm" holds "old".
 struct JournalFixture : DocumentFixture {
     JournalFixture()
     {
@@ -85,7 +85,8 @@ TEST(RecoveryJournal, EveryWayOutOfTheDocument)
         void (*way)(JournalFixture &);
         std::size_t kept;
     } const cases[] = {
-        {"nobody asked", "new", [](JournalFixture &d) { std::ignore = d.journal.documentReplaced(); }, 1},
+        {"no question asked", "new", [](JournalFixture &d) { std::ignore = d.journal.documentReplaced(); },
+            1},
         {"nothing was typed", "old", [](JournalFixture &d) { std::ignore = d.journal.documentReplaced(); },
             0},
         {"emptied without a question", "",
@@ -176,7 +177,7 @@ TEST(RecoveryJournal, AutosavesWhenOnAndChanged)
     EXPECT_EQ(fixture.store.autosaved.size(), 1U);
 }
 
-class FakeLeftTexts : public RecoverableTexts {
+class FakeRecoverableTexts : public RecoverableTexts {
 public:
     std::vector<std::string> list() override
     {
@@ -236,7 +237,7 @@ struct OfferFixture : JournalFixture {
     DocumentColouring colouring{document, state};
     SaveCommands saving{ports()};
     OpenCommands opening{ports(), saving, colouring};
-    FakeLeftTexts left;
+    FakeRecoverableTexts left;
     FakeReviewView view;
     FakeRecoveryList list;
     RecoveryOffer offer{ports(), saving, opening, journal, left, view, list};
@@ -282,7 +283,7 @@ TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
     }
 }
 
-TEST(RecoveryOffer, SavedUnseenOverTheOpenFileItIsShown)
+TEST(RecoveryOffer, SavedWithoutReviewOverTheOpenFileItIsShown)
 {
     OfferFixture fixture;
     fixture.messages.answers = {Yes, No, Ok};
@@ -357,16 +358,16 @@ TEST(RecoveryOffer, SeveralTextsAreAListUntilAllAreDealtWith)
     }
 }
 
-TEST(SealedRecord, KnowsDamage)
+TEST(ChecksummedRecord, KnowsDamage)
 {
     const auto record = withChecksum({"/site/page.htm", "", std::string(1000, 'x')});
-    ASSERT_TRUE(unsealed(record));
+    ASSERT_TRUE(readChecksummed(record));
     for (std::size_t length = 0; length < record.size(); ++length)
-        ASSERT_FALSE(unsealed(record.substr(0, length))) << length;
+        ASSERT_FALSE(readChecksummed(record.substr(0, length))) << length;
     for (std::size_t at = 0; at < record.size(); ++at) {
         auto flipped = record;
         flipped[at] = static_cast<char>(flipped[at] ^ 1);
-        ASSERT_FALSE(unsealed(flipped)) << at;
+        ASSERT_FALSE(readChecksummed(flipped)) << at;
     }
 }
 
@@ -379,14 +380,15 @@ TEST(Backups, StayWithinTheirBounds)
         versions.push_back({"page" + std::to_string(i), "page", now - i, 10});
     versions.push_back({"old", "notes", now - 31 * day, 10});
     versions.push_back({"recent", "notes", now - 29 * day, 10});
-    auto gone = beyondBounds(versions, now, "page0");
+    auto gone = versionsToRemove(versions, now, "page0");
     std::ranges::sort(gone);
     EXPECT_EQ(gone, (std::vector<std::string>{"old", "page20", "page21", "page22", "page23", "page24"}));
 
-    EXPECT_EQ(beyondBounds({{"a", "a", 3, 150'000'000}, {"b", "b", 2, 60'000'000}, {"c", "c", 1, 1}}, 4, "a"),
+    EXPECT_EQ(
+        versionsToRemove({{"a", "a", 3, 150'000'000}, {"b", "b", 2, 60'000'000}, {"c", "c", 1, 1}}, 4, "a"),
         (std::vector<std::string>{"b", "c"}));
-    // What was put in last stays, however large and whatever the clock says.
-    EXPECT_EQ(beyondBounds({{"last", "a", 0, 900'000'000}, {"b", "b", now, 1}}, now, "last"),
+    // The newest copy stays, even if it is too large or too old.
+    EXPECT_EQ(versionsToRemove({{"last", "a", 0, 900'000'000}, {"b", "b", now, 1}}, now, "last"),
         std::vector<std::string>{"b"});
 }
 

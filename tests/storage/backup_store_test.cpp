@@ -36,24 +36,24 @@ TEST(BackupStore, KnowsWhereATextBelongsAndWhyAndIsPrivate)
     EXPECT_TRUE(fs::is_empty(place));
 }
 
-TEST(FileWatch, TellsOfEveryKindOfWriter)
+TEST(FileWatch, NoticesEveryKindOfWriter)
 {
     QTemporaryDir folder;
     const auto path = folder.path().toStdString() + "/page.htm";
     const auto put = [](const std::string &file, const char *bytes) { std::ofstream(file) << bytes; };
     put(path, "old");
     std::mutex mutex;
-    std::condition_variable told;
+    std::condition_variable notified;
     int times = 0;
     FileWatch watch([&] {
         const std::lock_guard lock(mutex);
         ++times;
-        told.notify_all();
+        notified.notify_all();
     });
     watch.watch(path);
     {
         std::unique_lock lock(mutex);
-        told.wait(lock, [&] { return times > 0; }); // it has begun
+        notified.wait(lock, [&] { return times > 0; }); // it has begun
     }
     const std::pair<const char *, std::function<void()>> writers[] = {
         {"rewrites", [&] { put(path, "new"); }},
@@ -72,7 +72,7 @@ TEST(FileWatch, TellsOfEveryKindOfWriter)
         lock.unlock();
         write();
         lock.lock();
-        EXPECT_TRUE(told.wait_for(lock, std::chrono::minutes(1), [&] { return times > before; })) << name;
+        EXPECT_TRUE(notified.wait_for(lock, std::chrono::minutes(1), [&] { return times > before; })) << name;
     }
 }
 

@@ -23,7 +23,7 @@ namespace {
 class FileStoreOnDisk : public testing::Test {
 protected:
     FileStoreOnDisk() { fs::create_directory(state); }
-    /// Qt cannot remove names that are no UTF-8.
+    /// Qt cannot remove names that are not UTF-8.
     ~FileStoreOnDisk() override { fs::remove_all(root); }
 
     std::string path(const std::string &name) const { return root + "/" + name; }
@@ -32,7 +32,7 @@ protected:
         std::ofstream(path(name), std::ios::binary) << bytes;
         return path(name);
     }
-    /// The names in the folder, so that a stray file is seen.
+    /// The number of files, to notice stray ones.
     std::size_t count() const
     {
         return static_cast<std::size_t>(std::distance(fs::directory_iterator(root), {}))
@@ -45,7 +45,7 @@ protected:
     FileStorePosix store{state, root};
 };
 
-TEST_F(FileStoreOnDisk, WritesUnderTheLongestNameAndThroughALinkThatLeadsNowhere)
+TEST_F(FileStoreOnDisk, WritesUnderTheLongestNameAndThroughADanglingLink)
 {
     const auto longest = path(std::string(251, 'n').append(".htm"));
     const auto before = count();
@@ -108,7 +108,7 @@ TEST_F(FileStoreOnDisk, RefusesWhatIsNoFile)
     EXPECT_TRUE(store.remove(path("missing.htm")));
 }
 
-TEST_F(FileStoreOnDisk, StampTellsEveryWrite)
+TEST_F(FileStoreOnDisk, StampDiffersAfterEveryWrite)
 {
     const auto file = path("page.htm");
     EXPECT_EQ(store.stamp(file), std::nullopt);
@@ -118,7 +118,7 @@ TEST_F(FileStoreOnDisk, StampTellsEveryWrite)
     EXPECT_NE(store.stamp(file), first);
 }
 
-TEST_F(FileStoreOnDisk, TheProgramsOwnFilesAreNobodyElsesWhateverTheMask)
+TEST_F(FileStoreOnDisk, TheProgramsOwnFilesArePrivateWithAnyMask)
 {
     const auto mask = ::umask(0);
     const auto open = put("kevratemp.html", "theirs");
@@ -140,7 +140,7 @@ TEST_F(FileStoreOnDisk, RenamesAndReplacesNothing)
     put("taken", "taken");
     ::symlink("nowhere", path("link").c_str());
     EXPECT_FALSE(store.rename(theirs, path("taken")));
-    EXPECT_FALSE(store.rename(theirs, path("link"))) << "a link that leads nowhere is somebody's too";
+    EXPECT_FALSE(store.rename(theirs, path("link"))) << "a dangling link is not replaced either";
     EXPECT_FALSE(store.rename(path("missing"), path("free")));
     EXPECT_EQ(store.read(path("taken")), "taken");
     EXPECT_TRUE(store.rename(theirs, path("free")));

@@ -26,7 +26,7 @@ protected:
     {
         return m_store.emplace(RecoveryStorePosix::Folders{state, {spare}}, backups);
     }
-    /// As a kill does: the lock goes, the files stay.
+    /// As after a kill: the lock is released, the files stay.
     void kill()
     {
         for (const auto &place : {state, state + "/recovery", spare})
@@ -59,7 +59,7 @@ private:
 
 using Texts = std::vector<std::string>;
 
-TEST_F(RecoveryStoreOnDisk, OffersTheTextWrittenLastFirstWhateverTheClockSays)
+TEST_F(RecoveryStoreOnDisk, OffersTheNewestTextFirstRegardlessOfTheClock)
 {
     auto &store = open();
     store.writeAutosave(text("/a.htm", "an earlier form of a"));
