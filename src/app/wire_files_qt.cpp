@@ -169,7 +169,7 @@ void FilesSide::watchDocument()
     auto &window = m_app.mainWindow();
     window.setStatusSource([this] {
         // A save takes the notice back.
-        if (m_notice.stands())
+        if (m_notice.isCurrent())
             tellDiskState();
         m_disk.documentMayHaveChanged();
         return status();
@@ -198,7 +198,7 @@ void FilesSide::watchDocument()
 DocumentStatus FilesSide::status()
 {
     const auto &file = m_app.file;
-    const bool saved = !m_offer.reviewing() && !m_notice.stands()
+    const bool saved = !m_offer.reviewing() && !m_notice.isCurrent()
         && file.mayHold(static_cast<std::size_t>(m_document.Length())) && file.holds(m_document.Text());
     const auto encoding = m_encoding.status();
     return {encoding.format, saved, m_encoding.canReopen() && !m_offer.reviewing(), textOf(encoding.notice),

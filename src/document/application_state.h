@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program knows of its run, owned by the application and handed to every command that needs it.
+// State of the running program, owned by the application and passed to the commands that need it.
 #pragma once
 
 #include "desktop/geometry.h"
@@ -23,8 +23,8 @@ struct ApplicationState {
     bool autosaveWritten = false;
     std::string programPath = "none"; ///< the external program
     std::string programMenuText = "EXE";
-    TwipRect padGeometry; ///< where the clipping pad stands, or stood when it was last in its normal state
-    PadState padState = PadState::Normal; ///< kept by the pad
+    TwipRect padGeometry; ///< the clipping pad's geometry in its normal state, current or last
+    PadState padState = PadState::Normal; ///< maintained by the pad
 };
 
 } // namespace kevra

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the commands on the document's file work with.
+// What the document's file commands depend on.
 #pragma once
 
 #include "desktop/file_dialogs.h"

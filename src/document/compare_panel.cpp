@@ -21,13 +21,13 @@ using Scintilla = QsciScintillaBase;
 
 constexpr int numberMargin = 0;
 constexpr int signMargin = 1;
-constexpr Offset mostNumberedRows = 200'000; ///< each number is a call of its own
+constexpr Offset maxNumberedRows = 200'000; ///< each number costs a separate call
 
-/// How a row of a kind is marked on a side.
+/// How rows of one kind are marked on one side.
 struct Mark {
     RowKind kind;
     bool left;
-    long back; ///< of the row, as Scintilla has colours: blue, green, red
+    long back; ///< the row's background, as Scintilla has colours: 0xBBGGRR
     char sign;
 };
 
@@ -42,7 +42,7 @@ constexpr std::array marks{
 
 void defineMarks(EditorControl &side)
 {
-    // A row is one line of the control.
+    // A compared row must stay one line of the control, however long it is.
     side.setLineLimits({.longest = std::numeric_limits<Offset>::max()});
     side.SendScintilla(Scintilla::SCI_SETMARGINTYPEN, static_cast<unsigned long>(numberMargin),
         long{Scintilla::SC_MARGIN_RTEXT});
@@ -146,7 +146,7 @@ void ComparePanel::fill(EditorControl &side, const std::string &text, Offset Com
     side.LoadText(text);
     const bool left = line == &ComparedRow::left;
     const auto &rows = m_comparison.rows;
-    const bool numbered = std::ssize(rows) <= mostNumberedRows;
+    const bool numbered = std::ssize(rows) <= maxNumberedRows;
     const auto widest = '9' + std::to_string(rows.size());
     side.SendScintilla(Scintilla::SCI_SETMARGINWIDTHN, static_cast<unsigned long>(numberMargin),
         numbered ? side.SendScintilla(

@@ -12,8 +12,8 @@ namespace kevra {
 
 class EditorControl;
 
-/// Two texts beside each other, read-only, that scroll together; what differs is marked in colour and by a
-/// sign in the margin. F7 and Shift+F7 go from difference to difference.
+/// Two texts side by side, read-only, that scroll together. Differences are marked by colour and by a sign in
+/// the margin. F7 and Shift+F7 move between differences.
 class ComparePanel : public QWidget {
     Q_OBJECT
 

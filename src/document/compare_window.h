@@ -9,7 +9,7 @@ namespace kevra {
 
 class ComparePanel;
 
-/// Two texts beside each other in a window of their own.
+/// Two texts side by side in their own window.
 class CompareWindow : public QDialog {
     Q_OBJECT
 

@@ -8,7 +8,7 @@
 namespace kevra {
 namespace {
 
-/// Without their line breaks. Text after the last break is a line also when it is empty.
+/// The lines without their line breaks. An empty text after the last break counts as a line.
 std::vector<std::string_view> linesOf(std::string_view text)
 {
     std::vector<std::string_view> lines;
@@ -67,7 +67,7 @@ Comparison compareTexts(std::string_view left, std::string_view right)
         l = hunk.beforeStart + hunk.beforeCount;
         r = hunk.afterStart + hunk.afterCount;
     }
-    // The empty line after a last break is no line to the library; it is one in the window.
+    // The diff library does not count an empty line after the last break; the window shows one.
     addSame(std::min(std::ssize(leftLines), l + std::ssize(rightLines) - r));
     addHunk(result.rows, {l, std::ssize(leftLines) - l, r, std::ssize(rightLines) - r});
     result.left = sideText(leftLines, result.rows, &ComparedRow::left);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Two texts as rows that stand beside each other, so that lines which correspond share a row.
+// Two texts aligned in rows, so that corresponding lines share a row.
 #pragma once
 
 #include "text/types.h"
@@ -23,8 +23,8 @@ struct ComparedRow {
 
 struct Comparison {
     std::vector<ComparedRow> rows;
-    std::vector<Offset> differences; ///< the first row of each stretch that differs
-    std::string left; ///< one line a row, blank where the side has none; CRLF line breaks
+    std::vector<Offset> differences; ///< the first row of each difference
+    std::string left; ///< one line per row, blank where this side has no line; CRLF line breaks
     std::string right;
 };
 

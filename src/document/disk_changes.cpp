@@ -33,16 +33,17 @@ DiskChanges::DiskChanges(FileCommandPorts ports, OpenCommands &opening, DiskChan
 {
 }
 
-DiskBar DiskChanges::wanted()
+DiskBar DiskChanges::barForState()
 {
     auto &file = m_ports.file;
     const auto state = file.diskState();
     if (state == DiskState::Changed)
-        return m_kept == file.stampOnDisk() ? DiskBar::None : DiskBar::Changed;
-    m_kept.reset();
+        return m_acceptedChange == file.stampOnDisk() ? DiskBar::None : DiskBar::Changed;
+    m_acceptedChange.reset();
     if (state == DiskState::Gone)
-        return m_goneKept && m_goneKept == file.stampWhenOurs() ? DiskBar::None : DiskBar::Gone;
-    m_goneKept.reset();
+        return m_acceptedDeletion && m_acceptedDeletion == file.stampWhenOurs() ? DiskBar::None
+                                                                                : DiskBar::Gone;
+    m_acceptedDeletion.reset();
     return file.replacedContent() ? DiskBar::Replaced : DiskBar::None;
 }
 
@@ -52,10 +53,10 @@ void DiskChanges::check()
         return;
     const bool sameFile = m_path == m_ports.file.path();
     if (!sameFile) {
-        m_kept.reset();
-        m_goneKept.reset();
+        m_acceptedChange.reset();
+        m_acceptedDeletion.reset();
     }
-    const auto bar = wanted();
+    const auto bar = barForState();
     if (bar == DiskBar::Changed && m_reloadsByItself
         && m_ports.file.wasReadOrWrittenAs(m_ports.document.Text()))
         return reload();
@@ -87,9 +88,9 @@ void DiskChanges::reload()
 
 void DiskChanges::keepMine()
 {
-    m_kept = m_ports.file.stampOnDisk();
-    // A file written since is another one, however soon it goes too.
-    m_goneKept = m_bar == DiskBar::Gone ? m_ports.file.stampWhenOurs() : std::nullopt;
+    m_acceptedChange = m_ports.file.stampOnDisk();
+    // Compared by stamp, so that a file written and deleted later is reported again.
+    m_acceptedDeletion = m_bar == DiskBar::Gone ? m_ports.file.stampWhenOurs() : std::nullopt;
     show(DiskBar::None);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the user is told, and can do, when another program changes the document's file: a bar that asks
-// nothing. The rules of saving stay as they are.
+// The bar shown when another program changes the document's file, and its commands. It does not block, and
+// saving works as usual.
 #pragma once
 
 #include "document/command_ports.h"
@@ -15,10 +15,10 @@ enum class DiskBar {
     None,
     Changed, ///< Reload, Keep Mine, Compare
     Gone, ///< Keep Mine
-    Replaced, ///< a save took the place of another program's version: Compare, Put Back, Close
+    Replaced, ///< a save replaced another program's version: Compare, Put Back, Close
 };
 
-/// Two texts to be looked at beside each other.
+/// Two texts to show side by side.
 struct TextsToCompare {
     std::string leftTitle;
     std::string left;
@@ -37,9 +37,9 @@ class DiskChanges {
 public:
     DiskChanges(FileCommandPorts ports, OpenCommands &opening, DiskChangeView &view);
 
-    /// The file may have changed, the document may be another one, or it has been saved.
+    /// Call when the file may have changed, or after the document was replaced or saved.
     void check();
-    /// An unedited document follows its file without a question.
+    /// Whether an unedited document is reloaded without asking.
     void setReloadsByItself(bool on) { m_reloadsByItself = on; }
 
     // The bar's buttons.
@@ -53,15 +53,15 @@ public:
 
 private:
     void show(DiskBar bar);
-    [[nodiscard]] DiskBar wanted();
+    [[nodiscard]] DiskBar barForState();
 
     FileCommandPorts m_ports;
     OpenCommands &m_opening;
     DiskChangeView &m_view;
     DiskBar m_bar = DiskBar::None;
-    std::string m_path; ///< the bar's file
-    std::optional<FileStamp> m_kept; ///< the state on the disk that the user has chosen to leave
-    std::optional<FileStamp> m_goneKept; ///< the document's file that the user knows to be gone
+    std::string m_path; ///< the file that the bar is about
+    std::optional<FileStamp> m_acceptedChange; ///< the disk state that the user chose to ignore
+    std::optional<FileStamp> m_acceptedDeletion; ///< the file whose deletion the user chose to ignore
     bool m_reloadsByItself = false;
 };
 

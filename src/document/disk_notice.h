@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the information box says of the document's file when another program has changed or removed it.
+// The notice in the information box that another program has changed or removed the document's file.
 #pragma once
 
 #include "document/document_file.h"
@@ -13,11 +13,11 @@ class DiskNotice {
 public:
     explicit DiskNotice(const DocumentFile &file);
 
-    /// What to put into the box, which shows `box` now: each state of the disk is told once, and a notice
-    /// that holds no longer is taken back. Nothing when the box is to stay as it is.
+    /// The new text of the box, which now shows `box`. Each disk state is announced once, and a notice that
+    /// no longer applies is cleared. Nothing when the box should not change.
     [[nodiscard]] std::optional<std::string_view> next(std::string_view box);
-    /// The last notice still held when it was looked at.
-    [[nodiscard]] bool stands() const { return m_state != DiskState::Unchanged; }
+    /// Whether the last check found the file changed or gone.
+    [[nodiscard]] bool isCurrent() const { return m_state != DiskState::Unchanged; }
 
 private:
     const DocumentFile &m_file;

@@ -47,17 +47,17 @@ Saved DocumentFile::save(std::string_view text, const std::string &path, Existin
     auto file = encoded(text, path, false);
     auto foreign = keepForeignContent(path);
     const auto saved
-        = m_files.save(path, file.bytes, existing == Existing::Replace, [&](std::string_view there) {
-              // Written since it was looked at.
-              if (isOriginal(there) || there == foreign)
+        = m_files.save(path, file.bytes, existing == Existing::Replace, [&](std::string_view content) {
+              // Skip content that is ours or already kept.
+              if (isOriginal(content) || content == foreign)
                   return;
-              m_backups.keep(path, there);
-              foreign = there;
+              m_backups.keep(path, content);
+              foreign = content;
           });
     if (saved != Saved::Ok)
         return saved;
     m_replaced = path == m_path ? std::move(foreign) : std::nullopt;
-    // Another program may have written between the rename and this look: then it is not our state.
+    // Another program may have written after our rename; then the stamp is not that of our content.
     auto stamp = m_files.stamp(path);
     if (stamp && m_files.read(path) != file.bytes)
         stamp = FileStamp{};
@@ -72,7 +72,7 @@ EncodedFile DocumentFile::encoded(std::string_view text, std::string_view path, 
 
 FileForm DocumentFile::form(std::string_view path, bool script) const
 {
-    // New work has no type yet: the tool set it is written with tells.
+    // New work has no extension yet, so the tool set decides.
     const auto kind = !path.empty() ? textKind(path) : script ? TextKind::Script : TextKind::Page;
     return {m_format, m_original, kind, m_wanted};
 }
@@ -100,9 +100,9 @@ bool DocumentFile::wasReadOrWrittenAs(std::string_view text) const
 Saved DocumentFile::putBack()
 {
     const auto theirs = std::exchange(m_replaced, std::nullopt);
-    const auto saved = m_files.save(m_path, theirs.value_or(""), false, [&](std::string_view there) {
-        if (!isOriginal(there))
-            m_backups.keep(m_path, there);
+    const auto saved = m_files.save(m_path, theirs.value_or(""), false, [&](std::string_view content) {
+        if (!isOriginal(content))
+            m_backups.keep(m_path, content);
     });
     if (saved == Saved::Ok)
         m_onDisk = false;
@@ -133,8 +133,8 @@ DiskState DocumentFile::diskState() const
         return DiskState::Unchanged;
     if (isStill(m_foreign))
         return DiskState::Changed;
-    const auto there = m_files.read(m_path);
-    if (!there || !isOriginal(*there)) {
+    const auto content = m_files.read(m_path);
+    if (!content || !isOriginal(*content)) {
         m_foreign = stamp;
         return DiskState::Changed;
     }
@@ -146,8 +146,8 @@ DiskState DocumentFile::diskState() const
 void DocumentFile::adopt(std::string bytes, std::string_view text, const TextFormat &format,
     const std::string &path, std::optional<FileStamp> stamp)
 {
-    // Bytes that are the text itself come out of it again, edited or not; a large document need not be held
-    // twice for them.
+    // When the bytes equal the text, encoding reproduces them. They are not stored, so that a large document
+    // is held once.
     const bool isText = format.lineEnds == LineEnds::CrLf && bytes == text && isAscii(bytes);
     m_original = std::make_shared<const std::string>(isText ? std::string() : std::move(bytes));
     m_format = format;
@@ -171,12 +171,12 @@ std::optional<std::string> DocumentFile::keepForeignContent(const std::string &p
 {
     if (path == m_path ? diskState() != DiskState::Changed : !m_files.stamp(path))
         return std::nullopt;
-    auto there = m_files.read(path);
-    if (!there || isOriginal(*there))
+    auto content = m_files.read(path);
+    if (!content || isOriginal(*content))
         return std::nullopt;
-    // A save goes on when nothing can be kept: the user asked for it.
-    m_backups.keep(path, *there);
-    return there;
+    // The save continues even if nothing could be kept: the user asked for it.
+    m_backups.keep(path, *content);
+    return content;
 }
 
 } // namespace kevra

@@ -10,22 +10,22 @@
 namespace kevra {
 namespace {
 
-constexpr Offset declaringPart = 4096;
+constexpr Offset declarationBytes = 4096;
 
-std::string shown(std::string_view character)
+std::string described(std::string_view character)
 {
     const auto value = firstCharacter(character).value;
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string number;
     for (auto rest = value; rest != 0 || number.size() < 4; rest /= 16)
         number.insert(number.begin(), digits[rest % 16]);
-    // Of what has no picture of its own the number has to do.
+    // Invisible characters are shown by their number only.
     const bool visible = value > 0xA0 && (value < 0x2000 || value > 0x206F) && value < 0xE000;
     return visible ? "\u201C" + std::string(character) + "\u201D (U+" + number + ")" : "U+" + number;
 }
 
-/// The declarations that say something else than a file in `encoding` is.
-std::vector<Declaration> untrue(std::string_view text, TextKind kind, Encoding encoding)
+/// The declarations that name another encoding than `encoding`.
+std::vector<Declaration> conflictingDeclarations(std::string_view text, TextKind kind, Encoding encoding)
 {
     auto all = declarations(text, kind);
     std::erase_if(
@@ -50,7 +50,7 @@ TextKind EncodingCommands::kind() const
 
 std::string_view EncodingCommands::head() const
 {
-    return m_ports.document.Text({0, std::min(declaringPart, m_ports.document.Length())});
+    return m_ports.document.Text({0, std::min(declarationBytes, m_ports.document.Length())});
 }
 
 TextFormat EncodingCommands::target() const
@@ -70,7 +70,7 @@ void EncodingCommands::documentReplaced()
 
 void EncodingCommands::watch(const TextFormat &format)
 {
-    // What was read from a file can be written there; a new text comes from anywhere.
+    // Text read from a file can be encoded as that file is; other text has to be checked.
     if (!m_watchedFormat && canReopen())
         m_watch.textRead(format);
     else if (m_watchedFormat != format)
@@ -91,9 +91,9 @@ EncodingStatus EncodingCommands::status()
     const auto misfit = m_watch.misfit();
     const auto written = afterSave(format, misfit.empty());
     EncodingStatus status{format, {}, {}};
-    const auto declared = untrue(head(), kind(), written.encoding);
+    const auto declared = conflictingDeclarations(head(), kind(), written.encoding);
     if (!misfit.empty())
-        status.notice = shown(misfit) + " is not in " + std::string(characterSet(format.encoding).name)
+        status.notice = described(misfit) + " is not in " + std::string(characterSet(format.encoding).name)
             + ": saving makes the file " + encodingName(written);
     else if (!declared.empty())
         status.notice = "The text declares " + std::string(characterSet(declared.front().named).name);
@@ -120,10 +120,10 @@ void EncodingCommands::saveAs(Encoding encoding)
 {
     auto format = target();
     format.rawBytes = format.rawBytes && format.encoding == encoding;
-    // UTF-16 and UTF-32 cannot be told from other files without one.
+    // UTF-16 and UTF-32 cannot be recognised without a mark.
     format.mark = unitSize(encoding) > 1 || (format.mark && encoding == Encoding::Utf8);
     format.encoding = encoding;
-    want(format);
+    requestFormat(format);
 }
 
 void EncodingCommands::setMark(bool on)
@@ -132,7 +132,7 @@ void EncodingCommands::setMark(bool on)
     if (format.encoding != Encoding::Utf8)
         return;
     format.mark = on;
-    want(format);
+    requestFormat(format);
 }
 
 void EncodingCommands::setLineEnds(LineEnds ends)
@@ -144,12 +144,12 @@ void EncodingCommands::setLineEnds(LineEnds ends)
     m_ports.main.refreshDocumentStatus();
 }
 
-void EncodingCommands::want(const TextFormat &format)
+void EncodingCommands::requestFormat(const TextFormat &format)
 {
     auto wanted = format;
     wanted.guessed = false;
     wanted.named = true;
-    // What stands there now is no reason to take another one; a declaration written later is.
+    // The current declaration does not override this choice; one that is written later does.
     wanted.declared = declaredCharset(head(), kind());
     m_ports.file.setFormat(wanted);
     m_ports.state.unsaved = true;
@@ -162,7 +162,7 @@ void EncodingCommands::declareEncoding()
     watch(format);
     const auto encoding = afterSave(format, m_watch.misfit().empty()).encoding;
     const auto text = head();
-    auto changed = untrue(text, kind(), encoding);
+    auto changed = conflictingDeclarations(text, kind(), encoding);
     if (changed.empty())
         return;
     std::ranges::sort(changed, {}, [](const auto &d) { return d.label.start; });

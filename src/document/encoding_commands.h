@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The character set, byte-order mark and line ends of the document: what is said of them, and changing them.
+// The character set, byte-order mark and line ends of the document: showing and changing them.
 #pragma once
 
 #include "document/command_ports.h"
@@ -12,45 +12,45 @@
 
 namespace kevra {
 
-/// What the small line under the text says of the document's file.
+/// What the status line shows about the document's encoding.
 struct EncodingStatus {
-    TextFormat format; ///< that the next save writes, as far as the text fits
-    std::string notice; ///< what the save will do that nobody might expect; mostly empty
-    std::string offer; ///< of changing what the text declares: "Declare UTF-8"; mostly empty
+    TextFormat format; ///< of the next save, if it can encode the text
+    std::string notice; ///< what the save will do that may surprise; usually empty
+    std::string offer; ///< offers to change the declaration: "Declare UTF-8"; usually empty
 };
 
 class EncodingCommands {
 public:
-    /// Replaces a part of the document as the user's own edit, in one step of undo.
+    /// Replaces part of the document as a user edit, in one undo step.
     using Replace = std::function<void(TextRange range, std::string_view text)>;
 
     EncodingCommands(FileCommandPorts ports, OpenCommands &opening, Replace replace);
 
-    /// The document has another text: it was opened, started or reviewed.
+    /// The document's text was replaced: opened, started or reviewed.
     void documentReplaced();
     void textChanged(Offset position, Offset removed, Offset added);
     [[nodiscard]] EncodingStatus status();
 
     /// Whether there is a file to read again.
     [[nodiscard]] bool canReopen() const { return m_ports.file.owns(m_ports.state.currentPath); }
-    /// Reads the document's file again in another set; asks when that would drop changes.
+    /// Reads the file again in another encoding; asks first if changes would be lost.
     void reopenAs(Encoding encoding);
 
-    // The next save writes the text so.
+    // These set the format of the next save.
     void saveAs(Encoding encoding);
     void setMark(bool on);
     void setLineEnds(LineEnds ends);
 
-    /// Has the text declare what the next save writes.
+    /// Changes the text's declarations to the encoding of the next save.
     void declareEncoding();
 
 private:
     [[nodiscard]] TextKind kind() const;
-    /// What of the text can declare something.
+    /// The beginning of the text, which can hold declarations.
     [[nodiscard]] std::string_view head() const;
     [[nodiscard]] TextFormat target() const;
     [[nodiscard]] TextFormat afterSave(const TextFormat &target, bool fits) const;
-    void want(const TextFormat &format);
+    void requestFormat(const TextFormat &format);
     void watch(const TextFormat &format);
 
     FileCommandPorts m_ports;

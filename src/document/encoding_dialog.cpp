@@ -18,7 +18,7 @@ namespace kevra {
 namespace {
 
 constexpr int encodingRole = Qt::UserRole;
-constexpr int wordsRole = Qt::UserRole + 1; ///< what the filter looks in
+constexpr int searchTextRole = Qt::UserRole + 1; ///< the text that the filter searches
 constexpr QSize usualSize{360, 420};
 
 QTreeWidgetItem *groupItem(QTreeWidget &list, ScriptGroup group)
@@ -77,8 +77,8 @@ void EncodingDialog::fill(Encoding current)
     for (const auto &set : characterSets()) {
         auto *item = new QTreeWidgetItem(groupItem(*m_list, set.group), {textOf(set.name)});
         item->setData(0, encodingRole, static_cast<int>(set.encoding));
-        item->setData(
-            0, wordsRole, textOf(set.name) + ' ' + textOf(set.labels) + ' ' + textOf(groupName(set.group)));
+        item->setData(0, searchTextRole,
+            textOf(set.name) + ' ' + textOf(set.labels) + ' ' + textOf(groupName(set.group)));
         if (set.encoding == current)
             m_list->setCurrentItem(item);
     }
@@ -93,7 +93,7 @@ void EncodingDialog::filter(const QString &text)
         for (int j = 0; j < group->childCount(); ++j) {
             auto *item = group->child(j);
             const bool fits
-                = item->data(0, wordsRole).toString().contains(text.trimmed(), Qt::CaseInsensitive);
+                = item->data(0, searchTextRole).toString().contains(text.trimmed(), Qt::CaseInsensitive);
             item->setHidden(!fits);
             any = any || fits;
             if (fits && !first)
@@ -115,7 +115,7 @@ std::optional<Encoding> EncodingDialog::chosen() const
 
 bool EncodingDialog::eventFilter(QObject *watched, QEvent *event)
 {
-    // The list is moved through while its filter is typed.
+    // Arrow keys move through the list while the filter has the focus.
     if (event->type() == QEvent::KeyPress) {
         const auto key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown)

@@ -13,7 +13,7 @@ class QTreeWidget;
 
 namespace kevra {
 
-/// The character sets in their groups, to choose one; what is typed above them leaves those with that name.
+/// Chooses a character set from a grouped list with a filter above it.
 class EncodingDialog : public QDialog {
 public:
     EncodingDialog(const QString &title, Encoding current, QWidget *parent);

@@ -24,7 +24,7 @@ constexpr std::array fileTypes{
     FileType{"WSC", TypeGroup::Plain, TextKind::Script, 9},
 };
 
-// What the open dialog refuses, and a list of files opens all the same.
+// Refused by the open dialog, but opened from the program's own lists.
 constexpr std::array searchedTypes{
     FileType{"HTA", TypeGroup::WebPage, TextKind::Page, 1},
     FileType{"ASA", TypeGroup::WebPage, TextKind::Page, 1},

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The file types the editor opens, and what goes with each.
+// The file types that the editor opens, and the properties of each.
 #pragma once
 
 #include "encoding/text_format.h"
@@ -16,21 +16,21 @@ struct FileFilter;
 enum class TypeGroup { WebPage, Script, ScriptLike, Plain };
 
 struct FileType {
-    std::string_view extension; ///< capitals
+    std::string_view extension; ///< upper case
     TypeGroup group;
     TextKind kind;
     int saveFilter; ///< position in saveFilters(), from 1
 };
 
-/// The type of an accepted extension, whatever its case.
+/// The type of an accepted extension, in any case.
 [[nodiscard]] std::optional<FileType> fileType(std::string_view path);
-/// What a file is opened as when its type does not have to be accepted; an unknown one is plain text.
+/// The type a file is opened as when any type is allowed; an unknown one is plain text.
 [[nodiscard]] FileType textType(std::string_view path);
 /// Decided by the extension: HTML, HTM, PHP, ASP, SHTML, HTA, ASA are pages; VBS, WSF, WSC scripts.
 [[nodiscard]] TextKind textKind(std::string_view path);
 [[nodiscard]] std::vector<FileFilter> openFilters();
 [[nodiscard]] std::vector<FileFilter> saveFilters();
-/// The entry of saveFilters() for a file, from 1; an unknown extension has the first.
+/// The entry of saveFilters() for a file, from 1; the first for an unknown extension.
 [[nodiscard]] int saveFilterFor(std::string_view path);
 
 } // namespace kevra

@@ -4,16 +4,16 @@
 namespace kevra {
 namespace {
 
-constexpr auto keptNowhere
-    = "The unsaved text can be kept nowhere: neither the folder for unsaved texts nor a temporary folder can "
-      "be written.\n\nDo you want to save it in another place? \"No\" gives it up.";
+constexpr auto cannotBeKept
+    = "The unsaved text cannot be kept: neither the folder for unsaved texts nor a temporary folder can "
+      "be written.\n\nDo you want to save it in another place? \"No\" discards it.";
 
 } // namespace
 
 bool mayLeaveText(TextKeeper &keeper, Messages &messages, const std::function<bool()> &saveAs)
 {
     while (!keeper.documentReplaced()) {
-        switch (messages.show({keptNowhere, Icon::Critical, Buttons::YesNoCancel})) {
+        switch (messages.show({cannotBeKept, Icon::Critical, Buttons::YesNoCancel})) {
         case Answer::Yes:
             saveAs();
             break;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The last question before a text that is in no file goes out of the document.
+// The last question before a text that is in no file leaves the document.
 #pragma once
 
 #include "desktop/messages.h"
@@ -9,9 +9,9 @@
 
 namespace kevra {
 
-/// Called when the text is about to leave the document and nobody has been asked about it. It is kept for the
-/// next start without a word; where it can be kept nowhere the user saves it elsewhere with `saveAs`, gives
-/// it up, or stays, which is false.
+/// Called before the text leaves the document without the user having been asked. The text is silently kept
+/// for the next start. If that fails, the user can save it with `saveAs`, discard it, or stay; then the
+/// result is false.
 [[nodiscard]] bool mayLeaveText(TextKeeper &keeper, Messages &messages, const std::function<bool()> &saveAs);
 
 } // namespace kevra

@@ -10,7 +10,7 @@ MisfitWatch::MisfitWatch(const EditorSurface &document)
 {
 }
 
-bool MisfitWatch::takesEverything() const
+bool MisfitWatch::encodesEverything() const
 {
     return isUnicode(m_format.encoding);
 }
@@ -19,7 +19,7 @@ void MisfitWatch::restart(const TextFormat &format)
 {
     m_format = format;
     m_character.clear();
-    m_known = takesEverything();
+    m_known = encodesEverything();
 }
 
 void MisfitWatch::textRead(const TextFormat &format)
@@ -30,27 +30,27 @@ void MisfitWatch::textRead(const TextFormat &format)
 
 void MisfitWatch::textChanged(Offset position, Offset removed, Offset added)
 {
-    if (takesEverything() || !m_known)
+    if (encodesEverything() || !m_known)
         return;
     if (!m_character.empty() && m_position >= position + removed)
         m_position += added - removed;
     else if (!m_character.empty() && m_position + std::ssize(m_character) > position)
         m_known = false;
     if (m_character.empty() && added > 0)
-        lookAt({position, position + added});
+        scan({position, position + added});
 }
 
 std::string MisfitWatch::misfit()
 {
     if (!m_known) {
         m_character.clear();
-        lookAt({0, m_document.Length()});
+        scan({0, m_document.Length()});
         m_known = true;
     }
     return m_character;
 }
 
-void MisfitWatch::lookAt(TextRange range)
+void MisfitWatch::scan(TextRange range)
 {
     const auto text = m_document.Text(range);
     const auto raw = m_format.rawBytes ? RawBytes::Escaped : RawBytes::None;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whether the document holds a character that the set it is saved in does not have. What is typed is looked
-// at when it is typed; the whole text only when the set changes or the character that was found has gone.
+// Tracks whether the document has a character that its encoding cannot represent. Edits are checked as they
+// happen; the whole text only when the encoding changes or the character found was removed.
 #pragma once
 
 #include "editor/surface.h"
@@ -14,25 +14,25 @@ class MisfitWatch {
 public:
     explicit MisfitWatch(const EditorSurface &document);
 
-    /// The set is another: everything has to be looked at.
+    /// The encoding changed: the whole text has to be checked.
     void restart(const TextFormat &format);
-    /// The text has just come out of a file of that format.
+    /// The text was just read from a file of that format.
     void textRead(const TextFormat &format);
-    /// A part of the text is new, at the cost of its own length. `position` and `removed` count in the text
-    /// before.
+    /// Part of the text changed; takes time proportional to `added`. `position` and `removed` refer to the
+    /// old text.
     void textChanged(Offset position, Offset removed, Offset added);
-    /// The first such character found; empty when there is none. Goes through the text when it has to.
+    /// A character that the encoding cannot represent; empty if there is none. Scans the text if necessary.
     [[nodiscard]] std::string misfit();
 
 private:
-    [[nodiscard]] bool takesEverything() const;
-    void lookAt(TextRange range);
+    [[nodiscard]] bool encodesEverything() const;
+    void scan(TextRange range);
 
     const EditorSurface &m_document;
     TextFormat m_format;
     std::string m_character; ///< empty: none is known
     Offset m_position = 0;
-    bool m_known = false; ///< false: the whole text has to be looked at
+    bool m_known = false; ///< false: the whole text has to be scanned
 };
 
 } // namespace kevra

@@ -12,13 +12,13 @@ namespace kevra {
 
 namespace {
 
-constexpr int smallestDescription = 200; ///< pixels; a longer text is cut off and shown as tool tip
+constexpr int minimumDescriptionWidth = 200; ///< pixels; a longer text is cut off and shown as tool tip
 
-/// Takes the room that the buttons leave, however long its text is.
+/// A label that fills the space left by the buttons, however long its text.
 class Description : public QLabel {
 public:
     using QLabel::QLabel;
-    QSize sizeHint() const override { return {smallestDescription, QLabel::sizeHint().height()}; }
+    QSize sizeHint() const override { return {minimumDescriptionWidth, QLabel::sizeHint().height()}; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 };
 
@@ -45,7 +45,7 @@ NoticeBar::NoticeBar(
         connect(button, &QPushButton::clicked, this, row.chosen);
         m_buttons[row.name] = addWidget(button);
     }
-    // A row of its own; it takes no room while it is hidden.
+    // On its own row, which takes no space while hidden.
     window.addToolBarBreak();
     window.addToolBar(this);
     hide();

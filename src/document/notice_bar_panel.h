@@ -12,8 +12,7 @@ class QMainWindow;
 
 namespace kevra {
 
-/// A bar above the document that says something about it and has buttons for what can be done. It asks
-/// nothing: the text can be worked on beside it.
+/// A bar above the document with a message and buttons. It does not block: the text can be edited meanwhile.
 class NoticeBar : public QToolBar {
     Q_OBJECT
 
@@ -29,7 +28,7 @@ public:
     NoticeBar(
         const char *name, const char *title, QMainWindow &window, std::initializer_list<Button> buttons);
 
-    /// The description is bytes, such as paths are; screen readers speak it.
+    /// `description` is file system bytes, since it may contain paths. Screen readers announce it.
     void showText(const std::string &description);
     void setButtonVisible(const char *name, bool visible);
 

@@ -18,15 +18,15 @@ constexpr bool isColoured(TypeGroup group)
     return group == TypeGroup::WebPage || group == TypeGroup::Script;
 }
 
-/// Throws when there is no room for a file on its way into the document, with its colours: as bytes, as text,
-/// in the control with a style for each byte, and as what the control moves when it grows.
+/// Throws std::bad_alloc when a file of this size may not fit into memory. It is held as bytes, as text, and
+/// in the control with a style per byte, which the control copies when it grows.
 void requireMemory(std::int64_t fileSize)
 {
     constexpr std::size_t times = 6;
     const auto size = static_cast<std::size_t>(fileSize);
     if (size > PTRDIFF_MAX / times)
         throw std::bad_alloc();
-    void *volatile probe = std::malloc(times * size); // or the compiler leaves it out
+    void *volatile probe = std::malloc(times * size); // volatile, or the compiler removes it
     if (!probe && size > 0)
         throw std::bad_alloc();
     std::free(probe);
@@ -80,7 +80,7 @@ bool OpenCommands::loadAccepted(const std::string &path)
 
 bool OpenCommands::reload(std::optional<Encoding> encoding)
 {
-    // A set the user has named stays when the file changes.
+    // An encoding that the user chose is kept when the file changes.
     const auto &format = m_ports.file.format();
     if (!encoding && format.named)
         encoding = format.encoding;
@@ -99,7 +99,7 @@ void OpenCommands::startWithTemplate(const std::string &templatePath)
         return m_ports.messages.stop("The template, " + templatePath + ", is missing or cannot be read.");
     const auto old = askAboutText();
     auto content = decodeFile(*bytes, TextKind::Page);
-    content.format.lineEnds = LineEnds::None; // those of any new document
+    content.format.lineEnds = LineEnds::None; // as in any new document
     if (!startNew(content, old))
         return;
     showTools(TypeGroup::WebPage);
@@ -181,10 +181,10 @@ TypeGroup OpenCommands::groupOfNewWork(std::string_view text) const
 
 void OpenCommands::present(OpenedFile &&file, TypeGroup group)
 {
-    // Computed while the text goes into the document.
+    // Runs in parallel with loading the text.
     auto paint = paintOf(file.decoded.text, group);
     setText(file.decoded.text);
-    m_ports.file.take(std::move(file)); // all but the text, which the paint is made from
+    m_ports.file.take(std::move(file)); // except the text, which the paint refers to
     m_ports.main.redrawAndFocus();
     showTools(group);
     colour(group, std::move(paint));

@@ -17,31 +17,31 @@ class OpenCommands {
 public:
     OpenCommands(FileCommandPorts ports, SaveCommands &saving, DocumentColouring &colouring);
 
-    /// The argument text is one path, taken whole.
+    /// The whole argument is one path.
     void openFromCommandLine(const std::string &commandLine);
     void openWithDialog();
-    /// As the dialog does with the path chosen.
+    /// As openWithDialog() does with the chosen path.
     void openDropped(const std::string &path);
-    /// The same for a file of any type, which a list of this program has shown.
+    /// The same for a file of any type from one of the program's own lists.
     void openListed(const std::string &path);
-    /// Loads a file, whatever its type; false, with the document untouched, when it cannot be read.
+    /// Loads a file of any type. False, with the document unchanged, when it cannot be read.
     bool loadAccepted(const std::string &path);
 
-    /// The document's file anew, in another character set where one is named; what the window has instead is
-    /// given up. False when it cannot be read.
+    /// Reads the document's file again, as `encoding` if given, and discards the window's text. False when it
+    /// cannot be read.
     bool reload(std::optional<Encoding> encoding = std::nullopt);
 
-    /// A recovered text with the tools, colours and title of the file it would have gone to. It is nobody's
-    /// file: Save asks for a name.
+    /// Shows a recovered text with the tools, colours and title of its original file. It has no file: Save
+    /// asks for a name.
     void showRecovered(const RecoveryRecord &record);
 
-    /// Asks as opening does, then an empty document without a path.
+    /// Asks about unsaved text as opening does, then starts an empty document without a path.
     void newFile();
-    /// The same with the content of the template, which stays as it is.
+    /// The same with the template's content; the template file is not changed.
     void startWithTemplate(const std::string &templatePath);
 
 private:
-    /// What becomes of the text that is there, asked for where it is unsaved.
+    /// What to do with the current text; the user is asked if it is unsaved.
     enum class OldText { Keep, GiveUp };
     [[nodiscard]] OldText askAboutText();
     enum class Types { Accepted, Any };
@@ -49,14 +49,14 @@ private:
     enum class Load { Done, Unreadable, OldTextStays };
     Load load(const std::string &path, OldText old, std::optional<Encoding> encoding = std::nullopt);
     Load loadWithinMemory(const std::string &path, OldText old, std::optional<Encoding> encoding);
-    /// The text as one of its type: in the document, with tools and colours.
+    /// Shows the text with the tools and colours of its type.
     void present(OpenedFile &&file, TypeGroup group);
-    /// False, with nothing done, when the text that is there has to stay.
+    /// False, with nothing done, when the current text has to stay.
     [[nodiscard]] bool releaseText(OldText old);
     void setText(std::string_view text);
     void refuse(std::string_view path);
     [[nodiscard]] bool startNew(const DecodedFile &content, OldText old);
-    /// What a text without a name is, by its looks and the tools it is shown with.
+    /// The type of a text without a name, from its content and the current tools.
     [[nodiscard]] TypeGroup groupOfNewWork(std::string_view text) const;
     void showTools(TypeGroup group);
     /// Nothing for a text that is not coloured.

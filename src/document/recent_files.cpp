@@ -20,7 +20,7 @@ std::string keyOf(std::size_t index)
 std::vector<std::string> RecentFiles::paths() const
 {
     std::vector<std::string> found;
-    for (std::size_t i = 0; i < most; ++i) {
+    for (std::size_t i = 0; i < maxCount; ++i) {
         auto path = m_store.getSetting(settingsApplication, section, keyOf(i), "");
         if (!path.empty())
             found.push_back(std::move(path));
@@ -35,7 +35,7 @@ void RecentFiles::add(const std::string &path)
         return;
     std::erase(all, path);
     all.insert(all.begin(), path);
-    all.resize(std::min(all.size(), most));
+    all.resize(std::min(all.size(), maxCount));
     for (std::size_t i = 0; i < all.size(); ++i)
         m_store.saveSetting(settingsApplication, section, keyOf(i), all[i]);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files worked on last, in the settings store, the latest first.
+// The most recently used files, latest first, kept in the settings store.
 #pragma once
 
 #include "storage/settings_store.h"
@@ -11,16 +11,16 @@ namespace kevra {
 
 class RecentFiles {
 public:
-    static constexpr std::size_t most = 10;
+    static constexpr std::size_t maxCount = 10;
 
     explicit RecentFiles(SettingsStore &store)
         : m_store(store)
     {
     }
 
-    /// As stored; some may be gone from the disk.
+    /// As stored; some may no longer exist.
     [[nodiscard]] std::vector<std::string> paths() const;
-    /// Puts a full path first.
+    /// Moves an absolute path to the front.
     void add(const std::string &path);
     void forgetAll();
 

@@ -31,7 +31,7 @@ std::string summary(const RecoveryRecord &text)
         + std::to_string(text.bytes.size()) + " bytes";
 }
 
-/// Cut between characters.
+/// Cut at a character boundary.
 std::string_view shortened(std::string_view line, std::size_t width)
 {
     auto end = std::min(line.size(), width);

@@ -7,7 +7,7 @@
 
 namespace kevra {
 
-/// What a question about a recovered text leaves out: which file, when, how much, and how it begins.
+/// Details for the question about a recovered text: its file, time, size and first lines.
 [[nodiscard]] std::string recoveryDetails(const RecoveryRecord &text);
 
 } // namespace kevra

@@ -27,7 +27,7 @@ void RecoveryJournal::textChanged()
 
 void RecoveryJournal::writeDown()
 {
-    // A text that was emptied leaves its record as it is: the last thing the user had.
+    // Emptying the text keeps its record: that is the last text the user had.
     if (!m_changed || m_paused || m_document.Length() == 0)
         return;
     m_changed = false;
@@ -37,13 +37,13 @@ void RecoveryJournal::writeDown()
         m_store.writeRecord(snapshot());
         m_recorded = true;
     } catch (const std::bad_alloc &) {
-        m_changed = true; // for the next time, when there may be memory
+        m_changed = true; // try again the next time
     }
 }
 
 void RecoveryJournal::writeDownAtCrash()
 {
-    // Also when a record is under way: the thread that writes it may not get there any more.
+    // Also when a record is being written: that thread may never finish.
     if ((m_changed || m_recorded) && !m_paused && m_document.Length() > 0)
         m_store.writeCrashRecord(snapshot());
 }
@@ -73,7 +73,7 @@ void RecoveryJournal::fileLost()
 
 void RecoveryJournal::textGivenUp()
 {
-    // For a time it can still be had back.
+    // It can be restored for a time from File, Versions.
     if (!m_paused && !m_givenUp && m_document.Length() > 0 && !m_file.holds(m_document.Text()))
         m_backups.keep(m_file.path().empty() ? "untitled.txt" : m_file.path(), fileBytes(snapshot()),
             KeptReason::GivenUp);
@@ -87,7 +87,7 @@ bool RecoveryJournal::documentReplaced()
     if (m_paused || m_givenUp)
         return true;
     writeDown();
-    // Who has emptied the text does not have to save it before leaving.
+    // An empty text does not have to be saved first.
     if (m_recorded && !m_store.setRecordAside() && m_document.Length() > 0)
         return false;
     m_changed = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps a record of unsaved text on the disk while the user types, autosave or not, and the autosave file.
+// Keeps a recovery record of unsaved text on the disk while the user types, and writes the autosave file.
 #pragma once
 
 #include "document/application_state.h"
@@ -16,13 +16,13 @@ public:
         DocumentFile &file, RecordStore &store, BackupStore &backups);
 
     void textChanged();
-    /// At most a few seconds after textChanged(), and before much of the text is deleted.
+    /// Call at most a few seconds after textChanged(), and before much of the text is deleted.
     void writeDown();
-    /// The last thing a broken program does.
+    /// Called from the crash handler.
     void writeDownAtCrash();
-    /// The autosave interval is over.
+    /// Call when the autosave interval has elapsed.
     void autosave();
-    /// The text in the document is only shown: it is kept elsewhere, and nothing is written down.
+    /// While paused nothing is recorded: the document shows a text that is kept elsewhere.
     void setPaused(bool paused) { m_paused = paused; }
 
     void textSaved() override;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Several texts from earlier sessions as one list: what is shown of each, and what can be done with it.
+// A list of recovered texts from earlier sessions, and what the user can do with each.
 #pragma once
 
 #include "storage/recovery_record.h"
@@ -22,13 +22,13 @@ enum class RecoveryChoice { Save, Look, Discard, Later };
 
 struct RecoveryAnswer {
     RecoveryChoice choice = RecoveryChoice::Later;
-    std::size_t row = 0; ///< the text that is meant; Later means all of them
+    std::size_t row = 0; ///< the chosen text; Later applies to all of them
 };
 
 class RecoveryList {
 public:
     virtual ~RecoveryList() = default;
-    /// Shows the texts, at least one, and waits. The list stays on the screen until it is ended.
+    /// Shows the texts, at least one, and waits for an answer. The list stays visible until endList().
     [[nodiscard]] virtual RecoveryAnswer choose(std::span<const RecoveryRow> rows) = 0;
     virtual void endList() = 0;
 };

@@ -120,7 +120,7 @@ QDialogButtonBox *RecoveryListDialog::buttons()
 RecoveryAnswer RecoveryListDialog::choose(std::span<const RecoveryRow> rows)
 {
     fill(rows);
-    // A program that ends meanwhile leaves the texts where they are.
+    // If the program quits meanwhile, the texts stay for the next start.
     m_choice = RecoveryChoice::Later;
     show();
     m_list->setFocus();

@@ -22,12 +22,12 @@ std::string description(const RecoveryRecord &record)
 } // namespace
 
 RecoveryOffer::RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenCommands &opening,
-    RecoveryJournal &journal, RecoverableTexts &left, ReviewView &view, RecoveryList &list)
+    RecoveryJournal &journal, RecoverableTexts &recoverable, ReviewView &view, RecoveryList &list)
     : m_ports(ports)
     , m_saving(saving)
     , m_opening(opening)
     , m_journal(journal)
-    , m_left(left)
+    , m_recoverable(recoverable)
     , m_view(view)
     , m_list(list)
 {
@@ -36,22 +36,22 @@ RecoveryOffer::RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenC
 void RecoveryOffer::offer()
 {
     m_texts.clear();
-    for (auto &text : m_left.list()) {
-        const auto record = m_left.open(text);
+    for (auto &text : m_recoverable.list()) {
+        const auto record = m_recoverable.open(text);
         if (!record)
             continue;
         if (!record->path.empty() && m_ports.files.read(record->path) == record->bytes)
-            m_left.removeSaved(text); // saved after all
+            m_recoverable.removeSaved(text); // saved after all
         else
             m_texts.push_back({std::move(text), recoveryRow(*record)});
     }
-    m_listed = m_texts.size() > 1;
+    m_asList = m_texts.size() > 1;
     offerNext();
 }
 
 void RecoveryOffer::offerNext()
 {
-    if (!m_listed)
+    if (!m_asList)
         return askAboutOne();
     while (!m_texts.empty() && !reviewing())
         if (!chooseFromList())
@@ -65,33 +65,33 @@ void RecoveryOffer::askAboutOne()
         return;
     const auto text = std::move(m_texts.front().text);
     m_texts.clear();
-    if (const auto record = m_left.open(text))
+    if (const auto record = m_recoverable.open(text))
         offerText(text, *record);
 }
 
 bool RecoveryOffer::chooseFromList()
 {
     std::vector<RecoveryRow> rows;
-    std::ranges::transform(m_texts, std::back_inserter(rows), &Waiting::row);
+    std::ranges::transform(m_texts, std::back_inserter(rows), &OfferedText::row);
     const auto answer = m_list.choose(rows);
     if (answer.choice == RecoveryChoice::Later || answer.row >= m_texts.size())
         return false;
     const auto at = m_texts.begin() + static_cast<std::ptrdiff_t>(answer.row);
-    if (carryOut(answer.choice, at->text))
+    if (apply(answer.choice, at->text))
         m_texts.erase(at);
     return true;
 }
 
-bool RecoveryOffer::carryOut(RecoveryChoice choice, const std::string &text)
+bool RecoveryOffer::apply(RecoveryChoice choice, const std::string &text)
 {
-    const auto record = m_left.open(text);
+    const auto record = m_recoverable.open(text);
     if (!record)
         return true;
     if (choice == RecoveryChoice::Look)
         return review(text, *record);
     if (choice == RecoveryChoice::Save)
-        return saveUnseen(text, *record);
-    m_left.discard(text);
+        return saveWithoutReview(text, *record);
+    m_recoverable.discard(text);
     return true;
 }
 
@@ -105,22 +105,22 @@ void RecoveryOffer::offerText(const std::string &text, const RecoveryRecord &rec
     const auto wanted
         = ask("There's a file stored from Autosave. Do you want to save it?", recoveryDetails(record));
     if (wanted == Answer::No)
-        m_left.discard(text);
+        m_recoverable.discard(text);
     if (wanted != Answer::Yes)
         return;
     const auto seen = ask("Do you want to see the file before saving?");
     if (seen == Answer::Yes)
         std::ignore = review(text, record);
     else if (seen == Answer::No)
-        std::ignore = saveUnseen(text, record);
+        std::ignore = saveWithoutReview(text, record);
 }
 
-bool RecoveryOffer::saveUnseen(const std::string &text, const RecoveryRecord &record)
+bool RecoveryOffer::saveWithoutReview(const std::string &text, const RecoveryRecord &record)
 {
     if (!m_saving.saveBytesAs(saveTitle, record.path, record.bytes))
         return false;
-    m_left.removeSaved(text);
-    // It may have gone to the very file that is open.
+    m_recoverable.removeSaved(text);
+    // The text may have been saved over the open file.
     if (m_ports.file.diskState() == DiskState::Changed)
         m_opening.loadAccepted(m_ports.state.currentPath);
     return true;
@@ -148,7 +148,7 @@ void RecoveryOffer::saveReviewed()
 {
     if (!reviewing() || !m_saving.saveAs(saveTitle, m_proposed))
         return;
-    m_left.removeSaved(*m_reviewed);
+    m_recoverable.removeSaved(*m_reviewed);
     endReview();
     if (!m_pathBefore.empty())
         restoreDocument();
@@ -159,7 +159,7 @@ void RecoveryOffer::discardReviewed()
 {
     if (!reviewing())
         return;
-    m_left.discard(*m_reviewed);
+    m_recoverable.discard(*m_reviewed);
     endReview();
     restoreDocument();
     offerNext();

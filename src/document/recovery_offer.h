@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts that an earlier run left behind: one is asked about, several are a list; looked at on demand, and
-// gone only when they are saved or the user says so.
+// Offers the texts left by an earlier run: one as a question, several as a list. A text can be reviewed, and
+// is removed only when it is saved or discarded.
 #pragma once
 
 #include "document/command_ports.h"
@@ -15,11 +15,11 @@
 
 namespace kevra {
 
-/// The main window while a text is looked at that is not the document yet.
+/// The main window while a recovered text is reviewed.
 class ReviewView {
 public:
     virtual ~ReviewView() = default;
-    /// Read-only, with a bar that says what is shown and has commands to save, discard or leave it.
+    /// Makes the text read-only and shows a bar with commands to save, discard or leave it.
     virtual void showReview(const std::string &description) = 0;
     virtual void endReview() = 0;
 };
@@ -27,32 +27,32 @@ public:
 class RecoveryOffer {
 public:
     RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenCommands &opening,
-        RecoveryJournal &journal, RecoverableTexts &left, ReviewView &view, RecoveryList &list);
+        RecoveryJournal &journal, RecoverableTexts &recoverable, ReviewView &view, RecoveryList &list);
 
     void offer();
 
     [[nodiscard]] bool reviewing() const { return m_reviewed.has_value(); }
     void saveReviewed();
     void discardReviewed();
-    /// Stays for the next start.
+    /// Keeps the text for the next start.
     void leaveReviewed();
-    /// Another document is about to be shown.
+    /// Call before another document is shown.
     void abandonReview();
 
 private:
-    struct Waiting {
-        std::string text; ///< as the store names it
+    struct OfferedText {
+        std::string text; ///< its name in the store
         RecoveryRow row;
     };
 
     void offerNext();
     void askAboutOne();
-    /// False when what is left waits for the next start.
+    /// False when the remaining texts are left for the next start.
     [[nodiscard]] bool chooseFromList();
-    /// Whether the text has been dealt with.
-    [[nodiscard]] bool carryOut(RecoveryChoice choice, const std::string &text);
+    /// Whether a decision about the text was carried out.
+    [[nodiscard]] bool apply(RecoveryChoice choice, const std::string &text);
     void offerText(const std::string &text, const RecoveryRecord &record);
-    [[nodiscard]] bool saveUnseen(const std::string &text, const RecoveryRecord &record);
+    [[nodiscard]] bool saveWithoutReview(const std::string &text, const RecoveryRecord &record);
     [[nodiscard]] bool review(const std::string &text, const RecoveryRecord &record);
     void endReview();
     void restoreDocument();
@@ -61,14 +61,14 @@ private:
     SaveCommands &m_saving;
     OpenCommands &m_opening;
     RecoveryJournal &m_journal;
-    RecoverableTexts &m_left;
+    RecoverableTexts &m_recoverable;
     ReviewView &m_view;
     RecoveryList &m_list;
-    std::vector<Waiting> m_texts; ///< not dealt with, newest first
-    bool m_listed = false; ///< the texts of this start are a list, also when the last one is left
+    std::vector<OfferedText> m_texts; ///< not decided yet, newest first
+    bool m_asList = false; ///< show a list, even when only one text remains
     std::optional<std::string> m_reviewed;
-    std::string m_proposed; ///< where the reviewed text would have gone
-    std::string m_pathBefore; ///< the document that the reviewed text has taken the place of
+    std::string m_proposed; ///< the reviewed text's original path
+    std::string m_pathBefore; ///< the document's path before the review
 };
 
 } // namespace kevra

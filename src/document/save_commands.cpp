@@ -29,7 +29,7 @@ void SaveCommands::save()
 {
     if (nothingToSave())
         return;
-    // Opening may leave a path here that was refused; whatever is there is not this document's to replace.
+    // Opening may leave a refused path here, whose file this document must not replace.
     if (m_ports.file.owns(m_ports.state.currentPath))
         std::ignore = write(m_ports.state.currentPath, Existing::KeepReadOnly);
     else
@@ -64,8 +64,8 @@ bool SaveCommands::saveBytesAs(const std::string &title, const std::string &prop
     const auto path = chooseTarget(title, proposed);
     if (!path)
         return false;
-    if (const auto there = m_ports.files.read(*path); there && there != bytes)
-        m_ports.backups.keep(*path, *there);
+    if (const auto existing = m_ports.files.read(*path); existing && existing != bytes)
+        m_ports.backups.keep(*path, *existing);
     return succeeded(m_ports.files.replace(*path, bytes), *path);
 }
 
@@ -86,17 +86,15 @@ std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, 
     return choice->path;
 }
 
-void SaveCommands::tellTorn(const std::string &path)
+void SaveCommands::reportTornWrite(const std::string &path)
 {
     const auto copy = m_ports.files.safetyCopy();
     if (m_ports.messages.yes(path
-            + " could not be written to its end, nor put back for certain. What it held and your text are "
-              "both "
+            + " could be written only in part and may be damaged. Its old content and your text are both "
               "safe in "
             + copy
-            + ", from which the next start completes a file that was written in part.\n\nDo you want to save "
-              "the "
-              "text under another name now?"))
+            + "; the next start completes the file from there.\n\n"
+              "Do you want to save the text under another name now?"))
         saveAs();
 }
 
@@ -105,7 +103,7 @@ bool SaveCommands::write(const std::string &path, Existing existing)
     const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
     const auto saved = m_ports.file.save(m_ports.document.Text(), path, existing);
     if (saved == Saved::Torn)
-        tellTorn(path);
+        reportTornWrite(path);
     if (!succeeded(saved, path))
         return false;
     m_ports.state.unsaved = false;
@@ -134,7 +132,7 @@ void SaveCommands::removeStaleFiles()
 void SaveCommands::removeForeignPage(const std::string &path)
 {
     const auto stamp = m_ports.files.stamp(path);
-    // A document may have this very name, in whatever way its folder is spelt.
+    // The document itself may have this name, even if its path is spelt differently.
     const auto saved = m_ports.files.stamp(m_ports.state.currentPath);
     if (!stamp || m_ports.file.owns(path) || (saved && saved->identity == stamp->identity))
         return;

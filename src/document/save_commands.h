@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Save and Save As: which question, which file, and what a saved text makes stale.
+// Save and Save As: the questions, the target file, and removing files that the save makes stale.
 #pragma once
 
 #include "document/command_ports.h"
@@ -20,11 +20,11 @@ public:
     void saveAsMenu();
     /// Save As under another dialog title; name and type proposed are those of `path`.
     bool saveAs(const std::string &title, const std::string &path);
-    /// Bytes that are not the document, which stays as it is. `path` is where they would have gone; true when
-    /// they were written somewhere.
+    /// Saves bytes other than the document, which stays unchanged. Proposes `path`; true when they were
+    /// written.
     bool saveBytesAs(const std::string &title, const std::string &path, std::string_view bytes);
 
-    /// How the preview page and the autosave file of this run are removed; set by whoever writes them.
+    /// Set how the preview page and the autosave file of this run are removed.
     void onPageStale(std::function<void()> remove) { m_removePage = std::move(remove); }
     void onAutosaveStale(std::function<void()> remove) { m_removeAutosave = std::move(remove); }
 
@@ -32,9 +32,9 @@ private:
     [[nodiscard]] bool nothingToSave();
     [[nodiscard]] std::optional<std::string> chooseTarget(const std::string &title, const std::string &path);
     [[nodiscard]] bool write(const std::string &path, Existing existing);
-    /// Tells of a failure.
+    /// Shows a failure in the status line.
     [[nodiscard]] bool succeeded(Saved saved, const std::string &path);
-    void tellTorn(const std::string &path);
+    void reportTornWrite(const std::string &path);
     void removeStaleFiles();
     void removeForeignPage(const std::string &path);
 

@@ -7,7 +7,7 @@
 namespace kevra {
 namespace {
 
-std::string_view wordsFor(KeptReason reason)
+std::string_view reasonText(KeptReason reason)
 {
     switch (reason) {
     case KeptReason::Replaced:
@@ -33,12 +33,12 @@ VersionsCommands::VersionsCommands(
 {
 }
 
-std::vector<VersionRow> VersionsCommands::rows(Of of) const
+std::vector<VersionRow> VersionsCommands::rows(Scope scope) const
 {
     std::vector<VersionRow> rows;
     for (auto &version : m_store.versions())
-        if (of == Of::Everything || version.path == m_ports.file.path())
-            rows.push_back({std::move(version.name), version.time, version.size, wordsFor(version.reason),
+        if (scope == Scope::Everything || version.path == m_ports.file.path())
+            rows.push_back({std::move(version.name), version.time, version.size, reasonText(version.reason),
                 std::move(version.path)});
     return rows;
 }

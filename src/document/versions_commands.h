@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The versions that are kept of the document, and of texts that were given up: looked at, brought back,
-// opened beside the document, deleted.
+// The kept versions of the document and of discarded texts: compare, restore, open and delete them.
 #pragma once
 
 #include "colour/document_colouring.h"
@@ -24,20 +23,20 @@ struct VersionRow {
 
 class VersionsCommands {
 public:
-    /// `openElsewhere` starts the editor anew with a copy of a text; false when it did not start.
+    /// `openElsewhere` starts another editor with a copy of a text; false when it did not start.
     using OpenElsewhere = std::function<bool(const std::string &fileName, std::string_view bytes)>;
 
     VersionsCommands(FileCommandPorts ports, VersionStore &store, DocumentColouring &colouring,
         OpenElsewhere openElsewhere);
 
-    enum class Of { Document, Everything };
-    [[nodiscard]] std::vector<VersionRow> rows(Of of) const;
-    /// The version beside the document's text; nothing when it is gone.
+    enum class Scope { Document, Everything };
+    [[nodiscard]] std::vector<VersionRow> rows(Scope scope) const;
+    /// The version and the document's text; nothing when the version is gone.
     [[nodiscard]] std::optional<TextsToCompare> comparison(const VersionRow &row) const;
-    /// Puts the version's text in the document's place, as one step of undo. False when it is gone.
+    /// Replaces the document's text by the version's, as one undo step. False when the version is gone.
     bool restore(const VersionRow &row);
     void openInNewWindow(const VersionRow &row);
-    /// Asks first. False when the version is still there.
+    /// Asks first. False when the version was not deleted.
     bool remove(const VersionRow &row);
 
 private:

@@ -38,7 +38,7 @@ VersionsWindow::VersionsWindow(VersionsCommands &commands, QWidget *parent)
     parts->addWidget(m_panel);
     parts->setStretchFactor(1, 1);
     parts->setChildrenCollapsible(false);
-    parts->setSizes({1, 2}); // of whatever height there is
+    parts->setSizes({1, 2}); // proportions
     column->addWidget(parts, 1);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setObjectName("bversionsclose");
@@ -92,8 +92,8 @@ void VersionsWindow::showVersions()
 
 void VersionsWindow::fill()
 {
-    using Of = VersionsCommands::Of;
-    m_rows = m_commands.rows(m_everything->isChecked() ? Of::Everything : Of::Document);
+    using Scope = VersionsCommands::Scope;
+    m_rows = m_commands.rows(m_everything->isChecked() ? Scope::Everything : Scope::Document);
     m_list->clear();
     for (const auto &row : m_rows) {
         const auto time = QDateTime::fromSecsSinceEpoch(row.time);

@@ -14,7 +14,7 @@ namespace kevra {
 
 class ComparePanel;
 
-/// The kept versions as a list, and the chosen one beside the document's text.
+/// Lists the kept versions and compares the selected one with the document.
 class VersionsWindow : public QDialog {
     Q_OBJECT
 
@@ -29,7 +29,7 @@ private:
         const char *name, const char *caption, const char *toolTip, void (VersionsWindow::*command)());
     void fill();
     void showChosen();
-    [[nodiscard]] const VersionRow *chosen() const; ///< null when none is
+    [[nodiscard]] const VersionRow *chosen() const; ///< null if none
     void restore();
     void openElsewhere();
     void remove();

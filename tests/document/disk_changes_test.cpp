@@ -53,7 +53,7 @@ TEST(DiskChanges, EveryBranchOfTheBar)
         std::string kept;
     } cases[] = {
         {"nothing", "mine", none, none, DiskBar::None, "mine", "old", ""},
-        {"the same bytes anew", "mine", [](WatchedPage &p) { p.theyWrite("old"); }, none, DiskBar::None,
+        {"the same bytes again", "mine", [](WatchedPage &p) { p.theyWrite("old"); }, none, DiskBar::None,
             "mine", "old", ""},
         {"changed", "mine", theirs, none, DiskBar::Changed, "mine", "theirs", ""},
         {"reloaded", "mine", theirs, [](WatchedPage &p) { p.changes.reload(); }, DiskBar::None, "theirs",
@@ -116,7 +116,7 @@ TEST(DiskChanges, EveryBranchOfTheBar)
     }
 }
 
-/// Files that another program writes between a save's look at them and its write.
+/// Files that another program writes between a save's check and its write.
 class RacingFiles : public FakeFileStore {
 public:
     Saved save(const std::string &path, std::string_view bytes, bool, const Replaced &replaced) override

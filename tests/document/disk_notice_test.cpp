@@ -6,7 +6,7 @@
 namespace kevra {
 namespace {
 
-TEST(DiskNotice, TellsEachChangeOnceAndTakesItBack)
+TEST(DiskNotice, AnnouncesEachChangeOnceAndClearsIt)
 {
     constexpr auto changed = "The file on disk has been changed by another program.";
     constexpr auto gone = "The file is no longer on disk.";
@@ -18,7 +18,7 @@ TEST(DiskNotice, TellsEachChangeOnceAndTakesItBack)
         const char *name;
         std::function<void()> happens;
         const char *box;
-        std::optional<std::string_view> told;
+        std::optional<std::string_view> notice;
     } const cases[] = {
         {"new", [] {}, "", {}},
         {"saved", ours, "", {}},
@@ -32,8 +32,8 @@ TEST(DiskNotice, TellsEachChangeOnceAndTakesItBack)
     };
     for (const auto &c : cases) {
         c.happens();
-        EXPECT_EQ(notice.next(c.box), c.told) << c.name;
-        EXPECT_EQ(notice.stands(), fixture.file.diskState() != DiskState::Unchanged) << c.name;
+        EXPECT_EQ(notice.next(c.box), c.notice) << c.name;
+        EXPECT_EQ(notice.isCurrent(), fixture.file.diskState() != DiskState::Unchanged) << c.name;
     }
 }
 

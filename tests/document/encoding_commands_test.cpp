@@ -62,7 +62,7 @@ TEST_F(EncodingCommandsTest, SayWhatASaveWillDo)
         {"a script", "/a.vbs", "", "→",
             "\u201C→\u201D (U+2192) is not in Windows-1252: saving makes the file UTF-16", "",
             "\xFF\xFE\x92\x21"},
-        {"a look-alike of a blank", "/a.htm", "<meta charset=koi8-r>", "\u2003",
+        {"an invisible character", "/a.htm", "<meta charset=koi8-r>", "\u2003",
             "U+2003 is not in KOI8-R: saving makes the file UTF-8 with mark", "Declare UTF-8",
             "\xEF\xBB\xBF\u2003<meta charset=koi8-r>"},
         {"a declaration that is not true", "/a.htm", "<meta charset=koi8-r>\xEF\xBB\xBF\xC3\xA9\x98", "", "",

@@ -49,7 +49,7 @@ protected:
     std::string content(const char *name) { return app().files.read(path(name)).value_or("(missing)"); }
 };
 
-TEST_F(EncodingInProgram, ACharacterThatDoesNotFitIsSaidAndTheDeclarationFollows)
+TEST_F(EncodingInProgram, ReportsAnUnencodableCharacterAndChangesTheDeclaration)
 {
     put("p.htm", "<meta charset=koi8-r>\xF0\n");
     start("p.htm");

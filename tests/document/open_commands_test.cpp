@@ -35,7 +35,7 @@ TEST(OpenFile, SuitsToolsDebuggerAndColoursToTheType)
         int scriptShown;
         bool applies;
         Colour tag; ///< of the "<B>" the text starts with
-        Colour word; ///< of the "If" behind it
+        Colour word; ///< of the "If" after it
         bool debugBefore; ///< by line
         bool debugAfter;
     } const cases[] = {
@@ -112,7 +112,7 @@ TEST(OpenWithDialog, AsksAboutUnsavedTextFirst)
         std::vector<std::string> choices;
         std::size_t questions;
         std::string loaded;
-        std::vector<std::string> kept; ///< what becomes of the old text
+        std::vector<std::string> kept; ///< what happens to the old text
     } const cases[] = {
         {"empty text", "", true, {}, {"/a/notes.txt"}, 0, "/a/notes.txt", {"leaves"}},
         {"saved text", "old", false, {}, {"/a/notes.txt"}, 0, "/a/notes.txt", {"leaves"}},

@@ -20,7 +20,7 @@ TEST(RecentFiles, TheLatestComesFirstAndOnceAndOldOnesFallOut)
     EXPECT_EQ(RecentFiles(store).paths(), recent.paths()) << "the next start";
     for (int i = 0; i < 15; ++i)
         recent.add("/" + std::to_string(i));
-    ASSERT_EQ(recent.paths().size(), RecentFiles::most);
+    ASSERT_EQ(recent.paths().size(), RecentFiles::maxCount);
     EXPECT_EQ(recent.paths().front() + recent.paths().back(), "/14/5");
     recent.forgetAll();
     EXPECT_EQ(recent.paths(), Paths{});

@@ -120,8 +120,8 @@ TEST(SaveAs, AsksBeforeReplacingAndTakesTheNewName)
         EXPECT_EQ(fixture.main.titlePath, c.saved ? c.chosen : "(untouched)");
         EXPECT_EQ(fixture.state.unsaved, !c.saved);
         EXPECT_FALSE(fixture.state.busyLoadingOrSaving);
-        EXPECT_EQ(fixture.main.told.starts_with("Not saved: " + c.chosen), c.outcome != Saved::Ok)
-            << fixture.main.told;
+        EXPECT_EQ(fixture.main.status.starts_with("Not saved: " + c.chosen), c.outcome != Saved::Ok)
+            << fixture.main.status;
         if (c.saved)
             EXPECT_EQ(fixture.files.files[c.chosen], "<P>new");
         else

@@ -45,7 +45,7 @@ public:
     }
 
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
-    mutable std::vector<std::string> read; ///< the keys asked for, in their order
+    mutable std::vector<std::string> read; ///< the keys read, in order
 };
 
 } // namespace kevra

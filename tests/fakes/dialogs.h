@@ -7,7 +7,7 @@
 
 namespace kevra {
 
-/// Each dialog takes the next choice laid in; none left means cancelled.
+/// Each dialog returns the next of `choices`; with none left it is cancelled.
 class FakeFileDialogs : public FileDialogs {
 public:
     std::optional<std::string> openFile(const OpenRequest &request) override

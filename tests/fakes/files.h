@@ -9,7 +9,7 @@
 
 namespace kevra {
 
-/// Files in memory. A path in `refused` answers every write with that outcome and leaves the file as it was.
+/// Files in memory. Every write to a path in `refused` has that outcome and leaves the file unchanged.
 class FakeFileStore : public FileStore {
 public:
     bool fileExists(const std::string &path) const override { return files.contains(path); }
@@ -72,7 +72,7 @@ public:
     std::set<std::string> unreadable;
     std::set<std::string> hidden;
     std::map<std::string, Saved> refused;
-    std::set<std::string> failsLate; ///< written all the same
+    std::set<std::string> failsLate; ///< written, but reported as failed
     std::set<std::string> kept; ///< cannot be removed
     std::set<std::string> readOnly; ///< refused by write(), not by replace()
     std::map<std::string, int> writes;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts with their selection drawn into them: "a[b]c", or "ab|c" for the caret.
+// Texts with the selection marked in them: "a[b]c", or "ab|c" for the caret.
 #pragma once
 
 #include "editor/surface.h"

@@ -21,8 +21,7 @@ inline void PrintTo(const Message &message, std::ostream *out)
          << ", buttons " << static_cast<int>(message.buttons);
 }
 
-/// Keeps what was shown and gives the answers laid in; without one it gives the last button's harmless
-/// answer.
+/// Records the messages and returns the next of `answers`; with none left, the harmless answer.
 class FakeMessages : public Messages {
 public:
     Answer show(const Message &message) override

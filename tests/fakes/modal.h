@@ -10,7 +10,7 @@
 
 namespace kevra {
 
-/// Acts on the next modal dialog of its kind as soon as it is open; the dialog must be closed by the act.
+/// Runs `act` on the next modal dialog of this type as soon as it is open; `act` must close it.
 template <typename Dialog> class WhenModal {
 public:
     explicit WhenModal(std::function<void(Dialog &)> act)
@@ -23,7 +23,7 @@ public:
         });
         m_clock.start(1);
     }
-    /// Whether there was one.
+    /// Whether such a dialog was opened.
     [[nodiscard]] bool came() const { return !m_clock.isActive(); }
 
 private:

@@ -8,7 +8,7 @@
 
 namespace kevra {
 
-/// The notes of one program; those made with the same `notes` see each other.
+/// The notes of one instance; instances that share `notes` see each other.
 class FakePageNotes : public PageNotes {
 public:
     using Notes = std::shared_ptr<std::map<std::string, Entry>>;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The whole program over a folder of its own, without stored settings.
+// The whole program in a temporary folder, without stored settings.
 #pragma once
 
 #include "app/application_qt.h"

@@ -12,7 +12,7 @@ namespace kevra {
 
 using CallLog = std::vector<std::string>;
 
-/// Windows, files and the main window's parts, all writing what is asked of them into one log.
+/// Fake windows, files and parts of the main window, which log their calls.
 class FakeShell : public ShellWindows,
                   public SessionFiles,
                   public SettingsViews,

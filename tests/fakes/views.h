@@ -13,12 +13,12 @@ public:
     void setTitlePath(std::string_view path) override { titlePath = path; }
     void redrawAndFocus() override { }
     void syncLineNumbers() override { ++lineNumberSyncs; }
-    void tell(std::string_view text) override { told = text; }
+    void tell(std::string_view text) override { status = text; }
     void refreshDocumentStatus() override { }
 
     std::string information = "(untouched)";
     std::string titlePath = "(untouched)";
-    std::string told;
+    std::string status;
     int lineNumberSyncs = 0;
 };
 

@@ -65,14 +65,14 @@ TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
     QTest::keyClicks(document().viewport(), "B");
     const auto typed = document().Text();
     ASSERT_NE(typed, "<B>old</B>\r\n<P>\r\n");
-    QString told;
+    QString shown;
     const WhenModal<QMessageBox> message([&](QMessageBox &box) {
-        told = box.text();
+        shown = box.text();
         box.accept();
     });
     click("bmpreview");
     EXPECT_TRUE(message.came());
-    EXPECT_TRUE(told.contains("page.htm") && told.contains("unsaved changes")) << told.toStdString();
+    EXPECT_TRUE(shown.contains("page.htm") && shown.contains("unsaved changes")) << shown.toStdString();
     EXPECT_EQ(cell(0, 2), "has unsaved changes in the editor");
     click("bmreplace");
     EXPECT_EQ(content("page.htm"), page);

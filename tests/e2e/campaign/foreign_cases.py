@@ -233,7 +233,7 @@ def torn_in_place(workshop, seed, long):
             wanted = editor.text().replace(b"\r\n", b"\n")
             editor.do("fault", call="ftruncate", at=-1, errno=errno.EIO)
             editor.do("trigger", "msaveplain")
-            editor.until(lambda: "could not be written to its end" in editor.box(), "the message")
+            editor.until(lambda: "could be written only in part" in editor.box(), "the message")
             copies = glob.glob(editor.state("recovery", "in-place-*"))
             result.check(len(copies) == 1 and copies[0] in editor.box(), f"not named: {editor.box()!r}, {copies}")
             editor.do("answer", "Yes")

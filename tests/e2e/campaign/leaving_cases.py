@@ -15,7 +15,7 @@ from editor import Editor, Gone, record_bytes
 from result import Result, content, put
 
 SAVE = "There's a file stored from Autosave. Do you want to save it?"
-NOWHERE = "The unsaved text can be kept nowhere"
+NOWHERE = "The unsaved text cannot be kept"
 OLD = b"<p>old\n"
 TYPED = b"typed " + OLD
 
