@@ -10,10 +10,10 @@ namespace kevra {
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
-    /// With the document's line breaks, whatever the other program's; empty when it holds no text.
+    /// The clipboard's text with CRLF line breaks; empty when it holds no text.
     [[nodiscard]] virtual std::string text() const = 0;
     virtual void clear() = 0;
-    /// Line breaks become the desktop's.
+    /// Converts CRLF line breaks to line feeds.
     virtual void setText(std::string_view text) = 0;
 };
 

@@ -10,17 +10,17 @@
 namespace kevra {
 namespace {
 
-// A signal handler reaches nothing but what lies here.
+// Signal handlers can only reach static data.
 std::array<int, 2> endPipe{-1, -1};
 std::function<void()> *crashHandler = nullptr;
 
-/// Everything that ends a program which does not ask for it.
+/// The signals that terminate a program by default.
 constexpr std::array endSignals{SIGTERM, SIGHUP, SIGINT, SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM, SIGVTALRM,
     SIGPROF, SIGXCPU, SIGPWR, SIGIO, SIGSTKFLT};
 constexpr std::array crashSignals{SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT, SIGSYS, SIGTRAP};
 constexpr unsigned crashSeconds = 3;
 
-void passOn(int)
+void forwardSignal(int)
 {
     const char byte = 0;
     [[maybe_unused]] const auto written = ::write(endPipe[1], &byte, 1);
@@ -28,7 +28,7 @@ void passOn(int)
 
 void crash(int signal)
 {
-    // A second fault ends it, and so does a lock that was held when the first one came.
+    // A second crash ends the process; the alarm ends it if the handler waits for a lock that was held.
     for (const int other : crashSignals)
         ::signal(other, SIG_DFL);
     ::signal(SIGALRM, SIG_DFL);
@@ -49,22 +49,22 @@ void handle(int signal, void (*handler)(int), int flags)
 
 } // namespace
 
-EndSignalsQt::EndSignalsQt(std::function<void()> endAsked, std::function<void()> crashed)
+EndSignalsQt::EndSignalsQt(std::function<void()> quitRequested, std::function<void()> crashed)
 {
-    // A limit on file sizes is an error to report, not a reason to die.
+    // Exceeding a file-size limit should fail the write, not kill the program.
     ::signal(SIGXFSZ, SIG_IGN);
     if (::pipe2(endPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     m_notifier = std::make_unique<QSocketNotifier>(endPipe[0], QSocketNotifier::Read);
     QObject::connect(
-        m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [ask = std::move(endAsked)] {
+        m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [ask = std::move(quitRequested)] {
             char byte = 0;
             [[maybe_unused]] const auto taken = ::read(endPipe[0], &byte, 1);
             ask();
         });
     crashHandler = new std::function<void()>(std::move(crashed));
     for (const int signal : endSignals)
-        handle(signal, passOn, SA_RESTART);
+        handle(signal, forwardSignal, SA_RESTART);
     for (const int signal : crashSignals)
         handle(signal, crash, SA_NODEFER);
 }

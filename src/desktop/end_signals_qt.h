@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The ends of the program that nobody in it has chosen.
+// Signals that terminate the program.
 #pragma once
 
 #include <QtCore/QSocketNotifier>
@@ -11,9 +11,9 @@ namespace kevra {
 
 class EndSignalsQt {
 public:
-    /// `endAsked` runs in the event loop at a signal that would end the program; `crashed` at once when it
-    /// has broken down, on whatever is left of it, and must do as little as it can.
-    EndSignalsQt(std::function<void()> endAsked, std::function<void()> crashed);
+    /// `quitRequested` runs in the event loop after a termination signal. `crashed` runs inside the handler
+    /// of a crash signal, when memory may be corrupt, and must do as little as possible.
+    EndSignalsQt(std::function<void()> quitRequested, std::function<void()> crashed);
     ~EndSignalsQt();
     EndSignalsQt(const EndSignalsQt &) = delete;
     EndSignalsQt &operator=(const EndSignalsQt &) = delete;

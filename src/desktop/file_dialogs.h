@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The common dialogs: open, save, colour. Each is modal; cancelling is an empty answer. Paths are bytes as
-// the file system has them.
+// The common dialogs: open, save, colour. Each is modal; a cancelled one returns nothing. Paths are file
+// system bytes.
 #pragma once
 
 #include "text/types.h"
@@ -19,7 +19,7 @@ struct FileFilter {
 struct OpenRequest {
     std::string title;
     std::vector<FileFilter> filters;
-    std::string folder{}; ///< where the dialog starts; empty or missing: where the last one was left
+    std::string folder{}; ///< where the dialog starts; if empty or missing, the folder used last
 };
 
 struct SaveRequest {
@@ -27,7 +27,7 @@ struct SaveRequest {
     std::string proposedName; ///< a name or a path; empty proposes nothing
     std::vector<FileFilter> filters;
     int filterIndex = 1; ///< from 1
-    std::string folder{}; ///< as for opening; a proposed path goes before it
+    std::string folder{}; ///< as in OpenRequest; the folder of a proposed path takes precedence
 };
 
 struct SaveChoice {
@@ -40,7 +40,7 @@ public:
     virtual ~FileDialogs() = default;
     [[nodiscard]] virtual std::optional<std::string> openFile(const OpenRequest &request) = 0;
     [[nodiscard]] virtual std::vector<std::string> openFiles(const OpenRequest &request) = 0;
-    /// Asks nothing about a file that exists already, and adds no extension.
+    /// Does not ask before replacing an existing file, and adds no extension.
     [[nodiscard]] virtual std::optional<SaveChoice> saveFile(const SaveRequest &request) = 0;
     [[nodiscard]] virtual std::optional<std::string> chooseFolder(const std::string &title) = 0;
 };

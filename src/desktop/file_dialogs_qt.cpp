@@ -14,15 +14,14 @@ namespace kevra {
 
 namespace {
 
-constexpr QSize roomy(860, 520);
+constexpr QSize detailsSize(860, 520);
 
-/// A line the dialog takes apart again: it shows the description as it stands, with the program's own way of
-/// writing patterns, and filters by the last parenthesis.
+/// The dialog parses this line: the last parenthesis holds the patterns, the text before it is shown.
 QString filterLine(const FileFilter &filter)
 {
     auto patterns = QString::fromStdString(filter.patterns);
     if (patterns == "*.*")
-        patterns = "*"; // a file without a dot is a file too
+        patterns = "*"; // also matches names without a dot
     return QString::fromStdString(filter.description) + " (" + patterns.replace(u';', u' ') + u')';
 }
 
@@ -33,7 +32,7 @@ QStringList setFilters(QFileDialog &dialog, const std::vector<FileFilter> &filte
         lines << filterLine(filter);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(lines);
-    // The dialog strips blanks at the ends of a description.
+    // The dialog trims the descriptions, so set them again.
     if (auto *types = dialog.findChild<QComboBox *>("fileTypeCombo"))
         for (int i = 0; i < types->count(); ++i)
             types->setItemText(i, QString::fromStdString(filters[static_cast<std::size_t>(i)].description));
@@ -46,10 +45,10 @@ void startIn(QFileDialog &dialog, const std::string &folder)
         dialog.setDirectory(start.absoluteFilePath());
 }
 
-/// The toolkit's own dialog cuts sizes and dates; a desktop's has no list of this name.
+/// Qt's own dialog truncates sizes and dates. A native dialog has no list of this name.
 void showDetailsInFull(QFileDialog &dialog)
 {
-    dialog.resize(dialog.size().expandedTo(roomy));
+    dialog.resize(dialog.size().expandedTo(detailsSize));
     const auto *list = dialog.findChild<QTreeView *>("treeView");
     if (!list)
         return;
@@ -95,7 +94,7 @@ std::optional<SaveChoice> FileDialogsQt::saveFile(const SaveRequest &request)
     QFileDialog dialog(QApplication::activeWindow(), QString::fromStdString(request.title));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    // The question about an existing file is the caller's, in its own words.
+    // The caller asks about an existing file, in its own words.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     const auto filters = setFilters(dialog, request.filters);
     if (request.filterIndex >= 1 && request.filterIndex <= filters.size())

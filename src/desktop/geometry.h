@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lengths as the logic and the settings store know them: twips, fifteen to a device-independent pixel.
+// Lengths in the logic and the settings store are in twips: 15 per device-independent pixel.
 #pragma once
 
 namespace kevra {

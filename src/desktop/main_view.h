@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What commands ask of the main window beside the document control.
+// What commands need from the main window besides the document control.
 #pragma once
 
 #include "desktop/options.h"
@@ -18,9 +18,9 @@ public:
     virtual void redrawAndFocus() = 0;
     /// Scrolls the line-number column to the document's first visible line.
     virtual void syncLineNumbers() = 0;
-    /// A word about what a command did, in the status line; it goes with the next change of the text.
+    /// Shows a command's outcome in the status line until the text changes.
     virtual void tell(std::string_view text) = 0;
-    /// The encoding, the line ends and whether the text equals the file have to be shown anew.
+    /// Updates the encoding, line ends and saved state that are shown.
     virtual void refreshDocumentStatus() = 0;
 };
 
@@ -31,8 +31,7 @@ public:
 
     virtual void showScriptTools() = 0;
     virtual void showWebTools() = 0;
-    virtual void showOption(Option option, bool on)
-        = 0; ///< by its menu items and toolbar pictures, where it has any
+    virtual void showOption(Option option, bool on) = 0; ///< in its menu items and toolbar pictures, if any
     virtual void showProgramMenu(std::string_view text) = 0; ///< caption of `mex`, without its "&"
 };
 

@@ -62,7 +62,7 @@ Answer answerOf(int button)
     }
 }
 
-/// A box as narrow as its text would cut its title, which has buttons of the desktop's beside it.
+/// Makes the box wide enough for its title and the window manager's buttons.
 void widenForTitle(QMessageBox &box)
 {
     constexpr int titleButtons = 130;

@@ -5,7 +5,7 @@
 
 namespace kevra {
 
-/// Message boxes of the desktop, modal over whichever window is active.
+/// Message boxes of the desktop, modal over the active window.
 class MessagesQt : public Messages {
 public:
     Answer show(const Message &message) override;

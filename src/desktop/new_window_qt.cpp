@@ -12,13 +12,13 @@ namespace kevra {
 
 bool openInNewWindow(const std::string &fileName, std::string_view bytes)
 {
-    QTemporaryDir folder; // for its owner alone
+    QTemporaryDir folder; // accessible only to its owner
     const auto path = folder.filePath(pathText(fileName));
     QFile file(path);
     if (!folder.isValid() || !file.open(QFile::WriteOnly | QFile::NewOnly)
         || file.write(bytes.data(), std::ssize(bytes)) != std::ssize(bytes) || !file.flush())
         return false;
-    // The other program may save there.
+    // The new instance may save there.
     folder.setAutoRemove(
         !ProcessStartQt().start(pathBytes(QCoreApplication::applicationFilePath()), pathBytes(path)));
     return !folder.autoRemove();

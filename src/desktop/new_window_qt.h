@@ -6,8 +6,8 @@
 
 namespace kevra {
 
-/// Starts this program once more with a private copy of the text, named `fileName`. False when it did not
-/// start.
+/// Starts another instance of this program on a private copy of the text, named `fileName`. False when it did
+/// not start.
 [[nodiscard]] bool openInNewWindow(const std::string &fileName, std::string_view bytes);
 
 } // namespace kevra

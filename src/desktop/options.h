@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The options that are on or off. What each is called, stored as and shown by is its row in
-// settings/options.h.
+// The on/off options. Each has a row in settings/options.h with its key, meaning and controls.
 #pragma once
 
 #include <array>
@@ -22,7 +21,7 @@ enum class Option {
 
 inline constexpr std::size_t optionCount = 9;
 
-/// A yes or no for each option.
+/// One flag per option.
 class OptionSwitches {
 public:
     [[nodiscard]] constexpr bool &operator[](Option option) { return m_on[static_cast<std::size_t>(option)]; }

@@ -5,16 +5,16 @@
 
 namespace kevra {
 
-/// Other programs, started and left alone. Paths are bytes as the file system has them.
+/// Starts other programs, detached from this one. Paths are file system bytes.
 class ProcessStart {
 public:
     virtual ~ProcessStart() = default;
     /// Starts the program without arguments, in a normal window, never through a shell, and does not wait for
-    /// it. It shares nothing with this program and goes on when this one ends. False when it did not start.
+    /// it. It inherits no handles and keeps running when this program ends. False when it did not start.
     [[nodiscard]] virtual bool start(const std::string &path) = 0;
-    /// Whether programs of this platform carry no extension and this file may be run as one.
+    /// Whether this platform runs programs without an extension and this file is one that may be run.
     [[nodiscard]] virtual bool runsWithoutExtension(const std::string &path) const = 0;
-    /// The names that programs have on this platform, as a file dialog filters them.
+    /// The file dialog's pattern for programs on this platform.
     [[nodiscard]] virtual std::string namePattern() const = 0;
 };
 

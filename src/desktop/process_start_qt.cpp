@@ -18,7 +18,7 @@ namespace kevra {
 namespace {
 
 #ifdef Q_OS_UNIX
-// Marked instead of closed, because the handle that reports a failed start is among them.
+// Marked close-on-exec, not closed: the pipe that reports a failed start must stay open until then.
 void closeHandlesAtExec()
 {
     constexpr int firstOwn = STDERR_FILENO + 1;
@@ -30,8 +30,7 @@ void closeHandlesAtExec()
         fcntl(handle, F_SETFD, FD_CLOEXEC);
 }
 
-// What this program does not want to hear, another may: an ignored signal stays ignored when a program
-// starts.
+// Ignored signals stay ignored across exec, so they are reset for the new program.
 void restoreSignalDefaults()
 {
     for (int number = 1; number < NSIG; ++number)
@@ -41,8 +40,8 @@ void restoreSignalDefaults()
     sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
-// Runs in the child between fork and exec. The process in the middle ends at once, so that the program is
-// nobody's child: it is not ended with this one and leaves nothing to be waited for.
+// Runs in the child between fork and exec. Forks again and exits, so that the program is not our child: it
+// survives this process and needs no wait().
 void detach()
 {
     setsid();
@@ -65,13 +64,13 @@ bool ProcessStartQt::start(const std::string &path, const std::string &argument)
     QProcess process;
     if (!argument.empty())
         process.setArguments({pathText(argument)});
-    // Absolute, because a bare name would be looked for in the folders of PATH.
+    // Absolute, because a bare name would be searched for in PATH.
     process.setProgram(QFileInfo(pathText(path)).absoluteFilePath());
     process.setStandardInputFile(QProcess::nullDevice());
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
 #ifdef Q_OS_UNIX
-    // Not startDetached(), which hands every handle on that a library forgot to mark.
+    // Not startDetached(): it leaks handles that a library did not mark close-on-exec.
     process.setChildProcessModifier(detach);
     process.start();
     return process.waitForStarted() && process.waitForFinished() && process.exitCode() == EXIT_SUCCESS;

@@ -25,7 +25,7 @@ bool isPortable()
     return holdsAssets(program) && QFileInfo(program.path()).isWritable();
 }
 
-/// XDG_STATE_HOME, which QStandardPaths of this Qt does not know.
+/// XDG_STATE_HOME, which this version of QStandardPaths does not support.
 QString stateFolder()
 {
     const auto state = qEnvironmentVariable("XDG_STATE_HOME");
@@ -34,7 +34,7 @@ QString stateFolder()
     return base + "/kevra";
 }
 
-/// Folders of this user's that outlive the program, the ones that outlive a restart first.
+/// Per-user folders that outlive the program; those that survive a reboot come first.
 std::vector<std::string> spareFolders()
 {
     std::vector<std::string> folders;
@@ -59,7 +59,8 @@ ProgramFolders programFolders()
     folders.portable = isPortable();
     const auto autosave = folders.portable ? QCoreApplication::applicationDirPath() : stateFolder();
     QDir().mkpath(QFileInfo(autosave).path());
-    QDir().mkdir(autosave, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); // whatever the umask
+    QDir().mkdir(
+        autosave, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner); // independent of the umask
     folders.autosave = pathBytes(autosave);
     folders.spare = spareFolders();
     return folders;

@@ -8,11 +8,10 @@
 namespace kevra {
 
 struct ProgramFolders {
-    /// True when everything lives beside the executable: it holds the assets and can be written.
+    /// True when the executable's folder holds the assets and is writable; everything is then kept there.
     bool portable = false;
-    std::string
-        autosave; ///< the folder of "autosave.txt" and of the recovery records; exists when it can be made
-    /// For unsaved texts that the first folder does not take, the one that lasts longest first.
+    std::string autosave; ///< the folder of "autosave.txt" and of the recovery records; created if possible
+    /// Fallback folders for unsaved texts; the longest-lived first.
     std::vector<std::string> spare{};
 };
 
@@ -21,7 +20,7 @@ struct ProgramFolders {
 [[nodiscard]] std::string documentsFolder();
 
 /// The full path of a help page or of the template: beside the executable, else in the user's data folder,
-/// else in the installed one. When there is none, where it was expected first.
+/// else in the installed one. If it is missing everywhere, the path beside the executable.
 [[nodiscard]] std::string assetPath(const std::string &name);
 
 } // namespace kevra

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts and paths on their way between the logic, which holds bytes, and the windows.
+// Converts texts and paths between the logic, which uses bytes, and the windows.
 #pragma once
 
 #include <QtCore/QFile>
@@ -15,7 +15,7 @@ namespace kevra {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// A path to show or to give to the toolkit, from its bytes in the file system.
+/// The QString for a path given as file system bytes.
 [[nodiscard]] inline QString pathText(const std::string &bytes)
 {
     return QFile::decodeName(QByteArray::fromStdString(bytes));

@@ -10,7 +10,7 @@ namespace kevra {
 
 namespace {
 
-constexpr QSize smallest(320, 240);
+constexpr QSize minimumSize(320, 240);
 
 const QScreen *screenFor(const QRect &rect)
 {
@@ -27,9 +27,9 @@ const QScreen *screenFor(const QRect &rect)
 
 QRect pixels(const TwipRect &rect)
 {
-    // Stored by hand, a length may be anything; sums of two must not overflow.
-    static constexpr int furthest = 1'000'000;
-    const auto pixel = [](int length) { return std::clamp(length / twipsPerPixel, -furthest, furthest); };
+    // A stored length that was edited by hand can be anything; clamped so that sums do not overflow.
+    static constexpr int maxPixels = 1'000'000;
+    const auto pixel = [](int length) { return std::clamp(length / twipsPerPixel, -maxPixels, maxPixels); };
     return {pixel(rect.left), pixel(rect.top), pixel(rect.width), pixel(rect.height)};
 }
 
@@ -45,7 +45,7 @@ QRect onAScreen(QRect rect)
     if (!screen)
         return rect;
     const auto area = screen->availableGeometry();
-    rect.setSize(rect.size().expandedTo(smallest).boundedTo(area.size()));
+    rect.setSize(rect.size().expandedTo(minimumSize).boundedTo(area.size()));
     rect.moveLeft(std::clamp(rect.left(), area.left(), area.right() - rect.width() + 1));
     rect.moveTop(std::clamp(rect.top(), area.top(), area.bottom() - rect.height() + 1));
     return rect;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From twips to device-independent pixels and back, and onto a screen that exists.
+// Converts between twips and device-independent pixels, and moves windows onto an existing screen.
 #pragma once
 
 #include "desktop/geometry.h"
@@ -10,7 +10,7 @@ namespace kevra {
 
 [[nodiscard]] QRect pixels(const TwipRect &rect);
 [[nodiscard]] TwipRect twips(const QRect &rect);
-/// `rect` if a screen shows enough of it; otherwise moved and made smaller until one does.
+/// `rect` resized and moved so that it lies entirely on one screen.
 [[nodiscard]] QRect onAScreen(QRect rect);
 
 } // namespace kevra

@@ -39,14 +39,14 @@ public:
     {
         return {fontMetrics().horizontalAdvance(text()) + sidePadding, fontMetrics().height() + sidePadding};
     }
-    [[nodiscard]] QSize minimumSizeHint() const override { return leastSizeOf(*this); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return minimumSizeOf(*this); }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QStyleOptionToolButton option;
         initStyleOption(&option);
-        option.font = fontFitting(font(), text(), roomForCaption(*this));
+        option.font = fontFitting(font(), text(), captionWidth(*this));
         option.fontMetrics = QFontMetrics(option.font);
         QStylePainter(this).drawComplexControl(QStyle::CC_ToolButton, option);
     }

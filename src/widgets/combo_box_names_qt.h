@@ -3,8 +3,8 @@
 
 namespace kevra {
 
-/// From now on screen readers are told a combo box's accessible name as its name and its choice as its value.
-/// The toolkit's own interface tells them the choice as both and never the name.
+/// Makes screen readers announce a combo box by its accessible name, with the choice as its value. Qt's own
+/// interface gives the choice as both and never the name.
 void installComboBoxNames();
 
 } // namespace kevra

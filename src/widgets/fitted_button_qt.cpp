@@ -10,34 +10,34 @@ namespace kevra {
 
 namespace {
 
-constexpr int leastPadding = 4; // device-independent pixels
-constexpr int leastTextPercent = 60;
-constexpr int shortText = 3; ///< characters; a caption no longer than that keeps its size
+constexpr int minimumPadding = 4; // device-independent pixels
+constexpr int minimumTextPercent = 60;
+constexpr int shortText = 3; ///< characters; a shorter caption keeps its size
 
 } // namespace
 
-QFont fontFitting(const QFont &font, const QString &text, int room)
+QFont fontFitting(const QFont &font, const QString &text, int width)
 {
     const int wanted = QFontMetrics(font).horizontalAdvance(text);
-    if (wanted <= room)
+    if (wanted <= width)
         return font;
     QFont smaller(font);
-    smaller.setPixelSize(std::max(1, QFontInfo(font).pixelSize() * room / wanted));
+    smaller.setPixelSize(std::max(1, QFontInfo(font).pixelSize() * width / wanted));
     return smaller;
 }
 
-QSize leastSizeOf(const QAbstractButton &button)
+QSize minimumSizeOf(const QAbstractButton &button)
 {
     const auto metrics = button.fontMetrics();
     const int whole = metrics.horizontalAdvance(button.text());
     const int text
-        = std::max(whole * leastTextPercent / 100, std::min(whole, shortText * metrics.averageCharWidth()));
-    return {text + leastPadding, metrics.height() + leastPadding};
+        = std::max(whole * minimumTextPercent / 100, std::min(whole, shortText * metrics.averageCharWidth()));
+    return {text + minimumPadding, metrics.height() + minimumPadding};
 }
 
-int roomForCaption(const QAbstractButton &button)
+int captionWidth(const QAbstractButton &button)
 {
-    return button.width() - leastPadding;
+    return button.width() - minimumPadding;
 }
 
 FittedButton::FittedButton(QWidget *parent)
@@ -51,7 +51,7 @@ void FittedButton::paintEvent(QPaintEvent *)
     QStyleOptionButton option;
     initStyleOption(&option);
     QStylePainter painter(this);
-    painter.setFont(fontFitting(font(), text(), roomForCaption(*this)));
+    painter.setFont(fontFitting(font(), text(), captionWidth(*this)));
     painter.drawControl(QStyle::CE_PushButton, option);
 }
 

@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Buttons whose captions stay whole in a window that is too narrow for them: half a caption says nothing.
+// Buttons that shrink their caption in a narrow window instead of cutting it off.
 #pragma once
 
 #include <QtWidgets/QPushButton>
 
 namespace kevra {
 
-/// The font, or a smaller one in which the text is no wider than `room`.
-[[nodiscard]] QFont fontFitting(const QFont &font, const QString &text, int room);
-/// What a button asks for at least, in smaller letters and without its usual padding.
-[[nodiscard]] QSize leastSizeOf(const QAbstractButton &button);
-/// What the letters have of a button's width.
-[[nodiscard]] int roomForCaption(const QAbstractButton &button);
+/// The font, or a smaller one in which the text is at most `width` wide.
+[[nodiscard]] QFont fontFitting(const QFont &font, const QString &text, int width);
+/// The minimum size of a button, with smaller letters and less padding.
+[[nodiscard]] QSize minimumSizeOf(const QAbstractButton &button);
+/// The width available for the caption.
+[[nodiscard]] int captionWidth(const QAbstractButton &button);
 
 class FittedButton : public QPushButton {
 public:
     explicit FittedButton(QWidget *parent);
 
-    [[nodiscard]] QSize minimumSizeHint() const override { return leastSizeOf(*this); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return minimumSizeOf(*this); }
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -6,7 +6,7 @@
 
 namespace kevra {
 
-/// A control known by its name; without a caption it also needs a name that can be spoken.
+/// Creates a control with an object name; one without a caption also needs an accessible name.
 template <typename Widget>
 Widget *named(const char *name, QWidget *parent, const char *accessibleName = nullptr)
 {

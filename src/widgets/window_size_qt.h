@@ -6,7 +6,7 @@
 
 namespace kevra {
 
-/// Also on a small screen, or at a large scale, a window's frame and last row stay in view.
+/// Resizes a window so that its frame and last row stay visible on a small screen or at a large scale.
 inline void resizeWithinScreen(QWidget &window, QSize usual)
 {
     window.resize(usual.boundedTo(window.screen()->availableSize() * 9 / 10));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The real message boxes and file dialogs, looked at and answered while they are open.
+// The real message boxes and file dialogs, inspected and answered while they are open.
 #include "desktop/file_dialogs_qt.h"
 #include "desktop/messages_qt.h"
 #include "fakes/modal.h"
@@ -64,7 +64,7 @@ TEST(FileDialogs, SavingAsksNothingAndAddsNothing)
         EXPECT_EQ(types->currentIndex(), 1);
         EXPECT_TRUE(dialog.nameFilters()[1].endsWith("(*)"));
         EXPECT_EQ(dialog.selectedFiles(), QStringList(taken));
-        QMetaObject::invokeMethod(&dialog, "accept"); // a question would stay open, and the test with it
+        QMetaObject::invokeMethod(&dialog, "accept"); // a question would block the test
     });
     const auto choice = FileDialogsQt().saveFile(request);
     ASSERT_TRUE(choice);

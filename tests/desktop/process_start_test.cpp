@@ -25,7 +25,7 @@ protected:
         return file.fileName().toStdString();
     }
 
-    /// Waits for a report that the started program moves into place whole.
+    /// Waits for the report, which the started program renames into place when it is complete.
     QList<QByteArray> report() const
     {
         QFile file(folder.filePath("report"));
@@ -38,11 +38,11 @@ protected:
     ProcessStartQt start;
 };
 
-TEST_F(ProcessStartTest, TheProgramIsOnItsOwnAndHoldsNoFileOfOurs)
+TEST_F(ProcessStartTest, TheProgramIsDetachedAndInheritsNoHandles)
 {
-    // A handle that nobody marked close-on-exec, as libraries leave them about.
+    // A handle without close-on-exec, as some libraries leave them.
     const int leaked = dup(STDERR_FILENO);
-    auto *const heeded = ::signal(SIGXFSZ, SIG_IGN);
+    auto *const previousHandler = ::signal(SIGXFSZ, SIG_IGN);
     ASSERT_LT(fcntl(leaked, F_SETFD, 0), 1);
     const auto here = folder.path().toUtf8();
     ASSERT_TRUE(start.start(program("tool with blanks & signs",
@@ -52,12 +52,12 @@ TEST_F(ProcessStartTest, TheProgramIsOnItsOwnAndHoldsNoFileOfOurs)
               "mv part report\nexec sleep 60\n")));
     const auto lines = report();
     close(leaked);
-    ::signal(SIGXFSZ, heeded);
+    ::signal(SIGXFSZ, previousHandler);
 
     ASSERT_GE(lines.size(), 7);
     EXPECT_EQ(lines[0], "0") << "arguments";
     EXPECT_NE(lines[1].trimmed().toInt(), getsid(0)) << "it would end with our session";
-    EXPECT_EQ(lines[3].trimmed().toULongLong(nullptr, 16), 0U) << "signals it does not hear";
+    EXPECT_EQ(lines[3].trimmed().toULongLong(nullptr, 16), 0U) << "ignored signals";
     for (const auto &handle : lines.mid(4))
         EXPECT_TRUE(handle == "/dev/null" || handle.startsWith(here)) << handle.toStdString();
 
@@ -77,9 +77,9 @@ TEST_F(ProcessStartTest, AFailureToStartIsNoticed)
         {"a folder", folder.path().toStdString()},
         {"may not be run", program("plain", "#!/bin/sh\n", false)},
         {"its interpreter is missing", program("orphan", "#!/no/such/interpreter\n")},
-        {"no program inside, and no shell is asked",
+        {"not a program, and no shell runs it",
             program("text", "touch '" + folder.path().toUtf8() + "/ran'\n")},
-        {"a bare name is not looked for elsewhere", "true"},
+        {"a bare name is not searched for in PATH", "true"},
         {"empty", ""},
     };
     for (const auto &c : cases) {
