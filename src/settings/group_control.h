@@ -5,8 +5,7 @@
 
 namespace kevra {
 
-/// A control of the settings dialog: its object name, and what is said about it: a button's tooltip, an
-/// entry's accessible name.
+/// A control of the settings dialog: its object name, and a button's tooltip or an entry's accessible name.
 struct GroupControl {
     std::string_view name;
     std::string_view tip;

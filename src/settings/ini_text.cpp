@@ -14,7 +14,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 constexpr std::array<std::pair<char, char>, 5> escapes{
     {{'\\', '\\'}, {'"', '"'}, {'n', '\n'}, {'r', '\r'}, {'t', '\t'}}};
-constexpr std::size_t hexDigits = 2; // behind "\x"
+constexpr std::size_t hexDigits = 2; // after "\x"
 
 std::string_view trimmed(std::string_view text)
 {
@@ -28,8 +28,8 @@ bool isQuoted(std::string_view value)
     return value.size() > 1 && value.front() == '"' && value.back() == '"';
 }
 
-/// Appends what the escape at the start of `text` stands for and returns its length; a backslash that begins
-/// none, as people write them in paths, stands for itself.
+/// Appends the character of the escape sequence at the start of `text` and returns the sequence's length. Any
+/// other backslash, as in a path typed by hand, is kept as it is.
 std::size_t unescape(std::string_view text, std::string &out)
 {
     const char kind = text.size() > 1 ? text[1] : '\0';
@@ -101,7 +101,7 @@ IniFile readIni(std::string_view text)
         if (line.front() == '[' && line.back() == ']')
             section = std::string(line.substr(1, line.size() - 2)) + '/';
         else if (line.front() == '[' || equals == std::string_view::npos || equals == 0)
-            file.whole = false;
+            file.complete = false;
         else
             file.values[section + std::string(trimmed(line.substr(0, equals)))]
                 = readValue(trimmed(line.substr(equals + 1)));

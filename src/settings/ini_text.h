@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The text of a settings file: sections in brackets, under each one line a key.
+// The text of a settings file: sections in brackets, with one line per key.
 #pragma once
 
 #include <map>
@@ -13,11 +13,11 @@ using IniValues = std::map<std::string, std::string, std::less<>>;
 
 struct IniFile {
     IniValues values;
-    bool whole = true; ///< false: some lines could not be read and are left out
+    bool complete = true; ///< false: some lines could not be read and are left out
 };
 
 [[nodiscard]] IniFile readIni(std::string_view text);
-/// Reading it again gives the same values, whatever characters they hold.
+/// readIni() returns the same values, whichever characters they contain.
 [[nodiscard]] std::string iniText(const IniValues &values);
 
 } // namespace kevra

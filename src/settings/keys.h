@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The keys of the settings store but those of the options that are on or off: where each stands, and what is
-// read when it was never stored.
+// The keys of the settings store and their defaults, except the on/off options.
 #pragma once
 
 #include "storage/setting_key.h"

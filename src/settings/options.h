@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The options that are on or off, a row each: the key they are stored under, what a stored text means, the
-// state, menu items and pictures that show them, and their group in the settings dialog.
+// The on/off options, one row each: settings key, meaning of a stored text, state flag, menu items and
+// pictures, and group in the settings dialog.
 #pragma once
 
 #include "desktop/options.h"
@@ -31,7 +31,7 @@ struct OptionMarks {
     std::array<OptionButton, 2> buttons{};
 };
 
-/// Its line in the settings dialog; without a heading it has none.
+/// The option's line in the settings dialog; none if the heading is empty.
 struct OptionGroup {
     std::string_view heading;
     GroupControl yes;
@@ -111,7 +111,7 @@ inline constexpr std::array<OptionRow, optionCount> optionRows{{
 
 static_assert(
     std::ranges::all_of(optionRows, [](const OptionRow &row) { return &rowOf(row.option) == &row; }),
-    "the rows stand in the order of the options");
+    "the rows must be in the order of the options");
 
 [[nodiscard]] bool storedOption(const SettingsStore &store, Option option);
 void storeOption(SettingsStore &store, Option option, bool on);

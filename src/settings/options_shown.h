@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the settings dialog shows, kept from start-up on so that it is right whenever the dialog is built.
+// What the settings dialog shows; kept from start-up, because the dialog is built on first use.
 #pragma once
 
 #include "desktop/options.h"

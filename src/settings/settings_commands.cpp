@@ -100,7 +100,7 @@ void SettingsCommands::setInterval(const std::string &minutes)
 {
     writeSetting(m_parts.store, keys::autosaveMinutes, minutes);
     m_parts.application.autosaveMinutes = m_parts.options.autosaveMinutes = wholeMinutes(minutes);
-    // The running timer takes the new period; without one it has nothing to run by.
+    // A running timer takes the new interval; zero stops it.
     if (m_parts.application.autosaveOn)
         runAutosave(m_parts.application.autosaveMinutes > 0);
 }

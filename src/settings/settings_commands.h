@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the controls of the settings dialog do. Every change is written to the store and put in force at once;
-// nothing waits for the dialog to close but the font, which is then given to the document.
+// The commands of the settings dialog. Every change is stored and takes effect at once, except the font,
+// which is applied when the dialog closes.
 #pragma once
 
 #include "desktop/file_dialogs.h"
@@ -16,17 +16,17 @@
 
 namespace kevra {
 
-/// What a change of settings does to the document, as the main window's own commands do it.
+/// The main window's commands that a settings change runs on the document.
 class SettingsEffects {
 public:
     virtual ~SettingsEffects() = default;
-    virtual void colourForTools() = 0; ///< the pass that goes with the tool set shown
+    virtual void colourForTools() = 0; ///< runs the colouring pass of the current tool set
     virtual void removeColours() = 0;
-    /// Gives face and size of the main window's boxes to the document.
+    /// Applies the main window's font boxes to the document.
     virtual void reapplyFont() = 0;
 };
 
-/// What the commands work on; everything outlives them.
+/// What the commands work on; all of it must outlive them.
 struct SettingsParts {
     SettingsStore &store;
     DocumentState &document;
@@ -50,11 +50,11 @@ public:
     }
 
     void setOption(Option option, bool on);
-    /// Autosave from now on or no longer, without storing it.
+    /// Turns autosave on or off for this run, without storing it.
     void toggleAutosave();
     void toggleFsoMenu();
 
-    /// A folder as bytes; it must exist.
+    /// `folder` is file system bytes; it must exist.
     void setTempFolder(const std::string &folder);
     /// Whole minutes as text.
     void setInterval(const std::string &minutes);
@@ -67,13 +67,13 @@ public:
     [[nodiscard]] Colour shownColour() const;
     [[nodiscard]] bool hasChosenColour() const { return m_chosenColour.has_value(); }
 
-    /// The program the user picked, when it is one.
+    /// The file that the user picked, if it is a program.
     [[nodiscard]] std::optional<std::string> browseProgram();
     [[nodiscard]] ExternalProgram &program() { return m_parts.program; }
 
     void dialogClosed();
 
-    /// False while what was last set holds for this run alone.
+    /// False if the last change could not be stored and holds only for this run.
     [[nodiscard]] bool isStored() const { return m_parts.store.isStored(); }
     [[nodiscard]] const OptionsShown &options() const { return m_parts.options; }
     [[nodiscard]] const ApplicationState &application() const { return m_parts.application; }

@@ -23,7 +23,7 @@ constexpr Colour yesColour{61440};
 constexpr Colour noColour{248};
 constexpr int rowSpacing = 8; // pixels
 constexpr int swatchWidth = 48; // pixels
-constexpr int contentCharacters = 120; // the width at which no heading is broken
+constexpr int contentCharacters = 120; // wide enough for every heading on one line
 
 enum Column { HeadingColumn, EntryColumn, ButtonColumn, SecondButtonColumn };
 
@@ -40,7 +40,7 @@ void paint(QWidget &widget, QPalette::ColorRole role, const QColor &colour)
     widget.setPalette(palette);
 }
 
-/// Selects `value`; one that the box does not list is added, a number among its neighbours.
+/// Selects `value`, adding it if it is not listed; numbers are added in order.
 void selectText(QComboBox &box, const QString &value)
 {
     if (const auto at = box.findText(value, Qt::MatchFixedString); at >= 0)
@@ -212,7 +212,7 @@ void SettingsDialog::addColours(QGridLayout &grid)
     m_sample->setToolTip("Sample text in colorcoding color.");
     m_sample->setAutoFillBackground(true);
     m_sample->setAlignment(Qt::AlignCenter);
-    // On the document's own white paper, whatever the theme.
+    // White like the document, in any theme.
     paint(*m_sample, QPalette::Window, Qt::white);
 
     auto *choice = new QWidget;
@@ -284,7 +284,7 @@ QPushButton *SettingsDialog::button(
     auto *made = new QPushButton(caption, this);
     made->setObjectName(textOf(name));
     made->setToolTip(textOf(tip));
-    // Return in an entry applies that entry alone.
+    // Return in an entry must apply only that entry.
     made->setAutoDefault(false);
     connect(made, &QPushButton::clicked, this, act(std::move(clicked)));
     return made;
@@ -301,7 +301,7 @@ std::function<void()> SettingsDialog::act(std::function<void()> command)
 
 void SettingsDialog::showSettings()
 {
-    // What it shows is read when it is shown.
+    // The entries are refreshed each time the dialog is shown.
     if (!layout())
         build();
     else if (!isVisible())

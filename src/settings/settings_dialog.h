@@ -19,15 +19,14 @@ class QPushButton;
 
 namespace kevra {
 
-/// The window `fsetkevra`. It keeps nothing: every control hands over to the commands and shows what they
-/// left.
+/// The window `fsetkevra`. It holds no state: every control calls a command and shows the result.
 class SettingsDialog : public QDialog {
     Q_OBJECT
 
 public:
     explicit SettingsDialog(SettingsCommands &commands, QWidget *parent = nullptr);
 
-    /// Shows what is in force now, unless the user is in the middle of it, in front of other windows.
+    /// Shows the current settings in front of other windows; while it is open, entries being edited are kept.
     void showSettings();
     void done(int result) override;
 
@@ -49,7 +48,7 @@ private:
     QPushButton *button(
         std::string_view name, const QString &caption, std::string_view tip, std::function<void()> clicked);
     void fitScreen(const QWidget &content);
-    /// Carries out what a control stands for, and says so when it could not be stored.
+    /// Wraps a control's command to show a note when its change could not be stored.
     std::function<void()> act(std::function<void()> command);
     void showLamps();
     void showColour();

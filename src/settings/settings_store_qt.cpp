@@ -22,11 +22,11 @@ bool readFile(QIODevice &device, QSettings::SettingsMap &map)
     const auto file = readIni(device.readAll().toStdString());
     for (const auto &[name, value] : file.values)
         map[textOf(name)] = textOf(value);
-    return file.whole;
+    return file.complete;
 }
 
-/// False as long as the new file is not on the disk to its last byte: the library asks nobody whether its
-/// buffer could be written before it puts the file in place of the old one.
+/// False unless every byte is on the disk: QSettings replaces the old file without checking that the buffer
+/// was flushed.
 bool writeFile(QIODevice &device, const QSettings::SettingsMap &map)
 {
     IniValues values;
@@ -45,7 +45,7 @@ QSettings::Format format()
     return ini;
 }
 
-/// What is on the disk; the library's own status stays bad after a first failure.
+/// Whether the file on the disk has this value. QSettings::status() keeps reporting the first failure.
 bool holds(const QString &path, const QString &key, std::string_view value)
 {
     QFile file(path);
@@ -56,7 +56,7 @@ bool holds(const QString &path, const QString &key, std::string_view value)
     return it != values.end() && it->second == value;
 }
 
-void copyAside(const QString &file)
+void backUp(const QString &file)
 {
     const auto kept = file + ".damaged";
     QFile::remove(kept);
@@ -72,7 +72,7 @@ QString SettingsStoreQt::fileOf(std::string_view app) const
     const QFileInfo file(path);
     if (!file.exists() || file.isFile() || file.isDir())
         return path;
-    // The library would wait for the other end of a FIFO.
+    // QSettings would block on a FIFO.
     m_passedOver.push_back(pathBytes(path));
     return path + ".regular";
 }
@@ -88,9 +88,9 @@ QSettings &SettingsStoreQt::file(std::string_view app) const
 QSettings &SettingsStoreQt::fileToWrite(std::string_view app)
 {
     auto &settings = file(app);
-    // Once: after the first write the file is whole again, and the state of the object still says damaged.
-    if (settings.status() == QSettings::FormatError && m_keptAside.insert(std::string(app)).second)
-        copyAside(settings.fileName());
+    // Only once: the first write repairs the file, but the status still reports the damage.
+    if (settings.status() == QSettings::FormatError && m_backedUp.insert(std::string(app)).second)
+        backUp(settings.fileName());
     return settings;
 }
 

@@ -13,9 +13,9 @@
 
 namespace kevra {
 
-/// One INI file an application name, in the user's configuration folder. A file that does not parse is copied
-/// aside before it is first written, because a write keeps only what could be parsed. A file that cannot be
-/// written stays as it is; the values are kept in memory and written with the next one.
+/// One INI file per application name, in the user's configuration folder. A file that does not parse is
+/// backed up before the first write, because a write keeps only what could be parsed. If a file cannot be
+/// written, the values stay in memory and are written with the next change.
 class SettingsStoreQt : public SettingsStore {
 public:
     [[nodiscard]] std::string getSetting(std::string_view app, std::string_view section, std::string_view key,
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] bool isStored() const override { return m_stored; }
     void deleteSetting(std::string_view app, std::string_view section) override;
     void deleteSetting(std::string_view app) override;
-    /// Files of that name that are no regular ones; another name is used in their stead.
+    /// Files skipped because they are not regular files; another name is used instead.
     [[nodiscard]] const std::vector<std::string> &passedOver() const { return m_passedOver; }
 
 private:
@@ -34,7 +34,7 @@ private:
     QSettings &fileToWrite(std::string_view app);
 
     mutable std::map<std::string, std::unique_ptr<QSettings>, std::less<>> m_files;
-    std::set<std::string> m_keptAside;
+    std::set<std::string> m_backedUp;
     mutable std::vector<std::string> m_passedOver;
     bool m_stored = true;
 };

@@ -14,9 +14,9 @@ namespace kevra {
 
 namespace {
 
-constexpr std::uint32_t largestColour = 0xFFFFFF;
+constexpr std::uint32_t maxColour = 0xFFFFFF;
 
-/// A whole number and nothing else; what is not one counts as never stored.
+/// The value of a text that is exactly one whole number; anything else counts as not stored.
 std::optional<int> wholeNumber(std::string_view text)
 {
     int value = 0;
@@ -30,7 +30,7 @@ std::optional<int> wholeNumber(std::string_view text)
 Colour codeColour(std::string_view stored)
 {
     const auto value = wholeNumber(stored).value_or(0);
-    if (value <= 0 || static_cast<std::uint32_t>(value) > largestColour)
+    if (value <= 0 || static_cast<std::uint32_t>(value) > maxColour)
         return colours::defaultCode;
     return Colour{static_cast<std::uint32_t>(value)};
 }
@@ -163,7 +163,7 @@ void StoredSettings::loadAutosave()
         m_views.autosaveTimer().start(minutes);
     else
         m_views.autosaveTimer().stop();
-    // Without an interval it does not run, whatever is stored.
+    // Without an interval autosave does not run, even if it is stored as on.
     m_views.tools().showOption(Option::Autosave, m_application.autosaveOn);
 }
 
@@ -215,7 +215,7 @@ void StoredSettings::cleanOldSettings()
 {
     constexpr std::string_view older[] = {"kevraed", "kevra28"};
     constexpr std::string_view sections[] = {optionsSection, windowsSection};
-    // A section that is written to exists for certain, so deleting it cannot fail.
+    // Writing to a section makes it exist, so that deleting it cannot fail.
     for (const auto app : older)
         for (const auto section : sections)
             m_store.saveSetting(app, section, "cleaner", "x");

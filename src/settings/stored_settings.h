@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reads every stored option with its default into the program's state and onto the controls that show it, and
-// writes back what changes only at the end of the program. The settings dialog writes its options itself.
+// Loads every stored option, or its default, into the program's state and its controls, and saves what is
+// stored only when the program ends. The settings dialog stores its own options.
 #pragma once
 
 #include "desktop/geometry.h"
@@ -27,7 +27,7 @@ public:
 
 enum class WindowState { Normal, Maximised, Minimised };
 
-/// Where a window stands on the screen, in twips.
+/// A window's position and size, in twips.
 class WindowPlacement {
 public:
     virtual ~WindowPlacement() = default;
@@ -35,7 +35,7 @@ public:
     [[nodiscard]] virtual TwipRect normalGeometry() const = 0;
     [[nodiscard]] virtual TwipRect innerArea() const = 0;
     virtual void maximise() = 0;
-    /// Brought onto a screen that exists.
+    /// Moves the window onto an existing screen if necessary.
     virtual void placeNormal(const TwipRect &geometry) = 0;
 };
 
@@ -46,7 +46,7 @@ public:
     virtual void stop() = 0;
 };
 
-/// The parts of the main window that settings touch. The window is created when one of them is first used.
+/// The parts of the main window that settings change. The window is created when one of them is first used.
 class SettingsViews {
 public:
     virtual ~SettingsViews() = default;
@@ -83,7 +83,7 @@ public:
     void savePadGeometry();
     void savePanelType();
     void saveFirstStartDone();
-    /// Removes what two older versions of the program have stored.
+    /// Removes the settings of two older versions of the program.
     void cleanOldSettings();
 
 private:

@@ -13,17 +13,17 @@ TEST(IniText, GivesEveryValueBack)
         {"settings/quotes", R"("quoted")"}, {"settings/lines", "a\r\nb\t\x01\x7f"},
         {"windows/utf8", "na\xC3\xAFve"}, {"windows/sign", "@Size(1 2)"}};
     const auto again = readIni(iniText(values));
-    EXPECT_TRUE(again.whole);
+    EXPECT_TRUE(again.complete);
     EXPECT_EQ(again.values, values);
 }
 
-TEST(IniText, ReadsWhatPeopleWriteAndTellsWhatItCannot)
+TEST(IniText, ReadsHandWrittenFilesAndReportsWhatItCannotRead)
 {
     struct {
         const char *name;
         std::string_view text;
         IniValues values;
-        bool whole = true;
+        bool complete = true;
     } const cases[] = {
         {"nothing", "", {}},
         {"another editor's line ends, mark and blanks", "\xEF\xBB\xBF; mine\r\n[settings]\r\n if1 = no \r\n",
@@ -39,7 +39,7 @@ TEST(IniText, ReadsWhatPeopleWriteAndTellsWhatItCannot)
         SCOPED_TRACE(c.name);
         const auto file = readIni(c.text);
         EXPECT_EQ(file.values, c.values);
-        EXPECT_EQ(file.whole, c.whole);
+        EXPECT_EQ(file.complete, c.complete);
     }
 }
 

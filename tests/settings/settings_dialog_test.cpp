@@ -36,7 +36,7 @@ protected:
         box.setCurrentIndex(box.findText(text));
         click(button);
     }
-    /// Makes a program that leaves a file behind, and gives its path.
+    /// Creates a program that creates the file `left`; returns its path.
     std::string tool(const char *name, const char *left)
     {
         put(name, "#!/bin/sh\ntouch '" + folder.filePath(left).toUtf8() + "'\n");

@@ -22,11 +22,11 @@ public:
     std::vector<std::string> done;
 };
 
-/// The settings with everything around them in memory; at first nothing was ever stored.
+/// The settings commands with everything around them in memory; the store starts empty.
 struct SettingsFixture {
     SettingsFixture() { load(); }
 
-    /// What a start of the program reads.
+    /// Loads all settings, as at the start of the program.
     void load()
     {
         using Load = void (StoredSettings::*)();

@@ -54,22 +54,22 @@ TEST(SettingsStore, ADamagedFileIsKeptAside)
     EXPECT_EQ(SettingsStoreQt().getSetting("damaged", "settings", "ifcolor", "none"), "no");
 }
 
-/// Files can grow to `bytes` only, as on a disk with that much room left.
-class RoomForFiles {
+/// Limits file sizes to `bytes`, like a nearly full disk.
+class FileSizeLimit {
 public:
-    explicit RoomForFiles(rlim_t bytes)
+    explicit FileSizeLimit(rlim_t bytes)
     {
         getrlimit(RLIMIT_FSIZE, &m_before);
         const rlimit limit{bytes, m_before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~RoomForFiles()
+    ~FileSizeLimit()
     {
         setrlimit(RLIMIT_FSIZE, &m_before);
         std::signal(SIGXFSZ, m_handler);
     }
-    RoomForFiles(const RoomForFiles &) = delete;
-    RoomForFiles &operator=(const RoomForFiles &) = delete;
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
 
 private:
     rlimit m_before{};
@@ -83,7 +83,7 @@ TEST(SettingsStore, AFullDiskLeavesTheFileAndLosesNothing)
     store.saveSetting("full", "settings", "long", std::string(1000, 'x'));
     const auto before = contents(path);
     {
-        const RoomForFiles room(before.size()); // enough for the lock that is taken
+        const FileSizeLimit room(before.size()); // enough for the lock file
         store.saveSetting("full", "settings", "ifif", "no");
         EXPECT_TRUE(contents(path) == before) << "not one byte less";
         EXPECT_EQ(store.getSetting("full", "settings", "ifif", "none"), "no");
