@@ -24,10 +24,10 @@ private:
 
 } // namespace
 
-std::optional<FindRequest> FindCommands::soundRequest()
+std::optional<FindRequest> FindCommands::usableRequest()
 {
     auto request = m_view.entered();
-    if (!hasText(request, m_messages) || !isSound(HitFinder(request), m_messages))
+    if (!hasText(request, m_messages) || !isUsable(HitFinder(request), m_messages))
         return std::nullopt;
     return request;
 }
@@ -37,17 +37,17 @@ void FindCommands::show(const FindRequest &request, TextRange hit)
     m_document.Select(hit);
     m_view.hitSelected();
     m_lastHit = hit.start;
-    m_missed = false;
-    // Hits of a text may overlap.
+    m_reachedEnd = false;
+    // Hits of plain text may overlap.
     m_nextStart = request.pattern == Pattern::Text ? hit.start + 1 : hit.end;
 }
 
 void FindCommands::findFirst()
 {
-    const auto request = soundRequest();
+    const auto request = usableRequest();
     if (!request)
         return;
-    m_view.showRound({});
+    m_view.showWrapped({});
     const auto hit = HitFinder(*request).first(m_document.Text(), 0);
     if (!hit)
         return m_messages.inform("No occurences.");
@@ -56,44 +56,44 @@ void FindCommands::findFirst()
 
 void FindCommands::findNext()
 {
-    const auto request = soundRequest();
+    const auto request = usableRequest();
     if (!request)
         return;
-    const bool round = m_missed && m_nextStart == 0;
+    const bool wrapped = m_reachedEnd && m_nextStart == 0;
     if (const auto hit = HitFinder(*request).first(m_document.Text(), m_nextStart)) {
         show(*request, *hit);
-        return m_view.showRound(round ? "The search has gone on from the top." : "");
+        return m_view.showWrapped(wrapped ? "The search continued from the top." : "");
     }
     // The next search starts again from the top.
     m_nextStart = 0;
     m_lastHit.reset();
-    m_missed = true;
-    m_view.showRound({});
+    m_reachedEnd = true;
+    m_view.showWrapped({});
     m_messages.inform("No more occurences.");
 }
 
 void FindCommands::findPrevious()
 {
-    const auto request = soundRequest();
+    const auto request = usableRequest();
     if (!request)
         return;
-    const bool round = m_missed && !m_lastHit;
+    const bool wrapped = m_reachedEnd && !m_lastHit;
     const auto text = m_document.Text();
     if (const auto hit = HitFinder(*request).last(text, m_lastHit.value_or(std::ssize(text)))) {
         show(*request, *hit);
-        return m_view.showRound(round ? "The search has gone on from the end." : "");
+        return m_view.showWrapped(wrapped ? "The search continued from the end." : "");
     }
     m_lastHit.reset();
     m_nextStart = 0;
-    m_missed = true;
-    m_view.showRound({});
+    m_reachedEnd = true;
+    m_view.showWrapped({});
     m_messages.inform("No more occurences.");
 }
 
 bool FindCommands::replaceSelection(const FindRequest &request)
 {
     const HitFinder finder(request);
-    if (!isSound(finder, m_messages))
+    if (!isUsable(finder, m_messages))
         return false;
     if (request.replacement.empty() && !m_messages.yes("No text entered. Delete \"" + request.text + "\"?"))
         return false;
@@ -111,7 +111,7 @@ void FindCommands::replaceOne()
 
 void FindCommands::replaceAndFind()
 {
-    const auto request = soundRequest();
+    const auto request = usableRequest();
     if (!request)
         return;
     if (!m_document.Selection().empty()) {
@@ -126,7 +126,7 @@ void FindCommands::replaceAll()
 {
     const auto request = m_view.entered();
     const HitFinder finder(request);
-    if (!canReplaceAll(request, m_messages) || !isSound(finder, m_messages)
+    if (!canReplaceAll(request, m_messages) || !isUsable(finder, m_messages)
         || !wantsReplaceAll(request, m_messages))
         return;
     const Hourglass hourglass(m_document);
@@ -135,7 +135,7 @@ void FindCommands::replaceAll()
     const auto result = finder.replacedAll(m_document.Text());
     const auto *replaced = std::get_if<Replacement>(&result);
     if (!replaced)
-        return refuseEndless(m_messages);
+        return reportEndless(m_messages);
     if (replaced->count > 0)
         replace(replaced->range, replaced->text);
     m_view.showReplaced(replaced->count);
@@ -145,7 +145,7 @@ void FindCommands::replace(TextRange range, std::string_view text)
 {
     m_document.Replace(range, text);
     if (m_document.Length() > 0)
-        m_state.unsaved = true; // an empty text has nothing that could be lost
+        m_state.unsaved = true; // an empty text cannot be lost
     const auto caret = m_document.Selection();
     recolourInserted(m_document, {range.start, range.start + std::ssize(text)}, m_state);
     m_document.Select(caret);
@@ -153,7 +153,7 @@ void FindCommands::replace(TextRange range, std::string_view text)
 
 void FindCommands::countOccurrences()
 {
-    const auto request = soundRequest();
+    const auto request = usableRequest();
     if (!request)
         return;
     const Hourglass hourglass(m_document);

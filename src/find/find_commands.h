@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Find and replace in the document: where a search starts, which message a miss has, what is asked before
-// text goes. The dialog gives what was entered and shows the outcome.
+// Find and replace in the document: where a search starts, its messages, and the question before text is
+// deleted. The dialog supplies the input and shows the outcome.
 #pragma once
 
 #include "editor/document_state.h"
@@ -17,11 +17,11 @@ public:
     virtual ~FindView() = default;
     [[nodiscard]] virtual FindRequest entered() const = 0;
     virtual void showCount(Offset count) = 0;
-    /// A hit has just been selected; it must not stay hidden behind the dialog.
+    /// A hit was selected; the dialog must not cover it.
     virtual void hitSelected() = 0;
     virtual void showReplaced(Offset count) = 0;
-    /// Empty, or that the search has gone round.
-    virtual void showRound(std::string_view text) = 0;
+    /// A note that the search wrapped around; empty clears it.
+    virtual void showWrapped(std::string_view text) = 0;
 };
 
 class FindCommands {
@@ -36,18 +36,18 @@ public:
 
     void findFirst();
     void findNext();
-    /// Back from the last hit; after a miss from the end.
+    /// Searches backwards from the last hit, or from the end after a miss.
     void findPrevious();
-    /// Replaces whatever is selected, found or not.
+    /// Replaces the selection, even if no search found it.
     void replaceOne();
-    /// The same, if there is something selected, and goes on to the next hit behind it.
+    /// The same if there is a selection, then finds the next hit after it.
     void replaceAndFind();
     void replaceAll();
     void countOccurrences();
 
 private:
-    [[nodiscard]] std::optional<FindRequest> soundRequest();
-    /// False when the user does not want it.
+    [[nodiscard]] std::optional<FindRequest> usableRequest();
+    /// False when the expression is invalid or the user declined.
     bool replaceSelection(const FindRequest &request);
     void show(const FindRequest &request, TextRange hit);
     void replace(TextRange range, std::string_view text);
@@ -58,7 +58,7 @@ private:
     FindView &m_view;
     Offset m_nextStart = 0;
     std::optional<Offset> m_lastHit;
-    bool m_missed = false; ///< the last search in one direction came to the end of the text
+    bool m_reachedEnd = false; ///< the last search reached the end of the text
 };
 
 } // namespace kevra

@@ -23,7 +23,7 @@ struct FindButton {
     bool edits;
 };
 
-constexpr std::size_t longestSuggestion = 200; ///< bytes
+constexpr std::size_t maxSuggestionBytes = 200;
 
 constexpr FindButton buttons[] = {
     {"bfind", "FIND", "Find the first occurence in the text (Return)", &FindCommands::findFirst, 1, false},
@@ -138,12 +138,12 @@ std::optional<FindRequest> FindDialog::shownRequest() const
 void FindDialog::suggest(std::string_view text)
 {
     const bool oneLine = text.find_first_of("\r\n") == std::string_view::npos;
-    if (!text.empty() && oneLine && text.size() <= longestSuggestion)
+    if (!text.empty() && oneLine && text.size() <= maxSuggestionBytes)
         m_text->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     m_text->selectAll();
 }
 
-void FindDialog::showRound(std::string_view text)
+void FindDialog::showWrapped(std::string_view text)
 {
     m_outcome->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     m_tell(text);

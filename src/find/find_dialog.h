@@ -15,7 +15,7 @@ class QLineEdit;
 
 namespace kevra {
 
-/// The dialog `ffind`, not modal. Return finds, F3 finds the next, Escape hides.
+/// The dialog `ffind`, modeless. Return finds, F3 finds the next hit, Escape hides the dialog.
 class FindDialog : public QDialog, private FindView {
     Q_OBJECT
 
@@ -23,22 +23,22 @@ public:
     FindDialog(EditorSurface &document, DocumentState &state, Messages &messages, QWidget *parent = nullptr);
 
     [[nodiscard]] FindCommands &commands() { return m_commands; }
-    /// Called with each hit selected, before its place is asked for.
+    /// Called after each hit is selected, before its place on the screen is requested.
     void setReveal(std::function<void()> reveal) { m_reveal = std::move(reveal); }
-    /// Where the selection is on the screen.
+    /// Returns the selection's rectangle on the screen.
     void setHitPlace(std::function<QRect()> place) { m_hitPlace = std::move(place); }
-    /// Whether the document may be changed now; it always may when this is not set.
+    /// Returns whether the document may be changed; unset, it always may.
     void setMayEdit(std::function<bool()> mayEdit) { m_mayEdit = std::move(mayEdit); }
 
-    /// Where it is said that a search has gone round.
+    /// Receives the note that a search wrapped around.
     void setTell(std::function<void(std::string_view)> tell) { m_tell = std::move(tell); }
-    /// Looks for `text` next, unless that is no word or words of one line.
+    /// Proposes `text` as the search string if it is short and on one line.
     void suggest(std::string_view text);
-    /// What its boxes say, while it is open.
+    /// The current entries, while the dialog is open.
     [[nodiscard]] std::optional<FindRequest> shownRequest() const;
 
 signals:
-    /// What shownRequest() answers.
+    /// The result of shownRequest() may have changed.
     void requestChanged();
 
 protected:
@@ -50,7 +50,7 @@ private:
     void showCount(Offset count) override;
     void hitSelected() override;
     void showReplaced(Offset count) override;
-    void showRound(std::string_view text) override;
+    void showWrapped(std::string_view text) override;
     void createBoxes();
     void createButtons();
     void layOut();

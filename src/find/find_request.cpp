@@ -29,14 +29,14 @@ bool wantsReplaceAll(const FindRequest &request, Messages &messages)
         || messages.yes("No text entered. Delete all instances of \"" + request.text + "\"?");
 }
 
-bool isSound(const HitFinder &finder, Messages &messages)
+bool isUsable(const HitFinder &finder, Messages &messages)
 {
     if (!finder.fault().empty())
         messages.stop("The regular expression cannot be used: " + finder.fault());
     return finder.fault().empty();
 }
 
-void refuseEndless(Messages &messages)
+void reportEndless(Messages &messages)
 {
     messages.stop("The file is too big to process further.");
 }

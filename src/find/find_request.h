@@ -8,7 +8,7 @@
 
 namespace kevra {
 
-/// How what was entered is meant: as it stands, or as a regular expression.
+/// Whether the search string is plain text or a regular expression.
 enum class Pattern { Text, Expression };
 
 /// What the user has entered, UTF-8.
@@ -25,14 +25,14 @@ struct FindRequest {
 
 class HitFinder;
 
-/// False, after a message, when nothing was entered to be found.
+/// False, after a message, when the search string is empty.
 [[nodiscard]] bool hasText(const FindRequest &request, Messages &messages);
-/// False, after a message, when replacing everything makes no sense.
+/// False, after a message, when the search string is empty or equals the replacement.
 [[nodiscard]] bool canReplaceAll(const FindRequest &request, Messages &messages);
-/// Asks before everything is deleted; true without a question when there is a replacement.
+/// Asks before deleting all hits; true without a question when there is a replacement.
 [[nodiscard]] bool wantsReplaceAll(const FindRequest &request, Messages &messages);
-/// False, after a message, when the expression is faulty.
-[[nodiscard]] bool isSound(const HitFinder &finder, Messages &messages);
-void refuseEndless(Messages &messages);
+/// False, after a message, when the expression is invalid.
+[[nodiscard]] bool isUsable(const HitFinder &finder, Messages &messages);
+void reportEndless(Messages &messages);
 
 } // namespace kevra

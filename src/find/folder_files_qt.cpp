@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t entriesBetweenQuestions = 256;
 
-/// Fits what any of the patterns fits, and everything when there are none.
+/// Matches names that match any of the patterns; all names when there are none.
 QRegularExpression anyOf(std::string_view patterns)
 {
     QStringList alternatives;
@@ -40,7 +40,7 @@ std::optional<std::vector<std::string>> filesInFolder(const std::string &folder,
     std::vector<std::string> files;
     std::error_code error;
     std::size_t entries = 0;
-    // Folders too are counted, so that the question is asked also where there is no file for long.
+    // Folders count too, so that the user can also cancel where there are few files.
     for (fs::recursive_directory_iterator it(folder, fs::directory_options::skip_permission_denied, error),
          end;
          it != end; it.increment(error)) {

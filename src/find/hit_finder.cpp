@@ -10,7 +10,7 @@
 namespace kevra {
 namespace {
 
-constexpr Offset backwardStep = 1 << 16; ///< bytes looked through at once
+constexpr Offset backwardStep = 1 << 16; ///< bytes searched at once
 
 std::string replaced(std::string_view text, std::string_view what, std::string_view by)
 {
@@ -25,10 +25,10 @@ std::string replaced(std::string_view text, std::string_view what, std::string_v
     return out;
 }
 
-/// A part of the text with the line breaks an expression knows: one character each.
+/// Part of the text, with line breaks of one character as the expressions expect them.
 class PlainLines {
 public:
-    /// From the start of the line of `from`, so that a search at `from` sees what is before it.
+    /// Starts at the beginning of the line with `from`, so that a search there sees its context.
     PlainLines(std::string_view text, Offset from)
     {
         const auto lineBreak = text.substr(0, static_cast<std::size_t>(from)).rfind('\n');
@@ -45,11 +45,11 @@ public:
     }
 
     [[nodiscard]] const std::string &text() const { return m_text; }
-    [[nodiscard]] std::size_t inside(Offset original) const
+    [[nodiscard]] std::size_t toPlain(Offset original) const
     {
         return static_cast<std::size_t>(original - m_base);
     }
-    [[nodiscard]] Offset original(const char *place) const
+    [[nodiscard]] Offset toOriginal(const char *place) const
     {
         const auto at = place - m_text.data();
         return m_base + at + (std::ranges::lower_bound(m_breaks, at) - m_breaks.begin());
@@ -58,7 +58,7 @@ public:
 private:
     Offset m_base = 0;
     std::string m_text;
-    std::vector<Offset> m_breaks; ///< where each "\n" stands for two characters
+    std::vector<Offset> m_breaks; ///< where each "\n" replaces two characters
 };
 
 re2::StringPiece piece(std::string_view text)
@@ -76,7 +76,7 @@ RE2::Options optionsOf(const FindRequest &request)
 
 } // namespace
 
-/// "^" and "$" are the ends of lines.
+/// "^" and "$" match at line ends.
 class HitFinder::Expression {
 public:
     explicit Expression(const FindRequest &request)
@@ -93,30 +93,30 @@ public:
         std::string error;
         if (m_pattern.ok())
             m_pattern.CheckRewriteString(piece(m_rewrite), &error);
-        else // in words about what was entered, without the prefix
+        else // without the prefix, so that the message quotes only what was entered
             error = RE2(m_entered, m_pattern.options()).error();
         return error.empty() ? m_pattern.error() : error;
     }
 
-    /// Calls `take` with each hit and its replacement until it returns false.
-    template <typename Take> void each(std::string_view text, Offset from, Take take)
+    /// Calls `take` with each hit until it returns false; replacement() then refers to that hit.
+    template <typename Take> void forEachHit(std::string_view text, Offset from, Take take)
     {
         const PlainLines lines(text, from);
         const auto &subject = lines.text();
-        for (auto at = lines.inside(from); at <= subject.size();) {
+        for (auto at = lines.toPlain(from); at <= subject.size();) {
             if (!m_pattern.Match(piece(subject), at, subject.size(), RE2::UNANCHORED, m_groups.data(),
                     static_cast<int>(m_groups.size())))
                 return;
             const auto &hit = m_groups.front();
-            const TextRange range{lines.original(hit.begin()), lines.original(hit.end())};
-            const auto behind = static_cast<std::size_t>(hit.end() - subject.data());
+            const TextRange range{lines.toOriginal(hit.begin()), lines.toOriginal(hit.end())};
+            const auto afterHit = static_cast<std::size_t>(hit.end() - subject.data());
             if (!hit.empty() && fits(text, range) && !take(range))
                 return;
-            at = hit.empty() ? behind + 1 : behind;
+            at = hit.empty() ? afterHit + 1 : afterHit;
         }
     }
 
-    /// Of the hit that was taken last.
+    /// The replacement for the hit passed last.
     [[nodiscard]] std::string replacement() const
     {
         std::string out;
@@ -155,7 +155,7 @@ std::optional<TextRange> HitFinder::first(std::string_view text, Offset from) co
     if (!m_fault.empty() || from > std::ssize(text))
         return found;
     if (m_expression)
-        m_expression->each(text, from, [&](TextRange hit) {
+        m_expression->forEachHit(text, from, [&](TextRange hit) {
             found = hit;
             return false;
         });
@@ -170,7 +170,7 @@ std::optional<TextRange> HitFinder::last(std::string_view text, Offset before) c
     if (!m_fault.empty())
         return found;
     if (m_expression) {
-        m_expression->each(text, 0, [&](TextRange hit) {
+        m_expression->forEachHit(text, 0, [&](TextRange hit) {
             if (hit.start < before)
                 found = hit;
             return hit.start < before;
@@ -193,7 +193,7 @@ std::vector<TextRange> HitFinder::all(std::string_view text) const
 {
     std::vector<TextRange> hits;
     if (m_expression && m_fault.empty())
-        m_expression->each(text, 0, [&](TextRange hit) {
+        m_expression->forEachHit(text, 0, [&](TextRange hit) {
             hits.push_back(hit);
             return true;
         });
@@ -208,7 +208,7 @@ std::string HitFinder::replacementOf(std::string_view text, TextRange part) cons
     auto out = m_request.replacement;
     if (!m_expression || !m_fault.empty())
         return out;
-    m_expression->each(text, part.start, [&](TextRange hit) {
+    m_expression->forEachHit(text, part.start, [&](TextRange hit) {
         if (hit == part)
             out = m_expression->replacement();
         return false;
@@ -223,16 +223,16 @@ std::variant<Replacement, Endless> HitFinder::replacedAll(std::string_view text)
     Replacement made;
     if (!m_fault.empty())
         return made;
-    m_expression->each(text, 0, [&](TextRange hit) {
+    m_expression->forEachHit(text, 0, [&](TextRange hit) {
         if (made.count++ == 0)
             made.range = {hit.start, hit.start};
         made.text += text.substr(
             static_cast<std::size_t>(made.range.end), static_cast<std::size_t>(hit.start - made.range.end));
         made.text += m_expression->replacement();
         made.range.end = hit.end;
-        return std::ssize(made.text) <= longestResult;
+        return std::ssize(made.text) <= maxResultBytes;
     });
-    if (std::ssize(made.text) > longestResult)
+    if (std::ssize(made.text) > maxResultBytes)
         return Endless::NeverEnds;
     return made;
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the text of a request, or its regular expression, is in a text. Always in time proportional to the
-// text, whatever the expression.
+// Finds a request's text or regular expression in a text. Any expression takes time proportional to the text.
 #pragma once
 
 #include "find/find_request.h"
@@ -22,15 +21,16 @@ public:
     HitFinder(const HitFinder &) = delete;
     HitFinder &operator=(const HitFinder &) = delete;
 
-    /// What is wrong with the expression or its replacement; empty when nothing is. A faulty one has no hits.
+    /// The error in the expression or its replacement; empty if there is none. An invalid expression has no
+    /// hits.
     [[nodiscard]] const std::string &fault() const { return m_fault; }
-    /// The first hit that starts at `from` or behind it. A hit of an expression is never empty.
+    /// The first hit that starts at or after `from`. Empty matches of an expression are skipped.
     [[nodiscard]] std::optional<TextRange> first(std::string_view text, Offset from) const;
     /// The last hit that starts before `before`.
     [[nodiscard]] std::optional<TextRange> last(std::string_view text, Offset before) const;
-    /// Hits that do not overlap, from the start.
+    /// All hits from the start, without overlaps.
     [[nodiscard]] std::vector<TextRange> all(std::string_view text) const;
-    /// What takes the place of a part of the text; groups count where that part is a hit of the expression.
+    /// The replacement for a part of the text; groups are expanded if that part is a hit of the expression.
     [[nodiscard]] std::string replacementOf(std::string_view text, TextRange part) const;
     [[nodiscard]] std::variant<Replacement, Endless> replacedAll(std::string_view text) const;
 
@@ -39,7 +39,7 @@ private:
 
     FindRequest m_request;
     Finder m_finder;
-    std::unique_ptr<Expression> m_expression; ///< null where the text is looked for as it stands
+    std::unique_ptr<Expression> m_expression; ///< null for plain text
     std::string m_fault;
 };
 

@@ -10,16 +10,16 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr unsigned long indicator = 20; ///< of those a program may use, none that the control itself does
+constexpr unsigned long indicator = 20; ///< in the range for applications and not used by the control
 constexpr long amber = 0x30B0FF; ///< blue in the high byte
 constexpr long fillAlpha = 90;
 constexpr long outlineAlpha = 200;
 
 } // namespace
 
-HitMarks::HitMarks(EditorControl &document, std::function<std::optional<FindRequest>()> wanted)
+HitMarks::HitMarks(EditorControl &document, std::function<std::optional<FindRequest>()> currentRequest)
     : MarksInView(document, {indicator})
-    , m_wanted(std::move(wanted))
+    , m_currentRequest(std::move(currentRequest))
 {
     document.SendScintilla(Sci::SCI_INDICSETSTYLE, indicator, static_cast<long>(Sci::INDIC_STRAIGHTBOX));
     document.SendScintilla(Sci::SCI_INDICSETFORE, indicator, amber);
@@ -31,7 +31,7 @@ HitMarks::HitMarks(EditorControl &document, std::function<std::optional<FindRequ
 std::vector<MarksInView::Mark> HitMarks::marksIn(TextRange view) const
 {
     std::vector<Mark> marks;
-    const auto request = m_wanted();
+    const auto request = m_currentRequest();
     if (!request || request->text.empty())
         return marks;
     const std::string text(document().Text(view));

@@ -228,17 +228,17 @@ void MultiDialog::showUndo(bool possible)
     m_undoPossible = possible;
 }
 
-bool MultiDialog::letsGoOn()
+bool MultiDialog::processEvents()
 {
     QCoreApplication::processEvents();
-    return !m_cancelled && isVisible(); // the end of the program takes it off the screen
+    return !m_cancelled && isVisible(); // hidden when the program quits
 }
 
 bool MultiDialog::shouldContinue(std::size_t done, std::size_t total)
 {
     m_progress->setRange(0, static_cast<int>(total));
     m_progress->setValue(static_cast<int>(done));
-    return letsGoOn();
+    return processEvents();
 }
 
 void MultiDialog::showSummary(const std::string &text)
@@ -257,11 +257,11 @@ void MultiDialog::addFolder()
         add({*folder});
 }
 
-bool MultiDialog::looksOn(std::size_t found)
+bool MultiDialog::continueListing(std::size_t found)
 {
-    m_progress->setRange(0, 0); // how many there will be is not known
+    m_progress->setRange(0, 0); // the total is not known
     m_summary->setText(QString("%1 files found...").arg(found));
-    return letsGoOn();
+    return processEvents();
 }
 
 void MultiDialog::add(const std::vector<std::string> &paths)
@@ -276,7 +276,7 @@ void MultiDialog::add(const std::vector<std::string> &paths)
             const auto before = all.size();
             const auto inside = filesInFolder(path, m_patterns->text().toStdString(),
                 m_everyFolder->isChecked() ? Folders::Every : Folders::WithoutTools,
-                [&](std::size_t found) { return looksOn(before + found); });
+                [&](std::size_t found) { return continueListing(before + found); });
             if (!inside)
                 break;
             all.insert(all.end(), inside->begin(), inside->end());
@@ -302,7 +302,7 @@ void MultiDialog::dragEnterEvent(QDragEnterEvent *event)
 {
     if (m_running || !event->mimeData()->hasUrls())
         return;
-    // Never a move: the program they come from would remove the files.
+    // Never a move: the source program would delete the files.
     event->setDropAction(Qt::CopyAction);
     event->accept();
 }
@@ -317,13 +317,13 @@ void MultiDialog::dropEvent(QDropEvent *event)
             paths.push_back(pathBytes(url.toLocalFile()));
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    // Later, so that the program they come from does not wait while a folder is looked through.
+    // Deferred, so that the source program does not wait while a folder is searched.
     QTimer::singleShot(0, this, [this, paths] { add(paths); });
 }
 
 void MultiDialog::reject()
 {
-    // Escape and the frame's close button stop what runs first.
+    // While something runs, Escape and the close button cancel it instead.
     if (m_running)
         m_cancelled = true;
     else

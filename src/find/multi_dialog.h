@@ -17,7 +17,8 @@ class QTreeWidget;
 
 namespace kevra {
 
-/// The dialog `fmulti`, not modal: which files, what, and what came of it. Files and folders can be dropped.
+/// The dialog `fmulti`, modeless: the files, the request and the results. Files and folders can be dropped on
+/// it.
 class MultiDialog : public QDialog, private MultiView {
     Q_OBJECT
 
@@ -28,7 +29,7 @@ public:
     [[nodiscard]] MultiReplace &commands() { return m_commands; }
 
 signals:
-    /// A line, from 1, of a file in the list is to be shown in the editor.
+    /// The user wants to see a line, from 1, of a listed file in the editor.
     void lineChosen(const QString &path, qint64 line);
 
 protected:
@@ -48,13 +49,13 @@ private:
     void layOut();
     void addFiles();
     void addFolder();
-    /// Folders stand for the files in them that fit the pattern.
+    /// Folders are replaced by their files that match the pattern.
     void add(const std::vector<std::string> &paths);
-    bool looksOn(std::size_t found);
-    /// False when what runs is to stop.
-    bool letsGoOn();
+    bool continueListing(std::size_t found);
+    /// Processes pending events. False when the running operation should stop.
+    bool processEvents();
     void removeSelected();
-    /// Nothing but the button that cancels can be used meanwhile.
+    /// Runs `work` with every button and entry but Cancel disabled.
     void run(const std::function<void()> &work);
     QPushButton *button(const char *name, const char *caption, const char *tip);
 

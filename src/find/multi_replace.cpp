@@ -16,8 +16,8 @@ namespace kevra {
 namespace {
 
 constexpr int maxBackups = 1000;
-constexpr std::size_t mostLines = 200; ///< of one file
-constexpr std::size_t longestLine = 200; ///< bytes
+constexpr std::size_t maxLines = 200; ///< of one file
+constexpr std::size_t maxLineBytes = 200;
 
 struct OutcomeText {
     FileOutcome outcome;
@@ -26,17 +26,17 @@ struct OutcomeText {
 
 constexpr std::array outcomeTexts{
     OutcomeText{FileOutcome::Replaced, "replaced"},
-    OutcomeText{FileOutcome::ReplacedForGood, "replaced, and cannot be put back"},
+    OutcomeText{FileOutcome::ReplacedWithoutUndo, "replaced, and cannot be put back"},
     OutcomeText{FileOutcome::PutBack, "put back"},
     OutcomeText{FileOutcome::Unreadable, "cannot be read"},
-    OutcomeText{FileOutcome::Binary, "is no text"},
+    OutcomeText{FileOutcome::Binary, "is not a text file"},
     OutcomeText{FileOutcome::Endless, "is too big to process further"},
     OutcomeText{FileOutcome::Gone, "is no longer there"},
     OutcomeText{FileOutcome::Changed, "has changed in the meantime"},
     OutcomeText{FileOutcome::UnsavedInEditor, "has unsaved changes in the editor"},
     OutcomeText{FileOutcome::EncodingTooSmall, "its encoding cannot hold the replacement"},
     OutcomeText{FileOutcome::BackupFailed, "the backup could not be written"},
-    OutcomeText{FileOutcome::NotAFile, "is no file"},
+    OutcomeText{FileOutcome::NotAFile, "is not a regular file"},
     OutcomeText{FileOutcome::Denied, "is write-protected"},
     OutcomeText{FileOutcome::DiskFull, "the disk is full"},
     OutcomeText{FileOutcome::WriteFailed, "could not be written"},
@@ -70,7 +70,7 @@ std::string counted(Offset number, std::string_view thing)
     return std::to_string(number) + " " + std::string(thing) + (number == 1 ? "" : "s");
 }
 
-/// A file as it is and as it would be.
+/// A file's content and its planned replacement.
 struct Change {
     std::string bytes;
     DecodedFile decoded;
@@ -92,10 +92,10 @@ std::variant<Change, FileOutcome> changeOf(
     return Change{std::move(*bytes), std::move(decoded), std::get<Replacement>(std::move(result))};
 }
 
-/// A beginning that ends between two characters.
+/// The beginning of the line, cut at a character boundary.
 std::string shortened(std::string_view line)
 {
-    auto end = std::min(line.size(), longestLine);
+    auto end = std::min(line.size(), maxLineBytes);
     while (end < line.size() && end > 0 && (line[end] & 0xC0) == 0x80)
         --end;
     return std::string(line.substr(0, end));
@@ -114,7 +114,7 @@ std::vector<HitLine> linesOf(std::string_view text, const std::vector<TextRange>
         }
         if (!lines.empty() && lines.back().number == number)
             continue;
-        if (lines.size() == mostLines)
+        if (lines.size() == maxLines)
             break;
         lines.push_back({number, shortened(text.substr(lineStart, text.find('\r', lineStart) - lineStart))});
     }
@@ -171,18 +171,18 @@ void MultiReplace::clearFiles()
 
 bool MultiReplace::canStart(const MultiRequest &request)
 {
-    if (!hasText(request.find, m_messages) || !isSound(HitFinder(request.find), m_messages))
+    if (!hasText(request.find, m_messages) || !isUsable(HitFinder(request.find), m_messages))
         return false;
     if (m_files.empty())
         m_messages.stop("No files have been chosen.");
     return !m_files.empty();
 }
 
-void MultiReplace::lookAt(ListedFile &file, const FindRequest &request) const
+void MultiReplace::examine(ListedFile &file, const FindRequest &request) const
 {
     file.hits = 0;
     file.lines.clear();
-    // Before the reading: a change in between is noticed at the writing.
+    // Taken before reading, so that a change in between is noticed when writing.
     file.stamp = m_store.stamp(file.path);
     if (!file.stamp) {
         file.outcome = FileOutcome::Gone;
@@ -204,7 +204,7 @@ void MultiReplace::lookAt(ListedFile &file, const FindRequest &request) const
         file.lines = linesOf(text, HitFinder(request).all(text));
 }
 
-void MultiReplace::tellUnsaved() const
+void MultiReplace::reportUnsaved() const
 {
     for (const auto &file : m_files)
         if (file.outcome == FileOutcome::UnsavedInEditor)
@@ -212,7 +212,7 @@ void MultiReplace::tellUnsaved() const
                 + "\" is open in the editor and has unsaved changes. Save it before replacing in it.");
 }
 
-void MultiReplace::look(const MultiRequest &request)
+void MultiReplace::examineAll(const MultiRequest &request)
 {
     m_previewed.reset();
     Offset hits = 0;
@@ -223,7 +223,7 @@ void MultiReplace::look(const MultiRequest &request)
         if (!m_view.shouldContinue(i, m_files.size()))
             return m_view.showSummary("Cancelled. Nothing has been written.");
         auto &file = m_files[i];
-        lookAt(file, request.find);
+        examine(file, request.find);
         m_view.showFile(i, file);
         hits += file.hits;
         files += file.hits > 0;
@@ -234,17 +234,17 @@ void MultiReplace::look(const MultiRequest &request)
     m_previewed = request;
     m_view.showSummary(counted(hits, "hit") + " in " + counted(files, "file") + ", "
         + counted(skipped, "file") + " left out. Nothing has been written yet."
-        + (std::cmp_greater(bytes, m_room)
+        + (std::cmp_greater(bytes, m_maxUndoBytes)
                 ? " Not every file of this size can be put back: Keep a backup keeps them."
                 : ""));
-    tellUnsaved();
+    reportUnsaved();
 }
 
 void MultiReplace::preview()
 {
     const auto request = m_view.entered();
     if (canStart(request))
-        look(request);
+        examineAll(request);
 }
 
 bool MultiReplace::keepBackup(const std::string &path, std::string_view bytes)
@@ -283,12 +283,12 @@ void MultiReplace::replaceIn(ListedFile &file, const MultiRequest &request)
     file.outcome = outcomeOf(m_store.write(file.path, encoded.bytes));
     if (file.outcome != FileOutcome::Replaced)
         return;
-    if (!keepOld(file.path, change.bytes, encoded.bytes))
-        file.outcome = FileOutcome::ReplacedForGood;
+    if (!keepForUndo(file.path, change.bytes, encoded.bytes))
+        file.outcome = FileOutcome::ReplacedWithoutUndo;
     m_open.fileWritten(file.path);
 }
 
-bool MultiReplace::keepOld(const std::string &path, std::string_view before, std::string_view after)
+bool MultiReplace::keepForUndo(const std::string &path, std::string_view before, std::string_view after)
 {
     const auto start = static_cast<std::size_t>(std::ranges::mismatch(before, after).in1 - before.begin());
     std::size_t same = 0;
@@ -296,10 +296,11 @@ bool MultiReplace::keepOld(const std::string &path, std::string_view before, std
         && before[before.size() - same - 1] == after[after.size() - same - 1])
         ++same;
     const auto differing = before.substr(start, before.size() - same - start);
-    if (differing.size() > m_room - m_kept)
+    if (differing.size() > m_maxUndoBytes - m_undoBytes)
         return false;
-    m_kept += differing.size();
-    m_old.push_back({path, m_store.stamp(path), start, after.size() - same - start, std::string(differing)});
+    m_undoBytes += differing.size();
+    m_oldContents.push_back(
+        {path, m_store.stamp(path), start, after.size() - same - start, std::string(differing)});
     return true;
 }
 
@@ -325,8 +326,8 @@ FileOutcome MultiReplace::putBack(const OldContent &old)
 void MultiReplace::undoReplacement()
 {
     Offset done = 0;
-    m_kept = 0;
-    for (const auto &old : std::exchange(m_old, {})) {
+    m_undoBytes = 0;
+    for (const auto &old : std::exchange(m_oldContents, {})) {
         const auto outcome = putBack(old);
         done += outcome == FileOutcome::PutBack;
         const auto listed = std::ranges::find(m_files, old.path, &ListedFile::path);
@@ -335,12 +336,12 @@ void MultiReplace::undoReplacement()
         listed->outcome = outcome;
         m_view.showFile(static_cast<std::size_t>(listed - m_files.begin()), *listed);
         if (outcome == FileOutcome::UnsavedInEditor)
-            m_old.push_back(old);
+            m_oldContents.push_back(old);
     }
     m_previewed.reset();
-    m_view.showUndo(!m_old.empty());
+    m_view.showUndo(!m_oldContents.empty());
     m_view.showSummary(counted(done, "file") + " put back.");
-    tellUnsaved();
+    reportUnsaved();
 }
 
 void MultiReplace::replaceAll()
@@ -349,17 +350,17 @@ void MultiReplace::replaceAll()
     if (!canReplaceAll(request.find, m_messages) || !canStart(request))
         return;
     if (!m_previewed || m_previewed->find != request.find)
-        return look(request);
+        return examineAll(request);
     if (!wantsReplaceAll(request.find, m_messages))
         return;
     m_previewed.reset();
-    m_old.clear();
-    m_kept = 0;
+    m_oldContents.clear();
+    m_undoBytes = 0;
     m_view.showSummary("Replacing...");
     Offset hits = 0;
     Offset files = 0;
     Offset skipped = 0;
-    Offset forGood = 0;
+    Offset withoutUndo = 0;
     bool cancelled = false;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
         cancelled = !m_view.shouldContinue(i, m_files.size());
@@ -370,18 +371,19 @@ void MultiReplace::replaceAll()
             replaceIn(file, request);
         m_view.showFile(i, file);
         const bool kept = file.outcome == FileOutcome::Replaced;
-        const bool replaced = kept || file.outcome == FileOutcome::ReplacedForGood;
-        forGood += replaced && !kept;
+        const bool replaced = kept || file.outcome == FileOutcome::ReplacedWithoutUndo;
+        withoutUndo += replaced && !kept;
         hits += replaced ? file.hits : 0;
         files += replaced;
         skipped += !replaced && file.outcome != FileOutcome::NoHits;
     }
     if (!cancelled)
         m_view.shouldContinue(m_files.size(), m_files.size());
-    m_view.showUndo(!m_old.empty());
+    m_view.showUndo(!m_oldContents.empty());
     m_view.showSummary(std::string(cancelled ? "Cancelled. " : "") + counted(hits, "replacement") + " in "
         + counted(files, "file") + ", " + counted(skipped, "file") + " left out."
-        + (forGood > 0 ? " " + counted(forGood, "file") + " cannot be put back: too much to keep." : ""));
+        + (withoutUndo > 0 ? " " + counted(withoutUndo, "file") + " cannot be put back: too much to keep."
+                           : ""));
 }
 
 } // namespace kevra

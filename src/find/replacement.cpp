@@ -6,7 +6,7 @@
 namespace kevra {
 namespace {
 
-constexpr Offset longestCharacter = 4; ///< bytes of UTF-8
+constexpr Offset maxCharacterBytes = 4; ///< bytes of UTF-8
 
 std::string_view part(std::string_view text, Offset start, Offset end)
 {
@@ -22,7 +22,7 @@ public:
         , m_by(by)
         , m_length(std::ssize(what))
         , m_finder(what, options)
-        , m_looksAtSeam(options.words == Word::Whole || canMeet(what, by))
+        , m_checksSeam(options.words == Word::Whole || canMeet(what, by))
     {
     }
 
@@ -31,21 +31,21 @@ public:
         const auto first = m_finder.first(m_text, {0, std::ssize(m_text)});
         if (!first)
             return Replacement{};
-        // The neighbours of the hit are the neighbours of what takes its place, so its edges are word edges.
+        // The replacement gets the hit's neighbours, so its ends are word boundaries.
         if (m_finder.first(m_by, {0, std::ssize(m_by)}))
             return Endless::NeverEnds;
         m_start = m_next = *first;
-        // Memory that is not needed in the end costs nothing; growing a long result step by step would.
+        // Reserving unused memory is cheap; growing a long result step by step is not.
         m_result.reserve((m_text.size() - static_cast<std::size_t>(m_start)) / 4 * 5);
         put(0, *first + m_length);
         while (replaceNext())
-            if (std::ssize(m_result) > longestResult)
+            if (std::ssize(m_result) > maxResultBytes)
                 return Endless::NeverEnds;
         return Replacement{{m_start, m_next}, std::move(m_result), m_count};
     }
 
 private:
-    /// Whether a hit can begin in the replacement and end in what follows it.
+    /// Whether a hit can begin in the replacement and end in the text after it.
     static bool canMeet(std::string_view what, std::string_view by)
     {
         for (std::size_t n = 1; n <= by.size() && n < what.size(); ++n)
@@ -54,29 +54,29 @@ private:
         return false;
     }
 
-    /// The result up to `at` stays; then comes the replacement, and the old text goes on at `next`.
+    /// Truncates the result at `at` and appends the replacement; the old text continues at `next`.
     void put(Offset at, Offset next)
     {
         m_result.resize(static_cast<std::size_t>(at));
-        m_put = at;
+        m_lastReplacement = at;
         m_result += m_by;
         m_next = next;
         ++m_count;
     }
 
-    bool replaceNext() { return (m_looksAtSeam && replaceAtSeam()) || replaceBehind(); }
+    bool replaceNext() { return (m_checksSeam && replaceAtSeam()) || replaceInRest(); }
 
-    /// A hit that begins in the replacement just put in, or right behind it, whose left neighbour is new.
+    /// Replaces a hit that starts in or directly after the last replacement, where the left context is new.
     bool replaceAtSeam()
     {
         const auto resultEnd = std::ssize(m_result);
-        const auto from = std::max(m_put, resultEnd - m_length + 1);
-        const auto context = std::max<Offset>(from - longestCharacter, 0);
-        // A hit at the very start of the result has its neighbour in the old text.
-        const auto before = part(m_text, m_start - (longestCharacter - (from - context)), m_start);
+        const auto from = std::max(m_lastReplacement, resultEnd - m_length + 1);
+        const auto context = std::max<Offset>(from - maxCharacterBytes, 0);
+        // A hit at the start of the result has its left neighbour in the old text.
+        const auto before = part(m_text, m_start - (maxCharacterBytes - (from - context)), m_start);
         auto seam = std::string(before);
         seam += part(m_result, context, resultEnd);
-        seam += part(m_text, m_next, m_next + m_length + longestCharacter);
+        seam += part(m_text, m_next, m_next + m_length + maxCharacterBytes);
         const auto shift = context - std::ssize(before);
         const auto hit = m_finder.first(seam, {from - shift, resultEnd + m_length - shift});
         if (!hit)
@@ -86,9 +86,9 @@ private:
         return true;
     }
 
-    bool replaceBehind()
+    bool replaceInRest()
     {
-        const auto from = m_looksAtSeam ? m_next + 1 : m_next;
+        const auto from = m_checksSeam ? m_next + 1 : m_next;
         const auto hit = m_finder.first(m_text, {from, std::ssize(m_text)});
         if (!hit)
             return false;
@@ -101,10 +101,10 @@ private:
     std::string_view m_by;
     Offset m_length;
     Finder m_finder;
-    bool m_looksAtSeam;
+    bool m_checksSeam;
     Offset m_start = 0; ///< in the old text, where the result begins
-    Offset m_next = 0; ///< in the old text, what comes behind the result
-    Offset m_put = 0; ///< in the result, where the last replacement begins
+    Offset m_next = 0; ///< in the old text, where the text after the result begins
+    Offset m_lastReplacement = 0; ///< in the result, where the last replacement begins
     std::string m_result;
     Offset m_count = 0;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Replacing and counting as functions of a text. Replacing goes on from the hit itself, so that what was put
-// in takes part in the next hit together with what follows it.
+// Replacing and counting as pure functions. The search continues at the replaced hit, so that a later hit can
+// include replacement text together with the text after it.
 #pragma once
 
 #include "text/find.h"
@@ -12,7 +12,7 @@
 
 namespace kevra {
 
-inline constexpr Offset longestResult = Offset{1} << 30; ///< bytes; the control counts in 32 bits
+inline constexpr Offset maxResultBytes = Offset{1} << 30; ///< bytes; the control counts in 32 bits
 
 /// All the replacements as one edit.
 struct Replacement {
@@ -23,12 +23,11 @@ struct Replacement {
 
 enum class Endless { NeverEnds };
 
-/// Endless when the first hit would leave another one wholly inside what was put in, or when the result
-/// outgrows what a document can hold.
+/// Endless when the replacement itself contains a hit, or when the result is larger than a document can be.
 [[nodiscard]] std::variant<Replacement, Endless> replacedAll(
     std::string_view text, std::string_view what, std::string_view by, FindOptions options);
 
-/// Overlapping occurrences, parts of words too.
+/// Counts overlapping occurrences and parts of words too.
 [[nodiscard]] Offset countOccurrences(std::string_view text, std::string_view what, Case letters);
 
 } // namespace kevra

@@ -20,12 +20,12 @@ public:
     void showCount(Offset number) override { count = number; }
     void hitSelected() override { }
     void showReplaced(Offset number) override { replaced = number; }
-    void showRound(std::string_view text) override { round = text; }
+    void showWrapped(std::string_view text) override { wrapped = text; }
 
     FindRequest request;
     Offset count = -1;
     Offset replaced = -1;
-    std::string round;
+    std::string wrapped;
 };
 
 class FindCommandsTest : public testing::Test {
@@ -50,17 +50,17 @@ TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)
         void (FindCommands::*command)();
         TextRange selection;
         const char *message;
-        const char *round = "";
+        const char *wrapped = "";
     } const steps[] = {
         {&FindCommands::findFirst, {0, 2}, ""},
         {&FindCommands::findNext, {3, 5}, ""},
         {&FindCommands::findNext, {3, 5}, "No more occurences."},
-        {&FindCommands::findNext, {0, 2}, "", "The search has gone on from the top."},
+        {&FindCommands::findNext, {0, 2}, "", "The search continued from the top."},
         {&FindCommands::findFirst, {0, 2}, ""},
         {&FindCommands::findNext, {3, 5}, ""},
         {&FindCommands::findPrevious, {0, 2}, ""},
         {&FindCommands::findPrevious, {0, 2}, "No more occurences."},
-        {&FindCommands::findPrevious, {3, 5}, "", "The search has gone on from the end."},
+        {&FindCommands::findPrevious, {3, 5}, "", "The search continued from the end."},
         {&FindCommands::replaceAndFind, {5, 5}, "No more occurences."},
     };
     view.request.replacement = "xy";
@@ -69,7 +69,7 @@ TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)
         (commands.*step.command)();
         EXPECT_EQ(document.Selection(), step.selection);
         EXPECT_EQ(messages.last(), step.message);
-        EXPECT_EQ(view.round, step.round);
+        EXPECT_EQ(view.wrapped, step.wrapped);
     }
     EXPECT_EQ(document.Text(), "ab xy");
 }
@@ -189,7 +189,7 @@ TEST(CountOccurrences, CountsOverlapsAndPartsOfWords)
     EXPECT_EQ(countOccurrences("", "a", Case::Ignore), 0);
 }
 
-/// The replacing as a user would do it by hand; nothing when it does not end.
+/// Replaces hit by hit, as a user would; nothing when it does not end.
 std::optional<std::string> byHand(std::string text, const FindRequest &request)
 {
     constexpr int manyTimes = 200;
@@ -207,7 +207,7 @@ std::optional<std::string> byHand(std::string text, const FindRequest &request)
 TEST(ReplacedAll, GivesWhatReplacingStepByStepGives)
 {
     const FindRequest special[] = {
-        {.text = "aab", .replacement = "xa"}, // the next hit begins in what was put in
+        {.text = "aab", .replacement = "xa"}, // the next hit begins in the replacement
         {.text = "ab", .replacement = ""},
         {.text = "a", .replacement = "-", .words = Word::Whole},
         {.text = "-a", .replacement = "b-", .words = Word::Whole},

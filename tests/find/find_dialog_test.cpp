@@ -24,7 +24,7 @@ TEST(FindDialogTest, FindsCountsAndReplacesAsItsBoxesSay)
     auto *text = dialog.findChild<QLineEdit *>("tfind");
     QTest::keyClick(text, Qt::Key_Return);
     EXPECT_EQ(document.Selection(), (TextRange{0, 3}));
-    QTest::keyClick(text, Qt::Key_F3); // begins one behind the first hit
+    QTest::keyClick(text, Qt::Key_F3); // starts one character after the first hit
     EXPECT_EQ(document.Selection(), (TextRange{9, 12}));
     click("bnum");
     EXPECT_EQ(dialog.findChild<QLineEdit *>("tnum")->text(), "2");

@@ -95,7 +95,8 @@ TEST_F(MultiReplaceTest, SaysWhatUndoCannotPutBack)
     EXPECT_TRUE(view.summary.ends_with("Keep a backup keeps them.")) << view.summary;
     small.replaceAll();
     EXPECT_EQ(view.outcomes,
-        (std::vector{FileOutcome::Replaced, FileOutcome::ReplacedForGood, FileOutcome::ReplacedForGood}));
+        (std::vector{
+            FileOutcome::Replaced, FileOutcome::ReplacedWithoutUndo, FileOutcome::ReplacedWithoutUndo}));
     EXPECT_TRUE(view.summary.ends_with("2 files cannot be put back: too much to keep.")) << view.summary;
     small.undoReplacement();
     EXPECT_EQ(files.files["a"], "old");
