@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void complain(std::string_view name, std::string_view why)
+void printError(std::string_view name, std::string_view why)
 {
     std::cerr << "kevra-cli: " << name << ": " << why << '\n';
 }
@@ -26,8 +26,8 @@ void complain(std::string_view name, std::string_view why)
     return path.filename().string().starts_with('.');
 }
 
-/// Every script below a folder in the order of the paths; hidden folders and links to folders are left out.
-/// False where some of it cannot be read.
+/// Adds every script below a folder, sorted by path; skips hidden folders and links to folders. False when
+/// part of it cannot be read.
 bool addScriptsBelow(const fs::path &folder, std::vector<std::string> &paths)
 {
     std::error_code error;
@@ -44,7 +44,7 @@ bool addScriptsBelow(const fs::path &folder, std::vector<std::string> &paths)
     }
     std::sort(paths.begin() + static_cast<std::ptrdiff_t>(first), paths.end());
     if (error)
-        complain(folder.string(), error.message());
+        printError(folder.string(), error.message());
     return !error;
 }
 
@@ -73,7 +73,7 @@ private:
             if (!fs::is_directory(path, unknown))
                 paths.push_back(path);
             else if (!addScriptsBelow(path, paths))
-                m_exitCode = Unusable;
+                m_exitCode = Failure;
         }
         return paths;
     }
@@ -82,7 +82,7 @@ private:
     {
         const auto bytes = FileBytes::read(path);
         if (!bytes) {
-            m_exitCode = Unusable;
+            m_exitCode = Failure;
             return;
         }
         AnalysedFile file{path, {}, {}};
@@ -93,14 +93,14 @@ private:
             file.findings = findingsIn(path, file.text);
         }
         if (!file.findings.empty())
-            m_exitCode = std::max<int>(m_exitCode, SomethingFound);
+            m_exitCode = std::max<int>(m_exitCode, FindingsReported);
         if (m_options.format == AnalysisFormat::Sarif)
             m_files.push_back(std::move(file));
         else
             std::cout << analysisReport(file, m_options.format);
     }
 
-    /// The file afterwards, as it is on the disk.
+    /// Sets the file's text as it is on the disk afterwards, and the findings that remain.
     void fix(AnalysedFile &file, std::string_view bytes)
     {
 #ifdef KEVRA_CAN_FIX
@@ -109,7 +109,7 @@ private:
         for (const auto &line : fixed.report)
             std::cerr << line << '\n';
         if (!fixed.written)
-            m_exitCode = Unusable;
+            m_exitCode = Failure;
         file.text = std::move(fixed.text);
         file.findings = std::move(fixed.findings);
 #else
@@ -118,7 +118,7 @@ private:
 #endif
     }
 
-    /// Those at the level asked for.
+    /// Only the findings at the requested level or above.
     [[nodiscard]] std::vector<script::Finding> findingsIn(
         const std::string &path, std::string_view text) const
     {
@@ -130,7 +130,7 @@ private:
 
     const AnalyseOptions &m_options;
     std::vector<AnalysedFile> m_files;
-    int m_exitCode = AllRight;
+    int m_exitCode = Success;
 };
 
 } // namespace
@@ -144,11 +144,11 @@ int runExplain(const std::string &code)
 {
     const auto rule = script::ruleOfCode(code);
     if (!rule) {
-        complain(code, "no such code");
-        return Unusable;
+        printError(code, "no such code");
+        return Failure;
     }
     std::cout << explanation(*rule);
-    return AllRight;
+    return Success;
 }
 
 } // namespace kevra

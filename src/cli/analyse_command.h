@@ -13,13 +13,13 @@ namespace kevra {
 
 struct AnalyseOptions {
     std::vector<std::string> paths; ///< files, folders, or - for standard input
-    script::Level level = script::Level::Warning; ///< the least to be printed
+    script::Level level = script::Level::Warning; ///< the lowest level to print
     AnalysisFormat format = AnalysisFormat::Text;
     bool fix = false; ///< write the files with the first fix of each finding
-    std::optional<Encoding> encoding; ///< found out for each file where none is named
+    std::optional<Encoding> encoding; ///< unset: detected for each file
 };
 
-/// Prints what it finds; the result is the program's exit code.
+/// Prints the findings and returns the program's exit code.
 [[nodiscard]] int runAnalyse(const AnalyseOptions &options);
 [[nodiscard]] int runExplain(const std::string &code);
 

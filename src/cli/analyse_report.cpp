@@ -25,7 +25,7 @@ std::string textLine(const AnalysedFile &file, const Finding &finding, Position 
         + script::code(finding.rule) + ": " + finding.what + '\n';
 }
 
-/// As compilers print theirs; what is less than a warning is a note.
+/// The format of compiler messages; a hint becomes a note.
 std::string gccLine(const AnalysedFile &file, const Finding &finding, Position at)
 {
     const auto level = finding.level() == script::Level::Hint ? "note" : script::levelName(finding.level());
@@ -66,7 +66,7 @@ Json jsonFinding(const Positions &positions, const Finding &finding)
     return json;
 }
 
-/// One object on a line of its own.
+/// One JSON object on one line.
 std::string jsonReport(const AnalysedFile &file, const Positions &positions)
 {
     Json findings = Json::array();

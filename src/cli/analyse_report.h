@@ -36,12 +36,12 @@ private:
     script::LineIndex m_lines;
 };
 
-/// One file in one of the formats that go file by file: all but Sarif. Empty where text and gcc have nothing
-/// to say.
+/// The report for one file, in any format but Sarif. Empty in the text and gcc formats when there are no
+/// findings.
 [[nodiscard]] std::string analysisReport(const AnalysedFile &file, AnalysisFormat format);
 /// All files as one SARIF 2.1.0 document.
 [[nodiscard]] std::string sarifReport(std::span<const AnalysedFile> files);
-/// What a rule is about and why, for a terminal.
+/// A rule's title and rationale, wrapped for a terminal.
 [[nodiscard]] std::string explanation(script::Rule rule);
 
 } // namespace kevra

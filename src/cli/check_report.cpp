@@ -40,14 +40,14 @@ std::string gccReport(const CheckedFile &file)
 {
     std::string out;
     for (const auto &finding : file.findings) {
-        // What is about the whole script is told of its first line.
+        // A finding about the whole script is reported at its first line.
         const auto line = finding.line == 0 ? 1 : finding.line;
         out += file.name + ':' + std::to_string(line) + ": warning: " + finding.message + '\n';
     }
     return out;
 }
 
-/// One object a file, on a line of its own.
+/// One JSON object per file, on one line.
 std::string jsonReport(const CheckedFile &file)
 {
     std::string out = "{\"file\": " + jsonString(nameAsUtf8(file.name));

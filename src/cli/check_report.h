@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the checker has found in a file, in the words and formats of the command line.
+// The checker's findings in a file, in the formats of the command line.
 #pragma once
 
 #include "checker/finding.h"
@@ -14,10 +14,10 @@ enum class CheckFormat { Text, Gcc, Json };
 
 struct CheckedFile {
     std::string name;
-    std::vector<Finding> findings; ///< none: the script is in order
+    std::vector<Finding> findings; ///< empty: no faults
 };
 
-/// One line a finding, each with its line break; what is in order is told only in text and JSON.
+/// One line per finding, with its line break. A file without findings is reported only in text and JSON.
 [[nodiscard]] std::string checkReport(const CheckedFile &file, CheckFormat format);
 
 } // namespace kevra

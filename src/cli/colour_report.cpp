@@ -43,7 +43,7 @@ std::string withoutReturns(std::string_view text)
     return out;
 }
 
-/// Calls plain(text) and coloured(text, colour) for the whole text in turn.
+/// Calls plain(text) and coloured(text, colour) alternately, covering the whole text in order.
 template <typename Plain, typename Coloured>
 void forEachStretch(std::string_view text, std::span<const ColourRun> runs, Plain plain, Coloured coloured)
 {
@@ -60,7 +60,7 @@ std::string htmlReport(std::string_view text, std::span<const ColourRun> runs, s
 {
     std::string out = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>"
         + escaped(title) + "</title>\n</head>\n<body style=\"background: #FFFFFF; color: #000000\">\n<pre>";
-    // A line feed right behind the tag would be dropped.
+    // Browsers drop a line feed that directly follows the tag.
     out += '\n';
     forEachStretch(
         text, runs, [&](std::string_view plain) { out += escaped(plain); },

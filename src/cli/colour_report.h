@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A text in its colours, as the command line prints it.
+// Coloured text, as the command line prints it.
 #pragma once
 
 #include "text/types.h"
@@ -12,8 +12,9 @@ namespace kevra {
 
 enum class ColourFormat { Html, Ansi, Runs };
 
-/// `runs` in order and without overlaps. HTML is a whole page, ANSI has 24-bit terminal colours, runs are
-/// lines of start, length and colour in characters. HTML and ANSI have their line ends as a single line feed.
+/// `runs` must be sorted and must not overlap. Html is a complete page. Ansi uses 24-bit terminal colours.
+/// Runs is one line per run: start and length in characters, and the colour. Html and Ansi end lines with a
+/// single line feed.
 [[nodiscard]] std::string colourReport(
     std::string_view text, std::span<const ColourRun> runs, std::string_view title, ColourFormat format);
 

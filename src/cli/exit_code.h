@@ -3,6 +3,6 @@
 
 namespace kevra {
 
-enum ExitCode { AllRight = 0, SomethingFound = 1, Unusable = 2 };
+enum ExitCode { Success = 0, FindingsReported = 1, Failure = 2 };
 
 } // namespace kevra

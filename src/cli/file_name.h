@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Names of files in reports. A name is any bytes, JSON is UTF-8.
+// File names in reports. A name can be any bytes; JSON is UTF-8.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace kevra {
 
-/// The bytes of the name; what is no UTF-8 in them becomes U+FFFD, byte by byte.
+/// The name, with each byte that is not valid UTF-8 replaced by U+FFFD.
 [[nodiscard]] std::string nameAsUtf8(std::string_view name);
-/// Whatever is neither an ASCII letter, a digit nor one of "-._~/" as % and two hexadecimal digits.
+/// Percent-encodes every byte except ASCII letters, digits and "-._~/".
 [[nodiscard]] std::string percentEncoded(std::string_view name);
 
 } // namespace kevra

@@ -33,7 +33,7 @@ std::optional<FileBytes> FileBytes::read(const std::string &path)
     std::error_code unknownSize;
     const auto size = std::filesystem::file_size(path, unknownSize);
     if (file)
-        bytes.readAll(*file, unknownSize ? firstRoom : static_cast<std::size_t>(size) + 1);
+        bytes.readAll(*file, unknownSize ? initialCapacity : static_cast<std::size_t>(size) + 1);
     if (!file || std::ferror(file.get())) {
         std::fprintf(stderr, "kevra-cli: %s: %s\n", path.c_str(), std::strerror(errno));
         return std::nullopt;
@@ -41,17 +41,17 @@ std::optional<FileBytes> FileBytes::read(const std::string &path)
     return bytes;
 }
 
-void FileBytes::readAll(std::FILE &file, std::size_t room)
+void FileBytes::readAll(std::FILE &file, std::size_t capacity)
 {
-    m_bytes = allocateBytes(room);
+    m_bytes = allocateBytes(capacity);
     for (;;) {
-        m_size += std::fread(m_bytes.get() + m_size, 1, room - m_size, &file);
-        if (m_size < room)
+        m_size += std::fread(m_bytes.get() + m_size, 1, capacity - m_size, &file);
+        if (m_size < capacity)
             return;
-        auto larger = allocateBytes(2 * room);
+        auto larger = allocateBytes(2 * capacity);
         std::copy_n(m_bytes.get(), m_size, larger.get());
         m_bytes = std::move(larger);
-        room *= 2;
+        capacity *= 2;
     }
 }
 

@@ -12,27 +12,27 @@
 
 namespace kevra {
 
-/// A file's bytes; the room for them is not filled before they come.
+/// A file's bytes, read into a buffer that is not initialised first.
 class FileBytes {
 public:
-    /// "-" is standard input. Tells on standard error why a file cannot be read.
+    /// "-" is standard input. A failure is reported on standard error.
     static std::optional<FileBytes> read(const std::string &path);
 
     [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
 
 private:
-    static constexpr std::size_t firstRoom = 1 << 20;
+    static constexpr std::size_t initialCapacity = 1 << 20;
 
-    void readAll(std::FILE &file, std::size_t room);
+    void readAll(std::FILE &file, std::size_t capacity);
 
     RawBuffer m_bytes;
     std::size_t m_size = 0;
 };
 
-/// A file's text, which most often is its bytes as they stand.
+/// A file's text; usually just a view of its bytes, which must outlive it.
 class FileText {
 public:
-    /// In `encoding`, or in the one that the editor would find.
+    /// Decodes as `encoding`, or as the encoding that the editor would detect.
     FileText(const std::string &path, std::string_view bytes, std::optional<Encoding> encoding);
     FileText(const FileText &) = delete;
     FileText &operator=(const FileText &) = delete;

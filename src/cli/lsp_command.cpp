@@ -33,18 +33,17 @@ public:
             return 0;
         const auto time = fs::last_write_time(path, error).time_since_epoch().count();
         const auto size = fs::file_size(path, error);
-        // Never 0: the file is there.
+        // Never 0, which means that there is no file.
         return (static_cast<std::uint64_t>(time) * 31 + size) | 1;
     }
 
     std::vector<std::string> scriptsBelow(const std::string &folder) override
     {
-        constexpr std::size_t mostEntries = 20'000;
+        constexpr std::size_t maxEntries = 20'000;
         std::vector<std::string> paths;
         std::error_code error;
         fs::recursive_directory_iterator entry(folder, error);
-        for (std::size_t seen = 0;
-             !error && entry != fs::recursive_directory_iterator() && seen < mostEntries;
+        for (std::size_t seen = 0; !error && entry != fs::recursive_directory_iterator() && seen < maxEntries;
              entry.increment(error), ++seen) {
             std::error_code unknown;
             const auto &path = entry->path();

@@ -4,7 +4,7 @@
 
 namespace kevra {
 
-/// The process's exit code.
+/// Returns the process's exit code.
 int runLanguageServer();
 
 } // namespace kevra

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// kevra-cli: the checker, the colours and the analysis without a window. Files are only read, but for --fix.
+// kevra-cli: checks, colours and analyses files without a window. Only --fix writes files.
 #include "checker/checker.h"
 #include "cli/analyse_command.h"
 #include "cli/check_report.h"
@@ -31,7 +31,7 @@ struct CheckOptions {
     std::vector<std::string> files;
     bool all = false;
     bool ifChecking = true;
-    std::optional<Encoding> encoding; ///< found out for each file where none is named
+    std::optional<Encoding> encoding; ///< unset: detected for each file
     CheckFormat format = CheckFormat::Text;
 };
 
@@ -49,18 +49,18 @@ std::vector<Finding> findingsOf(std::string_view text, const CheckOptions &optio
 
 int runCheck(const CheckOptions &options)
 {
-    int exitCode = AllRight;
+    int exitCode = Success;
     for (const auto &path : options.files) {
         const auto bytes = FileBytes::read(path);
         if (!bytes) {
-            exitCode = Unusable;
+            exitCode = Failure;
             continue;
         }
         const FileText text(path, bytes->view(), options.encoding);
         const CheckedFile file{path, findingsOf(text.view(), options)};
         std::cout << checkReport(file, options.format);
         if (!file.findings.empty())
-            exitCode = std::max<int>(exitCode, SomethingFound);
+            exitCode = std::max<int>(exitCode, FindingsReported);
     }
     return exitCode;
 }
@@ -72,7 +72,7 @@ struct ColourOptions {
     ColourFormat format = ColourFormat::Html;
 };
 
-/// As the editor does when it opens the file; what has no type goes by its first character.
+/// Colours as the editor does when it opens the file. Without a known type the first character decides.
 ColourRuns runsOf(std::string_view text, const ColourOptions &options)
 {
     constexpr auto code = colours::defaultCode;
@@ -93,12 +93,12 @@ int runColour(const ColourOptions &options)
 {
     const auto bytes = FileBytes::read(options.file);
     if (!bytes)
-        return Unusable;
+        return Failure;
     const FileText decoded(options.file, bytes->view(), options.encoding);
     const auto text = decoded.view();
     const auto runs = flattened(runsOf(text, options), static_cast<Offset>(text.size()));
     std::cout << colourReport(text, runs, options.file, options.format);
-    return AllRight;
+    return Success;
 }
 
 void addEncodingOption(CLI::App &command, std::optional<Encoding> &encoding)
@@ -125,7 +125,7 @@ int run(int argc, char **argv)
 
     CheckOptions checkOptions;
     auto *checkCommand = app.add_subcommand("check", "Look for common mistakes in scripts");
-    checkCommand->add_flag("--all", checkOptions.all, "Go on after a faulty line and print every finding");
+    checkCommand->add_flag("--all", checkOptions.all, "Continue after a faulty line and print every finding");
     checkCommand->add_flag_callback(
         "--no-if", [&] { checkOptions.ifChecking = false; }, "Leave out the IF/END IF count");
     checkCommand->add_option("--format", checkOptions.format, "How findings are printed")
@@ -154,7 +154,7 @@ int run(int argc, char **argv)
 
     AnalyseOptions analyseOptions;
     auto *analyseCommand = app.add_subcommand("analyse", "Look for mistakes by the rules of the language");
-    analyseCommand->add_option("--level", analyseOptions.level, "The least that is reported")
+    analyseCommand->add_option("--level", analyseOptions.level, "The lowest level to report")
         ->option_text("error|warning|hint")
         ->transform(
             CLI::CheckedTransformer(std::map<std::string, script::Level>{{"error", script::Level::Error},
@@ -165,7 +165,7 @@ int run(int argc, char **argv)
             {"text", AnalysisFormat::Text}, {"gcc", AnalysisFormat::Gcc}, {"json", AnalysisFormat::Json},
             {"sarif", AnalysisFormat::Sarif}}));
 #ifdef KEVRA_CAN_FIX
-    analyseCommand->add_flag("--fix", analyseOptions.fix, "Write the files with what can be fixed put right");
+    analyseCommand->add_flag("--fix", analyseOptions.fix, "Apply the available fixes and write the files");
 #endif
     addEncodingOption(*analyseCommand, analyseOptions.encoding);
     analyseCommand
@@ -184,7 +184,7 @@ int run(int argc, char **argv)
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
-        return app.exit(error) == 0 ? AllRight : Unusable;
+        return app.exit(error) == 0 ? Success : Failure;
     }
     const int exitCode = *checkCommand ? runCheck(checkOptions)
         : *analyseCommand              ? runAnalyse(analyseOptions)
@@ -192,7 +192,7 @@ int run(int argc, char **argv)
         : *lspCommand                  ? runLanguageServer()
                                        : runColour(colourOptions);
     std::cout.flush();
-    return std::cout ? exitCode : Unusable;
+    return std::cout ? exitCode : Failure;
 }
 
 } // namespace
@@ -206,5 +206,5 @@ int main(int argc, char **argv)
     } catch (const std::system_error &error) { // no more threads
         std::fprintf(stderr, "kevra-cli: %s\n", error.what());
     }
-    return Unusable;
+    return Failure;
 }

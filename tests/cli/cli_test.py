@@ -56,10 +56,10 @@ class Cli(unittest.TestCase):
             path = self.file(name, BAD)
             for command in ("check", "analyse"):
                 with self.subTest((command, name)):
-                    told = json.loads(self.run_cli(command, "--format=json", path)[1])
-                    bytes_told = (urllib.parse.unquote_to_bytes(told["fileBytes"]) if "fileBytes" in told
-                                  else told["file"].encode())
-                    self.assertEqual(bytes_told, os.fsencode(path))
+                    reported = json.loads(self.run_cli(command, "--format=json", path)[1])
+                    reported_bytes = (urllib.parse.unquote_to_bytes(reported["fileBytes"]) if "fileBytes" in reported
+                                  else reported["file"].encode())
+                    self.assertEqual(reported_bytes, os.fsencode(path))
 
     def test_too_little_memory(self):
         large = self.file("large.vbs", b"MsgBox a : b = c\n" * 4_000_000)
@@ -151,8 +151,8 @@ class Cli(unittest.TestCase):
             with self.subTest(encoding):
                 path = self.file("fix.vbs", text.encode(encoding))
                 os.chmod(path, 0o640)
-                code, output, told = self.run_cli("analyse", "--fix", path)
-                self.assertEqual((code, told), (1, f"{path}:4: fixed KV2002: Insert Set\n"))
+                code, output, reported = self.run_cli("analyse", "--fix", path)
+                self.assertEqual((code, reported), (1, f"{path}:4: fixed KV2002: Insert Set\n"))
                 self.assertIn(":6:8: error KV1101", output)
                 self.assertEqual(pathlib.Path(path).read_bytes(), text.replace("d = C", "Set d = C").encode(encoding))
                 self.assertEqual(os.stat(path).st_mode & 0o777, 0o640)
