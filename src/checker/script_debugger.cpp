@@ -4,7 +4,7 @@
 #include "checker/checker.h"
 #include "checker/line_rules.h"
 #include "colour/document_colouring.h"
-#include "editor/programmatic_change.h"
+#include "text/flag_guard.h"
 
 #include <algorithm>
 
@@ -33,7 +33,7 @@ void ScriptDebugger::debugDocument()
 
 bool ScriptDebugger::RunDebugger()
 {
-    const ProgrammaticChange guard(m_state);
+    const FlagGuard programmatic(m_state.programmaticChange);
     const auto result = check(m_document.Text(), m_state.ifChecking);
     if (result.reachedBlocks)
         DocumentColouring(m_document, m_state).removeColours();

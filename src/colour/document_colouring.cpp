@@ -3,7 +3,7 @@
 
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
-#include "editor/programmatic_change.h"
+#include "text/flag_guard.h"
 #include "text/start_computing.h"
 
 namespace kevra {
@@ -40,7 +40,7 @@ PendingPaint DocumentColouring::scriptOf(std::string_view text) const
 
 void DocumentColouring::colourTags()
 {
-    const ProgrammaticChange guard(m_state);
+    const FlagGuard programmatic(m_state.programmaticChange);
     m_document.SetSelColor(colours::black);
     const auto runs = tagRuns(m_document.Text(), m_state.codeColour);
     m_document.SetColours({0, m_document.Length()}, runs, Ground::AsItIs);
@@ -49,7 +49,7 @@ void DocumentColouring::colourTags()
 
 void DocumentColouring::colourTags(PendingPaint paint)
 {
-    const ProgrammaticChange guard(m_state);
+    const FlagGuard programmatic(m_state.programmaticChange);
     m_document.SetPaint(paint.get());
     finishTags();
 }
@@ -63,7 +63,7 @@ void DocumentColouring::finishTags()
 
 void DocumentColouring::ColourText()
 {
-    const ProgrammaticChange guard(m_state);
+    const FlagGuard programmatic(m_state.programmaticChange);
     const auto runs = scriptRuns(m_document.Text(), m_state.codeColour);
     m_document.SetColours({0, m_document.Length()}, runs);
     leaveAtTop(m_document);
@@ -71,7 +71,7 @@ void DocumentColouring::ColourText()
 
 void DocumentColouring::ColourText(PendingPaint paint)
 {
-    const ProgrammaticChange guard(m_state);
+    const FlagGuard programmatic(m_state.programmaticChange);
     m_document.SetPaint(paint.get());
     leaveAtTop(m_document);
 }
@@ -86,7 +86,7 @@ void DocumentColouring::colourForTools()
 
 void DocumentColouring::removeColours()
 {
-    const ProgrammaticChange guard(m_state);
+    const FlagGuard programmatic(m_state.programmaticChange);
     m_document.SetColours({0, m_document.Length()}, {});
     leaveAtTop(m_document);
 }
