@@ -59,8 +59,7 @@ bool followsClosingWord(std::string_view text, Offset at, Offset from)
 {
     const auto start = at - static_cast<Offset>(closingWord.size());
     return start >= from && text[static_cast<std::size_t>(at - 1)] == closingWord.back()
-        && std::ranges::equal(
-            text.substr(static_cast<std::size_t>(start), closingWord.size()), closingWord, {}, lowerAscii);
+        && equalIgnoringCase(text.substr(static_cast<std::size_t>(start), closingWord.size()), closingWord);
 }
 
 bool followsBreakOrBlank(std::string_view text, Offset word)

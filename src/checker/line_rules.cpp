@@ -149,8 +149,7 @@ private:
         if (place || end > m_end)
             return;
         const auto found = m_text.substr(static_cast<std::size_t>(at), word.size());
-        if (std::ranges::equal(found, word, {}, lowerAscii) && !wordBefore(m_text, at)
-            && !wordAt(m_text, end))
+        if (equalIgnoringCase(found, word) && !wordBefore(m_text, at) && !wordAt(m_text, end))
             place = {at, quotes()};
     }
 

@@ -126,7 +126,7 @@ constexpr auto memberIndex = [] {
 
 bool matches(std::string_view text, std::size_t at, std::string_view name)
 {
-    return std::ranges::equal(text.substr(at, name.size()), name, {}, lowerAscii, lowerAscii);
+    return equalIgnoringCase(text.substr(at, name.size()), name);
 }
 
 /// Ignores case.

@@ -92,8 +92,7 @@ std::optional<int> blockEndRank(std::string_view text, std::size_t at)
 {
     for (std::size_t rank = 0; rank < keywords.size(); ++rank) {
         const auto &entry = keywords[rank];
-        if (!entry.wholeWord
-            && std::ranges::equal(text.substr(at, entry.text.size()), entry.text, {}, lowerAscii))
+        if (!entry.wholeWord && equalIgnoringCase(text.substr(at, entry.text.size()), entry.text))
             return static_cast<int>(rank);
     }
     return std::nullopt;

@@ -12,11 +12,6 @@ namespace {
 
 constexpr std::size_t searchedBytes = 4096;
 
-bool startsWithIgnoringCase(std::string_view text, std::string_view start)
-{
-    return text.size() >= start.size() && equalIgnoringCase(text.substr(0, start.size()), start);
-}
-
 bool isBlank(char c)
 {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f';

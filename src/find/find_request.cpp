@@ -16,7 +16,7 @@ bool canReplaceAll(const FindRequest &request, Messages &messages)
 {
     if (!hasText(request, messages))
         return false;
-    if (request.pattern == Pattern::Text && sameIgnoringCase(request.text, request.replacement)) {
+    if (request.pattern == Pattern::Text && sameForSearch(request.text, request.replacement)) {
         messages.stop("You've entered the same text to replace the original!");
         return false;
     }

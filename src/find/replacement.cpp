@@ -49,7 +49,7 @@ private:
     static bool canMeet(std::string_view what, std::string_view by)
     {
         for (std::size_t n = 1; n <= by.size() && n < what.size(); ++n)
-            if (sameIgnoringCase(by.substr(by.size() - n), what.substr(0, n)))
+            if (sameForSearch(by.substr(by.size() - n), what.substr(0, n)))
                 return true;
         return false;
     }

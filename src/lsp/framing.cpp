@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lsp/framing.h"
 
+#include "text/words.h"
+
 #include <algorithm>
 #include <charconv>
 
@@ -9,16 +11,6 @@ namespace {
 
 constexpr std::size_t longestHeader = 4096;
 constexpr std::size_t longestContent = std::size_t{1} << 28;
-
-[[nodiscard]] char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
-[[nodiscard]] bool sameIgnoringCase(std::string_view a, std::string_view b)
-{
-    return std::ranges::equal(a, b, {}, lower, lower);
-}
 
 [[nodiscard]] std::string_view trimmed(std::string_view text)
 {
@@ -36,7 +28,7 @@ constexpr std::size_t longestContent = std::size_t{1} << 28;
         const auto line = header.substr(0, end);
         header.remove_prefix(std::min(end + 1, header.size()));
         const auto colon = line.find(':');
-        if (colon == line.npos || !sameIgnoringCase(trimmed(line.substr(0, colon)), "Content-Length"))
+        if (colon == line.npos || !equalIgnoringCase(trimmed(line.substr(0, colon)), "Content-Length"))
             continue;
         const auto value = trimmed(line.substr(colon + 1));
         std::size_t number = 0;

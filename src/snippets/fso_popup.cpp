@@ -4,16 +4,13 @@
 #include "editor/nearby.h"
 #include "text/words.h"
 
-#include <algorithm>
-
 namespace kevra {
 namespace {
 
 bool beginsWithRem(std::string_view text)
 {
     constexpr std::string_view rem = "rem";
-    return std::ranges::equal(text.substr(0, rem.size()), rem, {}, lowerAscii)
-        && (text.size() == rem.size() || !isAsciiWord(text[rem.size()]));
+    return startsWithIgnoringCase(text, rem) && (text.size() == rem.size() || !isAsciiWord(text[rem.size()]));
 }
 
 bool endsInCode(std::string_view line)
@@ -38,7 +35,7 @@ bool offersFsoMethods(const EditorSurface &document)
     constexpr std::string_view trigger = "fso.";
     const auto caret = document.SelStart();
     const auto before = document.Text({caret - static_cast<Offset>(trigger.size()), caret});
-    return document.SelLength() == 0 && std::ranges::equal(before, trigger, {}, lowerAscii)
+    return document.SelLength() == 0 && equalIgnoringCase(before, trigger)
         && endsInCode(document.Text({lineStart(document, caret), caret}));
 }
 

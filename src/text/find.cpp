@@ -121,7 +121,7 @@ bool isZero(Block block)
 
 } // namespace
 
-bool sameIgnoringCase(std::string_view a, std::string_view b)
+bool sameForSearch(std::string_view a, std::string_view b)
 {
     return a.size() == b.size() && lowered(a) == lowered(b);
 }

@@ -21,7 +21,7 @@ struct FindOptions {
 };
 
 /// Whether the texts are equal when case is ignored, by the same rules as find().
-[[nodiscard]] bool sameIgnoringCase(std::string_view a, std::string_view b);
+[[nodiscard]] bool sameForSearch(std::string_view a, std::string_view b);
 
 /// A string prepared for repeated searches.
 class Finder {

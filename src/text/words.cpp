@@ -101,9 +101,4 @@ Offset characterCount(std::string_view text)
     return std::ranges::count_if(text, [](char byte) { return !continues(byte); });
 }
 
-bool equalIgnoringCase(std::string_view a, std::string_view b)
-{
-    return std::ranges::equal(a, b, {}, lowerAscii, lowerAscii);
-}
-
 } // namespace kevra

@@ -36,6 +36,19 @@ namespace kevra {
 }
 
 /// Whether both are equal when the case of A to Z is ignored.
-[[nodiscard]] bool equalIgnoringCase(std::string_view a, std::string_view b);
+[[nodiscard]] constexpr bool equalIgnoringCase(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (lowerAscii(a[i]) != lowerAscii(b[i]))
+            return false;
+    return true;
+}
+
+[[nodiscard]] constexpr bool startsWithIgnoringCase(std::string_view text, std::string_view start)
+{
+    return equalIgnoringCase(text.substr(0, start.size()), start);
+}
 
 } // namespace kevra
