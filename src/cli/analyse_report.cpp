@@ -3,7 +3,7 @@
 
 #include "cli/file_name.h"
 
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 #include "text/words.h"
 
 #include <nlohmann/json.hpp>

@@ -2,7 +2,7 @@
 #include "cli/check_report.h"
 
 #include "cli/file_name.h"
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 #include <cstdio>
 

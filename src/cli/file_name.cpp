@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/file_name.h"
 
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 namespace kevra {
 

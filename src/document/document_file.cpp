@@ -2,8 +2,8 @@
 #include "document/document_file.h"
 
 #include "document/file_types.h"
-#include "encoding/utf8.h"
 #include "storage/checksummed_record.h"
+#include "text/utf8.h"
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 
 #include "encoding/declared_charset.h"
 #include "encoding/text_codec.h"
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 #include "document/recovery_details.h"
 
 #include "document/recovery_list.h"
+#include "text/utf8.h"
 
-#include <algorithm>
 #include <array>
 #include <ctime>
 
@@ -31,15 +31,6 @@ std::string summary(const RecoveryRecord &text)
         + std::to_string(text.bytes.size()) + " bytes";
 }
 
-/// Cut at a character boundary.
-std::string_view shortened(std::string_view line, std::size_t width)
-{
-    auto end = std::min(line.size(), width);
-    while (end > 0 && end < line.size() && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80)
-        --end;
-    return line.substr(0, end);
-}
-
 struct Excerpt {
     int lines;
     std::size_t width; ///< bytes of a line
@@ -52,7 +43,7 @@ std::string beginningOf(std::string_view text, const Excerpt &excerpt)
     for (int i = 0; i < excerpt.lines && !text.empty(); ++i) {
         const auto end = text.find("\r\n");
         const auto line = text.substr(0, end);
-        lines.append(excerpt.indent).append(shortened(line, excerpt.width));
+        lines.append(excerpt.indent).append(wholeCharacters(line, excerpt.width));
         lines.append(line.size() > excerpt.width ? "...\n" : "\n");
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 2);
     }

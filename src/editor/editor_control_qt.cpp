@@ -4,6 +4,7 @@
 #include "editor/accessible_control_qt.h"
 #include "editor/edit_scope_qt.h"
 #include "text/flag_guard.h"
+#include "text/utf8.h"
 #include "text/words.h"
 
 #include <QScrollBar>
@@ -32,7 +33,7 @@ Offset commonStart(std::string_view a, std::string_view b)
 {
     auto same = std::ranges::mismatch(a, b).in1 - a.begin();
     const auto insideCharacter = [&](std::string_view text) {
-        return same < std::ssize(text) && (text[static_cast<std::size_t>(same)] & 0xC0) == 0x80;
+        return same < std::ssize(text) && continuesCharacter(text[static_cast<std::size_t>(same)]);
     };
     while (same > 0 && (insideCharacter(a) || insideCharacter(b)))
         --same;
@@ -42,7 +43,7 @@ Offset commonStart(std::string_view a, std::string_view b)
 Offset commonEnd(std::string_view a, std::string_view b)
 {
     auto same = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend()).first - a.rbegin();
-    while (same > 0 && (a[a.size() - static_cast<std::size_t>(same)] & 0xC0) == 0x80)
+    while (same > 0 && continuesCharacter(a[a.size() - static_cast<std::size_t>(same)]))
         --same;
     return same;
 }

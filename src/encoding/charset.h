@@ -4,7 +4,7 @@
 #pragma once
 
 #include "encoding/character_sets.h"
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 #include <optional>
 #include <string>

@@ -4,7 +4,7 @@
 #include "encoding/converter.h"
 
 #include "encoding/character_sets.h"
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 #include <windows.h>
 

@@ -2,7 +2,7 @@
 #include "encoding/iso2022_jp.h"
 
 #include "encoding/converter.h"
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <array>

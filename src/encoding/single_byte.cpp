@@ -3,7 +3,7 @@
 
 #include "encoding/converter.h"
 #include "encoding/library_gaps.h"
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <mutex>

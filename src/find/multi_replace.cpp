@@ -4,6 +4,7 @@
 #include "document/file_types.h"
 #include "encoding/text_codec.h"
 #include "find/hit_finder.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -92,15 +93,6 @@ std::variant<Change, FileOutcome> changeOf(
     return Change{std::move(*bytes), std::move(decoded), std::get<Replacement>(std::move(result))};
 }
 
-/// The beginning of the line, cut at a character boundary.
-std::string shortened(std::string_view line)
-{
-    auto end = std::min(line.size(), maxLineBytes);
-    while (end < line.size() && end > 0 && (line[end] & 0xC0) == 0x80)
-        --end;
-    return std::string(line.substr(0, end));
-}
-
 std::vector<HitLine> linesOf(std::string_view text, const std::vector<TextRange> &hits)
 {
     std::vector<HitLine> lines;
@@ -116,7 +108,8 @@ std::vector<HitLine> linesOf(std::string_view text, const std::vector<TextRange>
             continue;
         if (lines.size() == maxLines)
             break;
-        lines.push_back({number, shortened(text.substr(lineStart, text.find('\r', lineStart) - lineStart))});
+        const auto line = text.substr(lineStart, text.find('\r', lineStart) - lineStart);
+        lines.push_back({number, std::string(wholeCharacters(line, maxLineBytes))});
     }
     return lines;
 }

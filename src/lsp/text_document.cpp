@@ -1,22 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lsp/text_document.h"
 
+#include "text/utf8.h"
+
 #include <algorithm>
 
 namespace kevra::lsp {
-namespace {
-
-[[nodiscard]] bool isAscii(std::string_view text)
-{
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-[[nodiscard]] bool continuesCharacter(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-} // namespace
 
 TextDocument::TextDocument(std::string text, PositionUnit unit)
     : m_unit(unit)

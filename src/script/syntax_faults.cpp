@@ -3,6 +3,7 @@
 #include "script/characters.h"
 #include "script/nesting.h"
 #include "script/parser_state.h"
+#include "text/utf8.h"
 
 namespace kevra::script {
 
@@ -42,8 +43,7 @@ TextRange Parser::hereRange() const
     if (!atLineEnd() && !at(TokenKind::Colon))
         return tokenRange();
     auto start = std::max<Offset>(m_lastEnd - 1, 0);
-    while (start > 0
-        && (static_cast<unsigned char>(m_script.text[static_cast<std::size_t>(start)]) & 0xC0) == 0x80)
+    while (start > 0 && continuesCharacter(m_script.text[static_cast<std::size_t>(start)]))
         --start;
     return {start, m_lastEnd};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/find.h"
 
+#include "text/utf8.h"
 #include "text/words.h"
 
 #include <algorithm>
@@ -96,7 +97,7 @@ std::pair<unsigned char, unsigned char> formsAt(std::string_view lowered, std::s
         return {byte, static_cast<unsigned char>(byte - ('a' - 'A'))};
     if (isLead(at))
         return formsInPair(lowered, at, at);
-    if (at > 0 && (byte & 0xC0) == 0x80 && isLead(at - 1))
+    if (at > 0 && continuesCharacter(lowered[at]) && isLead(at - 1))
         return formsInPair(lowered, at - 1, at);
     return {byte, byte};
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/words.h"
 
+#include "text/utf8.h"
+
 #include <algorithm>
 #include <array>
 
@@ -28,30 +30,14 @@ constexpr std::array signBlocks{CodeRange{0x80, 0xA9}, CodeRange{0xAB, 0xB1}, Co
     CodeRange{0xFF3B, 0xFF3E}, CodeRange{0xFF40, 0xFF40}, CodeRange{0xFF5B, 0xFF65},
     CodeRange{0xFFE0, 0xFFFF}, CodeRange{0x1F000, 0x1FAFF}, CodeRange{0xE0000, 0x10FFFF}};
 
-constexpr bool continues(char byte)
+/// Whether the character that starts there belongs to a word; bytes that are none do not.
+bool isWordAt(std::string_view text, Offset position)
 {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-constexpr bool isAscii(char byte)
-{
-    return static_cast<unsigned char>(byte) < 0x80;
-}
-
-char32_t decode(std::string_view text, Offset position)
-{
-    const auto lead = static_cast<unsigned char>(text[static_cast<std::size_t>(position)]);
-    if (lead < 0x80)
-        return lead;
-    const int extra = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    char32_t character = lead & (0x3Fu >> extra);
-    for (int i = 1; i <= extra; ++i) {
-        const auto at = static_cast<std::size_t>(position + i);
-        if (at >= text.size() || !continues(text[at]))
-            return 0xFFFD;
-        character = character << 6 | (static_cast<unsigned char>(text[at]) & 0x3F);
-    }
-    return character;
+    const auto start = static_cast<std::size_t>(position);
+    if (static_cast<unsigned char>(text[start]) < 0x80)
+        return isAsciiWord(text[start]);
+    const auto character = firstCharacter(text.substr(start));
+    return character.length > 0 && isWordCharacter(character.value);
 }
 
 } // namespace
@@ -68,22 +54,20 @@ bool wordBefore(std::string_view text, Offset position)
 {
     if (position <= 0)
         return false;
-    const char byte = text[static_cast<std::size_t>(position - 1)];
-    return isAscii(byte) ? isAsciiWord(byte) : isWordCharacter(decode(text, characterBefore(text, position)));
+    return isWordAt(text, characterBefore(text, position));
 }
 
 bool wordAt(std::string_view text, Offset position)
 {
     if (position < 0 || position >= static_cast<Offset>(text.size()))
         return false;
-    const char byte = text[static_cast<std::size_t>(position)];
-    return isAscii(byte) ? isAsciiWord(byte) : isWordCharacter(decode(text, position));
+    return isWordAt(text, position);
 }
 
 Offset characterLength(std::string_view text, Offset position)
 {
     auto end = position + 1;
-    while (end < static_cast<Offset>(text.size()) && continues(text[static_cast<std::size_t>(end)]))
+    while (end < static_cast<Offset>(text.size()) && continuesCharacter(text[static_cast<std::size_t>(end)]))
         ++end;
     return end - position;
 }
@@ -91,14 +75,14 @@ Offset characterLength(std::string_view text, Offset position)
 Offset characterBefore(std::string_view text, Offset position)
 {
     auto at = position - 1;
-    while (at > 0 && at > position - 4 && continues(text[static_cast<std::size_t>(at)]))
+    while (at > 0 && at > position - 4 && continuesCharacter(text[static_cast<std::size_t>(at)]))
         --at;
     return at > 0 ? at : 0;
 }
 
 Offset characterCount(std::string_view text)
 {
-    return std::ranges::count_if(text, [](char byte) { return !continues(byte); });
+    return std::ranges::count_if(text, [](char byte) { return !continuesCharacter(byte); });
 }
 
 } // namespace kevra

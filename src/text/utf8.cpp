@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -46,6 +47,14 @@ void appendUtf8(std::string &out, char32_t character)
         tail(6);
         tail(0);
     }
+}
+
+std::string_view wholeCharacters(std::string_view text, std::size_t size)
+{
+    auto end = std::min(text.size(), size);
+    while (end > 0 && end < text.size() && continuesCharacter(text[end]))
+        --end;
+    return text.substr(0, end);
 }
 
 std::size_t asciiRun(std::string_view bytes)

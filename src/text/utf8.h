@@ -18,8 +18,16 @@ struct Utf8Character {
 void appendUtf8(std::string &out, char32_t character);
 /// The number of leading ASCII bytes.
 [[nodiscard]] std::size_t asciiRun(std::string_view bytes);
+/// The longest prefix of at most `size` bytes that ends between two characters.
+[[nodiscard]] std::string_view wholeCharacters(std::string_view text, std::size_t size);
 /// The number of leading bytes that are well-formed UTF-8.
 [[nodiscard]] std::size_t utf8Run(std::string_view bytes);
+
+/// Whether the byte is part of a character but not its first.
+[[nodiscard]] constexpr bool continuesCharacter(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
 
 [[nodiscard]] inline bool isAscii(std::string_view bytes)
 {
