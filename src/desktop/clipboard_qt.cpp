@@ -2,6 +2,7 @@
 #include "desktop/clipboard_qt.h"
 
 #include "desktop/text_qt.h"
+#include "encoding/line_ends.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
@@ -10,9 +11,7 @@ namespace kevra {
 
 std::string ClipboardQt::text() const
 {
-    auto text = QGuiApplication::clipboard()->text();
-    text.replace("\r\n", "\n").replace(u'\r', u'\n').replace(u'\n', "\r\n");
-    return text.toStdString();
+    return toCrLf(QGuiApplication::clipboard()->text().toStdString());
 }
 
 void ClipboardQt::clear()

@@ -3,6 +3,7 @@
 #include "desktop/text_qt.h"
 #include "editor/edit_scope_qt.h"
 #include "editor/editor_control_qt.h"
+#include "encoding/line_ends.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -13,24 +14,6 @@
 
 namespace kevra {
 namespace {
-
-/// Text from elsewhere with the document's line breaks.
-QByteArray withDocumentLineBreaks(const QByteArray &text)
-{
-    QByteArray out;
-    out.reserve(text.size() + text.size() / 16);
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char byte = text[i];
-        if (byte == '\n' || byte == '\r') {
-            out += "\r\n";
-            if (byte == '\r' && i + 1 < text.size() && text[i + 1] == '\n')
-                ++i;
-        } else {
-            out += byte;
-        }
-    }
-    return out;
-}
 
 bool isFiles(const QMimeData &data)
 {
@@ -92,11 +75,11 @@ void EditorControl::insertAsUser(TextRange range, const QMimeData *source, EditK
     // Scintilla's own way ends at the first NUL.
     if (m_readOnly || !source || !canInsertFromMimeData(source))
         return;
-    const auto text = withDocumentLineBreaks(source->text().toUtf8());
+    const auto text = toCrLf(source->text().toStdString());
     const EditScope scope(*this, kind);
     // Also where it equals what stood there: the user has put it in, and can take it back.
-    replaceBytes(range, {text.data(), static_cast<std::size_t>(text.size())});
-    const auto end = range.start + text.size();
+    replaceBytes(range, text);
+    const auto end = range.start + std::ssize(text);
     Select({end, end});
 }
 
@@ -277,13 +260,13 @@ void EditorControl::dropEvent(QDropEvent *event)
     const auto dragged = Selection();
     const bool moved = event->source() == this && event->dropAction() == Qt::MoveAction;
     // The text first, as taking it out of its old place changes what the drag carries.
-    const auto text = withDocumentLineBreaks(event->mimeData()->text().toUtf8());
+    const auto text = toCrLf(event->mimeData()->text().toStdString());
     if (moved && position > dragged.start)
         position = std::max(dragged.start, position - dragged.length());
     if (moved)
         Replace(dragged, {});
     const auto before = moved ? length - dragged.length() : length;
-    Replace({position, position}, {text.data(), static_cast<std::size_t>(text.size())});
+    Replace({position, position}, text);
     send(SCI_ENDUNDOACTION);
     Select({position, position + Length() - before});
     // The next key goes on where the text went, and undo takes it back there.

@@ -107,6 +107,11 @@ std::string toCrLf(std::string_view text, LineEnds ends)
     return joinLines(text, crLf);
 }
 
+std::string toCrLf(std::string_view text)
+{
+    return toCrLf(text, lineEndsOf(text));
+}
+
 std::string fromCrLf(std::string_view text, LineEnds ends)
 {
     const auto found = endKindsOf(text);

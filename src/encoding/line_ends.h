@@ -22,6 +22,8 @@ struct Line {
 [[nodiscard]] LineEnds lineEndsOf(std::string_view text);
 /// `text`, whose line ends are `ends`, with CRLF everywhere.
 [[nodiscard]] std::string toCrLf(std::string_view text, LineEnds ends);
+/// The same, whatever its line ends are.
+[[nodiscard]] std::string toCrLf(std::string_view text);
 /// `text` with every line end converted to `ends`; to CRLF for None and Mixed.
 [[nodiscard]] std::string fromCrLf(std::string_view text, LineEnds ends);
 [[nodiscard]] std::string_view endText(LineEnds ends);
