@@ -48,6 +48,21 @@ std::optional<char32_t> characterOf(std::span<const wchar_t> units)
     return std::nullopt;
 }
 
+/// Converts character by character: `convertFirst` converts the one at the start of what is left and returns
+/// its bytes, 0 where it cannot. How many bytes have been converted.
+template <typename ConvertFirst>
+std::size_t convertEach(std::string_view in, const ConvertFirst &convertFirst)
+{
+    std::size_t at = 0;
+    while (at < in.size()) {
+        const std::size_t length = convertFirst(in.substr(at));
+        if (length == 0)
+            break;
+        at += length;
+    }
+    return at;
+}
+
 class CodePageDecoder : public Converter {
 public:
     explicit CodePageDecoder(UINT page)
@@ -57,14 +72,7 @@ public:
 
     std::size_t convert(std::string_view in, std::string &out) override
     {
-        std::size_t at = 0;
-        while (at < in.size()) {
-            const auto length = appendCharacter(in.substr(at), out);
-            if (length == 0)
-                break;
-            at += length;
-        }
-        return at;
+        return convertEach(in, [&](std::string_view rest) { return appendCharacter(rest, out); });
     }
 
 private:
@@ -97,14 +105,10 @@ public:
 
     std::size_t convert(std::string_view in, std::string &out) override
     {
-        std::size_t at = 0;
-        while (at < in.size()) {
-            const auto [value, length] = firstCharacter(in.substr(at));
-            if (length == 0 || !append(value, out))
-                break;
-            at += length;
-        }
-        return at;
+        return convertEach(in, [&](std::string_view rest) {
+            const auto character = firstCharacter(rest);
+            return character.length > 0 && append(character.value, out) ? character.length : 0;
+        });
     }
 
 private:
@@ -157,14 +161,7 @@ public:
 
     std::size_t convert(std::string_view in, std::string &out) override
     {
-        std::size_t at = 0;
-        while (at < in.size()) {
-            const auto length = appendCharacter(in.substr(at), out);
-            if (length == 0)
-                break;
-            at += length;
-        }
-        return at;
+        return convertEach(in, [&](std::string_view rest) { return appendCharacter(rest, out); });
     }
 
 private:
@@ -202,15 +199,12 @@ public:
 
     std::size_t convert(std::string_view in, std::string &out) override
     {
-        std::size_t at = 0;
-        while (at < in.size()) {
-            const auto [value, length] = firstCharacter(in.substr(at));
-            if (length == 0)
-                break;
-            append(value, out);
-            at += length;
-        }
-        return at;
+        return convertEach(in, [&](std::string_view rest) {
+            const auto character = firstCharacter(rest);
+            if (character.length > 0)
+                append(character.value, out);
+            return character.length;
+        });
     }
 
 private:
