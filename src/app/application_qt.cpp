@@ -28,13 +28,6 @@ private:
     QTimer &m_timer;
 };
 
-template <typename... Arguments>
-void runIfSet(const std::function<void(Arguments...)> &step, std::type_identity_t<Arguments>... arguments)
-{
-    if (step)
-        step(arguments...);
-}
-
 } // namespace
 
 Application::Application(ProgramFolders programFolders)
@@ -54,7 +47,7 @@ Application::~Application()
 
 void Application::start(std::string commandLine)
 {
-    Startup(document, state, m_settings, *this, *this).startup(std::move(commandLine));
+    Startup(document, state, m_settings, *this).startup(std::move(commandLine));
 }
 
 MainWindow &Application::mainWindow()
@@ -78,6 +71,13 @@ Quit &Application::quit()
     return *m_quit;
 }
 
+SessionFiles &Application::sessionFiles()
+{
+    if (!m_mainWindow)
+        createMainWindow();
+    return *m_sessionFiles;
+}
+
 AutosaveTimer &Application::autosaveTimer()
 {
     return *m_autosaveTimer;
@@ -97,7 +97,7 @@ void Application::createMainWindow()
     auto &window = *m_mainWindow;
     m_toolSets = std::make_unique<ToolSets>(
         window.document(), window.lineNumbers(), document, window, window.fonts());
-    m_quit.reset(new Quit(window.document(), document, state, m_settings, messages, *this, *this));
+    m_quit.reset(new Quit(window.document(), document, state, m_settings, messages, *this));
     for (const auto wire :
         {wireEditing, wireLines, wireFiles, wireColour, wireChecker, wireFindings, wireFind, wirePreview,
             wireBeside, wireImages, wireSettings, wirePad, wireNavigation, wireSnippetPanels})
@@ -172,41 +172,6 @@ void Application::unloadWindow(SecondaryWindow which)
 void Application::endProgram()
 {
     QCoreApplication::exit(0);
-}
-
-void Application::openFromCommandLine(const std::string &commandLine)
-{
-    runIfSet(session.openFromCommandLine, commandLine);
-}
-
-void Application::offerRecovery()
-{
-    runIfSet(session.offerRecovery);
-}
-
-void Application::saveAs()
-{
-    runIfSet(session.saveAs);
-}
-
-void Application::textGivenUp()
-{
-    runIfSet(session.textGivenUp);
-}
-
-bool Application::keepUnsavedText()
-{
-    return !session.keepUnsavedText || session.keepUnsavedText();
-}
-
-void Application::deletePreviewPage()
-{
-    runIfSet(session.deletePreviewPage);
-}
-
-void Application::deleteAutosave()
-{
-    runIfSet(session.deleteAutosave);
 }
 
 } // namespace kevra

@@ -32,18 +32,7 @@
 
 namespace kevra {
 
-/// What the files' side does at the start and the end; a part that is not set does nothing.
-struct SessionSteps {
-    std::function<void(const std::string &commandLine)> openFromCommandLine;
-    std::function<void()> offerRecovery;
-    std::function<void()> saveAs;
-    std::function<void()> textGivenUp;
-    std::function<bool()> keepUnsavedText;
-    std::function<void()> deletePreviewPage;
-    std::function<void()> deleteAutosave;
-};
-
-class Application : private SettingsViews, private ShellWindows, private SessionFiles {
+class Application : private SettingsViews, private ShellWindows {
 public:
     /// `programFolders` says where the autosave file and the recovery records are kept.
     explicit Application(ProgramFolders programFolders);
@@ -69,9 +58,10 @@ public:
     BackupStorePosix backups{folders.autosave + "/backups"};
     FileStorePosix files{folders.autosave + "/recovery", documentsFolder()};
     DocumentFile file{files, backups}; ///< of the document in the main window
-    SessionSteps session;
     /// Judges the script line that Return has ended; set by the checker.
     std::function<void(TextRange line)> checkFinishedLine;
+    /// Takes the page of the preview off the disk, where there is one; set by the preview.
+    std::function<void()> removePreviewPage;
     /// Takes a file dropped on the window before it is opened as a document; set by the images.
     std::function<bool(const std::string &path)> takesDroppedFile;
     QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
@@ -80,6 +70,10 @@ public:
     [[nodiscard]] ToolSets &toolSets();
     [[nodiscard]] StoredSettings &settings() { return m_settings; }
     [[nodiscard]] Quit &quit();
+    /// Of the main window, which is created when it is first asked for.
+    [[nodiscard]] SessionFiles &sessionFiles() override;
+    /// By the files' part of the main window, which lives as long as it.
+    void setSessionFiles(SessionFiles &files) { m_sessionFiles = &files; }
     [[nodiscard]] AutosaveTimer &autosaveTimer() override;
     [[nodiscard]] SettingsViews &settingsViews() { return *this; }
 
@@ -110,14 +104,6 @@ private:
     void unloadWindow(SecondaryWindow window) override;
     void endProgram() override;
 
-    void openFromCommandLine(const std::string &commandLine) override;
-    void offerRecovery() override;
-    void saveAs() override;
-    void textGivenUp() override;
-    bool keepUnsavedText() override;
-    void deletePreviewPage() override;
-    void deleteAutosave() override;
-
     void createMainWindow();
 
     StoredSettings m_settings;
@@ -125,6 +111,7 @@ private:
     std::unique_ptr<MainWindow> m_mainWindow;
     std::unique_ptr<ToolSets> m_toolSets;
     std::unique_ptr<Quit> m_quit;
+    SessionFiles *m_sessionFiles = nullptr;
     std::map<SecondaryWindow, std::function<QWidget *()>> m_makers;
     std::map<SecondaryWindow, std::unique_ptr<QWidget>> m_windows;
     std::vector<std::shared_ptr<void>> m_kept;

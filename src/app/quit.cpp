@@ -6,14 +6,13 @@
 namespace kevra {
 
 Quit::Quit(EditorSurface &text, DocumentState &document, ApplicationState &application,
-    StoredSettings &settings, Messages &messages, ShellWindows &windows, SessionFiles &files)
+    StoredSettings &settings, Messages &messages, ShellWindows &windows)
     : m_text(text)
     , m_document(document)
     , m_application(application)
     , m_settings(settings)
     , m_messages(messages)
     , m_windows(windows)
-    , m_files(files)
 {
 }
 
@@ -40,7 +39,7 @@ void Quit::requestQuit()
     }
     if (m_document.unsaved)
         return promptSaveCurrentText();
-    if (!m_files.keepUnsavedText())
+    if (!m_windows.sessionFiles().keepUnsavedText())
         return;
     clearFlags();
     endProgram();
@@ -58,11 +57,11 @@ void Quit::promptSaveCurrentText()
 {
     switch (m_messages.show({"Save current text?", Icon::Question, Buttons::YesNoCancel})) {
     case Answer::Yes:
-        m_files.saveAs();
+        m_windows.sessionFiles().saveAs();
         return shutdown();
     case Answer::No:
         m_document.unsaved = false;
-        m_files.textGivenUp();
+        m_windows.sessionFiles().textGivenUp();
         return shutdown();
     default:
         return;
@@ -71,7 +70,7 @@ void Quit::promptSaveCurrentText()
 
 void Quit::shutdown()
 {
-    if (!m_ended && m_files.keepUnsavedText())
+    if (!m_ended && m_windows.sessionFiles().keepUnsavedText())
         endProgram();
 }
 
@@ -80,8 +79,9 @@ void Quit::endProgram()
     if (std::exchange(m_ended, true))
         return;
     m_windows.stopAutosaveTimer();
-    m_files.deletePreviewPage();
-    m_files.deleteAutosave();
+    auto &files = m_windows.sessionFiles();
+    files.deletePreviewPage();
+    files.deleteAutosave();
     m_settings.savePadGeometry();
     m_settings.saveEditorGeometry();
     m_settings.savePanelType();

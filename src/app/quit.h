@@ -14,7 +14,7 @@ namespace kevra {
 class Quit {
 public:
     Quit(EditorSurface &text, DocumentState &document, ApplicationState &application,
-        StoredSettings &settings, Messages &messages, ShellWindows &windows, SessionFiles &files);
+        StoredSettings &settings, Messages &messages, ShellWindows &windows);
 
     void requestQuit();
     /// The main window is closed by its frame, or by the menu: without any text nothing is asked. The window
@@ -36,7 +36,6 @@ private:
     StoredSettings &m_settings;
     Messages &m_messages;
     ShellWindows &m_windows;
-    SessionFiles &m_files;
     bool m_ended = false;
 };
 

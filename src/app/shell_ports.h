@@ -23,19 +23,6 @@ inline constexpr std::array secondaryWindows{SecondaryWindow::Browser, Secondary
     SecondaryWindow::Information, SecondaryWindow::ImageViewer, SecondaryWindow::Settings,
     SecondaryWindow::Find, SecondaryWindow::Pad, SecondaryWindow::MultiFind};
 
-class ShellWindows {
-public:
-    virtual ~ShellWindows() = default;
-    /// Does not wait; the window has the focus afterwards.
-    virtual void showMainWindow() = 0;
-    /// The information window with the notices of the first start; does not wait.
-    virtual void showFirstStartNotices() = 0;
-    virtual void stopAutosaveTimer() = 0;
-    virtual void unloadMainWindow() = 0;
-    virtual void unloadWindow(SecondaryWindow window) = 0;
-    virtual void endProgram() = 0;
-};
-
 /// The files' side of a run of the program.
 class SessionFiles {
 public:
@@ -50,6 +37,20 @@ public:
     [[nodiscard]] virtual bool keepUnsavedText() = 0;
     virtual void deletePreviewPage() = 0;
     virtual void deleteAutosave() = 0;
+};
+
+class ShellWindows {
+public:
+    virtual ~ShellWindows() = default;
+    /// Does not wait; the window has the focus afterwards.
+    virtual void showMainWindow() = 0;
+    /// The information window with the notices of the first start; does not wait.
+    virtual void showFirstStartNotices() = 0;
+    virtual void stopAutosaveTimer() = 0;
+    virtual void unloadMainWindow() = 0;
+    virtual void unloadWindow(SecondaryWindow window) = 0;
+    virtual void endProgram() = 0;
+    [[nodiscard]] virtual SessionFiles &sessionFiles() = 0; ///< of the main window
 };
 
 } // namespace kevra

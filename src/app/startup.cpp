@@ -10,13 +10,12 @@ void checkTempFolder(const ApplicationState &application, const FileStore &files
             + ", is pointing to a non-existent folder and needs to be changed in Options -- Settings.");
 }
 
-Startup::Startup(DocumentState &document, ApplicationState &application, StoredSettings &settings,
-    ShellWindows &windows, SessionFiles &files)
+Startup::Startup(
+    DocumentState &document, ApplicationState &application, StoredSettings &settings, ShellWindows &windows)
     : m_document(document)
     , m_application(application)
     , m_settings(settings)
     , m_windows(windows)
-    , m_files(files)
 {
 }
 
@@ -27,9 +26,9 @@ void Startup::startup(std::string commandLine)
     m_windows.showMainWindow();
     loadOptions();
     resetState();
-    m_files.openFromCommandLine(m_application.commandLine);
+    m_windows.sessionFiles().openFromCommandLine(m_application.commandLine);
     greetAtFirstStart();
-    m_files.offerRecovery();
+    m_windows.sessionFiles().offerRecovery();
 }
 
 void Startup::loadWindowSettings()

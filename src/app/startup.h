@@ -19,7 +19,7 @@ void checkTempFolder(const ApplicationState &application, const FileStore &files
 class Startup {
 public:
     Startup(DocumentState &document, ApplicationState &application, StoredSettings &settings,
-        ShellWindows &windows, SessionFiles &files);
+        ShellWindows &windows);
 
     void startup(std::string commandLine);
 
@@ -33,7 +33,6 @@ private:
     ApplicationState &m_application;
     StoredSettings &m_settings;
     ShellWindows &m_windows;
-    SessionFiles &m_files;
 };
 
 } // namespace kevra

@@ -34,13 +34,12 @@ constexpr auto statusDelay = 200ms;
 constexpr Offset largeDeletion = 200; ///< characters worth a record of their own before they go
 
 /// Everything of the document's files that lives as long as the windows.
-class FilesSide : public QObject, private ReviewView, private RecoveryList {
+class FilesSide : public QObject, private ReviewView, private RecoveryList, private SessionFiles {
 public:
     explicit FilesSide(Application &app);
 
 private:
     void bindCommands();
-    void fillSession();
     void watchDocument();
     void watchDisk();
     void watchEnd();
@@ -51,6 +50,14 @@ private:
     void tellDiskState();
     void tellRecordState();
     void tellPassedOver();
+
+    void openFromCommandLine(const std::string &commandLine) override;
+    void offerRecovery() override;
+    void saveAs() override { m_saving.saveAs(); }
+    void textGivenUp() override { m_journal.textGivenUp(); }
+    bool keepUnsavedText() override;
+    void deletePreviewPage() override;
+    void deleteAutosave() override { m_store.removeAutosave(m_app.state.autosaveWritten); }
 
     void showReview(const std::string &description) override;
     void endReview() override;
@@ -108,7 +115,9 @@ FilesSide::FilesSide(Application &app)
     , m_disk(app, m_ports, m_opening, m_colouring)
 {
     bindCommands();
-    fillSession();
+    app.setSessionFiles(*this);
+    m_saving.onAutosaveStale([this] { deleteAutosave(); });
+    m_saving.onPageStale([this] { deletePreviewPage(); });
     watchDocument();
     watchEncoding();
     watchDisk();
@@ -140,24 +149,26 @@ void FilesSide::bindCommands()
         [this](const QString &path) { abandonReviewAnd([&] { m_opening.openListed(pathBytes(path)); }); });
 }
 
-void FilesSide::fillSession()
+void FilesSide::openFromCommandLine(const std::string &commandLine)
 {
-    auto &session = m_app.session;
-    session.openFromCommandLine = [this](const std::string &text) { m_opening.openFromCommandLine(text); };
-    session.offerRecovery = [this] {
-        tellPassedOver();
-        m_offer.offer();
-    };
-    session.saveAs = [this] { m_saving.saveAs(); };
-    session.textGivenUp = [this] { m_journal.textGivenUp(); };
-    session.keepUnsavedText
-        = [this] { return mayLeaveText(m_journal, m_app.messages, [this] { return m_saving.saveAs(); }); };
-    session.deleteAutosave = [this] { m_store.removeAutosave(m_app.state.autosaveWritten); };
-    m_saving.onAutosaveStale(session.deleteAutosave);
-    m_saving.onPageStale([&session] {
-        if (session.deletePreviewPage)
-            session.deletePreviewPage();
-    });
+    m_opening.openFromCommandLine(commandLine);
+}
+
+void FilesSide::offerRecovery()
+{
+    tellPassedOver();
+    m_offer.offer();
+}
+
+bool FilesSide::keepUnsavedText()
+{
+    return mayLeaveText(m_journal, m_app.messages, [this] { return m_saving.saveAs(); });
+}
+
+void FilesSide::deletePreviewPage()
+{
+    if (m_app.removePreviewPage)
+        m_app.removePreviewPage();
 }
 
 void FilesSide::watchDocument()

@@ -71,7 +71,7 @@ void PreviewSide::bindCommands()
     registry.bind("mcallhelp", [this] { commands().ShowHelp(); });
     registry.bind("mvbsinfo", [this] { commands().ShowScriptReference(); });
     registry.bind("mmsgboxref", [this] { m_app.showWindow(SecondaryWindow::MessageBoxReference); });
-    m_app.session.deletePreviewPage = [this] {
+    m_app.removePreviewPage = [this] {
         if (m_commands)
             commands().removePreviewPage();
     };
@@ -97,7 +97,7 @@ void PreviewSide::connectBrowser()
     auto *window = m_window.data();
     const auto on = [&](auto signal, auto step) { QObject::connect(window, signal, window, step); };
     on(&BrowserWindow::textAsked, [this] { commands().BackToText(); });
-    on(&BrowserWindow::saveAsAsked, [this] { m_app.session.saveAs(); });
+    on(&BrowserWindow::saveAsAsked, [this] { m_app.sessionFiles().saveAs(); });
     on(&BrowserWindow::quitAsked, [this] { m_app.quit().requestQuit(); });
     on(&BrowserWindow::refreshAsked, [this] { commands().refresh(); });
     on(&BrowserWindow::helpAsked, [this] { commands().helpFromBrowser(); });

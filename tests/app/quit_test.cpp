@@ -22,7 +22,7 @@ struct Running {
     FakeMessages messages;
     FakeShell shell;
     StoredSettings settings{store, document, application, shown, shell};
-    Quit quit{text, document, application, settings, messages, shell, shell};
+    Quit quit{text, document, application, settings, messages, shell};
 
     [[nodiscard]] bool did(const char *call) const
     {

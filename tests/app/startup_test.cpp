@@ -23,7 +23,7 @@ struct Start {
 
     void run(std::string commandLine)
     {
-        Startup(document, application, settings, shell, shell).startup(std::move(commandLine));
+        Startup(document, application, settings, shell).startup(std::move(commandLine));
         std::erase(shell.log, "use main window");
     }
 };

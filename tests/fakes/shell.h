@@ -26,6 +26,7 @@ public:
     void unloadMainWindow() override { note("unload main"); }
     void unloadWindow(SecondaryWindow window) override { note("unload", static_cast<int>(window)); }
     void endProgram() override { note("end"); }
+    SessionFiles &sessionFiles() override { return *this; }
 
     void openFromCommandLine(const std::string &commandLine) override { note("open " + commandLine); }
     void offerRecovery() override { note("offer recovery"); }
