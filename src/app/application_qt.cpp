@@ -90,7 +90,7 @@ FontBoxes &Application::fonts()
 
 void Application::createMainWindow()
 {
-    state.autosaveWritten = false;
+    document.autosaveWritten = false;
     state.helpShowing = false;
     document.scriptTools = false;
     m_mainWindow = std::make_unique<MainWindow>(commands);

@@ -57,7 +57,7 @@ private:
     void textGivenUp() override { m_journal.textGivenUp(); }
     bool keepUnsavedText() override;
     void deletePreviewPage() override;
-    void deleteAutosave() override { m_store.removeAutosave(m_app.state.autosaveWritten); }
+    void deleteAutosave() override { m_store.removeAutosave(m_app.document.autosaveWritten); }
 
     void showReview(const std::string &description) override;
     void endReview() override;

@@ -20,7 +20,6 @@ struct ApplicationState {
     std::string tempFolder; ///< where the preview of unsaved work goes, without a trailing separator
     bool autosaveOn = false;
     int autosaveMinutes = 0;
-    bool autosaveWritten = false;
     std::string programPath = "none"; ///< the external program
     std::string programMenuText = "EXE";
     TwipRect padGeometry; ///< the clipping pad's geometry in its normal state, current or last

@@ -54,7 +54,7 @@ void RecoveryJournal::autosave()
         return;
     m_changedSinceAutosave = false;
     m_store.writeAutosave(snapshot());
-    m_application.autosaveWritten = true;
+    m_state.autosaveWritten = true;
 }
 
 void RecoveryJournal::textSaved()

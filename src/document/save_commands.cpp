@@ -55,7 +55,7 @@ bool SaveCommands::saveAs(const std::string &title, const std::string &proposed)
     m_ports.state.currentPath = *path;
     m_ports.main.setTitlePath(*path);
     removeStaleFiles();
-    m_ports.application.autosaveWritten = false;
+    m_ports.state.autosaveWritten = false;
     return true;
 }
 

@@ -13,6 +13,7 @@ struct DocumentState {
     std::string currentExtension; ///< upper case, without the dot
     bool unsaved = false;
     bool busyLoadingOrSaving = false;
+    bool autosaveWritten = false; ///< by this run of the program, and not saved since
     /// The program itself is changing text or colours, so change handlers stay quiet.
     bool programmaticChange = false;
 

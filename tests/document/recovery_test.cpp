@@ -171,7 +171,7 @@ TEST(RecoveryJournal, AutosavesWhenOnAndChanged)
     fixture.journal.autosave();
     fixture.journal.autosave();
     EXPECT_EQ(fixture.store.autosaved, std::vector<std::string>{"one"});
-    EXPECT_TRUE(fixture.application.autosaveWritten);
+    EXPECT_TRUE(fixture.state.autosaveWritten);
     fixture.type("");
     fixture.journal.autosave();
     EXPECT_EQ(fixture.store.autosaved.size(), 1U);

@@ -136,7 +136,7 @@ TEST(SaveAs, RemovesWhatTheSavedTextMakesStale)
 {
     EditedPage fixture;
     fixture.application.tempFolder = "/tmp/pages";
-    fixture.application.autosaveWritten = true;
+    fixture.state.autosaveWritten = true;
     fixture.files.files["/tmp/pages/kevratemp.html"] = "of somebody else";
     fixture.dialogs.choices.emplace_back("/site/new.htm");
     bool pageRemoved = false;
@@ -149,7 +149,7 @@ TEST(SaveAs, RemovesWhatTheSavedTextMakesStale)
     EXPECT_FALSE(fixture.files.files.contains("/tmp/pages/kevratemp.html"));
     EXPECT_EQ(fixture.backups.kept["/tmp/pages/kevratemp.html"], "of somebody else");
     EXPECT_TRUE(autosaveRemoved);
-    EXPECT_FALSE(fixture.application.autosaveWritten);
+    EXPECT_FALSE(fixture.state.autosaveWritten);
 }
 
 TEST(SaveAs, NeverRemovesTheFileJustSavedNorWhatItCannotKeep)
