@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One open document: its text, what is known of it, its file, and the record of what is not saved. It knows
+// of no other; what several share are the stores they are given and what is true of the whole program.
+#pragma once
+
+#include "document/application_state.h"
+#include "document/document_file.h"
+#include "document/recovery_journal.h"
+#include "editor/document_state.h"
+#include "editor/surface.h"
+#include "storage/backup_store.h"
+#include "storage/file_store.h"
+#include "storage/record_store.h"
+
+namespace kevra {
+
+struct Document {
+    /// `records` is for this document alone: it holds one record and one autosave file.
+    Document(EditorSurface &text, ApplicationState &application, FileStore &files, BackupStore &backups,
+        RecordStore &records)
+        : surface(text)
+        , file(files, backups)
+        , journal(surface, state, application, file, records, backups)
+    {
+    }
+    Document(const Document &) = delete;
+    Document &operator=(const Document &) = delete;
+
+    EditorSurface &surface; ///< the text with its colours, its selection and its undo
+    DocumentState state; ///< also which tools are shown
+    DocumentFile file;
+    RecoveryJournal journal;
+};
+
+} // namespace kevra
