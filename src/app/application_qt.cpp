@@ -4,6 +4,7 @@
 #include "app/font_frame_panel.h"
 #include "app/information_window.h"
 #include "app/wiring_qt.h"
+#include "widgets/named_qt.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QDialog>
@@ -31,8 +32,18 @@ private:
 } // namespace
 
 Application::Application(ProgramFolders programFolders)
-    : folders(std::move(programFolders))
-    , m_settings(store, document, state, options, *this)
+    : m_newControl(named<EditorControl>("t1", nullptr, "Document"))
+    , folders(std::move(programFolders))
+    , recovery({folders.autosave, folders.spare}, backups,
+          [this] {
+              const auto tell = [this] {
+                  if (recordOutcomeChanged)
+                      recordOutcomeChanged();
+              };
+              QMetaObject::invokeMethod(&timer1, tell, Qt::QueuedConnection);
+          })
+    , document(*m_newControl, state, files, backups, recovery)
+    , m_settings(store, document.state, state, options, *this)
     , m_autosaveTimer(std::make_unique<AutosaveTimerQt>(timer1))
 {
 }
@@ -47,7 +58,7 @@ Application::~Application()
 
 void Application::start(std::string commandLine)
 {
-    Startup(document, state, m_settings, *this).startup(std::move(commandLine));
+    Startup(document.state, state, m_settings, *this).startup(std::move(commandLine));
 }
 
 MainWindow &Application::mainWindow()
@@ -90,14 +101,14 @@ FontBoxes &Application::fonts()
 
 void Application::createMainWindow()
 {
-    document.autosaveWritten = false;
+    document.state.autosaveWritten = false;
     state.helpShowing = false;
-    document.scriptTools = false;
-    m_mainWindow = std::make_unique<MainWindow>(commands);
+    document.state.scriptTools = false;
+    m_mainWindow = std::make_unique<MainWindow>(commands, std::move(m_newControl));
     auto &window = *m_mainWindow;
     m_toolSets = std::make_unique<ToolSets>(
-        window.document(), window.lineNumbers(), document, window, window.fonts());
-    m_quit.reset(new Quit(window.document(), document, state, m_settings, messages, *this));
+        window.document(), window.lineNumbers(), document.state, window, window.fonts());
+    m_quit.reset(new Quit(window.document(), document.state, state, m_settings, messages, *this));
     for (const auto wire :
         {wireEditing, wireLines, wireFiles, wireColour, wireChecker, wireFindings, wireFind, wirePreview,
             wireBeside, wireImages, wireSettings, wirePad, wireNavigation, wireSnippetPanels})

@@ -13,14 +13,14 @@
 #include "desktop/messages_qt.h"
 #include "desktop/program_folders_qt.h"
 #include "document/application_state.h"
-#include "document/document_file.h"
-#include "editor/document_state.h"
+#include "document/document.h"
 #include "editor/editor_control_qt.h"
 #include "settings/options_shown.h"
 #include "settings/settings_store_qt.h"
 #include "settings/stored_settings.h"
 #include "storage/backup_store_posix.h"
 #include "storage/file_store_posix.h"
+#include "storage/recovery_store_posix.h"
 
 #include <QtCore/QTimer>
 
@@ -33,6 +33,8 @@
 namespace kevra {
 
 class Application : private SettingsViews, private ShellWindows {
+    std::unique_ptr<EditorControl> m_newControl; ///< for the main window, until that is made
+
 public:
     /// `programFolders` says where the autosave file and the recovery records are kept.
     explicit Application(ProgramFolders programFolders);
@@ -45,7 +47,6 @@ public:
     [[nodiscard]] bool hasEnded() const { return m_quit && m_quit->hasEnded(); }
 
     // State and ports, for the wiring of the subsystems.
-    DocumentState document;
     ApplicationState state;
     OptionsShown options;
     CommandRegistry commands;
@@ -57,14 +58,17 @@ public:
     ProgramFolders folders;
     BackupStorePosix backups{folders.autosave + "/backups"};
     FileStorePosix files{folders.autosave + "/recovery", documentsFolder()};
-    DocumentFile file{files, backups}; ///< of the document in the main window
+    QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
+    RecoveryStorePosix recovery;
+    Document document; ///< in the main window
+    /// The record of the unsaved text can be written, or no longer can; set by the files.
+    std::function<void()> recordOutcomeChanged;
     /// Judges the script line that Return has ended; set by the checker.
     std::function<void(TextRange line)> checkFinishedLine;
     /// Takes the page of the preview off the disk, where there is one; set by the preview.
     std::function<void()> removePreviewPage;
     /// Takes a file dropped on the window before it is opened as a document; set by the images.
     std::function<bool(const std::string &path)> takesDroppedFile;
-    QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
 
     [[nodiscard]] MainWindow &mainWindow(); ///< created when it is first asked for
     [[nodiscard]] ToolSets &toolSets();

@@ -82,8 +82,8 @@ void DiskSide::check()
 
 void DiskSide::documentMayHaveChanged()
 {
-    m_watch.watch(m_app.file.path());
-    if (m_app.file.replacedContent() || m_changes.bar() != DiskBar::None)
+    m_watch.watch(m_app.document.file.path());
+    if (m_app.document.file.replacedContent() || m_changes.bar() != DiskBar::None)
         QTimer::singleShot(0, this, &DiskSide::check);
 }
 

@@ -47,11 +47,17 @@ TwipSize wantedSize(const QWidget &widget)
     return {size.width() * twipsPerPixel, size.height() * twipsPerPixel};
 }
 
+EditorControl *placedIn(QWidget *parent, std::unique_ptr<EditorControl> control)
+{
+    control->setParent(parent);
+    return control.release();
+}
+
 } // namespace
 
-MainWindow::MainWindow(const CommandRegistry &commands)
+MainWindow::MainWindow(const CommandRegistry &commands, std::unique_ptr<EditorControl> document)
     : m_inner(new QWidget(this))
-    , m_document(named<EditorControl>("t1", m_inner, "Document"))
+    , m_document(placedIn(m_inner, std::move(document)))
     , m_lineNumbers(named<EditorControl>("t2", m_inner, "Line numbers"))
     , m_fonts(new FontFrame(m_inner))
     , m_information(named<QLineEdit>("tinfo", m_inner, "Information"))

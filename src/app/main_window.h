@@ -13,6 +13,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 
 class QFrame;
 class QLineEdit;
@@ -34,7 +35,8 @@ class MainWindow : public QMainWindow, public MainView, public ShellView, public
     Q_OBJECT
 
 public:
-    explicit MainWindow(const CommandRegistry &commands);
+    /// `document` is `t1`; it is shown here from now on.
+    MainWindow(const CommandRegistry &commands, std::unique_ptr<EditorControl> document);
 
     [[nodiscard]] EditorControl &document() { return *m_document; } ///< `t1`
     [[nodiscard]] EditorControl &lineNumbers() { return *m_lineNumbers; } ///< `t2`

@@ -159,12 +159,12 @@ void BesideSide::connectDocument()
 
 void BesideSide::tellDocument()
 {
-    auto path = m_app.document.currentPath;
+    auto path = m_app.document.state.currentPath;
     if (path.empty()) {
         const auto &folder = m_app.state.tempFolder;
         path = (m_app.files.folderExists(folder) ? folder : documentsFolder()) + '/' + untitledPage;
     }
-    m_commands.documentIs(path, !m_app.document.scriptTools);
+    m_commands.documentIs(path, !m_app.document.state.scriptTools);
 }
 
 bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> page)
@@ -207,7 +207,7 @@ void BesideSide::selectText(TextRange range)
 
 void BesideSide::openInBrowser()
 {
-    const auto &path = m_app.document.currentPath;
+    const auto &path = m_app.document.state.currentPath;
     const auto opener = QStandardPaths::findExecutable("xdg-open");
     if (path.empty())
         say("A browser opens files: save the text first.");

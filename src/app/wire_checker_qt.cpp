@@ -53,7 +53,8 @@ public:
 
 void wireChecker(Application &app)
 {
-    auto &checker = app.keep<ScriptDebugger>(app.mainWindow().document(), app.document, app.mainWindow());
+    auto &checker
+        = app.keep<ScriptDebugger>(app.mainWindow().document(), app.document.state, app.mainWindow());
     app.checkFinishedLine = [&checker](TextRange line) { checker.checkFinishedLine(line); };
     app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), app.mainWindow().document());
     app.commands.bind("mrundebug", [&app, &checker] {
@@ -61,7 +62,7 @@ void wireChecker(Application &app)
         checker.debugDocument();
     });
     const auto useLineDebugging = [&app](bool on) {
-        app.document.lineDebugPreferred = app.document.lineDebugOn = on;
+        app.document.state.lineDebugPreferred = app.document.state.lineDebugOn = on;
         app.toolSets().showOption(Option::LineDebug, on);
     };
     app.commands.bind("mdodebug", [useLineDebugging] { useLineDebugging(true); });

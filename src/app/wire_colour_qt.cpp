@@ -33,7 +33,7 @@ constexpr std::array panelSwitches{
 
 void wireCommands(Application &app)
 {
-    auto &colours = app.keep<ColourCommands>(app.mainWindow().document(), app.document, app.toolSets());
+    auto &colours = app.keep<ColourCommands>(app.mainWindow().document(), app.document.state, app.toolSets());
     app.commands.bind("mcolcode", [&colours] { colours.colourOn(); });
     app.commands.bind("mnocolor", [&colours] { colours.colourOff(); });
     for (const auto &swap : panelSwitches) {
@@ -47,12 +47,13 @@ void wireCommands(Application &app)
 void wireTyping(Application &app)
 {
     auto &window = app.mainWindow();
-    auto &typing = app.keep<TypingColouring>(window.document(), app.document, window, [&app](TextRange line) {
-        if (app.checkFinishedLine)
-            app.checkFinishedLine(line);
-    });
+    auto &typing
+        = app.keep<TypingColouring>(window.document(), app.document.state, window, [&app](TextRange line) {
+              if (app.checkFinishedLine)
+                  app.checkFinishedLine(line);
+          });
     window.document().setTypingHandler(&typing);
-    app.keep<FsoPopup>(window.document(), app.document, *window.menus().menu("mpopfso"));
+    app.keep<FsoPopup>(window.document(), app.document.state, *window.menus().menu("mpopfso"));
 }
 
 } // namespace
@@ -66,7 +67,7 @@ void wireColour(Application &app)
 void wireSnippetPanels(Application &app)
 {
     auto &window = app.mainWindow();
-    auto &snippetCommands = app.keep<SnippetCommands>(window.document(), app.document, window);
+    auto &snippetCommands = app.keep<SnippetCommands>(window.document(), app.document.state, window);
     const SnippetPanelHooks hooks{
         [&app, &snippetCommands](const Snippet &snippet) {
             if (snippet.insertion == Insertion::Command)
@@ -74,7 +75,7 @@ void wireSnippetPanels(Application &app)
             else
                 snippetCommands.insert(snippet);
         },
-        [&app] { return app.document.snippetComments; },
+        [&app] { return app.document.state.snippetComments; },
         [&app](std::string_view button) { return app.commands.isBound(button); },
     };
     for (const auto panel :

@@ -35,7 +35,7 @@ void wireDocument(Application &app)
     // An empty text has nothing that could be lost.
     QObject::connect(&t1, &EditorControl::changed, &window, [&app, &t1] {
         if (t1.Length() > 0)
-            app.document.unsaved = true;
+            app.document.state.unsaved = true;
     });
 }
 

@@ -11,11 +11,9 @@
 #include "document/leave_text.h"
 #include "document/notice_bar_panel.h"
 #include "document/open_commands.h"
-#include "document/recovery_journal.h"
 #include "document/recovery_list_dialog.h"
 #include "document/recovery_offer.h"
 #include "document/save_commands.h"
-#include "storage/recovery_store_posix.h"
 
 #include <QtGui/QSessionManager>
 #include <QtWidgets/QApplication>
@@ -57,7 +55,7 @@ private:
     void textGivenUp() override { m_journal.textGivenUp(); }
     bool keepUnsavedText() override;
     void deletePreviewPage() override;
-    void deleteAutosave() override { m_store.removeAutosave(m_app.document.autosaveWritten); }
+    void deleteAutosave() override { m_store.removeAutosave(m_app.document.state.autosaveWritten); }
 
     void showReview(const std::string &description) override;
     void endReview() override;
@@ -67,8 +65,8 @@ private:
 
     Application &m_app;
     EditorControl &m_document;
-    RecoveryStorePosix m_store;
-    RecoveryJournal m_journal;
+    RecoveryStorePosix &m_store;
+    RecoveryJournal &m_journal;
     FileCommandPorts m_ports;
     DocumentColouring m_colouring;
     SaveCommands m_saving;
@@ -89,12 +87,11 @@ private:
 FilesSide::FilesSide(Application &app)
     : m_app(app)
     , m_document(app.mainWindow().document())
-    , m_store({app.folders.autosave, app.folders.spare}, app.backups,
-          [this] { QMetaObject::invokeMethod(this, &FilesSide::tellRecordState, Qt::QueuedConnection); })
-    , m_journal(m_document, app.document, app.state, app.file, m_store, app.backups)
-    , m_ports{m_document, app.document, app.state, app.files, app.file, m_journal, app.backups,
+    , m_store(app.recovery)
+    , m_journal(app.document.journal)
+    , m_ports{m_document, app.document.state, app.state, app.files, app.document.file, m_journal, app.backups,
           app.fileDialogs, app.messages, app.mainWindow(), app.toolSets()}
-    , m_colouring(m_document, app.document)
+    , m_colouring(m_document, app.document.state)
     , m_saving(m_ports)
     , m_opening(m_ports, m_saving, m_colouring)
     , m_encoding(m_ports, m_opening,
@@ -111,11 +108,12 @@ FilesSide::FilesSide(Application &app)
               [this] { m_saving.saveAsMenu(); }}}))
     , m_passedOverBar(*new NoticeBar("passedoverbar", "Files passed over", app.mainWindow(),
           {{"bpassedoverclose", "C&lose", "Take this note away", [this] { m_passedOverBar.hide(); }}}))
-    , m_notice(app.file)
+    , m_notice(app.document.file)
     , m_disk(app, m_ports, m_opening, m_colouring)
 {
     bindCommands();
     app.setSessionFiles(*this);
+    app.recordOutcomeChanged = [this] { tellRecordState(); };
     m_saving.onAutosaveStale([this] { deleteAutosave(); });
     m_saving.onPageStale([this] { deletePreviewPage(); });
     watchDocument();
@@ -186,7 +184,7 @@ void FilesSide::watchDocument()
         return status();
     });
     const auto changed = [this](Offset position, Offset removed, Offset added) {
-        if (m_app.document.busyLoadingOrSaving)
+        if (m_app.document.state.busyLoadingOrSaving)
             return m_encoding.documentReplaced();
         m_encoding.textChanged(position, removed, added);
         m_journal.textChanged();
@@ -197,7 +195,7 @@ void FilesSide::watchDocument()
     };
     connect(&m_document, &EditorControl::changed, this, changed);
     connect(&m_document, &EditorControl::aboutToRemove, this, [this](Offset, Offset length) {
-        if (length >= largeDeletion && !m_app.document.busyLoadingOrSaving)
+        if (length >= largeDeletion && !m_app.document.state.busyLoadingOrSaving)
             m_journal.writeDown();
     });
     connect(&m_recordTimer, &QTimer::timeout, this, [this] { m_journal.writeDown(); });
@@ -208,7 +206,7 @@ void FilesSide::watchDocument()
 
 DocumentStatus FilesSide::status()
 {
-    const auto &file = m_app.file;
+    const auto &file = m_app.document.file;
     const bool saved = !m_offer.reviewing() && !m_notice.isCurrent()
         && file.mayHold(static_cast<std::size_t>(m_document.Length())) && file.holds(m_document.Text());
     const auto encoding = m_encoding.status();

@@ -28,7 +28,7 @@ QRect hitOnScreen(EditorControl &document)
 QWidget *makeFindDialog(Application &app)
 {
     auto &document = app.mainWindow().document();
-    auto *dialog = new FindDialog(document, app.document, app.messages, &app.mainWindow());
+    auto *dialog = new FindDialog(document, app.document.state, app.messages, &app.mainWindow());
     dialog->setReveal([&document] { revealCaret(document); });
     dialog->setHitPlace([&document] { return hitOnScreen(document); });
     dialog->setMayEdit([&document] { return !document.isReadOnly(); });
@@ -77,8 +77,8 @@ void wireFind(Application &app)
     onKey(Qt::SHIFT | Qt::Key_F3, &FindCommands::findPrevious);
 
     auto &document = app.mainWindow().document();
-    auto &open = app.keep<OpenDocumentFile>(document, app.document, app.file, app.files, app.mainWindow(),
-        [&document] { document.setSavePoint(); });
+    auto &open = app.keep<OpenDocumentFile>(document, app.document.state, app.document.file, app.files,
+        app.mainWindow(), [&document] { document.setSavePoint(); });
     app.makesWindow(SecondaryWindow::MultiFind, [&app, &open] {
         auto *dialog = new MultiDialog(app.files, open, app.messages, app.fileDialogs, &app.mainWindow());
         QObject::connect(dialog, &MultiDialog::lineChosen, dialog,

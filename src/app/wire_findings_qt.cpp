@@ -133,19 +133,19 @@ void FindingsSide::connectDocument()
 
 script::FileKind FindingsSide::kind() const
 {
-    const auto usual = m_app.document.scriptTools ? script::FileKind::Script : script::FileKind::Page;
-    return script::fileKind(m_app.document.currentPath).value_or(usual);
+    const auto usual = m_app.document.state.scriptTools ? script::FileKind::Script : script::FileKind::Page;
+    return script::fileKind(m_app.document.state.currentPath).value_or(usual);
 }
 
 void FindingsSide::analyseLater()
 {
-    if (m_analyseTyping && m_app.document.scriptTools)
+    if (m_analyseTyping && m_app.document.state.scriptTools)
         m_pause.start(m_document.Length() > longText ? longerPause : pauseInTyping);
 }
 
 void FindingsSide::analyseCopy()
 {
-    if (!m_analyseTyping || !m_app.document.scriptTools)
+    if (!m_analyseTyping || !m_app.document.state.scriptTools)
         return;
     // In two parts, so that the control need not move its gap, which is where the typing goes on.
     const auto gap = m_document.textPosition(m_document.SendScintilla(Sci::SCI_GETGAPPOSITION));

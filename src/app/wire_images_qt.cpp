@@ -21,8 +21,8 @@ public:
     explicit ImagesSide(Application &app)
         : m_app(app)
         , m_frame(app.mainWindow().frame("fr1"))
-        , m_commands({app.mainWindow().document(), app.document.currentPath, app.mainWindow(), app.files,
-              app.fileDialogs, app.messages, app.clipboard, m_decoder, *this})
+        , m_commands({app.mainWindow().document(), app.document.state.currentPath, app.mainWindow(),
+              app.files, app.fileDialogs, app.messages, app.clipboard, m_decoder, *this})
         , m_panel(m_frame,
               {[this] { m_commands.CopySampledColour(); }, [this] { m_commands.CopyViewedImageTag(); }})
         , m_finder(app.mainWindow().frame("frcol"), app.mainWindow().document(), app.colourDialog,

@@ -21,7 +21,7 @@ void wireLines(Application &app)
 {
     auto &t1 = app.mainWindow().document();
     app.commands.bind("mcomment", [&app, &t1] {
-        const auto marks = commentMarks(app.document.currentExtension, app.document.scriptTools);
+        const auto marks = commentMarks(app.document.state.currentExtension, app.document.state.scriptTools);
         t1.apply(toggledComments(t1, t1.anchorAndCaret(), marks));
     });
     app.commands.bind("mlineup", [&t1] { t1.apply(movedLines(t1, t1.anchorAndCaret(), Move::Up)); });

@@ -28,7 +28,7 @@ public:
         files->insertSeparator(exit);
         connect(files, &QMenu::aboutToShow, this, [this] { fill(); });
         connect(&app.mainWindow(), &MainWindow::documentNamed, this,
-            [this] { m_recent.add(m_app.document.currentPath); });
+            [this] { m_recent.add(m_app.document.state.currentPath); });
     }
 
 private:

@@ -13,9 +13,9 @@ class SettingsSide : private SettingsEffects {
 public:
     explicit SettingsSide(Application &app)
         : m_app(app)
-        , m_colouring(app.mainWindow().document(), app.document)
+        , m_colouring(app.mainWindow().document(), app.document.state)
         , m_program({app.state, app.store, app.files, m_processes, app.toolSets(), app.messages})
-        , m_commands({app.store, app.document, app.state, app.options, app.settingsViews(),
+        , m_commands({app.store, app.document.state, app.state, app.options, app.settingsViews(),
               app.mainWindow().document(), *this, app.files, app.messages, app.fileDialogs, app.colourDialog,
               m_program})
     {

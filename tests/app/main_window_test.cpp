@@ -11,6 +11,7 @@
 #include "document/notice_bar_panel.h"
 #include "editor/editor_control_qt.h"
 #include "fakes/modal.h"
+#include "widgets/named_qt.h"
 
 #include <QtTest/QtTest>
 
@@ -32,7 +33,8 @@ struct Shown {
             if (!row.item.empty())
                 commands.bind(row.item, [this, item = textOf(row.item)] { ran << item; });
         commands.bind("bview", [this] { ran << "bview"; });
-        window = std::make_unique<MainWindow>(commands);
+        window = std::make_unique<MainWindow>(
+            commands, std::unique_ptr<EditorControl>(named<EditorControl>("t1", nullptr, "Document")));
         tools = std::make_unique<ToolSets>(
             window->document(), window->lineNumbers(), state, *window, window->fonts());
         window->resize(1000, 700);

@@ -56,7 +56,7 @@ TEST_F(MultiInProgram, TheOpenDocumentTakesWhatWasWritten)
     EXPECT_EQ(document().Text(), "<I>old</I>\r\n<P>\r\n");
     EXPECT_EQ(document().ColourAt(1), colours::defaultCode);
     EXPECT_EQ(document().ColourAt(4), colours::black);
-    EXPECT_FALSE(app().document.unsaved);
+    EXPECT_FALSE(app().document.state.unsaved);
 }
 
 TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)

@@ -122,8 +122,8 @@ TEST_F(FindingsInProgram, ChangesNothingButWhatItShows)
             const auto selection = t1.anchorAndCaret();
             now.places = {selection.anchor, selection.caret, t1.FirstVisibleLine(),
                 t1.SendScintilla(Sci::SCI_GETXOFFSET), static_cast<Offset>(t1.TypingColor().value)};
-            for (const bool flag : {t1.isAtSavePoint(), t1.canUndo(), t1.canRedo(), app().document.unsaved,
-                     app().document.busyLoadingOrSaving})
+            for (const bool flag : {t1.isAtSavePoint(), t1.canUndo(), t1.canRedo(),
+                     app().document.state.unsaved, app().document.state.busyLoadingOrSaving})
                 now.flags += flag ? '1' : '0';
             seen.push_back(std::move(now));
         };

@@ -122,7 +122,7 @@ FAULTS = [Fault(*row) for row in [
      "const bool saved = !m_offer.reviewing() && !m_notice.isCurrent()",
      "const bool saved = !m_offer.reviewing() && m_notice.isCurrent()"),
     ("wiring: typing does not count as a change", "src/app/wire_editing_qt.cpp",
-     "        if (t1.Length() > 0)\n            app.document.unsaved = true;", "        (void)app, (void)t1;"),
+     "        if (t1.Length() > 0)\n            app.document.state.unsaved = true;", "        (void)app, (void)t1;"),
     ("wiring: Return checks no line", "src/app/wire_checker_qt.cpp", "checker.checkFinishedLine(line);", "(void)line;"),
     ("wiring: the pad's UNDO right behind a paste does nothing", "src/pad/pad_commands.cpp",
      "        replace(m_saved, {});\n", "        replace({}, {});\n"),

@@ -70,7 +70,7 @@ TEST_F(SettingsDialogTest, YesAndNoAreShownAtOnceAndReadByTheNextStart)
             const auto &lamp = control<QLabel>(c.lamp);
             EXPECT_EQ(lamp.text(), on ? "YES" : "NO");
             EXPECT_EQ(lamp.palette().color(QPalette::Window), on ? QColor(0, 240, 0) : QColor(248, 0, 0));
-            EXPECT_EQ(c.flag ? app().document.*c.flag : app().timer1.isActive(), on);
+            EXPECT_EQ(c.flag ? app().document.state.*c.flag : app().timer1.isActive(), on);
             EXPECT_TRUE(!c.item || item(c.item).isChecked() == on);
         }
     };
@@ -153,7 +153,7 @@ TEST_F(SettingsDialogTest, OptionsWorkWithoutAFileToKeepThem)
     ASSERT_TRUE(QDir().mkpath(file + "/a folder stands there"));
     start();
     click("bfsono");
-    EXPECT_FALSE(app().document.fsoMenu);
+    EXPECT_FALSE(app().document.state.fsoMenu);
     const auto &notStored = control<QLabel>("lnotstored");
     EXPECT_FALSE(notStored.text().isEmpty());
     EXPECT_TRUE(QDir(file).removeRecursively());
