@@ -11,6 +11,7 @@
 #include "document/leave_text.h"
 #include "document/notice_bar_panel.h"
 #include "document/open_commands.h"
+#include "document/recovery_details.h"
 #include "document/recovery_list_dialog.h"
 #include "document/recovery_offer.h"
 #include "document/save_commands.h"
@@ -135,9 +136,8 @@ void FilesSide::bindCommands()
     commands.bind("mopenfile", [this] { abandonReviewAnd([this] { m_opening.openWithDialog(); }); });
     commands.bind("mtemplate",
         [this] { abandonReviewAnd([this] { m_opening.startWithTemplate(assetPath("template.html")); }); });
-    commands.bind("msaveplain", [this] { m_offer.reviewing() ? m_offer.saveReviewed() : m_saving.save(); });
-    commands.bind(
-        "msaveas", [this] { m_offer.reviewing() ? m_offer.saveReviewed() : m_saving.saveAsMenu(); });
+    commands.bind("msaveplain", [this] { m_offer.save(); });
+    commands.bind("msaveas", [this] { m_offer.saveAs(); });
     connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const QString &path) {
         const auto file = pathBytes(path);
         if (!m_app.takesDroppedFile || !m_app.takesDroppedFile(file))
@@ -262,20 +262,15 @@ void FilesSide::tellDiskState()
 
 void FilesSide::tellRecordState()
 {
-    const auto outcome = m_store.recordOutcome();
-    if (outcome == Saved::Ok)
-        m_recordBar.hide();
-    else
-        m_recordBar.showText("Unsaved text cannot be kept: " + std::string(reason(outcome)) + ".");
+    const auto text = recordNotice(m_store.recordOutcome());
+    text.empty() ? m_recordBar.hide() : m_recordBar.showText(text);
 }
 
 void FilesSide::tellPassedOver()
 {
     auto files = m_store.passedOver();
     std::ranges::copy(m_app.store.passedOver(), std::back_inserter(files));
-    std::string text;
-    for (const auto &file : files)
-        text += (text.empty() ? "Passed over, as it is no regular file: " : ", ") + file;
+    const auto text = passedOverNotice(files);
     if (!text.empty())
         m_passedOverBar.showText(text);
 }

@@ -66,4 +66,17 @@ RecoveryRow recoveryRow(const RecoveryRecord &text)
         beginningOf(decodeFile(text.bytes, text.format), {listedLines, listedWidth, ""})};
 }
 
+std::string recordNotice(Saved outcome)
+{
+    return outcome == Saved::Ok ? "" : "Unsaved text cannot be kept: " + std::string(reason(outcome)) + ".";
+}
+
+std::string passedOverNotice(std::span<const std::string> files)
+{
+    std::string text;
+    for (const auto &file : files)
+        text += (text.empty() ? "Passed over, as it is no regular file: " : ", ") + file;
+    return text;
+}
+
 } // namespace kevra

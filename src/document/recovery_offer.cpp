@@ -144,6 +144,16 @@ bool RecoveryOffer::review(const std::string &text, const RecoveryRecord &record
     return true;
 }
 
+void RecoveryOffer::save()
+{
+    reviewing() ? saveReviewed() : m_saving.save();
+}
+
+void RecoveryOffer::saveAs()
+{
+    reviewing() ? saveReviewed() : m_saving.saveAsMenu();
+}
+
 void RecoveryOffer::saveReviewed()
 {
     if (!reviewing() || !m_saving.saveAs(saveTitle, m_proposed))

@@ -32,6 +32,9 @@ public:
     void offer();
 
     [[nodiscard]] bool reviewing() const { return m_reviewed.has_value(); }
+    /// The reviewed text, or the document when there is none.
+    void save();
+    void saveAs();
     void saveReviewed();
     void discardReviewed();
     /// Keeps the text for the next start.
