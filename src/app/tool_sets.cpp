@@ -128,6 +128,12 @@ void ToolSets::showOption(Option option, bool on)
             m_view.setButtonImage(button.number, on ? button.on : button.off);
 }
 
+void ToolSets::setLineDebugging(bool on)
+{
+    m_state.lineDebugPreferred = m_state.lineDebugOn = on;
+    showOption(Option::LineDebug, on);
+}
+
 void ToolSets::showProgramMenu(std::string_view text)
 {
     m_view.setItemCaption("mex", programMenuCaption(text));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two tool sets of the one document and the states that menus and toolbar show. What belongs to which set
+// The two tool sets of the document and the states that menus and toolbar show. What belongs to which set
 // is one table.
 #pragma once
 
@@ -36,6 +36,8 @@ public:
     /// Always the first panel of the pair, whichever was swapped in before.
     void showTools();
 
+    /// For this document and those to come.
+    void setLineDebugging(bool on);
     void showOption(Option option, bool on) override;
     void showProgramMenu(std::string_view text) override;
 

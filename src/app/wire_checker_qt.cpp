@@ -61,12 +61,8 @@ void wireChecker(Application &app)
         const ScreenHourglass hourglass;
         checker.debugDocument();
     });
-    const auto useLineDebugging = [&app](bool on) {
-        app.document.state.lineDebugPreferred = app.document.state.lineDebugOn = on;
-        app.toolSets().showOption(Option::LineDebug, on);
-    };
-    app.commands.bind("mdodebug", [useLineDebugging] { useLineDebugging(true); });
-    app.commands.bind("mnodebug", [useLineDebugging] { useLineDebugging(false); });
+    app.commands.bind("mdodebug", [&app] { app.toolSets().setLineDebugging(true); });
+    app.commands.bind("mnodebug", [&app] { app.toolSets().setLineDebugging(false); });
 }
 
 } // namespace kevra

@@ -17,7 +17,7 @@ void wireDocument(Application &app)
 {
     auto &window = app.mainWindow();
     auto &t1 = window.document();
-    auto &edit = app.keep<EditCommands>(t1, window);
+    auto &edit = app.keep<EditCommands>(t1, app.document.state, window);
     app.commands.bind("mundo", [&t1] { t1.undo(); });
     app.commands.bind("mredo", [&t1] { t1.redo(); });
     app.commands.bind("mcut", [&t1] { t1.cut(); });
@@ -32,11 +32,7 @@ void wireDocument(Application &app)
     });
     auto &printing = app.keep<PrintingQt>(t1);
     app.commands.bind("mprint", [&printing, &app] { print(printing, app.messages); });
-    // An empty text has nothing that could be lost.
-    QObject::connect(&t1, &EditorControl::changed, &window, [&app, &t1] {
-        if (t1.Length() > 0)
-            app.document.state.unsaved = true;
-    });
+    QObject::connect(&t1, &EditorControl::changed, &window, [&edit] { edit.textChanged(); });
 }
 
 void wireTools(Application &app)

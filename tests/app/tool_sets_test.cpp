@@ -88,7 +88,8 @@ TEST(EditCommands, WordWrapTwiceIsAsBefore)
 {
     MemorySurface document("some text");
     FakeShellView view;
-    EditCommands edit(document, view);
+    DocumentState state;
+    EditCommands edit(document, state, view);
     for (const int margin : {0, noWrapMargin}) {
         edit.toggleWrap();
         EXPECT_EQ(document.RightMargin(), margin);
