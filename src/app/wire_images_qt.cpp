@@ -138,12 +138,7 @@ void wireImages(Application &app)
     for (const auto &row : imageItems)
         app.commands.bind(row.item, [&images, row] { (images.commands().*row.command)(); });
     app.commands.bind("mcolorfind", [&images] { images.finder().ShowColourFinder(); });
-    app.takesDroppedFile = [&app, &images](const std::string &path) {
-        if (!images.commands().copyTagOf(path))
-            return false;
-        app.mainWindow().setInformation("The image's tag is on the clipboard.");
-        return true;
-    };
+    app.takesDroppedFile = [&images](const std::string &path) { return images.commands().takeDropped(path); };
 }
 
 } // namespace kevra

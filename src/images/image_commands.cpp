@@ -113,12 +113,14 @@ void ImageCommands::CopyBodyBackgroundTag()
         copyText(bodyBackgroundTag(fileName(*path)));
 }
 
-bool ImageCommands::copyTagOf(const std::string &path)
+bool ImageCommands::takeDropped(const std::string &path)
 {
     const auto size = imageType(path) == ImageType::Web ? m_ports.sizes.sizeOf(path) : std::nullopt;
-    if (size)
-        copyText(imageTag(fileName(path), *size));
-    return size.has_value();
+    if (!size)
+        return false;
+    copyText(imageTag(fileName(path), *size));
+    m_ports.main.setInformation("The image's tag is on the clipboard.");
+    return true;
 }
 
 } // namespace kevra

@@ -72,8 +72,8 @@ public:
     void CopyImageTag();
     void CopyLinkedImageTag();
     void CopyBodyBackgroundTag();
-    /// Puts the tag of a picture on the clipboard; false if it is not a picture for web pages.
-    bool copyTagOf(const std::string &path);
+    /// Puts the tag of a dropped picture on the clipboard; false if it is not a picture for web pages.
+    bool takeDropped(const std::string &path);
 
 private:
     using TagFunction = std::string (*)(std::string_view name, PictureSize size);
