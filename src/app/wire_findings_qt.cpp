@@ -44,7 +44,6 @@ public:
 private:
     void bindCommands();
     void connectDocument();
-    [[nodiscard]] script::FileKind kind() const;
     void analyseLater();
     void analyseCopy();
     void toolsChanged();
@@ -76,7 +75,7 @@ FindingsSide::FindingsSide(Application &app)
     : m_app(app)
     , m_document(app.mainWindow().document())
     , m_frame(app.mainWindow().frame("frfindings"))
-    , m_commands(m_document, *this, [this] { return kind(); })
+    , m_commands(m_document, *this, [this] { return kindOf(m_app.document.state); })
     , m_marks(m_document, m_commands.list())
     , m_thread([this](AnalysisThread::Request request, std::vector<script::Finding> findings) {
         QMetaObject::invokeMethod(
@@ -131,12 +130,6 @@ void FindingsSide::connectDocument()
         &FindingsSide::toolsChanged);
 }
 
-script::FileKind FindingsSide::kind() const
-{
-    const auto usual = m_app.document.state.scriptTools ? script::FileKind::Script : script::FileKind::Page;
-    return script::fileKind(m_app.document.state.currentPath).value_or(usual);
-}
-
 void FindingsSide::analyseLater()
 {
     if (m_analyseTyping && m_app.document.state.scriptTools)
@@ -151,7 +144,7 @@ void FindingsSide::analyseCopy()
     const auto gap = m_document.textPosition(m_document.SendScintilla(Sci::SCI_GETGAPPOSITION));
     m_copy.assign(m_document.Text({0, gap}));
     m_copy.append(m_document.Text({gap, m_document.Length()}));
-    m_thread.start({std::move(m_copy), kind(), m_commands.revision()});
+    m_thread.start({std::move(m_copy), kindOf(m_app.document.state), m_commands.revision()});
 }
 
 void FindingsSide::toolsChanged()

@@ -30,6 +30,12 @@ bool isSameFinding(const script::Finding &a, const script::Finding &b)
 
 } // namespace
 
+script::FileKind kindOf(const DocumentState &document)
+{
+    const auto usual = document.scriptTools ? script::FileKind::Script : script::FileKind::Page;
+    return script::fileKind(document.currentPath).value_or(usual);
+}
+
 FindingsCommands::FindingsCommands(
     EditorSurface &document, FindingsView &view, std::function<script::FileKind()> kind)
     : m_document(document)

@@ -2,6 +2,7 @@
 // What the user does with findings: has the text analysed, goes from one to the next, takes a fix.
 #pragma once
 
+#include "editor/document_state.h"
 #include "editor/line_edits.h"
 #include "editor/surface.h"
 #include "findings/finding_list.h"
@@ -26,6 +27,9 @@ public:
     /// Carries an edit out as the user's own: one step of undo, coloured as text that was pasted is.
     virtual void applyEdit(const LineEdit &edit) = 0;
 };
+
+/// By its path, and without one that tells by the tools it is shown with.
+[[nodiscard]] script::FileKind kindOf(const DocumentState &document);
 
 /// A fix of a finding, by their indices.
 struct OfferedFix {
