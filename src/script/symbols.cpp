@@ -22,16 +22,10 @@ namespace {
                                           : SymbolKind::Property;
 }
 
-/// Names that mean something without a declaration.
-[[nodiscard]] std::vector<bool> providedNames(const NameTable &names)
+/// Whether the name means something without a declaration.
+[[nodiscard]] bool isProvided(std::string_view name)
 {
-    std::vector<bool> provided(names.size());
-    for (std::size_t i = 1; i < names.size(); ++i) {
-        const auto spelling = names.spelling(static_cast<NameId>(i));
-        provided[i] = builtinFunction(spelling) || builtinConstant(spelling)
-            || typeOfIntrinsic(spelling) != TypeId::Unknown;
-    }
-    return provided;
+    return builtinFunction(name) || builtinConstant(name) || typeOfIntrinsic(name) != TypeId::Unknown;
 }
 
 } // namespace
@@ -298,13 +292,13 @@ private:
     /// outside of procedures, else of the procedure.
     void declareImplicit()
     {
-        const auto provided = providedNames(m_script.names);
-        groupBy(m_unbound, provided.size(), [&](const Reference &r) { return index(m_tree[r.node].name); });
+        groupBy(
+            m_unbound, m_script.names.size(), [&](const Reference &r) { return index(m_tree[r.node].name); });
         for (auto first = m_unbound.begin(); first != m_unbound.end();) {
             const auto name = m_tree[first->node].name;
             const auto last = std::find_if(
                 first, m_unbound.end(), [&](const Reference &r) { return m_tree[r.node].name != name; });
-            if (!provided[index(name)])
+            if (!isProvided(m_script.names.spelling(name)))
                 declareImplicit({first, last});
             first = last;
         }
