@@ -68,7 +68,7 @@ Json serverCapabilities(PositionUnit unit)
         {"codeActionProvider", {{"codeActionKinds", {"quickfix", "source.fixAll"}}}},
         {"hoverProvider", true},
         {"signatureHelpProvider", {{"triggerCharacters", {"(", ",", " "}}}},
-        {"completionProvider", {{"triggerCharacters", {"."}}}},
+        {"completionProvider", {{"triggerCharacters", {".", "\""}}}},
         {"foldingRangeProvider", true},
         {"selectionRangeProvider", true},
         {"semanticTokensProvider", {{"legend", semanticTokensLegend()}, {"full", true}, {"range", true}}},

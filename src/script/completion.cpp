@@ -41,6 +41,7 @@ struct Surrounding {
     Keyword before = Keyword::None; ///< the word before it is this
     bool afterDot = false;
     bool inLiteral = false;
+    std::optional<Offset> progId; ///< where the text of the string begins, in CreateObject("...")
 };
 
 [[nodiscard]] Surrounding surroundingOf(const FilePart &part, TextRange word)
@@ -49,10 +50,11 @@ struct Surrounding {
     NameTable names;
     std::vector<TextRange> comments;
     Lexer lexer(part.script.text, part.island.pieces, names, comments);
-    Token before;
+    std::array<Token, 3> last; // the latest is the first
     auto token = lexer.next();
     for (; token.kind != TokenKind::End && Offset{token.start} < word.start; token = lexer.next())
-        before = token;
+        last = {token, last[0], last[1]};
+    const auto &before = last[0];
     const bool inside = before.kind != TokenKind::End && Offset{before.end} > word.start;
     const bool literal = before.kind == TokenKind::String || before.kind == TokenKind::Date;
     found.inLiteral = (inside && before.kind != TokenKind::NewLine)
@@ -60,6 +62,11 @@ struct Surrounding {
         || (Offset{token.start} == word.start && token.kind == TokenKind::Number);
     for (const auto &comment : comments)
         found.inLiteral = found.inLiteral || (comment.start < word.start && word.start <= comment.end);
+    const bool inString = before.kind == TokenKind::String
+        && (before.unclosed ? word.end <= Offset{before.end} : word.end < Offset{before.end});
+    if (inString && last[1].kind == TokenKind::LeftParenthesis && last[2].kind == TokenKind::Name
+        && folded(names.spelling(last[2].name)) == "createobject")
+        found.progId = Offset{before.start} + 1;
     found.afterDot = before.kind == TokenKind::Dot;
     found.before = before.kind == TokenKind::Name ? before.keyword() : Keyword::None;
     return found;
@@ -127,9 +134,25 @@ public:
             if (type && type->id != TypeId::Unknown)
                 add(name, CompletionKind::Object, {}, {});
         }
+        const auto addKeyword = [&](Keyword word) {
+            add(model.spelling(static_cast<NameId>(word)), CompletionKind::Keyword, {}, {});
+        };
         for (auto word = Keyword::And; word < firstFreeKeyword;
              word = static_cast<Keyword>(static_cast<int>(word) + 1))
-            add(model.spelling(static_cast<NameId>(word)), CompletionKind::Keyword, {}, {});
+            addKeyword(word);
+        for (const auto word : {Keyword::Default, Keyword::Erase, Keyword::Error, Keyword::Explicit,
+                 Keyword::Get, Keyword::Preserve, Keyword::Property, Keyword::Step})
+            addKeyword(word);
+    }
+
+    void addProgIds()
+    {
+        for (const auto &progId : progIds()) {
+            const auto *object = objectType(progId.type);
+            // This one is for GetObject.
+            if (object && progId.type != TypeId::WmiServices)
+                add(progId.name, CompletionKind::Class, std::string(object->name), {});
+        }
     }
 
     void addClasses(const Model &model)
@@ -213,9 +236,14 @@ Completions completions(const FileModel &file, Offset offset)
     if (!part)
         return result;
     const auto around = surroundingOf(*part, result.word);
+    Collector collector(result.items);
+    if (around.progId) {
+        result.word.start = *around.progId;
+        collector.addProgIds();
+        return result;
+    }
     if (around.inLiteral || (declaresName(around.before) && !around.afterDot))
         return result;
-    Collector collector(result.items);
     if (around.afterDot) {
         addMembersAfterDot(file, result.word, collector);
         return result;

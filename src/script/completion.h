@@ -34,8 +34,9 @@ struct Completions {
     bool startsStatement = false; ///< nothing but blanks before it on its line
 };
 
-/// None in strings, comments, numbers and where a name is being declared. Names that can be seen from the
-/// place, nearest scope first; after a dot the members of the object, if its class is known.
+/// Names that can be seen from the place, nearest scope first; after a dot the members of the object, if its
+/// class is known; in CreateObject("...") the known ProgIDs. None in other strings, comments, numbers and
+/// where a name is being declared.
 [[nodiscard]] Completions completions(const FileModel &file, Offset offset);
 
 } // namespace kevra::script

@@ -633,7 +633,7 @@ constexpr bool typesFollowTheirIds()
 }
 static_assert(typesFollowTheirIds());
 
-constexpr ProgId progIds[] = {
+constexpr ProgId progIdRows[] = {
     {"ADODB.Command", Command},
     {"ADODB.Connection", Connection},
     {"ADODB.Recordset", Recordset},
@@ -660,7 +660,7 @@ constexpr ProgId progIds[] = {
     {"WScript.Shell", WshShell},
     {"WSHController", WshController},
 };
-static_assert(inAscendingOrder(progIds));
+static_assert(inAscendingOrder(progIdRows));
 
 constexpr IntrinsicObject intrinsics[] = {{"Err", Err}, {"WScript", WScript}, {"WSH", WScript}};
 static_assert(inAscendingOrder(intrinsics));
@@ -695,6 +695,11 @@ std::span<const ObjectType> objectTypes()
     return types;
 }
 
+std::span<const ProgId> progIds()
+{
+    return progIdRows;
+}
+
 const ObjectType *objectType(TypeId type)
 {
     return type < FileSystemObject
@@ -709,9 +714,9 @@ const Member *memberOf(const ObjectType &type, std::string_view name)
 
 TypeId typeOfProgId(std::string_view progId)
 {
-    const auto *row = findByName<ProgId>(progIds, progId);
+    const auto *row = findByName<ProgId>(progIdRows, progId);
     if (row == nullptr)
-        row = findByName<ProgId>(progIds, withoutVersion(progId));
+        row = findByName<ProgId>(progIdRows, withoutVersion(progId));
     return row ? row->type : Unknown;
 }
 

@@ -128,6 +128,8 @@ struct IntrinsicObject {
 /// Request, Response, ...: of a server's page.
 [[nodiscard]] TypeId typeOfServerIntrinsic(std::string_view name);
 
+/// In ascending order.
+[[nodiscard]] std::span<const ProgId> progIds();
 /// For tables that are checked as a whole.
 [[nodiscard]] std::span<const ObjectType> objectTypes();
 
