@@ -5,6 +5,7 @@
 #include "cli/fix_file.h"
 #include "cli/input_file.h"
 #include "script/file_analysis.h"
+#include "text/system_path.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -68,10 +69,11 @@ private:
     [[nodiscard]] std::vector<std::string> filesNamed()
     {
         std::vector<std::string> paths;
-        for (const auto &path : m_options.paths) {
+        for (const auto &named : m_options.paths) {
+            const auto path = systemPath(named);
             std::error_code unknown;
             if (!fs::is_directory(path, unknown))
-                paths.push_back(path);
+                paths.push_back(named);
             else if (!addScriptsBelow(path, paths))
                 m_exitCode = Failure;
         }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/input_file.h"
 
+#include "cli/standard_streams.h"
 #include "document/file_types.h"
 #include "encoding/text_codec.h"
+#include "text/system_path.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -27,11 +29,10 @@ struct Closer {
 
 std::optional<FileBytes> FileBytes::read(const std::string &path)
 {
-    const std::unique_ptr<std::FILE, Closer> file(
-        path == standardInput ? stdin : std::fopen(path.c_str(), "rb"));
+    const std::unique_ptr<std::FILE, Closer> file(path == standardInput ? stdin : openForReading(path));
     FileBytes bytes;
     std::error_code unknownSize;
-    const auto size = std::filesystem::file_size(path, unknownSize);
+    const auto size = std::filesystem::file_size(systemPath(path), unknownSize);
     if (file)
         bytes.readAll(*file, unknownSize ? initialCapacity : static_cast<std::size_t>(size) + 1);
     if (!file || std::ferror(file.get())) {

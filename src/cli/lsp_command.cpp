@@ -5,6 +5,7 @@
 #include "lsp/server.h"
 #include "script/islands.h"
 #include "snippets/snippets.h"
+#include "text/system_path.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -26,8 +27,9 @@ public:
         return std::string(FileText(path, bytes->view(), std::nullopt).view());
     }
 
-    std::uint64_t stamp(const std::string &path) override
+    std::uint64_t stamp(const std::string &named) override
     {
+        const auto path = systemPath(named);
         std::error_code error;
         if (!fs::is_regular_file(path, error))
             return 0;
@@ -42,7 +44,7 @@ public:
         constexpr std::size_t maxEntries = 20'000;
         std::vector<std::string> paths;
         std::error_code error;
-        fs::recursive_directory_iterator entry(folder, error);
+        fs::recursive_directory_iterator entry(systemPath(folder), error);
         for (std::size_t seen = 0; !error && entry != fs::recursive_directory_iterator() && seen < maxEntries;
              entry.increment(error), ++seen) {
             std::error_code unknown;
@@ -50,7 +52,7 @@ public:
             if (path.filename().string().starts_with('.'))
                 entry.disable_recursion_pending();
             else if (script::fileKind(path.string()) && entry->is_regular_file(unknown))
-                paths.push_back(path.string());
+                paths.push_back(path.generic_string());
         }
         return paths;
     }

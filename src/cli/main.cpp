@@ -7,6 +7,7 @@
 #include "cli/exit_code.h"
 #include "cli/input_file.h"
 #include "cli/lsp_command.h"
+#include "cli/standard_streams.h"
 #include "colour/flat_runs.h"
 #include "colour/keyword_pass.h"
 #include "colour/tag_pass.h"
@@ -113,7 +114,7 @@ void addEncodingOption(CLI::App &command, std::optional<Encoding> &encoding)
         ->option_text("NAME");
 }
 
-int run(int argc, char **argv)
+int run(std::vector<std::string> arguments)
 {
     std::ios::sync_with_stdio(false);
     CLI::App app("Checks and colours web pages and Windows scripts.", "kevra-cli");
@@ -182,7 +183,7 @@ int run(int argc, char **argv)
         "--stdio", [] {}, "Accepted from clients that add it; there is no other way");
 
     try {
-        app.parse(argc, argv);
+        app.parse(std::move(arguments));
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? Success : Failure;
     }
@@ -200,7 +201,12 @@ int run(int argc, char **argv)
 int main(int argc, char **argv)
 {
     try {
-        return run(argc, argv);
+        prepareStandardStreams();
+        auto given = arguments(argc, argv);
+        std::ranges::reverse(given); // as the parser takes them, and without the program's name
+        if (!given.empty())
+            given.pop_back();
+        return run(std::move(given));
     } catch (const std::bad_alloc &) {
         std::fputs("kevra-cli: there is not enough memory\n", stderr);
     } catch (const std::system_error &error) { // no more threads

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/analyse_report.h"
 #include "cli/file_name.h"
+#include "text/system_path.h"
 
 #include <nlohmann/json.hpp>
 
@@ -12,9 +13,12 @@ namespace {
 using script::Finding;
 using Json = nlohmann::ordered_json;
 
-std::string uriOf(std::string_view path)
+std::string uriOf(std::string_view named)
 {
-    return (path.starts_with('/') ? "file://" : "") + percentEncoded(path);
+    const auto path = systemPath(named);
+    const auto name = path.generic_string();
+    const auto *scheme = !path.is_absolute() ? "" : name.starts_with('/') ? "file://" : "file:///";
+    return scheme + percentEncoded(name);
 }
 
 std::string_view sarifLevel(script::Level level)
