@@ -89,7 +89,13 @@ Json diagnosticsOf(const Context &context, const Document &document)
 Answer pulledDiagnostics(const Context &context, const Json &params)
 {
     const auto *document = context.workspace.load(uriOf(params));
-    return Json{{"kind", "full"}, {"items", document ? diagnosticsOf(context, *document) : Json::array()}};
+    if (!document)
+        return Json{{"kind", "full"}, {"items", Json::array()}};
+    // The findings depend on the text alone.
+    const auto id = std::to_string(std::hash<std::string>()(document->text().text()));
+    if (at(params, Json::json_pointer("/previousResultId")) == id)
+        return Json{{"kind", "unchanged"}, {"resultId", id}};
+    return Json{{"kind", "full"}, {"resultId", id}, {"items", diagnosticsOf(context, *document)}};
 }
 
 Answer codeActions(const Context &context, const Json &params)

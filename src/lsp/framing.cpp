@@ -10,6 +10,7 @@ namespace kevra::lsp {
 namespace {
 
 constexpr std::size_t longestHeader = 4096;
+constexpr std::string_view fieldName = "Content-Length";
 constexpr std::size_t longestContent = std::size_t{1} << 28;
 
 [[nodiscard]] std::string_view trimmed(std::string_view text)
@@ -28,7 +29,7 @@ constexpr std::size_t longestContent = std::size_t{1} << 28;
         const auto line = header.substr(0, end);
         header.remove_prefix(std::min(end + 1, header.size()));
         const auto colon = line.find(':');
-        if (colon == line.npos || !equalIgnoringCase(trimmed(line.substr(0, colon)), "Content-Length"))
+        if (colon == line.npos || !equalIgnoringCase(trimmed(line.substr(0, colon)), fieldName))
             continue;
         const auto value = trimmed(line.substr(colon + 1));
         std::size_t number = 0;
@@ -55,7 +56,21 @@ std::optional<std::size_t> FrameReader::headerEnd() const
 Frame FrameReader::refused(std::size_t length, std::string why)
 {
     m_start += length;
+    m_lost = true;
     return {{}, std::move(why)};
+}
+
+/// Goes on to what looks like a header; false where nothing does so far.
+bool FrameReader::findHeader()
+{
+    const auto field = std::search(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_start), m_bytes.end(),
+        fieldName.begin(), fieldName.end(), [](char a, char b) { return lower(a) == lower(b); });
+    m_lost = field == m_bytes.end();
+    // The field's name may have come in part.
+    const auto kept = m_lost ? std::min(fieldName.size() - 1, m_bytes.size() - m_start)
+                             : static_cast<std::size_t>(m_bytes.end() - field);
+    m_start = m_bytes.size() - kept;
+    return !m_lost;
 }
 
 std::optional<Frame> FrameReader::next()
@@ -64,6 +79,8 @@ std::optional<Frame> FrameReader::next()
         m_bytes.erase(0, m_start);
         m_start = 0;
     }
+    if (m_lost && !findHeader())
+        return std::nullopt;
     const auto left = m_bytes.size() - m_start;
     const auto end = headerEnd();
     if (!end)

@@ -13,7 +13,8 @@ struct Frame {
     std::string fault; ///< why there is no content
 };
 
-/// Takes the bytes as they come, in any portions. What is no header is reported and passed over.
+/// Takes the bytes as they come, in any portions. What is no header is reported once and passed over, up to
+/// the next that is one.
 class FrameReader {
 public:
     void add(std::string_view bytes) { m_bytes += bytes; }
@@ -23,9 +24,11 @@ public:
 private:
     [[nodiscard]] std::optional<std::size_t> headerEnd() const;
     [[nodiscard]] Frame refused(std::size_t length, std::string why);
+    bool findHeader();
 
     std::string m_bytes;
     std::size_t m_start = 0; ///< of what has not been handed out
+    bool m_lost = false; ///< where a message begins is not known
 };
 
 [[nodiscard]] std::string framed(std::string_view content);

@@ -86,6 +86,7 @@ bool Session::processNext()
         return false;
     const auto message = std::move(m_queue.front());
     m_queue.pop_front();
+    m_workspace.lookAgain();
     if (isRequest(message)) {
         request(message);
         return true;

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "lsp/uri.h"
 
+#include "text/system_path.h"
+
 #include <algorithm>
-#include <filesystem>
 
 namespace kevra::lsp {
 namespace {
@@ -70,7 +71,7 @@ std::string pathBeside(std::string_view path, std::string_view named)
 {
     std::string name(named);
     std::ranges::replace(name, '\\', '/');
-    return (std::filesystem::path(path).parent_path() / name).lexically_normal().generic_string();
+    return (systemPath(path).parent_path() / systemPath(name)).lexically_normal().generic_string();
 }
 
 } // namespace kevra::lsp

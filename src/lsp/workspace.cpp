@@ -28,6 +28,13 @@ constexpr std::array languages{Language{"html", FileKind::Page}, Language{"asp",
     return known != languages.end() ? known->kind : FileKind::Script;
 }
 
+/// One spelling of a file's URI: clients escape more or fewer characters than we do.
+[[nodiscard]] std::string keyOf(const std::string &uri)
+{
+    const auto path = pathOfUri(uri);
+    return path ? uriOfPath(*path) : uri;
+}
+
 } // namespace
 
 Document::Document(std::string uri, FileKind kind, TextDocument text)
@@ -83,14 +90,19 @@ void Workspace::removeFolder(const std::string &uri)
 
 Document &Workspace::open(const std::string &uri, std::string_view language, std::string text)
 {
-    m_open.erase(uri);
-    return m_open.emplace(uri, Document(uri, kindOf(uri, language), TextDocument(std::move(text), m_unit)))
-        .first->second;
+    close(uri);
+    Document document(uri, kindOf(uri, language), TextDocument(std::move(text), m_unit));
+    return m_open.emplace(keyOf(uri), std::move(document)).first->second;
+}
+
+void Workspace::close(const std::string &uri)
+{
+    m_open.erase(keyOf(uri));
 }
 
 Document *Workspace::find(const std::string &uri)
 {
-    const auto found = m_open.find(uri);
+    const auto found = m_open.find(keyOf(uri));
     return found != m_open.end() ? &found->second : nullptr;
 }
 
@@ -99,19 +111,25 @@ const Document *Workspace::load(const std::string &uri)
     if (const auto *open = find(uri))
         return open;
     const auto path = pathOfUri(uri);
-    const auto stamp = path ? m_disk.stamp(*path) : 0;
-    if (stamp == 0)
+    if (!path)
         return nullptr;
-    auto &entry = m_onDisk[uri];
-    if (!entry.document || entry.stamp != stamp) {
-        auto text = m_disk.read(*path);
-        if (!text)
-            return nullptr;
-        entry.stamp = stamp;
+    const auto key = keyOf(uri);
+    auto &entry = m_onDisk[key];
+    if (m_looked.insert(key).second)
+        refresh(entry, key, *path);
+    return entry.document.get();
+}
+
+void Workspace::refresh(OnDisk &entry, const std::string &uri, const std::string &path)
+{
+    const auto stamp = m_disk.stamp(path);
+    if (entry.document && stamp == entry.stamp)
+        return;
+    entry.document.reset();
+    entry.stamp = stamp;
+    if (auto text = stamp != 0 ? m_disk.read(path) : std::nullopt)
         entry.document
             = std::make_unique<Document>(uri, kindOf(uri, {}), TextDocument(std::move(*text), m_unit));
-    }
-    return entry.document.get();
 }
 
 std::set<std::string> Workspace::uris()
@@ -193,7 +211,7 @@ std::vector<SharedPart> Workspace::sharing(const Document &document, const scrip
                     for (const auto &part : to->model().parts())
                         add(to, part.get());
                 }
-            } else if (link.to == found[i].document->uri()) {
+            } else if (link.to == keyOf(found[i].document->uri())) {
                 add(link.from.document, link.from.part);
             }
         }

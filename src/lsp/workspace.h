@@ -79,11 +79,13 @@ public:
     void removeFolder(const std::string &uri);
 
     Document &open(const std::string &uri, std::string_view language, std::string text);
-    void close(const std::string &uri) { m_open.erase(uri); }
-    /// Null for what is not open.
+    void close(const std::string &uri);
+    /// Null for what is not open. The URI may be escaped in another way than when it was opened.
     [[nodiscard]] Document *find(const std::string &uri);
     [[nodiscard]] std::map<std::string, Document> &documents() { return m_open; }
 
+    /// Files are looked at again. Until the next call, what was loaded from the disk stays.
+    void lookAgain() { m_looked.clear(); }
     /// The file as it is in the editor, or else on the disk; null where there is none.
     [[nodiscard]] const Document *load(const std::string &uri);
     /// All with script below the folders, open ones included.
@@ -100,14 +102,17 @@ private:
         std::unique_ptr<Document> document;
     };
 
+    void refresh(OnDisk &entry, const std::string &uri, const std::string &path);
     [[nodiscard]] std::set<std::string> uris();
     [[nodiscard]] std::vector<std::string> included(const Document &document, const script::FilePart &part);
 
     DiskFiles &m_disk;
     PositionUnit m_unit = PositionUnit::Utf16;
     std::set<std::string> m_folders; ///< paths
+    // By the URI as we write it.
     std::map<std::string, Document> m_open;
-    std::map<std::string, OnDisk> m_onDisk; ///< by URI
+    std::map<std::string, OnDisk> m_onDisk;
+    std::set<std::string> m_looked; ///< those of m_onDisk that are as they are now
 };
 
 } // namespace kevra::lsp

@@ -32,6 +32,8 @@ TEST(Framing, SurvivesWhatIsNoMessage)
         {"a length that is none", "Content-Length: -1\r\n\r\n" + framed("a"), "!<a>"},
         {"a length beyond all bounds", "Content-Length: 99999999999999\r\n\r\n" + framed("a"), "!<a>"},
         {"an endless header", std::string(4096, 'x') + framed("a"), "!<a>"},
+        {"a message that is too long",
+            "Content-Length: 999999999\r\n\r\n" + std::string(20'000, '{') + framed("a"), "!<a>"},
         {"cut off", "Content-Length: 9\r\n\r\nabc", ""},
     };
     for (const auto &c : cases) {
