@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A client that sends valid messages in any order, some of them damaged: every request is answered once, and
-// texts can still be asked about. Two bytes choose a message and what happens to it.
+// A client that sends valid messages in any order, some of them damaged as text or as values: every request
+// is answered once, and texts can still be asked about. Two bytes choose a message and what happens to it.
+// Says at the end how many messages that were.
 #include "lsp/framing.h"
 #include "lsp/session.h"
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <memory>
+#include <vector>
 
 using namespace kevra::lsp;
 
@@ -67,7 +71,9 @@ constexpr auto messages = std::to_array<std::string_view>({
         R"("ch":"\n",)" URI("a.vbs") "," AT("5", "0") R"(,"options":{"tabSize":2,"insertSpaces":true})"),
     R"({"method":"$/cancelRequest","params":{"id":1}})",
     R"({"id":1,"method":"shutdown"})",
+    R"({"method":"exit"})",
 });
+constexpr std::size_t openingMessages = 4; ///< after these, three texts are open
 
 void require(bool holds)
 {
@@ -80,6 +86,14 @@ void require(bool holds)
     const auto message = Json::parse(content, nullptr, false);
     return message.is_object() && message.contains("id") && message.contains("method")
         && (message["id"].is_number_integer() || message["id"].is_string()) && message["method"].is_string();
+}
+
+/// An answer to a request: its members are in the order of their names. Parsing all of it would take most of
+/// the time.
+[[nodiscard]] bool isAnswer(std::string_view text)
+{
+    return text.starts_with(R"({"id":)")
+        || (text.starts_with(R"({"error":)") && text.find(R"(,"id":null,)") == text.npos);
 }
 
 /// The message with a byte changed, a piece taken out, or a piece put in twice.
@@ -103,44 +117,104 @@ void require(bool holds)
     return message;
 }
 
+void collectValues(Json &value, std::vector<Json *> &values)
+{
+    for (auto &inner : value) {
+        values.push_back(&inner);
+        if (inner.is_structured())
+            collectValues(inner, values);
+    }
+}
+
+/// The message with one of its values replaced by another kind, an extreme one, or one of the others.
+[[nodiscard]] std::string changed(std::string_view message, unsigned how)
+{
+    static const std::array<Json, 12> odd{Json(), true, -1, 2147483647, 18446744073709551615U, 0.5, "",
+        "file:///w/b.wsf", "\xF0\x9F\x98\x80 If x Then\n<%", Json::array(), Json::object(),
+        Json::array({Json()})};
+    auto json = Json::parse(message);
+    std::vector<Json *> values;
+    collectValues(json, values);
+    auto &value = *values[how % values.size()];
+    const auto choice = how / values.size() % (odd.size() + 1);
+    value = choice < odd.size() ? odd[choice] : Json(*values[how * 7 % values.size()]);
+    return json.dump();
+}
+
+/// Most messages are whole, or nothing would ever be open.
+[[nodiscard]] std::string variant(unsigned which, unsigned how)
+{
+    const auto message = messages[which % messages.size()];
+    if (how < 0xA0)
+        return std::string(message);
+    return how < 0xD0 ? changed(message, which + 256 * (how - 0xA0)) : damaged(std::string(message), how);
+}
+
+class MessageCount {
+public:
+    ~MessageCount() { std::fprintf(stderr, "%llu messages\n", m_count); }
+    void add() { ++m_count; }
+
+private:
+    unsigned long long m_count = 0;
+};
+MessageCount messageCount;
+
+class Conversation {
+public:
+    void receive(std::string_view bytes)
+    {
+        m_frames.add(bytes);
+        while (const auto frame = m_frames.next()) {
+            if (!frame->fault.empty()) {
+                m_session.receiveFault(frame->fault);
+                continue;
+            }
+            messageCount.add();
+            m_requests += isRequest(frame->content);
+            m_session.receive(frame->content);
+        }
+    }
+    void process()
+    {
+        while (m_session.processNext()) { }
+        m_session.processIdle();
+        require(m_session.hasEnded() || m_answers == m_requests);
+    }
+    [[nodiscard]] bool hasEnded() const { return m_session.hasEnded(); }
+
+private:
+    NoFiles m_files;
+    FrameReader m_frames;
+    std::size_t m_answers = 0;
+    std::size_t m_requests = 0;
+    Session m_session{
+        m_files, {{"x", "y"}}, [this](const std::string &text) { m_answers += isAnswer(text); }};
+};
+
+[[nodiscard]] std::unique_ptr<Conversation> opened()
+{
+    auto conversation = std::make_unique<Conversation>();
+    for (std::size_t i = 0; i < openingMessages; ++i)
+        conversation->receive(framed(messages[i]));
+    return conversation;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
 {
-    constexpr std::size_t most = 160;
-    NoFiles files;
-    std::size_t answers = 0;
-    std::size_t requests = 0;
-    Session session(files, {{"x", "y"}}, [&](const std::string &text) {
-        const auto message = Json::parse(text);
-        answers += message.contains("id") && !message["id"].is_null();
-    });
-    FrameReader frames;
-    const auto receive = [&] {
-        while (const auto frame = frames.next()) {
-            if (!frame->fault.empty()) {
-                session.receiveFault(frame->fault);
-                continue;
-            }
-            requests += isRequest(frame->content);
-            session.receive(frame->content);
-        }
-    };
+    constexpr std::size_t most = 8000;
+    auto conversation = size % 4 == 0 ? std::make_unique<Conversation>() : opened();
     for (std::size_t i = 0; i + 1 < std::min(size, most); i += 2) {
-        // Most messages are whole, or nothing would ever be open.
-        const auto message = std::string(messages[data[i] % messages.size()]);
-        auto bytes = framed(data[i + 1] < 0xA0 ? message : damaged(message, data[i + 1]));
-        if (data[i + 1] >= 0xF8)
-            bytes = damaged(bytes, data[i + 1]);
-        frames.add(bytes);
-        receive();
-        if (data[i + 1] % 3 != 0) {
-            while (session.processNext()) { }
-            session.processIdle();
-        }
+        const auto how = data[i + 1];
+        const auto bytes = framed(variant(data[i], how));
+        conversation->receive(how < 0xF8 ? bytes : damaged(bytes, how));
+        if (how % 3 != 0)
+            conversation->process();
+        if (conversation->hasEnded())
+            conversation = opened();
     }
-    while (session.processNext()) { }
-    session.processIdle();
-    require(answers == requests);
+    conversation->process();
     return 0;
 }
