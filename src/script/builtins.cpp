@@ -250,4 +250,36 @@ const BuiltinConstant *builtinConstant(std::string_view name)
     return findByName<BuiltinConstant>(constants, name);
 }
 
+BuiltinNames::BuiltinNames(const NameTable &names)
+    : m_rows(names.size())
+{
+    std::size_t row = 0;
+    for (const auto &function : functions)
+        add(names, function.name, ++row);
+    for (const auto &constant : constants)
+        add(names, constant.name, ++row);
+    for (const auto &object : intrinsicObjects())
+        add(names, object.name, ++row);
+}
+
+void BuiltinNames::add(const NameTable &names, std::string_view name, std::size_t row)
+{
+    const auto id = names.find(name);
+    if (id != NameId::None)
+        m_rows[static_cast<std::size_t>(id)] = static_cast<std::uint16_t>(row);
+}
+
+const BuiltinFunction *BuiltinNames::function(NameId name) const
+{
+    const std::size_t row = m_rows[static_cast<std::size_t>(name)];
+    return row != 0 && row <= std::size(functions) ? &functions[row - 1] : nullptr;
+}
+
+const BuiltinConstant *BuiltinNames::constant(NameId name) const
+{
+    const std::size_t row = m_rows[static_cast<std::size_t>(name)];
+    const bool isConstant = row > std::size(functions) && row <= std::size(functions) + std::size(constants);
+    return isConstant ? &constants[row - 1 - std::size(functions)] : nullptr;
+}
+
 } // namespace kevra::script

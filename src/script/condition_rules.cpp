@@ -239,7 +239,7 @@ private:
     if (kind == NodeKind::Name) {
         const auto symbol = model.symbols.symbolAt(id);
         return symbol != 0 ? model.symbols.symbol(symbol).kind == SymbolKind::Constant
-                           : builtinConstant(model.spelling(id)) != nullptr;
+                           : model.symbols.builtins().constant(model.tree[id].name) != nullptr;
     }
     return kind == NodeKind::Number || kind == NodeKind::String || kind == NodeKind::Date;
 }

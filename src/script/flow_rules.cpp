@@ -187,8 +187,11 @@ bool looksAtErrors(const Model &model)
 {
     if (model.surroundings.includesOthers)
         return true;
+    const auto err = model.script.names.find("Err");
+    if (err == NameId::None)
+        return false;
     for (NodeId id = 1; id < model.tree.size(); ++id)
-        if (model.kind(id) == NodeKind::Name && isNamed(model.spelling(id), "Err"))
+        if (model.kind(id) == NodeKind::Name && model.tree[id].name == err)
             return true;
     return false;
 }

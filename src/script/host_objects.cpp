@@ -725,6 +725,11 @@ TypeId typeOfIntrinsic(std::string_view name)
     return typeIn(intrinsics, name);
 }
 
+std::span<const IntrinsicObject> intrinsicObjects()
+{
+    return intrinsics;
+}
+
 TypeId typeOfServerIntrinsic(std::string_view name)
 {
     return typeIn(serverIntrinsics, name);

@@ -130,6 +130,8 @@ struct IntrinsicObject {
 
 /// In ascending order.
 [[nodiscard]] std::span<const ProgId> progIds();
+[[nodiscard]] std::span<const IntrinsicObject> intrinsicObjects();
+
 /// For tables that are checked as a whole.
 [[nodiscard]] std::span<const ObjectType> objectTypes();
 

@@ -38,8 +38,7 @@ void Model::look()
             = use.access == Access::Object || use.access == Access::Index || use.access == Access::Call;
         if (!usedAsHost)
             continue;
-        const auto name = spelling(use.node);
-        if (const auto *function = builtinFunction(name))
+        if (const auto *function = symbols.builtins().function(tree[use.node].name))
             m_runsText = m_runsText || function->name.starts_with("Execute") || function->name == "Eval";
         else if (!isProvided(use.node))
             m_hasUnknownHost = true;
@@ -73,14 +72,14 @@ TextRange Model::declarationRange(SymbolId id) const
 
 const BuiltinFunction *Model::builtinAt(NodeId name) const
 {
-    return kind(name) == NodeKind::Name && symbols.symbolAt(name) == 0 ? builtinFunction(spelling(name))
-                                                                       : nullptr;
+    return kind(name) == NodeKind::Name && symbols.symbolAt(name) == 0
+        ? symbols.builtins().function(tree[name].name)
+        : nullptr;
 }
 
 bool Model::isProvided(NodeId name) const
 {
-    const auto spelled = spelling(name);
-    return builtinFunction(spelled) || builtinConstant(spelled) || types.ofProvided(spelled);
+    return symbols.builtins().contains(tree[name].name) || types.ofProvided(spelling(name));
 }
 
 NodeId Model::around(NodeId id, NodeKind wanted) const

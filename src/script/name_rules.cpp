@@ -263,7 +263,7 @@ void checkShadowed(const Model &model, SymbolId id, FindingList &findings)
     if (symbol.kind == SymbolKind::Implicit || model.symbols.scope(symbol.scope).kind == ScopeKind::Class)
         return;
     const auto name = model.nameOf(id);
-    if (builtinFunction(name) || builtinConstant(name)) {
+    if (model.symbols.builtins().function(symbol.name) || model.symbols.builtins().constant(symbol.name)) {
         findings.add(Rule::ShadowedName, model.declarationRange(id),
             Model::quoted(name) + " hides what VBScript itself calls by this name.");
         return;

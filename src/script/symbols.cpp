@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "script/symbols.h"
 
-#include "script/builtins.h"
-
 #include <algorithm>
 #include <functional>
 #include <unordered_set>
@@ -20,12 +18,6 @@ namespace {
     return procedure == NodeKind::Sub     ? SymbolKind::Sub
         : procedure == NodeKind::Function ? SymbolKind::Function
                                           : SymbolKind::Property;
-}
-
-/// Whether the name means something without a declaration.
-[[nodiscard]] bool isProvided(std::string_view name)
-{
-    return builtinFunction(name) || builtinConstant(name) || typeOfIntrinsic(name) != TypeId::Unknown;
 }
 
 } // namespace
@@ -46,9 +38,7 @@ public:
         visit(m_tree.root(), 0);
         declareImplicit();
         sortReferences();
-        for (SymbolId id = 1; id < symbols.m_symbols.size(); ++id)
-            symbols.m_declared.push_back({symbols.m_symbols[id].scope, symbols.m_symbols[id].name, id});
-        std::ranges::sort(symbols.m_declared);
+        sortDeclared();
         std::ranges::sort(symbols.m_withUses, {}, &WithUse::object);
     }
 
@@ -298,7 +288,7 @@ private:
             const auto name = m_tree[first->node].name;
             const auto last = std::find_if(
                 first, m_unbound.end(), [&](const Reference &r) { return m_tree[r.node].name != name; });
-            if (!isProvided(m_script.names.spelling(name)))
+            if (!m_result.m_builtins.contains(name))
                 declareImplicit({first, last});
             first = last;
         }
@@ -339,21 +329,31 @@ private:
             = groupBy(m_result.m_references, m_result.m_symbols.size(), &Reference::symbol);
     }
 
-    /// Puts references with the same key, which is below `keys`, beside one another, ascending and otherwise
+    void sortDeclared()
+    {
+        auto &declared = m_result.m_declared;
+        declared.reserve(m_result.m_symbols.size());
+        for (SymbolId id = 1; id < m_result.m_symbols.size(); ++id)
+            declared.push_back({m_result.m_symbols[id].scope, m_result.m_symbols[id].name, id});
+        groupBy(declared, m_script.names.size(), [](const Declared &d) { return index(d.name); });
+        groupBy(declared, m_result.m_scopes.size(), &Declared::scope);
+    }
+
+    /// Puts rows with the same key, which is below `keys`, beside one another, ascending and otherwise
     /// in the order they have. Says where those of each key begin. There are too many to compare them.
-    template <typename Key>
-    static std::vector<std::uint32_t> groupBy(std::vector<Reference> &references, std::size_t keys, Key key)
+    template <typename Row, typename Key>
+    static std::vector<std::uint32_t> groupBy(std::vector<Row> &rows, std::size_t keys, Key key)
     {
         std::vector<std::uint32_t> first(keys + 1, 0);
-        for (const auto &reference : references)
-            ++first[std::invoke(key, reference) + 1];
+        for (const auto &row : rows)
+            ++first[std::invoke(key, row) + 1];
         for (std::size_t i = 1; i < first.size(); ++i)
             first[i] += first[i - 1];
-        std::vector<Reference> sorted(references.size());
+        std::vector<Row> sorted(rows.size());
         auto next = first;
-        for (const auto &reference : references)
-            sorted[next[std::invoke(key, reference)]++] = reference;
-        references = std::move(sorted);
+        for (const auto &row : rows)
+            sorted[next[std::invoke(key, row)]++] = row;
+        rows = std::move(sorted);
         return first;
     }
 
@@ -368,6 +368,7 @@ private:
 };
 
 Symbols::Symbols(const ParsedScript &script)
+    : m_builtins(script.names)
 {
     Builder(*this, script);
 }

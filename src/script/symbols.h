@@ -2,6 +2,7 @@
 // What the names of a script stand for: every declaration, and every use of a name with what is done to it.
 #pragma once
 
+#include "script/builtins.h"
 #include "script/tree.h"
 
 #include <cstdint>
@@ -98,12 +99,14 @@ public:
     [[nodiscard]] SymbolId declaredIn(ScopeId scope, NameId name) const;
     /// All declarations of `name` in that scope itself, in the order of the text.
     [[nodiscard]] std::vector<SymbolId> declarations(ScopeId scope, NameId name) const;
+    [[nodiscard]] const BuiltinNames &builtins() const { return m_builtins; }
     /// The expression of the With that a WithObject stands for; 0 where there is none.
     [[nodiscard]] NodeId withExpression(NodeId withObject) const;
 
 private:
     class Builder;
 
+    BuiltinNames m_builtins;
     std::vector<Scope> m_scopes{Scope{}};
     std::vector<Symbol> m_symbols{Symbol{}};
     std::vector<Reference> m_references; ///< by symbol

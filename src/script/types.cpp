@@ -92,12 +92,12 @@ Type Types::ofName(NodeId name) const
 {
     if (const auto symbol = m_symbols.symbolAt(name))
         return ofSymbol(symbol);
-    const auto spelled = spelling(name);
-    if (const auto *function = builtinFunction(spelled))
+    const auto id = m_script.tree[name].name;
+    if (const auto *function = m_symbols.builtins().function(id))
         return {function->result, 0};
-    if (builtinConstant(spelled))
+    if (m_symbols.builtins().constant(id))
         return value;
-    return ofProvided(spelled).value_or(unknown);
+    return ofProvided(spelling(name)).value_or(unknown);
 }
 
 std::optional<Type> Types::ofProvided(std::string_view name) const
@@ -145,7 +145,7 @@ Type Types::ofApply(NodeId apply, unsigned links) const
     const auto type = typeOf(callee, links + 1);
     if (tree[callee].kind == NodeKind::Name) {
         const auto symbol = m_symbols.symbolAt(callee);
-        if (symbol == 0 && builtinFunction(spelling(callee)))
+        if (symbol == 0 && m_symbols.builtins().function(tree[callee].name))
             return type;
         if (m_symbols.symbol(symbol).kind == SymbolKind::Function)
             return type;
