@@ -94,11 +94,37 @@ constexpr unsigned ifLevels = 20;
     return false;
 }
 
+/// Whether a statement in a loop runs in some of its rounds only.
+[[nodiscard]] bool isConditional(const Model &model, NodeId statement, NodeId loop)
+{
+    for (auto at = model.parent(statement); at != loop && at != 0; at = model.parent(at)) {
+        const auto kind = model.kind(at);
+        if (kind == NodeKind::If || kind == NodeKind::Select)
+            return true;
+    }
+    return false;
+}
+
 /// Statements around a place that leave the loop right after it.
 [[nodiscard]] bool isFollowedByExit(const Model &model, NodeId statement)
 {
     const auto next = model.tree[statement].nextSibling;
     return next != 0 && neverGoesOn(model, next, ifLevels);
+}
+
+/// Whether a call's value goes into a variable that nobody reads: often only because a call is written so.
+[[nodiscard]] bool isDropped(const Model &model, const Reference &use)
+{
+    auto call = use.node;
+    if (use.access == Access::Index)
+        call = model.parent(call);
+    const auto assignment = model.parent(call);
+    if (model.kind(assignment) != NodeKind::Assign || model.tree.child(assignment, 1) != call)
+        return false;
+    const auto variable = model.symbols.symbolAt(model.tree.child(assignment, 0));
+    return variable != 0 && model.kind(model.tree.child(assignment, 0)) == NodeKind::Name
+        && std::ranges::all_of(
+            model.symbols.references(variable), [](const Reference &r) { return r.access == Access::Write; });
 }
 
 } // namespace
@@ -134,7 +160,9 @@ void checkLoopVariableChanged(const Model &model, SymbolId symbol, FindingList &
             const auto variable = model.tree.child(loop, 0);
             if (variable == use.node || model.symbols.symbolAt(variable) != symbol)
                 continue;
-            if (isFollowedByExit(model, statement))
+            // Under a condition it is a way to skip rounds, or to let this one be the last.
+            if ((use.access == Access::Write && isConditional(model, statement, loop))
+                || isFollowedByExit(model, statement))
                 break;
             findings
                 .add(Rule::LoopVariableChanged, model.tree[use.node].range(),
@@ -172,7 +200,7 @@ void checkFunctionWithoutResult(const Model &model, SymbolId symbol, FindingList
         const bool recursion = use.access == Access::Index;
         if (isInside(use) && !asStatement && !recursion && use.access != Access::Read)
             return;
-        valueUsed = valueUsed || (!isInside(use) && !asStatement);
+        valueUsed = valueUsed || (!isInside(use) && !asStatement && !isDropped(model, use));
     }
     if (!valueUsed)
         return;
@@ -206,6 +234,18 @@ bool isNearEnd(const Model &model, NodeId statement)
     return after <= fewStatements;
 }
 
+/// Whether no other statement of the script runs before this one.
+bool isFirst(const Model &model, NodeId statement)
+{
+    for (const auto other : model.tree.children(model.tree.root())) {
+        if (other == statement)
+            return true;
+        if (isExecutable(model.kind(other)))
+            return false;
+    }
+    return false;
+}
+
 } // namespace
 
 void checkResumeNextNeverEnds(const Model &model, FindingList &findings)
@@ -223,7 +263,12 @@ void checkResumeNextNeverEnds(const Model &model, FindingList &findings)
         else if (open == 0)
             open = id;
     }
-    if (open != 0 && !isNearEnd(model, open))
+    if (open == 0 || isNearEnd(model, open))
+        return;
+    if (isFirst(model, open))
+        findings.add(Rule::ErrorsIgnored, model.tree[open].range(),
+            "Every error in the script passes unnoticed, misspelled names too.");
+    else
         findings.add(Rule::ResumeNextNeverEnds, model.tree[open].range(),
             "From here to the end of the script every error passes unnoticed: no On Error GoTo 0 follows.");
 }

@@ -102,8 +102,8 @@ struct ObjectType {
     std::span<const Member> members; ///< in ascending order of their names
     TypeId element = TypeId::Unknown; ///< what For Each gives and the default member takes an index for
 
-    /// Whether `members` are all there are.
-    [[nodiscard]] constexpr bool isComplete() const { return !members.empty(); }
+    /// Whether `members` are all there are. A connection has the stored procedures of its database as well.
+    [[nodiscard]] constexpr bool isComplete() const { return !members.empty() && id != TypeId::Connection; }
 };
 
 struct ProgId {

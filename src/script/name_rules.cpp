@@ -146,8 +146,11 @@ void checkMisspelled(const Model &model, FindingList &findings)
             continue;
         const auto &use = firstUse(model, id);
         const auto meant = declared.meantBy(use.node, use.scope);
-        const bool isVariable = meant != 0 && model.symbols.symbol(meant).ownScope == 0;
-        if (isVariable)
+        // Of procedures only the function itself can be meant: its name takes the result.
+        const bool canBeAssigned = meant != 0
+            && (model.symbols.symbol(meant).ownScope == 0
+                || model.symbols.symbol(meant).ownScope == use.scope);
+        if (canBeAssigned)
             report(use.node, meant, "assigned and never read");
     }
     std::unordered_set<NameId> seen;

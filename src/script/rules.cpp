@@ -206,6 +206,12 @@ constexpr std::array rules{
         "With Option Explicit as the first statement every variable has to be declared, and a misspelled "
         "name stops "
         "the script with an error instead of working with an empty variable."},
+    RuleInfo{Rule::ErrorsIgnored, Level::Hint, "On Error Resume Next for the whole script",
+        "A script that begins with On Error Resume Next and never looks at Err goes on after each failure, "
+        "with "
+        "whatever values there are. If that is meant, the statements that may fail can be put between On "
+        "Error "
+        "Resume Next and On Error GoTo 0, so that other mistakes are still seen."},
     RuleInfo{Rule::NeedsVbscript, Level::Hint, "What goes away with VBScript",
         "VBScript is deprecated: Windows 11 has it as a feature on demand, and a later version will be "
         "without. Then "

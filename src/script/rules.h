@@ -77,6 +77,7 @@ enum class Rule : std::uint16_t {
     ShadowedName,
     NoOptionExplicit,
     NeedsVbscript,
+    ErrorsIgnored,
 };
 
 struct RuleInfo {
