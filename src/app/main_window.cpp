@@ -391,7 +391,7 @@ bool MainWindow::takesDrop(QEvent &event)
     drop.setDropAction(Qt::CopyAction);
     drop.accept();
     if (event.type() == QEvent::Drop)
-        emit fileDropped(urls.first().toLocalFile());
+        emit fileDropped(pathBytes(urls.first()));
     return true;
 }
 

@@ -83,9 +83,9 @@ signals:
     void closeRequested();
     /// It has been shown, and has the place and size that the desktop gives it.
     void placed();
-    void fileDropped(const QString &path);
+    void fileDropped(const std::string &path);
     /// In a list of files that were opened or searched here.
-    void listedFileChosen(const QString &path);
+    void listedFileChosen(const std::string &path);
     /// The document has been given a path, by opening or saving.
     void documentNamed();
 

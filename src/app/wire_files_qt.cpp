@@ -138,13 +138,12 @@ void FilesSide::bindCommands()
         [this] { abandonReviewAnd([this] { m_opening.startWithTemplate(assetPath("template.html")); }); });
     commands.bind("msaveplain", [this] { m_offer.save(); });
     commands.bind("msaveas", [this] { m_offer.saveAs(); });
-    connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const QString &path) {
-        const auto file = pathBytes(path);
+    connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const std::string &file) {
         if (!m_app.takesDroppedFile || !m_app.takesDroppedFile(file))
             abandonReviewAnd([&] { m_opening.openDropped(file); });
     });
     connect(&m_app.mainWindow(), &MainWindow::listedFileChosen, this,
-        [this](const QString &path) { abandonReviewAnd([&] { m_opening.openListed(pathBytes(path)); }); });
+        [this](const std::string &path) { abandonReviewAnd([&] { m_opening.openListed(path); }); });
 }
 
 void FilesSide::openFromCommandLine(const std::string &commandLine)

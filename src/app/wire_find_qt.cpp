@@ -51,12 +51,12 @@ void showFindDialog(Application &app)
 }
 
 /// The file as the document, which is asked about as by the open dialog; then the line.
-void showLine(Application &app, const OpenDocument &open, const QString &path, qint64 line)
+void showLine(Application &app, const OpenDocument &open, const std::string &path, qint64 line)
 {
     auto &window = app.mainWindow();
-    if (!open.isDocument(pathBytes(path)))
+    if (!open.isDocument(path))
         emit window.listedFileChosen(path);
-    if (!open.isDocument(pathBytes(path)))
+    if (!open.isDocument(path))
         return;
     auto &document = window.document();
     window.activateWindow();
@@ -82,7 +82,7 @@ void wireFind(Application &app)
     app.makesWindow(SecondaryWindow::MultiFind, [&app, &open] {
         auto *dialog = new MultiDialog(app.files, open, app.messages, app.fileDialogs, &app.mainWindow());
         QObject::connect(dialog, &MultiDialog::lineChosen, dialog,
-            [&app, &open](const QString &path, qint64 line) { showLine(app, open, path, line); });
+            [&app, &open](const std::string &path, qint64 line) { showLine(app, open, path, line); });
         return dialog;
     });
     app.commands.bind("mmulti", [&app] { app.showWindow(SecondaryWindow::MultiFind); });

@@ -37,17 +37,17 @@ private:
         m_menu->clear();
         for (const auto &path : m_recent.paths())
             if (m_app.files.fileExists(path))
-                offer(pathText(path));
+                offer(path);
         m_menu->setEnabled(!m_menu->isEmpty());
         m_menu->addSeparator();
         m_menu->addAction("&Clear This List", this, [this] { m_recent.forgetAll(); })
             ->setObjectName("mclearrecent");
     }
 
-    void offer(const QString &path)
+    void offer(const std::string &path)
     {
         const auto number = m_menu->actions().size() + 1;
-        auto shown = path;
+        auto shown = pathText(path);
         auto *action = m_menu->addAction(QString("&%1  %2").arg(number % 10).arg(shown.replace('&', "&&")));
         connect(action, &QAction::triggered, this,
             [this, path] { emit m_app.mainWindow().listedFileChosen(path); });

@@ -61,8 +61,9 @@ std::vector<std::string> runDialog(QFileDialog &dialog)
     showDetailsInFull(dialog);
     std::vector<std::string> paths;
     if (dialog.exec() == QDialog::Accepted)
-        for (const auto &path : dialog.selectedFiles())
-            paths.push_back(pathBytes(path));
+        for (const auto &file : dialog.selectedUrls())
+            if (file.isLocalFile())
+                paths.push_back(pathBytes(file));
     return paths;
 }
 

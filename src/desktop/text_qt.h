@@ -4,6 +4,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QString>
+#include <QtCore/QUrl>
 
 #include <string>
 #include <string_view>
@@ -24,6 +25,15 @@ namespace kevra {
 [[nodiscard]] inline std::string pathBytes(const QString &path)
 {
     return QFile::encodeName(path).toStdString();
+}
+
+/// The path of a local file's address. A name need not be valid text; QUrl::toLocalFile would lose the bytes
+/// that are not.
+[[nodiscard]] inline std::string pathBytes(const QUrl &file)
+{
+    const auto encoded = file.path(QUrl::FullyEncoded).toLatin1();
+    const auto path = QByteArray::fromPercentEncoding(encoded).toStdString();
+    return file.host().isEmpty() ? path : "//" + file.host().toStdString() + path;
 }
 
 } // namespace kevra

@@ -7,7 +7,6 @@
 #include "widgets/named_qt.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtCore/QTimer>
 #include <QtGui/QDropEvent>
@@ -21,6 +20,8 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QTreeWidget>
 
+#include <filesystem>
+
 namespace kevra {
 namespace {
 
@@ -29,6 +30,8 @@ constexpr QSize firstSize(800, 520);
 constexpr int pathWidth = 320;
 constexpr int hitsWidth = 60;
 enum Column { PathColumn, HitsColumn, OutcomeColumn };
+constexpr int lineRole = Qt::UserRole; ///< of a line, from 1
+constexpr int pathRole = Qt::UserRole + 1; ///< of a file, in bytes: what is shown need not be the name
 
 } // namespace
 
@@ -189,6 +192,7 @@ void MultiDialog::showFiles(const std::vector<ListedFile> &files)
     for (const auto &file : files) {
         items.append(new QTreeWidgetItem({pathText(file.path)}));
         items.back()->setToolTip(PathColumn, pathText(file.path));
+        items.back()->setData(PathColumn, pathRole, QByteArray::fromStdString(file.path));
         items.back()->setTextAlignment(HitsColumn, Qt::AlignCenter);
     }
     m_list->addTopLevelItems(items);
@@ -207,7 +211,7 @@ void MultiDialog::showFile(std::size_t index, const ListedFile &file)
     for (const auto &line : file.lines) {
         auto *child = new QTreeWidgetItem(
             item, {QString("%1:  %2").arg(line.number).arg(QString::fromStdString(line.text).simplified())});
-        child->setData(PathColumn, Qt::UserRole, QVariant::fromValue<qint64>(line.number));
+        child->setData(PathColumn, lineRole, QVariant::fromValue<qint64>(line.number));
         child->setFirstColumnSpanned(true);
     }
 }
@@ -219,8 +223,8 @@ void MultiDialog::openChosen()
         return;
     const auto *file = item->parent() ? item->parent() : item;
     const auto *line = item->parent() || item->childCount() == 0 ? item : item->child(0);
-    emit lineChosen(
-        file->toolTip(PathColumn), std::max<qint64>(1, line->data(PathColumn, Qt::UserRole).toLongLong()));
+    emit lineChosen(file->data(PathColumn, pathRole).toByteArray().toStdString(),
+        std::max<qint64>(1, line->data(PathColumn, lineRole).toLongLong()));
 }
 
 void MultiDialog::showUndo(bool possible)
@@ -269,7 +273,7 @@ void MultiDialog::add(const std::vector<std::string> &paths)
     run([&] {
         std::vector<std::string> all;
         for (const auto &path : paths) {
-            if (!QFileInfo(pathText(path)).isDir()) {
+            if (std::error_code unknown; !std::filesystem::is_directory(path, unknown)) {
                 all.push_back(path);
                 continue;
             }
@@ -314,7 +318,7 @@ void MultiDialog::dropEvent(QDropEvent *event)
     std::vector<std::string> paths;
     for (const auto &url : event->mimeData()->urls())
         if (url.isLocalFile())
-            paths.push_back(pathBytes(url.toLocalFile()));
+            paths.push_back(pathBytes(url));
     event->setDropAction(Qt::CopyAction);
     event->accept();
     // Deferred, so that the source program does not wait while a folder is searched.

@@ -30,7 +30,7 @@ public:
 
 signals:
     /// The user wants to see a line, from 1, of a listed file in the editor.
-    void lineChosen(const QString &path, qint64 line);
+    void lineChosen(const std::string &path, qint64 line);
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;

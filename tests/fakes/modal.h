@@ -31,12 +31,9 @@ private:
 };
 
 /// Drops files as if they were to be moved.
-inline void drop(QWidget &target, const QStringList &paths)
+inline void dropUrls(QWidget &target, const QList<QUrl> &urls)
 {
     QMimeData data;
-    QList<QUrl> urls;
-    for (const auto &path : paths)
-        urls << QUrl::fromLocalFile(path);
     data.setUrls(urls);
     QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
     QApplication::sendEvent(&target, &enter);
@@ -45,6 +42,14 @@ inline void drop(QWidget &target, const QStringList &paths)
     EXPECT_EQ(enter.dropAction(), Qt::CopyAction) << "after a move the other program removes the files";
     QDropEvent dropped({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&target, &dropped);
+}
+
+inline void drop(QWidget &target, const QStringList &paths)
+{
+    QList<QUrl> urls;
+    for (const auto &path : paths)
+        urls << QUrl::fromLocalFile(path);
+    dropUrls(target, urls);
 }
 
 } // namespace kevra

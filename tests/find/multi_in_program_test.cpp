@@ -2,6 +2,8 @@
 // Replacement in many files in the whole program, one of them open in the editor.
 #include "fakes/program.h"
 
+#include <fstream>
+
 namespace kevra {
 namespace {
 
@@ -78,6 +80,22 @@ TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
     EXPECT_EQ(content("page.htm"), page);
     EXPECT_EQ(content("site/other.htm"), replaced);
     EXPECT_EQ(document().Text(), typed);
+}
+
+TEST_F(MultiInProgram, ANameThatIsNoTextIsDroppedReplacedInAndOpened)
+{
+    const auto name = path("caf") + "\xe9.htm";
+    std::ofstream(name) << page;
+    dropUrls(
+        dialog(), {QUrl::fromEncoded(QUrl::fromLocalFile(folder.filePath("caf")).toEncoded() + "%E9.htm")});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return find<QTreeWidget>("lmfiles").topLevelItemCount() == 3; }));
+    click("bmpreview");
+    click("bmreplace");
+    EXPECT_EQ(app().files.read(name), replaced);
+    auto &list = find<QTreeWidget>("lmfiles");
+    list.setCurrentItem(list.topLevelItem(2));
+    click("bmopen");
+    EXPECT_EQ(app().document.currentPath, name);
 }
 
 } // namespace

@@ -295,7 +295,8 @@ private:
         }
         if (what == "drop") {
             later([argument] {
-                QMetaObject::invokeMethod(window("fedit"), "fileDropped", Q_ARG(QString, argument));
+                QMetaObject::invokeMethod(window("fedit"), "fileDropped",
+                    Q_ARG(std::string, QFile::encodeName(argument).toStdString()));
             });
             return {{"ok", true}};
         }
