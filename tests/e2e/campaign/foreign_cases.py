@@ -179,6 +179,22 @@ def versions(workshop, seed, long):
     return result
 
 
+def huge_version(workshop, seed, long):
+    result = Result("a foreign version larger than all versions may be together is kept when a save replaces it")
+    home = workshop.folder()
+    path = put(os.path.join(home, "page.htm"), OLD)
+    with Editor(workshop, home, [path]) as editor:
+        for size in (1 << 20, 210 << 20):  # the bound is between them; the first gives way to the second
+            editor.do("type", "mine ")
+            put(path, THEIRS)
+            os.truncate(path, size)
+            editor.save()
+            sizes = [os.stat(name).st_size for name in glob.glob(editor.state("backups", "2*"))]
+            result.check(size in sizes, f"{size} bytes: {sizes} are kept")
+            result.check(content(path).startswith(b"mine "), f"{size} bytes: not saved")
+    return result
+
+
 def out_of_memory(workshop, seed, long):
     result = Result("files too large for the memory: said, and the document stays")
     home = workshop.folder()
@@ -250,4 +266,4 @@ def torn_in_place(workshop, seed, long):
 
 
 CASES = {"disk-bar": disk_bar, "foreign-at-every-call": foreign_at_every_call, "versions": versions,
-         "out-of-memory": out_of_memory, "torn-in-place": torn_in_place}
+         "huge-version": huge_version, "out-of-memory": out_of_memory, "torn-in-place": torn_in_place}
