@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""CPU of the built editor with texts of one line and the same bytes in lines: opening, and keys here and there.
+"""CPU of the built editor with texts of one line and the same bytes in lines: of all of it for opening, of the thread
+that answers the keys for keys here and there, the most expensive of each, and for writing the record in the pause.
 
     bench/long_lines.py [--build build/dev] [--megabytes 60] [KIND ...]
 """
@@ -20,6 +21,7 @@ HOME, END, LEFT, RIGHT, UP, DOWN, PAGE_DOWN = (0x1000010, 0x1000011, 0x1000012, 
                                                0x1000017)
 DELETE, BACKSPACE, RETURN = 0x1000007, 0x1000003, 0x1000004
 CONTROL = 0x4000000
+RECORD = 3  # seconds; it is written two after a change
 STEPS = [("letter", ord("A"), 0, "a"), ("<", ord("<"), 0, "<"), (">", ord(">"), 0, ">"), ("\"", ord('"'), 0, '"'),
          ("return", RETURN, 0, "\r"), ("delete", DELETE, 0, ""), ("backspace", BACKSPACE, 0, ""),
          ("right", RIGHT, 0, ""), ("left", LEFT, 0, ""), ("word", RIGHT, CONTROL, ""), ("up", UP, 0, ""),
@@ -43,6 +45,20 @@ def spent(editor):
     return before
 
 
+def answering(editor):
+    """CPU so far of the thread that answers, in ms."""
+    with open(f"/proc/{editor.process.pid}/schedstat", encoding="ascii") as file:
+        return int(file.read().split()[0]) / 1e6
+
+
+def pressed(editor, key, modifiers, typed=""):
+    before = answering(editor)
+    editor.do("key", typed, key=key, modifiers=modifiers)
+    for _ in range(3):  # what it left for later, the painting among it
+        editor.ask("ready")
+    return answering(editor) - before
+
+
 def measure(workshop, extension, text, times):
     home = workshop.folder()
     path = os.path.join(home, "text." + extension)
@@ -54,14 +70,14 @@ def measure(workshop, extension, text, times):
     with Editor(workshop, home, [path]) as editor:
         row = [("open", spent(editor) - start)]
         for place, key in (("start", HOME), ("end", END)):
-            before = spent(editor)
-            editor.do("key", key=key, modifiers=CONTROL)
-            row.append((f"to the {place}", spent(editor) - before))
+            row.append((f"to the {place}", pressed(editor, key, CONTROL)))
             for name, code, modifiers, typed in STEPS:
-                before = spent(editor)
-                for _ in range(times):
-                    editor.do("key", typed, key=code, modifiers=modifiers)
-                row.append((name, (spent(editor) - before) / times))
+                spent(editor)
+                row.append((name, max(pressed(editor, code, modifiers, typed) for _ in range(times))))
+        before = answering(editor)
+        time.sleep(RECORD)
+        spent(editor)
+        row.append(("record", answering(editor) - before))
     return row
 
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/browser_control_qt.h"
 
+#include "desktop/text_qt.h"
 #include "preview/browser_window.h"
 #include "preview/engine_loader_qt.h"
 #include "preview/page_clipboard_qt.h"
@@ -89,7 +90,7 @@ bool BrowserControlQt::beforeNavigate(const QUrl &shown, bool mainFrame)
     if (url == m_requests.document())
         target.path = m_askedPath;
     else if (url.isLocalFile())
-        target.path = pathOfFile(url);
+        target.path = pathBytes(url);
     // An empty frame is made, not gone to.
     if (!mainFrame && url.scheme() == "about")
         return true;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/text_qt.h"
 #include "preview/page_requests_qt.h"
 
 #include "desktop/program_folders_qt.h"
@@ -60,13 +61,6 @@ std::string resolved(const std::string &path)
 
 } // namespace
 
-std::string pathOfFile(const QUrl &file)
-{
-    const auto encoded = file.path(QUrl::FullyEncoded).toLatin1();
-    const auto path = QByteArray::fromPercentEncoding(encoded).toStdString();
-    return file.host().isEmpty() ? path : "//" + file.host().toStdString() + path;
-}
-
 std::string textOfUrl(const QUrl &url)
 {
     return url.toString(QUrl::FullyEncoded).toStdString();
@@ -107,7 +101,7 @@ std::optional<QUrl> PageRequests::route(const QUrl &url, Resource kind, bool sen
     const auto known = plainUrl(url);
     PageRequest request{kind, known.scheme().toStdString(), {}, sends};
     if (known.isLocalFile())
-        request.path = resolved(pathOfFile(known));
+        request.path = resolved(pathBytes(known));
     if (!allowsRequest(request, m_scope, m_remote))
         return std::nullopt;
     const auto asked = pageAddress(url);

@@ -34,8 +34,6 @@ private:
 
 /// As the page's author knows it: a file, https, or what it is.
 [[nodiscard]] QUrl plainUrl(const QUrl &url);
-/// The path of a local file, as bytes.
-[[nodiscard]] std::string pathOfFile(const QUrl &file);
 [[nodiscard]] std::string textOfUrl(const QUrl &url);
 
 } // namespace kevra

@@ -12,10 +12,12 @@
 #include <cstdlib>
 #include <span>
 #include <string_view>
+#include <tuple>
 
 namespace {
 
 constexpr rlim_t pageMemory = rlim_t{2} << 30; ///< bytes of its own that a process with pages can have
+constexpr int pageNiceness = 5; ///< beside the editor, which has to answer while a page computes without end
 
 /// The names of the engine's command line.
 constexpr std::string_view networkProcess = "--utility-sub-type=network.mojom.NetworkService";
@@ -48,9 +50,10 @@ bool refuseSockets(bool allOfThem)
     return loaded;
 }
 
-bool limitMemory()
+bool limitMachine()
 {
     const rlimit bound{pageMemory, pageMemory};
+    std::ignore = setpriority(PRIO_PROCESS, 0, getpriority(PRIO_PROCESS, 0) + pageNiceness);
     return setrlimit(RLIMIT_DATA, &bound) == 0;
 }
 
@@ -62,7 +65,7 @@ int main(int argc, char **argv)
     if (!refuseSockets(contains(arguments, networkProcess)))
         return EXIT_FAILURE;
     for (const auto kind : pageProcesses) {
-        if (contains(arguments, kind) && !limitMemory())
+        if (contains(arguments, kind) && !limitMachine())
             return EXIT_FAILURE;
     }
     if (argc == 1)

@@ -7,17 +7,16 @@ Internet. Usage: hostile.py HARNESS"""
 import base64
 import os
 import socket
-import subprocess
 import sys
 import tempfile
-import threading
 import urllib.parse
 
 import channels
+from harness import PAGE, Run, Sink, greedy, running, slowest
 
 RUNS = 4  # at the same time; most of a page's time is waiting
+SLOWEST = 2000  # ms for the way back, with several editors and their traces at once; floods.py has the bound of one
 SECRET = "document.title = 'TOP-SECRET'"
-PAGE = "PAGE-NAME"  # in an address: tells at the sink which page was there
 PARTS = "picture style script module frame"
 BIG = "style='display:block;width:500px;height:300px;background:#ddd'"
 
@@ -32,6 +31,8 @@ SITE = {
 
 
 def pages(web, secret):
+    secure = web.replace("http", "https")
+
     def link(href, more=""):
         return f"<a href='{href}' {more} {BIG}>go</a>"
 
@@ -135,113 +136,14 @@ def pages(web, secret):
             "{const x=new XMLHttpRequest(); x.open(\"GET\",\"'+location.href.replace('kevratemp.html','beside.txt')+'\""
             ".replace(\"page\",s)); x.onload=()=>e.ports[0].postMessage(x.responseText); x.send()}}'])));"
             "w.port.onmessage=e=>tell(e.data)"),
+        # The harness asks for the help meanwhile, whose page is not there: its pass is for nobody else.
+        "help-location": script(f"setInterval(()=>location='{secure}', 200)"),
+        "help-refresh": f"<meta http-equiv=refresh content='1;url={secure}'>",
+        "help-link": link(secure) + script("setInterval(()=>document.querySelector('a').click(), 100)"),
+        "help-frame": f"<iframe srcdoc='x'></iframe><script>setInterval(()=>frames[0].location='{secure}', 200)</script>",
         "schemes": script("for (const s of ['chrome://version','view-source:file:///etc/passwd','ftp://127.0.0.1/'])"
                           "{const f=document.createElement('iframe'); f.src=s; document.body.append(f)}"),
     }
-
-
-# Pages that never stop. What they may take is said in src/preview/page_bounds.h; the rest is what a look between two
-# measurements, and a busy machine, let through.
-EDITOR_GROWTH = 512  # MB
-PAGE_MEMORY = 2048  # MB
-
-
-def floods():
-    def often(code, times=1):
-        return f"<body><script>setInterval(()=>{{for(let i=0;i<{times};i++){{{code}}}}},0)</script>"
-
-    def at_once(code):
-        return f"<body><script>setTimeout(()=>{{for(;;){{{code}}}}},300)</script>"
-
-    link = "<a id=a href='other.html'>x</a>"
-    return {
-        "clicks": link + often("a.click()", 2000), "clicks-endless": link + at_once("a.click()"),
-        "navigations": often("location='other'+i+'.html'", 200), "reload": often("location.reload()"),
-        "frames": "<iframe src=kevratemp.html></iframe><iframe src=kevratemp.html></iframe>" + often(
-            "const f=document.createElement('iframe'); f.src=location.href; document.body.append(f)"),
-        "console": often("console.log('x'.repeat(1e5))", 100), "console-endless": at_once("console.log('x')"),
-        "title": often("document.title=Math.random()", 1000),
-        "blobs": "<script>const all=[]</script>" + often("all.push(new Blob([new Uint8Array(1<<24).fill(7)]))"),
-        "caches": "<script>let n=0</script>" + often(
-            "caches.open('x').then(c=>c.put('https://x.invalid/'+n++,new Response(new Uint8Array(1<<24).fill(7))))"),
-        "arrays": "<script>const all=[]</script>" + often("all.push(new Uint8Array(1<<25).fill(1))"),
-        "workers": "".join(["<script>new Worker(URL.createObjectURL(new Blob(['const all=[];"
-                           "setInterval(()=>all.push(new Uint8Array(1<<24).fill(1)),5)'])))</script>"] * 8),
-        "canvases": "<script>const all=[]</script>" + often(
-            "const c=document.createElement('canvas'); c.width=c.height=4096; c.getContext('2d').fillRect(0,0,4096,4096);"
-            "all.push(c); document.body.append(c)"),
-        "focus": "<body><div id=d aria-live=assertive></div>" + often(
-            "const p=document.createElement('p'); p.textContent='x'+i; p.tabIndex=0; d.append(p); p.focus();"
-            "if (d.childNodes.length>2000) d.innerHTML=''", 200),
-        "pictures": often("new Image().src='picture'+Math.random()", 300),
-    }
-
-
-class Sink:
-    """Accepts connections on this machine, answers like a web server, and keeps their first lines."""
-
-    def __init__(self):
-        self.seen = []
-        self.server = socket.create_server(("127.0.0.1", 0))
-        self.packets = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
-        self.packets.bind(("127.0.0.1", self.server.getsockname()[1]))
-        for work in (self.serve, self.listen):
-            threading.Thread(target=work, daemon=True).start()
-
-    @property
-    def port(self):
-        return self.server.getsockname()[1]
-
-    @property
-    def address(self):
-        return f"http://127.0.0.1:{self.port}/"
-
-    def serve(self):
-        while True:
-            connection, _ = self.server.accept()
-            connection.settimeout(1)
-            try:
-                self.seen.append(connection.recv(200).split(b"\r\n")[0].decode("latin-1"))
-                connection.sendall(b"HTTP/1.1 200 OK\r\nContent-Length: 2\r\nAccess-Control-Allow-Origin: *\r\n\r\nok")
-            except OSError:
-                self.seen.append("(connection)")
-            connection.close()
-
-    def listen(self):
-        while True:
-            self.packets.recv(2000)
-            self.seen.append("(packet)")
-
-
-class Run:
-    """The harness on some of the pages, in a site and a home folder of its own, with its system calls traced."""
-
-    def __init__(self, harness, folder, attempts, *options):
-        self.home = tempfile.mkdtemp(dir=folder)
-        site = os.path.join(self.home, "site")
-        os.mkdir(site)
-        for name, text in {**SITE, **attempts}.items():
-            with open(os.path.join(site, name), "wb") as file:
-                file.write(text if isinstance(text, bytes) else text.replace(PAGE, name).encode())
-        self.trace = os.path.join(self.home, "trace")
-        calls = "trace=connect,sendto,sendmsg,sendmmsg"
-        environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=self.home, XDG_RUNTIME_DIR=self.home)
-        self.process = subprocess.Popen(
-            ["strace", "-f", "--seccomp-bpf", "-qq", "-e", calls, "-o", self.trace, harness, site, *options],
-            env=environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-
-    def results(self):
-        """What each page achieved, by its name. A run that failed has no pages."""
-        output, _ = self.process.communicate(timeout=280)
-        print(output, end="")
-        if self.process.returncode:
-            return {}
-        return {line.split()[0]: dict(part.split("=", 1) for part in line.split()[1:])
-                for line in output.splitlines()}
-
-    def got_out(self):
-        with open(self.trace, encoding="utf-8", errors="replace") as trace:
-            return channels.who_got_out(trace)
 
 
 def main():
@@ -261,36 +163,37 @@ def main():
                     for name, text in pages(sink.address + PAGE, "file://" + secret).items()]
         # The pages that keep a processor busy stand together and so follow each other in one run.
         share = -(-len(attempts) // RUNS)
-        runs = [Run(sys.argv[1], folder, dict(attempts[at:at + share])) for at in range(0, len(attempts), share)]
+        runs = [Run(sys.argv[1], folder, dict(attempts[at:at + share]), site=SITE)
+                for at in range(0, len(attempts), share)]
         places = channels.pages(sink.port)
-        expected = len(attempts) + sum(name.endswith(".hostile") for name in places)
-        runs.append(Run(sys.argv[1], folder, places))
-        never_stop = {f"flood-{name}.hostile": text for name, text in floods().items()}
-        expected += len(never_stop)
-        runs.append(Run(sys.argv[1], folder, never_stop))
+        realms = sum(name.endswith(".hostile") for name in places)
+        runs.append(Run(sys.argv[1], folder, places, site=SITE))
+        # Remote content is https from public addresses: there is none here, and nothing else may be tried either.
+        remote = Run(sys.argv[1], folder, places, "remote", site=SITE)
         results = {}
         for run in runs:
             results |= run.results()
+        results |= {"remote-" + name: result for name, result in remote.results().items()}
+        expected = len(attempts) + 2 * realms
         out = {name: calls for run in runs for name, calls in run.got_out().items()}
+        out |= {"remote " + name: calls for name, calls in remote.got_out().items()}
 
     def total(key):
         return sum(int(result[key]) for result in results.values())
 
-    slowest = max((int(result["back"]) for result in results.values()), default=0)
     copied = [name for name, result in results.items() if result["clip"] != "kept"]
-    greedy = [name for name, result in results.items()
-              if int(result["own"]) > EDITOR_GROWTH or int(result["page"]) > PAGE_MEMORY]
-    running = [name for name, result in results.items() if result["ended"] != "yes"]
     most = max((int(result["dialogs"]) for result in results.values()), default=0)
     for name, calls in sorted(out.items()):
         print(f"out: {name} {sorted(set(calls))} {len(calls)}")
     shown = urllib.parse.unquote(results.get("shown", {}).get("title", ""))
-    print(f"pages {len(results)} of {expected}, system calls to the Internet {sum(map(len, out.values()))}, navigations followed {total('followed')}, local files read "
-          f"{total('read')}, new windows {total('windows')}, requests at the sink {len(sink.seen)} {sink.seen}, "
-          f"shown '{shown}', most dialogs {most}, slowest way back {slowest} ms, still running {running}, "
-          f"clipboard changed by {copied}, too much memory for {greedy}")
-    good = (len(results) == expected and not out and shown == PARTS and not sink.seen and not running and not copied and not greedy and most <= 3
-            and slowest < 2000 and not any(total(key) for key in ("followed", "read", "windows")))
+    print(f"pages {len(results)} of {expected}, system calls to the Internet {sum(map(len, out.values()))}, "
+          f"navigations followed {total('followed')}, local files read {total('read')}, "
+          f"new windows {total('windows')}, requests at the sink {len(sink.seen)} {sink.seen}, "
+          f"shown '{shown}', most dialogs {most}, slowest way back {slowest(results)} ms, "
+          f"still running {running(results)}, clipboard changed by {copied}, too much memory for {greedy(results)}")
+    good = (len(results) == expected and not out and shown == PARTS and not sink.seen and not running(results)
+            and not copied and not greedy(results) and most <= 3 and slowest(results) < SLOWEST
+            and not any(total(key) for key in ("followed", "read", "windows")))
     return 0 if good else 1
 
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Shows every page of a folder in the browser window over the real web engine, clicks on it, goes back to the
 // text, and prints what the page has achieved, one line a page:
-//   NAME followed=N read=N windows=N dialogs=N stall=MS back=MS ended=yes|no own=MB page=MB clip=kept|changed
-//   title=TEXT
-// stall: how long an event had to wait; own, page: what the editor and the page's processes grew by at most.
-// Usage: hostile_pages FOLDER [remote]
+//   NAME followed=N read=N windows=N dialogs=N stall=MS back=MS queued=MS ended=yes|no own=MB page=MB
+//   clip=kept|changed title=TEXT
+// stall: how long an event had to wait; back: from the click on VIEW TEXT to the text, queued: how much of
+// that the program was ready and had no processor; own, page: what the editor and the page's processes grew
+// by at most. Usage: hostile_pages FOLDER [remote]
 #include "fakes/document_fixture.h"
 #include "fakes/page_notes.h"
 #include "preview/browser_control_qt.h"
@@ -17,13 +18,15 @@
 
 #include <csignal>
 #include <cstdio>
+#include <thread>
 
 using namespace kevra;
 
 namespace {
 
 constexpr int settleTime = 1100; ///< ms; the pages' timers are below a second
-constexpr int floodTime = 4000; ///< ms; for pages that never stop, or do much
+constexpr int patientTime = 4000; ///< ms; for pages that do much
+constexpr int floodTime = 2500; ///< ms; for pages that never stop
 constexpr auto secret = "TOP-SECRET";
 const QString ofTheUser = "what the user has copied";
 
@@ -38,6 +41,15 @@ int memoryOf(const QString &process, const QByteArray &line)
             return each.mid(line.size()).simplified().split(' ').first().toInt() / 1024;
     }
     return 0;
+}
+
+/// In milliseconds: how long this thread has waited for a processor that others had.
+qint64 queued()
+{
+    QFile statistics("/proc/self/schedstat");
+    if (!statistics.open(QIODevice::ReadOnly))
+        return 0;
+    return statistics.readAll().split(' ').value(1).toLongLong() / 1'000'000;
 }
 
 void forgetPeak()
@@ -82,6 +94,8 @@ public:
         : m_folder(folder)
     {
         m_control.setCommands(m_commands);
+        QObject::connect(
+            &m_window, &BrowserWindow::textAsked, &m_window, [this] { m_commands.BackToText(); });
         m_control.setRemote(remote);
         QObject::connect(&m_closer, &QTimer::timeout, &m_closer, [this] { closeDialog(); });
         m_closer.start(20);
@@ -103,6 +117,12 @@ private:
     void watch(int time);
     void watchMemory();
     void click();
+    struct Way {
+        qint64 time = 0; ///< ms from the click to the text
+        qint64 queued = 0;
+    };
+    /// Clicks on VIEW TEXT as the display would, whatever the program is doing.
+    [[nodiscard]] Way clickBack();
     /// Ends the processes of the page as a crash would. False when the user is not told.
     [[nodiscard]] bool crash(const QSet<int> &processes);
     void closeDialog();
@@ -199,6 +219,29 @@ void Stage::click()
     QTest::mouseClick(inner, Qt::LeftButton, {}, {40, 40});
 }
 
+Stage::Way Stage::clickBack()
+{
+    auto *button = m_window.findChild<QPushButton *>("btext");
+    const QPointF place(button->rect().center());
+    const auto global = button->mapToGlobal(place);
+    QElapsedTimer clock;
+    const auto before = queued();
+    std::jthread hand([&] {
+        QThread::msleep(70);
+        clock.start();
+        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+            QCoreApplication::postEvent(
+                button, new QMouseEvent(kind, place, global, Qt::LeftButton, Qt::LeftButton, {}));
+    });
+    // A page that went by itself is clicked away as well.
+    bool answered = false;
+    const auto hears = QObject::connect(&m_window, &BrowserWindow::textAsked, [&] { answered = true; });
+    std::ignore = QTest::qWaitFor([&] { return answered && m_main.isVisible(); }, 60000);
+    QObject::disconnect(hears);
+    QCoreApplication::processEvents();
+    return {clock.elapsed(), queued() - before};
+}
+
 bool Stage::crash(const QSet<int> &processes)
 {
     m_fixture.messages.shown.clear();
@@ -216,7 +259,9 @@ void Stage::play(const QString &page)
     m_dialogs = m_followed = m_read = m_windows = m_pageMemory = 0;
     m_stall = 0;
     const auto name = QFileInfo(page).baseName();
-    const bool patient = name.startsWith("flood") || name.startsWith("realm") || name == "shown";
+    const int time = name.startsWith("flood")         ? floodTime
+        : name.startsWith("realm") || name == "shown" ? patientTime
+                                                      : settleTime;
     const int before = memoryOf("self", "VmRSS:");
     forgetPeak();
     QGuiApplication::clipboard()->setText(ofTheUser);
@@ -225,27 +270,25 @@ void Stage::play(const QString &page)
     std::ignore = QTest::qWaitFor([this] { return !pageProcesses().isEmpty() && !title().isEmpty(); }, 10000);
     watch(settleTime / 2);
     click();
-    watch(patient ? floodTime : settleTime);
+    if (name.startsWith("help"))
+        m_commands.helpFromBrowser(); // its page is missing
+    watch(time);
     // The parts of a page that means no harm come as fast as the machine lets them.
     if (name == "shown")
         std::ignore = QTest::qWaitFor([this] { return title().endsWith("frame"); }, 10000);
     const auto processes = pageProcesses();
     const auto said = title().toUtf8().toPercentEncoding();
-    QElapsedTimer clock;
-    clock.start();
     // A page that took too much has been ended before.
     bool good = !processes.isEmpty() || m_main.isVisible();
-    if (QFileInfo(page).baseName() == "killed")
+    if (name == "killed")
         good = good && crash(processes);
-    else
-        m_commands.BackToText();
-    QCoreApplication::processEvents();
-    const auto back = clock.elapsed();
+    const auto back = clickBack();
     const bool ended = QTest::qWaitFor([&] { return !pageProcesses().intersects(processes); }, 2000);
-    std::printf("%s followed=%d read=%d windows=%d dialogs=%d stall=%lld back=%lld ended=%s own=%d page=%d "
+    std::printf("%s followed=%d read=%d windows=%d dialogs=%d stall=%lld back=%lld queued=%lld ended=%s "
+                "own=%d page=%d "
                 "clip=%s title=%s\n",
-        qPrintable(QFileInfo(page).baseName()), m_followed, m_read, m_windows, m_dialogs,
-        static_cast<long long>(m_stall), static_cast<long long>(back), ended && good ? "yes" : "no",
+        qPrintable(name), m_followed, m_read, m_windows, m_dialogs, static_cast<long long>(m_stall),
+        static_cast<long long>(back.time), static_cast<long long>(back.queued), ended && good ? "yes" : "no",
         memoryOf("self", "VmHWM:") - before, m_pageMemory,
         QGuiApplication::clipboard()->text() == ofTheUser ? "kept" : "changed", said.constData());
     std::fflush(stdout);
