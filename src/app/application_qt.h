@@ -77,7 +77,7 @@ public:
     /// Of the main window, which is created when it is first asked for.
     [[nodiscard]] SessionFiles &sessionFiles() override;
     /// By the files' part of the main window, which lives as long as it.
-    void setSessionFiles(SessionFiles &files) { m_sessionFiles = &files; }
+    void setSessionFiles(SessionFiles &sessionFiles) { m_sessionFiles = &sessionFiles; }
     [[nodiscard]] AutosaveTimer &autosaveTimer() override;
     [[nodiscard]] SettingsViews &settingsViews() { return *this; }
 

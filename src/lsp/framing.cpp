@@ -64,7 +64,7 @@ Frame FrameReader::refused(std::size_t length, std::string why)
 bool FrameReader::findHeader()
 {
     const auto field = std::search(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_start), m_bytes.end(),
-        fieldName.begin(), fieldName.end(), [](char a, char b) { return lower(a) == lower(b); });
+        fieldName.begin(), fieldName.end(), [](char a, char b) { return lowerAscii(a) == lowerAscii(b); });
     m_lost = field == m_bytes.end();
     // The field's name may have come in part.
     const auto kept = m_lost ? std::min(fieldName.size() - 1, m_bytes.size() - m_start)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/text_qt.h"
 #include "preview/page_requests_qt.h"
 
 #include "desktop/program_folders_qt.h"
+#include "desktop/text_qt.h"
 #include "storage/native_path.h"
 
 #include <QtCore/QMessageAuthenticationCode>

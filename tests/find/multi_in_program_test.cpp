@@ -95,7 +95,7 @@ TEST_F(MultiInProgram, ANameThatIsNoTextIsDroppedReplacedInAndOpened)
     auto &list = find<QTreeWidget>("lmfiles");
     list.setCurrentItem(list.topLevelItem(2));
     click("bmopen");
-    EXPECT_EQ(app().document.currentPath, name);
+    EXPECT_EQ(app().document.state.currentPath, name);
 }
 
 } // namespace

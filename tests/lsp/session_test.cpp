@@ -180,7 +180,11 @@ TEST(LanguageServer, ReportsFindingsAfterEachChange)
 {
     Client client;
     client.open("Option Explicit\nDim a\nb = 1\n");
-    const auto published = [&] { return client.received.back()["params"]["diagnostics"]; };
+    const auto published = [&] {
+        const auto last = std::find_if(client.received.rbegin(), client.received.rend(),
+            [](const Json &m) { return m.value("method", "") == "textDocument/publishDiagnostics"; });
+        return (*last)["params"]["diagnostics"];
+    };
     const auto coded = [&](const char *code) {
         const auto found = published();
         const auto at = std::ranges::find_if(found, [&](const Json &d) { return d["code"] == code; });
