@@ -9,7 +9,7 @@
 namespace kevra {
 namespace {
 
-/// Of the last line where there are fewer; lines count from 0.
+/// The start of a line, counted from 0; of the last line if there are fewer.
 Offset startOfLine(std::string_view text, Offset line)
 {
     std::size_t start = 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The open document, as the commands see it that write files beside it.
+// The open document as the commands that replace text in files see it.
 #pragma once
 
 #include "desktop/main_view.h"
@@ -14,13 +14,13 @@ namespace kevra {
 
 class OpenDocumentFile : public OpenDocument {
 public:
-    /// `setSavePoint` notes that the text is what the file holds.
+    /// `setSavePoint` marks the current text as saved.
     OpenDocumentFile(EditorSurface &document, DocumentState &state, DocumentFile &file, FileStore &files,
         MainView &main, std::function<void()> setSavePoint);
 
     [[nodiscard]] bool isDocument(const std::string &path) const override;
     [[nodiscard]] bool hasUnsavedChangesOf(const std::string &path) const override;
-    /// The text is replaced in one step of undo; caret and view stay on their lines.
+    /// Replaces the text as one undo step; caret and first visible line stay on their lines.
     void fileWritten(const std::string &path) override;
 
 private:

@@ -8,7 +8,7 @@
 namespace kevra {
 namespace {
 
-TEST(DocumentFile, WritesAsWithItsBytesWhetherItHoldsThemOrNot)
+TEST(DocumentFile, EncodesTheSameWithAndWithoutTheStoredBytes)
 {
     const std::string page = "<p>\r\nplain\r\n</p>";
     const std::string edits[] = {page, page + "more\r\n", "caf\xC3\xA9\r\n" + page, page + "\xE2\x86\x92",

@@ -164,7 +164,7 @@ TEST_F(SettingsDialogTest, OptionsWorkWithoutAFileToKeepThem)
         << "written with the next one";
 }
 
-TEST_F(SettingsDialogTest, TabFollowsTheEye)
+TEST_F(SettingsDialogTest, TabOrderFollowsTheLayout)
 {
     constexpr int sameRow = 12; // pixels
     auto *const first = &control<QPushButton>("bfsoyes");

@@ -101,7 +101,7 @@ TEST_F(RecoveryStoreOnDisk, AnAutosaveOlderThanTheSaveIsNotOffered)
     EXPECT_EQ(backups.kept["/a.htm"], "before the save");
 }
 
-TEST_F(RecoveryStoreOnDisk, ADocumentNamedAsTheAutosaveFileIsNone)
+TEST_F(RecoveryStoreOnDisk, ADocumentSavedAsTheAutosaveFileIsNotTakenForOne)
 {
     const auto document = state + "/autosave.txt";
     auto *store = &open();
@@ -140,7 +140,7 @@ TEST_F(RecoveryStoreOnDisk, UsesTheSpareFolderAndGoesBack)
     EXPECT_FALSE(fs::exists(spare + "/1.record")) << "an older form";
 }
 
-TEST_F(RecoveryStoreOnDisk, AFailedRecordIsTriedAgainAndStopsTheText)
+TEST_F(RecoveryStoreOnDisk, AFailedRecordIsRetriedAndTheTextStaysMeanwhile)
 {
     fs::create_directories(state);
     for (const auto &place : {state + "/recovery", spare})
@@ -156,7 +156,7 @@ TEST_F(RecoveryStoreOnDisk, AFailedRecordIsTriedAgainAndStopsTheText)
     EXPECT_EQ(offered(), Texts{"typed"});
 }
 
-TEST_F(RecoveryStoreOnDisk, OddFilesArePassedOver)
+TEST_F(RecoveryStoreOnDisk, IrregularFilesAreSkipped)
 {
     fs::create_directories(state + "/recovery");
     const auto records = state + "/recovery/";
