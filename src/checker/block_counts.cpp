@@ -5,6 +5,7 @@
 #include "colour/marks.h"
 #include "text/mark_scan.h"
 #include "text/word_start.h"
+#include "text/word_window.h"
 #include "text/words.h"
 
 #include <algorithm>
@@ -84,6 +85,13 @@ constexpr auto mayStartWord = [](auto window) {
         | (is(first, 's') & is(second, 'u') & is(third, 'b'));
     return starts & ~isLetter(window.at(-1));
 };
+static_assert(std::ranges::all_of(blockWords,
+                  [](const BlockWord &row) {
+                      return holdsAt(mayStartWord, row.text)
+                          && blockWords[firstLetters[static_cast<unsigned char>(row.text.front())] - 1u].text
+                          == row.text;
+                  }),
+    "the letter test does not know every word, or two words start with the same letter");
 
 enum class Context { Code, Comment };
 

@@ -3,6 +3,7 @@
 
 #include "text/mark_scan.h"
 #include "text/word_start.h"
+#include "text/word_window.h"
 #include "text/words.h"
 
 #include <algorithm>
@@ -98,6 +99,10 @@ constexpr auto mayStartMember = [](auto window) {
         | (is(first, 's') & ((is(second, 'k') & i3) | (is(second, 'u') & is(third, 'b'))));
     return starts & ~is(window.at(-1), '.');
 };
+static_assert(
+    std::ranges::all_of(members, [](const Member &row) { return holdsAt(mayStartMember, row.name); }),
+    "the letter test does not know every member");
+static_assert(members.size() < 256, "an index is a byte");
 
 /// The members sorted by first letter, and where the members of each letter begin.
 struct MemberIndex {
