@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commands.h"
 
+#include "settings/options.h"
+
+#include <algorithm>
 #include <array>
 
 namespace kevra {
@@ -106,10 +109,12 @@ constexpr auto menus = std::to_array<MenuRow>({
     {HiddenMenu, "mpopfso", "popup", "", "", ""},
 });
 
-constexpr auto keys = std::to_array<KeyRow>({{"F5", "bview"}});
+constexpr auto shortcuts = std::to_array<KeyRow>({{"F5", "bview"}});
 
 constexpr ToolRow gap{{}, {}, {}, 0};
 constexpr ToolRow secondGap{{}, {}, {}, 0, false};
+constexpr ToolRow webGap{{}, {}, {}, 0, false, ToolKeyFor::Web};
+constexpr ToolRow scriptGap{{}, {}, {}, 0, true, ToolKeyFor::Script};
 
 constexpr auto tools = std::to_array<ToolRow>({
     {"openb", "mopenfile", "OPEN FILE", 1},
@@ -129,25 +134,50 @@ constexpr auto tools = std::to_array<ToolRow>({
     {"reblackb", "mnocolor", "NO COLOR CODING", 11},
     gap,
     secondGap,
-    {"colfindb", "mcolorfind", "COLOR FINDER", 12},
-    {"viewimb", "msample", "VIEW IMAGE", 13},
-    secondGap,
-    {"debugb", "mrundebug", "RUN DEBUGGER", 14},
-    gap,
-    {"lineyesb", "mdodebug", "USE LINE DEBUGGING", 15},
-    {"linenob", "mnodebug", "NO LINE DEBUGGING", 20},
+    {"colfindb", "mcolorfind", "COLOR FINDER", 12, true, ToolKeyFor::Web},
+    {"viewimb", "msample", "VIEW IMAGE", 13, true, ToolKeyFor::Web},
+    webGap,
+    {"debugb", "mrundebug", "RUN DEBUGGER", 14, true, ToolKeyFor::Script},
+    scriptGap,
+    {"lineyesb", "mdodebug", "USE LINE DEBUGGING", 15, true, ToolKeyFor::Script},
+    {"linenob", "mnodebug", "NO LINE DEBUGGING", 20, true, ToolKeyFor::Script},
     gap,
     {"autob", "mauto", "AUTOSAVE", 18},
 });
 
-constexpr std::array<std::string_view, imageCount> images{"open", "save", "print", "cut", "copy", "paste",
+constexpr auto images = std::to_array<std::string_view>({"open", "save", "print", "cut", "copy", "paste",
     "pad", "find", "multi", "colour", "black", "colour-finder", "image", "debug", "line-on", "line-off",
-    "autosave-on", "autosave-off", "line-on-rest", "line-off-rest"};
+    "autosave-on", "autosave-off", "line-on-rest", "line-off-rest"});
 
 constexpr auto methods = std::to_array<std::string_view>({"FileExists", "FolderExists", "DriveExists",
     "GetFile", "GetFolder", "GetDrive", "GetTempName", "GetBaseName", "GetExtensionName",
     "GetParentFolderName", "GetAbsolutePathName", "CopyFile", "CopyFolder", "MoveFile", "DeleteFile",
     "DeleteFolder", "CreateFolder", "CreateTextFile", "OpenTextFile"});
+
+// Rows that name a row of another table.
+constexpr bool isItem(std::string_view name)
+{
+    return std::ranges::any_of(menus, [&](const MenuRow &row) { return !name.empty() && row.item == name; });
+}
+
+constexpr bool isImage(int number)
+{
+    return number >= 1 && number <= static_cast<int>(images.size());
+}
+
+static_assert(std::ranges::all_of(
+    menus, [](const MenuRow &row) { return row.command.empty() || isItem(row.command); }));
+static_assert(std::ranges::all_of(
+    tools, [](const ToolRow &row) { return row.key.empty() || (isItem(row.item) && isImage(row.image)); }));
+static_assert(std::ranges::all_of(optionRows, [](const OptionRow &option) {
+    const auto &marks = option.marks;
+    return std::ranges::all_of(marks.buttons, [&](const OptionButton &button) {
+        if (button.number == 0)
+            return true;
+        const auto &item = tools[static_cast<std::size_t>(button.number - 1)].item;
+        return (item == marks.onItem || item == marks.offItem) && isImage(button.on) && isImage(button.off);
+    });
+}));
 
 } // namespace
 
@@ -158,7 +188,7 @@ std::span<const MenuRow> menuRows()
 
 std::span<const KeyRow> keyRows()
 {
-    return keys;
+    return shortcuts;
 }
 
 std::span<const ToolRow> toolRows()

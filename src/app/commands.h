@@ -36,12 +36,16 @@ struct KeyRow {
 
 [[nodiscard]] std::span<const KeyRow> keyRows();
 
+/// With which tools a toolbar key is shown.
+enum class ToolKeyFor { Both, Web, Script };
+
 struct ToolRow {
     std::string_view key; ///< empty for a separator
     std::string_view item; ///< the menu item whose command it runs
     std::string_view tip; ///< also the accessible name
     int image; ///< the picture at first
     bool lineShown = true; ///< a separator that stands next to another one shows no line
+    ToolKeyFor tools = ToolKeyFor::Both;
 };
 
 /// The toolbar's buttons and separators; the first one is number 1.
@@ -49,7 +53,6 @@ struct ToolRow {
 
 /// The file name, without its suffix, of each toolbar picture; pictures are numbered from 1.
 [[nodiscard]] std::string_view imageName(int image);
-inline constexpr int imageCount = 20;
 
 /// The methods the FileSystemObject menu lists, in its order.
 [[nodiscard]] std::span<const std::string_view> fsoMethods();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/tool_sets.h"
 
+#include "app/commands.h"
 #include "settings/options.h"
 #include "tools/external_program.h"
 
@@ -10,41 +11,33 @@ namespace kevra {
 
 namespace {
 
-enum class Part { Control, Item, Check, Button };
+enum class Part { Control, Item, Check };
 
 struct ToolSetRow {
     Part part;
     std::string_view name;
-    int button; ///< toolbar number
     bool script; ///< visible, or checked, with the script tools
     bool web;
 };
 
 constexpr ToolSetRow toolSetRows[] = {
-    {Part::Control, "t2", 0, true, false},
-    {Part::Control, "tline", 0, true, false},
-    {Part::Control, "tcolumn", 0, true, false},
-    {Part::Control, "tcount", 0, true, false},
-    {Part::Control, "tlcount", 0, true, false},
-    {Part::Control, "Frame1", 0, false, true},
-    {Part::Control, "Frame2", 0, false, false},
-    {Part::Control, "frscript1", 0, true, false},
-    {Part::Control, "frscript2", 0, false, false},
-    {Part::Item, "mcolorfind", 0, false, true},
-    {Part::Item, "mtemplate", 0, false, true},
-    {Part::Item, "mimops", 0, false, true},
-    {Part::Item, "mex", 0, false, true},
-    {Part::Item, "mmsgboxref", 0, true, false},
-    {Part::Item, "mdebug", 0, true, false},
-    {Part::Check, "mscrshow", 0, true, false},
-    {Part::Check, "mwebback", 0, false, true},
-    {Part::Button, "", 18, false, true},
-    {Part::Button, "", 19, false, true},
-    {Part::Button, "", 20, false, true},
-    {Part::Button, "", 21, true, false},
-    {Part::Button, "", 22, true, false},
-    {Part::Button, "", 23, true, false},
-    {Part::Button, "", 24, true, false},
+    {Part::Control, "t2", true, false},
+    {Part::Control, "tline", true, false},
+    {Part::Control, "tcolumn", true, false},
+    {Part::Control, "tcount", true, false},
+    {Part::Control, "tlcount", true, false},
+    {Part::Control, "Frame1", false, true},
+    {Part::Control, "Frame2", false, false},
+    {Part::Control, "frscript1", true, false},
+    {Part::Control, "frscript2", false, false},
+    {Part::Item, "mcolorfind", false, true},
+    {Part::Item, "mtemplate", false, true},
+    {Part::Item, "mimops", false, true},
+    {Part::Item, "mex", false, true},
+    {Part::Item, "mmsgboxref", true, false},
+    {Part::Item, "mdebug", true, false},
+    {Part::Check, "mscrshow", true, false},
+    {Part::Check, "mwebback", false, true},
 };
 
 constexpr std::string_view panels[] = {"Frame1", "Frame2", "frscript1", "frscript2"};
@@ -58,8 +51,6 @@ void apply(ShellView &view, const ToolSetRow &row, bool on)
         return view.setItemVisible(row.name, on);
     case Part::Check:
         return view.setItemChecked(row.name, on);
-    case Part::Button:
-        return view.setButtonVisible(row.button, on);
     }
 }
 
@@ -92,6 +83,13 @@ void ToolSets::show(bool scriptTools)
     m_state.scriptTools = scriptTools;
     for (const auto &row : toolSetRows)
         apply(m_view, row, scriptTools ? row.script : row.web);
+    const auto hidden = scriptTools ? ToolKeyFor::Web : ToolKeyFor::Script;
+    int number = 0;
+    for (const auto &row : toolRows()) {
+        ++number;
+        if (row.tools != ToolKeyFor::Both)
+            m_view.setButtonVisible(number, row.tools != hidden);
+    }
 }
 
 void ToolSets::showScriptTools()
