@@ -63,7 +63,9 @@ void appendSnippets(const Context &context, const Json &range, Json &items)
 Answer hover(const Context &context, const Json &params)
 {
     const auto place = placeOf(context, params);
-    const auto found = place.document ? describe(place.document->model(), place.offset) : std::nullopt;
+    auto found = place.document ? describe(place.document->model(), place.offset) : std::nullopt;
+    if (place.document && !found)
+        found = describedElsewhere(context, place);
     if (!found)
         return Json();
     return Json{{"contents", markdown(found->signature, found->text)},
@@ -73,7 +75,11 @@ Answer hover(const Context &context, const Json &params)
 Answer signatureHelp(const Context &context, const Json &params)
 {
     const auto place = placeOf(context, params);
-    const auto call = place.document ? callHelp(place.document->model(), place.offset) : std::nullopt;
+    if (!place.document)
+        return Json();
+    const auto call = callHelp(place.document->model(), place.offset, [&](Offset nameEnd) {
+        return describedElsewhere(context, {place.document, nameEnd});
+    });
     if (!call)
         return Json();
     Json parameters = Json::array();
@@ -94,7 +100,11 @@ Answer completion(const Context &context, const Json &params)
     Json items = Json::array();
     if (!place.document)
         return items;
-    const auto found = completions(place.document->model(), place.offset);
+    auto found = completions(place.document->model(), place.offset);
+    if (const auto *part = place.document->model().partAt(place.offset); part && found.anyName) {
+        for (const auto &shared : context.workspace.includedParts(*place.document, *part))
+            addGlobals(found, *shared.part);
+    }
     const auto range = toJson(place.document->text(), found.word);
     for (const auto &item : found.items)
         items.push_back({{"label", item.name}, {"kind", itemKind(item.kind)}, {"detail", item.detail},

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "lsp/protocol.h"
+#include "script/describe.h"
 
 #include <functional>
 #include <span>
@@ -22,6 +23,13 @@ struct Context {
     std::span<const SnippetText> snippets;
 };
 
+/// The document and the place that `params` name; the document is null where it is not known.
+struct Place {
+    const Document *document = nullptr;
+    Offset offset = 0;
+};
+[[nodiscard]] Place placeOf(const Context &context, const Json &params);
+
 using RequestHandler = Answer (*)(const Context &, const Json &params);
 
 /// Null for methods the server does not know.
@@ -39,6 +47,10 @@ using RequestHandler = Answer (*)(const Context &, const Json &params);
 [[nodiscard]] Answer documentHighlight(const Context &context, const Json &params);
 [[nodiscard]] Answer prepareRename(const Context &context, const Json &params);
 [[nodiscard]] Answer rename(const Context &context, const Json &params);
+
+/// What stands for the name at the place, in another file that is loaded with this one.
+[[nodiscard]] std::optional<script::Description> describedElsewhere(
+    const Context &context, const Place &place);
 
 // symbols.cpp
 [[nodiscard]] Answer documentSymbols(const Context &context, const Json &params);
@@ -62,12 +74,5 @@ using RequestHandler = Answer (*)(const Context &, const Json &params);
 [[nodiscard]] Answer rangeFormatting(const Context &context, const Json &params);
 [[nodiscard]] Answer onTypeFormatting(const Context &context, const Json &params);
 [[nodiscard]] Json semanticTokensLegend();
-
-/// The document and the place that `params` name; the document is null where it is not known.
-struct Place {
-    const Document *document = nullptr;
-    Offset offset = 0;
-};
-[[nodiscard]] Place placeOf(const Context &context, const Json &params);
 
 } // namespace kevra::lsp

@@ -106,6 +106,23 @@ Answer definition(const Context &context, const Json &params)
     return declarations.empty() ? firstWrites : declarations;
 }
 
+std::optional<script::Description> describedElsewhere(const Context &context, const Place &place)
+{
+    const auto thing = namedAt(place.document->model(), place.offset);
+    if (!thing || thing->symbol != 0)
+        return std::nullopt;
+    for (const auto &file : everywhere(context, *place.document, *thing)) {
+        const auto declared = std::ranges::find(file.places, Use::Declaration, &Occurrence::use);
+        if (declared == file.places.end())
+            continue;
+        auto found = describe(file.document->model(), declared->range.start);
+        if (found)
+            found->range = thing->place;
+        return found;
+    }
+    return std::nullopt;
+}
+
 Answer references(const Context &context, const Json &params)
 {
     const auto [document, thing] = askedFor(context, params);

@@ -165,6 +165,22 @@ std::vector<std::string> Workspace::included(const Document &document, const scr
     return uris;
 }
 
+std::vector<SharedPart> Workspace::includedParts(const Document &document, const script::FilePart &part)
+{
+    std::vector<SharedPart> found;
+    std::set<std::string> seen{keyOf(document.uri())};
+    auto uris = included(document, part);
+    for (std::size_t i = 0; i < uris.size(); ++i) {
+        const auto *file = seen.insert(uris[i]).second ? load(uris[i]) : nullptr;
+        for (std::size_t k = 0; file && k < file->model().parts().size(); ++k) {
+            const auto &other = *file->model().parts()[k];
+            found.push_back({file, &other});
+            std::ranges::move(included(*file, other), std::back_inserter(uris));
+        }
+    }
+    return found;
+}
+
 const Document *Workspace::includedAt(const Document &document, Offset offset)
 {
     const auto path = pathOfUri(document.uri());

@@ -93,6 +93,10 @@ public:
     /// The part itself and those that are loaded together with it: what a file names with src= or #include,
     /// and the files that name this one.
     [[nodiscard]] std::vector<SharedPart> sharing(const Document &document, const script::FilePart &part);
+    /// What the part names with src= or #include, and what these name; cheaper than to look who names the
+    /// part.
+    [[nodiscard]] std::vector<SharedPart> includedParts(
+        const Document &document, const script::FilePart &part);
     /// The file that a src= or #include at the place names; null where there is none.
     [[nodiscard]] const Document *includedAt(const Document &document, Offset offset);
 

@@ -84,6 +84,8 @@ public:
     explicit Collector(std::vector<Completion> &items)
         : m_items(items)
     {
+        for (const auto &item : items)
+            m_seen.insert(folded(item.name));
     }
 
     void add(std::string_view name, CompletionKind kind, std::string detail, std::string_view text)
@@ -100,15 +102,24 @@ public:
             add(model.nameOf(id), kindOf(model.symbols.symbol(id).kind, false), signatureOf(model, id), {});
     }
 
+    /// Those of a class in the script: through Me also the private ones.
+    void addOwnMembers(const Model &model, SymbolId ofClass, bool throughMe)
+    {
+        const auto scope = model.symbols.symbol(ofClass).ownScope;
+        for (auto id = model.symbols.scope(scope).firstSymbol; id != 0;
+             id = model.symbols.symbol(id).nextInScope) {
+            const auto &symbol = model.symbols.symbol(id);
+            const auto declaring
+                = symbol.kind == SymbolKind::Variable ? model.symbols.parent(symbol.node) : symbol.node;
+            if (throughMe || !model.tree[declaring].has(flag::Private))
+                add(model.nameOf(id), kindOf(symbol.kind, true), signatureOf(model, id), {});
+        }
+    }
+
     void addMembers(const Model &model, Type type)
     {
-        if (type.ownClass != 0) {
-            const auto scope = model.symbols.symbol(type.ownClass).ownScope;
-            for (auto id = model.symbols.scope(scope).firstSymbol; id != 0;
-                 id = model.symbols.symbol(id).nextInScope)
-                add(model.nameOf(id), kindOf(model.symbols.symbol(id).kind, true), signatureOf(model, id),
-                    {});
-        }
+        if (type.ownClass != 0)
+            addOwnMembers(model, type.ownClass, false);
         const auto *object = objectType(type.id);
         for (const auto &member : object ? object->members : std::span<const Member>())
             add(member.name,
@@ -202,14 +213,12 @@ void addMembersAfterDot(const FileModel &file, TextRange word, Collector &collec
         if (tree[id].kind != NodeKind::Member || tree[id].end != end)
             continue;
         const auto object = tree.child(id, 0);
-        auto type = part->model.types.of(object);
-        if (part->model.kind(object) == NodeKind::Me) {
-            const auto scope = scopeAt(part->model, word.start);
-            const auto &inner = part->model.symbols.scope(scope);
-            const auto owner = inner.kind == ScopeKind::Class ? scope : inner.parent;
-            type = {TypeId::Object, part->model.symbols.scope(owner).owner};
-        }
-        return collector.addMembers(part->model, type);
+        if (part->model.kind(object) != NodeKind::Me)
+            return collector.addMembers(part->model, part->model.types.of(object));
+        const auto scope = scopeAt(part->model, word.start);
+        const auto &inner = part->model.symbols.scope(scope);
+        const auto owner = inner.kind == ScopeKind::Class ? scope : inner.parent;
+        return collector.addOwnMembers(part->model, part->model.symbols.scope(owner).owner, true);
     }
 }
 
@@ -252,6 +261,7 @@ Completions completions(const FileModel &file, Offset offset)
         collector.addClasses(part->model);
         return result;
     }
+    result.anyName = true;
     result.startsStatement = startsLine(file.text(), result.word.start);
     for (auto scope = scopeAt(part->model, offset); scope != 0;
          scope = part->model.symbols.scope(scope).parent)
@@ -259,6 +269,11 @@ Completions completions(const FileModel &file, Offset offset)
     collector.addScope(part->model, 0);
     collector.addLanguage(part->model);
     return result;
+}
+
+void addGlobals(Completions &completions, const FilePart &part)
+{
+    Collector(completions.items).addScope(part.model, 0);
 }
 
 } // namespace kevra::script

@@ -302,11 +302,13 @@ std::optional<Description> describe(const FileModel &file, Offset offset)
     return node != 0 ? descriptionOf(*part, node) : std::nullopt;
 }
 
-std::optional<CallHelp> callHelp(const FileModel &file, Offset offset)
+std::optional<CallHelp> callHelp(const FileModel &file, Offset offset, const DescribeElsewhere &elsewhere)
 {
     const auto *part = file.partAt(offset);
     const auto call = part ? openCall(*part, offset) : std::nullopt;
-    const auto callee = call ? descriptionOfCallee(file, call->calleeEnd) : std::nullopt;
+    auto callee = call ? descriptionOfCallee(file, call->calleeEnd) : std::nullopt;
+    if (call && !callee)
+        callee = elsewhere(call->calleeEnd);
     if (!callee || callee->signature.find('(') == std::string::npos)
         return std::nullopt;
     return CallHelp{callee->signature, callee->text, parametersOf(callee->signature), call->commas};

@@ -5,6 +5,7 @@
 #include "script/file_model.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,8 +28,12 @@ struct CallHelp {
     std::size_t active = 0; ///< index of the parameter at the place; may lie beyond the last
 };
 
+/// Describes the name that ends at a place and that the file itself does not declare.
+using DescribeElsewhere = std::function<std::optional<Description>(Offset)>;
+
 /// Of the innermost call around the place that is still being written.
-[[nodiscard]] std::optional<CallHelp> callHelp(const FileModel &file, Offset offset);
+[[nodiscard]] std::optional<CallHelp> callHelp(
+    const FileModel &file, Offset offset, const DescribeElsewhere &elsewhere);
 
 /// How a symbol is declared, on one line.
 [[nodiscard]] std::string signatureOf(const Model &model, SymbolId symbol);

@@ -168,6 +168,9 @@ TEST(LanguageServer, FollowsNamesThroughTheFilesOfAJob)
                 "<script language=\"VBScript\">\nSub s\ncount = 2\nEnd Sub\nN|ote 1\n</script></job>",
         "file:///w/job.wsf");
     EXPECT_EQ(places(client.askHere("definition")), "tools.vbs:1:4-8");
+    EXPECT_EQ(client.askHere("hover")["contents"]["value"], "```vbscript\nSub Note(t)\n```");
+    const auto offered = client.askHere("completion").dump();
+    EXPECT_NE(offered.find(R"("label":"Note")"), offered.npos);
     const auto changes = client.askHere("rename", {{"newName", "Write"}})["changes"];
     EXPECT_EQ(changes.size(), 2U); // the text in the editor counts, not the one on the disk
     EXPECT_EQ(places(changes["file:///w/job.wsf"]), "5:0-4");
@@ -262,7 +265,8 @@ TEST(LanguageServer, HelpsWhileWriting)
     } cases[] = {
         {"members", fso + "f.Co|py", "CopyFile", "f", ""},
         {"members in a With", fso + "With f\n.|\nEnd With", "FileExists", "f", ""},
-        {"own members", "Class C\nPublic v\nSub S\nMe.|\nEnd Sub\nEnd Class", "v", "Abs", ""},
+        {"own members", "Class C\nPrivate v\nSub S\nMe.|\nEnd Sub\nEnd Class", "v", "Abs", ""},
+        {"from outside", "Class C\nPrivate v\nSub S\nEnd Sub\nEnd Class\nSet o = New C\no.|", "S", "v", ""},
         {"scope", "Sub s(a)\n|\nEnd Sub\nSub t(b)\nEnd Sub", "a", "b", ""},
         {"classes", "Class C\nEnd Class\nSet x = New |", "C", "Abs", ""},
         {"in a string", "x = \"|", "", "", ""},
