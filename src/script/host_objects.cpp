@@ -565,6 +565,71 @@ constexpr bool withDefault = true;
 constexpr bool noDefault = false;
 
 // In the order of TypeId from FileSystemObject on.
+constexpr Member request[] = {
+    {"BinaryRead", method, "count", Value, "Bytes of what the browser has sent."},
+    {"ClientCertificate", readOnly, "[key]", Unknown, "The fields of the browser's certificate."},
+    {"Cookies", readOnly, "[name]", Unknown, "The cookies that the browser has sent."},
+    {"Form", readOnly, "[name]", Unknown, "The fields of the form that was sent."},
+    {"Item", readOnly, "name", Unknown, "Looks for a name in all collections."},
+    {"QueryString", readOnly, "[name]", Unknown, "The values behind the question mark of the address."},
+    {"ServerVariables", readOnly, "[name]", Unknown, "What the server knows of the request."},
+    {"TotalBytes", readOnly, "", Value, "How many bytes the browser has sent."},
+};
+
+constexpr Member response[] = {
+    {"AddHeader", method, "name, value", Value, "Adds a header to the answer."},
+    {"AppendToLog", method, "text", Value, "Adds text to the entry in the server's log."},
+    {"BinaryWrite", method, "data", Value, "Writes bytes as they are."},
+    {"Buffer", property, "", Value, "Whether the page is sent when it is complete."},
+    {"CacheControl", property, "", Value, "Whether others may keep the page."},
+    {"Charset", property, "", Value, "The character set named in the header."},
+    {"Clear", method, "", Value, "Drops what waits to be sent."},
+    {"CodePage", property, "", Value, "The code page of the text that is written."},
+    {"ContentType", property, "", Value, "The type of the answer, text/html by default."},
+    {"Cookies", readOnly, "[name]", Unknown, "The cookies that the browser gets."},
+    {"End", method, "", Value, "Sends what waits and ends the page."},
+    {"Expires", property, "", Value, "Minutes for which the page may be kept."},
+    {"ExpiresAbsolute", property, "", Value, "Date until which the page may be kept."},
+    {"Flush", method, "", Value, "Sends what waits."},
+    {"IsClientConnected", readOnly, "", Value, "Whether the browser still waits."},
+    {"LCID", property, "", Value, "The locale of dates, numbers and currency."},
+    {"PICS", method, "label", Value, "Adds a rating to the header."},
+    {"Redirect", method, "address", Value, "Sends the browser to another address."},
+    {"Status", property, "", Value, "The status line, such as 404 Not Found."},
+    {"Write", method, "text", Value, "Writes text into the page."},
+};
+
+constexpr Member server[] = {
+    {"CreateObject", method, "progId", Unknown, "A new object of the registered class."},
+    {"Execute", method, "path", Value, "Runs another page and comes back."},
+    {"GetLastError", method, "", Unknown, "What went wrong last."},
+    {"HTMLEncode", method, "text", Value, "The text with what HTML reserves written as entities."},
+    {"MapPath", method, "path", Value, "The file that an address of the server stands for."},
+    {"ScriptTimeout", property, "", Value, "Seconds after which a page is ended."},
+    {"Transfer", method, "path", Value, "Goes on with another page."},
+    {"URLEncode", method, "text", Value, "The text as it can stand in an address."},
+    {"URLPathEncode", method, "path", Value, "The path as it can stand in an address."},
+};
+
+constexpr Member session[] = {
+    {"Abandon", method, "", Value, "Ends the session after this page."},
+    {"CodePage", property, "", Value, "The code page of the text that is written."},
+    {"Contents", readOnly, "[name]", Unknown, "What scripts have stored."},
+    {"LCID", property, "", Value, "The locale of dates, numbers and currency."},
+    {"SessionID", readOnly, "", Value, "The number of the session."},
+    {"StaticObjects", readOnly, "[name]", Unknown, "Objects declared for the session."},
+    {"Timeout", property, "", Value, "Minutes without a request after which the session ends."},
+    {"Value", property, "name", Unknown, "What a script has stored under the name."},
+};
+
+constexpr Member application[] = {
+    {"Contents", readOnly, "[name]", Unknown, "What scripts have stored."},
+    {"Lock", method, "", Value, "Keeps other pages from changing what is stored."},
+    {"StaticObjects", readOnly, "[name]", Unknown, "Objects declared for the application."},
+    {"Unlock", method, "", Value, "Lets other pages change what is stored."},
+    {"Value", property, "name", Unknown, "What a script has stored under the name."},
+};
+
 constexpr ObjectType types[] = {
     {FileSystemObject, "FileSystemObject", noDefault, fileSystemObject},
     {TextStream, "TextStream", noDefault, textStream},
@@ -609,11 +674,11 @@ constexpr ObjectType types[] = {
     {ServerXmlHttp, "ServerXMLHTTP", noDefault, xmlHttp},
     {WinHttp, "WinHttpRequest", noDefault, winHttp},
     {DomDocument, "DOMDocument", withDefault, {}},
-    {Request, "Request", withDefault, {}},
-    {Response, "Response", withDefault, {}},
-    {Server, "Server", withDefault, {}},
-    {Session, "Session", withDefault, {}},
-    {Application, "Application", withDefault, {}},
+    {Request, "Request", withDefault, request},
+    {Response, "Response", withDefault, response},
+    {Server, "Server", withDefault, server},
+    {Session, "Session", withDefault, session},
+    {Application, "Application", withDefault, application},
     {WmiServices, "WMI services", withDefault, {}},
     {WmiLocator, "WMI locator", withDefault, {}},
     {ShellApplication, "Shell.Application", withDefault, {}},
