@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the tables of members are written with. Private to host_objects.cpp and its tables.
+#pragma once
+
+#include "script/host_objects.h"
+
+namespace kevra::script::host_members {
+
+using enum TypeId;
+
+inline constexpr auto method = MemberKind::Method;
+inline constexpr auto property = MemberKind::Property;
+inline constexpr auto readOnly = MemberKind::ReadOnly;
+inline constexpr auto writeOnly = MemberKind::WriteOnly;
+
+} // namespace kevra::script::host_members
