@@ -133,6 +133,9 @@ void checkUnreachable(const Model &model, NodeId block, FindingList &findings)
 {
     NodeId stop = 0;
     for (const auto statement : model.tree.children(block)) {
+        // An event's handler that ends early leaves the scripts after it alone.
+        if (stop != 0 && model.unitOf(stop) != model.unitOf(statement))
+            stop = 0;
         if (stop != 0 && isExecutable(model.kind(statement))) {
             findings
                 .add(Rule::UnreachableCode, model.tree[statement].range(),

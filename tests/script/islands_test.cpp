@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "script/file_analysis.h"
 #include "script/islands.h"
 #include "script/parser.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace kevra;
 using namespace kevra::script;
@@ -101,4 +104,7 @@ TEST(ScriptIslands, PlacesAreThoseOfTheFile)
     const auto parsed = parse(handler, findIslands(handler, FileKind::Page)[0].pieces);
     ASSERT_EQ(parsed.findings.size(), 1U);
     EXPECT_GT(parsed.findings[0].range.start, static_cast<Offset>(handler.find("<script")));
+    const std::string_view left = "<b onclick='vbscript: a : Exit Sub'><i onclick='vbscript: Exit Sub : b'>";
+    EXPECT_EQ(
+        std::ranges::count(analyseFile(left, FileKind::Page), Rule::UnreachableCode, &Finding::rule), 1);
 }
