@@ -170,7 +170,7 @@ private:
     [[nodiscard]] Offset controlLine(Offset line) const;
     [[nodiscard]] TextRange controlRange(TextRange range) const;
     Offset countedTo(Offset position) const;
-    template <typename Each> void eachPiece(TextRange range, const Each &each) const;
+    [[nodiscard]] std::string_view bytesInControl(Offset start, Offset length) const;
     void appendWithBreaks(std::string_view text);
     /// Breaks what has become too long, and joins what has become empty, where an edit ends.
     void mendBreaks(TextRange edited);

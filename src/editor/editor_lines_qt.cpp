@@ -24,28 +24,22 @@ std::size_t wholeLines(std::string_view text, std::size_t most)
 
 } // namespace
 
-template <typename Each> void EditorControl::eachPiece(TextRange range, const Each &each) const
+std::string_view EditorControl::bytesInControl(Offset start, Offset length) const
 {
-    for (auto at = range.start; at < range.end;) {
-        const TextRange piece{at, std::min(range.end, m_breaks.next(at))};
-        each(piece, m_breaks.toControl(at));
-        at = piece.end;
-    }
+    return {reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, start, length)),
+        static_cast<std::size_t>(length)};
 }
 
 std::string_view EditorControl::Text(TextRange range) const
 {
     const auto part = inside(range);
-    const auto bytes = [this](Offset start, Offset length) {
-        return std::string_view(reinterpret_cast<const char *>(send(SCI_GETRANGEPOINTER, start, length)),
-            static_cast<std::size_t>(length));
-    };
     if (part.empty())
         return {};
     if (m_breaks.next(part.start) >= part.end)
-        return bytes(m_breaks.toControl(part.start), part.length());
+        return bytesInControl(m_breaks.toControl(part.start), part.length());
     m_part.clear();
-    eachPiece(part, [&](TextRange piece, Offset start) { m_part += bytes(start, piece.length()); });
+    m_breaks.eachPiece(
+        part, [&](TextRange piece, Offset start) { m_part += bytesInControl(start, piece.length()); });
     return m_part;
 }
 
@@ -54,7 +48,8 @@ std::string_view EditorControl::textWithoutBreaks() const
     if (!std::exchange(m_wholeKnown, true)) {
         m_whole.clear();
         m_whole.reserve(static_cast<std::size_t>(Length()));
-        eachPiece({0, Length()}, [&](TextRange piece, Offset) { m_whole += Text(piece); });
+        m_breaks.eachPiece({0, Length()},
+            [&](TextRange piece, Offset start) { m_whole += bytesInControl(start, piece.length()); });
     }
     return m_whole;
 }
@@ -256,7 +251,7 @@ std::string EditorControl::stylesIn(TextRange range) const
     std::string styles;
     styles.reserve(static_cast<std::size_t>(range.length()));
     std::string pairs; // character, style, and a closing pair
-    eachPiece(range, [&](TextRange piece, Offset start) {
+    m_breaks.eachPiece(range, [&](TextRange piece, Offset start) {
         pairs.resize(static_cast<std::size_t>(2 * piece.length() + 2));
         SendScintilla(SCI_GETSTYLEDTEXT, static_cast<long>(start), static_cast<long>(start + piece.length()),
             pairs.data());
@@ -269,7 +264,7 @@ std::string EditorControl::stylesIn(TextRange range) const
 void EditorControl::setStyles(Offset start, std::string_view styles)
 {
     m_allBlack = false;
-    eachPiece({start, start + std::ssize(styles)}, [&](TextRange piece, Offset place) {
+    m_breaks.eachPiece({start, start + std::ssize(styles)}, [&](TextRange piece, Offset place) {
         send(SCI_STARTSTYLING, place);
         sendBytes(SCI_SETSTYLINGEX, piece.length(), styles.data() + (piece.start - start));
     });

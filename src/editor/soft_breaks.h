@@ -6,6 +6,7 @@
 
 #include "text/types.h"
 
+#include <algorithm>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -41,6 +42,20 @@ public:
     [[nodiscard]] Offset inControl(Offset number) const;
     /// The first break after a position of the document; beyond every text when there is none.
     [[nodiscard]] Offset next(Offset text) const;
+
+    /// Calls for each part of a range of the document without a break inside, with where it starts in the
+    /// control.
+    template <typename Each> void eachPiece(TextRange range, const Each &each) const
+    {
+        auto next = std::ranges::upper_bound(m_places, range.start);
+        for (auto at = range.start; at < range.end;) {
+            const auto end = next == m_places.end() ? range.end : std::min(range.end, *next);
+            each(TextRange{at, end}, at + markLength * (next - m_places.begin()));
+            at = end;
+            while (next != m_places.end() && *next <= at)
+                ++next;
+        }
+    }
 
     /// So much text has come into the control, without any break.
     void inserted(Offset control, Offset length);
