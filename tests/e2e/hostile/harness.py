@@ -70,12 +70,12 @@ class Run:
 
     def results(self):
         """What each page achieved, by its name. A run that failed has no pages."""
-        output, _ = self.process.communicate(timeout=PATIENCE)
-        print(output, end="", flush=True)
-        if self.process.returncode:
-            return {}
-        return {line.split()[0]: dict(part.split("=", 1) for part in line.split()[1:])
-                for line in output.splitlines()}
+        found = {}
+        for line in self.process.stdout:  # shown as it comes: it says where a run that hangs has come to
+            print(line, end="", flush=True)
+            name, *parts = line.split()
+            found[name] = dict(part.split("=", 1) for part in parts)
+        return {} if self.process.wait() else found
 
     def got_out(self):
         with open(self.trace, encoding="utf-8", errors="replace") as trace:

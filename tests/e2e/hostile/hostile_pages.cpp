@@ -26,7 +26,7 @@ namespace {
 
 constexpr int settleTime = 1100; ///< ms; the pages' timers are below a second
 constexpr int patientTime = 4000; ///< ms; for pages that do much
-constexpr int floodTime = 2500; ///< ms; for pages that never stop
+constexpr int floodTime = 2000; ///< ms; for pages that never stop
 constexpr auto secret = "TOP-SECRET";
 const QString ofTheUser = "what the user has copied";
 
