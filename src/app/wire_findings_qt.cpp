@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the analysis says of a script: asked for in the pauses of typing, shown
+// What the analysis says of a script or a page: asked for in the pauses of typing, shown
 // under the text, as wavy lines and in the status row. It writes nothing but
 // the fixes the user takes.
 #include "app/application_qt.h"
@@ -44,6 +44,7 @@ public:
 private:
     void bindCommands();
     void connectDocument();
+    [[nodiscard]] bool analysesTyping() const;
     void analyseLater();
     void analyseCopy();
     void toolsChanged();
@@ -75,7 +76,7 @@ FindingsSide::FindingsSide(Application &app)
     : m_app(app)
     , m_document(app.mainWindow().document())
     , m_frame(app.mainWindow().frame("frfindings"))
-    , m_commands(m_document, *this, [this] { return kindOf(m_app.document.state); })
+    , m_commands(m_document, *this, [this] { return placeOf(m_app.document.state); })
     , m_marks(m_document, m_commands.list())
     , m_thread([this](AnalysisThread::Request request, std::vector<script::Finding> findings) {
         QMetaObject::invokeMethod(
@@ -130,21 +131,27 @@ void FindingsSide::connectDocument()
         &FindingsSide::toolsChanged);
 }
 
+/// A page only while its findings are looked at.
+bool FindingsSide::analysesTyping() const
+{
+    return m_analyseTyping && (m_app.document.state.scriptTools || listShown());
+}
+
 void FindingsSide::analyseLater()
 {
-    if (m_analyseTyping && m_app.document.state.scriptTools)
+    if (analysesTyping())
         m_pause.start(m_document.Length() > longText ? longerPause : pauseInTyping);
 }
 
 void FindingsSide::analyseCopy()
 {
-    if (!m_analyseTyping || !m_app.document.state.scriptTools)
+    if (!analysesTyping())
         return;
     // In two parts, so that the control need not move its gap, which is where the typing goes on.
     const auto gap = m_document.textPosition(m_document.SendScintilla(Sci::SCI_GETGAPPOSITION));
     m_copy.assign(m_document.Text({0, gap}));
     m_copy.append(m_document.Text({gap, m_document.Length()}));
-    m_thread.start({std::move(m_copy), kindOf(m_app.document.state), m_commands.revision()});
+    m_thread.start({std::move(m_copy), placeOf(m_app.document.state), m_commands.revision()});
 }
 
 void FindingsSide::toolsChanged()

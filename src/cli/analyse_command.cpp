@@ -4,7 +4,7 @@
 #include "cli/exit_code.h"
 #include "cli/fix_file.h"
 #include "cli/input_file.h"
-#include "script/file_analysis.h"
+#include "page/document_findings.h"
 #include "text/system_path.h"
 
 #include <algorithm>
@@ -22,14 +22,22 @@ void printError(std::string_view name, std::string_view why)
     std::cerr << "kevra-cli: " << name << ": " << why << '\n';
 }
 
+/// As it is where there is no current folder.
+[[nodiscard]] std::string absolute(const std::string &path)
+{
+    std::error_code error;
+    const auto whole = fs::absolute(systemPath(path), error);
+    return error ? path : whole.string();
+}
+
 [[nodiscard]] bool isHidden(const fs::path &path)
 {
     return path.filename().string().starts_with('.');
 }
 
-/// Adds every script below a folder, sorted by path; skips hidden folders and links to folders. False when
-/// part of it cannot be read.
-bool addScriptsBelow(const fs::path &folder, std::vector<std::string> &paths)
+/// Adds every script and page below a folder, sorted by path; skips hidden folders and links to folders.
+/// False when part of it cannot be read.
+bool addFilesBelow(const fs::path &folder, std::vector<std::string> &paths)
 {
     std::error_code error;
     const auto first = paths.size();
@@ -39,7 +47,7 @@ bool addScriptsBelow(const fs::path &folder, std::vector<std::string> &paths)
         if (at->is_directory(unknown)) {
             if (isHidden(at->path()))
                 at.disable_recursion_pending();
-        } else if (at->is_regular_file(unknown) && script::fileKind(at->path().string())) {
+        } else if (at->is_regular_file(unknown) && page::isAnalysed(at->path().string())) {
             paths.push_back(at->path().string());
         }
     }
@@ -74,7 +82,7 @@ private:
             std::error_code unknown;
             if (!fs::is_directory(path, unknown))
                 paths.push_back(named);
-            else if (!addScriptsBelow(path, paths))
+            else if (!addFilesBelow(path, paths))
                 m_exitCode = Failure;
         }
         return paths;
@@ -121,16 +129,17 @@ private:
     }
 
     /// Only the findings at the requested level or above.
-    [[nodiscard]] std::vector<script::Finding> findingsIn(
-        const std::string &path, std::string_view text) const
+    [[nodiscard]] std::vector<script::Finding> findingsIn(const std::string &path, std::string_view text)
     {
-        auto findings = script::analyseFile(text, script::fileKind(path).value_or(script::FileKind::Script));
+        auto findings = m_analysis.run(text,
+            {script::fileKind(path).value_or(script::FileKind::Script), absolute(path), m_options.site});
         std::erase_if(
             findings, [&](const script::Finding &finding) { return finding.level() > m_options.level; });
         return findings;
     }
 
     const AnalyseOptions &m_options;
+    page::DocumentAnalysis m_analysis;
     std::vector<AnalysedFile> m_files;
     int m_exitCode = Success;
 };

@@ -15,6 +15,8 @@ struct AnalyseOptions {
     std::vector<std::string> paths; ///< files, folders, or - for standard input
     script::Level level = script::Level::Warning; ///< the lowest level to print
     AnalysisFormat format = AnalysisFormat::Text;
+    std::string
+        site; ///< the folder that '/' stands for in the addresses of pages; empty: they are passed over
     bool fix = false; ///< write the files with the first fix of each finding
     std::optional<Encoding> encoding; ///< unset: detected for each file
 };

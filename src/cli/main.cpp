@@ -154,7 +154,7 @@ int run(std::vector<std::string> arguments)
         ->required();
 
     AnalyseOptions analyseOptions;
-    auto *analyseCommand = app.add_subcommand("analyse", "Look for mistakes by the rules of the language");
+    auto *analyseCommand = app.add_subcommand("analyse", "Look for mistakes in scripts and pages");
     analyseCommand->add_option("--level", analyseOptions.level, "The lowest level to report")
         ->option_text("error|warning|hint")
         ->transform(
@@ -168,9 +168,14 @@ int run(std::vector<std::string> arguments)
 #ifdef KEVRA_CAN_FIX
     analyseCommand->add_flag("--fix", analyseOptions.fix, "Apply the available fixes and write the files");
 #endif
+    analyseCommand
+        ->add_option(
+            "--site", analyseOptions.site, "The folder that addresses beginning with / are taken from")
+        ->option_text("FOLDER");
     addEncodingOption(*analyseCommand, analyseOptions.encoding);
     analyseCommand
-        ->add_option("FILE", analyseOptions.paths, "Scripts, or folders with scripts; - is standard input")
+        ->add_option(
+            "FILE", analyseOptions.paths, "Scripts, pages, or folders with them; - is standard input")
         ->option_text("...")
         ->required();
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "findings/analysis_thread.h"
 
-#include "script/file_analysis.h"
-
 #include <new>
 #include <utility>
 
@@ -33,7 +31,7 @@ void AnalysisThread::run(const std::stop_token &stop)
         auto request = *std::exchange(m_next, std::nullopt);
         lock.unlock();
         try {
-            auto findings = script::analyseFile(request.text, request.kind);
+            auto findings = m_analysis.run(request.text, request.place);
             m_done(std::move(request), std::move(findings));
         } catch (const std::bad_alloc &) {
             // No findings this time; the next pause asks again.

@@ -2,8 +2,8 @@
 // Analyses copies of the text on a thread of its own, one at a time.
 #pragma once
 
+#include "page/document_findings.h"
 #include "script/finding.h"
-#include "script/islands.h"
 
 #include <condition_variable>
 #include <cstdint>
@@ -20,7 +20,7 @@ class AnalysisThread {
 public:
     struct Request {
         std::string text;
-        script::FileKind kind = script::FileKind::Script;
+        page::DocumentPlace place;
         std::uint64_t revision = 0; ///< of the text, for whoever asked
     };
     /// Called on the thread. The request comes back with its text, whose memory serves the next copy.
@@ -34,6 +34,7 @@ public:
 private:
     void run(const std::stop_token &stop);
 
+    page::DocumentAnalysis m_analysis; ///< of the thread alone
     Done m_done;
     std::mutex m_mutex;
     std::condition_variable_any m_changed;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "findings/findings_commands.h"
 
-#include "script/file_analysis.h"
 #include "script/fixes.h"
 
 #include <algorithm>
@@ -30,17 +29,18 @@ bool isSameFinding(const script::Finding &a, const script::Finding &b)
 
 } // namespace
 
-script::FileKind kindOf(const DocumentState &document)
+page::DocumentPlace placeOf(const DocumentState &document)
 {
     const auto usual = document.scriptTools ? script::FileKind::Script : script::FileKind::Page;
-    return script::fileKind(document.currentPath).value_or(usual);
+    const auto &path = document.currentPath;
+    return {script::fileKind(path).value_or(usual), path, {}};
 }
 
 FindingsCommands::FindingsCommands(
-    EditorSurface &document, FindingsView &view, std::function<script::FileKind()> kind)
+    EditorSurface &document, FindingsView &view, std::function<page::DocumentPlace()> place)
     : m_document(document)
     , m_view(view)
-    , m_kind(std::move(kind))
+    , m_place(std::move(place))
 {
 }
 
@@ -66,7 +66,7 @@ void FindingsCommands::accept(std::vector<script::Finding> findings, Revision re
 void FindingsCommands::analyseNow()
 {
     if (m_analysed != m_revision)
-        accept(script::analyseFile(m_document.Text(), m_kind()), m_revision);
+        accept(m_analysis.run(m_document.Text(), m_place()), m_revision);
 }
 
 void FindingsCommands::forget()

@@ -6,7 +6,7 @@
 #include "editor/line_edits.h"
 #include "editor/surface.h"
 #include "findings/finding_list.h"
-#include "script/islands.h"
+#include "page/document_findings.h"
 
 #include <cstdint>
 #include <functional>
@@ -28,8 +28,8 @@ public:
     virtual void applyEdit(const LineEdit &edit) = 0;
 };
 
-/// By its path, and without one that tells by the tools it is shown with.
-[[nodiscard]] script::FileKind kindOf(const DocumentState &document);
+/// Where the document is, and of what kind: by its path or, where that does not say, by the tools shown.
+[[nodiscard]] page::DocumentPlace placeOf(const DocumentState &document);
 
 /// A fix of a finding, by their indices.
 struct OfferedFix {
@@ -41,8 +41,8 @@ class FindingsCommands {
 public:
     using Revision = std::uint64_t;
 
-    /// `kind` says what the document is at the time.
-    FindingsCommands(EditorSurface &document, FindingsView &view, std::function<script::FileKind()> kind);
+    /// `place` says what the document is at the time.
+    FindingsCommands(EditorSurface &document, FindingsView &view, std::function<page::DocumentPlace()> place);
 
     [[nodiscard]] FindingList &list() { return m_list; }
     [[nodiscard]] Revision revision() const { return m_revision; } ///< of the document's text
@@ -76,7 +76,8 @@ private:
 
     EditorSurface &m_document;
     FindingsView &m_view;
-    std::function<script::FileKind()> m_kind;
+    std::function<page::DocumentPlace()> m_place;
+    page::DocumentAnalysis m_analysis;
     FindingList m_list;
     Revision m_revision = 1;
     Revision m_analysed = 0;

@@ -221,6 +221,36 @@ constexpr std::array rules{
         "Scripting.Dictionary and WScript.Shell are parts of their own. The related places list what this "
         "script "
         "uses."},
+    RuleInfo{Rule::MissingFile, Level::Warning, "Link to a file that is not there",
+        "A link, a picture, a style sheet or a script names a local file that does not exist, seen from the "
+        "page's folder or from what its base element says. Capital and small letters count where the disk "
+        "tells them apart. Addresses with a scheme such as https: are not looked at."},
+    RuleInfo{Rule::MissingFragment, Level::Warning, "Link to a place that is not there",
+        "The part of a link after # is the id of an element, or the name of an anchor, in the page it leads "
+        "to. "
+        "Without such an element the browser shows the top of the page."},
+    RuleInfo{Rule::PictureWithoutText, Level::Warning, "Picture without alt",
+        "The alt attribute is what is read out, and shown where the picture is not. A picture that only "
+        "decorates has an empty one, alt=\"\", and is then passed over."},
+    RuleInfo{Rule::PictureWithoutSize, Level::Hint, "Picture without width and height",
+        "A browser that knows the size of a picture before it is loaded keeps its place free, so that the "
+        "text "
+        "around it does not jump. A style sheet may still give it another size."},
+    RuleInfo{Rule::DuplicateId, Level::Warning, "The same id twice",
+        "An id names one element of the page. Links, labels and scripts find the first one only."},
+    RuleInfo{Rule::UnclosedElement, Level::Warning, "Element without its end tag",
+        "The browser closes the element where the element around it ends, or at the end of the page, which "
+        "is "
+        "rarely what was meant. A slash at the end of the start tag closes nothing in HTML. Some end tags "
+        "may "
+        "be left out, </p> and </li> among them."},
+    RuleInfo{Rule::MisnestedElement, Level::Warning, "Elements that overlap",
+        "What was opened last is closed first. Where elements overlap, the browser makes several of one, or "
+        "moves what is in them."},
+    RuleInfo{Rule::UnmatchedEndTag, Level::Warning, "End tag without its element",
+        "No such element is open here: it has been closed before, often by a start tag that cannot stand in "
+        "it, "
+        "such as a list in a paragraph. Browsers leave the end tag out, or make an empty element of it."},
 };
 
 } // namespace

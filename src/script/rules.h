@@ -78,13 +78,23 @@ enum class Rule : std::uint16_t {
     NoOptionExplicit,
     NeedsVbscript,
     ErrorsIgnored,
+    // Pages, whatever script is in them: found by page/.
+    MissingFile = 4001,
+    MissingFragment,
+    PictureWithoutText,
+    PictureWithoutSize,
+    DuplicateId,
+    UnclosedElement,
+    MisnestedElement,
+    UnmatchedEndTag,
 };
 
 struct RuleInfo {
     Rule rule;
     Level level;
     std::string_view title; ///< what it is about in general, without a full stop
-    std::string_view why; ///< a paragraph: what the script host does, and what to write instead
+    std::string_view
+        why; ///< a paragraph: what the script host or the browser does, and what to write instead
 };
 
 /// In ascending order of codes.

@@ -12,15 +12,9 @@ namespace {
 
 constexpr std::string_view blanks = " \t";
 
-struct Silence {
-    TextRange range;
-    std::vector<Rule> rules; ///< none: all
-};
-
 /// What follows "kevra: off" in a comment; nothing where it says something else.
 [[nodiscard]] std::optional<std::string_view> directive(std::string_view comment)
 {
-    comment.remove_prefix(comment.starts_with('\'') ? 1 : std::min<std::size_t>(comment.size(), 3));
     for (const std::string_view word : {"kevra:", "off"}) {
         const auto start = comment.find_first_not_of(blanks);
         if (start == std::string_view::npos)
@@ -88,21 +82,21 @@ struct Silence {
     return {comment.start, next == statements.end() ? comment.end : next->end};
 }
 
+[[nodiscard]] std::string_view withoutMark(std::string_view comment)
+{
+    return comment.substr(comment.starts_with('\'') ? 1 : std::min<std::size_t>(comment.size(), 3));
+}
+
 } // namespace
 
-void dropSilenced(const ParsedScript &script, std::vector<Finding> &findings)
+std::optional<std::vector<Rule>> rulesSwitchedOff(std::string_view comment)
 {
-    if (findings.empty())
-        return;
-    std::vector<Silence> silences;
-    std::vector<TextRange> statements;
-    for (const auto comment : script.comments) {
-        const auto codes = directive(script.textOf(comment));
-        if (codes && statements.empty())
-            statements = statementsOf(script);
-        if (codes)
-            silences.push_back({silencedBy(script, statements, comment), rulesIn(*codes)});
-    }
+    const auto codes = directive(comment);
+    return codes ? std::optional(rulesIn(*codes)) : std::nullopt;
+}
+
+void dropSilenced(std::span<const Silence> silences, std::vector<Finding> &findings)
+{
     if (silences.empty())
         return;
     std::vector<bool> dropped(findings.size());
@@ -120,6 +114,22 @@ void dropSilenced(const ParsedScript &script, std::vector<Finding> &findings)
             kept.push_back(std::move(findings[i]));
     }
     findings = std::move(kept);
+}
+
+void dropSilenced(const ParsedScript &script, std::vector<Finding> &findings)
+{
+    if (findings.empty())
+        return;
+    std::vector<Silence> silences;
+    std::vector<TextRange> statements;
+    for (const auto comment : script.comments) {
+        auto rules = rulesSwitchedOff(withoutMark(script.textOf(comment)));
+        if (rules && statements.empty())
+            statements = statementsOf(script);
+        if (rules)
+            silences.push_back({silencedBy(script, statements, comment), std::move(*rules)});
+    }
+    dropSilenced(silences, findings);
 }
 
 } // namespace kevra::script

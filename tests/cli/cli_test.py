@@ -163,6 +163,23 @@ class Cli(unittest.TestCase):
         self.assertEqual(self.run_cli("analyse", "--fix", "-", stdin=b"x = 1")[0], 2)
         self.assertEqual(self.run_cli("analyse", "--fix", os.path.dirname(folder))[0], 0)
 
+    def test_analyse_pages(self):
+        """Fifty dead links among as many live ones, in a page made of them."""
+        folder = os.path.dirname(self.file("site/0.png", b"GIF89a"))
+        for number in range(1, 50):
+            self.file(f"site/{number}.png", b"GIF89a")
+        links = [(f"{number}.png", f"{number}.PNG") for number in range(50)]
+        lines = [f'<a href="{live}"></a><a href="{dead}"></a>' for live, dead in links]
+        page = self.file("site/page.html", "\n".join(lines).encode())
+        code, output, _ = self.run_cli("analyse", folder)
+        wanted = "".join(f'{page}:{line}:{len(live) + 25}: warning KV4001: The file "{dead}" does not exist.\n'
+                         for line, (live, dead) in enumerate(links, 1))
+        self.assertEqual((code, output), (1, wanted))
+        page = self.file("site/page.html", b'<img src="/1.png" width="1"><a href="/x"></a>')
+        self.assertEqual(self.run_cli("analyse", "--fix", "--site", folder, page)[1].count("KV4001"), 1)
+        with open(page, "rb") as file:
+            self.assertIn(b'width="1" alt="">', file.read())
+
     def test_analyse_for_programs(self):
         bad = self.file("b d.vbs", self.FAULTY)
         first = json.loads(self.run_cli("analyse", "--format=json", bad)[1])["findings"][0]

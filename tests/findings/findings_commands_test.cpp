@@ -14,7 +14,7 @@ namespace {
 
 struct Fixture : FindingsView {
     MemorySurface document;
-    FindingsCommands commands{document, *this, [] { return script::FileKind::Script; }};
+    FindingsCommands commands{document, *this, [] { return page::DocumentPlace(); }};
     std::string told;
 
     explicit Fixture(std::string_view text)
