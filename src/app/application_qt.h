@@ -69,6 +69,8 @@ public:
     std::function<void()> removePreviewPage;
     /// Takes a file dropped on the window before it is opened as a document; set by the images.
     std::function<bool(const std::string &path)> takesDroppedFile;
+    /// Outlines what stands at these places in the page beside the text; set by that.
+    std::function<void(const std::vector<Offset> &places)> showBrokenInPage;
 
     [[nodiscard]] MainWindow &mainWindow(); ///< created when it is first asked for
     [[nodiscard]] ToolSets &toolSets();

@@ -24,6 +24,7 @@
 namespace kevra {
 namespace {
 
+constexpr std::chrono::milliseconds timeToAppear{300}; ///< of the window made anew
 constexpr auto untitledPage = "untitled.html"; ///< an address for a text that has no file yet
 
 class BesideSide : public QObject, private BesideView {
@@ -39,6 +40,7 @@ private:
     void connectDocument();
     void tellDocument();
     void openInBrowser();
+    void keepWindowPlace();
 
     bool load(const std::string &path, std::shared_ptr<const PageText> page) override;
     void reload(std::shared_ptr<const PageText> page) override { m_control->reload(std::move(page)); }
@@ -71,6 +73,7 @@ BesideSide::BesideSide(Application &app)
 {
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, [this] { m_commands.pauseOver(); });
+    app.showBrokenInPage = [this](const std::vector<Offset> &places) { m_commands.brokenAre(places); };
     app.commands.bind("mbeside", [this] { toggle(); });
     // After the first picture: the engine is not what a start waits for.
     if (storedOption(app.store, Option::PageBeside))
@@ -171,6 +174,8 @@ bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> p
 {
     const auto scope = scopeOf(std::string(parentFolder(path)), m_app.files, pathBytes(QDir::homePath()));
     const bool first = !m_control->widget();
+    if (first)
+        keepWindowPlace();
     if (!m_control->load(path, scope, std::move(page)))
         return false;
     if (first)
@@ -179,6 +184,21 @@ bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> p
     if (first && !m_control->isSandboxed())
         m_panel->setNote("The page is shown without the browser's sandbox");
     return true;
+}
+
+/// The engine's first view makes the native window anew, which forgets that it was maximised and where it
+/// stood.
+void BesideSide::keepWindowPlace()
+{
+    auto &window = m_app.mainWindow();
+    QTimer::singleShot(
+        timeToAppear, &window, [&window, states = window.QWidget::windowState(), place = window.pos()] {
+            window.setWindowState(states & ~Qt::WindowMaximized);
+            if (states & Qt::WindowMaximized)
+                window.setWindowState(states);
+            else
+                window.move(place);
+        });
 }
 
 void BesideSide::unload()

@@ -27,6 +27,7 @@ using Sci = QsciScintillaBase;
 constexpr std::chrono::milliseconds pauseInTyping{300};
 constexpr std::chrono::milliseconds longerPause{1000}; ///< before a text is copied that takes long to analyse
 constexpr Offset longText = 1 << 20;
+constexpr std::size_t mostInPage = 500;
 constexpr int listRows = 12; ///< the height of the list, its buttons included
 
 constexpr std::array levels{script::Level::Error, script::Level::Warning, script::Level::Hint};
@@ -55,6 +56,7 @@ private:
     [[nodiscard]] bool listShown() const { return !m_frame.isHidden(); }
     void offerFixes();
 
+    void showInPage();
     void showFindings() override;
     void showCurrent(std::size_t index) override;
     void tell(std::string_view text) override { m_app.mainWindow().tell(text); }
@@ -223,8 +225,20 @@ void FindingsSide::showFindings()
 {
     m_app.mainWindow().statusRow().setAnalysis(textOf(m_commands.list().summary()));
     m_marks.refresh();
+    showInPage();
     if (listShown())
         m_panel->refill();
+}
+
+void FindingsSide::showInPage()
+{
+    if (!m_app.showBrokenInPage)
+        return;
+    std::vector<Offset> places;
+    const auto count = std::min(m_commands.list().size(), mostInPage);
+    for (std::size_t i = 0; i < count; ++i)
+        places.push_back(m_commands.list().at(i).range.start);
+    m_app.showBrokenInPage(places);
 }
 
 void FindingsSide::showCurrent(std::size_t index)

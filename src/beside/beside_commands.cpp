@@ -46,7 +46,8 @@ void BesideCommands::open()
 
 void BesideCommands::close()
 {
-    m_view.unload();
+    if (isActive())
+        m_view.unload();
     m_state = State::Closed;
 }
 
@@ -143,7 +144,7 @@ void BesideCommands::showNewest()
 
 void BesideCommands::askToShow()
 {
-    ask("show(" + m_shown->marked + ", {caret: " + std::to_string(caretElement()) + "})");
+    ask("show(" + m_shown->marked + ", " + std::to_string(caretElement()) + ")");
 }
 
 void BesideCommands::ask(const std::string &call)
@@ -159,6 +160,7 @@ void BesideCommands::pageReady()
         return;
     m_state = State::Following;
     m_justLoaded = true;
+    m_brokenShown = false;
     sayAgain();
     askToShow();
 }
@@ -179,6 +181,7 @@ void BesideCommands::answered(std::string_view answer)
     }
     m_justLoaded = false;
     showNewest();
+    showBroken();
     showCaret();
 }
 
@@ -205,11 +208,35 @@ void BesideCommands::caretMoved()
     showCaret();
 }
 
+/// Whether the page is the text as it is, and is waiting.
+bool BesideCommands::mayAsk() const
+{
+    return m_state == State::Following && !m_asking && !m_refused && m_shown
+        && m_shown->revision == m_revision;
+}
+
 void BesideCommands::showCaret()
 {
-    const bool known = m_shown && m_shown->revision == m_revision;
-    if (m_state == State::Following && !m_asking && !m_refused && known && caretElement() != m_outlined)
+    if (mayAsk() && caretElement() != m_outlined)
         ask("caret(" + std::to_string(caretElement()) + ")");
+}
+
+void BesideCommands::brokenAre(const std::vector<Offset> &places)
+{
+    m_broken = places;
+    m_brokenShown = false;
+    showBroken();
+}
+
+void BesideCommands::showBroken()
+{
+    if (!mayAsk() || m_brokenShown)
+        return;
+    m_brokenShown = true;
+    std::string tags;
+    for (const auto place : m_broken)
+        tags += std::to_string(m_shown->elementAt(place)) + ',';
+    ask("broken([" + tags + "])");
 }
 
 void BesideCommands::pageEnded()

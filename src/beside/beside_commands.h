@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kevra {
 
@@ -47,6 +48,7 @@ public:
     // What happens to the text.
     void textChanged();
     void caretMoved();
+    void brokenAre(const std::vector<Offset> &places); ///< in the text as it is; outlined in the page
     /// Another document, or a document under another name: `path` need not exist. `isPage`: false for a
     /// script.
     void documentIs(const std::string &path, bool isPage);
@@ -73,6 +75,8 @@ private:
     void sayAgain();
     void showNewest();
     void showCaret();
+    void showBroken();
+    [[nodiscard]] bool mayAsk() const;
     void ask(const std::string &call);
     [[nodiscard]] Offset caretElement() const;
 
@@ -88,6 +92,8 @@ private:
     bool m_refused = false; ///< the page did not take a change
     bool m_justLoaded = false;
     bool m_overdue = false; ///< the user has been told
+    std::vector<Offset> m_broken;
+    bool m_brokenShown = true;
     Offset m_outlined = -1;
 };
 

@@ -260,11 +260,24 @@
         atCaret = element;
     }
 
-    function showMarks(marks) {
-        outline('broken', new Set((marks.broken || []).map(visibleAt).filter(element => element)));
-    }
+    const showBroken = tags => outline('broken', new Set(tags.map(visibleAt).filter(element => element)));
 
     // ---- what the editor asks; the answers are words
+
+    /// Half a comment hides the rest of a page, which is then too short for where it was scrolled to.
+    let wanted = null; // the place that was lost, and the one that was left
+    const place = () => [window.scrollX, window.scrollY];
+
+    function keepPlace(step) {
+        const before = wanted && sameList(wanted.left, place()) ? wanted.lost : place();
+        step();
+        if (sameList(before, place()))
+            wanted = null;
+        else {
+            window.scrollTo({left: before[0], top: before[1], behavior: 'instant'});
+            wanted = sameList(before, place()) ? null : {lost: before, left: place()};
+        }
+    }
 
     /// The parsed document is not needed again.
     function release(item) {
@@ -272,7 +285,7 @@
         item.children.forEach(release);
     }
 
-    function settle(text, state) {
+    function settle(text, caret) {
         compared = new Map();
         elements = new Map();
         const next = parse(text);
@@ -286,15 +299,14 @@
             match(read(root(document)), next.top);
         now = next;
         release(next.top);
-        showMarks(state);
-        showCaret(state.caret);
+        showCaret(caret);
     }
 
     globalThis.following = {
         /// The text that the page was loaded from, or a later one.
-        show(text, state) {
+        show(text, caret) {
             try {
-                settle(text, state);
+                keepPlace(() => settle(text, caret));
                 return 'done';
             } catch (error) {
                 now = null;
@@ -307,8 +319,8 @@
             showCaret(at);
             return 'done';
         },
-        marks(state) {
-            showMarks(state);
+        broken(tags) {
+            showBroken(tags);
             return 'done';
         },
     };
