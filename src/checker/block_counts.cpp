@@ -4,8 +4,8 @@
 #include "colour/literals.h"
 #include "colour/marks.h"
 #include "text/mark_scan.h"
+#include "text/single_word.h"
 #include "text/word_start.h"
-#include "text/word_window.h"
 #include "text/words.h"
 
 #include <algorithm>

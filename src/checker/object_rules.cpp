@@ -2,8 +2,8 @@
 #include "checker/object_rules.h"
 
 #include "text/mark_scan.h"
+#include "text/single_word.h"
 #include "text/word_start.h"
-#include "text/word_window.h"
 #include "text/words.h"
 
 #include <algorithm>
