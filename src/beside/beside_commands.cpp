@@ -160,7 +160,7 @@ void BesideCommands::pageReady()
         return;
     m_state = State::Following;
     m_justLoaded = true;
-    m_brokenShown = false;
+    m_brokenShown = m_broken.empty();
     sayAgain();
     askToShow();
 }
