@@ -203,6 +203,30 @@ def answer_and_leave(editor, place, way, where, result):
     result.check(content(kept) == TYPED, f"{where}: saved elsewhere as {content(kept)!r}")
 
 
+def kept_later(workshop, seed, long):
+    result = Result("a text that can be kept nowhere: the window says so, and it is written without a key once it can be")
+    disk = os.path.join(workshop.root, "disk")
+    os.mkdir(disk)
+    if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=1m,mode=755", "tmpfs", disk], capture_output=True,
+                      check=False).returncode != 0:
+        return result.skipped("no right to mount a small disk")
+    try:
+        place = Place(workshop, disk)
+        all_full(place)
+        with Editor(workshop, place.home, [place.page], folders=place.folders) as editor:
+            fill(os.path.join(disk, "filler"), 0)
+            editor.do("type", "typed ")
+            editor.until(lambda: editor.bar("recordbar").startswith("Unsaved text cannot be kept: "), "the note")
+            result.check(TYPED not in place.records(), "the disk was not full")
+            os.remove(os.path.join(disk, "filler"))
+            editor.until(lambda: TYPED in place.records() and not editor.bar("recordbar"), "the record")
+    except TimeoutError as error:
+        result.check(False, str(error))
+    finally:
+        subprocess.run(["umount", disk], check=True)
+    return result
+
+
 STATE = ["state/kevra/" + name for name in (
     "autosave.txt", "autosave-2.txt", "recovery", "backups", "pages", "pages/1.page", "recovery/1.record",
     "recovery/1.crash", "recovery/1.lock", "recovery/1.autosave", "recovery/2.record", "recovery/kept-1-1.record",
@@ -285,4 +309,4 @@ def unread_errors(workshop, seed, long):
     return result
 
 
-CASES = {"leaving": leaving, "odd-places": odd_places, "unread-errors": unread_errors}
+CASES = {"leaving": leaving, "kept-later": kept_later, "odd-places": odd_places, "unread-errors": unread_errors}
