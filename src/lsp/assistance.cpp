@@ -52,6 +52,9 @@ void appendSnippets(const Context &context, const Json &range, Json &items)
     for (const auto &snippet : context.snippets) {
         // Line ends are the client's own.
         std::string text(snippet.text);
+        // Neovim's own completion, for one, puts lines into one.
+        if (!context.client.snippets && text.find('\n') != text.npos)
+            continue;
         std::erase(text, '\r');
         items.push_back({{"label", snippet.name}, {"kind", snippetKind}, {"detail", text},
             {"sortText", "~" + std::string(snippet.name)}, {"textEdit", replacing(range, text)}});

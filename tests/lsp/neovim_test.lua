@@ -70,6 +70,10 @@ local function run()
   local answers = vim.lsp.buf_request_sync(0, 'textDocument/completion', vim.lsp.util.make_position_params(), 20000)
   local offered = vim.tbl_map(function(item) return item.label end, vim.tbl_values(answers)[1].result)
   expect('completion', { vim.tbl_contains(offered, 'CopyFile'), vim.tbl_contains(offered, 'titel') }, { true, false })
+  vim.api.nvim_buf_set_lines(0, 5, 6, true, { '' })
+  answers = vim.lsp.buf_request_sync(0, 'textDocument/completion', vim.lsp.util.make_position_params(), 20000)
+  local broken = vim.tbl_filter(function(item) return item.textEdit.newText:find('\n') end, vim.tbl_values(answers)[1].result)
+  expect('lines in one', broken, {})
 end
 
 local held, why = pcall(run)
