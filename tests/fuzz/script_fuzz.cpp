@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes as a script, and as each kind of file that holds script: the tree is sound, findings lie in the
-// text.
+// Any bytes as a script, as each kind of file that holds script, and as a page: the tree is sound, findings
+// lie in the text.
+#include "page/document_findings.h"
 #include "script/islands.h"
 #include "script/parser.h"
 
@@ -27,18 +28,23 @@ void requireSound(const Tree &tree, NodeId id, unsigned depth)
     }
 }
 
+void requireInside(const std::vector<Finding> &findings, std::string_view text)
+{
+    for (const auto &finding : findings) {
+        require(finding.range.start >= 0 && finding.range.start <= finding.range.end);
+        require(finding.range.end <= static_cast<Offset>(text.size()));
+        for (const auto &fix : finding.fixes) {
+            for (const auto &edit : fix.edits)
+                require(
+                    edit.range.start <= edit.range.end && edit.range.end <= static_cast<Offset>(text.size()));
+        }
+    }
+}
+
 void requireSound(const ParsedScript &script)
 {
     requireSound(script.tree, script.tree.root(), 1);
-    for (const auto &finding : script.findings) {
-        require(finding.range.start >= 0 && finding.range.start <= finding.range.end);
-        require(finding.range.end <= static_cast<Offset>(script.text.size()));
-        for (const auto &fix : finding.fixes) {
-            for (const auto &edit : fix.edits)
-                require(edit.range.start <= edit.range.end
-                    && edit.range.end <= static_cast<Offset>(script.text.size()));
-        }
-    }
+    requireInside(script.findings, script.text);
 }
 
 } // namespace
@@ -50,5 +56,6 @@ extern "C" int LLVMFuzzerTestOneInput(const char *data, std::size_t size)
         for (const auto &island : findIslands(text, kind))
             requireSound(parse(text, island.pieces));
     }
+    requireInside(page::DocumentAnalysis().run(text, {FileKind::Page, {}, {}}), text);
     return 0;
 }
