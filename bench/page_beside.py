@@ -8,6 +8,7 @@ what a key costs, and whether the page has kept its place.
 import argparse
 import os
 import pathlib
+import shutil
 import signal
 import statistics
 import subprocess
@@ -170,8 +171,11 @@ def main():
     parser.add_argument("--edits", type=int, default=1000)
     parser.add_argument("--sizes", default="100,1000", help="in KB")
     options = parser.parse_args()
-    editor = options.build + "/bin/kevra"
     with tempfile.TemporaryDirectory() as folder:
+        # Without the pages beside it the program keeps its state in the home folder, so no run asks about another's.
+        for name in ("kevra", "kevra-page-process", "libkevra_preview.so"):
+            shutil.copy2(f"{options.build}/bin/{name}", folder)
+        editor = folder + "/kevra"
         for number, kilobytes in enumerate(map(int, options.sizes.split(","))):
             with Program(editor, folder, 2 * number, kilobytes * 1000, beside=True) as program:
                 times = follow(program, options.keys)
