@@ -38,7 +38,7 @@ void shareGraphicsContexts()
     context->setFormat(QSurfaceFormat::defaultFormat());
     context->create();
     qt_gl_set_global_share_context(context);
-    // Behind the engine's own end, which is asked for later and so comes first.
+    // Runs after the engine's own routine, which is registered later and called first.
     qAddPostRoutine([] {
         delete qt_gl_global_share_context();
         qt_gl_set_global_share_context(nullptr);
