@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // CPU of one keystroke, from the key event to the painted line, in the middle of a small and a large
 // document, in both tool sets, against a bare Scintilla control that has no accessibility to serve. Prints
-// p50 and p99 in microseconds.
-//   QT_QPA_PLATFORM=offscreen build/release/bin/keystroke_bench [KEYS [KILOBYTES [bare|page|script [KEY]]]]
+// p50 and p99 in microseconds. "analysed" is a script with findings that follow the typing and are marked in
+// view.
+//   QT_QPA_PLATFORM=offscreen build/release/bin/keystroke_bench [KEYS [KILOBYTES [bare|page|script|analysed
+//   [KEY]]]]
 #include "colour/document_colouring.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
+#include "findings/finding_marks_qt.h"
+#include "findings/findings_commands.h"
 
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -147,6 +152,40 @@ void measureMode(const std::string &what, std::string_view text, bool script, co
     measureAll(what, control, wanted);
 }
 
+class NoFindingsView : public FindingsView {
+public:
+    void showFindings() override { }
+    void showCurrent(std::size_t) override { }
+    void tell(std::string_view) override { }
+    void applyEdit(const LineEdit &) override { }
+};
+
+/// The thread does not count: it begins when the keys have rested.
+void measureAnalysed(const std::string &what, std::string_view text, const Wanted &wanted)
+{
+    EditorControl control;
+    DocumentState state;
+    state.scriptTools = true;
+    NoView view;
+    TypingColouring typing(control, state, view, [](TextRange) {});
+    control.setTypingHandler(&typing);
+    control.LoadText(text);
+    DocumentColouring(control, state).colourForTools();
+    NoFindingsView noFindingsView;
+    FindingsCommands findings(control, noFindingsView, [&] { return placeOf(state); });
+    findings.analyseNow();
+    FindingMarks marks(control, findings.list());
+    marks.refresh();
+    QTimer pause;
+    pause.setSingleShot(true);
+    QObject::connect(
+        &control, &EditorControl::changed, &control, [&](Offset at, Offset removed, Offset added) {
+            findings.textChanged(at, removed, added);
+            pause.start(60'000);
+        });
+    measureAll(what, control, wanted);
+}
+
 void measureBare(const std::string &what, const std::string &text, const Wanted &wanted)
 {
     Bare bare;
@@ -165,6 +204,8 @@ void measureSize(std::size_t kilobytes, const Wanted &wanted)
         measureMode("page, " + size, filled(pageLine, kilobytes * 1000), false, wanted);
     if (wants("script"))
         measureMode("script, " + size, filled(scriptLine, kilobytes * 1000), true, wanted);
+    if (wants("analysed"))
+        measureAnalysed("analysed, " + size, filled(scriptLine, kilobytes * 1000), wanted);
 }
 
 } // namespace
