@@ -3,6 +3,8 @@
 
 #include "page/marked_page.h"
 
+#include <utility>
+
 namespace kevra {
 namespace {
 
@@ -29,8 +31,10 @@ std::string scriptLiteral(std::string_view text)
 
 PageText makePageText(std::string_view text, std::uint64_t revision, PageUse use)
 {
-    return {revision, use == PageUse::Load ? page::markedPage(text, {}) : std::string{},
-        scriptLiteral(page::markedPage(text, offsetAttribute)), page::ElementTree::parse(text)};
+    page::MarkedPage page(text);
+    auto shown = use == PageUse::Load ? page.text({}) : std::string{};
+    auto marked = scriptLiteral(page.text(offsetAttribute));
+    return {revision, std::move(shown), std::move(marked), std::move(page).tree()};
 }
 
 Offset PageText::elementAt(Offset offset) const

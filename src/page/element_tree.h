@@ -47,9 +47,10 @@ public:
     /// Elements with a start tag, ascending by it.
     [[nodiscard]] const std::vector<std::size_t> &byPlace() const { return m_byPlace; }
 
-private:
+    /// Of elements as the parser gives them: the root first, a parent before its children.
     explicit ElementTree(std::vector<Element> elements);
 
+private:
     std::vector<Element> m_elements;
     std::vector<std::size_t> m_byPlace;
     /// For each entry of m_byPlace the one before it whose range holds its start; itself where there is none.

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page/marked_page.h"
 
-#include "page/page_parser.h"
-#include "page/server_parts.h"
-
 #include <algorithm>
 #include <array>
 
@@ -66,25 +63,29 @@ void addMarks(
 
 } // namespace
 
-std::string markedPage(std::string_view html, std::string_view attribute)
+MarkedPage::MarkedPage(std::string_view html)
+    : m_parts(findServerParts(html))
+    , m_plain(withoutServerParts(html, m_parts))
+    , m_page(parsePage(m_plain))
 {
-    const auto parts = findServerParts(html);
-    const auto plain = withoutServerParts(html, parts);
-    const auto page = parsePage(plain);
+}
+
+std::string MarkedPage::text(std::string_view attribute) const
+{
     std::vector<Insertion> insertions;
     if (!attribute.empty())
-        addOffsets(plain, attribute, page, insertions);
-    addMarks(page, parts, insertions);
+        addOffsets(m_plain, attribute, m_page, insertions);
+    addMarks(m_page, m_parts, insertions);
     std::ranges::stable_sort(insertions, {}, &Insertion::at);
     std::string marked;
-    marked.reserve(html.size() + 24 * insertions.size());
+    marked.reserve(m_plain.size() + 24 * insertions.size());
     Offset at = 0;
     for (const auto &insertion : insertions) {
-        marked.append(plain, static_cast<std::size_t>(at), static_cast<std::size_t>(insertion.at - at));
+        marked.append(m_plain, static_cast<std::size_t>(at), static_cast<std::size_t>(insertion.at - at));
         marked += insertion.text;
         at = insertion.at;
     }
-    return marked.append(plain, static_cast<std::size_t>(at));
+    return marked.append(m_plain, static_cast<std::size_t>(at));
 }
 
 } // namespace kevra::page

@@ -136,7 +136,7 @@ TEST(MarkedPage, LeadsBackToTheText)
         for (const auto i : tree.byPlace())
             wanted.push_back(std::to_string(tree.elements()[i].startTag.start));
         std::vector<std::string> found;
-        const auto marked = ElementTree::parse(markedPage(text, "data-at"));
+        const auto marked = ElementTree::parse(MarkedPage(text).text("data-at"));
         for (const auto i : marked.byPlace()) {
             const auto *attribute = marked.elements()[i].find("data-at");
             if (attribute != nullptr)
@@ -166,7 +166,7 @@ TEST(MarkedPage, LeavesServerPartsOut)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        EXPECT_EQ(markedPage(c.text, "at"), c.marked);
+        EXPECT_EQ(MarkedPage(c.text).text("at"), c.marked);
     }
 }
 

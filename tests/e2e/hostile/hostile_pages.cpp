@@ -6,6 +6,7 @@
 // stall: how long an event had to wait; back: from the click on VIEW TEXT to the text, queued: how much of
 // that the program was ready and had no processor; own, page: what the editor and the page's processes grew
 // by at most. Usage: hostile_pages FOLDER [remote]
+#include "e2e/hostile/engine_processes.h"
 #include "fakes/document_fixture.h"
 #include "fakes/page_notes.h"
 #include "preview/browser_control_qt.h"
@@ -30,19 +31,6 @@ constexpr int floodTime = 2000; ///< ms; for pages that never stop
 constexpr auto secret = "TOP-SECRET";
 const QString ofTheUser = "what the user has copied";
 
-/// In MB, from a line of a process's status; 0 when it is gone.
-int memoryOf(const QString &process, const QByteArray &line)
-{
-    QFile status("/proc/" + process + "/status");
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const auto &each : status.readAll().split('\n')) {
-        if (each.startsWith(line))
-            return each.mid(line.size()).simplified().split(' ').first().toInt() / 1024;
-    }
-    return 0;
-}
-
 /// In milliseconds: how long this thread has waited for a processor that others had.
 qint64 queued()
 {
@@ -50,42 +38,6 @@ qint64 queued()
     if (!statistics.open(QIODevice::ReadOnly))
         return 0;
     return statistics.readAll().split(' ').value(1).toLongLong() / 1'000'000;
-}
-
-void forgetPeak()
-{
-    QFile peaks("/proc/self/clear_refs");
-    if (peaks.open(QIODevice::WriteOnly))
-        peaks.write("5");
-}
-
-/// The engine's processes of this program: those that pages run in, and those that start them. How many of
-/// these there are depends on the sandbox.
-QSet<int> engineProcesses()
-{
-    QHash<int, int> parents;
-    QSet<int> found;
-    for (const auto &name : QDir("/proc").entryList({"[0-9]*"}, QDir::Dirs)) {
-        QFile stat("/proc/" + name + "/stat");
-        QFile line("/proc/" + name + "/cmdline");
-        if (!stat.open(QIODevice::ReadOnly) || !line.open(QIODevice::ReadOnly))
-            continue;
-        const auto bytes = stat.readAll();
-        const auto fields = bytes.mid(bytes.lastIndexOf(')') + 2).split(' ');
-        parents[name.toInt()] = fields.value(1).toInt();
-        const auto command = line.readAll();
-        // Sound and the like have a process that serves every page; no script runs there.
-        const bool runsPages = command.contains("QtWebEngineProcess") && !command.contains("--type=utility");
-        if (runsPages && fields.value(0) != "Z")
-            found.insert(name.toInt());
-    }
-    const auto self = static_cast<int>(QCoreApplication::applicationPid());
-    found.removeIf([&](int process) {
-        while (process > 0 && process != self)
-            process = parents.value(process);
-        return process != self;
-    });
-    return found;
 }
 
 class Stage : private PreviewWindows {
