@@ -4,7 +4,7 @@
 
 #include "encoding/character_sets.h"
 #include "encoding/code_runs.h"
-#include "encoding/utf8.h"
+#include "text/utf8.h"
 
 #include <algorithm>
 
