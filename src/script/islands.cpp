@@ -96,6 +96,7 @@ private:
     Language m_pageLanguage = Language::Unsaid; ///< of event attributes: that of the first script
     std::vector<Island> m_islands;
     std::size_t m_client; ///< index of what the browser runs, or of the job at hand
+    std::optional<Offset> m_hostStart; ///< of the open job or component
 };
 
 std::vector<Island> IslandFinder::run()
@@ -141,6 +142,7 @@ std::size_t IslandFinder::server(std::size_t at)
         add(m_islands[0], {range, PieceKind::Output});
     } else {
         add(m_islands[0], {range});
+        m_islands[0].elements.push_back({static_cast<Offset>(at), static_cast<Offset>(end)});
     }
     return end;
 }
@@ -207,6 +209,9 @@ std::size_t IslandFinder::element(std::size_t at)
 void IslandFinder::hostElement(const Tag &tag)
 {
     if (sameWord(tag.name, "job") || sameWord(tag.name, "component")) {
+        if (tag.closing && m_hostStart)
+            m_islands[m_client].elements.push_back({*m_hostStart, tag.range.end});
+        m_hostStart = tag.closing ? std::nullopt : std::optional(tag.range.start);
         m_islands.emplace_back();
         m_islands.back().name = tag.closing ? std::string_view{} : tag.value("id");
         m_client = m_islands.size() - 1;
@@ -234,6 +239,7 @@ std::size_t IslandFinder::scriptElement(const Tag &tag)
     if (tag.empty && m_kind == FileKind::HostFile)
         return contentStart;
     const auto end = std::min(findWord(m_text, "</script", contentStart), m_text.size());
+    island.elements.push_back({tag.range.start, static_cast<Offset>(past(m_text, ">", end))});
     auto content = m_text.substr(contentStart, end - contentStart);
     if (trimmed(content).starts_with("<![CDATA[")) {
         content = trimmed(content).substr(9);

@@ -42,6 +42,7 @@ struct Island {
     std::vector<Piece> pieces; ///< ascending; one parse() takes them all
     std::vector<IncludedFile> includes;
     std::vector<NamedObject> objects;
+    std::vector<TextRange> elements; ///< with their tags: the job, script elements of any language, <% %>
     bool incomplete = false; ///< some script was left out: another language, encoded, or built by the server
 };
 

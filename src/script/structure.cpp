@@ -4,6 +4,7 @@
 #include "script/layout.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace kevra::script {
 namespace {
@@ -43,9 +44,17 @@ std::vector<Fold> folds(const FileModel &file)
             if (block.last > block.first + 1)
                 found.push_back({block.first, block.last - 1, false});
         }
+        for (const auto &element : part->island.elements) {
+            const auto first = layout.lineOf(element.start);
+            const auto last = layout.lineOf(element.end - 1);
+            if (last > first + 1)
+                found.push_back({first, last - 1, false});
+        }
         appendCommentFolds(*part, layout, found);
     }
-    std::ranges::stable_sort(found, {}, &Fold::first);
+    std::ranges::sort(found, [](const Fold &a, const Fold &b) {
+        return std::tuple(a.first, b.last, a.isComment) < std::tuple(b.first, a.last, b.isComment);
+    });
     found.erase(std::unique(found.begin(), found.end()), found.end());
     return found;
 }

@@ -16,7 +16,8 @@ struct Fold {
     friend bool operator==(const Fold &, const Fold &) = default;
 };
 
-/// Blocks without the line of their end, and runs of comment lines; ascending.
+/// Blocks and the elements that hold script, without the line of their end, and runs of comment lines.
+/// Ascending by their first lines, the longest first.
 [[nodiscard]] std::vector<Fold> folds(const FileModel &file);
 
 /// Around the place, from the word to the whole text, each wider than the one before.
