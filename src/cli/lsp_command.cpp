@@ -3,6 +3,7 @@
 
 #include "cli/input_file.h"
 #include "lsp/server.h"
+#include "page/document_findings.h"
 #include "script/islands.h"
 #include "snippets/snippets.h"
 #include "text/system_path.h"
@@ -56,6 +57,15 @@ public:
         }
         return paths;
     }
+
+    std::vector<script::Finding> pageFindings(
+        std::string_view text, script::FileKind kind, const std::string &path) override
+    {
+        return m_analysis.ofPage(text, {kind, path, {}});
+    }
+
+private:
+    page::DocumentAnalysis m_analysis;
 };
 
 [[nodiscard]] std::vector<lsp::SnippetText> scriptSnippets()

@@ -81,7 +81,7 @@ using script::Rule;
 Json diagnosticsOf(const Context &context, const Document &document)
 {
     Json out = Json::array();
-    for (const auto &finding : document.findings())
+    for (const auto &finding : context.workspace.findings(document))
         out.push_back(diagnosticOf(context, document, finding));
     return out;
 }
@@ -91,11 +91,11 @@ Answer pulledDiagnostics(const Context &context, const Json &params)
     const auto *document = context.workspace.load(uriOf(params));
     if (!document)
         return Json{{"kind", "full"}, {"items", Json::array()}};
-    // The findings depend on the text alone.
-    const auto id = std::to_string(std::hash<std::string>()(document->text().text()));
+    auto items = diagnosticsOf(context, *document);
+    const auto id = std::to_string(std::hash<Json>()(items));
     if (at(params, Json::json_pointer("/previousResultId")) == id)
         return Json{{"kind", "unchanged"}, {"resultId", id}};
-    return Json{{"kind", "full"}, {"resultId", id}, {"items", diagnosticsOf(context, *document)}};
+    return Json{{"kind", "full"}, {"resultId", id}, {"items", std::move(items)}};
 }
 
 Answer codeActions(const Context &context, const Json &params)
@@ -105,7 +105,8 @@ Answer codeActions(const Context &context, const Json &params)
         return Json::array();
     const auto range = rangeOf(document->text(), params.at("range"));
     Json out = Json::array();
-    for (const auto &finding : document->findings()) {
+    const auto &findings = context.workspace.findings(*document);
+    for (const auto &finding : findings) {
         if (!touches(finding.range, range) || !wants(params, "quickfix"))
             continue;
         for (const auto &fix : finding.fixes)
@@ -114,7 +115,7 @@ Answer codeActions(const Context &context, const Json &params)
                     {"diagnostics", Json::array({diagnosticOf(context, *document, finding)})},
                     {"edit", editOf(context, *document, fix.edits)}});
     }
-    if (auto all = firstFixes(document->findings()); !all.empty() && wants(params, "source.fixAll"))
+    if (auto all = firstFixes(findings); !all.empty() && wants(params, "source.fixAll"))
         out.push_back({{"title", "Carry out all fixes"}, {"kind", "source.fixAll"},
             {"edit", editOf(context, *document, all)}});
     return out;

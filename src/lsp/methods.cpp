@@ -58,7 +58,7 @@ Json serverCapabilities(PositionUnit unit)
     constexpr int incremental = 2;
     const Json capabilities{
         {"positionEncoding", nameOf(unit)},
-        {"textDocumentSync", {{"openClose", true}, {"change", incremental}}},
+        {"textDocumentSync", {{"openClose", true}, {"change", incremental}, {"save", true}}},
         {"definitionProvider", true},
         {"referencesProvider", true},
         {"documentHighlightProvider", true},

@@ -154,6 +154,7 @@ void Session::notification(const std::string &method, const Json &params)
         Handler{"textDocument/didOpen", &Session::didOpen},
         Handler{"textDocument/didChange", &Session::didChange},
         Handler{"textDocument/didClose", &Session::didClose},
+        Handler{"textDocument/didSave", &Session::didSave},
         Handler{"workspace/didChangeWorkspaceFolders", &Session::didChangeFolders},
     };
     if (method == "exit") {
@@ -201,6 +202,15 @@ void Session::didClose(const Json &params)
     m_workspace.close(uri);
     if (!m_client.pullsDiagnostics)
         notify("textDocument/publishDiagnostics", {{"uri", uri}, {"diagnostics", Json::array()}});
+}
+
+/// What is saved may be what a page links to.
+void Session::didSave(const Json &)
+{
+    for (auto &entry : m_workspace.documents()) {
+        entry.second.forgetFindings();
+        entry.second.diagnosticsDue = true;
+    }
 }
 
 void Session::didChangeFolders(const Json &params)

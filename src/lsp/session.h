@@ -44,6 +44,7 @@ private:
     void didOpen(const Json &params);
     void didChange(const Json &params);
     void didClose(const Json &params);
+    void didSave(const Json &params);
     void didChangeFolders(const Json &params);
     void publish(Document &document);
     void respond(const Json &id, const Answer &answer);

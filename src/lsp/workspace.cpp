@@ -2,6 +2,7 @@
 #include "lsp/workspace.h"
 
 #include "lsp/uri.h"
+#include "script/file_analysis.h"
 
 #include <algorithm>
 #include <array>
@@ -56,12 +57,21 @@ const script::FileModel &Document::model() const
     return known().model;
 }
 
-const std::vector<script::Finding> &Document::findings() const
+const std::vector<script::Finding> &Document::findings(DiskFiles &disk) const
 {
     auto &findings = known().findings;
-    if (!findings)
+    if (!findings) {
         findings = known().model.findings();
+        script::mergeFindings(
+            *findings, disk.pageFindings(m_text.text(), m_kind, pathOfUri(m_uri).value_or("")));
+    }
     return *findings;
+}
+
+void Document::forgetFindings()
+{
+    if (m_known)
+        m_known->findings.reset();
 }
 
 void Document::replace(TextRange range, std::string_view text)

@@ -25,6 +25,11 @@ public:
     [[nodiscard]] virtual std::uint64_t stamp(const std::string &path) = 0;
     /// Paths of the files with script below a folder, as many as can be looked at in passing.
     [[nodiscard]] virtual std::vector<std::string> scriptsBelow(const std::string &folder) = 0;
+    /// What is broken in a page apart from its scripts, such as links to files that are missing. Ascending by
+    /// place. The path is empty for a text without a file.
+    [[nodiscard]] virtual std::vector<script::Finding> pageFindings(
+        std::string_view text, script::FileKind kind, const std::string &path)
+        = 0;
 };
 
 class Document {
@@ -35,7 +40,10 @@ public:
     [[nodiscard]] const TextDocument &text() const { return m_text; }
     /// Valid until the next change.
     [[nodiscard]] const script::FileModel &model() const;
-    [[nodiscard]] const std::vector<script::Finding> &findings() const;
+    /// Of the scripts and of the page, ascending by place.
+    [[nodiscard]] const std::vector<script::Finding> &findings(DiskFiles &disk) const;
+    /// The files around have changed.
+    void forgetFindings();
     void replace(TextRange range, std::string_view text);
     void replaceAll(std::string text);
 
@@ -83,6 +91,10 @@ public:
     /// Null for what is not open. The URI may be escaped in another way than when it was opened.
     [[nodiscard]] Document *find(const std::string &uri);
     [[nodiscard]] std::map<std::string, Document> &documents() { return m_open; }
+    [[nodiscard]] const std::vector<script::Finding> &findings(const Document &document)
+    {
+        return document.findings(m_disk);
+    }
 
     /// Files are looked at again. Until the next call, what was loaded from the disk stays.
     void lookAgain() { m_looked.clear(); }

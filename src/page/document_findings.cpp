@@ -7,9 +7,6 @@
 #ifdef KEVRA_PAGES
 #include "page/page_analysis.h"
 #include "text/paths.h"
-
-#include <algorithm>
-#include <iterator>
 #endif
 
 namespace kevra::page {
@@ -36,14 +33,15 @@ std::vector<script::Finding> DocumentAnalysis::run(std::string_view text, const 
     std::vector<script::Finding> findings;
     if (hasScript(place))
         findings = script::analyseFile(text, place.kind);
-    if (place.path.empty() ? place.kind != script::FileKind::Page : !isPage(place.path))
-        return findings;
-    auto more = analysePage(text, {std::string(parentFolder(place.path)), place.site}, *m_files);
-    const auto startOf = [](const script::Finding &finding) { return finding.range.start; };
-    const auto middle = std::ssize(findings);
-    std::ranges::move(more, std::back_inserter(findings));
-    std::ranges::inplace_merge(findings, findings.begin() + middle, {}, startOf);
+    script::mergeFindings(findings, ofPage(text, place));
     return findings;
+}
+
+std::vector<script::Finding> DocumentAnalysis::ofPage(std::string_view text, const DocumentPlace &place)
+{
+    if (place.path.empty() ? place.kind != script::FileKind::Page : !isPage(place.path))
+        return {};
+    return analysePage(text, {std::string(parentFolder(place.path)), place.site}, *m_files);
 }
 
 bool isAnalysed(std::string_view path)
@@ -58,6 +56,11 @@ DocumentAnalysis::DocumentAnalysis() = default;
 std::vector<script::Finding> DocumentAnalysis::run(std::string_view text, const DocumentPlace &place)
 {
     return script::analyseFile(text, place.kind);
+}
+
+std::vector<script::Finding> DocumentAnalysis::ofPage(std::string_view, const DocumentPlace &)
+{
+    return {};
 }
 
 bool isAnalysed(std::string_view path)

@@ -30,6 +30,8 @@ public:
 
     /// Ascending by place.
     [[nodiscard]] std::vector<script::Finding> run(std::string_view text, const DocumentPlace &place);
+    /// Those of the page without the scripts in it; none for what is no page. Ascending by place.
+    [[nodiscard]] std::vector<script::Finding> ofPage(std::string_view text, const DocumentPlace &place);
 
 private:
     std::unique_ptr<PageFiles> m_files;

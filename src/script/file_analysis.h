@@ -13,4 +13,7 @@ namespace kevra::script {
 /// Ascending by place; positions are those of the text.
 [[nodiscard]] std::vector<Finding> analyseFile(std::string_view text, FileKind kind);
 
+/// Both ascending by place, and so is the result.
+void mergeFindings(std::vector<Finding> &findings, std::vector<Finding> more);
+
 } // namespace kevra::script

@@ -4,6 +4,7 @@
 // Says at the end how many messages that were.
 #include "lsp/framing.h"
 #include "lsp/session.h"
+#include "page/document_findings.h"
 
 #include <array>
 #include <cstdio>
@@ -23,6 +24,14 @@ public:
     {
         return {folder + "/lib.vbs"};
     }
+    std::vector<kevra::script::Finding> pageFindings(
+        std::string_view text, kevra::script::FileKind kind, const std::string &path) override
+    {
+        return m_analysis.ofPage(text, {kind, path, {}});
+    }
+
+private:
+    kevra::page::DocumentAnalysis m_analysis;
 };
 
 #define URI(name) R"("textDocument":{"uri":"file:///w/)" name R"("})"
@@ -46,6 +55,7 @@ constexpr auto messages = std::to_array<std::string_view>({
     R"("contentChanges":[{"range":{"start":{"line":3,"character":4},"end":{"line":4,"character":2}},"text":"x\r\n'"}]}})",
     R"({"method":"textDocument/didChange","params":{"textDocument":{"uri":"file:///w/a.vbs"},)"
     R"("contentChanges":[{"text":"a = b("}]}})",
+    R"({"method":"textDocument/didSave","params":{"textDocument":{"uri":"file:///w/c.asp"}}})",
     R"({"method":"textDocument/didClose","params":{"textDocument":{"uri":"file:///w/a.vbs"}}})",
     REQUEST("textDocument/definition", URI("a.vbs") "," AT("4", "3")),
     REQUEST("textDocument/references", URI("b.wsf") "," AT("1", "1")),

@@ -74,6 +74,11 @@ local function run()
   answers = vim.lsp.buf_request_sync(0, 'textDocument/completion', vim.lsp.util.make_position_params(), 20000)
   local broken = vim.tbl_filter(function(item) return item.textEdit.newText:find('\n') end, vim.tbl_values(answers)[1].result)
   expect('lines in one', broken, {})
+
+  open('page.htm', { '<p><a href="none.htm">n</a>', '<script language="vbscript">', 'MsgBox(1, 2)', '</script>' })
+  wait('findings of the page and its script', function()
+    return vim.tbl_contains(codes(), 'KV4001@0') and vim.tbl_contains(codes(), 'KV1018@2')
+  end)
 end
 
 local held, why = pcall(run)

@@ -20,6 +20,13 @@ public:
         }
         return paths;
     }
+    std::vector<kevra::script::Finding> pageFindings(
+        std::string_view, kevra::script::FileKind kind, const std::string &path) override
+    {
+        if (kind != kevra::script::FileKind::Page || files.contains(path))
+            return {};
+        return {{kevra::script::Rule::MissingFile, {1, 2}, "There is no such file.", {}, {}}};
+    }
     std::map<std::string, std::string> files;
 };
 
@@ -211,6 +218,18 @@ TEST(LanguageServer, ReportsFindingsAfterEachChange)
     EXPECT_EQ(published(), Json::array());
 }
 
+TEST(LanguageServer, LooksAgainAtPagesWhenAnythingIsSaved)
+{
+    Client client;
+    client.open("<p>", "file:///w/a.htm");
+    const auto found = client.askHere("diagnostic");
+    EXPECT_EQ(found["items"][0]["code"], "KV4001");
+    client.disk.files["/w/a.htm"] = "";
+    client.notify("textDocument/didSave", {{"textDocument", {{"uri", page}}}});
+    EXPECT_EQ(client.received.back()["params"]["diagnostics"], Json::array());
+    EXPECT_EQ(client.askHere("diagnostic", {{"previousResultId", found["resultId"]}})["kind"], "full");
+}
+
 TEST(LanguageServer, KeepsTheOrderOfTheConversation)
 {
     MemoryFiles disk;
@@ -320,6 +339,14 @@ TEST(LanguageServer, KnowsTheStructure)
         Json({7, 0, 1, 1, 0, 0, 2, 1, 10, 0, 0, 2, 3, 4, 4, 0, 4, 1, 1, 0}));
     const auto wider = client.askHere("selectionRange", {{"positions", {{{"line", 7}, {"character", 9}}}}});
     EXPECT_EQ(places(Json::array({wider[0], wider[0]["parent"]})), "7:8-9 7:4-10");
+    client.open("<job>|\n<script language=\"VBScript\">\nIf x Then\ny = 1\nEnd If\n</script>\n</job>\n",
+        "file:///w/a.wsf");
+    EXPECT_EQ(client.askHere("foldingRange").dump(),
+        R"([{"endLine":5,"startLine":0},{"endLine":4,"startLine":1},{"endLine":3,"startLine":2}])");
+    client.open("|<% If x Then\ny = 1\n%>\n<p>\n<script runat=server>\n' z\n</script><% End If\n%>",
+        "file:///w/a.asp");
+    EXPECT_EQ(client.askHere("foldingRange").dump(),
+        R"([{"endLine":5,"startLine":0},{"endLine":1,"startLine":0},{"endLine":5,"startLine":4}])");
 }
 
 } // namespace
