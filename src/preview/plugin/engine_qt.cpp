@@ -2,6 +2,7 @@
 // The web engine behind BrowserEngine. Everything a previewed page does not need is off.
 #include "preview/plugin/accessibility_limit_qt.h"
 #include "preview/plugin/engine_start_qt.h"
+#include "preview/plugin/graphics_qt.h"
 #include "preview/plugin/page_qt.h"
 #include "preview/plugin/page_scheme_qt.h"
 #include "preview/plugin/page_watch_qt.h"
@@ -213,6 +214,7 @@ public:
         QWidget *parent, BrowserEvents &events, EngineUse use, const QString &folder) override
     {
         registerPageSchemes();
+        avoidEmulatedGraphics();
         const EngineStart start(folder);
         return start.isPossible() ? std::make_unique<Engine>(parent, events, use, start.isSandboxed())
                                   : nullptr;
