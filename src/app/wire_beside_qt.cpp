@@ -45,7 +45,7 @@ private:
     bool load(const std::string &path, std::shared_ptr<const PageText> page) override;
     void reload(std::shared_ptr<const PageText> page) override { m_control->reload(std::move(page)); }
     void unload() override;
-    void prepare(std::uint64_t revision, PageUse use) override;
+    void prepare(PageTextRequest request) override;
     void pause(std::chrono::milliseconds time) override { m_pause.start(time); }
     void ask(const std::string &call) override { m_control->ask(call); }
     void say(std::string_view text) override { m_panel->setNote(textOf(text)); }
@@ -208,13 +208,15 @@ void BesideSide::unload()
     m_control->unload();
 }
 
-void BesideSide::prepare(std::uint64_t revision, PageUse use)
+void BesideSide::prepare(PageTextRequest request)
 {
     // In two parts, so that the control need not move its gap, which is where the typing goes on.
     const auto gap = m_document.textPosition(m_document.SendScintilla(QsciScintillaBase::SCI_GETGAPPOSITION));
-    std::string copy(m_document.Text({0, gap}));
+    std::string copy;
+    copy.reserve(static_cast<std::size_t>(m_document.Length()));
+    copy.append(m_document.Text({0, gap}));
     copy.append(m_document.Text({gap, m_document.Length()}));
-    m_thread.start(std::move(copy), revision, use);
+    m_thread.start(std::move(copy), std::move(request));
 }
 
 void BesideSide::selectText(TextRange range)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "beside/beside_commands.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -9,7 +10,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto pauseInTyping = 50ms;
+constexpr auto shortestPause = 40ms; ///< in typing
+constexpr auto longestPause = 500ms;
 constexpr auto pauseBeforeLoading = 400ms; ///< half a script need not be run
 
 constexpr std::string_view scriptNote = "A script has no page.";
@@ -91,7 +93,7 @@ void BesideCommands::textChanged()
 {
     ++m_revision;
     if (isActive())
-        m_view.pause(m_refused ? pauseBeforeLoading : pauseInTyping);
+        m_view.pause(m_refused ? pauseBeforeLoading : pauseInTyping());
 }
 
 void BesideCommands::pauseOver()
@@ -103,7 +105,7 @@ void BesideCommands::pauseOver()
 void BesideCommands::prepare()
 {
     if (!std::exchange(m_preparing, true))
-        m_view.prepare(m_revision, use());
+        m_view.prepare({m_revision, use(), m_shown});
 }
 
 PageUse BesideCommands::use() const
@@ -111,16 +113,31 @@ PageUse BesideCommands::use() const
     return m_state == State::Starting || m_refused ? PageUse::Load : PageUse::Change;
 }
 
+/// Texts that take long to make ready are made ready less often.
+std::chrono::milliseconds BesideCommands::pauseInTyping() const
+{
+    return std::clamp(m_cost, shortestPause, longestPause);
+}
+
+/// What has happened meanwhile can ask for another form of the same text.
+bool BesideCommands::isUsable(const PageText &page) const
+{
+    if (use() == PageUse::Load)
+        return !page.shown.empty() || page.page.html().empty();
+    return !page.change || (m_shown && m_shown->revision == page.base);
+}
+
 void BesideCommands::prepared(std::shared_ptr<const PageText> page)
 {
     m_preparing = false;
     if (!isActive() || !page)
         return;
-    if (use() == PageUse::Load && page->shown.empty() && !page->marked.empty())
+    if (!isUsable(*page))
         return prepare();
     m_newest = std::move(page);
+    m_cost = m_newest->cost;
     if (m_newest->revision != m_revision)
-        m_view.pause(pauseInTyping); // changed meanwhile, and the pause may have come to nothing
+        m_view.pause(pauseInTyping()); // changed meanwhile, and the pause may have come to nothing
     showNewest();
 }
 
@@ -144,7 +161,15 @@ void BesideCommands::showNewest()
 
 void BesideCommands::askToShow()
 {
-    ask("show(" + m_shown->marked + ", " + std::to_string(caretElement()) + ")");
+    const auto caret = std::to_string(caretElement());
+    if (!m_shown->change)
+        return ask("show(" + m_shown->marked + ", " + caret + ")");
+    const auto &change = *m_shown->change;
+    std::string places;
+    for (const auto place : {change.parent, change.previous, change.next, change.before.start,
+             change.before.end, change.after.end - change.before.end})
+        places += std::to_string(place) + ", ";
+    ask("change(" + places + m_shown->marked + ", " + caret + ")");
 }
 
 void BesideCommands::ask(const std::string &call)

@@ -25,7 +25,7 @@ public:
     /// The same page with another text; the engine restores the scroll position.
     virtual void reload(std::shared_ptr<const PageText> page) = 0;
     virtual void unload() = 0; ///< the page and every script of it end
-    virtual void prepare(std::uint64_t revision, PageUse use) = 0; ///< a copy of the text; ends in prepared()
+    virtual void prepare(PageTextRequest request) = 0; ///< a copy of the text; ends in prepared()
     virtual void pause(std::chrono::milliseconds time)
         = 0; ///< ends in pauseOver(); takes the place of one before
     virtual void ask(const std::string &call) = 0; ///< the page's following script; ends in answered()
@@ -71,6 +71,8 @@ private:
     void start();
     void prepare();
     [[nodiscard]] PageUse use() const;
+    [[nodiscard]] std::chrono::milliseconds pauseInTyping() const;
+    [[nodiscard]] bool isUsable(const PageText &page) const;
     void askToShow();
     void sayAgain();
     void showNewest();
@@ -88,6 +90,7 @@ private:
     std::shared_ptr<const PageText> m_newest; ///< made ready
     std::shared_ptr<const PageText> m_shown; ///< that the page has, or is being loaded with
     bool m_preparing = false;
+    std::chrono::milliseconds m_cost{}; ///< of the last text made ready
     bool m_asking = false;
     bool m_refused = false; ///< the page did not take a change
     bool m_justLoaded = false;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "beside/page_text.h"
 
-#include "page/marked_page.h"
-
 #include <utility>
 
 namespace kevra {
@@ -29,26 +27,35 @@ std::string scriptLiteral(std::string_view text)
     return literal += '"';
 }
 
-PageText makePageText(std::string_view text, std::uint64_t revision, PageUse use)
+PageText makePageText(std::string text, const PageTextRequest &request)
 {
-    page::MarkedPage page(text);
-    auto shown = use == PageUse::Load ? page.text({}) : std::string{};
-    auto marked = scriptLiteral(page.text(offsetAttribute));
-    return {revision, std::move(shown), std::move(marked), std::move(page).tree()};
+    const auto started = std::chrono::steady_clock::now();
+    PageText made{request.revision, page::MarkedPage(std::move(text)), {}, 0, {}, {}, {}};
+    if (request.use == PageUse::Load) {
+        made.shown = made.page.text({});
+    } else if (request.shown) {
+        made.base = request.shown->revision;
+        made.change = page::changeBetween(request.shown->page, made.page);
+    }
+    made.marked = scriptLiteral(
+        made.change ? made.page.text(offsetAttribute, made.change->after) : made.page.text(offsetAttribute));
+    made.cost
+        = std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - started);
+    return made;
 }
 
 Offset PageText::elementAt(Offset offset) const
 {
-    const auto found = tree.elementAt(offset);
-    return found ? tree.elements()[*found].startTag.start : -1;
+    const auto found = page.tree().elementAt(offset);
+    return found ? page.tree().elements()[*found].startTag.start : -1;
 }
 
 std::optional<TextRange> PageText::elementFrom(Offset tag) const
 {
-    const auto found = tree.elementAt(tag);
-    if (!found || tree.elements()[*found].startTag.start != tag)
+    const auto found = page.tree().elementAt(tag);
+    if (!found || page.tree().elements()[*found].startTag.start != tag)
         return std::nullopt;
-    return tree.elements()[*found].whole;
+    return page.tree().elements()[*found].whole;
 }
 
 } // namespace kevra

@@ -11,11 +11,11 @@ PageTextThread::PageTextThread(Done done)
 {
 }
 
-void PageTextThread::start(std::string text, std::uint64_t revision, PageUse use)
+void PageTextThread::start(std::string text, PageTextRequest request)
 {
     {
         const std::lock_guard lock(m_mutex);
-        m_next = {std::move(text), revision, use};
+        m_next = {std::move(text), std::move(request)};
     }
     m_changed.notify_one();
     if (!m_thread.joinable())
@@ -26,11 +26,11 @@ void PageTextThread::run(const std::stop_token &stop)
 {
     for (std::unique_lock lock(m_mutex); m_changed.wait(lock, stop, [this] { return m_next.has_value(); });
          lock.lock()) {
-        const auto request = *std::exchange(m_next, std::nullopt);
+        auto work = *std::exchange(m_next, std::nullopt);
         lock.unlock();
         std::shared_ptr<PageText> page;
         try {
-            page = std::make_shared<PageText>(makePageText(request.text, request.revision, request.use));
+            page = std::make_shared<PageText>(makePageText(std::move(work.text), work.request));
         } catch (const std::bad_alloc &) {
             page = nullptr; // the page stays as it is
         }

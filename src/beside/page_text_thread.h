@@ -20,20 +20,19 @@ public:
     explicit PageTextThread(Done done);
 
     /// Takes the place of a text that has not begun. The thread is made at the first one.
-    void start(std::string text, std::uint64_t revision, PageUse use);
+    void start(std::string text, PageTextRequest request);
 
 private:
-    struct Request {
+    struct Work {
         std::string text;
-        std::uint64_t revision = 0;
-        PageUse use = PageUse::Change;
+        PageTextRequest request;
     };
     void run(const std::stop_token &stop);
 
     Done m_done;
     std::mutex m_mutex;
     std::condition_variable_any m_changed;
-    std::optional<Request> m_next;
+    std::optional<Work> m_next;
     std::jthread m_thread; ///< ends first
 };
 

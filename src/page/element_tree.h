@@ -47,6 +47,7 @@ public:
     /// Elements with a start tag, ascending by it.
     [[nodiscard]] const std::vector<std::size_t> &byPlace() const { return m_byPlace; }
 
+    ElementTree() = default; ///< without a root
     /// Of elements as the parser gives them: the root first, a parent before its children.
     explicit ElementTree(std::vector<Element> elements);
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace kevra::page {
 namespace {
@@ -37,24 +38,29 @@ struct Insertion {
     return std::min(static_cast<Offset>(std::min(end, html.size())), startTag.end);
 }
 
-void addOffsets(std::string_view html, std::string_view attribute, const ParsedPage &page,
-    std::vector<Insertion> &insertions)
+[[nodiscard]] bool isIn(Offset place, TextRange stretch)
 {
-    for (const auto &element : page.elements) {
-        if (!element.startTag.empty())
-            insertions.push_back({endOfName(html, element.startTag),
+    return place >= stretch.start && place < stretch.end;
+}
+
+void addOffsets(
+    const MarkedPage &page, std::string_view attribute, TextRange stretch, std::vector<Insertion> &insertions)
+{
+    for (const auto &element : page.tree().elements()) {
+        if (!element.startTag.empty() && isIn(element.startTag.start, stretch))
+            insertions.push_back({endOfName(page.plain(), element.startTag),
                 ' ' + std::string(attribute) + "=\"" + std::to_string(element.startTag.start) + '"'});
     }
 }
 
-void addMarks(
-    const ParsedPage &page, const std::vector<ServerPart> &parts, std::vector<Insertion> &insertions)
+void addMarks(const MarkedPage &page, TextRange stretch, std::vector<Insertion> &insertions)
 {
-    for (const auto &text : page.texts) {
+    const auto &parts = page.serverParts();
+    for (const auto &text : page.texts()) {
         const auto start = [](const ServerPart &part) { return part.range.start; };
         auto part = std::ranges::lower_bound(parts, text.range.start, {}, start);
-        if (part == parts.end() || part->range.end > text.range.end
-            || !mayTakeMark(page.elements, text.parent))
+        if (part == parts.end() || part->range.end > text.range.end || !isIn(text.range.start, stretch)
+            || !mayTakeMark(page.tree().elements(), text.parent))
             continue;
         for (; part != parts.end() && part->range.end <= text.range.end; ++part)
             insertions.push_back({part->range.start, std::string(serverPartMark)});
@@ -63,29 +69,42 @@ void addMarks(
 
 } // namespace
 
-MarkedPage::MarkedPage(std::string_view html)
-    : m_parts(findServerParts(html))
-    , m_plain(withoutServerParts(html, m_parts))
-    , m_page(parsePage(m_plain))
+MarkedPage::MarkedPage(std::string html)
+    : m_html(std::move(html))
+    , m_parts(findServerParts(m_html))
+    , m_plain(withoutServerParts(m_html, m_parts))
 {
+    auto page = parsePage(m_plain);
+    m_texts = std::move(page.texts);
+    m_inQuirksMode = page.inQuirksMode;
+    m_tree = ElementTree(std::move(page.elements));
 }
 
 std::string MarkedPage::text(std::string_view attribute) const
 {
+    return text(attribute, {0, std::ssize(m_plain)});
+}
+
+std::string MarkedPage::text(std::string_view attribute, TextRange stretch) const
+{
     std::vector<Insertion> insertions;
     if (!attribute.empty())
-        addOffsets(m_plain, attribute, m_page, insertions);
-    addMarks(m_page, m_parts, insertions);
+        addOffsets(*this, attribute, stretch, insertions);
+    addMarks(*this, stretch, insertions);
     std::ranges::stable_sort(insertions, {}, &Insertion::at);
     std::string marked;
-    marked.reserve(m_plain.size() + 24 * insertions.size());
-    Offset at = 0;
+    marked.reserve(static_cast<std::size_t>(stretch.length()) + 24 * insertions.size());
+    auto at = stretch.start;
+    const auto append = [&](Offset end) {
+        marked.append(m_plain, static_cast<std::size_t>(at), static_cast<std::size_t>(end - at));
+        at = end;
+    };
     for (const auto &insertion : insertions) {
-        marked.append(m_plain, static_cast<std::size_t>(at), static_cast<std::size_t>(insertion.at - at));
+        append(insertion.at);
         marked += insertion.text;
-        at = insertion.at;
     }
-    return marked.append(m_plain, static_cast<std::size_t>(at));
+    append(stretch.end);
+    return marked;
 }
 
 } // namespace kevra::page

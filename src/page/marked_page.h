@@ -7,7 +7,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace kevra::page {
@@ -18,17 +17,28 @@ inline constexpr std::string_view serverPartMark = R"(<span class="kevra-server-
 /// A page parsed once, and what is made of it.
 class MarkedPage {
 public:
-    explicit MarkedPage(std::string_view html);
+    explicit MarkedPage(std::string html);
 
     /// The page with the offset of each start tag as its first attribute, called `attribute`; without offsets
     /// when that is empty. Server parts are left out; where text may stand, each has a mark in its place.
     [[nodiscard]] std::string text(std::string_view attribute) const;
-    [[nodiscard]] ElementTree tree() && { return ElementTree(std::move(m_page.elements)); }
+    /// The same of a stretch between elements.
+    [[nodiscard]] std::string text(std::string_view attribute, TextRange stretch) const;
+
+    [[nodiscard]] const std::string &html() const { return m_html; }
+    [[nodiscard]] const std::string &plain() const { return m_plain; }
+    [[nodiscard]] const std::vector<ServerPart> &serverParts() const { return m_parts; }
+    [[nodiscard]] const ElementTree &tree() const { return m_tree; }
+    [[nodiscard]] const std::vector<TextPlace> &texts() const { return m_texts; }
+    [[nodiscard]] bool isInQuirksMode() const { return m_inQuirksMode; }
 
 private:
+    std::string m_html;
     std::vector<ServerPart> m_parts;
     std::string m_plain; ///< without server parts, each byte at its offset
-    ParsedPage m_page;
+    std::vector<TextPlace> m_texts;
+    bool m_inQuirksMode = false;
+    ElementTree m_tree;
 };
 
 } // namespace kevra::page

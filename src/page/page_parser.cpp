@@ -51,9 +51,10 @@ public:
     {
     }
 
-    ParsedPage run(const GumboNode &root)
+    ParsedPage run(const GumboOutput &output)
     {
-        m_waiting.push_back({&root, 0});
+        m_result.inQuirksMode = output.document->v.document.doc_type_quirks_mode == GUMBO_DOCTYPE_QUIRKS;
+        m_waiting.push_back({output.root, 0});
         while (!m_waiting.empty()) {
             const auto [node, parent] = m_waiting.back();
             m_waiting.pop_back();
@@ -172,7 +173,7 @@ ParsedPage parsePage(std::string page)
         applyBound(page, bound);
         ParserMemory memory(memoryAtLeast + memoryPerByte * page.size());
         if (const auto *output = treeOf(page, memory); output != nullptr && output->root != nullptr)
-            return Conversion(page).run(*output->root);
+            return Conversion(page).run(*output);
     }
     ParsedPage empty;
     empty.elements.emplace_back().tag = "html";

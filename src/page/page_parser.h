@@ -15,6 +15,7 @@ struct TextPlace {
 struct ParsedPage {
     std::vector<Element> elements; ///< the root first, a parent before its children
     std::vector<TextPlace> texts;
+    bool inQuirksMode = false;
 };
 
 /// `page` is without server parts. Never fails: see ElementTree::parse.

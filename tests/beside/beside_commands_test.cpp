@@ -14,7 +14,7 @@ struct Fixture : BesideView {
     std::string text = "<p>one</p><p>two</p>";
     Offset place = 0;
     TextRange selected;
-    std::optional<std::pair<std::uint64_t, PageUse>> wanted;
+    std::optional<PageTextRequest> wanted;
 
     bool load(const std::string &path, std::shared_ptr<const PageText>) override
     {
@@ -22,7 +22,7 @@ struct Fixture : BesideView {
     }
     void reload(std::shared_ptr<const PageText>) override { add("reload"); }
     void unload() override { }
-    void prepare(std::uint64_t revision, PageUse use) override { wanted = {revision, use}; }
+    void prepare(PageTextRequest request) override { wanted = std::move(request); }
     void pause(std::chrono::milliseconds) override { add("pause"); }
     void ask(const std::string &call) override { add(call.substr(0, call.find_first_of("\"1"))); }
     void say(std::string_view said) override { note = said; }
@@ -36,8 +36,8 @@ struct Fixture : BesideView {
     }
     void makeReady()
     {
-        const auto [revision, use] = *std::exchange(wanted, std::nullopt);
-        commands.prepared(std::make_shared<PageText>(makePageText(text, revision, use)));
+        const auto request = *std::exchange(wanted, std::nullopt);
+        commands.prepared(std::make_shared<PageText>(makePageText(text, request)));
     }
     /// What was asked of the view by this.
     template <typename Step> std::string by(Step step)

@@ -20,7 +20,7 @@
     const firstChild = getter(Node, 'firstChild'), nextSibling = getter(Node, 'nextSibling');
     const dataOf = getter(CharacterData, 'data'), attributesOf = getter(Element, 'attributes');
     const setData = method(CharacterData, 'replaceData'), markupOf = getter(Element, 'innerHTML');
-    const root = getter(Document, 'documentElement'), modeOf = getter(Document, 'compatMode');
+    const root = getter(Document, 'documentElement'), bodyOf = getter(Document, 'body'), modeOf = getter(Document, 'compatMode');
     const importNode = method(Document, 'importNode'), insertBefore = method(Node, 'insertBefore');
     const removeChild = method(Node, 'removeChild'), appendChild = method(Node, 'appendChild');
     const setAttribute = method(Element, 'setAttributeNode'), removeAttribute = method(Element, 'removeAttribute');
@@ -57,6 +57,8 @@
     const sameList = (a, b) => a.length === b.length && a.every((value, i) => value === b[i]);
 
     function equal(a, b) {
+        if (a === b)
+            return true;
         const known = compared.get(b);
         if (known && known.to === a)
             return known.result;
@@ -142,6 +144,8 @@
     }
 
     function keep(a, b) {
+        if (a === b)
+            return;
         bind(b, a.live);
         a.children.forEach((child, i) => keep(child, b.children[i]));
     }
@@ -302,19 +306,61 @@
         showCaret(caret);
     }
 
+    /// Some children of one element are others: what began in [start, end) of the text. The rest has moved.
+    function settlePart(parentAt, previous, next, start, end, growth, text, caret) {
+        compared = new Map();
+        const parent = elements.get(parentAt);
+        if (!now || !parent || !parent.live)
+            refuse('part');
+        const place = at => parent.children.findIndex(child => child.at === at);
+        const first = previous < 0 ? 0 : place(previous) + 1;
+        const last = next < 0 ? parent.children.length : place(next);
+        if (last < first || (previous >= 0 && first === 0))
+            refuse('part');
+        const mode = now.mode;
+        const before = now;
+        now = null;
+        const parsed = new DOMParser().parseFromString(
+            (mode === 'BackCompat' ? '' : '<!DOCTYPE html>') + '<body>' + text, 'text/html');
+        const part = read(bodyOf(parsed));
+        moveElements(start, end, growth);
+        const old = {...parent};
+        parent.children = [...old.children.slice(0, first), ...part.children, ...old.children.slice(last)];
+        changeChildren(old, parent);
+        now = before;
+        part.children.forEach(release);
+        showCaret(caret);
+    }
+
+    function moveElements(start, end, growth) {
+        const moved = new Map();
+        for (const [at, item] of elements) {
+            if (at >= end)
+                item.at = at + growth;
+            if (at < start || at >= end)
+                moved.set(item.at, item);
+        }
+        elements = moved;
+    }
+
+    /// Whatever a step comes upon that it cannot do, the editor is told.
+    function attempt(step) {
+        try {
+            keepPlace(step);
+            return 'done';
+        } catch (error) {
+            now = null;
+            return 'refused: ' + error.message;
+        } finally {
+            compared = null;
+        }
+    }
+
     globalThis.following = {
         /// The text that the page was loaded from, or a later one.
-        show(text, caret) {
-            try {
-                keepPlace(() => settle(text, caret));
-                return 'done';
-            } catch (error) {
-                now = null;
-                return 'refused: ' + error.message;
-            } finally {
-                compared = null;
-            }
-        },
+        show: (text, caret) => attempt(() => settle(text, caret)),
+        /// Part of a later one, see PageChange.
+        change: (...given) => attempt(() => settlePart(...given)),
         caret(at) {
             showCaret(at);
             return 'done';

@@ -79,10 +79,10 @@ private:
         m_control.unload();
         m_loaded = false;
     }
-    void prepare(std::uint64_t revision, PageUse use) override
+    void prepare(PageTextRequest request) override
     {
-        QTimer::singleShot(0, this, [this, page = makePageText(m_text, revision, use)] {
-            m_commands.prepared(std::make_shared<PageText>(page));
+        QTimer::singleShot(0, this, [this, page = std::make_shared<PageText>(makePageText(m_text, request))] {
+            m_commands.prepared(page);
         });
     }
     void pause(std::chrono::milliseconds time) override { m_pause.start(time); }
