@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 
@@ -29,26 +28,30 @@ struct Closer {
 
 std::optional<FileBytes> FileBytes::read(const std::string &path)
 {
-    const std::unique_ptr<std::FILE, Closer> file(path == standardInput ? stdin : openForReading(path));
+    std::error_code error;
+    const std::unique_ptr<std::FILE, Closer> file(
+        path == standardInput ? stdin : openForReading(path, error));
     FileBytes bytes;
     std::error_code unknownSize;
     const auto size = std::filesystem::file_size(systemPath(path), unknownSize);
     if (file)
-        bytes.readAll(*file, unknownSize ? initialCapacity : static_cast<std::size_t>(size) + 1);
-    if (!file || std::ferror(file.get())) {
-        std::fprintf(stderr, "kevra-cli: %s: %s\n", path.c_str(), std::strerror(errno));
+        error = bytes.readAll(*file, unknownSize ? initialCapacity : static_cast<std::size_t>(size) + 1);
+    if (error) {
+        std::fprintf(stderr, "kevra-cli: %s: %s\n", path.c_str(), error.message().c_str());
         return std::nullopt;
     }
     return bytes;
 }
 
-void FileBytes::readAll(std::FILE &file, std::size_t capacity)
+std::error_code FileBytes::readAll(std::FILE &file, std::size_t capacity)
 {
     m_bytes = allocateBytes(capacity);
     for (;;) {
         m_size += std::fread(m_bytes.get() + m_size, 1, capacity - m_size, &file);
+        if (std::ferror(&file))
+            return {errno, std::generic_category()};
         if (m_size < capacity)
-            return;
+            return {};
         auto larger = allocateBytes(2 * capacity);
         std::copy_n(m_bytes.get(), m_size, larger.get());
         m_bytes = std::move(larger);

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace kevra {
 
@@ -23,7 +24,7 @@ public:
 private:
     static constexpr std::size_t initialCapacity = 1 << 20;
 
-    void readAll(std::FILE &file, std::size_t capacity);
+    [[nodiscard]] std::error_code readAll(std::FILE &file, std::size_t capacity);
 
     RawBuffer m_bytes;
     std::size_t m_size = 0;

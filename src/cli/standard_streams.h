@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace kevra {
@@ -13,7 +14,7 @@ namespace kevra {
 void prepareStandardStreams();
 /// What the program was started with, its own name first.
 [[nodiscard]] std::vector<std::string> arguments(int argc, char **argv);
-/// Null where it cannot be read; errno says why.
-[[nodiscard]] std::FILE *openForReading(const std::string &path);
+/// Null, with `error` set, where it cannot be read.
+[[nodiscard]] std::FILE *openForReading(const std::string &path, std::error_code &error);
 
 } // namespace kevra

@@ -3,6 +3,7 @@
 
 #include "text/system_path.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
@@ -31,9 +32,11 @@ std::vector<std::string> arguments(int, char **)
     return out;
 }
 
-std::FILE *openForReading(const std::string &path)
+std::FILE *openForReading(const std::string &path, std::error_code &error)
 {
-    return _wfopen(systemPath(path).c_str(), L"rb");
+    auto *file = _wfopen(systemPath(path).c_str(), L"rb");
+    error = file ? std::error_code() : std::error_code(errno, std::generic_category());
+    return file;
 }
 
 } // namespace kevra

@@ -36,7 +36,7 @@ bool writeFile(QIODevice &device, const QSettings::SettingsMap &map)
     const auto size = static_cast<qint64>(bytes.size());
     auto *file = qobject_cast<QFileDevice *>(&device);
     return file && file->write(bytes.data(), size) == size && file->flush() && file->size() == size
-        && synchronise(file->handle());
+        && !synchronise(file->handle());
 }
 
 QSettings::Format format()

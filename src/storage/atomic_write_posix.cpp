@@ -42,7 +42,8 @@ public:
         , m_handle(openFile(".", O_TMPFILE | O_WRONLY, 0600, folder))
     {
         // Not every file system supports O_TMPFILE.
-        if (m_handle || (errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL && errno != ENOENT))
+        constexpr std::array unsupported{EOPNOTSUPP, EISDIR, EINVAL, ENOENT};
+        if (std::ranges::find(unsupported, m_handle.error().value()) == unsupported.end())
             return;
         m_handle = openFile(m_name, O_CREAT | O_EXCL | O_WRONLY, 0600, folder);
         m_named = static_cast<bool>(m_handle);
@@ -56,26 +57,27 @@ public:
     NewFile &operator=(const NewFile &) = delete;
 
     [[nodiscard]] int descriptor() const { return m_handle.get(); }
-    explicit operator bool() const { return static_cast<bool>(m_handle); }
+    [[nodiscard]] std::error_code error() const { return m_handle.error(); } ///< why it is not there
 
-    [[nodiscard]] bool moveTo(const std::string &name, const FileStore::Replaced &replaced)
+    [[nodiscard]] std::error_code moveTo(const std::string &name, const FileStore::Replaced &replaced)
     {
-        if (!m_named && link(name))
-            return true;
-        if (!m_named && !(errno == EEXIST && link(m_name)))
-            return false;
+        if (!m_named) {
+            if (const auto error = link(name); error != std::errc::file_exists)
+                return error;
+            if (const auto error = link(m_name))
+                return error;
+        }
         m_named = true;
         // Exchanges the two files, so that the old one is read when no other program can save to it by name.
         if (replaced && ::renameat2(m_folder, m_name.c_str(), m_folder, name.c_str(), RENAME_EXCHANGE) == 0) {
             passContent(m_name, replaced);
-            return true;
+            return {};
         }
         if (replaced)
             passContent(name, replaced);
-        if (::renameat(m_folder, m_name.c_str(), m_folder, name.c_str()) != 0)
-            return false;
-        m_named = false;
-        return true;
+        const auto error = errorOf(::renameat(m_folder, m_name.c_str(), m_folder, name.c_str()));
+        m_named = static_cast<bool>(error);
+        return error;
     }
 
 private:
@@ -88,10 +90,10 @@ private:
         if (const auto bytes = readAll(file.get()))
             replaced(*bytes);
     }
-    [[nodiscard]] bool link(const std::string &name) const
+    [[nodiscard]] std::error_code link(const std::string &name) const
     {
         const auto self = "/proc/self/fd/" + std::to_string(m_handle.get());
-        return ::linkat(AT_FDCWD, self.c_str(), m_folder, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+        return errorOf(::linkat(AT_FDCWD, self.c_str(), m_folder, name.c_str(), AT_SYMLINK_FOLLOW));
     }
 
     int m_folder;
@@ -170,31 +172,33 @@ Saved writeWithReaders(Readers readers, const std::string &target, std::string_v
 {
     const auto folder = openFile(folderOf(target), O_RDONLY | O_DIRECTORY);
     if (!folder)
-        return savedFromErrno();
+        return outcomeOf(folder.error());
     NewFile file(folder.get());
-    if (!file)
-        return savedFromErrno();
-    if (!writeAll(file.descriptor(), bytes, 0))
-        return savedFromErrno();
+    if (file.error())
+        return outcomeOf(file.error());
+    if (const auto error = writeAll(file.descriptor(), bytes, 0))
+        return outcomeOf(error);
 
-    struct stat old { };
+    std::error_code error;
     if (readers == Readers::OwnerOnly) {
         // Keep the mode 0600 it was created with.
-    } else if (::stat(target.c_str(), &old) == 0) {
+    } else if (const auto old = statusOf(target, error)) {
         const auto oldFile = openFile(target, O_RDONLY);
-        if (!copyMetadata(old, oldFile.get(), file.descriptor()))
+        if (!copyMetadata(*old, oldFile.get(), file.descriptor()))
             return Saved::Denied;
-    } else if (errno != ENOENT || ::fchmod(file.descriptor(), modeOfCopy(original, file.descriptor())) != 0) {
-        return savedFromErrno();
+    } else if (error != std::errc::no_such_file_or_directory) {
+        return outcomeOf(error);
+    } else if (::fchmod(file.descriptor(), modeOfCopy(original, file.descriptor())) != 0) {
+        return outcomeOf(lastError());
     }
 
-    if (!synchronise(file.descriptor()))
-        return savedFromErrno();
+    if (const auto unsynchronised = synchronise(file.descriptor()))
+        return outcomeOf(unsynchronised);
     if (!isWhole(file.descriptor(), bytes.size()))
         return Saved::Failed;
-    if (!file.moveTo(nameOf(target), replaced))
-        return savedFromErrno();
-    return synchronise(folder.get()) ? Saved::Ok : savedFromErrno();
+    if (const auto unmoved = file.moveTo(nameOf(target), replaced))
+        return outcomeOf(unmoved);
+    return outcomeOf(synchronise(folder.get()));
 }
 
 } // namespace

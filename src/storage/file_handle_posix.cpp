@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "storage/file_handle_posix.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -24,22 +25,42 @@ template <typename Call> auto retried(Call call)
 
 } // namespace
 
-FileHandle openFile(const std::string &path, int flags, mode_t mode, int folder)
+std::error_code lastError()
 {
-    return FileHandle(retried(
-        [&] { return ::openat(folder, path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode); }));
+    return {errno, std::generic_category()};
 }
 
-bool writeAll(int descriptor, std::string_view bytes, off_t at)
+std::error_code errorOf(int result)
+{
+    return result < 0 ? lastError() : std::error_code();
+}
+
+std::optional<struct stat> statusOf(const std::string &path, std::error_code &error)
+{
+    struct stat status { };
+    error = errorOf(::stat(path.c_str(), &status));
+    return error ? std::nullopt : std::optional(status);
+}
+
+FileHandle openFile(const std::string &path, int flags, mode_t mode, int folder)
+{
+    const int descriptor = retried(
+        [&] { return ::openat(folder, path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode); });
+    return descriptor < 0 ? FileHandle(lastError()) : FileHandle(descriptor);
+}
+
+std::error_code writeAll(int descriptor, std::string_view bytes, off_t at)
 {
     while (!bytes.empty()) {
         const auto written = retried([&] { return ::pwrite(descriptor, bytes.data(), bytes.size(), at); });
-        if (written <= 0)
-            return false;
+        if (written < 0)
+            return lastError();
+        if (written == 0)
+            return std::make_error_code(std::errc::io_error);
         bytes.remove_prefix(static_cast<std::size_t>(written));
         at += written;
     }
-    return true;
+    return {};
 }
 
 std::optional<std::string> readAll(int descriptor)
@@ -67,16 +88,18 @@ std::optional<std::string> readAll(int descriptor)
     return bytes;
 }
 
-bool synchronise(int descriptor)
+std::error_code synchronise(int descriptor)
 {
-    if (retried([&] { return ::fsync(descriptor); }) == 0)
-        return true;
-    return errno == EINVAL || errno == ENOSYS || errno == EOPNOTSUPP || errno == EROFS;
+    const auto error = errorOf(retried([&] { return ::fsync(descriptor); }));
+    constexpr std::array unsupported{EINVAL, ENOSYS, EOPNOTSUPP, EROFS};
+    return std::ranges::find(unsupported, error.value()) == unsupported.end() ? error : std::error_code();
 }
 
-Saved savedFromErrno()
+Saved outcomeOf(std::error_code error)
 {
-    switch (errno) {
+    switch (error.value()) {
+    case 0:
+        return Saved::Ok;
     case ENOSPC:
     case EDQUOT:
     case EFBIG:

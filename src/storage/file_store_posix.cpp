@@ -14,10 +14,11 @@
 namespace kevra {
 namespace {
 
+/// Nothing when there is no such file, or when it cannot be found out.
 std::optional<struct stat> statusOf(const std::string &path)
 {
-    struct stat status { };
-    return ::stat(path.c_str(), &status) == 0 ? std::optional(status) : std::nullopt;
+    std::error_code error;
+    return kevra::statusOf(path, error);
 }
 
 bool isWritable(const std::string &path)
@@ -108,9 +109,10 @@ Saved FileStorePosix::put(const std::string &path, std::string_view bytes, const
     const auto target = linkTarget(native(path));
     if (target.empty() || target.ends_with('/'))
         return Saved::Failed;
-    const auto status = statusOf(target);
-    if (!status && errno != ENOENT)
-        return savedFromErrno();
+    std::error_code error;
+    const auto status = statusOf(target, error);
+    if (error && error != std::errc::no_such_file_or_directory)
+        return outcomeOf(error);
     if (status && !S_ISREG(status->st_mode))
         return Saved::NotAFile;
     if (status && !isWritable(target))
@@ -133,7 +135,7 @@ Saved FileStorePosix::putOverReadOnly(
     if (!status || !S_ISREG(status->st_mode) || isWritable(target))
         return put(path, bytes, replaced);
     if (::chmod(target.c_str(), (status->st_mode & 07777) | S_IWUSR) != 0)
-        return savedFromErrno();
+        return outcomeOf(lastError());
     const auto saved = put(path, bytes, replaced);
     if (saved != Saved::Ok)
         ::chmod(target.c_str(), status->st_mode & 07777);
@@ -142,9 +144,10 @@ Saved FileStorePosix::putOverReadOnly(
 
 Saved FileStorePosix::writeCopy(const std::string &original, const std::string &path, std::string_view bytes)
 {
-    const auto status = statusOf(native(original));
+    std::error_code error;
+    const auto status = statusOf(native(original), error);
     if (!status)
-        return savedFromErrno();
+        return outcomeOf(error);
     return writeAtomically(native(path), bytes, &*status);
 }
 

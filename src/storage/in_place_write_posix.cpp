@@ -22,20 +22,28 @@ struct Change {
     std::string_view after;
 };
 
+std::error_code cutAndSynchronise(int file, std::size_t size)
+{
+    const auto error = errorOf(::ftruncate(file, static_cast<off_t>(size)));
+    return error ? error : synchronise(file);
+}
+
 /// Appends first: if the disk is full, the old bytes are still untouched.
-bool overwrite(int file, const Change &change)
+std::error_code overwrite(int file, const Change &change)
 {
     const auto common = std::min(change.before.size(), change.after.size());
-    return writeAll(file, change.after.substr(common), static_cast<off_t>(common))
-        && writeAll(file, change.after.substr(0, common), 0)
-        && ::ftruncate(file, static_cast<off_t>(change.after.size())) == 0 && synchronise(file);
+    if (const auto error = writeAll(file, change.after.substr(common), static_cast<off_t>(common)))
+        return error;
+    if (const auto error = writeAll(file, change.after.substr(0, common), 0))
+        return error;
+    return cutAndSynchronise(file, change.after.size());
 }
 
 /// Fails only on a disk error, since the space exists; then the safety copy remains.
-bool putBack(int file, const Change &change)
+std::error_code putBack(int file, const Change &change)
 {
-    return writeAll(file, change.before, 0)
-        && ::ftruncate(file, static_cast<off_t>(change.before.size())) == 0 && synchronise(file);
+    const auto error = writeAll(file, change.before, 0);
+    return error ? error : cutAndSynchronise(file, change.before.size());
 }
 
 /// Whether these bytes can be an interrupted write of this change.
@@ -56,7 +64,7 @@ FileHandle openRegular(const std::string &path, int flags)
     auto file = openFile(path, flags);
     struct stat status { };
     if (file && (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)))
-        return {};
+        return FileHandle(std::make_error_code(std::errc::invalid_argument));
     return file;
 }
 
@@ -73,7 +81,7 @@ void complete(const std::string &copy)
         const auto file = openRegular((*fields)[0], O_RDWR);
         const auto now = file ? readAll(file.get()) : std::nullopt;
         if (now && *now != change.before && *now != change.after && isTorn(*now, change)
-            && !overwrite(file.get(), change))
+            && overwrite(file.get(), change))
             return;
     }
     ::unlink(copy.c_str());
@@ -93,7 +101,7 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
 {
     const auto file = openRegular(target, O_RDWR);
     if (!file)
-        return savedFromErrno();
+        return outcomeOf(file.error());
     const auto before = readAll(file.get());
     if (!before)
         return Saved::Failed;
@@ -112,17 +120,13 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
     if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 || ::fstat(lock.get(), &status) != 0
         || status.st_nlink == 0)
         return Saved::Failed;
-    if (!overwrite(file.get(), change)) {
-        const auto outcome = savedFromErrno();
-        if (!putBack(file.get(), change)) {
-            context.copy = copy;
-            return Saved::Torn;
-        }
-        ::unlink(copy.c_str());
-        return outcome;
+    const auto failed = overwrite(file.get(), change);
+    if (failed && putBack(file.get(), change)) {
+        context.copy = copy;
+        return Saved::Torn;
     }
     ::unlink(copy.c_str());
-    return Saved::Ok;
+    return outcomeOf(failed);
 }
 
 void completeTornWrites(const std::string &stateFolder)

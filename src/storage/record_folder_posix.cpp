@@ -40,14 +40,15 @@ Saved RecordFolder::open()
     std::error_code error;
     if (m_place == Place::Private)
         std::filesystem::create_directories(std::filesystem::path(m_path).parent_path(), error);
-    if (::mkdir(m_path.c_str(), 0700) != 0 && !exists())
-        return errno == EEXIST ? Saved::Denied : savedFromErrno();
+    const auto unmade = errorOf(::mkdir(m_path.c_str(), 0700));
+    if (unmade && !exists())
+        return unmade == std::errc::file_exists ? Saved::Denied : outcomeOf(unmade);
     // Only the user may read what they wrote.
     ::chmod(m_path.c_str(), 0700);
     for (int number = 1; number <= maxPrograms; ++number) {
         auto handle = openLock(number);
         if (!handle && !isIrregularFile(file(number, ".lock")))
-            return savedFromErrno();
+            return outcomeOf(handle.error());
         if (takeLock(handle)) {
             m_lock = std::move(handle);
             m_number = number;

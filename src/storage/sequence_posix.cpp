@@ -39,7 +39,7 @@ std::uint64_t Sequence::next()
         startAfter(storedNumber(file.get()));
     ++m_last;
     if (locked)
-        std::ignore = writeAll(file.get(), padded(m_last), 0);
+        std::ignore = writeAll(file.get(), padded(m_last), 0); // then the file repeats a number: no harm
     return m_last;
 }
 
