@@ -50,9 +50,9 @@ constexpr int snippetKind = 15;
 void appendSnippets(const Context &context, const Json &range, Json &items)
 {
     for (const auto &snippet : context.snippets) {
-        // Line ends are the client's own.
+        // The client chooses the line ends.
         std::string text(snippet.text);
-        // Neovim's own completion, for one, puts lines into one.
+        // Neovim's built-in completion, for example, puts several lines into one.
         if (!context.client.snippets && text.find('\n') != text.npos)
             continue;
         std::erase(text, '\r');
@@ -87,7 +87,7 @@ Answer signatureHelp(const Context &context, const Json &params)
         return Json();
     Json parameters = Json::array();
     for (const auto &parameter : call->parameters)
-        // As text: in whichever unit positions are counted, the offsets would have to be UTF-16.
+        // As text: offsets would have to be in UTF-16 whatever unit was negotiated.
         parameters.push_back({{"label",
             call->signature.substr(
                 static_cast<std::size_t>(parameter.start), static_cast<std::size_t>(parameter.length()))}});

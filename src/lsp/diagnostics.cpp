@@ -62,7 +62,7 @@ using script::Rule;
 {
     const auto &only = at(params, Json::json_pointer("/context/only"));
     return !only.is_array() || std::ranges::any_of(only, [&](const Json &wanted) {
-        // "source" asks for "source.fixAll" as well.
+        // "source" includes "source.fixAll".
         return wanted.is_string()
             && (std::string(kind) + '.').starts_with(wanted.get_ref<const std::string &>() + '.');
     });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the server does with each request: parameters in, result out. Documents change elsewhere.
+// The handlers of requests: parameters in, result out. They do not change documents.
 #pragma once
 
 #include "lsp/protocol.h"
@@ -11,7 +11,7 @@
 
 namespace kevra::lsp {
 
-/// A ready-made piece of text that completion offers.
+/// A snippet that completion offers.
 struct SnippetText {
     std::string_view name;
     std::string_view text;
@@ -19,11 +19,11 @@ struct SnippetText {
 
 struct Context {
     Workspace &workspace;
-    const ClientAbilities &client;
+    const ClientCapabilities &client;
     std::span<const SnippetText> snippets;
 };
 
-/// The document and the place that `params` name; the document is null where it is not known.
+/// The document and the position in `params`; the document is null if it is unknown.
 struct Place {
     const Document *document = nullptr;
     Offset offset = 0;
@@ -32,13 +32,13 @@ struct Place {
 
 using RequestHandler = Answer (*)(const Context &, const Json &params);
 
-/// Null for methods the server does not know.
+/// Null for unknown methods.
 [[nodiscard]] RequestHandler handlerOf(std::string_view method);
 
-/// The answer to "initialize".
+/// The response to "initialize".
 [[nodiscard]] Json serverCapabilities(PositionUnit unit);
 
-/// The diagnostics of a document as the protocol has them.
+/// The diagnostics of a document in the protocol's form.
 [[nodiscard]] Json diagnosticsOf(const Context &context, const Document &document);
 
 // navigation.cpp
@@ -48,7 +48,7 @@ using RequestHandler = Answer (*)(const Context &, const Json &params);
 [[nodiscard]] Answer prepareRename(const Context &context, const Json &params);
 [[nodiscard]] Answer rename(const Context &context, const Json &params);
 
-/// What stands for the name at the place, in another file that is loaded with this one.
+/// The declaration of the name at the position in another file that is loaded with this one.
 [[nodiscard]] std::optional<script::Description> describedElsewhere(
     const Context &context, const Place &place);
 

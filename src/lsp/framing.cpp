@@ -60,13 +60,13 @@ Frame FrameReader::refused(std::size_t length, std::string why)
     return {{}, std::move(why)};
 }
 
-/// Goes on to what looks like a header; false where nothing does so far.
+/// Skips to the next header; false if there is none so far.
 bool FrameReader::findHeader()
 {
     const auto field = std::search(m_bytes.begin() + static_cast<std::ptrdiff_t>(m_start), m_bytes.end(),
         fieldName.begin(), fieldName.end(), [](char a, char b) { return lowerAscii(a) == lowerAscii(b); });
     m_lost = field == m_bytes.end();
-    // The field's name may have come in part.
+    // Only part of the field's name may have been received.
     const auto kept = m_lost ? std::min(fieldName.size() - 1, m_bytes.size() - m_start)
                              : static_cast<std::size_t>(m_bytes.end() - field);
     m_start = m_bytes.size() - kept;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The base protocol: messages in a stream of bytes, each with a header that says how long it is.
+// The base protocol: messages in a stream of bytes, each with a header that gives its length.
 #pragma once
 
 #include <optional>
@@ -13,12 +13,12 @@ struct Frame {
     std::string fault; ///< why there is no content
 };
 
-/// Takes the bytes as they come, in any portions. What is no header is reported once and passed over, up to
-/// the next that is one.
+/// Takes the bytes in chunks of any size. Anything that is not a header is reported once and skipped up to
+/// the next header.
 class FrameReader {
 public:
     void add(std::string_view bytes) { m_bytes += bytes; }
-    /// Nothing until more bytes have come.
+    /// Nothing until more bytes are received.
     [[nodiscard]] std::optional<Frame> next();
 
 private:
@@ -27,8 +27,8 @@ private:
     bool findHeader();
 
     std::string m_bytes;
-    std::size_t m_start = 0; ///< of what has not been handed out
-    bool m_lost = false; ///< where a message begins is not known
+    std::size_t m_start = 0; ///< of the bytes not returned yet
+    bool m_lost = false; ///< out of step: looking for the next header
 };
 
 [[nodiscard]] std::string framed(std::string_view content);

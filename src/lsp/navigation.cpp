@@ -16,7 +16,7 @@ struct Found {
     std::vector<Occurrence> places;
 };
 
-/// Every file that knows the thing, its own first.
+/// Every file that can refer to the symbol, its own first.
 [[nodiscard]] std::vector<Found> everywhere(
     const Context &context, const Document &document, const script::NamedThing &thing)
 {
@@ -55,7 +55,7 @@ struct Asked {
     return {place.document, place.document ? namedAt(place.document->model(), place.offset) : std::nullopt};
 }
 
-/// The file named by a src= or #include at the place.
+/// The file named by a src= or #include at the position.
 [[nodiscard]] Json includedAt(const Context &context, const Json &params)
 {
     const auto place = placeOf(context, params);
@@ -102,7 +102,7 @@ Answer definition(const Context &context, const Json &params)
                 firstWrites.push_back(locationOf(*file.document, place.range));
         }
     }
-    // A variable that is nowhere declared begins where it is first written.
+    // An undeclared variable counts as declared where it is first assigned.
     return declarations.empty() ? firstWrites : declarations;
 }
 

@@ -31,9 +31,9 @@ const Json &at(const Json &json, const Json::json_pointer &path)
     return json.contains(path) ? json.at(path) : null;
 }
 
-ClientAbilities abilitiesOf(const Json &capabilities)
+ClientCapabilities capabilitiesOf(const Json &capabilities)
 {
-    ClientAbilities client;
+    ClientCapabilities client;
     const auto has = [&](const char *path) { return !at(capabilities, Json::json_pointer(path)).is_null(); };
     client.pullsDiagnostics = has("/textDocument/diagnostic");
     client.relatedInformation = isTrue(capabilities, "/textDocument/publishDiagnostics/relatedInformation");

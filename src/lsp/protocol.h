@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Between the analysis and the protocol's JSON.
+// Conversions between the analysis and the protocol's JSON.
 #pragma once
 
 #include "lsp/workspace.h"
@@ -30,11 +30,11 @@ struct Failure {
     std::string message;
 };
 
-/// What a request is answered with.
+/// The outcome of a request.
 using Answer = std::variant<Json, Failure>;
 
-/// What the client said it can take.
-struct ClientAbilities {
+/// The capabilities that the client announced.
+struct ClientCapabilities {
     bool pullsDiagnostics = false;
     bool relatedInformation = false;
     bool diagnosticTags = false;
@@ -43,12 +43,12 @@ struct ClientAbilities {
     bool hierarchicalSymbols = false;
     bool literalCodeActions = false;
 };
-[[nodiscard]] ClientAbilities abilitiesOf(const Json &capabilities);
+[[nodiscard]] ClientCapabilities capabilitiesOf(const Json &capabilities);
 
-/// A value deep inside, or null where any step of the way is missing.
+/// A nested value, or null if any part of the path is missing.
 [[nodiscard]] const Json &at(const Json &json, const Json::json_pointer &path);
 
-/// These throw std::exception where the JSON has another form.
+/// These throw std::exception if the JSON has another form.
 [[nodiscard]] Position positionOf(const Json &json);
 [[nodiscard]] TextRange rangeOf(const TextDocument &text, const Json &json);
 [[nodiscard]] const std::string &uriOf(const Json &params); ///< of params.textDocument
@@ -61,7 +61,7 @@ struct ClientAbilities {
 /// Collects the edits of several files as a WorkspaceEdit.
 class EditCollector {
 public:
-    explicit EditCollector(const ClientAbilities &client)
+    explicit EditCollector(const ClientCapabilities &client)
         : m_versioned(client.documentChanges)
     {
     }

@@ -12,8 +12,8 @@
 namespace kevra::lsp {
 namespace {
 
-/// Bytes that have come and were not looked at. Reading goes on while a request is answered, so that its
-/// cancellation is seen.
+/// Bytes received and not processed yet. Reading continues while a request is handled, so that its
+/// cancellation is noticed.
 struct Inbox {
     std::mutex mutex;
     std::condition_variable arrived;
@@ -68,7 +68,7 @@ int serve(DiskFiles &disk, std::vector<SnippetText> snippets, const ReadBytes &r
     Session session(disk, std::move(snippets), [&](const std::string &message) { write(framed(message)); });
     FrameReader frames;
     const auto inbox = std::make_shared<Inbox>();
-    // Ends with the process: after "exit" it may wait for bytes that never come.
+    // Detached: after "exit" it may wait for bytes that never come.
     std::thread([inbox, read] { readInto(inbox, read); }).detach();
     while (!session.hasEnded()) {
         receiveAll(session, frames, inbox->take(Inbox::Waiting::NotAtAll));

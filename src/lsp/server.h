@@ -9,7 +9,7 @@
 
 namespace kevra::lsp {
 
-/// Waits for bytes; returns how many have come, 0 at the end of the input.
+/// Waits for bytes; returns their number, 0 at the end of the input.
 using ReadBytes = std::function<std::size_t(char *room, std::size_t size)>;
 using WriteBytes = std::function<void(std::string_view)>;
 

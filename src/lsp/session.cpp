@@ -31,7 +31,7 @@ struct UnitName {
 constexpr std::array unitNames{UnitName{"utf-8", PositionUnit::Utf8}, UnitName{"utf-16", PositionUnit::Utf16},
     UnitName{"utf-32", PositionUnit::Utf32}};
 
-/// The first that the client offers and we know.
+/// The client's first choice that is supported here.
 [[nodiscard]] PositionUnit agreedUnit(const Json &params)
 {
     for (const auto &offered : at(params, Json::json_pointer("/capabilities/general/positionEncodings"))) {
@@ -68,7 +68,7 @@ void Session::receive(std::string_view content)
     if (!sound)
         return respond(Json(), Failure{ErrorCode::InvalidRequest, "The message is no request."});
     if (!message.contains("method"))
-        return; // an answer; nothing was asked
+        return; // a response; no request was sent
     if (message["method"] != "$/cancelRequest") {
         m_queue.push_back(std::move(message));
         return;
@@ -86,7 +86,7 @@ bool Session::processNext()
         return false;
     const auto message = std::move(m_queue.front());
     m_queue.pop_front();
-    m_workspace.lookAgain();
+    m_workspace.recheckFiles();
     if (isRequest(message)) {
         request(message);
         return true;
@@ -94,7 +94,7 @@ bool Session::processNext()
     try {
         notification(message["method"], paramsOf(message));
     } catch (const std::exception &) {
-        // A notification has no answer. What its parameters lack leaves everything as it was.
+        // A notification has no response. One with invalid parameters changes nothing.
     }
     return true;
 }
@@ -131,9 +131,9 @@ Answer Session::answerTo(const std::string &method, const Json &params)
 
 Answer Session::initialize(const Json &params)
 {
-    m_client = abilitiesOf(at(params, Json::json_pointer("/capabilities")));
+    m_client = capabilitiesOf(at(params, Json::json_pointer("/capabilities")));
     const auto unit = agreedUnit(params);
-    m_workspace.agreeOn(unit);
+    m_workspace.setPositionUnit(unit);
     const auto &folders = at(params, Json::json_pointer("/workspaceFolders"));
     for (const auto &folder : folders)
         m_workspace.addFolder(folder.at("uri"));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One conversation with a client: which messages are answered, when, and with what. Nothing here waits or
-// reads; messages are handed in and handed out.
+// One session with a client: orders, cancels and answers its messages. It does no input or output itself:
+// messages are passed in, and sent through a function.
 #pragma once
 
 #include "lsp/features.h"
@@ -16,22 +16,22 @@ namespace kevra::lsp {
 
 class Session {
 public:
-    /// `send` gets each message as JSON in UTF-8. All named must outlive the session.
+    /// `send` gets each message as JSON in UTF-8. The arguments must outlive the session.
     Session(
         DiskFiles &disk, std::vector<SnippetText> snippets, std::function<void(const std::string &)> send);
 
-    /// Puts the message in the queue. What is none is answered at once, and a cancellation counts at once.
+    /// Queues a message. An invalid one is answered at once, and a cancellation takes effect at once.
     void receive(std::string_view content);
-    /// A stretch of bytes that was no message.
+    /// For bytes that were not a message.
     void receiveFault(const std::string &why);
-    /// Answers the next message; false where there is none.
+    /// Processes the next message; false if there is none.
     bool processNext();
-    /// Sends what is due once no message waits: the diagnostics of the texts that have changed.
+    /// Call when no message is queued: sends the diagnostics of the texts that have changed.
     void processIdle();
 
-    /// The client has asked for the end.
+    /// The client has requested the exit.
     [[nodiscard]] bool hasEnded() const { return m_state == State::Ended; }
-    /// 0 after an orderly end, 1 otherwise.
+    /// 0 after a shutdown request, 1 otherwise.
     [[nodiscard]] int exitCode() const { return m_orderly ? 0 : 1; }
 
 private:
@@ -54,7 +54,7 @@ private:
     Workspace m_workspace;
     std::vector<SnippetText> m_snippets;
     std::function<void(const std::string &)> m_send;
-    ClientAbilities m_client;
+    ClientCapabilities m_client;
     State m_state = State::Fresh;
     bool m_orderly = false;
     std::deque<Json> m_queue;

@@ -47,7 +47,7 @@ using script::OutlineKind;
     return out;
 }
 
-/// Letters of the query in their order.
+/// Whether the name contains the letters of the query in order.
 [[nodiscard]] bool matches(const std::string &name, const std::string &query)
 {
     std::size_t at = 0;

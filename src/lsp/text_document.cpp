@@ -44,7 +44,7 @@ void TextDocument::replace(TextRange range, std::string_view text)
     m_ascii = m_ascii && isAscii(text);
     m_known = {};
     const auto added = static_cast<Offset>(text.size());
-    // Whether a line starts at the edges may change too: a CR meets an LF, or leaves it.
+    // Line starts at the edges may change too, if a CR and an LF are joined or separated.
     const auto first = std::ranges::lower_bound(m_starts, std::max<Offset>(range.start, 1));
     const auto last = std::ranges::upper_bound(m_starts, range.end);
     for (auto start = last; start != m_starts.end(); ++start)
@@ -55,7 +55,7 @@ void TextDocument::replace(TextRange range, std::string_view text)
     m_starts.insert(at, between.begin(), between.end());
 }
 
-/// Before the line's end characters.
+/// Before the line break.
 Offset TextDocument::lineEnd(std::size_t line) const
 {
     auto end = line + 1 < m_starts.size() ? m_starts[line + 1] : static_cast<Offset>(m_text.size());

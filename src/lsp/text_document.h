@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A text as the client sees it: positions are lines and characters, counted in what was agreed on.
+// A text with positions as the client counts them: line and character, in the negotiated unit.
 #pragma once
 
 #include "text/types.h"
@@ -10,7 +10,7 @@
 
 namespace kevra::lsp {
 
-/// What a position's `character` counts.
+/// The unit of a position's `character`.
 enum class PositionUnit { Utf8, Utf16, Utf32 };
 
 /// Both from 0. CR, LF and CRLF each end a line.
@@ -27,7 +27,7 @@ public:
     TextDocument(std::string text, PositionUnit unit);
 
     [[nodiscard]] const std::string &text() const { return m_text; }
-    /// A place beyond its line is the line's end, one in the middle of a character the character's start.
+    /// A position past its line means the line's end; one inside a character means its start.
     [[nodiscard]] Offset offsetAt(Position position) const;
     [[nodiscard]] Position positionAt(Offset offset) const;
     void replace(TextRange range, std::string_view text);
@@ -39,7 +39,7 @@ private:
     [[nodiscard]] bool startsLine(Offset offset) const;
     void appendStarts(std::vector<Offset> &starts, TextRange range) const;
 
-    /// Of the last place asked for, so that many on one long line are found in one pass.
+    /// The last position converted, so that many on one long line are found in one pass.
     struct Known {
         std::size_t line = 0;
         Offset offset = 0;

@@ -41,7 +41,7 @@ std::optional<std::string> pathOfUri(std::string_view uri)
 {
     if (!uri.starts_with(scheme))
         return std::nullopt;
-    // What names a computer comes before the path.
+    // A host name comes before the path.
     const auto path = uri.find('/', scheme.size());
     if (path == uri.npos)
         return std::nullopt;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Files as the protocol names them.
+// Conversions between paths and the protocol's file URIs.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@ namespace kevra::lsp {
 /// The path of a file: URI; nothing for other schemes.
 [[nodiscard]] std::optional<std::string> pathOfUri(std::string_view uri);
 [[nodiscard]] std::string uriOfPath(std::string_view path);
-/// What a file named in another one means: `\` separates as well, and "." and ".." are followed.
+/// The path of a file that is named in another one: `\` separates too, and "." and ".." are resolved.
 [[nodiscard]] std::string pathBeside(std::string_view path, std::string_view named);
 
 } // namespace kevra::lsp

@@ -16,7 +16,7 @@ struct Language {
     std::string_view id;
     FileKind kind;
 };
-/// For texts whose name does not say what they are.
+/// For texts without a known file name extension.
 constexpr std::array languages{Language{"html", FileKind::Page}, Language{"asp", FileKind::ServerPage},
     Language{"aspvbs", FileKind::ServerPage}, Language{"wsf", FileKind::HostFile},
     Language{"xml", FileKind::HostFile}};
@@ -29,7 +29,7 @@ constexpr std::array languages{Language{"html", FileKind::Page}, Language{"asp",
     return known != languages.end() ? known->kind : FileKind::Script;
 }
 
-/// One spelling of a file's URI: clients escape more or fewer characters than we do.
+/// Normalises a file's URI: clients differ in which characters they escape.
 [[nodiscard]] std::string keyOf(const std::string &uri)
 {
     const auto path = pathOfUri(uri);
@@ -125,7 +125,7 @@ const Document *Workspace::load(const std::string &uri)
         return nullptr;
     const auto key = keyOf(uri);
     auto &entry = m_onDisk[key];
-    if (m_looked.insert(key).second)
+    if (m_checked.insert(key).second)
         refresh(entry, key, *path);
     return entry.document.get();
 }
@@ -205,7 +205,7 @@ const Document *Workspace::includedAt(const Document &document, Offset offset)
 
 std::vector<SharedPart> Workspace::sharing(const Document &document, const script::FilePart &first)
 {
-    // Who includes whom, in both directions; a file that is included counts with all its parts.
+    // Includes in both directions; an included file counts with all its parts.
     struct Link {
         SharedPart from;
         std::string to;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files the client has open, those on the disk that belong to them, and what is known about each.
+// The files open in the client and the related ones on the disk, with the model of each.
 #pragma once
 
 #include "lsp/text_document.h"
@@ -15,15 +15,15 @@
 
 namespace kevra::lsp {
 
-/// The disk as the server needs it. Paths are bytes.
+/// The file system to the server. Paths are bytes.
 class DiskFiles {
 public:
     virtual ~DiskFiles() = default;
-    /// The text as UTF-8; nothing where it cannot be read.
+    /// The text as UTF-8; nothing if it cannot be read.
     [[nodiscard]] virtual std::optional<std::string> read(const std::string &path) = 0;
-    /// Another number after each change; 0 where there is no such file.
+    /// Changes with the file's content; 0 if there is no such file.
     [[nodiscard]] virtual std::uint64_t stamp(const std::string &path) = 0;
-    /// Paths of the files with script below a folder, as many as can be looked at in passing.
+    /// Paths of the files with script below a folder, up to a bound.
     [[nodiscard]] virtual std::vector<std::string> scriptsBelow(const std::string &folder) = 0;
     /// What is broken in a page apart from its scripts, such as links to files that are missing. Ascending by
     /// place. The path is empty for a text without a file.
@@ -47,7 +47,7 @@ public:
     void replace(TextRange range, std::string_view text);
     void replaceAll(std::string text);
 
-    std::optional<std::int64_t> version; ///< as the client counts
+    std::optional<std::int64_t> version; ///< the client's
     bool diagnosticsDue = false;
 
 private:
@@ -57,7 +57,7 @@ private:
             , model(text, kind)
         {
         }
-        std::string text; ///< what the model looks into
+        std::string text; ///< referred to by the model
         script::FileModel model;
         std::optional<std::vector<script::Finding>> findings;
     };
@@ -82,13 +82,13 @@ public:
     {
     }
 
-    void agreeOn(PositionUnit unit) { m_unit = unit; }
+    void setPositionUnit(PositionUnit unit) { m_unit = unit; }
     void addFolder(const std::string &uri);
     void removeFolder(const std::string &uri);
 
     Document &open(const std::string &uri, std::string_view language, std::string text);
     void close(const std::string &uri);
-    /// Null for what is not open. The URI may be escaped in another way than when it was opened.
+    /// Null if it is not open. The URI may be escaped differently than when it was opened.
     [[nodiscard]] Document *find(const std::string &uri);
     [[nodiscard]] std::map<std::string, Document> &documents() { return m_open; }
     [[nodiscard]] const std::vector<script::Finding> &findings(const Document &document)
@@ -96,20 +96,19 @@ public:
         return document.findings(m_disk);
     }
 
-    /// Files are looked at again. Until the next call, what was loaded from the disk stays.
-    void lookAgain() { m_looked.clear(); }
-    /// The file as it is in the editor, or else on the disk; null where there is none.
+    /// Checks the files on the disk again. Between calls, what was loaded is kept.
+    void recheckFiles() { m_checked.clear(); }
+    /// The file as open in the client, else as on the disk; null if there is none.
     [[nodiscard]] const Document *load(const std::string &uri);
-    /// All with script below the folders, open ones included.
+    /// All files with script below the folders, open ones included.
     [[nodiscard]] std::vector<const Document *> all();
-    /// The part itself and those that are loaded together with it: what a file names with src= or #include,
-    /// and the files that name this one.
+    /// The part itself and those loaded together with it: files that it includes with src= or #include, and
+    /// files that include it.
     [[nodiscard]] std::vector<SharedPart> sharing(const Document &document, const script::FilePart &part);
-    /// What the part names with src= or #include, and what these name; cheaper than to look who names the
-    /// part.
+    /// The files that the part includes, directly and indirectly; cheaper than also finding who includes it.
     [[nodiscard]] std::vector<SharedPart> includedParts(
         const Document &document, const script::FilePart &part);
-    /// The file that a src= or #include at the place names; null where there is none.
+    /// The file that a src= or #include at the position names; null if there is none.
     [[nodiscard]] const Document *includedAt(const Document &document, Offset offset);
 
 private:
@@ -125,10 +124,10 @@ private:
     DiskFiles &m_disk;
     PositionUnit m_unit = PositionUnit::Utf16;
     std::set<std::string> m_folders; ///< paths
-    // By the URI as we write it.
+    // By normalised URI.
     std::map<std::string, Document> m_open;
     std::map<std::string, OnDisk> m_onDisk;
-    std::set<std::string> m_looked; ///< those of m_onDisk that are as they are now
+    std::set<std::string> m_checked; ///< the entries of m_onDisk known to be up to date
 };
 
 } // namespace kevra::lsp

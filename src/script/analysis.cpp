@@ -10,16 +10,16 @@
 namespace kevra::script {
 namespace {
 
-/// What a rule needs of the text to be right.
+/// What must hold before a rule can be applied.
 enum class Needs {
-    ItsNode, ///< the node alone
-    WholeText, ///< no fault of syntax: what was not understood could be what is missing
+    Nothing,
+    WholeText, ///< no syntax errors: text that was not understood could be what the rule misses
 };
 
 struct NodeRule {
     NodeKind kind;
     void (*check)(const Model &, NodeId, FindingList &);
-    Needs needs = Needs::ItsNode;
+    Needs needs = Needs::Nothing;
 };
 
 constexpr std::array nodeRules{
@@ -42,8 +42,8 @@ struct SymbolRule {
 };
 
 constexpr std::array symbolRules{
-    SymbolRule{checkRedefined, Needs::ItsNode},
-    SymbolRule{checkConstantAssigned, Needs::ItsNode},
+    SymbolRule{checkRedefined, Needs::Nothing},
+    SymbolRule{checkConstantAssigned, Needs::Nothing},
     SymbolRule{checkLoopVariableChanged},
     SymbolRule{checkFunctionWithoutResult},
     SymbolRule{checkUnused},
@@ -60,13 +60,13 @@ constexpr std::array scriptRules{
     ScriptRule{checkUndeclared},
     ScriptRule{checkMisspelled},
     ScriptRule{checkResumeNextNeverEnds},
-    ScriptRule{checkNoOptionExplicit, Needs::ItsNode},
-    ScriptRule{checkNeedsVbscript, Needs::ItsNode},
+    ScriptRule{checkNoOptionExplicit, Needs::Nothing},
+    ScriptRule{checkNeedsVbscript, Needs::Nothing},
 };
 
 constexpr std::size_t kindCount = static_cast<std::size_t>(NodeKind::Stop) + 1;
 
-/// Where the rules of each kind of node begin; they stand together in the table.
+/// The index of the first rule of each node kind; the table is grouped by kind.
 constexpr auto firstRuleOf = [] {
     std::array<std::uint8_t, kindCount> first{};
     first.fill(nodeRules.size());
@@ -81,7 +81,7 @@ void checkNodes(const Model &model, bool wholeText, FindingList &findings)
         const auto kind = model.kind(id);
         for (std::size_t i = firstRuleOf[static_cast<std::size_t>(kind)];
              i < nodeRules.size() && nodeRules[i].kind == kind; ++i) {
-            if (wholeText || nodeRules[i].needs == Needs::ItsNode)
+            if (wholeText || nodeRules[i].needs == Needs::Nothing)
                 nodeRules[i].check(model, id, findings);
         }
     }
@@ -102,12 +102,12 @@ std::vector<Finding> analyse(const Model &model)
     checkNodes(model, wholeText, found);
     for (const auto &rule : symbolRules) {
         for (SymbolId id = 1; id < model.symbols.symbolCount(); ++id) {
-            if (wholeText || rule.needs == Needs::ItsNode)
+            if (wholeText || rule.needs == Needs::Nothing)
                 rule.check(model, id, found);
         }
     }
     for (const auto &rule : scriptRules) {
-        if (wholeText || rule.needs == Needs::ItsNode)
+        if (wholeText || rule.needs == Needs::Nothing)
             rule.check(model, found);
     }
     auto findings = script.findings;

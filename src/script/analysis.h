@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a parsed script means, and what of that is probably not meant: the findings of lexer and parser
-// together with those of every rule about names, objects, conditions and the flow of control.
+// The findings of a parsed script: those of lexer and parser, and those of every rule about names, objects,
+// conditions and the flow of control.
 #pragma once
 
 #include "script/parser.h"
@@ -12,9 +12,9 @@ namespace kevra::script {
 
 class Model;
 
-/// Ascending by place, without those that a comment switches off.
+/// Ascending by start, without those that a comment switches off.
 [[nodiscard]] std::vector<Finding> analyse(const ParsedScript &script, const Surroundings &surroundings = {});
-/// The same of a script whose names are already known.
+/// The same for a script whose names are already resolved.
 [[nodiscard]] std::vector<Finding> analyse(const Model &model);
 
 } // namespace kevra::script

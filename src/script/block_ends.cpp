@@ -38,7 +38,7 @@ constexpr std::array endWords{
     EndWord{Keyword::Function, BlockKind::Function},
     EndWord{Keyword::Property, BlockKind::Property},
     EndWord{Keyword::Class, BlockKind::Class},
-    // Not the language's words, but what they are meant to end is clear.
+    // Not VBScript, but it is clear which block they are meant to end.
     EndWord{Keyword::While, BlockKind::While},
     EndWord{Keyword::For, BlockKind::For},
     EndWord{Keyword::Do, BlockKind::Do},
@@ -64,7 +64,7 @@ void Parser::close()
     m_open.pop_back();
 }
 
-/// The kind of block that the word at hand ends or divides; nothing where a statement can begin.
+/// The kind of block that the current word ends or divides; nothing where a statement can begin.
 std::optional<BlockKind> Parser::endedBlock()
 {
     switch (m_token.keyword()) {
@@ -127,8 +127,8 @@ NodeId Parser::block(BlockKind kind, bool classBody)
     return built(NodeKind::Block, {start, end}, list);
 }
 
-/// True where the innermost block ends here, by its own word or because another's end leaves it open. A word
-/// that ends nothing is reported and passed over.
+/// True if the innermost block ends here, by its own end or because an outer block's end follows. A word that
+/// ends nothing is reported and skipped.
 bool Parser::blockEnds(BlockKind kind)
 {
     if (atTextEnd() || atDeclarationBoundary())
@@ -136,7 +136,7 @@ bool Parser::blockEnds(BlockKind kind)
     const auto ended = *endedBlock();
     if (ended == kind || isOpen(ended) || (ended == BlockKind::If && isOpen(BlockKind::InlineIf)))
         return true;
-    // One procedure's end in place of another's.
+    // A procedure closed with the end of another kind, such as Sub with End Function.
     if (isProcedure(ended) && inProcedure())
         return true;
     if (ended == BlockKind::Class && isOpen(BlockKind::Class))
@@ -145,7 +145,7 @@ bool Parser::blockEnds(BlockKind kind)
     return false;
 }
 
-/// The end of the innermost block, which is closed with it, or the news that it is still open.
+/// Closes the innermost block at its end, or reports that it is still open.
 void Parser::takeBlockEnd(BlockKind kind)
 {
     const auto opened = m_open.back();
@@ -155,7 +155,7 @@ void Parser::takeBlockEnd(BlockKind kind)
         if (ended == kind && !divides)
             break;
         if (ended == kind) {
-            // A second Else, or a Case that no Select takes.
+            // A second Else, or a Case outside any Select.
             strayEnd(kind);
             ChildList rest;
             do
@@ -189,7 +189,7 @@ TextRange Parser::blockEndRange()
     return {m_token.start, at(Keyword::End) || atDeclarationBoundary() ? peek().end : m_token.end};
 }
 
-/// Past the words that end a block, with what people write behind them from habit.
+/// Skips the words that end a block, and what people often write after them.
 void Parser::skipBlockEnd()
 {
     const auto keyword = m_token.keyword();
@@ -245,16 +245,16 @@ void Parser::unclosed(const OpenBlock &open)
         finding->related.push_back({other, std::string(words.end) + " is expected before this."});
 }
 
-/// Of two Else in one If, the first where it is the one that is indented otherwise than the If.
+/// Of two Else in one If, the first if only that one is indented differently from the If.
 std::optional<TextRange> Parser::surplusElse() const
 {
-    if (m_open.empty() || m_open.back().otherwise.empty() || at(Keyword::End))
+    if (m_open.empty() || m_open.back().elseRange.empty() || at(Keyword::End))
         return std::nullopt;
     const auto head = indentAt(m_script.text, m_open.back().head.start);
-    const auto first = indentAt(m_script.text, m_open.back().otherwise.start);
+    const auto first = indentAt(m_script.text, m_open.back().elseRange.start);
     if (!head || !first || *first == *head || indentAt(m_script.text, m_token.start) != head)
         return std::nullopt;
-    return m_open.back().otherwise;
+    return m_open.back().elseRange;
 }
 
 /// A word that ends or divides a block, with no such block open.
@@ -283,7 +283,7 @@ void Parser::strayEnd(BlockKind kind)
         advance();
     if (!divides)
         return;
-    // The condition or the values behind it say nothing any more.
+    // The condition or values after it no longer matter.
     m_quiet = true;
     m_failed = keyword != Keyword::Else;
     recover();

@@ -7,8 +7,8 @@ namespace kevra::script {
 
 namespace {
 
-/// As far back as is looked, so that a text of nothing but faults stays cheap.
-constexpr std::size_t mostLookedAt = 2000;
+/// How many blocks are searched, so that a text full of faults stays cheap.
+constexpr std::size_t maxSearched = 2000;
 
 } // namespace
 
@@ -37,15 +37,15 @@ const BlockIndents::Closed *BlockIndents::withoutEnd(std::string_view text, Bloc
     if (!indent)
         return nullptr;
     const Closed *found = nullptr;
-    auto wanted = *indent;
-    const auto first = m_closed.size() - std::min(m_closed.size(), mostLookedAt);
+    auto expected = *indent;
+    const auto first = m_closed.size() - std::min(m_closed.size(), maxSearched);
     for (auto at = m_closed.size(); at > first; --at) {
         const auto &closed = m_closed[at - 1];
         const auto outer = found != nullptr ? found->head.start : head;
-        if (closed.kind != kind || closed.endIndent != wanted || closed.head.start <= outer)
+        if (closed.kind != kind || closed.endIndent != expected || closed.head.start <= outer)
             continue;
         found = &closed;
-        wanted = closed.headIndent;
+        expected = closed.headIndent;
     }
     return found;
 }
@@ -57,14 +57,15 @@ const BlockIndents::Closed *BlockIndents::withSurplusEnd(
     if (!indent)
         return nullptr;
     const Closed *found = nullptr;
-    auto wanted = *indent;
-    const auto first = m_closed.size() - std::min(m_closed.size(), mostLookedAt);
+    auto expected = *indent;
+    const auto first = m_closed.size() - std::min(m_closed.size(), maxSearched);
     for (auto at = m_closed.size(); at > first; --at) {
         const auto &closed = m_closed[at - 1];
-        if (closed.kind != kind || closed.headIndent != wanted || closed.endIndent.size() <= wanted.size())
+        if (closed.kind != kind || closed.headIndent != expected
+            || closed.endIndent.size() <= expected.size())
             continue;
         found = &closed;
-        wanted = closed.endIndent;
+        expected = closed.endIndent;
     }
     return found;
 }

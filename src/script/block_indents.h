@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which of several nested blocks lacks its end, or which end its block: nesting alone cannot tell,
-// indentation often can. Private to the parser.
+// Uses indentation to find which of several nested blocks lacks its end, or which end lacks its block:
+// nesting alone does not show that. Private to the parser.
 #pragma once
 
 #include "text/types.h"
@@ -26,7 +26,7 @@ enum class BlockKind : std::uint8_t {
     Class
 };
 
-/// The blanks before `offset`, if there is nothing else before it on its line.
+/// The blanks before `offset` if nothing else is before it on its line.
 [[nodiscard]] std::optional<std::string_view> indentAt(std::string_view text, Offset offset);
 
 class BlockIndents {
@@ -39,16 +39,15 @@ public:
         std::string_view endIndent;
     };
 
-    /// A block was closed by its own word. Kept only where head and end are indented differently.
+    /// Call when a block was closed by its own end. Kept only if head and end are indented differently.
     void note(std::string_view text, BlockKind kind, TextRange head, TextRange end);
-    /// What is noted is forgotten when the procedure is left: pass the count from its start.
+    /// Call at the end of a procedure with the count() from its start: drops what was noted since.
     [[nodiscard]] std::size_t count() const { return m_closed.size(); }
     void forget(std::size_t count) { m_closed.resize(count); }
 
-    /// A block is still open though it ought not to be. The one in it that took an outer block's end for its
-    /// own.
+    /// For a block that is unexpectedly still open: the block inside it that took an outer block's end.
     [[nodiscard]] const Closed *withoutEnd(std::string_view text, BlockKind kind, Offset head) const;
-    /// An end closes nothing. The end before it that took the block this one is indented like.
+    /// For an end that closes nothing: the earlier end that closed the block with this one's indentation.
     [[nodiscard]] const Closed *withSurplusEnd(std::string_view text, BlockKind kind, Offset end) const;
 
 private:

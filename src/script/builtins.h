@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What VBScript brings along: its functions and constants, as tables. Descriptions are for signature help.
+// The functions and constants built into VBScript, as tables. Descriptions are for signature help.
 #pragma once
 
 #include "script/host_objects.h"
@@ -23,20 +23,20 @@ struct BuiltinConstant {
     std::string_view value; ///< as VBScript would write it
 };
 
-/// Both in ascending order of their names, in lower case.
+/// Both sorted by name in lower case.
 [[nodiscard]] std::span<const BuiltinFunction> builtinFunctions();
 [[nodiscard]] std::span<const BuiltinConstant> builtinConstants();
 
-/// Letters in either case; null where VBScript has no such thing.
+/// Ignoring case; null if VBScript has no such name.
 [[nodiscard]] const BuiltinFunction *builtinFunction(std::string_view name);
 [[nodiscard]] const BuiltinConstant *builtinConstant(std::string_view name);
 
-/// Which names of a script VBScript brings along, without comparing letters for each use.
+/// The built-ins among a script's names, looked up by id instead of by spelling.
 class BuiltinNames {
 public:
     explicit BuiltinNames(const NameTable &names);
 
-    /// Null where the name is none of them, as builtinFunction() and builtinConstant().
+    /// As builtinFunction() and builtinConstant(): null if the name is none.
     [[nodiscard]] const BuiltinFunction *function(NameId name) const;
     [[nodiscard]] const BuiltinConstant *constant(NameId name) const;
     /// Also the objects that every script has.

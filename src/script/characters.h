@@ -37,8 +37,8 @@ inline constexpr auto byteClasses = [] {
     return (byteClasses[byte] & kind) != 0;
 }
 
-/// Bytes of the character at the start of `text` if it is one that looks like a sign of VBScript and is none:
-/// special spaces, long dashes, typographic quotation marks. Otherwise 0.
+/// The length in bytes of the first character of `text` if it only looks like a VBScript character: a special
+/// space, long dash or typographic quotation mark. Otherwise 0.
 [[nodiscard]] constexpr unsigned lookalikeLength(std::string_view text)
 {
     if (text.starts_with("\xC2\xA0"))

@@ -61,7 +61,7 @@ struct NameClass {
     return {method ? WordClass::Method : WordClass::Property, false, known != nullptr};
 }
 
-/// What the names are, by where they begin.
+/// The class of each name, by its start.
 class NameClasses {
 public:
     explicit NameClasses(const FilePart &part)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Each word of a script with what it is, as far as names tell: for colours.
+// Classifies each word of a script for semantic colouring.
 #pragma once
 
 #include "script/file_model.h"
@@ -30,7 +30,7 @@ struct ClassifiedWord {
     bool provided = false; ///< by the language or the host
 };
 
-/// Ascending, without overlaps; signs such as commas are left out.
+/// Ascending, without overlaps; punctuation is left out.
 [[nodiscard]] std::vector<ClassifiedWord> classified(const FileModel &file);
 
 } // namespace kevra::script

@@ -36,12 +36,12 @@ namespace {
     }
 }
 
-/// The words around the place.
+/// The words before the position.
 struct Surrounding {
-    Keyword before = Keyword::None; ///< the word before it is this
+    Keyword before = Keyword::None; ///< the keyword before it
     bool afterDot = false;
     bool inLiteral = false;
-    std::optional<Offset> progId; ///< where the text of the string begins, in CreateObject("...")
+    std::optional<Offset> progId; ///< in CreateObject("..."): where the string's text begins
 };
 
 [[nodiscard]] Surrounding surroundingOf(const FilePart &part, TextRange word)
@@ -50,7 +50,7 @@ struct Surrounding {
     NameTable names;
     std::vector<TextRange> comments;
     Lexer lexer(part.script.text, part.island.pieces, names, comments);
-    std::array<Token, 3> last; // the latest is the first
+    std::array<Token, 3> last; // the most recent first
     auto token = lexer.next();
     for (; token.kind != TokenKind::End && Offset{token.start} < word.start; token = lexer.next())
         last = {token, last[0], last[1]};
@@ -90,7 +90,7 @@ public:
 
     void add(std::string_view name, CompletionKind kind, std::string detail, std::string_view text)
     {
-        // The nearest of one name is the one that is meant.
+        // Of equal names the nearest is meant.
         if (!name.empty() && m_seen.insert(folded(name)).second)
             m_items.push_back({std::string(name), kind, std::move(detail), text});
     }
@@ -102,7 +102,7 @@ public:
             add(model.nameOf(id), kindOf(model.symbols.symbol(id).kind, false), signatureOf(model, id), {});
     }
 
-    /// Those of a class in the script: through Me also the private ones.
+    /// Members of a class of the script; the private ones only through Me.
     void addOwnMembers(const Model &model, SymbolId ofClass, bool throughMe)
     {
         const auto scope = model.symbols.symbol(ofClass).ownScope;
@@ -160,7 +160,7 @@ public:
     {
         for (const auto &progId : progIds()) {
             const auto *object = objectType(progId.type);
-            // This one is for GetObject.
+            // Only GetObject takes this one.
             if (object && progId.type != TypeId::WmiServices)
                 add(progId.name, CompletionKind::Class, std::string(object->name), {});
         }
@@ -180,20 +180,20 @@ private:
     std::set<std::string> m_seen;
 };
 
-/// The innermost class or procedure around the place; 0 outside.
+/// The innermost class or procedure around the position; 0 outside.
 [[nodiscard]] ScopeId scopeAt(const Model &model, Offset offset)
 {
     ScopeId found = 0;
     for (ScopeId id = 1; id < model.symbols.scopeCount(); ++id) {
         const auto range = model.tree[model.symbols.scope(id).node].range();
-        // Inner scopes come after outer ones.
+        // Inner scopes follow outer ones.
         if (range.start <= offset && offset <= range.end)
             found = id;
     }
     return found;
 }
 
-/// The object before the dot, in the text as if a name stood after it: without one there is no expression.
+/// The object before the dot. A name is assumed after the dot, since without one there is no expression.
 void addMembersAfterDot(const FileModel &file, TextRange word, Collector &collector)
 {
     constexpr std::string_view placeholder = "member";

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What could be written at a place.
+// Completion: what could be written at a position.
 #pragma once
 
 #include "script/file_model.h"
@@ -25,22 +25,23 @@ struct Completion {
     std::string name;
     CompletionKind kind{};
     std::string detail; ///< how it is declared or called
-    std::string_view text; ///< sentences, perhaps none
+    std::string_view text; ///< a description; may be empty
 };
 
 struct Completions {
-    TextRange word; ///< what of it is written already
+    TextRange word; ///< the part already written
     std::vector<Completion> items;
-    bool startsStatement = false; ///< nothing but blanks before it on its line
-    bool anyName = false; ///< whatever name is known here, so those of files loaded beside this one as well
+    bool startsStatement = false; ///< only blanks are before it on its line
+    bool anyName
+        = false; ///< any name in scope fits, also global names of files loaded together with this one
 };
 
-/// Names that can be seen from the place, nearest scope first; after a dot the members of the object, if its
-/// class is known; in CreateObject("...") the known ProgIDs. None in other strings, comments, numbers and
-/// where a name is being declared.
+/// The names in scope, nearest scope first; after a dot the members of the object, if its class is known; in
+/// CreateObject("...") the known ProgIDs. None in other strings, comments, numbers, or where a name is being
+/// declared.
 [[nodiscard]] Completions completions(const FileModel &file, Offset offset);
 
-/// Adds the global names of a part that is loaded beside the file.
+/// Adds the global names of a part that is loaded together with the file.
 void addGlobals(Completions &completions, const FilePart &part);
 
 } // namespace kevra::script

@@ -22,7 +22,7 @@ namespace {
     return id;
 }
 
-/// The argument of a built-in function called with one, or 0.
+/// The argument of a built-in function called with a single one, or 0.
 [[nodiscard]] NodeId argumentOf(const Model &model, NodeId call, std::string_view function)
 {
     if (model.kind(call) != NodeKind::Apply)
@@ -31,7 +31,7 @@ namespace {
     return builtin && builtin->name == function ? unwrapped(model, model.tree.child(call, 1)) : 0;
 }
 
-// What the left side of And makes sure of before the right side may be computed.
+// Guards: what the left operand of And checks for the right operand, which VBScript evaluates in any case.
 
 enum class Guard { None, IsObject, IsNumber, IsDate, IsArray, NotZero, InBounds, Exists };
 
@@ -57,7 +57,7 @@ constexpr std::array guardFunctions{
     return model.kind(id) == NodeKind::Number && model.script.textOf(id) == "0";
 }
 
-/// `holds`: the operand is true for the right side to matter (And), false for Or.
+/// `holds`: whether the left operand is true (And) or false (Or) when the right one matters.
 [[nodiscard]] Guarded guardOfComparison(const Model &model, NodeId id, bool holds)
 {
     const auto left = unwrapped(model, model.tree.child(id, 0));
@@ -108,7 +108,7 @@ constexpr std::array guardFunctions{
         names, [&](std::string_view n) { return !comesBefore(name, n) && !comesBefore(n, name); });
 }
 
-/// Whether a node fails where the guard does not hold.
+/// Whether evaluating the node fails when the guard does not hold.
 [[nodiscard]] bool needs(const Model &model, NodeId id, const Guarded &guarded)
 {
     const auto &tree = model.tree;
@@ -151,7 +151,7 @@ constexpr std::array guardFunctions{
     return false;
 }
 
-/// The first node at or below `id` that needs the guard; 0 where there is none.
+/// The first node at or below `id` that needs the guard, or 0.
 [[nodiscard]] NodeId findNeed(const Model &model, NodeId id, const Guarded &guarded)
 {
     if (needs(model, id, guarded))
@@ -165,7 +165,7 @@ constexpr std::array guardFunctions{
 
 // The same condition twice.
 
-/// Whether computing it again may give something else: it calls what is not known to be free of effects.
+/// Whether evaluating it again may give another value: it calls something that may have side effects.
 [[nodiscard]] bool mayChange(const Model &model, NodeId id)
 {
     const auto kind = model.kind(id);

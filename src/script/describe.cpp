@@ -67,7 +67,7 @@ struct KnownMember {
     return text;
 }
 
-/// Signature and text of what a name's node stands for.
+/// Signature and description of what a name refers to.
 [[nodiscard]] std::optional<Description> descriptionOf(const FilePart &part, NodeId node)
 {
     const auto &model = part.model;
@@ -96,7 +96,7 @@ struct KnownMember {
     return object ? std::optional(Description{range, std::string(object->name), {}}) : std::nullopt;
 }
 
-/// The parameters of a signature: what stands between its outer parentheses, by commas.
+/// The parameters of a signature: the text in its outer parentheses, split at commas.
 [[nodiscard]] std::vector<TextRange> parametersOf(std::string_view signature)
 {
     std::vector<TextRange> found;
@@ -126,7 +126,7 @@ struct OpenCall {
     return token.kind == TokenKind::Name && !isReserved(token.keyword());
 }
 
-/// Follows the words of a statement up to the place.
+/// Tracks the open calls of a statement up to the position.
 class CallFinder {
 public:
     void take(const Token &token, bool blankBefore)
@@ -163,7 +163,7 @@ public:
         m_before = token;
     }
 
-    /// `blankBefore`: blanks stand between the last word and the place.
+    /// `blankBefore`: there are blanks between the last word and the position.
     [[nodiscard]] std::optional<OpenCall> open(bool blankBefore)
     {
         if (m_statement == State::Callee && blankBefore)
@@ -231,7 +231,7 @@ private:
     return finder.open(end < offset);
 }
 
-/// The text as if the statement ended after the callee: what is unfinished there would hide what it is.
+/// The text cut off after the callee: the unfinished arguments would keep it from being parsed.
 [[nodiscard]] std::optional<Description> descriptionOfCallee(const FileModel &file, Offset calleeEnd)
 {
     const auto *part = file.partAt(calleeEnd);

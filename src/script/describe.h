@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What stands under the pointer, and what the call being written takes.
+// Hover and signature help: describes a name, and the parameters of a call being written.
 #pragma once
 
 #include "script/file_model.h"
@@ -14,24 +14,24 @@ namespace kevra::script {
 
 struct Description {
     TextRange range; ///< of the name
-    std::string signature; ///< one line of VBScript, or nearly
-    std::string text; ///< sentences, perhaps none
+    std::string signature; ///< one line, close to VBScript
+    std::string text; ///< a description; may be empty
 };
 
-/// Of the script's own names, of built-ins, and of members of objects whose class is known.
+/// For the script's own names, built-ins, and members of objects whose class is known.
 [[nodiscard]] std::optional<Description> describe(const FileModel &file, Offset offset);
 
 struct CallHelp {
     std::string signature;
     std::string text;
     std::vector<TextRange> parameters; ///< in the signature
-    std::size_t active = 0; ///< index of the parameter at the place; may lie beyond the last
+    std::size_t active = 0; ///< index of the parameter at the position; may be past the last
 };
 
-/// Describes the name that ends at a place and that the file itself does not declare.
+/// Describes a name that the file itself does not declare, given the position where it ends.
 using DescribeElsewhere = std::function<std::optional<Description>(Offset)>;
 
-/// Of the innermost call around the place that is still being written.
+/// For the innermost unfinished call around the position.
 [[nodiscard]] std::optional<CallHelp> callHelp(
     const FileModel &file, Offset offset, const DescribeElsewhere &elsewhere);
 

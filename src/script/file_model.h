@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A file with all that is known about its scripts: what editors ask about places in it.
+// A file with the models of its scripts, for requests about a position in it.
 #pragma once
 
 #include "script/islands.h"
@@ -11,7 +11,7 @@
 
 namespace kevra::script {
 
-/// The scripts of a file that share their names.
+/// The scripts of a file that share a namespace.
 struct FilePart {
     /// `text` must outlive the part.
     FilePart(std::string_view text, FileKind kind, Island found);
@@ -29,7 +29,7 @@ public:
     [[nodiscard]] std::string_view text() const { return m_text; }
     [[nodiscard]] FileKind kind() const { return m_kind; }
     [[nodiscard]] const std::vector<std::unique_ptr<FilePart>> &parts() const { return m_parts; }
-    /// The first part with script at the place, its end included; null where there is none.
+    /// The first part with script at the position, its end included; null if there is none.
     [[nodiscard]] const FilePart *partAt(Offset offset) const;
     /// Of all parts, ascending by place.
     [[nodiscard]] std::vector<Finding> findings() const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the analysis says about a script: where, what, why, and the edits that would put it right.
+// A finding of the analysis: where, what, why, and the edits that would fix it.
 #pragma once
 
 #include "script/rules.h"
@@ -18,7 +18,7 @@ struct TextEdit {
     friend bool operator==(const TextEdit &, const TextEdit &) = default;
 };
 
-/// One way to put a finding right. The edits of a fix do not overlap and are in ascending order.
+/// One way to fix a finding. The edits do not overlap and are in ascending order.
 struct Fix {
     std::string title; ///< imperative, without a full stop: "Remove the parentheses"
     std::vector<TextEdit> edits;
@@ -26,7 +26,7 @@ struct Fix {
     friend bool operator==(const Fix &, const Fix &) = default;
 };
 
-/// Another place a finding speaks of, such as the line that opened a block.
+/// Another place that a finding refers to, such as the line that opened a block.
 struct Related {
     TextRange range;
     std::string what;
@@ -37,7 +37,7 @@ struct Related {
 struct Finding {
     Rule rule{};
     TextRange range;
-    std::string what; ///< one sentence, with the names and line numbers of this case
+    std::string what; ///< one sentence with the names and line numbers of this case
     std::vector<Related> related;
     std::vector<Fix> fixes;
 

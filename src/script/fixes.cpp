@@ -8,13 +8,13 @@
 namespace kevra::script {
 namespace {
 
-/// Insertions at one place would come in an arbitrary order, so they count as overlapping.
+/// Insertions at the same position have no defined order, so they count as overlapping.
 [[nodiscard]] bool overlaps(const TextEdit &a, const TextEdit &b)
 {
     return a.range.start == b.range.start || (a.range.start < b.range.end && b.range.start < a.range.end);
 }
 
-/// What firstFixes() returns, and whose fixes they are.
+/// The edits of firstFixes(), and the findings they belong to.
 struct ChosenFixes {
     std::vector<TextEdit> edits;
     std::vector<std::size_t> findings;
@@ -69,7 +69,7 @@ std::vector<TextEdit> firstFixes(std::span<const Finding> findings)
 
 FixedText fixAll(std::string_view text, const std::function<std::vector<Finding>(std::string_view)> &analysis)
 {
-    // One fix may make room for the next; more rounds than this are a circle.
+    // One fix may make another possible. More rounds than this are a cycle.
     constexpr int maxRounds = 10;
     FixedText result{std::string(text), {}, analysis(text)};
     for (int round = 0; round < maxRounds; ++round) {

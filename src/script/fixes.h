@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Carrying out the fixes that findings propose.
+// Applies the fixes that findings propose.
 #pragma once
 
 #include "script/finding.h"
@@ -11,10 +11,10 @@
 
 namespace kevra::script {
 
-/// `text` with the edits, which are in ascending order and do not overlap.
+/// `text` with the edits applied; they are in ascending order and do not overlap.
 [[nodiscard]] std::string edited(std::string_view text, std::span<const TextEdit> edits);
 
-/// The edits of the first fix of each finding, in ascending order; a fix that overlaps one before it is left
+/// The edits of the first fix of each finding, in ascending order. A fix that overlaps an earlier one is left
 /// out.
 [[nodiscard]] std::vector<TextEdit> firstFixes(std::span<const Finding> findings);
 
@@ -30,8 +30,8 @@ struct FixedText {
     std::vector<Finding> left; ///< in the fixed text
 };
 
-/// Carries out the first fix of each finding of `analysis`, and of what it finds then, until no fix is left:
-/// a bounded number of times. Fixes that would leave more errors than there were are not carried out.
+/// Applies the first fix of each finding of `analysis` and analyses again, until no fix is left or a bound is
+/// reached. Fixes that would leave more errors than before are not applied.
 [[nodiscard]] FixedText fixAll(
     std::string_view text, const std::function<std::vector<Finding>(std::string_view)> &analysis);
 

@@ -14,7 +14,7 @@ constexpr unsigned ifLevels = 20;
     return !comesBefore(name, other) && !comesBefore(other, name);
 }
 
-/// Declarations are no part of the flow: procedures often stand after the end of the script proper.
+/// Declarations are not executed: procedures often follow the end of the main script.
 [[nodiscard]] bool isExecutable(NodeKind kind)
 {
     return kind >= NodeKind::Assign && kind <= NodeKind::Stop && kind != NodeKind::Output;
@@ -28,7 +28,7 @@ constexpr unsigned ifLevels = 20;
     return model.types.of(model.tree.child(callee, 0)).id == TypeId::WScript;
 }
 
-/// An Exit Do below a node that belongs to no Do below it.
+/// Whether a node contains an Exit Do that leaves a loop outside the node.
 [[nodiscard]] bool holdsExitDo(const Model &model, NodeId id)
 {
     const auto kind = model.kind(id);
@@ -43,7 +43,7 @@ constexpr unsigned ifLevels = 20;
     return false;
 }
 
-/// A Do without a condition that no Exit Do leaves.
+/// A Do loop without a condition and without an Exit Do.
 [[nodiscard]] bool isEndless(const Model &model, NodeId loop)
 {
     const auto first = model.tree.child(loop, 0);
@@ -51,17 +51,17 @@ constexpr unsigned ifLevels = 20;
         && !holdsExitDo(model, loop);
 }
 
-[[nodiscard]] bool neverGoesOn(const Model &model, NodeId statement, unsigned levels);
+[[nodiscard]] bool neverContinues(const Model &model, NodeId statement, unsigned levels);
 
 [[nodiscard]] bool lastNeverGoesOn(const Model &model, NodeId branch, unsigned levels)
 {
     const auto block = model.tree.lastChild(branch);
     const auto last = model.kind(block) == NodeKind::Block ? model.tree.lastChild(block) : 0;
-    return last != 0 && neverGoesOn(model, last, levels);
+    return last != 0 && neverContinues(model, last, levels);
 }
 
-/// Whether the statement after this one can never run. Looks into so many levels of If.
-[[nodiscard]] bool neverGoesOn(const Model &model, NodeId statement, unsigned levels)
+/// Whether the statement after this one can never run. Looks into `levels` nested If.
+[[nodiscard]] bool neverContinues(const Model &model, NodeId statement, unsigned levels)
 {
     switch (model.kind(statement)) {
     case NodeKind::Exit:
@@ -84,7 +84,7 @@ constexpr unsigned ifLevels = 20;
     }
 }
 
-/// A property that only calls something, such as Err.Raise, is a placeholder.
+/// A property that only makes a call, such as Err.Raise, is a stub.
 [[nodiscard]] bool doesMoreThanCall(const Model &model, NodeId block)
 {
     for (const auto statement : model.tree.children(block)) {
@@ -94,7 +94,7 @@ constexpr unsigned ifLevels = 20;
     return false;
 }
 
-/// Whether a statement in a loop runs in some of its rounds only.
+/// Whether a statement in a loop is executed only in some iterations.
 [[nodiscard]] bool isConditional(const Model &model, NodeId statement, NodeId loop)
 {
     for (auto at = model.parent(statement); at != loop && at != 0; at = model.parent(at)) {
@@ -105,14 +105,15 @@ constexpr unsigned ifLevels = 20;
     return false;
 }
 
-/// Statements around a place that leave the loop right after it.
+/// Whether the loop is left right after the statement.
 [[nodiscard]] bool isFollowedByExit(const Model &model, NodeId statement)
 {
     const auto next = model.tree[statement].nextSibling;
-    return next != 0 && neverGoesOn(model, next, ifLevels);
+    return next != 0 && neverContinues(model, next, ifLevels);
 }
 
-/// Whether a call's value goes into a variable that nobody reads: often only because a call is written so.
+/// Whether a call's result is assigned to a variable that is never read. Often that is just a way to write a
+/// call.
 [[nodiscard]] bool isDropped(const Model &model, const Reference &use)
 {
     auto call = use.node;
@@ -133,7 +134,7 @@ void checkUnreachable(const Model &model, NodeId block, FindingList &findings)
 {
     NodeId stop = 0;
     for (const auto statement : model.tree.children(block)) {
-        // An event's handler that ends early leaves the scripts after it alone.
+        // An event handler that ends early does not stop the scripts after it.
         if (stop != 0 && model.unitOf(stop) != model.unitOf(statement))
             stop = 0;
         if (stop != 0 && isExecutable(model.kind(statement))) {
@@ -144,7 +145,7 @@ void checkUnreachable(const Model &model, NodeId block, FindingList &findings)
                 .related.push_back({model.tree[stop].range(), "Nothing after this statement runs."});
             return;
         }
-        if (stop == 0 && isExecutable(model.kind(statement)) && neverGoesOn(model, statement, ifLevels))
+        if (stop == 0 && isExecutable(model.kind(statement)) && neverContinues(model, statement, ifLevels))
             stop = statement;
     }
 }
@@ -163,7 +164,7 @@ void checkLoopVariableChanged(const Model &model, SymbolId symbol, FindingList &
             const auto variable = model.tree.child(loop, 0);
             if (variable == use.node || model.symbols.symbolAt(variable) != symbol)
                 continue;
-            // Under a condition it is a way to skip rounds, or to let this one be the last.
+            // Under a condition this skips iterations, or makes this one the last.
             if ((use.access == Access::Write && isConditional(model, statement, loop))
                 || isFollowedByExit(model, statement))
                 break;
@@ -181,7 +182,7 @@ void checkLoopVariableChanged(const Model &model, SymbolId symbol, FindingList &
 void checkFunctionWithoutResult(const Model &model, SymbolId symbol, FindingList &findings)
 {
     const auto &function = model.symbols.symbol(symbol);
-    if (function.ownScope == 0 || model.runsText())
+    if (function.ownScope == 0 || model.executesText())
         return;
     const auto kind = model.kind(function.node);
     const bool property = kind == NodeKind::PropertyGet;
@@ -197,7 +198,7 @@ void checkFunctionWithoutResult(const Model &model, SymbolId symbol, FindingList
     };
     const auto first = model.symbols.declaredIn(function.scope, function.name);
     bool valueUsed = model.isMemberRead(first) || (property && doesMoreThanCall(model, block));
-    // Get, Let and Set share a name, which is bound to the first of them.
+    // Get, Let and Set share a name; it is bound to the first of them.
     for (const auto &use : model.symbols.references(first)) {
         const bool asStatement = use.access == Access::Call;
         const bool recursion = use.access == Access::Index;
@@ -213,8 +214,8 @@ void checkFunctionWithoutResult(const Model &model, SymbolId symbol, FindingList
 
 namespace {
 
-/// Whether the script asks anywhere what has gone wrong; included files may.
-bool looksAtErrors(const Model &model)
+/// Whether the script, or possibly an included file, checks for errors anywhere.
+bool checksErrors(const Model &model)
 {
     if (model.surroundings.includesOthers)
         return true;
@@ -227,7 +228,7 @@ bool looksAtErrors(const Model &model)
     return false;
 }
 
-/// Whether so little follows that its errors may well be of no interest.
+/// Whether so little code follows that its errors may not matter.
 bool isNearEnd(const Model &model, NodeId statement)
 {
     constexpr int fewStatements = 4;
@@ -253,7 +254,7 @@ bool isFirst(const Model &model, NodeId statement)
 
 void checkResumeNextNeverEnds(const Model &model, FindingList &findings)
 {
-    if (looksAtErrors(model))
+    if (checksErrors(model))
         return;
     NodeId open = 0;
     for (NodeId id = 1; id < model.tree.size(); ++id) {

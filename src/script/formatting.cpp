@@ -44,8 +44,8 @@ public:
                 continue;
             if (!m_base)
                 m_base = baseOf(line, blanks);
-            const auto wanted = wantedColumns(line, blanks);
-            const auto white = whitespace(wanted);
+            const auto target = wantedColumns(line, blanks);
+            const auto white = whitespace(target);
             if (line >= firstLine && slice(m_text, blanks) != white)
                 edits.push_back({blanks, white});
         }
@@ -68,7 +68,7 @@ private:
         return {range.start, end};
     }
 
-    /// Not blank lines, ends of a page's elements, and the page's own comments.
+    /// False for blank lines, end tags of the page, and its own comments.
     [[nodiscard]] bool mayIndent(std::size_t line, TextRange blanks) const
     {
         const auto rest = slice(m_text, {blanks.end, m_layout.lineRange(line).end});
@@ -91,7 +91,7 @@ private:
         return std::string(count / m_options.tabSize, '\t') + std::string(count % m_options.tabSize, ' ');
     }
 
-    /// In a page the first line says where the script stands.
+    /// In a page the first line determines the base indentation.
     [[nodiscard]] unsigned baseOf(std::size_t line, TextRange blanks) const
     {
         const auto inside = m_layout.lines()[line].depth * m_options.tabSize;
@@ -106,17 +106,17 @@ private:
             const auto moved = static_cast<long>(now) + m_moved;
             return static_cast<unsigned>(std::max(moved, 0L));
         }
-        const auto wanted = *m_base + m_layout.lines()[line].depth * m_options.tabSize;
-        m_moved = static_cast<long>(wanted) - static_cast<long>(now);
-        return wanted;
+        const auto target = *m_base + m_layout.lines()[line].depth * m_options.tabSize;
+        m_moved = static_cast<long>(target) - static_cast<long>(now);
+        return target;
     }
 
     std::string_view m_text;
     const Layout &m_layout;
     FileKind m_kind;
     const FormatOptions &m_options;
-    std::optional<unsigned> m_base; ///< columns of depth 0 in this stretch of script
-    long m_moved = 0; ///< columns, of the statement whose lines continue
+    std::optional<unsigned> m_base; ///< columns of depth 0 in this piece of script
+    long m_moved = 0; ///< columns that the continued statement was moved by
 };
 
 enum class Gap { Keep, None, One, OneIfAny };
@@ -156,8 +156,8 @@ enum class Gap { Keep, None, One, OneIfAny };
     return (kind == TokenKind::Plus || kind == TokenKind::Minus) && (i == 0 || !endsOperand(tokens, i - 1));
 }
 
-/// What belongs between token i and the one after it. Blanks before a dot or a parenthesis can mean
-/// something, so they are neither added nor taken away.
+/// The gap between token i and the next. Blanks before a dot or a parenthesis can be significant, so they are
+/// neither added nor removed.
 [[nodiscard]] Gap gapAfter(std::span<const Token> tokens, std::size_t i)
 {
     const auto left = tokens[i].kind;
@@ -184,10 +184,10 @@ void appendSpacing(std::string_view text, const Layout &layout, std::vector<Text
         const auto gap = between.end < between.start ? std::string_view("?") : slice(text, between);
         if (!std::ranges::all_of(gap, isBlank))
             continue;
-        const auto wanted = gapAfter(tokens, i);
+        const auto target = gapAfter(tokens, i);
         const std::string_view blanks
-            = wanted == Gap::One || (wanted == Gap::OneIfAny && !gap.empty()) ? " " : "";
-        if (wanted != Gap::Keep && gap != blanks)
+            = target == Gap::One || (target == Gap::OneIfAny && !gap.empty()) ? " " : "";
+        if (target != Gap::Keep && gap != blanks)
             edits.push_back({between, std::string(blanks)});
     }
 }
@@ -202,7 +202,7 @@ void appendKeywords(std::string_view text, const Layout &layout, std::vector<Tex
     }
 }
 
-/// Blanks at the end of lines, where they are not a comment's.
+/// Removes trailing blanks, except in comments.
 void appendTrailing(std::string_view text, const Layout &layout, std::vector<TextEdit> &edits)
 {
     for (std::size_t line = 0; line < layout.lines().size(); ++line) {
@@ -245,7 +245,7 @@ void appendTrailing(std::string_view text, const Layout &layout, std::vector<Tex
 void sortEdits(std::vector<TextEdit> &edits)
 {
     std::ranges::stable_sort(edits, {}, [](const TextEdit &edit) { return edit.range.start; });
-    // Parts may share a script, and then want the same.
+    // Parts may share a script and then yield the same edits.
     edits.erase(std::unique(edits.begin(), edits.end(),
                     [](const TextEdit &a, const TextEdit &b) { return a.range == b.range; }),
         edits.end());
@@ -285,7 +285,7 @@ std::vector<TextEdit> indentedAfterBreak(const FileModel &file, Offset offset, c
     const Layout layout(file.text(), part->island.pieces);
     const auto line = layout.lineOf(offset);
     Indenter(file.text(), layout, file.kind(), options).append(line == 0 ? 0 : line - 1, line, edits);
-    // A line without words has no indentation to change, but one to begin with.
+    // An empty line has no indentation to change, but gets one to start with.
     const auto range = layout.lineRange(line);
     if (layout.lines()[line].isScript && std::ranges::all_of(slice(file.text(), range), isBlank)) {
         auto white = Indenter(file.text(), layout, file.kind(), options).emptyLineIndent(line);

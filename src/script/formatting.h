@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Indentation, the case of keywords and the blanks between words. The words themselves, comments and
-// continued lines stay, and what was formatted is not changed a second time.
+// Formats indentation, the case of keywords and the blanks between words. Words, comments and line breaks are
+// kept, and formatting twice changes nothing more.
 #pragma once
 
 #include "script/file_model.h"
@@ -16,10 +16,10 @@ struct FormatOptions {
     bool insertSpaces = true;
 };
 
-/// Ascending. None where the words would not stay the same.
+/// Ascending. None if the words would change.
 [[nodiscard]] std::vector<TextEdit> formatted(const FileModel &file, const FormatOptions &options);
 
-/// After a line break was typed before `offset`: the indentation of that line and of the one before.
+/// After a line break was typed before `offset`: indents that line and the one before.
 [[nodiscard]] std::vector<TextEdit> indentedAfterBreak(
     const FileModel &file, Offset offset, const FormatOptions &options);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tables of members are written with. Private to host_objects.cpp and its tables.
+// Shorthands for the member tables. Private to host_objects.cpp and its tables.
 #pragma once
 
 #include "script/host_objects.h"

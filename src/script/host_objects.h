@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The objects scripts work with: which class a ProgID makes, what members it has, and what these give back.
+// The objects that scripts use: the class that a ProgID creates, its members, and what they return.
 #pragma once
 
 #include "script/parameters.h"
@@ -12,9 +12,9 @@ namespace kevra::script {
 
 enum class TypeId : std::uint8_t {
     Unknown, ///< could be anything
-    Value, ///< no object: text, number, date, truth value
+    Value, ///< not an object: text, number, date, Boolean
     ArrayOfValues,
-    Object, ///< an object nothing else is known about
+    Object, ///< an object of unknown class
     // Files.
     FileSystemObject,
     TextStream,
@@ -89,7 +89,7 @@ enum class MemberKind : std::uint8_t {
 struct Member {
     std::string_view name;
     MemberKind kind;
-    Parameters parameters; ///< arguments beyond these are an index into the result
+    Parameters parameters; ///< further arguments index the result
     TypeId result = TypeId::Value;
     std::string_view description;
 };
@@ -97,12 +97,12 @@ struct Member {
 struct ObjectType {
     TypeId id;
     std::string_view name; ///< as users know it
-    /// Without one the object itself can never stand for a value.
+    /// Without one the object cannot be used as a value.
     bool hasDefaultMember;
     std::span<const Member> members; ///< in ascending order of their names
-    TypeId element = TypeId::Unknown; ///< what For Each gives and the default member takes an index for
+    TypeId element = TypeId::Unknown; ///< of For Each, and of the default member with an index
 
-    /// Whether `members` are all there are. A connection has the stored procedures of its database as well.
+    /// Whether `members` is complete. A connection also has the stored procedures of its database.
     [[nodiscard]] constexpr bool isComplete() const { return !members.empty() && id != TypeId::Connection; }
 };
 
@@ -111,21 +111,21 @@ struct ProgId {
     TypeId type;
 };
 
-/// An object that is there without being made.
+/// An object that exists without being created.
 struct IntrinsicObject {
     std::string_view name;
     TypeId type;
 };
 
-/// Null for what is no known class: Unknown, Value, ArrayOfValues, Object.
+/// Null for Unknown, Value, ArrayOfValues and Object.
 [[nodiscard]] const ObjectType *objectType(TypeId type);
 /// Letters in either case.
 [[nodiscard]] const Member *memberOf(const ObjectType &type, std::string_view name);
-/// Unknown where the ProgID is. A version at its end (".6.0") may be missing or another one.
+/// Unknown for an unknown ProgID. Its version suffix (".6.0") is ignored.
 [[nodiscard]] TypeId typeOfProgId(std::string_view progId);
 /// WScript, WSH and Err.
 [[nodiscard]] TypeId typeOfIntrinsic(std::string_view name);
-/// Request, Response, ...: of a server's page.
+/// Request, Response, ...: in server pages.
 [[nodiscard]] TypeId typeOfServerIntrinsic(std::string_view name);
 
 /// In ascending order.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a Windows without VBScript takes away from a script: its host, and classes that live in the engine.
+// What a script loses on a Windows without VBScript: its host, and the classes implemented by the engine.
 #include "script/rule_tables.h"
 #include "script/sorted_names.h"
 
@@ -10,8 +10,8 @@
 namespace kevra::script {
 namespace {
 
-/// ProgIDs that are part of the engine, or need it.
-constexpr std::array goneProgIds{
+/// ProgIDs implemented by the engine, or depending on it.
+constexpr std::array engineProgIds{
     std::string_view("VBScript.RegExp"),
     std::string_view("MSScriptControl.ScriptControl"),
     std::string_view("Scripting.Encoder"),
@@ -19,7 +19,7 @@ constexpr std::array goneProgIds{
     std::string_view("WSHController"),
 };
 
-/// Programs that a command line in a string starts scripts with.
+/// Programs that run scripts from a command line.
 constexpr std::array scriptHosts{
     std::string_view("wscript"),
     std::string_view("cscript"),
@@ -39,7 +39,7 @@ constexpr std::array hostNames{
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
 }
 
-/// The host that a command line in a string names; empty where it names none.
+/// The script host named in a command line; empty if there is none.
 [[nodiscard]] std::string_view hostIn(std::string_view text)
 {
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -100,9 +100,9 @@ private:
     {
         const auto text = m_model.script.textOf(string);
         const auto inside = text.substr(1, text.size() - std::min<std::size_t>(text.size(), 2));
-        const auto progId = std::ranges::find_if(
-            goneProgIds, [&](std::string_view gone) { return same(withoutVersion(inside), gone); });
-        if (progId != goneProgIds.end())
+        const auto progId = std::ranges::find_if(engineProgIds,
+            [&](std::string_view engineProgId) { return same(withoutVersion(inside), engineProgId); });
+        if (progId != engineProgIds.end())
             add(std::string(*progId), string);
         else if (const auto host = hostIn(inside); !host.empty())
             add(std::string(host) + ".exe", string);

@@ -37,7 +37,7 @@ Language languageOf(const Tag &tag)
     return language == Language::Unsaid ? languageNamed(tag.value("type")) : language;
 }
 
-/// &quot; and the like: such text would have other positions than the file.
+/// &quot; and the like: decoded text would have other positions than the file.
 bool hasEntity(std::string_view text)
 {
     for (auto at = text.find('&'); at != text.npos; at = text.find('&', at + 1)) {
@@ -72,7 +72,7 @@ private:
     void eventAttributes(const Tag &tag);
     std::size_t serverPartsOf(TextRange range);
     static void add(Island &island, Piece piece);
-    /// What is empty need not lie in the text: an attribute without a value has none.
+    /// An empty value need not point into the text: an attribute may have no value.
     [[nodiscard]] TextRange rangeOf(std::string_view part) const
     {
         if (part.empty())
@@ -95,7 +95,7 @@ private:
     bool m_serverSpeaksVBScript = true;
     Language m_pageLanguage = Language::Unsaid; ///< of event attributes: that of the first script
     std::vector<Island> m_islands;
-    std::size_t m_client; ///< index of what the browser runs, or of the job at hand
+    std::size_t m_client; ///< index of the browser's part, or of the current job
     std::optional<Offset> m_hostStart; ///< of the open job or component
 };
 
@@ -147,7 +147,7 @@ std::size_t IslandFinder::server(std::size_t at)
     return end;
 }
 
-/// What a comment hides is no script; a server includes files through comments and runs what lies in others.
+/// Script in a comment is not run by the browser. A server takes #include and <% %> from comments.
 std::size_t IslandFinder::comment(std::size_t at)
 {
     const auto end = past(m_text, "-->", at + 4);
@@ -166,7 +166,7 @@ std::size_t IslandFinder::comment(std::size_t at)
     return serverPartsOf(range);
 }
 
-/// Where the range ends, or its last server part, which may reach beyond it.
+/// The end of the range, or of its last server part, which may extend past it.
 std::size_t IslandFinder::serverPartsOf(TextRange range)
 {
     const auto start = static_cast<std::size_t>(range.start);
@@ -205,7 +205,7 @@ std::size_t IslandFinder::element(std::size_t at)
     return end;
 }
 
-/// Jobs and components keep their names to themselves; objects are known in theirs.
+/// Jobs and components each have a namespace; objects belong to the one around them.
 void IslandFinder::hostElement(const Tag &tag)
 {
     if (sameWord(tag.name, "job") || sameWord(tag.name, "component")) {
@@ -233,8 +233,8 @@ std::size_t IslandFinder::scriptElement(const Tag &tag)
     if (m_pageLanguage == Language::Unsaid && !onServer)
         m_pageLanguage = language == Language::VBScript ? language : Language::Other;
     const auto source = tag.value("src");
-    const bool speaks = language == Language::VBScript || pageDefault;
-    if (!source.empty() && speaks)
+    const bool isVbscript = language == Language::VBScript || pageDefault;
+    if (!source.empty() && isVbscript)
         island.includes.push_back({source, rangeOf(source)});
     if (tag.empty && m_kind == FileKind::HostFile)
         return contentStart;
@@ -248,17 +248,17 @@ std::size_t IslandFinder::scriptElement(const Tag &tag)
         island.incomplete = true;
         return end;
     }
-    const bool patched = !onServer && hasServerPart(rangeOf(content));
-    const auto patchesEnd = patched ? serverPartsOf(rangeOf(content)) : end;
-    if (speaks && !patched && !trimmed(content).empty())
+    const bool hasServerCode = !onServer && hasServerPart(rangeOf(content));
+    const auto serverCodeEnd = hasServerCode ? serverPartsOf(rangeOf(content)) : end;
+    if (isVbscript && !hasServerCode && !trimmed(content).empty())
         add(island,
             {rangeOf(content), PieceKind::Statements, !onServer, m_kind != FileKind::HostFile,
                 tag.find("event") != nullptr});
-    island.incomplete = island.incomplete || !speaks || patched;
-    return std::max(end, patchesEnd);
+    island.incomplete = island.incomplete || !isVbscript || hasServerCode;
+    return std::max(end, serverCodeEnd);
 }
 
-/// onclick="vbscript:..." and, where the page's scripts are VBScript, what can be nothing else.
+/// onclick="vbscript:...", and if the page's scripts are VBScript, handlers that do not look like JavaScript.
 void IslandFinder::eventAttributes(const Tag &tag)
 {
     constexpr std::string_view prefix = "vbscript:";

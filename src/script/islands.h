@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where a file holds VBScript: all of a .vbs, elements and attributes of pages and of the script host's own
-// files, and the server's parts of server pages. Positions are those of the file.
+// Finds the VBScript in a file: all of a .vbs, elements and attributes of pages and of the script host's own
+// files, and the server code of server pages. Positions are those of the file.
 #pragma once
 
 #include "script/parser.h"
@@ -19,23 +19,23 @@ enum class FileKind : std::uint8_t {
     ServerPage, ///< .asp, .asa
 };
 
-/// By the ending of its name; nothing for files that hold no VBScript.
+/// By the file name extension; nothing for files that hold no VBScript.
 [[nodiscard]] std::optional<FileKind> fileKind(std::string_view path);
 
-/// An object the file itself gives a name: <object id="shell" progid="WScript.Shell">.
+/// An object that the file itself names: <object id="shell" progid="WScript.Shell">.
 struct NamedObject {
     std::string_view name;
-    std::string_view progId; ///< empty where it is given in another way
+    std::string_view progId; ///< empty if given in another way
     TextRange place;
 };
 
-/// Another file whose script becomes part of this one: src="..." and #include.
+/// Another file whose script is included in this one: src="..." and #include.
 struct IncludedFile {
     std::string_view path; ///< as written
     TextRange place;
 };
 
-/// Pieces that share their names: a job, a component, a page, or what the server runs of a page.
+/// Pieces that share a namespace: a job, a component, a page, or the server code of a page.
 struct Island {
     std::string_view name; ///< of a job or component, if it has one
     bool onServer = false;
@@ -46,7 +46,7 @@ struct Island {
     bool incomplete = false; ///< some script was left out: another language, encoded, or built by the server
 };
 
-/// Without pieces where the file holds no VBScript. The text must outlive the result.
+/// Without pieces if the file holds no VBScript. The text must outlive the result.
 [[nodiscard]] std::vector<Island> findIslands(std::string_view text, FileKind kind);
 
 } // namespace kevra::script

@@ -9,7 +9,7 @@
 namespace kevra::script {
 namespace {
 
-/// Blocks that end with End and their own word, and hold no part of another.
+/// Blocks that end with End and their own keyword and have no branches.
 [[nodiscard]] bool isDeclaration(Keyword kind)
 {
     return kind == Keyword::Sub || kind == Keyword::Function || kind == Keyword::Property
@@ -62,7 +62,7 @@ struct Pair {
     Keyword word;
     Keyword after;
 };
-/// Words that are free as names elsewhere.
+/// Keywords that can be names elsewhere.
 constexpr std::array pairs{
     Pair{Keyword::Explicit, Keyword::Option},
     Pair{Keyword::Preserve, Keyword::ReDim},
@@ -133,8 +133,8 @@ void Layout::markScriptLines(std::span<const Piece> pieces)
     }
 }
 
-/// Lines up to this one, which has words; those before it have none and stand as deep as what follows the
-/// last.
+/// Sets the depth of the lines up to this one, which has tokens. Those before it are empty and get the depth
+/// of what follows the last statement.
 void Layout::setDepth(std::size_t line, unsigned depthOfLine)
 {
     for (; m_nextLine < std::min(line, m_lines.size()); ++m_nextLine)
@@ -225,7 +225,7 @@ void Layout::close(Keyword kind, std::size_t line)
             m_open.resize(at);
             return;
         }
-        // What is left open in a procedure does not reach out of it, and its end is not found inside.
+        // Blocks left open in a procedure end with it.
         if (isDeclaration(m_open[at].kind) && !isDeclaration(kind))
             return;
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a script is laid out in lines: which blocks span which lines, and how deep each line stands in them.
-// It goes by the words alone, so it holds for unfinished scripts too.
+// The layout of a script in lines: which lines each block spans, and the nesting depth of each line. Uses
+// tokens only, so it works for unfinished scripts too.
 #pragma once
 
 #include "script/lexer.h"
@@ -21,7 +21,7 @@ struct LineBlock {
 struct LineDepth {
     /// The line begins in script, so its indentation is the script's.
     bool isScript = false;
-    bool continues = false; ///< the statement of the line before
+    bool continues = false; ///< continues the statement of the line before
     unsigned depth = 0; ///< levels
 };
 
@@ -32,7 +32,7 @@ public:
 
     [[nodiscard]] const LineIndex &lineIndex() const { return m_index; }
     [[nodiscard]] const std::vector<LineDepth> &lines() const { return m_lines; }
-    /// Those of more than one line, ascending by their ends.
+    /// Blocks of more than one line, ascending by their ends.
     [[nodiscard]] const std::vector<LineBlock> &blocks() const { return m_blocks; }
     [[nodiscard]] const std::vector<Token> &tokens() const { return m_tokens; }
     [[nodiscard]] const std::vector<TextRange> &comments() const { return m_comments; }
@@ -41,7 +41,7 @@ public:
     {
         return static_cast<std::size_t>(m_index.lineAt(offset) - 1);
     }
-    /// The bytes of a line without its end.
+    /// A line without its line break.
     [[nodiscard]] TextRange lineRange(std::size_t line) const;
 
 private:
@@ -67,11 +67,11 @@ private:
     std::vector<LineDepth> m_lines;
     std::vector<LineBlock> m_blocks;
     std::vector<Open> m_open;
-    std::size_t m_nextLine = 0; ///< whose depth is not known yet
-    unsigned m_inlineIfs = 0; ///< of the line at hand
+    std::size_t m_nextLine = 0; ///< the first line whose depth is not known yet
+    unsigned m_inlineIfs = 0; ///< of the current line
 };
 
-/// Whether the token can be none but a word of the language where it stands.
+/// Whether the token can only be a keyword here.
 [[nodiscard]] bool isKeywordHere(std::span<const Token> tokens, std::size_t i);
 
 } // namespace kevra::script

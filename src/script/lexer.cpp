@@ -139,7 +139,7 @@ void Lexer::skipBlanks()
     }
 }
 
-/// Moves past an underscore that is the last sign of its line, and past the line break.
+/// Skips an underscore that ends its line, and the line break.
 bool Lexer::continuesLine()
 {
     auto after = m_at + 1;
@@ -163,7 +163,7 @@ bool Lexer::skipComment()
     return true;
 }
 
-/// <!-- and --> hide a script from browsers that do not know it.
+/// <!-- and --> hide the script from browsers that do not support it.
 bool Lexer::atPageComment() const
 {
     if (m_piece >= m_pieces.size() || !m_pieces[m_piece].inPage)
@@ -253,7 +253,7 @@ Token Lexer::number()
     return made(TokenKind::Number, end - m_at);
 }
 
-/// &HFF, &HFF&, &O17 and &17. In "a" &Hello and a &17 the ampersand joins strings.
+/// &HFF, &HFF&, &O17 and &17. In "a" &Hello and a &17 the ampersand is the operator.
 bool Lexer::prefixedNumber(Token &token)
 {
     const auto letter = at(m_at + 1) | 0x20;

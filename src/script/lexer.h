@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Text to tokens, one at a time. Blanks, continued lines and comments lie between tokens.
+// Splits text into tokens, one at a time. Blanks, line continuations and comments are skipped.
 #pragma once
 
 #include "script/names.h"
@@ -14,11 +14,11 @@ namespace kevra::script {
 
 class Lexer {
 public:
-    /// Everything named must outlive the lexer. Comments met are appended.
+    /// The arguments must outlive the lexer. Comments are appended to `comments`.
     Lexer(std::string_view text, std::span<const Piece> pieces, NameTable &names,
         std::vector<TextRange> &comments);
 
-    /// After the last token there is an End token for ever.
+    /// After the last token it keeps returning End.
     Token next();
 
 private:
@@ -49,7 +49,7 @@ private:
     std::size_t m_piece = 0;
     std::uint32_t m_at = 0;
     std::uint32_t m_end = 0;
-    bool m_outputDue = false; ///< the piece just entered is an expression
+    bool m_outputDue = false; ///< an OutputStart token comes next
     bool m_lineStart = true;
     TokenKind m_previous = TokenKind::NewLine;
 };

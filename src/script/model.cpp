@@ -39,7 +39,8 @@ void Model::look()
         if (!usedAsHost)
             continue;
         if (const auto *function = symbols.builtins().function(tree[use.node].name))
-            m_runsText = m_runsText || function->name.starts_with("Execute") || function->name == "Eval";
+            m_executesText
+                = m_executesText || function->name.starts_with("Execute") || function->name == "Eval";
         else if (!isProvided(use.node))
             m_hasUnknownHost = true;
     }
@@ -82,13 +83,13 @@ bool Model::isProvided(NodeId name) const
     return symbols.builtins().contains(tree[name].name) || types.ofProvided(spelling(name));
 }
 
-NodeId Model::around(NodeId id, NodeKind wanted) const
+NodeId Model::around(NodeId id, NodeKind sought) const
 {
-    // Deeper than scripts go; a bound keeps hostile ones linear.
+    // Deeper than real scripts nest; the bound keeps hostile ones linear.
     constexpr unsigned maxLevels = 200;
     unsigned levels = 0;
     for (auto at = parent(id); at != 0 && ++levels < maxLevels; at = parent(at)) {
-        if (kind(at) == wanted)
+        if (kind(at) == sought)
             return at;
         if (isProcedure(kind(at)))
             return 0;

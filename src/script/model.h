@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the rules look at: the tree, what its names stand for, and what its expressions give.
+// What the rules examine: the syntax tree, its symbols, and the types of its expressions.
 #pragma once
 
 #include "script/analysis.h"
@@ -24,14 +24,14 @@ public:
     const Types types;
 
     /// Statements given as text (Execute, ExecuteGlobal, Eval) may use and declare any name.
-    [[nodiscard]] bool runsText() const { return m_runsText; }
-    /// Every name of the script has to come from the script itself or the host.
-    [[nodiscard]] bool namesAreComplete() const { return !surroundings.includesOthers && !m_runsText; }
-    /// Option Explicit stands somewhere in the script.
+    [[nodiscard]] bool executesText() const { return m_executesText; }
+    /// Every name must be declared by the script itself or by the host.
+    [[nodiscard]] bool namesAreComplete() const { return !surroundings.includesOthers && !m_executesText; }
+    /// The script contains Option Explicit.
     [[nodiscard]] bool isExplicit() const { return m_optionExplicit != 0; }
-    /// The script uses objects or procedures that somebody else has to provide.
+    /// The script uses objects or procedures that an unknown host must provide.
     [[nodiscard]] bool hasUnknownHost() const { return m_hasUnknownHost; }
-    /// Whether a member of a class of the script is used for its value somewhere.
+    /// Whether the value of a class member is read anywhere in the script.
     [[nodiscard]] bool isMemberRead(SymbolId member) const { return m_memberRead[member]; }
 
     [[nodiscard]] NodeKind kind(NodeId id) const { return tree[id].kind; }
@@ -39,28 +39,28 @@ public:
     [[nodiscard]] std::string_view spelling(NodeId id) const { return script.names.spelling(tree[id].name); }
     [[nodiscard]] std::string_view spelling(NameId name) const { return script.names.spelling(name); }
     [[nodiscard]] std::string_view nameOf(SymbolId id) const { return spelling(symbols.symbol(id).name); }
-    /// 'text', shortened where it is long.
+    /// The source in quotes, shortened if it is long.
     [[nodiscard]] std::string quoted(NodeId id) const;
     [[nodiscard]] static std::string quoted(std::string_view text);
     [[nodiscard]] Offset lineOf(Offset offset) const;
-    /// Where a symbol's name stands in its declaration.
+    /// The range of a symbol's name in its declaration.
     [[nodiscard]] TextRange declarationRange(SymbolId id) const;
-    /// Null for names the script itself declares.
+    /// Null for names that the script itself declares.
     [[nodiscard]] const struct BuiltinFunction *builtinAt(NodeId name) const;
-    /// Whether the language or the host gives a name that the script does not declare a meaning.
+    /// Whether a name that the script does not declare is defined by the language or the host.
     [[nodiscard]] bool isProvided(NodeId name) const;
-    /// The nearest node of that kind around a node, within the same procedure; 0 where there is none.
+    /// The nearest enclosing node of that kind within the same procedure, or 0.
     [[nodiscard]] NodeId around(NodeId id, NodeKind kind) const;
-    /// The procedure a node stands in, or 0.
+    /// The procedure around a node, or 0.
     [[nodiscard]] NodeId procedureAround(NodeId id) const;
-    /// Which of the parts that are compiled apart a node belongs to.
+    /// The index of the separately compiled unit that a node belongs to.
     [[nodiscard]] std::ptrdiff_t unitOf(NodeId id) const;
     [[nodiscard]] bool sameText(NodeId a, NodeId b) const;
 
 private:
     void look();
 
-    bool m_runsText = false;
+    bool m_executesText = false;
     NodeId m_optionExplicit = 0;
     bool m_hasUnknownHost = false;
     std::vector<bool> m_memberRead; ///< by symbol

@@ -9,7 +9,7 @@
 namespace kevra::script {
 namespace {
 
-/// Looking for similar names stops after this many comparisons, so that hostile scripts stay linear.
+/// The search for similar names stops after this many comparisons, so that hostile scripts stay linear.
 constexpr unsigned maxComparisons = 2'000'000;
 
 [[nodiscard]] bool isRead(Access access)
@@ -18,7 +18,7 @@ constexpr unsigned maxComparisons = 2'000'000;
         || access == Access::Index || access == Access::Call;
 }
 
-/// Looks among the declared names for the one that was meant.
+/// Finds the declared name that was probably meant.
 class DeclaredNames {
 public:
     explicit DeclaredNames(const Model &model)
@@ -62,7 +62,7 @@ void addChangeFix(const Model &model, Finding &finding, SymbolId meant)
     finding.related.push_back({model.declarationRange(meant), "This name is declared."});
 }
 
-/// A page's elements and a host file's objects are names too: they stand in the text outside of the script.
+/// Elements of a page and objects of a host file are names too, declared outside the script.
 [[nodiscard]] bool mayBeNamedOutside(const Model &model)
 {
     return model.surroundings.host == Host::Page || model.surroundings.host == Host::HostFile;
@@ -98,7 +98,7 @@ void reportUndeclared(const Model &model, NodeId name, SymbolId meant, bool canD
 
 void checkUndeclared(const Model &model, FindingList &findings)
 {
-    // Option Explicit holds for the part that is compiled with it; a server page is compiled as one.
+    // Option Explicit applies to its compilation unit; a server page is one unit.
     const bool forAll = model.script.unitStarts.size() <= 1 || model.surroundings.host == Host::ServerPage;
     if (!model.isExplicit() || !forAll || !model.namesAreComplete())
         return;
@@ -146,7 +146,7 @@ void checkMisspelled(const Model &model, FindingList &findings)
             continue;
         const auto &use = firstUse(model, id);
         const auto meant = declared.meantBy(use.node, use.scope);
-        // Of procedures only the function itself can be meant: its name takes the result.
+        // Of procedures only the enclosing function can be assigned: that sets its result.
         const bool canBeAssigned = meant != 0
             && (model.symbols.symbol(meant).ownScope == 0
                 || model.symbols.symbol(meant).ownScope == use.scope);
@@ -165,16 +165,16 @@ void checkMisspelled(const Model &model, FindingList &findings)
 
 namespace {
 
-/// Whether nothing outside the script text can use the symbol.
+/// Whether nothing outside the script can use the symbol.
 [[nodiscard]] bool isOnlyUsedHere(const Model &model, const Symbol &symbol)
 {
     const auto scope = model.symbols.scope(symbol.scope).kind;
-    return !model.runsText() && scope != ScopeKind::Class && !symbol.redeclared
+    return !model.executesText() && scope != ScopeKind::Class && !symbol.redeclared
         && (scope == ScopeKind::Procedure
             || (!model.surroundings.includesOthers && model.surroundings.host == Host::ScriptFile));
 }
 
-/// Takes a variable or constant out of its list, or the whole statement where it is the only one.
+/// Removes a variable or constant from its list, or the whole statement if it is the only one.
 [[nodiscard]] TextEdit removal(const Model &model, NodeId variable)
 {
     const auto statement = model.parent(variable);
@@ -203,7 +203,7 @@ void checkRedefined(const Model &model, SymbolId id, FindingList &findings)
             return;
         const auto &first = model.symbols.symbol(other);
         const bool procedures = first.ownScope != 0 && symbol.ownScope != 0;
-        // Of procedures of a script the last one counts; Get, Let and Set make one property.
+        // The last procedure of a name is the one that counts; Get, Let and Set are one property.
         const bool together = procedures
             && (inClass
                     ? model.kind(first.node) != model.kind(symbol.node) && first.kind == SymbolKind::Property

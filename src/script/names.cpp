@@ -65,7 +65,7 @@ template <typename Take> void eachFolded(std::string_view name, Take take)
 constexpr std::uint64_t highBits = 0x8080808080808080U;
 constexpr std::uint64_t caseBits = 0x2020202020202020U;
 
-/// Up to eight bytes as a number.
+/// Up to eight bytes, packed into a number.
 std::uint64_t upToEight(const char *bytes, std::size_t size)
 {
     std::uint64_t word = 0;
@@ -90,7 +90,7 @@ constexpr std::uint64_t mix(std::uint64_t hash, std::uint64_t word)
     return hash ^ hash >> 32;
 }
 
-/// The same for names that differ in the case of letters only.
+/// Equal for names that differ only in case.
 std::uint32_t hashOf(std::string_view name)
 {
     std::uint64_t hash = name.size();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Names as numbers: spelled the same but for the case of letters is the same name.
+// Interned names: equal spellings, ignoring case, have equal ids.
 #pragma once
 
 #include "script/token.h"
@@ -15,16 +15,16 @@ namespace kevra::script {
 
 class NameTable {
 public:
-    /// Holds the keywords from the start.
+    /// Contains the keywords from the start.
     NameTable();
 
-    /// The name's id, new where the name is. `spelling` must outlive the table.
+    /// The name's id; adds a new name. `spelling` must outlive the table.
     NameId intern(std::string_view spelling);
-    /// NameId::None where no such name was interned.
+    /// NameId::None if the name is not in the table.
     [[nodiscard]] NameId find(std::string_view spelling) const;
     /// As first spelled.
     [[nodiscard]] std::string_view spelling(NameId name) const { return m_names[index(name)]; }
-    /// Ids are below this: a vector of this size can be indexed by them.
+    /// All ids are below this, so a vector of this size can be indexed by id.
     [[nodiscard]] std::size_t size() const { return m_names.size(); }
 
 private:
@@ -39,7 +39,7 @@ private:
     void grow();
 
     std::vector<std::string_view> m_names;
-    std::vector<Slot> m_slots; ///< a power of two, at most half of them taken
+    std::vector<Slot> m_slots; ///< a power of two, at most half of them in use
 };
 
 } // namespace kevra::script

@@ -6,7 +6,7 @@
 namespace kevra::script {
 namespace {
 
-/// Below this two names often differ by one letter on purpose.
+/// Shorter names often differ by one letter on purpose.
 constexpr std::size_t shortestName = 5;
 
 [[nodiscard]] char lower(char c)
@@ -24,7 +24,7 @@ constexpr std::size_t shortestName = 5;
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 
-/// `longer` has one letter more at `at`: a plural, a numbered name or a prefix is meant so.
+/// `longer` has one letter more, at `at`. A plural, a number or a prefix is intended.
 [[nodiscard]] bool isAddedLetter(std::string_view longer, std::string_view shorter, std::size_t at)
 {
     const bool plural = at + 1 == longer.size() && lower(longer[at]) == 's';
@@ -49,7 +49,7 @@ bool isSlip(std::string_view written, std::string_view meant)
         return false;
     const bool swapped = at + 1 < written.size() && lower(written[at]) == lower(meant[at + 1])
         && lower(written[at + 1]) == lower(meant[at]) && equal(written.substr(at + 2), meant.substr(at + 2));
-    // The last letter tells x and y, or from and to, apart.
+    // In pairs such as startX and startY the last letter is the difference intended.
     return swapped || (at + 1 < written.size() && equal(written.substr(at + 1), meant.substr(at + 1)));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Names that differ by a slip of the fingers.
+// Detects names that differ by a typing error.
 #pragma once
 
 #include <span>
@@ -7,11 +7,11 @@
 
 namespace kevra::script {
 
-/// Whether one letter was changed, added, left out, or swapped with its neighbour, letters in either case.
-/// Names that are the same are not a slip, nor are pairs such as file1 and file2, or file and files.
+/// Whether one letter was changed, added, left out, or swapped with its neighbour, ignoring case. False for
+/// equal names and for pairs such as file1 and file2, or file and files.
 [[nodiscard]] bool isSlip(std::string_view written, std::string_view meant);
 
-/// The first of `names` that `written` is a slip for; empty where there is none.
+/// The first of `names` that `written` is a typing error for; empty if there is none.
 [[nodiscard]] std::string_view nearest(std::string_view written, std::span<const std::string_view> names);
 
 } // namespace kevra::script

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Counts how deep the parser has gone and ends the parse before the stack does. Private to the parser.
+// Limits the recursion depth of the parser, so that it stops before the stack overflows. Private to the
+// parser.
 #pragma once
 
 #include "script/parser_state.h"

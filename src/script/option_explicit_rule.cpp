@@ -28,15 +28,14 @@ namespace {
     return text.substr(at, 1);
 }
 
-/// Everything that is not declared, by scope; empty where names may come from elsewhere: they would be
-/// hidden.
+/// The undeclared names of each scope. Empty if names may come from elsewhere: a Dim would hide those.
 class MissingDeclarations {
 public:
     explicit MissingDeclarations(const Model &model)
         : m_model(model)
     {
         if (model.surroundings.host != Host::ScriptFile || model.surroundings.includesOthers
-            || model.runsText() || model.hasUnknownHost() || !model.script.findings.empty())
+            || model.executesText() || model.hasUnknownHost() || !model.script.findings.empty())
             return;
         m_possible = true;
         for (SymbolId id = 1; id < model.symbols.symbolCount(); ++id) {
@@ -98,7 +97,7 @@ private:
         return out;
     }
 
-    /// A new line indented as this one, or a colon where something stands before on the line.
+    /// A new line with the same indentation, or a colon if a statement precedes on the line.
     [[nodiscard]] std::string separatorBefore(Offset place, const std::string &lineEnd) const
     {
         const auto before = m_model.script.text.substr(0, static_cast<std::size_t>(place));

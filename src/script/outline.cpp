@@ -45,7 +45,7 @@ namespace {
     return items;
 }
 
-/// A job's own name with its declarations; pieces another job has had already stay with that one.
+/// A job with its declarations. Pieces shared with an earlier job are listed there only.
 [[nodiscard]] OutlineItem jobItem(const FilePart &part, std::vector<OutlineItem> items)
 {
     const auto &pieces = part.island.pieces;

@@ -20,8 +20,7 @@ struct OutlineItem {
     std::vector<OutlineItem> children;
 };
 
-/// Ascending. What is known in the whole file and the members of classes; the jobs of a file with several
-/// are items of their own.
+/// Ascending: global declarations and members of classes. If a file has several jobs, each is an item.
 [[nodiscard]] std::vector<OutlineItem> outline(const FileModel &file);
 
 /// "(a, ByVal b)" of a procedure's declaration.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A parameter list as it is shown to the user, which also says how many arguments are taken:
+// A parameter list as shown to the user, which also defines the number of arguments:
 // "text, find, [start], [count]" takes two to four; "[value...]" any number.
 #pragma once
 
@@ -12,7 +12,7 @@ class Parameters {
 public:
     static constexpr unsigned unlimited = 255;
 
-    // From a literal only: the list is kept as a view.
+    // Literals only: the list is stored as a view.
     consteval Parameters(const char *list) // NOLINT(google-explicit-constructor): rows of tables
         : m_list(list)
         , m_least(countOf(m_list, true))

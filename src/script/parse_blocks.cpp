@@ -16,7 +16,7 @@ NodeId Parser::ifStatement()
     if (!then && (reported || atStatementEnd()))
         skipToLineEnd();
     m_failed = m_stopped;
-    // Then and a colon before the line break open a block too.
+    // Then, a colon and a line break open a block too.
     while (at(TokenKind::Colon) && (peek().kind == TokenKind::Colon || peek().kind == TokenKind::NewLine))
         advance();
     if (!atLineEnd())
@@ -34,7 +34,7 @@ NodeId Parser::ifStatement()
     }
     if (at(Keyword::Else)) {
         const auto branchStart = m_token.start;
-        m_open.back().otherwise = tokenRange();
+        m_open.back().elseRange = tokenRange();
         advance();
         ChildList children;
         m_build.append(children, block(BlockKind::If));
@@ -44,13 +44,13 @@ NodeId Parser::ifStatement()
     return built(NodeKind::If, from(start), branches);
 }
 
-/// False where Then is missing; that it is missing has been reported.
+/// False, after reporting it, if Then is missing.
 bool Parser::thenKeyword()
 {
     if (at(TokenKind::RightParenthesis))
         failUnexpected("Then");
     if (m_failed) {
-        // What follows Then decides whether a block is open.
+        // What follows Then decides whether this is a block If.
         while (!atLineEnd() && !at(Keyword::Then))
             advance();
         m_failed = m_stopped;
@@ -119,7 +119,7 @@ NodeId Parser::inlineStatements()
         if (atLineEnd() || at(Keyword::Else) || at(Keyword::ElseIf) || (at(Keyword::End) && endedBlock()))
             break;
         if (endedBlock()) {
-            // Next or Loop of a block around the line ends the line's If as well.
+            // Next or Loop of an outer block also ends the single-line If.
             break;
         }
         m_build.append(list, statement());
@@ -167,12 +167,12 @@ NodeId Parser::caseBranch()
     const auto start = m_token.start;
     advance();
     ChildList children;
-    const bool otherwise = take(Keyword::Else);
-    if (!otherwise)
+    const bool isElse = take(Keyword::Else);
+    if (!isElse)
         caseValues(children);
     recover();
     m_build.append(children, block(BlockKind::Select));
-    return built(otherwise ? NodeKind::CaseElse : NodeKind::CaseBranch, from(start), children);
+    return built(isElse ? NodeKind::CaseElse : NodeKind::CaseBranch, from(start), children);
 }
 
 NodeId Parser::caseValues(ChildList &children)

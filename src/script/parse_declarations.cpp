@@ -5,7 +5,7 @@
 
 namespace kevra::script {
 
-/// The name being declared, as an Identifier. A keyword is reported, and taken as the name all the same.
+/// The declared name as an Identifier. A keyword is reported but still taken as the name.
 NodeId Parser::declaredName(std::string_view what, bool member)
 {
     if (!at(TokenKind::Name) || m_failed)
@@ -61,7 +61,7 @@ NodeId Parser::variable()
     return id;
 }
 
-/// (3, 4) behind a declared name; () for an array without a size yet.
+/// (3, 4) after a declared name; () for a dynamic array.
 bool Parser::bounds(ChildList &list)
 {
     const auto opening = tokenRange();
@@ -138,7 +138,7 @@ bool Parser::literalValue(NodeId value)
     }
 }
 
-/// Sub, Function or Property Get, Let, Set at hand; Property alone is a name.
+/// At Sub, Function or Property Get, Let, Set; Property alone is a name.
 bool Parser::atProcedure()
 {
     if (at(Keyword::Sub) || at(Keyword::Function))
@@ -146,8 +146,7 @@ bool Parser::atProcedure()
     return at(Keyword::Property) && (peekIs(Keyword::Get) || peekIs(Keyword::Let) || peekIs(Keyword::Set));
 }
 
-/// Inside a procedure, or at a class inside a class: a declaration that cannot stand here, so an end is
-/// missing.
+/// At a declaration that is not allowed here, in a procedure or a class within a class, so an end is missing.
 bool Parser::atDeclarationBoundary()
 {
     if (at(Keyword::Class) && (inProcedure() || isOpen(BlockKind::Class)))
@@ -224,7 +223,7 @@ NodeId Parser::procedure(Offset start, unsigned flags)
     typeDeclaration();
     if (!m_failed)
         checkParameters(kind, spelled, m_build[identifier].range(), children.count - count);
-    // Behind the parentheses a statement may follow at once.
+    // A statement may directly follow the parentheses.
     if (!listed)
         expectStatementEnd();
     recover();
@@ -234,7 +233,7 @@ NodeId Parser::procedure(Offset start, unsigned flags)
     return id;
 }
 
-/// The statements up to the end of the procedure. Blocks and loops around the procedure do not reach into it.
+/// The statements up to the end of the procedure. Exit and block ends in it do not refer to blocks around it.
 NodeId Parser::procedureBody(BlockKind kind, Offset start, std::string_view name)
 {
     const auto outside = m_openCount;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Expressions, by the strength of their operators: Imp binds weakest, ^ strongest.
+// Expressions, by operator precedence: Imp binds weakest, ^ strongest.
 #include "script/nesting.h"
 #include "script/parser_state.h"
 
@@ -13,11 +13,11 @@ constexpr unsigned powerStrength = 14;
 struct OperatorRow {
     Operator op;
     std::uint8_t strength;
-    TokenKind sign; ///< Name where it is a word
+    TokenKind sign; ///< Name if it is a keyword
     Keyword word = Keyword::None;
 };
 
-// In the order of Operator; unary ones have no sign here, for it means another operator between operands.
+// In the order of Operator. Unary operators have no sign here: between operands it is a binary one.
 constexpr std::array operators{
     OperatorRow{Operator::None, 0, TokenKind::End},
     OperatorRow{Operator::Imp, 1, TokenKind::Name, Keyword::Imp},
@@ -70,7 +70,7 @@ constexpr unsigned strength(Operator op)
     return operators[static_cast<std::size_t>(op)].strength;
 }
 
-/// a < > b and a > = b, written apart.
+/// a < > b and a > = b, with a blank inside the operator.
 Operator joined(Operator first, TokenKind second)
 {
     if (first == Operator::Less && second == TokenKind::Greater)
@@ -137,7 +137,7 @@ NodeId Parser::expression(unsigned least)
     return binary(operand(), start, least);
 }
 
-/// Goes on after `left` with all operators at least as strong as `least`.
+/// Continues after `left` with all operators that bind at least as strongly as `least`.
 NodeId Parser::binary(NodeId left, Offset start, unsigned least)
 {
     while (!m_failed) {
@@ -159,7 +159,7 @@ NodeId Parser::binary(NodeId left, Offset start, unsigned least)
             }
             const auto rightStart = m_token.start;
             auto right = operand();
-            // Stronger operators take the right operand first.
+            // Operators that bind more strongly take the right operand first.
             if (strength(binaryOperator()) > strength(op))
                 right = binary(right, rightStart, strength(op) + 1);
             m_build.append(list, right);
@@ -260,8 +260,7 @@ NodeId Parser::parenthesised()
     return built(NodeKind::Parentheses, from(opening.start), list);
 }
 
-/// The closing parenthesis; where it is missing before something that ends the expression, it is taken as
-/// there.
+/// The closing parenthesis. If the expression ends without it, it is assumed to be there.
 bool Parser::closeParenthesis(TextRange opening)
 {
     if (m_failed || take(TokenKind::RightParenthesis))
@@ -281,8 +280,7 @@ bool Parser::closeParenthesis(TextRange opening)
     return false;
 }
 
-/// .name and (arguments), as many as follow. In a statement inside With, a dot after a blank starts an
-/// argument.
+/// Any number of .name and (arguments). In a statement inside With, a dot after a blank starts an argument.
 NodeId Parser::suffixes(NodeId object, Offset start, bool statement)
 {
     const Nesting nesting(*this);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Statements that are no blocks: assignments, calls and the short ones.
+// Simple statements: assignments, calls and those of a few words.
 #include "script/nesting.h"
 #include "script/parser_state.h"
 
 namespace kevra::script {
 
-/// The statement at hand; afterwards the parser stands behind it. At the end of a block there is none.
+/// Parses the statement here and leaves the parser after it. None at the end of a block.
 NodeId Parser::statement()
 {
     const Nesting nesting(*this);
@@ -156,7 +156,7 @@ bool Parser::computedAssignment(NodeId target)
     }
     if (next.kind != kind() || (op != Operator::Add && op != Operator::Subtract))
         return false;
-    // x ++ y is a call with the argument y; without anything behind, it was meant to count.
+    // x ++ y is a call with the argument +(+y); x ++ alone was meant as an increment.
     const auto rest = m_script.text.find_first_not_of(" \t", next.end);
     if (rest != std::string_view::npos
         && std::string_view("\r\n:'").find(m_script.text[rest]) == std::string_view::npos)
@@ -169,8 +169,7 @@ bool Parser::computedAssignment(NodeId target)
     return true;
 }
 
-/// `f (a)` passes the value of a: the parentheses belong to the argument. Makes them an expression and gives
-/// it.
+/// `f (a)` passes a by value: the parentheses belong to the argument. Returns them as an expression.
 NodeId Parser::unwrapArgument(NodeId apply)
 {
     const auto callee = m_build[apply].firstChild;
@@ -303,7 +302,7 @@ NodeId Parser::callStatement()
     auto callee = primary();
     ChildList list;
     if (m_build[callee].kind == NodeKind::Apply) {
-        // The arguments move from the call in the expression to the statement.
+        // Moves the arguments from the call in the expression to the statement.
         const auto name = m_build[callee].firstChild;
         list.first = m_build[name].nextSibling;
         list.depth = m_build[callee].depth;
@@ -430,7 +429,7 @@ NodeId Parser::labelJump()
     return wrong(start);
 }
 
-/// End with nothing, or with something, behind it that ends no block.
+/// An End that ends no block, alone or followed by something.
 NodeId Parser::loneEnd()
 {
     const auto start = m_token.start;

@@ -7,7 +7,7 @@ namespace kevra::script {
 
 namespace {
 
-/// Positions in the tree take 32 bits, and a token more than the text has.
+/// Positions in the tree have 32 bits, and the End token follows the text.
 constexpr std::size_t largestText = std::numeric_limits<std::int32_t>::max();
 
 } // namespace
@@ -135,7 +135,7 @@ NodeId Parser::built(NodeKind kind, TextRange range, const ChildList &children, 
     return m_build.node(kind, range, children, name);
 }
 
-/// Counts how deep the parser has gone, and ends the parse where it becomes too deep for the stack.
+/// Counts the recursion depth and stops the parse before the stack overflows.
 void Parser::stopHere()
 {
     if (m_stopped)

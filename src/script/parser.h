@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Text to syntax tree, with findings for what the script host would refuse to compile.
+// Parses text into a syntax tree, with findings for what the script host would not compile.
 #pragma once
 
 #include "script/tree.h"
@@ -13,15 +13,15 @@ enum class PieceKind : std::uint8_t {
     Output, ///< an expression: <%= %>
 };
 
-/// A stretch of the text that is script. Statements end where it ends.
+/// A range of the text that is script. No statement extends past its end.
 struct Piece {
     TextRange range;
     PieceKind kind = PieceKind::Statements;
-    /// Compiled apart from the piece before: no block reaches over from there. Names are shared all the same.
+    /// Compiled separately from the piece before: no block extends across. Names are shared nevertheless.
     bool startsUnit = false;
     /// In a page: <!-- and --> are comments.
     bool inPage = false;
-    /// What handles an event is the body of a procedure: it can be left with Exit Sub and Exit Function.
+    /// An event handler is compiled as a procedure body: Exit Sub and Exit Function leave it.
     bool handlesEvent = false;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The recursive-descent parser. Private: parser.h is the way in. Its functions are spread over parse_*.cpp.
+// The recursive-descent parser, implemented in parse_*.cpp. Private: use parser.h.
 //
-// After a fault in a statement `m_failed` is set; the functions then return at once and the rest of the line
-// is skipped. Blocks are kept on a stack, so that a missing end can be told from one that is too many.
+// After a syntax error `m_failed` is set: the functions then return at once and the rest of the line is
+// skipped. Open blocks are kept on a stack, so that a missing end is distinguished from a surplus one.
 #pragma once
 
 #include "script/block_indents.h"
@@ -23,7 +23,7 @@ struct OpenBlock {
     BlockKind kind{};
     TextRange head; ///< the words that open it
     std::string_view name; ///< of a procedure or class
-    TextRange otherwise{}; ///< the Else of an If that has come to it
+    TextRange elseRange{}; ///< the Else of an If, once it is reached
 };
 
 class Parser {
@@ -32,7 +32,7 @@ public:
     void run();
 
 private:
-    // What words stand next.
+    // Lookahead.
     void advance();
     const Token &peek();
     [[nodiscard]] TokenKind kind() const { return m_token.kind; }
@@ -52,10 +52,10 @@ private:
     [[nodiscard]] bool spaceBefore() const;
     [[nodiscard]] TextRange tokenRange() const { return {m_token.start, m_token.end}; }
     [[nodiscard]] TextRange from(Offset start) const { return {start, std::max<Offset>(start, m_lastEnd)}; }
-    /// The place after the last word, where something is missing.
+    /// The position after the last token, where something is missing.
     [[nodiscard]] TextRange hereRange() const;
 
-    // Faults.
+    // Syntax errors.
     Finding *report(Rule rule, TextRange range, std::string what);
     Finding *fail(Rule rule, TextRange range, std::string what);
     Finding *failHere(Rule rule, std::string what);
@@ -187,13 +187,13 @@ private:
     Lexer m_lexer;
     Token m_token;
     std::optional<Token> m_peeked;
-    Offset m_lastEnd = 0; ///< of the word before
-    bool m_failed = false; ///< the rest of the line is to be skipped
-    bool m_quiet = false; ///< the line was found faulty: what else it holds is likely a consequence
+    Offset m_lastEnd = 0; ///< of the token before
+    bool m_failed = false; ///< skip the rest of the line
+    bool m_quiet = false; ///< the line has an error already: further ones are likely consequences
     bool m_stopped = false;
-    bool m_statementStart = true; ///< the word at hand is the first after a separator
+    bool m_statementStart = true; ///< the current token is the first after a separator
     bool m_statementSeen = false;
-    std::vector<bool> m_unitHandlesEvent; ///< of each part that is compiled apart
+    std::vector<bool> m_unitHandlesEvent; ///< by compilation unit
     std::size_t m_unit = 0;
     unsigned m_depth = 0;
     std::vector<OpenBlock> m_open;

@@ -35,7 +35,7 @@ namespace {
     }
 }
 
-/// The class whose member is used; 0 where it is not one of the script's.
+/// The class of the script whose member is used, or 0.
 [[nodiscard]] SymbolId ownerOf(const Model &model, NodeId member)
 {
     auto object = model.tree.child(member, 0);
@@ -87,7 +87,7 @@ public:
         }
     }
 
-    /// New Name, and GetRef("Name"), which name things of the whole script.
+    /// New Name and GetRef("Name"), which refer to global names.
     void addByName(NameId name)
     {
         for (NodeId id = 1; id < m_model.tree.size(); ++id) {
@@ -161,7 +161,7 @@ NodeId nameNodeAt(const FilePart &part, Offset offset)
     NodeId found = 0;
     for (NodeId id = 1; id < tree.size(); ++id) {
         const auto &node = tree[id];
-        // Of two names that touch, the one that begins at the place is meant.
+        // Of two adjacent names the one that begins at the position is meant.
         if (isNamed(node.kind) && contains(node.range(), offset)
             && contains(part.script.nameRange(id), offset)
             && (found == 0 || part.script.nameRange(id).start >= part.script.nameRange(found).start))
@@ -207,16 +207,16 @@ std::optional<NamedThing> namedAt(const FileModel &file, Offset offset)
 std::vector<Occurrence> occurrences(const FilePart &part, SymbolId symbol)
 {
     const auto &symbols = part.model.symbols;
-    const auto &wanted = symbols.symbol(symbol);
+    const auto &target = symbols.symbol(symbol);
     Collector collector(part);
-    for (auto id = symbols.scope(wanted.scope).firstSymbol; id != 0; id = symbols.symbol(id).nextInScope) {
-        if (symbols.symbol(id).name == wanted.name)
+    for (auto id = symbols.scope(target.scope).firstSymbol; id != 0; id = symbols.symbol(id).nextInScope) {
+        if (symbols.symbol(id).name == target.name)
             collector.addSymbol(id);
     }
-    if (wanted.scope == 0)
-        collector.addByName(wanted.name);
-    else if (symbols.scope(wanted.scope).kind == ScopeKind::Class)
-        collector.addMembers(symbols.scope(wanted.scope).owner, wanted.name);
+    if (target.scope == 0)
+        collector.addByName(target.name);
+    else if (symbols.scope(target.scope).kind == ScopeKind::Class)
+        collector.addMembers(symbols.scope(target.scope).owner, target.name);
     return collector.take();
 }
 
@@ -239,13 +239,13 @@ std::vector<Occurrence> globalOccurrences(const FilePart &part, std::string_view
 std::vector<TextRange> uncertainUses(const FilePart &part, SymbolId symbol)
 {
     const auto &model = part.model;
-    const auto &wanted = model.symbols.symbol(symbol);
+    const auto &target = model.symbols.symbol(symbol);
     std::vector<TextRange> places;
-    if (wanted.scope == 0 || model.symbols.scope(wanted.scope).kind != ScopeKind::Class)
+    if (target.scope == 0 || model.symbols.scope(target.scope).kind != ScopeKind::Class)
         return places;
     for (NodeId id = 1; id < model.tree.size(); ++id) {
         const auto &node = model.tree[id];
-        if (node.kind != NodeKind::Member || node.name != wanted.name || ownerOf(model, id) != 0)
+        if (node.kind != NodeKind::Member || node.name != target.name || ownerOf(model, id) != 0)
             continue;
         const auto type = model.types.of(model.tree.child(id, 0)).id;
         if (type == TypeId::Unknown || type == TypeId::Object)

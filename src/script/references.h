@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a name at a place stands for, and everywhere it stands for that.
+// Resolves the name at a position and finds all its occurrences.
 #pragma once
 
 #include "script/file_model.h"
@@ -19,26 +19,25 @@ struct Occurrence {
 
 struct NamedThing {
     const FilePart *part = nullptr;
-    TextRange place; ///< the name that was asked about
-    SymbolId symbol = 0; ///< 0: the part declares no such thing, another file may
+    TextRange place; ///< the name at the position
+    SymbolId symbol = 0; ///< 0: not declared in the part, perhaps in another file
     std::string_view name; ///< without brackets
-    /// Known in the whole part, so that files loaded beside it know it as well.
+    /// Global, so also visible in files loaded together with this one.
     bool isGlobal = false;
 };
 
-/// Nothing where no name stands, or one that the language or the host provides.
+/// Nothing if there is no name, or one of the language or the host.
 [[nodiscard]] std::optional<NamedThing> namedAt(const FileModel &file, Offset offset);
-/// The innermost Name, Identifier, Member or New whose name is at the place or ends there; 0 where there is
-/// none.
+/// The innermost Name, Identifier, Member or New whose name is at the position or ends there, or 0.
 [[nodiscard]] NodeId nameNodeAt(const FilePart &part, Offset offset);
-/// What the node of a name stands for, members of the script's own classes included.
+/// The symbol of a name's node, including members of the script's classes.
 [[nodiscard]] SymbolId symbolOf(const Model &model, NodeId node);
 
-/// Ascending, with the declarations. A property's three forms are one thing.
+/// Ascending, with the declarations. Get, Let and Set of a property are one symbol.
 [[nodiscard]] std::vector<Occurrence> occurrences(const FilePart &part, SymbolId symbol);
-/// Where the part declares the name for the whole part, or uses it and leaves it to others to declare it.
+/// The global declarations of the name in the part, and its uses that refer to them or to another file.
 [[nodiscard]] std::vector<Occurrence> globalOccurrences(const FilePart &part, std::string_view name);
-/// Uses of a member of that name where the class of the object is not known.
+/// Uses of a member of that name on objects of unknown class.
 [[nodiscard]] std::vector<TextRange> uncertainUses(const FilePart &part, SymbolId symbol);
 
 } // namespace kevra::script

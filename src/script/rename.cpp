@@ -25,7 +25,7 @@ constexpr std::size_t longestName = 255;
         && a.nextSibling == b.nextSibling;
 }
 
-/// By the declaration: ids of names may have another order.
+/// Compares declarations, since ids may be assigned in another order.
 [[nodiscard]] NodeId declarationFor(const Model &model, NodeId id)
 {
     const auto kind = model.kind(id);
@@ -34,7 +34,7 @@ constexpr std::size_t longestName = 255;
     return model.symbols.symbol(symbolOf(model, id)).node;
 }
 
-/// The first name that stands for something else than before; 0 where all mean the same.
+/// The first name that no longer refers to the same symbol, or 0.
 [[nodiscard]] std::optional<NodeId> changedMeaning(const Model &before, const Model &after)
 {
     if (before.tree.size() != after.tree.size())

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Giving a name another spelling wherever it stands for the same thing, or saying why that cannot be done.
+// Renames a symbol at all its occurrences, or says why that is not possible.
 #pragma once
 
 #include "script/finding.h"
@@ -19,12 +19,12 @@ struct Renaming {
 /// In the file of `thing` alone.
 [[nodiscard]] Renaming renamed(const FileModel &file, const NamedThing &thing, std::string_view newName);
 
-/// A name that several files share, in one of them: `places` are its occurrences there. Every other name
-/// keeps its meaning, or nothing is renamed.
+/// Renames a global name in one of several files; `places` are its occurrences there. Refused if another name
+/// would change its meaning.
 [[nodiscard]] Renaming renamedPlaces(
     const FileModel &file, const std::vector<Occurrence> &places, std::string_view newName);
 
-/// Why this cannot be the name of anything; empty where it can.
+/// Why this is not a valid name; empty if it is.
 [[nodiscard]] std::string whyNoName(std::string_view name);
 
 } // namespace kevra::script

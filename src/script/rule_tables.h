@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The rules: each is a function that looks at one node, one symbol, or the whole script. Each file of rules
-// has its functions here and its rows in analysis.cpp.
+// The rules: functions that check one node, one symbol, or the whole script. Declared here by source file;
+// their rows are in analysis.cpp.
 #pragma once
 
 #include "script/model.h"

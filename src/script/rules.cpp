@@ -300,4 +300,12 @@ std::string_view levelName(Level level)
     return "hint";
 }
 
+std::optional<Level> levelNamed(std::string_view name)
+{
+    for (const auto level : {Level::Error, Level::Warning, Level::Hint})
+        if (levelName(level) == name)
+            return level;
+    return std::nullopt;
+}
+
 } // namespace kevra::script

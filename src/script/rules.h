@@ -11,14 +11,14 @@
 namespace kevra::script {
 
 enum class Level : std::uint8_t {
-    Error, ///< the script host refuses the text, or the statement must fail
-    Warning, ///< almost surely not meant
+    Error, ///< the script does not compile, or the statement must fail
+    Warning, ///< almost certainly unintended
     Hint,
 };
 
-/// The value is the number of the code: KV1001.
+/// The value is the number in the code: KV1001.
 enum class Rule : std::uint16_t {
-    // The text is not VBScript: found by lexer and parser.
+    // Syntax errors: found by lexer and parser.
     SyntaxError = 1001,
     UnclosedString,
     InvalidCharacter,
@@ -53,13 +53,13 @@ enum class Rule : std::uint16_t {
     InvalidContinuation,
     CaseRange,
     LineLabel,
-    // Refused or certain to fail, found in what the names mean.
+    // Does not compile or is certain to fail: found from the symbols.
     UndeclaredName = 1101,
     ArgumentCount,
     ConstantAssigned,
 
     NestingTooDeep = 2001,
-    // Almost surely not meant.
+    // Almost certainly unintended.
     MissingSet,
     SetWithValue,
     UnknownMember,
@@ -78,7 +78,7 @@ enum class Rule : std::uint16_t {
     NoOptionExplicit,
     NeedsVbscript,
     ErrorsIgnored,
-    // Pages, whatever script is in them: found by page/.
+    // Pages: found by page/.
     MissingFile = 4001,
     MissingFragment,
     PictureWithoutText,
@@ -92,7 +92,7 @@ enum class Rule : std::uint16_t {
 struct RuleInfo {
     Rule rule;
     Level level;
-    std::string_view title; ///< what it is about in general, without a full stop
+    std::string_view title; ///< the problem in general, without a full stop
     std::string_view
         why; ///< a paragraph: what the script host or the browser does, and what to write instead
 };
@@ -103,9 +103,10 @@ struct RuleInfo {
 
 /// "error", "warning" or "hint".
 [[nodiscard]] std::string_view levelName(Level level);
+[[nodiscard]] std::optional<Level> levelNamed(std::string_view name);
 /// "KV1001"
 [[nodiscard]] std::string code(Rule rule);
-/// The rule of "KV1001", letters in either case.
+/// The rule of "KV1001", ignoring case.
 [[nodiscard]] std::optional<Rule> ruleOfCode(std::string_view code);
 
 } // namespace kevra::script

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view blanks = " \t";
 
-/// What follows "kevra: off" in a comment; nothing where it says something else.
+/// The text after "kevra: off" in a comment; nothing for other comments.
 [[nodiscard]] std::optional<std::string_view> directive(std::string_view comment)
 {
     for (const std::string_view word : {"kevra:", "off"}) {
@@ -56,7 +56,7 @@ constexpr std::string_view blanks = " \t";
     return kind == NodeKind::Script || kind == NodeKind::Block;
 }
 
-/// Every statement, in the order of the text, an outer one before those in it.
+/// Every statement in text order, outer ones before inner ones.
 [[nodiscard]] std::vector<TextRange> statementsOf(const ParsedScript &script)
 {
     std::vector<TextRange> statements;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Comments that switch findings off: 'kevra: off KV2003, KV2004 on a line for that line, on a line of its own
-// for the statement that follows with everything in it. Without codes all findings are meant.
+// Comments that switch findings off: 'kevra: off KV2003, KV2004 after a statement applies to its line, on a
+// line of its own to the whole next statement. Without codes it applies to all findings.
 #pragma once
 
 #include "script/finding.h"
@@ -18,9 +18,9 @@ struct Silence {
     std::vector<Rule> rules; ///< none: all
 };
 
-/// What a comment, taken without its marks, switches off; nothing where it says something else.
+/// The rules that a comment, given without its marks, switches off; nothing for other comments.
 [[nodiscard]] std::optional<std::vector<Rule>> rulesSwitchedOff(std::string_view comment);
-/// Findings that begin in one of the ranges go.
+/// Removes the findings that begin in one of the ranges.
 void dropSilenced(std::span<const Silence> silences, std::vector<Finding> &findings);
 
 /// `findings` are in ascending order of their start.

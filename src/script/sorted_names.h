@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lookup in tables whose rows have a name and stand in its ascending order, letters in either case.
+// Lookup in tables sorted by name, ignoring case.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace kevra::script {
 
 [[nodiscard]] constexpr bool inAscendingOrder(const auto &table)
 {
-    // Strictly: a name may stand in a table once.
+    // Strictly: a table has each name once.
     return std::ranges::adjacent_find(table, [](const auto &a, const auto &b) {
         return !comesBefore(a.name, b.name);
     }) == std::ranges::end(table);

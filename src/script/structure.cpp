@@ -9,7 +9,7 @@
 namespace kevra::script {
 namespace {
 
-/// Lines with nothing but a comment, in a row.
+/// Consecutive lines that hold only a comment.
 void appendCommentFolds(const FilePart &part, const Layout &layout, std::vector<Fold> &folds)
 {
     Fold run;
@@ -72,7 +72,7 @@ std::vector<TextRange> widening(const FileModel &file, Offset offset)
     }
     ranges.push_back({0, static_cast<Offset>(file.text().size())});
     std::ranges::stable_sort(ranges, {}, [](TextRange range) { return range.length(); });
-    // Of names that touch at the place one is followed.
+    // If two names are adjacent at the position, only one of them is used.
     std::vector<TextRange> nested;
     for (const auto range : ranges) {
         const bool wider = nested.empty()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which lines fold together, and what grows around a place when the selection is widened.
+// Folding ranges, and the ranges for expanding a selection.
 #pragma once
 
 #include "script/file_model.h"
@@ -9,7 +9,7 @@
 namespace kevra::script {
 
 struct Fold {
-    std::size_t first = 0; ///< lines from 0; the first stays to be seen
+    std::size_t first = 0; ///< lines from 0; the first stays visible
     std::size_t last = 0;
     bool isComment = false;
 
@@ -20,7 +20,7 @@ struct Fold {
 /// Ascending by their first lines, the longest first.
 [[nodiscard]] std::vector<Fold> folds(const FileModel &file);
 
-/// Around the place, from the word to the whole text, each wider than the one before.
+/// The ranges around a position from the word to the whole text, each wider than the one before.
 [[nodiscard]] std::vector<TextRange> widening(const FileModel &file, Offset offset);
 
 } // namespace kevra::script

@@ -63,7 +63,7 @@ private:
         return id;
     }
 
-    // Declarations first: a name is known in all of its scope, before its declaration too.
+    // Declarations first: a name is visible in its whole scope, even before its declaration.
 
     void declareChildren(NodeId id, ScopeId scope)
     {
@@ -130,7 +130,7 @@ private:
         }
     }
 
-    /// ReDim of a name nobody declares, declares it.
+    /// ReDim declares a name that is not declared otherwise.
     void declareReDims()
     {
         std::unordered_set<std::uint64_t> known;
@@ -151,11 +151,11 @@ private:
         }
     }
 
-    // Then the uses, with the names bound to what they mean at the place.
+    // Then the uses, each bound to the symbol visible there.
 
     void enter(ScopeId scope)
     {
-        // The first declaration comes last in the list, and counts.
+        // The first declaration is last in the list, and is the one that counts.
         for (auto id = m_result.m_scopes[scope].firstSymbol; id != 0;
              id = m_result.m_symbols[id].nextInScope) {
             const auto name = m_result.m_symbols[id].name;
@@ -178,7 +178,7 @@ private:
     void visitInScope(NodeId id, ScopeId outer)
     {
         const auto symbol = m_result.m_symbolAt[id];
-        if (symbol == 0) // where a statement was not understood
+        if (symbol == 0) // in a statement that was not understood
             return visitChildren(id, outer);
         const auto saved = m_saved.size();
         enter(m_result.m_symbols[symbol].ownScope);
@@ -241,7 +241,7 @@ private:
         }
     }
 
-    /// The first child in a way of its own; the others are read, or handed over where this is a call.
+    /// Visits the first child with the access given. The others are read, or arguments if this is a call.
     void visitFirst(NodeId id, ScopeId scope, Access first)
     {
         const bool call = m_tree[id].kind == NodeKind::Apply || m_tree[id].kind == NodeKind::CallStatement;
@@ -278,8 +278,8 @@ private:
             m_result.m_references.push_back({id, symbol, scope, access});
     }
 
-    /// A name that is assigned without a declaration is a variable: of the whole script if that happens
-    /// outside of procedures, else of the procedure.
+    /// A name that is assigned without a declaration is a variable: global if assigned outside of procedures,
+    /// else local to the procedure.
     void declareImplicit()
     {
         groupBy(
@@ -339,8 +339,8 @@ private:
         groupBy(declared, m_result.m_scopes.size(), &Declared::scope);
     }
 
-    /// Puts rows with the same key, which is below `keys`, beside one another, ascending and otherwise
-    /// in the order they have. Says where those of each key begin. There are too many to compare them.
+    /// Sorts rows by their key, which is below `keys`, and returns where each key begins. A stable counting
+    /// sort, since there are many rows.
     template <typename Row, typename Key>
     static std::vector<std::uint32_t> groupBy(std::vector<Row> &rows, std::size_t keys, Key key)
     {
@@ -381,7 +381,7 @@ SymbolId Symbols::declaredIn(ScopeId scope, NameId name) const
 
 std::vector<SymbolId> Symbols::declarations(ScopeId scope, NameId name) const
 {
-    // More of one name do not add to what is known.
+    // Further declarations of the same name add nothing.
     constexpr std::size_t most = 16;
     std::vector<SymbolId> found;
     for (auto at = std::ranges::lower_bound(m_declared, Declared{scope, name, 0});

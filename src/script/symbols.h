@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the names of a script stand for: every declaration, and every use of a name with what is done to it.
+// The symbol table of a script: every declaration, and every use of a name with the kind of access.
 #pragma once
 
 #include "script/builtins.h"
@@ -13,7 +13,7 @@ namespace kevra::script {
 
 /// 0 is the global scope.
 using ScopeId = std::uint32_t;
-/// 0 is no symbol: a built-in name, or one that somebody else has to provide.
+/// 0 is no symbol: a built-in name, or one provided from outside.
 using SymbolId = std::uint32_t;
 
 enum class ScopeKind : std::uint8_t { Global, Class, Procedure };
@@ -34,13 +34,13 @@ enum class SymbolKind : std::uint8_t {
     Function,
     Property,
     Class,
-    Implicit, ///< a variable that is nowhere declared, but assigned
+    Implicit, ///< a variable that is assigned but not declared
 };
 
 struct Symbol {
     SymbolKind kind{};
     NameId name = NameId::None;
-    ScopeId scope = 0; ///< where it is known
+    ScopeId scope = 0; ///< where it is visible
     ScopeId ownScope = 0; ///< of a class or procedure: the scope it opens
     NodeId node = 0; ///< its declaration: Variable, Constant, Parameter, Sub, ...; its first use if Implicit
     SymbolId nextInScope = 0;
@@ -49,9 +49,9 @@ struct Symbol {
 
 enum class Access : std::uint8_t {
     Read,
-    Argument, ///< the whole argument of a call, which may change it
-    Object, ///< a member of it is used
-    Index, ///< with parentheses after it: called or indexed for a value
+    Argument, ///< a whole argument of a call, which may change it
+    Object, ///< one of its members is used
+    Index, ///< followed by parentheses: called or indexed for a value
     Call, ///< called as a statement
     Write,
     WriteElement,
@@ -71,7 +71,7 @@ enum class Access : std::uint8_t {
 struct Reference {
     NodeId node = 0; ///< a Name
     SymbolId symbol = 0;
-    ScopeId scope = 0; ///< where it stands
+    ScopeId scope = 0; ///< the scope around it
     Access access{};
 };
 
@@ -81,26 +81,26 @@ public:
 
     [[nodiscard]] const Scope &scope(ScopeId id) const { return m_scopes[id]; }
     [[nodiscard]] const Symbol &symbol(SymbolId id) const { return m_symbols[id]; }
-    /// Ids are below these.
+    /// All ids are below these.
     [[nodiscard]] std::size_t scopeCount() const { return m_scopes.size(); }
     [[nodiscard]] std::size_t symbolCount() const { return m_symbols.size(); }
 
-    /// All uses of a symbol, in the order of the text; symbol 0: of the names that stand for none.
+    /// All uses of a symbol in text order; of symbol 0: the names without a symbol.
     [[nodiscard]] std::span<const Reference> references(SymbolId id) const
     {
         return std::span(m_references)
             .subspan(m_firstReference[id], m_firstReference[id + 1] - m_firstReference[id]);
     }
-    /// What a Name stands for; of a class or procedure, its own symbol.
+    /// The symbol of a Name, class or procedure.
     [[nodiscard]] SymbolId symbolAt(NodeId name) const { return m_symbolAt[name]; }
     /// 0 at the root.
     [[nodiscard]] NodeId parent(NodeId id) const { return m_parents[id]; }
-    /// The first declaration of `name` in that scope itself; 0 where there is none.
+    /// The first declaration of `name` in that scope itself, or 0.
     [[nodiscard]] SymbolId declaredIn(ScopeId scope, NameId name) const;
-    /// All declarations of `name` in that scope itself, in the order of the text.
+    /// All declarations of `name` in that scope itself, in text order.
     [[nodiscard]] std::vector<SymbolId> declarations(ScopeId scope, NameId name) const;
     [[nodiscard]] const BuiltinNames &builtins() const { return m_builtins; }
-    /// The expression of the With that a WithObject stands for; 0 where there is none.
+    /// The expression of the With that a WithObject refers to, or 0.
     [[nodiscard]] NodeId withExpression(NodeId withObject) const;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How the parser words what it finds, and how it goes on after a fault.
+// The parser's messages, and how it recovers from syntax errors.
 #include "script/characters.h"
 #include "script/nesting.h"
 #include "script/parser_state.h"
@@ -9,7 +9,7 @@ namespace kevra::script {
 
 namespace {
 
-/// A text of nothing but faults must not fill the memory.
+/// A text full of errors must not fill the memory.
 constexpr std::size_t mostFindings = 1000;
 constexpr Offset longestQuote = 40;
 
@@ -73,7 +73,7 @@ std::string Parser::tokenName() const
 std::string Parser::quoted(TextRange range) const
 {
     auto text = std::string(m_script.textOf({range.start, std::min(range.end, range.start + longestQuote)}));
-    // A character cut in two would not be UTF-8 any more.
+    // Cutting inside a character would make invalid UTF-8.
     while (range.length() > longestQuote && !text.empty() && static_cast<unsigned char>(text.back()) >= 0x80)
         text.pop_back();
     for (auto &byte : text) {
@@ -146,7 +146,7 @@ void Parser::failInvalid()
             {"Write plain characters in the rest of the line", plainCharacters(range.start)});
 }
 
-/// An underscore with something behind it. Where that is a comment, the next line was meant to go on.
+/// An underscore that does not end its line. If a comment follows, a continuation was meant.
 void Parser::failContinuation()
 {
     const auto range = tokenRange();
@@ -163,7 +163,7 @@ void Parser::failContinuation()
     m_quiet = true;
 }
 
-/// Edits for all characters up to the end of the line that look like others.
+/// Edits for all lookalike characters up to the end of the line.
 std::vector<TextEdit> Parser::plainCharacters(Offset start) const
 {
     std::vector<TextEdit> edits;
@@ -197,7 +197,7 @@ void Parser::reportUnclosed(const Token &token)
     m_quiet = true;
 }
 
-/// A name directly followed by a sign that stands for a type in related languages.
+/// A name directly followed by a type character of related languages, such as name$.
 void Parser::typeSuffix()
 {
     if (!at(TokenKind::Invalid) || m_token.start != m_lastEnd || m_failed)
@@ -215,7 +215,7 @@ void Parser::typeSuffix()
     advance();
 }
 
-/// As Integer, As New Thing, As String * 20: reported and passed over.
+/// As Integer, As New Thing, As String * 20: reported and skipped.
 void Parser::typeDeclaration()
 {
     if (m_failed || !at(Keyword::As))
@@ -255,7 +255,7 @@ void Parser::expectStatementEnd()
     if (isOpen(BlockKind::InlineIf)
         && (at(Keyword::Else) || at(Keyword::ElseIf) || (at(Keyword::End) && peekIs(Keyword::If))))
         return;
-    // A block that another's end has left open; For i = 1 To 3: If a Then b: Next.
+    // The end of an outer block, as in For i = 1 To 3: If a Then b: Next.
     if (m_statementStart)
         return;
     if (at(TokenKind::Invalid))
@@ -268,8 +268,7 @@ void Parser::expectStatementEnd()
     fail(Rule::ExpectedEndOfStatement, tokenRange(), "The statement is complete before " + tokenName() + ".");
 }
 
-/// After the first line of a block: what else it holds is passed over, so that the block is parsed all the
-/// same.
+/// After the head of a block: skips the rest of its line, so that the block is still parsed.
 void Parser::expectHeadEnd()
 {
     expectStatementEnd();

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The words of VBScript. Positions are bytes from the start of the text that holds the script.
+// The tokens of VBScript. Positions are byte offsets in the text that holds the script.
 #pragma once
 
 #include <cstdint>
 
 namespace kevra::script {
 
-/// A name without regard to its letters' case: equal names have equal ids. See names.h.
+/// Identifies a name: names that differ only in case have equal ids. See names.h.
 enum class NameId : std::uint32_t { None = 0 };
 
-/// Each keyword is also the NameId of the same value. Some are keywords in their place only: see
-/// isReserved().
+/// Each keyword is also the NameId of the same value. Some are keywords only in context: see isReserved().
 enum class Keyword : std::uint8_t {
     None,
     And,
@@ -66,7 +65,7 @@ enum class Keyword : std::uint8_t {
     While,
     With,
     Xor,
-    // Free as names outside of their statement.
+    // Usable as names outside of their statement.
     As,
     Default,
     Erase,
@@ -78,7 +77,7 @@ enum class Keyword : std::uint8_t {
     Preserve,
     Property,
     Step,
-    // No part of the language: known to explain what is wrong.
+    // Not VBScript: known so that the message can explain the error.
     AddressOf,
     AndAlso,
     Catch,
@@ -103,11 +102,11 @@ inline constexpr auto lastKeyword = Keyword::TypeOf;
 
 enum class TokenKind : std::uint8_t {
     End, ///< of the text
-    UnitEnd, ///< between parts of a page that are compiled apart
+    UnitEnd, ///< between compilation units of a page
     OutputStart, ///< before the expression of <%= %>
-    NewLine, ///< also where one piece of script gives way to the next
+    NewLine, ///< also between pieces of script
     Colon,
-    Name, ///< also every keyword: Token::keyword() tells
+    Name, ///< also every keyword, see Token::keyword()
     Number,
     String, ///< with its quotation marks
     Date, ///< with its number signs
@@ -128,13 +127,13 @@ enum class TokenKind : std::uint8_t {
     IntegerDivide,
     Power,
     Ampersand,
-    Invalid, ///< a character VBScript does not know, or the start of what is not closed
+    Invalid, ///< an unknown character, or the start of something unclosed
 };
 
 struct Token {
     TokenKind kind = TokenKind::End;
     bool plain = true; ///< false: in brackets or after a dot, so never a keyword
-    bool unclosed = false; ///< a string, date or bracketed name that its line cuts off
+    bool unclosed = false; ///< a string, date or bracketed name that ends with its line
     std::uint32_t start = 0;
     std::uint32_t end = 0;
     NameId name = NameId::None; ///< of a Name

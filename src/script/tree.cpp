@@ -42,7 +42,7 @@ TextRange ParsedScript::nameRange(NodeId id) const
         return tree[node.firstChild].range();
     if (node.kind != NodeKind::Member && node.kind != NodeKind::New)
         return node.range();
-    // The name comes last; its raw spelling is found back from the end of the node.
+    // The name comes last, so its spelling is found from the end of the node.
     const auto bracketed = node.end > 0 && text[node.end - 1] == ']';
     const auto length = names.spelling(node.name).size() + (bracketed ? 2 : 0);
     return {static_cast<Offset>(node.end - length), static_cast<Offset>(node.end)};

@@ -15,14 +15,14 @@ namespace kevra::script {
 
 inline constexpr unsigned maxTreeDepth = 1000;
 
-/// The children follow in the order given; `?` may be an Omitted node, `*` any number, `+` at least one.
+/// Comments list the children in order; `?` may be an Omitted node, `*` any number, `+` at least one.
 enum class NodeKind : std::uint8_t {
     // Parts.
     Script, ///< Statement* of all pieces
     Block, ///< Statement*
-    Omitted, ///< nothing, where something may stand: a left-out argument, step, condition
-    Identifier, ///< the name in a declaration, first child there
-    Wrong, ///< what was not understood: any children
+    Omitted, ///< an optional part that is missing: an argument, step, condition
+    Identifier, ///< the name in a declaration, its first child
+    Wrong, ///< a syntax error; any children
 
     // Expressions.
     Name, ///< a variable, procedure, class or constant
@@ -35,7 +35,7 @@ enum class NodeKind : std::uint8_t {
     Empty,
     Nothing,
     Me,
-    WithObject, ///< what a leading dot stands for; empty range
+    WithObject, ///< the object of a leading dot; empty range
     Member, ///< object; .name
     Apply, ///< callee, (Expression or Omitted)*: a call with parentheses or an index
     New, ///< .name the class; no child
@@ -107,7 +107,7 @@ enum class Operator : std::uint8_t {
     Power,
 };
 
-/// A bit has one meaning for each kind of node.
+/// The meaning of a bit depends on the kind of node.
 namespace flag {
 inline constexpr unsigned Public = 1, Private = 2, Default = 4, IsArray = 8; // declarations
 inline constexpr unsigned ByVal = 1, ByRef = 2; // Parameter
@@ -124,10 +124,11 @@ struct Node {
     NodeKind kind{};
     Operator op = Operator::None;
     std::uint16_t flags : 6 = 0;
-    std::uint16_t depth : 10 = 1; ///< levels below and with this one
+    std::uint16_t depth : 10 = 1; ///< height of the subtree, with this node
     std::uint32_t start = 0;
     std::uint32_t end = 0;
-    NameId name = NameId::None; ///< of whatever has one: Name, Member, New, Identifier and the declarations
+    NameId name
+        = NameId::None; ///< for nodes that have one: Name, Member, New, Identifier and the declarations
     NodeId firstChild = 0;
     NodeId nextSibling = 0;
 
@@ -189,7 +190,7 @@ private:
     NodeId m_root = 0;
 };
 
-/// Finds lines: made once, when the first line number is asked for.
+/// Finds line numbers. Built when the first one is requested.
 class LineIndex {
 public:
     explicit LineIndex(std::string_view text);
@@ -202,23 +203,22 @@ private:
     std::vector<Offset> m_starts;
 };
 
-/// A parsed text. The text itself stays with the caller and must outlive this.
+/// A parsed text. The text is owned by the caller and must outlive this.
 struct ParsedScript {
     std::string_view text;
     Tree tree;
     NameTable names;
-    std::vector<Offset>
-        unitStarts; ///< ascending: where parts begin that are compiled apart from those before
+    std::vector<Offset> unitStarts; ///< where compilation units begin, ascending
     std::vector<TextRange> comments; ///< ascending, from ' or Rem to the end of the line
     std::vector<Finding> findings; ///< of lexer and parser, ascending by start
-    bool complete = true; ///< false: nested too deep, the rest was not looked at
+    bool complete = true; ///< false: nested too deeply, the rest was not parsed
 
     [[nodiscard]] std::string_view textOf(TextRange range) const
     {
         return text.substr(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.length()));
     }
     [[nodiscard]] std::string_view textOf(NodeId id) const { return textOf(tree[id].range()); }
-    /// Where the name itself stands: of a Name, Member, New, Identifier, or a declaration.
+    /// The range of the name itself: of a Name, Member, New, Identifier, or a declaration.
     [[nodiscard]] TextRange nameRange(NodeId id) const;
 };
 

@@ -10,7 +10,7 @@
 namespace kevra::script {
 namespace {
 
-/// Longer chains of members and indexes than anybody follows.
+/// Longer chains of members and indexes are not followed.
 constexpr unsigned maxLinks = 24;
 
 constexpr Type value{TypeId::Value, 0};
@@ -195,7 +195,7 @@ std::string_view Types::createdProgId(NodeId expression) const
         return withoutQuotes(m_script.textOf(argument));
     const auto moniker = tree.child(expression, 1);
     if (!creates && moniker != 0) {
-        // GetObject("winmgmts:...") and the like, the moniker often put together from parts.
+        // GetObject("winmgmts:..."); the moniker is often concatenated from parts.
         const auto first = tree[moniker].kind == NodeKind::Binary ? tree.child(moniker, 0) : moniker;
         const auto text = withoutQuotes(m_script.textOf(first));
         if (tree[first].kind == NodeKind::String && text.size() >= 8 && same(text.substr(0, 8), "winmgmts"))
@@ -260,7 +260,7 @@ Type Types::computed(SymbolId symbol) const
             if (tree[source].kind != NodeKind::Nothing)
                 add(typeOf(source, 0));
         } else if (use.access == Access::Write) {
-            // Without Set an object gives the value of its default member.
+            // Without Set the value of the default member is assigned.
             const auto type = typeOf(source, 0);
             add(type.id == TypeId::Value ? type : unknown);
         } else if (use.access == Access::LoopEach) {
@@ -273,11 +273,11 @@ Type Types::computed(SymbolId symbol) const
         if (found == unknown)
             return unknown;
     }
-    // What a method writes into a variable it is given, could be an object.
+    // A method may store an object in a variable passed to it.
     return handedOver && found == value ? unknown : found.value_or(unknown);
 }
 
-/// Whether a procedure of the script assigns to the parameter that it is handed over for.
+/// Whether a procedure of the script assigns to the parameter that receives this argument.
 bool Types::mayBeChangedByCall(const Reference &argument) const
 {
     const auto &tree = m_script.tree;
@@ -295,7 +295,7 @@ bool Types::mayBeChangedByCall(const Reference &argument) const
     return parameter == 0 || isWritten(parameter);
 }
 
-/// The parameter of a procedure that an argument stands for; 0 where that is not known.
+/// The parameter of a procedure that receives an argument; 0 if unknown.
 SymbolId Types::parameterFor(SymbolId procedure, NodeId call, NodeId argument) const
 {
     const auto &tree = m_script.tree;
@@ -321,7 +321,7 @@ bool Types::isWritten(SymbolId parameter) const
     if (m_script.tree[m_symbols.symbol(parameter).node].has(flag::ByVal))
         return false;
     auto &entry = m_entries[parameter];
-    // A parameter's own type is never asked for: its state says whether it is written.
+    // The type of a parameter is never inferred; its entry records whether it is assigned.
     if (entry.state == State::NotLooked) {
         const auto uses = m_symbols.references(parameter);
         const bool written = std::ranges::any_of(uses, [](const Reference &use) {

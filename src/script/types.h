@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which class of object an expression gives: followed from CreateObject, New and Set through variables that
-// only ever hold one kind. What is not certain is Unknown.
+// Infers the class of an expression's object, from CreateObject, New and Set through variables that only ever
+// hold one class. What is not certain is Unknown.
 #pragma once
 
 #include "script/host_objects.h"
@@ -21,19 +21,19 @@ struct Type {
 
 class Types {
 public:
-    /// All three must outlive this.
+    /// The arguments must outlive this.
     Types(const ParsedScript &script, const Symbols &symbols, const Surroundings &surroundings);
 
     [[nodiscard]] Type of(NodeId expression) const { return typeOf(expression, 0); }
     [[nodiscard]] Type ofSymbol(SymbolId symbol) const;
-    /// Of an object that is there without being made; nothing for other names.
+    /// For an object that exists without being created; nothing for other names.
     [[nodiscard]] std::optional<Type> ofProvided(std::string_view name) const;
 
-    /// Whether the expression makes or gets an object by CreateObject, GetObject or New.
+    /// Whether the expression is a CreateObject, GetObject or New.
     [[nodiscard]] bool createsObject(NodeId expression) const;
-    /// The ProgID of a CreateObject with a literal; empty where there is none.
+    /// The literal ProgID of a CreateObject; empty if there is none.
     [[nodiscard]] std::string_view createdProgId(NodeId expression) const;
-    /// The default member of a value of this type, if it is a class of the script, or a known one.
+    /// Whether values of this type, a known class or one of the script, have a default member.
     [[nodiscard]] bool hasDefaultMember(Type type) const;
 
 private:
