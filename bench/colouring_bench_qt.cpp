@@ -5,6 +5,7 @@
 //   QT_QPA_PLATFORM=offscreen build/release/bin/colouring_bench
 #include "colour/document_colouring.h"
 #include "editor/editor_control_qt.h"
+#include "fakes/document_state.h"
 
 #include <QApplication>
 
@@ -41,12 +42,12 @@ void measureOurs(std::string_view text, bool script, Costs &costs)
     EditorControl control;
     control.resize(900, 600);
     control.show();
-    DocumentState state;
+    FakeDocumentState state;
     state.scriptTools = script;
     const auto start = now();
     control.LoadText(text);
     const auto loaded = now();
-    DocumentColouring(control, state).colourForTools();
+    DocumentColouring({control, state}).colourForTools();
     const auto shown = now();
     control.paintAll();
     costs.load = std::min(costs.load, loaded - start);

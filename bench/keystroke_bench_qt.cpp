@@ -8,6 +8,7 @@
 #include "colour/document_colouring.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
+#include "fakes/document_state.h"
 #include "findings/finding_marks_qt.h"
 #include "findings/findings_commands.h"
 
@@ -142,13 +143,13 @@ void measureAll(const std::string &what, Sci &control, const Wanted &wanted)
 void measureMode(const std::string &what, std::string_view text, bool script, const Wanted &wanted)
 {
     EditorControl control;
-    DocumentState state;
+    FakeDocumentState state;
     state.scriptTools = script;
     NoView view;
-    TypingColouring typing(control, state, view, [](TextRange) {});
+    TypingColouring typing({control, state}, view, [](TextRange) {});
     control.setTypingHandler(&typing);
     control.LoadText(text);
-    DocumentColouring(control, state).colourForTools();
+    DocumentColouring({control, state}).colourForTools();
     measureAll(what, control, wanted);
 }
 
@@ -164,13 +165,13 @@ public:
 void measureAnalysed(const std::string &what, std::string_view text, const Wanted &wanted)
 {
     EditorControl control;
-    DocumentState state;
+    FakeDocumentState state;
     state.scriptTools = true;
     NoView view;
-    TypingColouring typing(control, state, view, [](TextRange) {});
+    TypingColouring typing({control, state}, view, [](TextRange) {});
     control.setTypingHandler(&typing);
     control.LoadText(text);
-    DocumentColouring(control, state).colourForTools();
+    DocumentColouring({control, state}).colourForTools();
     NoFindingsView noFindingsView;
     FindingsCommands findings(control, noFindingsView, [&] { return placeOf(state); });
     findings.analyseNow();

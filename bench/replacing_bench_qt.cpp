@@ -4,6 +4,7 @@
 // replacement in many files. Milliseconds, the best of five; the files are written once.
 //   QT_QPA_PLATFORM=offscreen build/release/bin/replacing_bench [FILES]
 #include "editor/editor_control_qt.h"
+#include "fakes/document_state.h"
 #include "find/find_commands.h"
 #include "find/multi_replace.h"
 #include "storage/file_store_posix.h"
@@ -85,9 +86,9 @@ void inTheDocument(int megabytes, int hitEvery)
         control.resize(900, 600);
         control.show();
         control.LoadText(text);
-        DocumentState state;
+        FakeDocumentState state;
         Quiet messages;
-        FindCommands commands(control, state, messages, view);
+        FindCommands commands({control, state}, messages, view);
         const auto measure = [&](auto command, Case letters, double &best) {
             view.request.letters = letters;
             const auto start = cpu();

@@ -4,7 +4,6 @@
 #include "app/font_frame_panel.h"
 #include "app/information_window.h"
 #include "app/wiring_qt.h"
-#include "widgets/named_qt.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtWidgets/QDialog>
@@ -32,33 +31,26 @@ private:
 } // namespace
 
 Application::Application(ProgramFolders programFolders)
-    : m_newControl(named<EditorControl>("t1", nullptr, "Document"))
-    , folders(std::move(programFolders))
-    , recovery({folders.autosave, folders.spare}, backups,
-          [this] {
-              const auto tell = [this] {
-                  if (recordOutcomeChanged)
-                      recordOutcomeChanged();
-              };
-              QMetaObject::invokeMethod(&timer1, tell, Qt::QueuedConnection);
-          })
-    , document(*m_newControl, state, files, backups, recovery)
-    , m_settings(store, document.state, state, options, *this)
+    : folders(std::move(programFolders))
+    , m_settings(store, editing, state, options, *this)
     , m_autosaveTimer(std::make_unique<AutosaveTimerQt>(timer1))
 {
+    m_documents.push_back(
+        std::make_unique<WindowDocument>(WindowDocument::Shared{editing, state, files, backups},
+            RecoveryStorePosix::Folders{folders.autosave, folders.spare}));
 }
 
 Application::~Application()
 {
     m_windows.clear();
-    // What was made last may use what was made before.
+    // In reverse order: later objects may use earlier ones.
     while (!m_kept.empty())
         m_kept.pop_back();
 }
 
 void Application::start(std::string commandLine)
 {
-    Startup(document.state, state, m_settings, *this).startup(std::move(commandLine));
+    Startup(shown().document.state, state, m_settings, *this).startup(std::move(commandLine));
 }
 
 MainWindow &Application::mainWindow()
@@ -101,18 +93,19 @@ FontBoxes &Application::fonts()
 
 void Application::createMainWindow()
 {
+    auto &shownDocument = shown();
+    auto &document = shownDocument.document;
     document.state.autosaveWritten = false;
     state.helpShowing = false;
     document.state.scriptTools = false;
-    m_mainWindow = std::make_unique<MainWindow>(commands, std::move(m_newControl));
+    m_mainWindow = std::make_unique<MainWindow>(commands, shownDocument.takeControl());
     auto &window = *m_mainWindow;
-    m_toolSets = std::make_unique<ToolSets>(
-        window.document(), window.lineNumbers(), document.state, window, window.fonts());
-    m_quit.reset(new Quit(window.document(), document.state, state, m_settings, messages, *this));
+    m_toolSets = std::make_unique<ToolSets>(document, window.lineNumbers(), window, window.fonts());
+    m_quit.reset(new Quit(document, state, m_settings, messages, *this));
     for (const auto wire :
         {wireEditing, wireLines, wireFiles, wireColour, wireChecker, wireFindings, wireFind, wirePreview,
             wireBeside, wireImages, wireSettings, wirePad, wireNavigation, wireSnippetPanels})
-        wire(*this);
+        wire(*this, shownDocument);
     m_toolSets->showWebTools();
     window.enableBoundCommands();
     checkTempFolder(state, files, messages);
@@ -128,7 +121,7 @@ QWidget &Application::window(SecondaryWindow window)
     auto &made = m_windows[window];
     if (!made)
         made.reset(m_makers.at(window)());
-    // Moved to where it is: a dialog whose place nobody set goes to the middle each time it is shown.
+    // Sets its position explicitly; otherwise Qt centres a dialog each time it is shown.
     auto *dialog = qobject_cast<QDialog *>(made.get());
     if (dialog && dialog->windowHandle() && !dialog->isVisible())
         dialog->move(dialog->pos());
@@ -169,8 +162,7 @@ void Application::showFirstStartNotices()
 
 void Application::unloadMainWindow()
 {
-    // Its close event or one of its actions may be what brought us here, so it is only taken off the screen;
-    // it goes with this object.
+    // Only hidden, since the call may come from its close event or an action; destroyed with this object.
     m_mainWindow->hide();
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The composition root: owns the state, the ports, the windows and the commands, and brings them together.
+// The composition root: owns the documents, ports, windows and commands, and connects them.
 #pragma once
 
 #include "app/command_registry.h"
@@ -8,19 +8,17 @@
 #include "app/shell_ports.h"
 #include "app/startup.h"
 #include "app/tool_sets.h"
+#include "app/window_document_qt.h"
 #include "desktop/clipboard_qt.h"
 #include "desktop/file_dialogs_qt.h"
 #include "desktop/messages_qt.h"
 #include "desktop/program_folders_qt.h"
 #include "document/application_state.h"
-#include "document/document.h"
-#include "editor/editor_control_qt.h"
 #include "settings/options_shown.h"
 #include "settings/settings_store_qt.h"
 #include "settings/stored_settings.h"
 #include "storage/backup_store_posix.h"
 #include "storage/file_store_posix.h"
-#include "storage/recovery_store_posix.h"
 
 #include <QtCore/QTimer>
 
@@ -33,8 +31,6 @@
 namespace kevra {
 
 class Application : private SettingsViews, private ShellWindows {
-    std::unique_ptr<EditorControl> m_newControl; ///< for the main window, until that is made
-
 public:
     /// `programFolders` says where the autosave file and the recovery records are kept.
     explicit Application(ProgramFolders programFolders);
@@ -48,6 +44,7 @@ public:
 
     // State and ports, for the wiring of the subsystems.
     ApplicationState state;
+    EditorOptions editing;
     OptionsShown options;
     CommandRegistry commands;
     SettingsStoreQt store;
@@ -58,27 +55,24 @@ public:
     ProgramFolders folders;
     BackupStorePosix backups{folders.autosave + "/backups"};
     FileStorePosix files{folders.autosave + "/recovery", documentsFolder()};
-    QTimer timer1; ///< autosave; runs its course by itself, `timeout` is the files' to connect
-    RecoveryStorePosix recovery;
-    Document document; ///< in the main window
-    /// The record of the unsaved text can be written, or no longer can; set by the files.
-    std::function<void()> recordOutcomeChanged;
-    /// Judges the script line that Return has ended; set by the checker.
+    QTimer timer1; ///< autosave; wireFiles connects it
+    /// Checks the script line that Return has ended; set by wireChecker.
     std::function<void(TextRange line)> checkFinishedLine;
-    /// Takes the page of the preview off the disk, where there is one; set by the preview.
+    /// Deletes the preview page, if there is one; set by wirePreview.
     std::function<void()> removePreviewPage;
-    /// Takes a file dropped on the window before it is opened as a document; set by the images.
+    /// Offers a dropped file before it is opened as a document; true if it was taken. Set by wireImages.
     std::function<bool(const std::string &path)> takesDroppedFile;
-    /// Outlines what stands at these places in the page beside the text; set by that.
+    /// Outlines the elements at these positions in the page beside the text; set by wireBeside.
     std::function<void(const std::vector<Offset> &places)> showBrokenInPage;
 
-    [[nodiscard]] MainWindow &mainWindow(); ///< created when it is first asked for
+    [[nodiscard]] WindowDocument &shown() { return *m_documents.front(); } ///< in the main window
+    [[nodiscard]] MainWindow &mainWindow(); ///< created on first use
     [[nodiscard]] ToolSets &toolSets();
     [[nodiscard]] StoredSettings &settings() { return m_settings; }
     [[nodiscard]] Quit &quit();
-    /// Of the main window, which is created when it is first asked for.
+    /// Creates the main window if necessary.
     [[nodiscard]] SessionFiles &sessionFiles() override;
-    /// By the files' part of the main window, which lives as long as it.
+    /// Set by wireFiles; must live as long as the main window.
     void setSessionFiles(SessionFiles &sessionFiles) { m_sessionFiles = &sessionFiles; }
     [[nodiscard]] AutosaveTimer &autosaveTimer() override;
     [[nodiscard]] SettingsViews &settingsViews() { return *this; }
@@ -91,11 +85,11 @@ public:
         return *object;
     }
 
-    /// How a window is made when it is first asked for: none of them is in the first picture, which must not
-    /// wait for them. The application owns it.
+    /// Sets how a window is made on first use, so that the start does not wait for it. The application owns
+    /// it.
     void makesWindow(SecondaryWindow window, std::function<QWidget *()> make);
     [[nodiscard]] QWidget &window(SecondaryWindow window);
-    [[nodiscard]] QWidget *visibleWindow(SecondaryWindow window) const; ///< null when it is not on the screen
+    [[nodiscard]] QWidget *visibleWindow(SecondaryWindow window) const; ///< null if it is not visible
     void showWindow(SecondaryWindow window); ///< brought to the front, not modal
 
 private:
@@ -112,6 +106,7 @@ private:
 
     void createMainWindow();
 
+    std::vector<std::unique_ptr<WindowDocument>> m_documents;
     StoredSettings m_settings;
     std::unique_ptr<AutosaveTimer> m_autosaveTimer;
     std::unique_ptr<MainWindow> m_mainWindow;

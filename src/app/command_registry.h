@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which function carries out a menu item. An item nobody has bound is shown disabled.
+// The functions that menu items run. Items without one are disabled.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The menus and the toolbar as tables: what stands where, what it is called and which command it runs.
+// The menus and the toolbar as tables: position, caption and command.
 #pragma once
 
 #include <span>
@@ -12,11 +12,11 @@ enum class MenuKind {
     HiddenMenu, ///< pops up elsewhere
     Item,
     CheckItem,
-    BarItem, ///< a command standing on the menu bar itself
+    BarItem, ///< a command on the menu bar itself
     Separator,
 };
 
-/// Rows stand in the order of the window; an item belongs to the menu above it.
+/// In display order; an item belongs to the last menu before it.
 struct MenuRow {
     MenuKind kind;
     std::string_view item; ///< object name
@@ -28,7 +28,7 @@ struct MenuRow {
 
 [[nodiscard]] std::span<const MenuRow> menuRows();
 
-/// A key for a command that stands on a button and not in a menu.
+/// A key for a command that is on a button but not in a menu.
 struct KeyRow {
     std::string_view key; ///< in portable form
     std::string_view command;
@@ -36,15 +36,15 @@ struct KeyRow {
 
 [[nodiscard]] std::span<const KeyRow> keyRows();
 
-/// With which tools a toolbar key is shown.
+/// The tool set that a toolbar button belongs to.
 enum class ToolKeyFor { Both, Web, Script };
 
 struct ToolRow {
     std::string_view key; ///< empty for a separator
     std::string_view item; ///< the menu item whose command it runs
     std::string_view tip; ///< also the accessible name
-    int image; ///< the picture at first
-    bool lineShown = true; ///< a separator that stands next to another one shows no line
+    int image; ///< the initial picture
+    bool lineShown = true; ///< false for a separator next to another one
     ToolKeyFor tools = ToolKeyFor::Both;
 };
 
@@ -54,7 +54,7 @@ struct ToolRow {
 /// The file name, without its suffix, of each toolbar picture; pictures are numbered from 1.
 [[nodiscard]] std::string_view imageName(int image);
 
-/// The methods the FileSystemObject menu lists, in its order.
+/// The methods in the FileSystemObject menu, in display order.
 [[nodiscard]] std::span<const std::string_view> fsoMethods();
 
 } // namespace kevra

@@ -6,8 +6,6 @@
 #include "document/compare_window.h"
 #include "document/notice_bar_panel.h"
 #include "document/versions_window.h"
-#include "settings/keys.h"
-#include "storage/setting_key.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
@@ -40,7 +38,10 @@ constexpr std::array barButtons{
 DiskSide::DiskSide(
     Application &app, const FileCommandPorts &ports, OpenCommands &opening, DocumentColouring &colouring)
     : m_app(app)
+    , m_file(ports.document.file)
     , m_changes(ports, opening, *this)
+    , m_reloading(app.store, app.toolSets(), Option::AutoReload,
+          [this](bool on) { m_changes.setReloadsByItself(on); })
     , m_versions(ports, app.backups, colouring, openInNewWindow)
     , m_bar(*new NoticeBar("diskbar", "The file on the disk", app.mainWindow(),
           {{"bdiskreload", "&Reload", "Show what is on the disk; what was typed here goes to the versions",
@@ -59,22 +60,16 @@ DiskSide::DiskSide(
 void DiskSide::bindCommands()
 {
     m_app.commands.bind("mversions", [this] { showVersions(); });
-    const auto setReload = [this](bool on) {
-        m_changes.setReloadsByItself(on);
-        m_app.mainWindow().setItemChecked("mreload", on);
-    };
-    setReload(readSetting(m_app.store, keys::autoReload) == "yes");
-    m_app.commands.bind("mreload", [this, setReload] {
-        const bool on = readSetting(m_app.store, keys::autoReload) != "yes";
-        writeSetting(m_app.store, keys::autoReload, on ? "yes" : "no");
-        setReload(on);
+    m_reloading.load();
+    m_app.commands.bind("mreload", [this] {
+        m_reloading.toggle();
         m_changes.check();
     });
 }
 
 void DiskSide::check()
 {
-    // A question about the text that is there comes first.
+    // An open question about the current text comes first.
     if (QApplication::activeModalWidget())
         return QTimer::singleShot(retryDelay, this, &DiskSide::check);
     m_changes.check();
@@ -82,8 +77,8 @@ void DiskSide::check()
 
 void DiskSide::documentMayHaveChanged()
 {
-    m_watch.watch(m_app.document.file.path());
-    if (m_app.document.file.replacedContent() || m_changes.bar() != DiskBar::None)
+    m_watch.watch(m_file.path());
+    if (m_changes.isCheckDue())
         QTimer::singleShot(0, this, &DiskSide::check);
 }
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The document's file as other programs and earlier versions change it: the watch, the bar, the comparison
-// and the versions window, brought together.
+// Connects what concerns changes of the document's file by others, and its versions: the watch, the bar, the
+// comparison and the versions window.
 #pragma once
 
 #include "document/disk_changes.h"
 #include "document/versions_commands.h"
+#include "settings/option_switch.h"
 #include "storage/file_watch_posix.h"
 
 #include <QtCore/QObject>
@@ -25,7 +26,7 @@ public:
         Application &app, const FileCommandPorts &ports, OpenCommands &opening, DocumentColouring &colouring);
 
     void check();
-    /// Cheap; another document may be in the window, or it has been saved.
+    /// Call when the document may have been replaced or saved. Cheap.
     void documentMayHaveChanged();
 
 signals:
@@ -38,9 +39,11 @@ private:
     void showVersions();
 
     Application &m_app;
+    const DocumentFile &m_file;
     DiskChanges m_changes;
+    OptionSwitch m_reloading;
     VersionsCommands m_versions;
-    NoticeBar &m_bar; ///< the main window's, as both windows
+    NoticeBar &m_bar; ///< owned by the main window, like both windows
     QPointer<CompareWindow> m_compareWindow;
     QPointer<VersionsWindow> m_versionsWindow;
     FileWatch m_watch; ///< last: it calls from its own thread

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The small commands of the main window's document: select all, word wrap; and that it has been changed.
+// Small commands on the document, select all and word wrap, and its flag for unsaved changes.
 #pragma once
 
 #include "app/tool_sets.h"
@@ -10,26 +10,26 @@ namespace kevra {
 
 class EditCommands {
 public:
-    EditCommands(EditorSurface &document, DocumentState &state, ShellView &view)
-        : m_document(document)
-        , m_state(state)
+    EditCommands(EditedDocument document, ShellView &view)
+        : m_surface(document.surface)
+        , m_state(document.state)
         , m_view(view)
     {
     }
 
-    void selectAll() { m_document.Select({0, m_document.Length()}); }
+    void selectAll() { m_surface.Select({0, m_surface.Length()}); }
     void toggleWrap()
     {
-        const bool wrap = m_document.RightMargin() != 0;
-        m_document.SetRightMargin(wrap ? 0 : noWrapMargin);
+        const bool wrap = m_surface.RightMargin() != 0;
+        m_surface.SetRightMargin(wrap ? 0 : noWrapMargin);
         m_view.setItemChecked("mwrap", wrap);
     }
 
-    /// An empty text has nothing that could be lost.
-    void textChanged() { m_state.unsaved = m_state.unsaved || m_document.Length() > 0; }
+    /// An empty text does not become unsaved.
+    void textChanged() { m_state.unsaved = m_state.unsaved || m_surface.Length() > 0; }
 
 private:
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
     ShellView &m_view;
 };

@@ -15,7 +15,7 @@ bool takesFocus(const QWidget &control)
     return control.isVisible() && control.isEnabled() && (control.focusPolicy() & Qt::TabFocus);
 }
 
-/// The part itself or the first of its controls; null when there is none at the moment.
+/// The part itself or its first control that can take the focus; null if there is none.
 QWidget *firstControl(QWidget &part)
 {
     if (takesFocus(part))

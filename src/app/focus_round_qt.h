@@ -8,13 +8,13 @@ class QWidget;
 
 namespace kevra {
 
-/// F6 and Shift+F6 carry the keyboard round the parts of a window, since Tab is a character of the text;
-/// Escape brings it back to the first part.
+/// F6 and Shift+F6 move the focus through the parts of a window, since Tab types a tab; Escape returns to the
+/// first part.
 class FocusRound : public QObject {
 public:
-    /// `parts` in the order of the round, each a control or a frame with controls; owned by the window.
+    /// `parts` in focus order, each a control or a frame with controls; owned by the window.
     FocusRound(QWidget &window, const QList<QWidget *> &parts);
-    void add(QWidget &part); ///< at the end of the round
+    void add(QWidget &part); ///< as the last part
 
 private:
     enum class Direction { Forward, Back };

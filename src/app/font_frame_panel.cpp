@@ -18,7 +18,7 @@ namespace {
 
 constexpr int standardEntry = 1;
 
-/// Tells when its list goes; by then something may have been chosen.
+/// Notifies when its list is closed, after any choice has been applied.
 class FontBox : public QComboBox {
 public:
     using QComboBox::QComboBox;

@@ -23,7 +23,7 @@ public:
 
 signals:
     void fontChosen();
-    /// After something was chosen from it, or nothing.
+    /// The list was closed, with or without a choice.
     void listClosed();
 
 private:

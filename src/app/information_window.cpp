@@ -63,7 +63,7 @@ void InformationWindow::fill()
 
 void InformationWindow::showEvent(QShowEvent *event)
 {
-    // Not at every start of the program for a window that is hardly ever looked at.
+    // Deferred, since the window is rarely shown.
     if (!layout())
         fill();
     QDialog::showEvent(event);

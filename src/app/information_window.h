@@ -7,14 +7,13 @@ class QLabel;
 
 namespace kevra {
 
-/// What the program is: `faboutkevra`, behind the About item and once at the very first start, when three
-/// notices stand with the text.
+/// The window `faboutkevra`: shown by the About item, and once at the first start with three notices.
 class InformationWindow : public QDialog {
 public:
     explicit InformationWindow(QWidget *parent = nullptr);
 
     void showFirstStartNotices();
-    /// In the middle of the window it belongs to, with the keyboard.
+    /// Centres it on its parent and gives it the focus.
     void comeForward();
     void done(int result) override;
 

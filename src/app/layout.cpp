@@ -7,8 +7,8 @@ namespace kevra {
 
 namespace {
 
-constexpr int usuallyAbove = 780; ///< the strip over the editor
-constexpr int besideLeft = 435; ///< the line numbers' room
+constexpr int usuallyAbove = 780; ///< the strip above the editor
+constexpr int besideLeft = 435; ///< width of the line numbers
 constexpr int below = 495;
 constexpr int widthPercent = 94;
 constexpr int informationMargin = 180;
@@ -20,8 +20,7 @@ int noLessThanZero(int value)
     return std::max(value, 0);
 }
 
-/// As wide as asked for, and never wider than the window: a panel that starts left of it could not be
-/// reached.
+/// The preferred width, limited to the window: a panel that starts left of it would be out of reach.
 TwipRect centred(const TwipRect &inner, TwipSize size, int top)
 {
     const int width = std::min(size.width, noLessThanZero(inner.width));
@@ -33,7 +32,7 @@ TwipRect centred(const TwipRect &inner, TwipSize size, int top)
 MainLayout layout(const LayoutRequest &request)
 {
     const auto &inner = request.inner;
-    // A large font of the desktop needs more than the usual strip.
+    // A large desktop font needs more than the usual strip.
     const int above = std::max(usuallyAbove, request.information.height + request.status + 3 * rowGap);
     MainLayout result;
     result.editor = {.left = inner.left + besideLeft,
@@ -45,7 +44,7 @@ MainLayout layout(const LayoutRequest &request)
         result.panels[i] = centred(inner,
             {request.panels[i].width, std::min(request.panels[i].height, below)}, result.editor.bottom());
 
-    // The list takes its place from the text, and at most half of it.
+    // The list takes its space from the text, at most half of it.
     const int textBottom = result.editor.bottom();
     result.findings = {inner.left + informationMargin, 0, noLessThanZero(inner.width - 2 * informationMargin),
         std::min(request.findings, result.editor.height / 2)};
@@ -64,7 +63,7 @@ MainLayout layout(const LayoutRequest &request)
             noLessThanZero(inner.top + above - rowGap - statusTop)};
 
     result.image = centred(inner, request.image, inner.bottom() - request.image.height);
-    // At the bottom of the document's place, where the colour finder is opened.
+    // At the bottom of the document, where the colour finder is opened.
     result.colour = centred(inner, request.colour, noLessThanZero(textBottom - request.colour.height));
     return result;
 }

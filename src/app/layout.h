@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where the main window's controls stand in its inner area. All lengths in twips, none negative.
+// The layout of the main window's inner area. All lengths in twips, none negative.
 #pragma once
 
 #include "desktop/geometry.h"
@@ -8,7 +8,7 @@
 
 namespace kevra {
 
-/// What a control asks for.
+/// The preferred sizes of the controls.
 struct TwipSize {
     int width = 0;
     int height = 0;
@@ -19,7 +19,7 @@ struct LayoutRequest {
     std::array<TwipSize, 4> panels; ///< Frame1, Frame2, frscript1, frscript2
     TwipSize fonts; ///< frtbar
     TwipSize information; ///< tinfo; its width is not used
-    int status = 0; ///< the least height of the line under it
+    int status = 0; ///< minimum height of the status row
     TwipSize image; ///< fr1
     TwipSize colour; ///< frcol
     int findings = 0; ///< the height of the list under the text; 0 when it is closed

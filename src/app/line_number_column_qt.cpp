@@ -17,8 +17,8 @@ namespace {
 
 constexpr int fewestNumbers = 199;
 constexpr int cycle = 100; ///< after so many lines the numbers start again
-/// Past that many lines the column holds as many numbers, and stands for whichever stretch of the document is
-/// shown: a large script must not pay for its numbers as for its text.
+/// A longer document has this many numbers, moved to the part that is shown, so that a large script does not
+/// need as much memory for its numbers as for its text.
 constexpr int mostNumbers = 100 * cycle;
 constexpr Colour grey{0xA8A8A8};
 
@@ -33,7 +33,7 @@ LineNumberColumn::LineNumberColumn(EditorControl &document, EditorControl &colum
     column.setFocusPolicy(Qt::NoFocus);
     column.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     column.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // The document's last page can reach lower than the column's own, because of its scroll bar.
+    // The document can scroll further than the column because of its horizontal scroll bar.
     column.SendScintilla(QsciScintillaBase::SCI_SETENDATLASTLINE, 0UL);
     column.SendScintilla(QsciScintillaBase::SCI_ANNOTATIONSETVISIBLE,
         static_cast<unsigned long>(QsciScintillaBase::ANNOTATION_STANDARD));
@@ -62,7 +62,7 @@ void LineNumberColumn::holdEnoughNumbers()
     const auto needed = static_cast<int>(lines);
     if (needed <= m_numbers && m_numbers < 4 * needed)
         return;
-    // More than needed, so that typing lines does not renew them every time.
+    // More than needed, so that new lines do not renew them every time.
     m_numbers = needed == fewestNumbers ? needed : needed + needed / 16 + fewestNumbers;
     clearGaps();
     m_column.LoadText(lineNumbers(m_numbers));
@@ -117,7 +117,7 @@ void LineNumberColumn::showGaps(const std::vector<Gap> &gaps)
         return;
     clearGaps();
     for (const auto &[line, extra] : gaps) {
-        // A note of so many empty lines; an empty text would take the note away.
+        // An annotation of that many empty lines; an empty text would remove the annotation.
         const std::string note = " " + std::string(static_cast<std::size_t>(extra - 1), '\n');
         m_column.SendScintilla(
             QsciScintillaBase::SCI_ANNOTATIONSETTEXT, static_cast<unsigned long>(line), note.c_str());

@@ -12,8 +12,8 @@ namespace kevra {
 
 class EditorControl;
 
-/// Keeps the line-number column `t2` level with the document, by whatever means it scrolls, and gives it as
-/// many numbers as the document has lines. Costs nothing while the column is hidden.
+/// Keeps the line-number column `t2` aligned with the document however it scrolls, with as many numbers as
+/// the document has lines. Costs nothing while the column is hidden.
 class LineNumberColumn : public QObject {
 public:
     LineNumberColumn(EditorControl &document, EditorControl &column);
@@ -24,21 +24,21 @@ private:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void holdEnoughNumbers();
     void followDocument();
-    /// The document's line beside which the column's first one stands while `line` is the first one shown.
+    /// The document line at the column's first number while `line` is the first visible one.
     [[nodiscard]] Offset firstLineHeld(Offset line) const;
-    /// A line that is shown as several leaves as many places empty under its number.
-    using Gap = std::pair<Offset, Offset>; ///< the line of the column, and how many
+    /// Empty lines after the number of a wrapped line.
+    using Gap = std::pair<Offset, Offset>; ///< the column's line, and their number
     [[nodiscard]] std::vector<Gap> visibleGaps(Offset firstLine) const;
     void showGaps(const std::vector<Gap> &gaps);
     void clearGaps();
-    /// Numbers that no line of the document stands beside are grey.
+    /// Greys the numbers after the document's last line.
     void greyBelow(Offset lines);
     void followZoom();
 
     EditorControl &m_document;
     EditorControl &m_column;
     int m_numbers = 0;
-    Offset m_black = 0; ///< how many of them are
+    Offset m_black = 0; ///< the numbers that are black
     std::vector<Gap> m_gaps;
     bool m_levelling = false;
 };

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// The arguments joined by one blank and taken whole, as a path that does not depend on the current folder.
+/// The arguments joined by blanks, as one absolute path.
 std::string commandLine(std::span<char *> arguments)
 {
     std::string text;
@@ -43,7 +43,7 @@ Either opens a file of that very name where there is one.
 kevra-cli checks and colors files without a window.
 )";
 
-/// Nothing where a window is asked for. A file of that name goes before an option.
+/// Nothing if a window is to be opened. An existing file of that name takes precedence over an option.
 const char *answerTo(std::string_view option)
 {
     std::error_code error;
@@ -52,8 +52,8 @@ const char *answerTo(std::string_view option)
     return option == "--help" ? usage : option == "--version" ? "kevra " KEVRA_VERSION "\n" : nullptr;
 }
 
-/// Whoever reads what is written to standard output and error may have gone, or have stopped reading: it is
-/// lost then, and nobody dies of it or waits.
+/// The reader of standard output and error may have exited or stopped reading: then the output is lost, and
+/// the program neither dies nor blocks.
 void outliveReaders()
 {
 #ifdef __unix__
@@ -62,7 +62,8 @@ void outliveReaders()
         struct stat status { };
         if (::fstat(stream, &status) != 0 || !S_ISFIFO(status.st_mode))
             continue;
-        // Opened anew: not to wait is a property of what others, such as the shell, may share.
+        // Reopened, because O_NONBLOCK would also affect programs that share the descriptor, such as the
+        // shell.
         const auto path = "/proc/self/fd/" + std::to_string(stream);
         const int own = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
         if (own < 0)
@@ -85,7 +86,7 @@ int main(int argc, char **argv)
     QApplication::setDesktopFileName("org.kevra.editor");
     QApplication application(argc, argv);
     QApplication::setWindowIcon(kevra::svgIcon("kevra"));
-    // The main window is hidden while a page is looked at; only the quit path ends the program.
+    // The main window is hidden while a page is shown; only Quit ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
     kevra::installComboBoxNames();
     kevra::Application kevra(kevra::programFolders());

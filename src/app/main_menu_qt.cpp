@@ -67,7 +67,7 @@ void MainMenu::addCommand(const MenuRow &row, QWidget &place)
     action->setStatusTip(textOf(row.tip));
     action->setCheckable(row.kind == MenuKind::CheckItem);
     action->setShortcuts(QKeySequence::listFromString(textOf(row.shortcut)));
-    // A menu would mark the item by itself; the mark shows a state, and the command decides about that.
+    // Undoes the menu's own check mark: the mark shows a state, which the command sets.
     connect(action, &QAction::triggered, this, [this, action, command = std::string(commandOf(row))] {
         if (action->isCheckable())
             action->setChecked(!action->isChecked());

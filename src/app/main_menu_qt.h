@@ -19,12 +19,11 @@ namespace kevra {
 
 class MainMenu : public QObject {
 public:
-    /// Choosing an item runs its command from `commands`, which must live as long as the menus.
+    /// Items run their command from `commands`, which must outlive the menus.
     MainMenu(QMenuBar &bar, QWidget &window, const CommandRegistry &commands);
 
-    [[nodiscard]] QMenu *menu(std::string_view item) const; ///< null when there is none
-    [[nodiscard]] QAction *action(
-        std::string_view item) const; ///< also a menu's own; null when there is none
+    [[nodiscard]] QMenu *menu(std::string_view item) const; ///< null if there is none
+    [[nodiscard]] QAction *action(std::string_view item) const; ///< also of a menu; null if there is none
     void enableBoundItems();
     /// Every item that runs the command of `item`.
     void setEnabled(std::string_view item, bool enabled);

@@ -57,14 +57,14 @@ EditorControl *placedIn(QWidget *parent, std::unique_ptr<EditorControl> control)
 
 MainWindow::MainWindow(const CommandRegistry &commands, std::unique_ptr<EditorControl> document)
     : m_inner(new QWidget(this))
-    , m_document(placedIn(m_inner, std::move(document)))
+    , m_control(placedIn(m_inner, std::move(document)))
     , m_lineNumbers(named<EditorControl>("t2", m_inner, "Line numbers"))
     , m_fonts(new FontFrame(m_inner))
     , m_information(named<QLineEdit>("tinfo", m_inner, "Information"))
     , m_status(new StatusRow(m_inner))
     , m_toolBar(new ToolBar(commands, this))
     , m_menus(new MainMenu(*menuBar(), *this, commands))
-    , m_column(new LineNumberColumn(*m_document, *m_lineNumbers))
+    , m_column(new LineNumberColumn(*m_control, *m_lineNumbers))
 {
     setObjectName("fedit");
     setWindowTitle("KEVRA");
@@ -77,7 +77,7 @@ MainWindow::MainWindow(const CommandRegistry &commands, std::unique_ptr<EditorCo
     setCentralWidget(m_inner);
     createControls();
     connectDocument();
-    QList<QWidget *> parts{m_document};
+    QList<QWidget *> parts{m_control};
     for (const char *name : {"frfindings", "frcol", "Frame1", "Frame2", "frscript1", "frscript2", "fr1"})
         parts.append(&frame(name));
     m_focusRound = new FocusRound(*this, parts << m_toolBar << m_fonts);
@@ -98,7 +98,7 @@ void MainWindow::createControls()
         frame->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
         frame->hide();
     }
-    for (auto *control : {m_document, m_lineNumbers}) {
+    for (auto *control : {m_control, m_lineNumbers}) {
         control->setFrameShape(QFrame::NoFrame);
         control->SendScintilla(QsciScintillaBase::SCI_SETMARGINLEFT, 0UL, textMargin);
     }
@@ -108,21 +108,21 @@ void MainWindow::connectDocument()
 {
     setAcceptDrops(true);
     installEventFilter(this);
-    m_document->viewport()->installEventFilter(this);
+    m_control->viewport()->installEventFilter(this);
     const auto popUp = [this](QWidget *at) {
         at->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(at, &QWidget::customContextMenuRequested, this,
             [this, at](const QPoint &place) { m_menus->menu("mpop")->popup(at->mapToGlobal(place)); });
     };
-    popUp(m_document);
-    popUp(m_document->viewport());
-    connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showCaretPlace);
-    connect(m_document, &EditorControl::caretMoved, this, &MainWindow::showWhatCanBeDone);
-    connect(m_document, &EditorControl::changed, this, &MainWindow::textChanged);
-    connect(m_document, &EditorControl::readOnlyChanged, this, &MainWindow::showWhatCanBeDone);
+    popUp(m_control);
+    popUp(m_control->viewport());
+    connect(m_control, &EditorControl::caretMoved, this, &MainWindow::showCaretPlace);
+    connect(m_control, &EditorControl::caretMoved, this, &MainWindow::showWhatCanBeDone);
+    connect(m_control, &EditorControl::changed, this, &MainWindow::textChanged);
+    connect(m_control, &EditorControl::readOnlyChanged, this, &MainWindow::showWhatCanBeDone);
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
         &MainWindow::showWhetherTextCanBePasted);
-    connect(m_document, &EditorControl::savePointChanged, this, &MainWindow::refreshDocumentStatus);
+    connect(m_control, &EditorControl::savePointChanged, this, &MainWindow::refreshDocumentStatus);
 }
 
 QFrame &MainWindow::frame(const QString &name)
@@ -140,10 +140,10 @@ void MainWindow::enableBoundCommands()
 
 void MainWindow::showWhatCanBeDone()
 {
-    const bool writable = !m_document->isReadOnly();
-    const bool text = m_document->Length() > 0;
-    const bool selected = !m_document->Selection().empty();
-    const decltype(m_possible) possible{writable && m_document->canUndo(), writable && m_document->canRedo(),
+    const bool writable = !m_control->isReadOnly();
+    const bool text = m_control->Length() > 0;
+    const bool selected = !m_control->Selection().empty();
+    const decltype(m_possible) possible{writable && m_control->canUndo(), writable && m_control->canRedo(),
         writable && selected, selected, writable && m_pasteable, text, writable && text};
     const auto known = std::exchange(m_possible, possible);
     for (std::size_t i = 0; i < possible.size(); ++i) {
@@ -156,10 +156,10 @@ void MainWindow::showWhatCanBeDone()
 
 void MainWindow::showWhetherTextCanBePasted()
 {
-    // Not for a window in the background: a program that does not answer would hold it up.
+    // Not for a window in the background: a program that does not respond would block it.
     if (!isActiveWindow())
         return;
-    m_pasteable = m_document->clipboardHasText();
+    m_pasteable = m_control->clipboardHasText();
     showWhatCanBeDone();
 }
 
@@ -189,7 +189,7 @@ void MainWindow::layOut()
         request.findings = wantedSize(frame("frfindings")).height;
 
     const auto places = kevra::layout(request);
-    m_document->setGeometry(pixels(places.editor));
+    m_control->setGeometry(pixels(places.editor));
     m_lineNumbers->setGeometry(pixels(places.lineNumbers));
     for (std::size_t i = 0; i < places.panels.size(); ++i)
         frame(panelNames[i]).setGeometry(pixels(places.panels[i]));
@@ -211,13 +211,13 @@ void MainWindow::setInformation(std::string_view text)
 {
     m_information->setText(textOf(text));
     m_information->setCursorPosition(0);
-    // At once: what is going on is said before the program is busy with it.
+    // At once, so that the text is shown before the program is busy.
     m_information->repaint();
 }
 
 void MainWindow::setTitlePath(std::string_view path)
 {
-    // A star in brackets stands for the mark of a changed text, doubled for itself.
+    // Qt replaces "[*]" in captions; doubled, it stands for itself.
     m_title = path.empty() ? "KEVRA" : "KEVRA - " + textOf(path).replace("[*]", "[*][*]");
     setWindowTitle(m_title);
     for (auto *window : m_titled)
@@ -236,7 +236,7 @@ void MainWindow::redrawAndFocus()
 {
     update();
     activateWindow();
-    m_document->setFocus();
+    m_control->setFocus();
 }
 
 void MainWindow::syncLineNumbers()
@@ -258,15 +258,15 @@ void MainWindow::tell(std::string_view text)
 
 void MainWindow::showCaretPlace()
 {
-    const auto caret = m_document->anchorAndCaret().caret;
-    const auto line = m_document->GetLineFromChar(caret);
-    m_status->setCaret(line + 1, m_document->charactersBefore(caret) + 1);
+    const auto caret = m_control->anchorAndCaret().caret;
+    const auto line = m_control->GetLineFromChar(caret);
+    m_status->setCaret(line + 1, m_control->charactersBefore(caret) + 1);
 }
 
 void MainWindow::showCounts()
 {
     if (m_status->showsCounts())
-        m_status->setCounts(m_document->characters(), m_document->lineCount());
+        m_status->setCounts(m_control->characters(), m_control->lineCount());
 }
 
 void MainWindow::textChanged()
@@ -325,7 +325,7 @@ TwipRect MainWindow::normalGeometry() const
 TwipRect MainWindow::innerArea() const
 {
     QRect inner = m_inner->rect();
-    // The window manager maximises when it gets round to it; the size is known before.
+    // The window manager maximises later; the size is known before.
     const auto missing = screen()->availableSize() - size();
     if (isMaximized() && missing.width() > 0)
         inner.setSize(inner.size() + missing);
@@ -340,8 +340,8 @@ void MainWindow::maximise()
 void MainWindow::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
-    // Where no window manager answers, a maximised window keeps its size; it is given the screen's then.
-    // Ticks are counted and not time, which may have passed over a large file without a look at the answer.
+    // Without a window manager a maximised window keeps its size, so it is given the screen's. Counts timer
+    // ticks rather than time, since loading a large file may have delayed the events.
     auto *clock = new QTimer(this);
     connect(clock, &QTimer::timeout, this, [this, clock, before = size(), ticks = 0]() mutable {
         if (!isMaximized() || size() != before) {
@@ -399,7 +399,7 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::WindowActivate:
-        if (watched == this) // the first picture need not wait for the clipboard's owner
+        if (watched == this) // the first frame need not wait for the clipboard's owner
             QTimer::singleShot(0, this, &MainWindow::showWhetherTextCanBePasted);
         break;
     case QEvent::DragEnter:

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window `fedit`: the document, its tools and menus. It shows and hands over; what a command does is
-// decided elsewhere.
+// The main window `fedit`: the document, its tools and menus. It decides nothing about commands.
 #pragma once
 
 #include "app/command_registry.h"
@@ -27,7 +26,7 @@ class LineNumberColumn;
 class MainMenu;
 class ToolBar;
 
-/// The items that are enabled only when they can act.
+/// The items that are enabled only when they would have an effect.
 inline constexpr std::array<std::string_view, 7> editItems{
     "mundo", "mredo", "mcut", "mcopy", "mpaste", "mselall", "mclear"};
 
@@ -35,10 +34,10 @@ class MainWindow : public QMainWindow, public MainView, public ShellView, public
     Q_OBJECT
 
 public:
-    /// `document` is `t1`; it is shown here from now on.
-    MainWindow(const CommandRegistry &commands, std::unique_ptr<EditorControl> document);
+    /// Shows `control`, which is `t1`, from now on.
+    MainWindow(const CommandRegistry &commands, std::unique_ptr<EditorControl> control);
 
-    [[nodiscard]] EditorControl &document() { return *m_document; } ///< `t1`
+    [[nodiscard]] EditorControl &control() { return *m_control; } ///< `t1`
     [[nodiscard]] EditorControl &lineNumbers() { return *m_lineNumbers; } ///< `t2`
     [[nodiscard]] FontFrame &fonts() { return *m_fonts; }
     [[nodiscard]] MainMenu &menus() { return *m_menus; }
@@ -46,10 +45,10 @@ public:
     /// Frame1, Frame2, frscript1, frscript2, fr1, frcol or frfindings: empty until their subsystem fills
     /// them.
     [[nodiscard]] QFrame &frame(const QString &name);
-    /// Items and buttons whose command is bound are enabled, the others are not.
+    /// Enables the items and buttons with a bound command, and disables the others.
     void enableBoundCommands();
     void addFocusPart(QWidget &part); ///< F6 goes to it as well
-    /// The frames have got their contents, or new ones.
+    /// Call when the contents of the frames have changed.
     void layOut();
 
     void setInformation(std::string_view text) override;
@@ -59,10 +58,10 @@ public:
     void syncLineNumbers() override;
     void tell(std::string_view text) override;
     void refreshDocumentStatus() override;
-    /// Who knows the document's encoding, line ends and whether it is saved.
-    void setStatusSource(std::function<DocumentStatus()> source) { m_statusSource = std::move(source); }
+    /// Sets where the document's encoding, line ends and saved state are read from.
+    void setStatusSource(std::function<FileStatus()> source) { m_statusSource = std::move(source); }
     [[nodiscard]] StatusRow &statusRow() { return *m_status; }
-    /// Another window that carries the document's path in its caption as this one does.
+    /// Adds a window that shows the document's path in its caption as this one does.
     void addTitled(QWidget *window);
 
     void setControlVisible(std::string_view control, bool visible) override;
@@ -79,12 +78,12 @@ public:
     void placeNormal(const TwipRect &geometry) override;
 
 signals:
-    /// By the frame or the desktop. The window stays until the program ends.
+    /// Closed by its frame or the desktop. The window stays until the program ends.
     void closeRequested();
-    /// It has been shown, and has the place and size that the desktop gives it.
+    /// The window is visible at the position and size that the desktop gives it.
     void placed();
     void fileDropped(const std::string &path);
-    /// In a list of files that were opened or searched here.
+    /// In one of the program's own lists of files.
     void listedFileChosen(const std::string &path);
     /// The document has been given a path, by opening or saving.
     void documentNamed();
@@ -101,14 +100,14 @@ private:
     void showCaretPlace();
     void showCounts();
     void showWhatCanBeDone();
-    /// Asks the clipboard, which another program may have to answer for.
+    /// Queries the clipboard, for which another program may have to respond.
     void showWhetherTextCanBePasted();
-    /// The place was chosen before the desktop had given the window its frame.
+    /// The position was chosen before the desktop had given the window its frame.
     void keepFrameOnScreen();
     [[nodiscard]] bool takesDrop(QEvent &event);
 
     QWidget *m_inner;
-    EditorControl *m_document;
+    EditorControl *m_control;
     EditorControl *m_lineNumbers;
     FontFrame *m_fonts;
     QLineEdit *m_information;
@@ -117,12 +116,12 @@ private:
     MainMenu *m_menus;
     LineNumberColumn *m_column;
     FocusRound *m_focusRound;
-    std::function<DocumentStatus()> m_statusSource;
+    std::function<FileStatus()> m_statusSource;
     QList<QWidget *> m_titled;
     QString m_title; ///< as it was last set; empty before a document has been
-    bool m_restored = false; ///< to a stored place, and not shown there yet
-    std::array<bool, editItems.size()> m_possible{}; ///< what the items have been told
-    bool m_pasteable = true; ///< as long as nobody has asked
+    bool m_restored = false; ///< to a stored position, and not shown there yet
+    std::array<bool, editItems.size()> m_possible{}; ///< the state that the items show
+    bool m_pasteable = true; ///< assumed until the clipboard is queried
 };
 
 } // namespace kevra

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The editor's own operator new. The text, its styles and its colours are tens of megabytes for a large file,
-// here and in the control's library, and all of each is written to: asking the system for its pages at once
-// takes half as long as being given them one by one.
+// The editor's own operator new. The text, its styles and its colours take tens of megabytes for a large
+// file, and all of it is written to: requesting its pages at once takes half as long as faulting them in one
+// by one.
 #include <cstdint>
 #include <cstdlib>
 #include <new>
@@ -18,9 +18,9 @@ constexpr std::size_t large = std::size_t{4} << 20;
 constexpr std::size_t edge = std::size_t{64} << 10; ///< a multiple of every system's page
 
 #ifdef __GLIBC__
-/// Larger blocks go back to the system as soon as they are freed. Left alone, the library raises these bounds
-/// to the largest block it ever freed: then the pictures of windows and the texts come and go in a heap that
-/// keeps the holes between them, round after round some megabytes more.
+/// Larger blocks are returned to the system when freed. By default the library raises these thresholds to the
+/// largest block ever freed; window pictures and texts would then fragment the heap by some megabytes each
+/// time.
 [[maybe_unused]] const bool returnsMemory
     = ::mallopt(M_MMAP_THRESHOLD, 256 << 10) == 1 && ::mallopt(M_TRIM_THRESHOLD, 1 << 20) == 1;
 #endif
@@ -29,7 +29,7 @@ void fetchPages([[maybe_unused]] void *bytes, [[maybe_unused]] std::size_t size)
 {
 #ifdef MADV_POPULATE_WRITE
     const auto before = (edge - reinterpret_cast<std::uintptr_t>(bytes) % edge) % edge;
-    // No more than a wish: an older system does not know it.
+    // Only a hint; older kernels ignore it.
     ::madvise(static_cast<char *>(bytes) + before, (size - before) / edge * edge, MADV_POPULATE_WRITE);
 #endif
 }

@@ -8,8 +8,8 @@ namespace kevra {
 class Printing {
 public:
     virtual ~Printing() = default;
-    /// Asks for a printer and prints the document's selection, or everything when nothing is selected. False
-    /// when the dialog was cancelled or the printer failed.
+    /// Shows the printer dialog and prints the selection, or everything if nothing is selected. False if the
+    /// dialog was cancelled or the printer failed.
     [[nodiscard]] virtual bool printDocument() = 0;
 };
 

@@ -18,7 +18,7 @@ public:
     }
 
     [[nodiscard]] bool printDocument() override;
-    /// Prints a stretch of the text in its colours, wrapped at the paper's width.
+    /// Prints a range of the text in its colours, wrapped at the page width.
     [[nodiscard]] bool print(QPrinter &printer, TextRange range);
 
 private:

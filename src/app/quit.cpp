@@ -5,10 +5,9 @@
 
 namespace kevra {
 
-Quit::Quit(EditorSurface &text, DocumentState &document, ApplicationState &application,
-    StoredSettings &settings, Messages &messages, ShellWindows &windows)
-    : m_text(text)
-    , m_document(document)
+Quit::Quit(EditedDocument document, ApplicationState &application, StoredSettings &settings,
+    Messages &messages, ShellWindows &windows)
+    : m_document(document)
     , m_application(application)
     , m_settings(settings)
     , m_messages(messages)
@@ -25,7 +24,7 @@ void Quit::clearFlags()
 {
     m_application.helpShowing = false;
     m_application.vbsInfoShowing = false;
-    m_document.unsaved = false;
+    m_document.state.unsaved = false;
 }
 
 void Quit::requestQuit()
@@ -37,7 +36,7 @@ void Quit::requestQuit()
         if (!confirmed("You're closing the program. Is that what you want to do?"))
             return;
     }
-    if (m_document.unsaved)
+    if (m_document.state.unsaved)
         return promptSaveCurrentText();
     if (!m_windows.sessionFiles().keepUnsavedText())
         return;
@@ -47,9 +46,9 @@ void Quit::requestQuit()
 
 void Quit::closeMainWindow()
 {
-    if (m_text.Length() > 0)
+    if (m_document.surface.Length() > 0)
         return requestQuit();
-    m_document.unsaved = false;
+    m_document.state.unsaved = false;
     shutdown();
 }
 
@@ -60,7 +59,7 @@ void Quit::promptSaveCurrentText()
         m_windows.sessionFiles().saveAs();
         return shutdown();
     case Answer::No:
-        m_document.unsaved = false;
+        m_document.state.unsaved = false;
         m_windows.sessionFiles().textGivenUp();
         return shutdown();
     default:
@@ -84,7 +83,7 @@ void Quit::endProgram()
     files.deleteAutosave();
     m_settings.savePadGeometry();
     m_settings.saveEditorGeometry();
-    m_settings.savePanelType();
+    m_settings.savePanelType(m_document.state.scriptTools);
     m_windows.unloadMainWindow();
     for (const auto window : secondaryWindows)
         m_windows.unloadWindow(window);

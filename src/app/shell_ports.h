@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What start-up and the quit path do to the program's windows and files.
+// The program's windows and files as start-up and Quit need them.
 #pragma once
 
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace kevra {
 
-/// The windows beside the main one, in the order they are unloaded. Each is made when it is first asked for.
+/// The windows other than the main one, in the order in which they are unloaded. Each is made on first use.
 enum class SecondaryWindow {
     Browser,
     MessageBoxReference,
@@ -23,17 +23,17 @@ inline constexpr std::array secondaryWindows{SecondaryWindow::Browser, Secondary
     SecondaryWindow::Information, SecondaryWindow::ImageViewer, SecondaryWindow::Settings,
     SecondaryWindow::Find, SecondaryWindow::Pad, SecondaryWindow::MultiFind};
 
-/// The files' side of a run of the program.
+/// The document's files at start-up and shutdown.
 class SessionFiles {
 public:
     virtual ~SessionFiles() = default;
     virtual void openFromCommandLine(const std::string &commandLine) = 0;
     virtual void offerRecovery() = 0;
     virtual void saveAs() = 0;
-    /// The user said that the text is not wanted any more.
+    /// The user chose not to save the text.
     virtual void textGivenUp() = 0;
-    /// The program is about to end: what nobody was asked about has to be safe afterwards. False when it can
-    /// be kept nowhere and the user stays.
+    /// Keeps text that the user was not asked about before the program ends. False if it cannot be kept and
+    /// the user chooses to stay.
     [[nodiscard]] virtual bool keepUnsavedText() = 0;
     virtual void deletePreviewPage() = 0;
     virtual void deleteAutosave() = 0;

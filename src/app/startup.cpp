@@ -59,6 +59,7 @@ void Startup::resetState()
     m_application.fontFaceChanged = false;
     m_document.colourApplies = true;
     m_document.busyLoadingOrSaving = false;
+    m_document.lineDebugOn = m_document.options.lineDebug;
 }
 
 void Startup::greetAtFirstStart()

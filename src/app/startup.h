@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Everything between the program's start and the event loop, in its fixed order.
+// The steps between the program's start and the event loop, in their fixed order.
 #pragma once
 
 #include "app/shell_ports.h"
@@ -13,7 +13,7 @@
 
 namespace kevra {
 
-/// Says so when the folder for preview pages of unsaved work is not there; goes on in any case.
+/// Reports if the folder for preview pages of unsaved work does not exist.
 void checkTempFolder(const ApplicationState &application, const FileStore &files, Messages &messages);
 
 class Startup {

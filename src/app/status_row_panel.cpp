@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::array offeredLineEnds{LineEnds::CrLf, LineEnds::Lf, LineEnds::Cr};
 
-/// A box's label goes when the box goes.
+/// Hides a box's label together with the box.
 class PlaceLabel : public QLabel {
 public:
     PlaceLabel(const QString &text, QWidget &box, QWidget *parent)
@@ -160,9 +160,9 @@ void StatusRow::resizeEvent(QResizeEvent *event)
     fitPlaces();
 }
 
-void StatusRow::setDocumentStatus(const DocumentStatus &status)
+void StatusRow::setDocumentStatus(const FileStatus &status)
 {
-    const auto &format = status.format;
+    const auto &format = status.encoding.format;
     m_encoding->setText(textOf(encodingName(format)));
     m_reopen->setEnabled(status.canReopen);
     m_mark->setEnabled(format.encoding == Encoding::Utf8);
@@ -173,22 +173,22 @@ void StatusRow::setDocumentStatus(const DocumentStatus &status)
     for (auto *action : m_ends->actions())
         action->setChecked(action->data().toInt() == static_cast<int>(ends));
     m_status->setText(status.saved ? "saved" : "not saved");
-    m_encodingNotice = status.notice;
+    m_encodingNotice = textOf(status.encoding.notice);
     showNotice();
-    m_offer->setText(status.offer);
-    m_offer->setVisible(!status.offer.isEmpty());
+    m_offer->setText(textOf(status.encoding.offer));
+    m_offer->setVisible(!status.encoding.offer.empty());
     fitPlaces();
 }
 
 void StatusRow::setNotice(const QString &text)
 {
-    m_told = text;
+    m_message = text;
     showNotice();
 }
 
 void StatusRow::showNotice()
 {
-    const auto text = m_told.isEmpty() ? m_encodingNotice : m_told;
+    const auto text = m_message.isEmpty() ? m_encodingNotice : m_message;
     if (m_notice->toolTip() == text)
         return;
     m_notice->setToolTip(text);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "encoding/text_format.h"
+#include "document/file_status.h"
 
 #include <QtWidgets/QFrame>
 
@@ -17,32 +17,24 @@ class QToolButton;
 
 namespace kevra {
 
-struct DocumentStatus {
-    TextFormat format;
-    bool saved = true;
-    bool canReopen = false;
-    QString notice; ///< what a save will do that nobody might expect
-    QString offer; ///< the caption of the button beside it; none when empty
-};
-
-/// The small line under the information box: encoding and line ends, each a menu that changes it, whether the
-/// text is saved, line and column, and with the script tools boxes for them and for the counts.
+/// The row under the information box: encoding and line ends, each with a menu, whether the text is saved,
+/// line and column, and with the script tools boxes for these and the counts.
 class StatusRow : public QFrame {
     Q_OBJECT
 
 public:
     explicit StatusRow(QWidget *parent = nullptr);
 
-    void setDocumentStatus(const DocumentStatus &status);
-    /// Beside it, before any notice of the document's, cut in the middle where there is no room; empty takes
-    /// it away.
+    void setDocumentStatus(const FileStatus &status);
+    /// A message, shown instead of notices about the document, shortened in the middle if necessary. Empty
+    /// removes it.
     void setNotice(const QString &text);
-    /// What the analysis has found; empty takes the field away.
+    /// The result of the analysis; empty hides the field.
     void setAnalysis(const QString &summary);
     /// Line and column from 1.
     void setCaret(qint64 line, qint64 column);
     void setCounts(qint64 characters, qint64 lines);
-    /// The counts cost a look at the whole text; with the web page tools they are not shown.
+    /// The counts cost a pass over the text; with the web page tools they are not shown.
     [[nodiscard]] bool showsCounts() const;
 
 signals:
@@ -61,7 +53,7 @@ private:
     struct Place {
         const char *name;
         const char *caption;
-        const char *shortCaption; ///< where there is no room for the other
+        const char *shortCaption; ///< if there is no room for the other
         int digits;
         int fewDigits;
     };
@@ -78,7 +70,7 @@ private:
     QToolButton *m_lineEnds;
     QLabel *m_status;
     QLabel *m_notice;
-    QString m_told;
+    QString m_message;
     QString m_encodingNotice;
     QToolButton *m_offer;
     QToolButton *m_analysis;

@@ -10,7 +10,7 @@
 #include <QtGui/QPalette>
 #include <QtSvg/QSvgRenderer>
 
-// Resources of a static library have to be asked for, from outside any namespace.
+// Resources of a static library must be initialised explicitly, outside any namespace.
 static void registerIcons()
 {
     Q_INIT_RESOURCE(icons);
@@ -20,7 +20,7 @@ namespace kevra {
 
 namespace {
 
-/// Stands in the drawings for the colour of the theme's text.
+/// The placeholder in the drawings for the theme's text colour.
 constexpr const char *inkInDrawing = "#123456";
 constexpr qreal disabledOpacity = 0.35;
 

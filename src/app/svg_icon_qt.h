@@ -7,8 +7,8 @@
 
 namespace kevra {
 
-/// One of the program's own drawings, crisp at every size. Its lines take the colour of the theme's text when
-/// they are painted, so it reads on light and dark desktops.
+/// One of the program's drawings, rendered at every size. Its lines are painted in the theme's text colour,
+/// for light and dark desktops.
 [[nodiscard]] QIcon svgIcon(std::string_view name);
 
 } // namespace kevra

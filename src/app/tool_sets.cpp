@@ -56,11 +56,10 @@ void apply(ShellView &view, const ToolSetRow &row, bool on)
 
 } // namespace
 
-ToolSets::ToolSets(EditorSurface &document, EditorSurface &lineNumbers, DocumentState &state, ShellView &view,
-    FontBoxes &fonts)
-    : m_document(document)
+ToolSets::ToolSets(EditedDocument document, EditorSurface &lineNumbers, ShellView &view, FontBoxes &fonts)
+    : m_surface(document.surface)
     , m_lineNumbers(lineNumbers)
-    , m_state(state)
+    , m_state(document.state)
     , m_view(view)
     , m_fonts(fonts)
 {
@@ -77,7 +76,7 @@ EditorFont ToolSets::chosenFont() const
 
 void ToolSets::show(bool scriptTools)
 {
-    m_document.SetFont(chosenFont());
+    m_surface.SetFont(chosenFont());
     if (scriptTools)
         m_lineNumbers.SetFont(chosenFont());
     m_state.scriptTools = scriptTools;
@@ -128,7 +127,7 @@ void ToolSets::showOption(Option option, bool on)
 
 void ToolSets::setLineDebugging(bool on)
 {
-    m_state.lineDebugPreferred = m_state.lineDebugOn = on;
+    m_state.options.lineDebug = m_state.lineDebugOn = on;
     showOption(Option::LineDebug, on);
 }
 
@@ -154,9 +153,9 @@ void ToolSets::fontChosen()
 
 void ToolSets::setDocumentFont()
 {
-    m_document.SetFont(chosenFont());
-    // The whole text is selected for it and let go again, which leaves the caret at the top.
-    m_document.SetSelStart(0);
+    m_surface.SetFont(chosenFont());
+    // As after selecting the whole text for it: the caret is at the top.
+    m_surface.SetSelStart(0);
 }
 
 } // namespace kevra

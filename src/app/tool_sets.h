@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two tool sets of the document and the states that menus and toolbar show. What belongs to which set
-// is one table.
+// The two tool sets, and the states that menus and toolbar show. What belongs to which set is one table.
 #pragma once
 
 #include "desktop/main_view.h"
@@ -13,7 +12,7 @@
 
 namespace kevra {
 
-/// The parts of the main window by their names.
+/// The parts of the main window by name.
 class ShellView {
 public:
     virtual ~ShellView() = default;
@@ -27,23 +26,22 @@ public:
 
 class ToolSets : public ToolView {
 public:
-    ToolSets(EditorSurface &document, EditorSurface &lineNumbers, DocumentState &state, ShellView &view,
-        FontBoxes &fonts);
+    ToolSets(EditedDocument document, EditorSurface &lineNumbers, ShellView &view, FontBoxes &fonts);
 
     void showScriptTools() override;
     void showWebTools() override;
     void hideTools();
-    /// Always the first panel of the pair, whichever was swapped in before.
+    /// Always shows the first panel of the pair.
     void showTools();
 
-    /// For this document and those to come.
+    /// For this document and those opened later.
     void setLineDebugging(bool on);
     void showOption(Option option, bool on) override;
     void showProgramMenu(std::string_view text) override;
 
-    /// The face and size in the boxes, on the document and the line numbers.
+    /// Applies the face and size in the boxes to the document and the line numbers.
     void reapplyFont();
-    /// What has to follow a change of the document's font, such as colours.
+    /// Called after the document's font has changed, to restore its colours.
     void onFontChanged(std::function<void()> follow) { m_fontChanged = std::move(follow); }
     /// A face or size was chosen in a box.
     void fontChosen();
@@ -53,7 +51,7 @@ private:
     void setDocumentFont();
     [[nodiscard]] EditorFont chosenFont() const;
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     EditorSurface &m_lineNumbers;
     DocumentState &m_state;
     ShellView &m_view;

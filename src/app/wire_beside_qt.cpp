@@ -29,7 +29,7 @@ constexpr auto untitledPage = "untitled.html"; ///< an address for a text that h
 
 class BesideSide : public QObject, private BesideView {
 public:
-    explicit BesideSide(Application &app);
+    BesideSide(Application &app, WindowDocument &shown);
 
 private:
     void toggle();
@@ -53,6 +53,7 @@ private:
     Offset caret() const override { return m_document.Selection().start; }
 
     Application &m_app;
+    const DocumentState &m_state;
     EditorControl &m_document;
     BesideCommands m_commands;
     BesidePanel *m_panel = nullptr; ///< the window's
@@ -62,9 +63,10 @@ private:
     PageTextThread m_thread; ///< ends first: it reports here
 };
 
-BesideSide::BesideSide(Application &app)
+BesideSide::BesideSide(Application &app, WindowDocument &shown)
     : m_app(app)
-    , m_document(app.mainWindow().document())
+    , m_state(shown.document.state)
+    , m_document(shown.control)
     , m_commands(*this)
     , m_thread([this](std::shared_ptr<const PageText> page) {
         QMetaObject::invokeMethod(
@@ -162,12 +164,12 @@ void BesideSide::connectDocument()
 
 void BesideSide::tellDocument()
 {
-    auto path = m_app.document.state.currentPath;
+    auto path = m_state.currentPath;
     if (path.empty()) {
         const auto &folder = m_app.state.tempFolder;
         path = (m_app.files.folderExists(folder) ? folder : documentsFolder()) + '/' + untitledPage;
     }
-    m_commands.documentIs(path, !m_app.document.state.scriptTools);
+    m_commands.documentIs(path, !m_state.scriptTools);
 }
 
 bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> page)
@@ -229,7 +231,7 @@ void BesideSide::selectText(TextRange range)
 
 void BesideSide::openInBrowser()
 {
-    const auto &path = m_app.document.state.currentPath;
+    const auto &path = m_state.currentPath;
     const auto opener = QStandardPaths::findExecutable("xdg-open");
     if (path.empty())
         say("A browser opens files: save the text first.");
@@ -241,9 +243,9 @@ void BesideSide::openInBrowser()
 
 } // namespace
 
-void wireBeside(Application &app)
+void wireBeside(Application &app, WindowDocument &shown)
 {
-    app.keep<BesideSide>(app);
+    app.keep<BesideSide>(app, shown);
 }
 
 } // namespace kevra

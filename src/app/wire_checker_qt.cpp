@@ -12,12 +12,12 @@ namespace kevra {
 
 namespace {
 
-/// A double click on a finding in the information box goes to the line it names.
+/// A double click on a finding in the information box goes to its line.
 class FindingLink : public QObject {
 public:
-    FindingLink(QLineEdit &box, EditorControl &document)
+    FindingLink(QLineEdit &box, EditorControl &control)
         : m_box(box)
-        , m_document(document)
+        , m_control(control)
     {
         box.installEventFilter(this);
     }
@@ -28,19 +28,19 @@ protected:
         const auto line = event->type() == QEvent::MouseButtonDblClick
             ? lineNamedBy(m_box.text().toStdString())
             : std::nullopt;
-        if (!line || *line > m_document.lineCount())
+        if (!line || *line > m_control.lineCount())
             return QObject::eventFilter(watched, event);
-        const auto start = m_document.lineRange(*line - 1).start;
-        goTo(m_document, {start, start});
+        const auto start = m_control.lineRange(*line - 1).start;
+        goTo(m_control, {start, start});
         return true;
     }
 
 private:
     QLineEdit &m_box;
-    EditorControl &m_document;
+    EditorControl &m_control;
 };
 
-/// The hourglass wherever the pointer is: the menu and the toolbar are outside the document.
+/// Shows the hourglass everywhere, since the pointer may be over the menu or the toolbar.
 class ScreenHourglass {
 public:
     ScreenHourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -51,12 +51,11 @@ public:
 
 } // namespace
 
-void wireChecker(Application &app)
+void wireChecker(Application &app, WindowDocument &shown)
 {
-    auto &checker
-        = app.keep<ScriptDebugger>(app.mainWindow().document(), app.document.state, app.mainWindow());
+    auto &checker = app.keep<ScriptDebugger>(shown.document, app.mainWindow());
     app.checkFinishedLine = [&checker](TextRange line) { checker.checkFinishedLine(line); };
-    app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), app.mainWindow().document());
+    app.keep<FindingLink>(*app.mainWindow().findChild<QLineEdit *>("tinfo"), shown.control);
     app.commands.bind("mrundebug", [&app, &checker] {
         const ScreenHourglass hourglass;
         checker.debugDocument();

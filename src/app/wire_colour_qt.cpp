@@ -31,9 +31,9 @@ constexpr std::array panelSwitches{
     PanelSwitch{"bscrsw2", SnippetPanel::Script2, SnippetPanel::Script1},
 };
 
-void wireCommands(Application &app)
+void wireCommands(Application &app, Document &document)
 {
-    auto &colours = app.keep<ColourCommands>(app.mainWindow().document(), app.document.state, app.toolSets());
+    auto &colours = app.keep<ColourCommands>(document, app.toolSets());
     app.commands.bind("mcolcode", [&colours] { colours.colourOn(); });
     app.commands.bind("mnocolor", [&colours] { colours.colourOff(); });
     for (const auto &swap : panelSwitches) {
@@ -44,30 +44,29 @@ void wireCommands(Application &app)
     }
 }
 
-void wireTyping(Application &app)
+void wireTyping(Application &app, WindowDocument &shown)
 {
     auto &window = app.mainWindow();
-    auto &typing
-        = app.keep<TypingColouring>(window.document(), app.document.state, window, [&app](TextRange line) {
-              if (app.checkFinishedLine)
-                  app.checkFinishedLine(line);
-          });
-    window.document().setTypingHandler(&typing);
-    app.keep<FsoPopup>(window.document(), app.document.state, *window.menus().menu("mpopfso"));
+    auto &typing = app.keep<TypingColouring>(shown.document, window, [&app](TextRange line) {
+        if (app.checkFinishedLine)
+            app.checkFinishedLine(line);
+    });
+    shown.control.setTypingHandler(&typing);
+    app.keep<FsoPopup>(shown.control, shown.document.state, *window.menus().menu("mpopfso"));
 }
 
 } // namespace
 
-void wireColour(Application &app)
+void wireColour(Application &app, WindowDocument &shown)
 {
-    wireCommands(app);
-    wireTyping(app);
+    wireCommands(app, shown.document);
+    wireTyping(app, shown);
 }
 
-void wireSnippetPanels(Application &app)
+void wireSnippetPanels(Application &app, WindowDocument &shown)
 {
     auto &window = app.mainWindow();
-    auto &snippetCommands = app.keep<SnippetCommands>(window.document(), app.document.state, window);
+    auto &snippetCommands = app.keep<SnippetCommands>(shown.document, window);
     const SnippetPanelHooks hooks{
         [&app, &snippetCommands](const Snippet &snippet) {
             if (snippet.insertion == Insertion::Command)
@@ -75,14 +74,14 @@ void wireSnippetPanels(Application &app)
             else
                 snippetCommands.insert(snippet);
         },
-        [&app] { return app.document.state.snippetComments; },
+        [&app] { return app.editing.snippetComments; },
         [&app](std::string_view button) { return app.commands.isBound(button); },
     };
     for (const auto panel :
         {SnippetPanel::Web1, SnippetPanel::Web2, SnippetPanel::Script1, SnippetPanel::Script2})
         fillSnippetPanel(window.frame(textOf(frameName(panel))), panel, hooks);
     window.layOut();
-    QObject::connect(&window.document(), &EditorControl::readOnlyChanged, &window, [&window](bool readOnly) {
+    QObject::connect(&shown.control, &EditorControl::readOnlyChanged, &window, [&window](bool readOnly) {
         for (const auto &snippet : snippets()) {
             if (snippet.insertion != Insertion::Command)
                 window.findChild<QToolButton *>(textOf(snippet.button))->setEnabled(!readOnly);

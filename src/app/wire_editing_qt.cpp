@@ -13,18 +13,18 @@ namespace kevra {
 
 namespace {
 
-void wireDocument(Application &app)
+void wireDocument(Application &app, WindowDocument &shown)
 {
     auto &window = app.mainWindow();
-    auto &t1 = window.document();
-    auto &edit = app.keep<EditCommands>(t1, app.document.state, window);
+    auto &t1 = shown.control;
+    auto &edit = app.keep<EditCommands>(shown.document, window);
     app.commands.bind("mundo", [&t1] { t1.undo(); });
     app.commands.bind("mredo", [&t1] { t1.redo(); });
     app.commands.bind("mcut", [&t1] { t1.cut(); });
     app.commands.bind("mcopy", [&t1] { t1.copy(); });
     app.commands.bind("mpaste", [&t1] { t1.paste(); });
     app.commands.bind("mselall", [&edit] { edit.selectAll(); });
-    // One step of undo; the clipboard is left alone.
+    // One undo step; the clipboard is not changed.
     app.commands.bind("mclear", [&t1] { t1.replaceAsUser({0, t1.Length()}, {}); });
     app.commands.bind("mwrap", [&edit, &window] {
         edit.toggleWrap();
@@ -35,7 +35,7 @@ void wireDocument(Application &app)
     QObject::connect(&t1, &EditorControl::changed, &window, [&edit] { edit.textChanged(); });
 }
 
-void wireTools(Application &app)
+void wireTools(Application &app, EditorControl &t1)
 {
     auto &tools = app.toolSets();
     app.commands.bind("mscrshow", [&tools] { tools.showScriptTools(); });
@@ -44,10 +44,10 @@ void wireTools(Application &app)
     app.commands.bind("mshowtools", [&tools] { tools.showTools(); });
     QObject::connect(&app.mainWindow().fonts(), &FontFrame::fontChosen, &app.mainWindow(),
         [&tools] { tools.fontChosen(); });
-    // The next key is for the text, which shows the font.
-    QObject::connect(&app.mainWindow().fonts(), &FontFrame::listClosed, &app.mainWindow(),
-        [&app] { app.mainWindow().document().SetFocus(); });
-    // The colouring has to be put back after the whole text has got another font.
+    // Typing continues in the text.
+    QObject::connect(
+        &app.mainWindow().fonts(), &FontFrame::listClosed, &app.mainWindow(), [&t1] { t1.SetFocus(); });
+    // A new font for the whole text resets its colours.
     tools.onFontChanged([&app] { app.commands.run("mcolcode"); });
 }
 
@@ -60,10 +60,10 @@ void wireProgramEnd(Application &app)
 
 } // namespace
 
-void wireEditing(Application &app)
+void wireEditing(Application &app, WindowDocument &shown)
 {
-    wireDocument(app);
-    wireTools(app);
+    wireDocument(app, shown);
+    wireTools(app, shown.control);
     wireProgramEnd(app);
     app.makesWindow(
         SecondaryWindow::Information, [&app] { return new InformationWindow(&app.mainWindow()); });

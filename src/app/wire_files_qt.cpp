@@ -8,6 +8,7 @@
 #include "document/disk_notice.h"
 #include "document/encoding_commands.h"
 #include "document/encoding_dialog.h"
+#include "document/file_status.h"
 #include "document/leave_text.h"
 #include "document/notice_bar_panel.h"
 #include "document/open_commands.h"
@@ -15,6 +16,7 @@
 #include "document/recovery_list_dialog.h"
 #include "document/recovery_offer.h"
 #include "document/save_commands.h"
+#include "document/text_changes.h"
 
 #include <QtGui/QSessionManager>
 #include <QtWidgets/QApplication>
@@ -28,24 +30,21 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto recordDelay = 2s; ///< so that, with the writing, three seconds of typing are lost at most
 constexpr auto statusDelay = 200ms;
-constexpr Offset largeDeletion = 200; ///< characters worth a record of their own before they go
 
-/// Everything of the document's files that lives as long as the windows.
+/// The commands and bars for the document's file; lives as long as the windows.
 class FilesSide : public QObject, private ReviewView, private RecoveryList, private SessionFiles {
 public:
-    explicit FilesSide(Application &app);
+    FilesSide(Application &app, WindowDocument &shown);
 
 private:
     void bindCommands();
     void watchDocument();
     void watchDisk();
     void watchEnd();
-    void abandonReviewAnd(const std::function<void()> &command);
     void watchEncoding();
     void chooseEncoding(const QString &title, void (EncodingCommands::*command)(Encoding));
-    [[nodiscard]] DocumentStatus status();
+    [[nodiscard]] FileStatus status();
     void tellDiskState();
     void tellRecordState();
     void tellPassedOver();
@@ -56,7 +55,7 @@ private:
     void textGivenUp() override { m_journal.textGivenUp(); }
     bool keepUnsavedText() override;
     void deletePreviewPage() override;
-    void deleteAutosave() override { m_store.removeAutosave(m_app.document.state.autosaveWritten); }
+    void deleteAutosave() override { m_records.removeAutosave(m_document.state.autosaveWritten); }
 
     void showReview(const std::string &description) override;
     void endReview() override;
@@ -65,16 +64,18 @@ private:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     Application &m_app;
-    EditorControl &m_document;
-    RecoveryStorePosix &m_store;
+    EditorControl &m_control;
+    Document &m_document;
+    RecoveryStorePosix &m_records;
     RecoveryJournal &m_journal;
     FileCommandPorts m_ports;
     DocumentColouring m_colouring;
     SaveCommands m_saving;
     OpenCommands m_opening;
     EncodingCommands m_encoding;
+    TextChanges m_changes;
     RecoveryOffer m_offer;
-    NoticeBar &m_reviewBar; ///< the window's, as all bars
+    NoticeBar &m_reviewBar; ///< owned by the window, like all bars
     NoticeBar &m_recordBar;
     NoticeBar &m_passedOverBar;
     QTimer m_recordTimer;
@@ -82,22 +83,24 @@ private:
     DiskNotice m_notice;
     DiskSide m_disk;
     std::unique_ptr<EndSignalsQt> m_signals;
-    RecoveryListDialog *m_recoveryList = nullptr; ///< the window's, made when it is first shown
+    RecoveryListDialog *m_recoveryList = nullptr; ///< owned by the window, made on first use
 };
 
-FilesSide::FilesSide(Application &app)
+FilesSide::FilesSide(Application &app, WindowDocument &shown)
     : m_app(app)
-    , m_document(app.mainWindow().document())
-    , m_store(app.recovery)
-    , m_journal(app.document.journal)
-    , m_ports{m_document, app.document.state, app.state, app.files, app.document.file, m_journal, app.backups,
-          app.fileDialogs, app.messages, app.mainWindow(), app.toolSets()}
-    , m_colouring(m_document, app.document.state)
+    , m_control(shown.control)
+    , m_document(shown.document)
+    , m_records(shown.recovery)
+    , m_journal(m_document.journal)
+    , m_ports{m_document, app.state, app.files, app.backups, app.fileDialogs, app.messages, app.mainWindow(),
+          app.toolSets()}
+    , m_colouring(m_document)
     , m_saving(m_ports)
     , m_opening(m_ports, m_saving, m_colouring)
     , m_encoding(m_ports, m_opening,
-          [this](TextRange range, std::string_view text) { m_document.replaceAsUser(range, text); })
-    , m_offer(m_ports, m_saving, m_opening, m_journal, m_store, *this, *this)
+          [this](TextRange range, std::string_view text) { m_control.replaceAsUser(range, text); })
+    , m_changes(m_document, m_encoding)
+    , m_offer(m_ports, m_saving, m_opening, m_journal, m_records, *this, *this)
     , m_reviewBar(*new NoticeBar("reviewbar", "Text from the last session", app.mainWindow(),
           {{"breviewsave", "&Save As...", "Save this text under a name", [this] { m_offer.saveReviewed(); }},
               {"breviewdiscard", "&Discard", "This text is not wanted",
@@ -109,12 +112,12 @@ FilesSide::FilesSide(Application &app)
               [this] { m_saving.saveAsMenu(); }}}))
     , m_passedOverBar(*new NoticeBar("passedoverbar", "Files passed over", app.mainWindow(),
           {{"bpassedoverclose", "C&lose", "Take this note away", [this] { m_passedOverBar.hide(); }}}))
-    , m_notice(app.document.file)
+    , m_notice(m_document.file)
     , m_disk(app, m_ports, m_opening, m_colouring)
 {
     bindCommands();
     app.setSessionFiles(*this);
-    app.recordOutcomeChanged = [this] { tellRecordState(); };
+    shown.recordOutcomeChanged = [this] { tellRecordState(); };
     m_saving.onAutosaveStale([this] { deleteAutosave(); });
     m_saving.onPageStale([this] { deletePreviewPage(); });
     watchDocument();
@@ -123,27 +126,20 @@ FilesSide::FilesSide(Application &app)
     watchEnd();
 }
 
-void FilesSide::abandonReviewAnd(const std::function<void()> &command)
-{
-    m_offer.abandonReview();
-    command();
-}
-
 void FilesSide::bindCommands()
 {
     auto &commands = m_app.commands;
-    commands.bind("mnewfile", [this] { abandonReviewAnd([this] { m_opening.newFile(); }); });
-    commands.bind("mopenfile", [this] { abandonReviewAnd([this] { m_opening.openWithDialog(); }); });
-    commands.bind("mtemplate",
-        [this] { abandonReviewAnd([this] { m_opening.startWithTemplate(assetPath("template.html")); }); });
+    commands.bind("mnewfile", [this] { m_opening.newFile(); });
+    commands.bind("mopenfile", [this] { m_opening.openWithDialog(); });
+    commands.bind("mtemplate", [this] { m_opening.startWithTemplate(assetPath("template.html")); });
     commands.bind("msaveplain", [this] { m_offer.save(); });
     commands.bind("msaveas", [this] { m_offer.saveAs(); });
     connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const std::string &file) {
         if (!m_app.takesDroppedFile || !m_app.takesDroppedFile(file))
-            abandonReviewAnd([&] { m_opening.openDropped(file); });
+            m_opening.openDropped(file);
     });
     connect(&m_app.mainWindow(), &MainWindow::listedFileChosen, this,
-        [this](const std::string &path) { abandonReviewAnd([&] { m_opening.openListed(path); }); });
+        [this](const std::string &path) { m_opening.openListed(path); });
 }
 
 void FilesSide::openFromCommandLine(const std::string &commandLine)
@@ -171,46 +167,35 @@ void FilesSide::deletePreviewPage()
 void FilesSide::watchDocument()
 {
     m_recordTimer.setSingleShot(true);
-    m_recordTimer.setInterval(recordDelay);
+    m_recordTimer.setInterval(RecoveryJournal::recordDelay);
     m_statusTimer.setSingleShot(true);
     m_statusTimer.setInterval(statusDelay);
     auto &window = m_app.mainWindow();
-    window.setStatusSource([this] {
-        // A save takes the notice back.
-        if (m_notice.isCurrent())
-            tellDiskState();
-        m_disk.documentMayHaveChanged();
-        return status();
-    });
+    window.setStatusSource([this] { return status(); });
     const auto changed = [this](Offset position, Offset removed, Offset added) {
-        if (m_app.document.state.busyLoadingOrSaving)
-            return m_encoding.documentReplaced();
-        m_encoding.textChanged(position, removed, added);
-        m_journal.textChanged();
+        if (!m_changes.changed(position, removed, added))
+            return;
         if (!m_recordTimer.isActive())
             m_recordTimer.start();
         if (!m_statusTimer.isActive())
             m_statusTimer.start();
     };
-    connect(&m_document, &EditorControl::changed, this, changed);
-    connect(&m_document, &EditorControl::aboutToRemove, this, [this](Offset, Offset length) {
-        if (length >= largeDeletion && !m_app.document.state.busyLoadingOrSaving)
-            m_journal.writeDown();
-    });
+    connect(&m_control, &EditorControl::changed, this, changed);
+    connect(&m_control, &EditorControl::aboutToRemove, this,
+        [this](Offset, Offset length) { m_changes.aboutToRemove(length); });
     connect(&m_recordTimer, &QTimer::timeout, this, [this] { m_journal.writeDown(); });
     connect(&m_statusTimer, &QTimer::timeout, &window, &MainWindow::refreshDocumentStatus);
     connect(&m_app.timer1, &QTimer::timeout, this, [this] { m_journal.autosave(); });
     window.refreshDocumentStatus();
 }
 
-DocumentStatus FilesSide::status()
+FileStatus FilesSide::status()
 {
-    const auto &file = m_app.document.file;
-    const bool saved = !m_offer.reviewing() && !m_notice.isCurrent()
-        && file.mayHold(static_cast<std::size_t>(m_document.Length())) && file.holds(m_document.Text());
-    const auto encoding = m_encoding.status();
-    return {encoding.format, saved, m_encoding.canReopen() && !m_offer.reviewing(), textOf(encoding.notice),
-        textOf(encoding.offer)};
+    // A save may have made the notice obsolete.
+    if (m_notice.isCurrent())
+        tellDiskState();
+    m_disk.documentMayHaveChanged();
+    return fileStatus(m_document, m_encoding, m_offer, m_notice);
 }
 
 void FilesSide::watchEncoding()
@@ -261,13 +246,13 @@ void FilesSide::tellDiskState()
 
 void FilesSide::tellRecordState()
 {
-    const auto text = recordNotice(m_store.recordOutcome());
+    const auto text = recordNotice(m_records.recordOutcome());
     text.empty() ? m_recordBar.hide() : m_recordBar.showText(text);
 }
 
 void FilesSide::tellPassedOver()
 {
-    auto files = m_store.passedOver();
+    auto files = m_records.passedOver();
     std::ranges::copy(m_app.store.passedOver(), std::back_inserter(files));
     const auto text = passedOverNotice(files);
     if (!text.empty())
@@ -284,21 +269,21 @@ void FilesSide::watchEnd()
         [this] { m_journal.writeDownAtCrash(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
         m_journal.writeDown();
-        m_store.finish();
+        m_records.finish();
     });
 }
 
 void FilesSide::showReview(const std::string &description)
 {
     m_reviewBar.showText(description);
-    m_document.setReadOnly(true);
+    m_control.setReadOnly(true);
     m_app.mainWindow().refreshDocumentStatus();
 }
 
 void FilesSide::endReview()
 {
     m_reviewBar.hide();
-    m_document.setReadOnly(false);
+    m_control.setReadOnly(false);
     m_app.mainWindow().refreshDocumentStatus();
 }
 
@@ -317,9 +302,9 @@ void FilesSide::endList()
 
 } // namespace
 
-void wireFiles(Application &app)
+void wireFiles(Application &app, WindowDocument &shown)
 {
-    app.keep<FilesSide>(app);
+    app.keep<FilesSide>(app, shown);
 }
 
 } // namespace kevra

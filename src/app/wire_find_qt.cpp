@@ -16,24 +16,24 @@ namespace kevra {
 
 namespace {
 
-QRect hitOnScreen(EditorControl &document)
+QRect hitOnScreen(EditorControl &control)
 {
-    const auto hit = document.Selection();
-    const auto end = document.viewport()->mapToGlobal(document.bottomLeftOf(hit.end));
-    const auto start = document.viewport()->mapToGlobal(document.bottomLeftOf(hit.start));
-    const int height = document.fontMetrics().height() * 3 / 2;
+    const auto hit = control.Selection();
+    const auto end = control.viewport()->mapToGlobal(control.bottomLeftOf(hit.end));
+    const auto start = control.viewport()->mapToGlobal(control.bottomLeftOf(hit.start));
+    const int height = control.fontMetrics().height() * 3 / 2;
     return QRect(start, end).normalized().adjusted(0, -height, 0, 0);
 }
 
-QWidget *makeFindDialog(Application &app)
+QWidget *makeFindDialog(Application &app, WindowDocument &shown)
 {
-    auto &document = app.mainWindow().document();
-    auto *dialog = new FindDialog(document, app.document.state, app.messages, &app.mainWindow());
-    dialog->setReveal([&document] { revealCaret(document); });
-    dialog->setHitPlace([&document] { return hitOnScreen(document); });
-    dialog->setMayEdit([&document] { return !document.isReadOnly(); });
+    auto &control = shown.control;
+    auto *dialog = new FindDialog(shown.document, app.messages, &app.mainWindow());
+    dialog->setReveal([&control] { revealCaret(control); });
+    dialog->setHitPlace([&control] { return hitOnScreen(control); });
+    dialog->setMayEdit([&control] { return !control.isReadOnly(); });
     dialog->setTell([&app](std::string_view text) { app.mainWindow().tell(text); });
-    auto &marks = app.keep<HitMarks>(document, [dialog] { return dialog->shownRequest(); });
+    auto &marks = app.keep<HitMarks>(control, [dialog] { return dialog->shownRequest(); });
     QObject::connect(dialog, &FindDialog::requestChanged, &marks, &HitMarks::refresh);
     return dialog;
 }
@@ -43,32 +43,31 @@ FindDialog &findDialog(Application &app)
     return dynamic_cast<FindDialog &>(app.window(SecondaryWindow::Find));
 }
 
-void showFindDialog(Application &app)
+void showFindDialog(Application &app, const EditorSurface &surface)
 {
-    const auto selected = app.mainWindow().document().SelText();
-    findDialog(app).suggest(selected);
+    findDialog(app).suggest(surface.SelText());
     app.showWindow(SecondaryWindow::Find);
 }
 
-/// The file as the document, which is asked about as by the open dialog; then the line.
-void showLine(Application &app, const OpenDocument &open, const std::string &path, qint64 line)
+/// Opens the file, with the questions of the open dialog, and goes to the line.
+void showLine(
+    Application &app, EditorControl &control, const OpenDocument &open, const std::string &path, qint64 line)
 {
     auto &window = app.mainWindow();
     if (!open.isDocument(path))
         emit window.listedFileChosen(path);
     if (!open.isDocument(path))
         return;
-    auto &document = window.document();
     window.activateWindow();
-    goTo(document, document.lineRange(std::min<Offset>(line, document.lineCount()) - 1));
+    goTo(control, control.lineRange(std::min<Offset>(line, control.lineCount()) - 1));
 }
 
 } // namespace
 
-void wireFind(Application &app)
+void wireFind(Application &app, WindowDocument &shown)
 {
-    app.makesWindow(SecondaryWindow::Find, [&app] { return makeFindDialog(app); });
-    app.commands.bind("mfind", [&app] { showFindDialog(app); });
+    app.makesWindow(SecondaryWindow::Find, [&app, &shown] { return makeFindDialog(app, shown); });
+    app.commands.bind("mfind", [&app, &shown] { showFindDialog(app, shown.control); });
     const auto onKey = [&app](const QKeySequence &key, void (FindCommands::*command)()) {
         QObject::connect(new QShortcut(key, &app.mainWindow()), &QShortcut::activated, &app.mainWindow(),
             [&app, command] { (findDialog(app).commands().*command)(); });
@@ -76,13 +75,14 @@ void wireFind(Application &app)
     onKey(Qt::Key_F3, &FindCommands::findNext);
     onKey(Qt::SHIFT | Qt::Key_F3, &FindCommands::findPrevious);
 
-    auto &document = app.mainWindow().document();
-    auto &open = app.keep<OpenDocumentFile>(document, app.document.state, app.document.file, app.files,
-        app.mainWindow(), [&document] { document.setSavePoint(); });
-    app.makesWindow(SecondaryWindow::MultiFind, [&app, &open] {
+    auto &control = shown.control;
+    auto &open = app.keep<OpenDocumentFile>(
+        shown.document, app.files, app.mainWindow(), [&control] { control.setSavePoint(); });
+    app.makesWindow(SecondaryWindow::MultiFind, [&app, &control, &open] {
         auto *dialog = new MultiDialog(app.files, open, app.messages, app.fileDialogs, &app.mainWindow());
         QObject::connect(dialog, &MultiDialog::lineChosen, dialog,
-            [&app, &open](const std::string &path, qint64 line) { showLine(app, open, path, line); });
+            [&app, &control, &open](
+                const std::string &path, qint64 line) { showLine(app, control, open, path, line); });
         return dialog;
     });
     app.commands.bind("mmulti", [&app] { app.showWindow(SecondaryWindow::MultiFind); });

@@ -1,55 +1,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the analysis says of a script or a page: asked for in the pauses of typing, shown
-// under the text, as wavy lines and in the status row. It writes nothing but
-// the fixes the user takes.
+// The analysis of scripts and pages: runs in the pauses of typing; its findings are shown as a list under the
+// text, as wavy lines and in the status row.
 #include "app/application_qt.h"
 #include "app/main_menu_qt.h"
 #include "app/wiring_qt.h"
 #include "desktop/text_qt.h"
+#include "findings/analysis_schedule.h"
 #include "findings/analysis_thread.h"
 #include "findings/finding_marks_qt.h"
 #include "findings/findings_commands.h"
 #include "findings/findings_panel.h"
 #include "settings/keys.h"
-#include "settings/options.h"
+#include "settings/option_switch.h"
 
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
-
-#include <array>
-#include <chrono>
 
 namespace kevra {
 namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr std::chrono::milliseconds pauseInTyping{300};
-constexpr std::chrono::milliseconds longerPause{1000}; ///< before a text is copied that takes long to analyse
-constexpr Offset longText = 1 << 20;
-constexpr std::size_t mostInPage = 500;
+constexpr std::size_t maxInPage = 500;
 constexpr int listRows = 12; ///< the height of the list, its buttons included
-
-constexpr std::array levels{script::Level::Error, script::Level::Warning, script::Level::Hint};
-
-script::Level levelNamed(std::string_view name)
-{
-    const auto found = std::ranges::find(levels, name, script::levelName);
-    return found == levels.end() ? script::Level::Hint : *found;
-}
 
 class FindingsSide : public QObject, private FindingsView {
 public:
-    explicit FindingsSide(Application &app);
+    FindingsSide(Application &app, WindowDocument &shown);
 
 private:
     void bindCommands();
     void connectDocument();
-    [[nodiscard]] bool analysesTyping() const;
+    [[nodiscard]] bool analysesTyping() const
+    {
+        return kevra::analysesTyping(m_typing.isOn(), m_state.scriptTools, listShown());
+    }
     void analyseLater();
     void analyseCopy();
     void toolsChanged();
-    void setAnalyseTyping(bool on);
     void setLevel(script::Level level);
     void showList(bool on);
     void makePanel();
@@ -60,26 +48,29 @@ private:
     void showFindings() override;
     void showCurrent(std::size_t index) override;
     void tell(std::string_view text) override { m_app.mainWindow().tell(text); }
-    void applyEdit(const LineEdit &edit) override { m_document.apply(edit); }
+    void applyEdit(const LineEdit &edit) override { m_control.apply(edit); }
 
     Application &m_app;
-    EditorControl &m_document;
+    EditorControl &m_control;
+    const DocumentState &m_state;
     QFrame &m_frame;
     FindingsCommands m_commands;
     FindingMarks m_marks;
-    FindingsPanel *m_panel = nullptr; ///< the frame's, once the list has been opened
-    bool m_analyseTyping = true;
+    FindingsPanel *m_panel = nullptr; ///< owned by the frame, made when the list is first opened
+    OptionSwitch m_typing;
     QTimer m_pause;
-    std::string m_copy; ///< memory for the next copy of the text
-    AnalysisThread m_thread; ///< ends first: it reports here
+    std::string m_copy; ///< reused for the next copy of the text
+    AnalysisThread m_thread; ///< last, so that it ends first
 };
 
-FindingsSide::FindingsSide(Application &app)
+FindingsSide::FindingsSide(Application &app, WindowDocument &shown)
     : m_app(app)
-    , m_document(app.mainWindow().document())
+    , m_control(shown.control)
+    , m_state(shown.document.state)
     , m_frame(app.mainWindow().frame("frfindings"))
-    , m_commands(m_document, *this, [this] { return placeOf(m_app.document.state); })
-    , m_marks(m_document, m_commands.list())
+    , m_commands(m_control, *this, [this] { return placeOf(m_state); })
+    , m_marks(m_control, m_commands.list())
+    , m_typing(app.store, app.toolSets(), Option::AnalyseTyping, [this](bool) { toolsChanged(); })
     , m_thread([this](AnalysisThread::Request request, std::vector<script::Finding> findings) {
         QMetaObject::invokeMethod(
             this,
@@ -94,8 +85,9 @@ FindingsSide::FindingsSide(Application &app)
     connect(&m_pause, &QTimer::timeout, this, &FindingsSide::analyseCopy);
     bindCommands();
     connectDocument();
-    setAnalyseTyping(storedOption(app.store, Option::AnalyseTyping));
-    m_commands.setLevel(levelNamed(readSetting(app.store, keys::findingsLevel)));
+    m_typing.load();
+    m_commands.setLevel(
+        script::levelNamed(readSetting(app.store, keys::findingsLevel)).value_or(script::Level::Hint));
 }
 
 void FindingsSide::bindCommands()
@@ -109,12 +101,8 @@ void FindingsSide::bindCommands()
         m_commands.analyseNow();
         showList(true);
     });
-    commands.bind("manalysetyping", [this] {
-        setAnalyseTyping(!m_analyseTyping);
-        storeOption(m_app.store, Option::AnalyseTyping, m_analyseTyping);
-    });
-    // With the web page tools the menu that holds them is hidden, and their keys
-    // with it.
+    commands.bind("manalysetyping", [this] { m_typing.toggle(); });
+    // With the web page tools their menu is hidden, which would disable their keys.
     for (const auto item : {"mfindings", "mnextfinding", "mprevfinding", "mfix"})
         m_app.mainWindow().addAction(m_app.mainWindow().menus().action(item));
 }
@@ -122,38 +110,31 @@ void FindingsSide::bindCommands()
 void FindingsSide::connectDocument()
 {
     auto &window = m_app.mainWindow();
-    connect(
-        &m_document, &EditorControl::changed, this, [this](Offset position, Offset removed, Offset added) {
-            m_commands.textChanged(position, removed, added);
-            analyseLater();
-        });
+    connect(&m_control, &EditorControl::changed, this, [this](Offset position, Offset removed, Offset added) {
+        m_commands.textChanged(position, removed, added);
+        analyseLater();
+    });
     connect(&window, &MainWindow::documentNamed, this, &FindingsSide::analyseLater);
     connect(&window.statusRow(), &StatusRow::analysisChosen, this, [this] { showList(!listShown()); });
     connect(window.menus().menu("mdebug")->menuAction(), &QAction::visibleChanged, this,
         &FindingsSide::toolsChanged);
 }
 
-/// A page only while its findings are looked at.
-bool FindingsSide::analysesTyping() const
-{
-    return m_analyseTyping && (m_app.document.state.scriptTools || listShown());
-}
-
 void FindingsSide::analyseLater()
 {
     if (analysesTyping())
-        m_pause.start(m_document.Length() > longText ? longerPause : pauseInTyping);
+        m_pause.start(pauseBeforeAnalysis(m_control.Length()));
 }
 
 void FindingsSide::analyseCopy()
 {
     if (!analysesTyping())
         return;
-    // In two parts, so that the control need not move its gap, which is where the typing goes on.
-    const auto gap = m_document.textPosition(m_document.SendScintilla(Sci::SCI_GETGAPPOSITION));
-    m_copy.assign(m_document.Text({0, gap}));
-    m_copy.append(m_document.Text({gap, m_document.Length()}));
-    m_thread.start({std::move(m_copy), placeOf(m_app.document.state), m_commands.revision()});
+    // In two parts, so that Scintilla does not move its gap away from the caret.
+    const auto gap = m_control.textPosition(m_control.SendScintilla(Sci::SCI_GETGAPPOSITION));
+    m_copy.assign(m_control.Text({0, gap}));
+    m_copy.append(m_control.Text({gap, m_control.Length()}));
+    m_thread.start({std::move(m_copy), placeOf(m_state), m_commands.revision()});
 }
 
 void FindingsSide::toolsChanged()
@@ -161,13 +142,6 @@ void FindingsSide::toolsChanged()
     m_pause.stop();
     m_commands.forget();
     analyseLater();
-}
-
-void FindingsSide::setAnalyseTyping(bool on)
-{
-    m_analyseTyping = on;
-    m_app.toolSets().showOption(Option::AnalyseTyping, on);
-    toolsChanged();
 }
 
 void FindingsSide::setLevel(script::Level level)
@@ -178,22 +152,21 @@ void FindingsSide::setLevel(script::Level level)
 
 void FindingsSide::makePanel()
 {
-    // Bounded: the text must not move when a finding has more to say than the one
-    // before.
+    // Bounded, so that the text does not move for a longer explanation.
     m_frame.setMaximumHeight(listRows * m_frame.fontMetrics().lineSpacing());
     m_panel = new FindingsPanel(m_frame, m_commands);
     m_panel->setLevel(m_commands.list().level());
     connect(m_panel, &FindingsPanel::levelChosen, this, &FindingsSide::setLevel);
-    connect(m_panel, &FindingsPanel::closeWanted, this, [this] { showList(false); });
-    connect(m_panel, &FindingsPanel::textWanted, this, [this] { m_document.SetFocus(); });
+    connect(m_panel, &FindingsPanel::closeRequested, this, [this] { showList(false); });
+    connect(m_panel, &FindingsPanel::textRequested, this, [this] { m_control.SetFocus(); });
 }
 
 void FindingsSide::showList(bool on)
 {
     if (on && !m_panel)
         makePanel();
-    if (on && !m_commands.list().known())
-        m_commands.analyseNow();
+    if (on)
+        m_commands.listOpened();
     const bool hadFocus = m_frame.isAncestorOf(QApplication::focusWidget());
     m_frame.setVisible(on);
     m_app.mainWindow().setItemChecked("mfindings", on);
@@ -201,7 +174,7 @@ void FindingsSide::showList(bool on)
     if (on)
         m_panel->refill();
     else if (hadFocus)
-        m_document.SetFocus();
+        m_control.SetFocus();
 }
 
 void FindingsSide::offerFixes()
@@ -209,7 +182,7 @@ void FindingsSide::offerFixes()
     const auto offered = m_commands.fixesAtCaret();
     if (offered.empty())
         return tell("No fix here.");
-    auto *menu = new QMenu(&m_document);
+    auto *menu = new QMenu(&m_control);
     menu->setObjectName("mpopfix");
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const auto &fix : offered) {
@@ -217,8 +190,8 @@ void FindingsSide::offerFixes()
         menu->addAction(textOf(title).replace("&", "&&"), this, [this, fix] { m_commands.applyFix(fix); });
     }
     menu->setActiveAction(menu->actions().front());
-    const auto place = m_document.bottomLeftOf(m_document.SelStart());
-    menu->popup(m_document.viewport()->mapToGlobal(place));
+    const auto place = m_control.bottomLeftOf(m_control.SelStart());
+    menu->popup(m_control.viewport()->mapToGlobal(place));
 }
 
 void FindingsSide::showFindings()
@@ -234,11 +207,7 @@ void FindingsSide::showInPage()
 {
     if (!m_app.showBrokenInPage)
         return;
-    std::vector<Offset> places;
-    const auto count = std::min(m_commands.list().size(), mostInPage);
-    for (std::size_t i = 0; i < count; ++i)
-        places.push_back(m_commands.list().at(i).range.start);
-    m_app.showBrokenInPage(places);
+    m_app.showBrokenInPage(m_commands.list().firstPlaces(maxInPage));
 }
 
 void FindingsSide::showCurrent(std::size_t index)
@@ -249,9 +218,9 @@ void FindingsSide::showCurrent(std::size_t index)
 
 } // namespace
 
-void wireFindings(Application &app)
+void wireFindings(Application &app, WindowDocument &shown)
 {
-    app.keep<FindingsSide>(app);
+    app.keep<FindingsSide>(app, shown);
 }
 
 } // namespace kevra

@@ -15,18 +15,18 @@ namespace kevra {
 
 namespace {
 
-/// The viewer and its panel in the main window as one.
+/// The viewer window and its panel in the main window.
 class ImagesSide : private ViewerView {
 public:
-    explicit ImagesSide(Application &app)
+    ImagesSide(Application &app, WindowDocument &shown)
         : m_app(app)
+        , m_control(shown.control)
         , m_frame(app.mainWindow().frame("fr1"))
-        , m_commands({app.mainWindow().document(), app.document.state.currentPath, app.mainWindow(),
-              app.files, app.fileDialogs, app.messages, app.clipboard, m_decoder, *this})
+        , m_commands({shown.document, app.mainWindow(), app.files, app.fileDialogs, app.messages,
+              app.clipboard, m_decoder, *this})
         , m_panel(m_frame,
               {[this] { m_commands.CopySampledColour(); }, [this] { m_commands.CopyViewedImageTag(); }})
-        , m_finder(app.mainWindow().frame("frcol"), app.mainWindow().document(), app.colourDialog,
-              app.messages, app.clipboard)
+        , m_finder(app.mainWindow().frame("frcol"), m_control, app.colourDialog, app.messages, app.clipboard)
     {
     }
 
@@ -73,8 +73,7 @@ private:
     }
     void showViewer(PictureSize size) override
     {
-        const auto &document = m_app.mainWindow().document();
-        QRect room(document.mapToGlobal(QPoint()), document.size());
+        QRect room(m_control.mapToGlobal(QPoint()), m_control.size());
         room.setRight(m_app.mainWindow().geometry().right());
         viewer().showFor(size, room);
     }
@@ -110,6 +109,7 @@ private:
     std::string sampleCode() const override { return m_panel.sampleCode(); }
 
     Application &m_app;
+    EditorControl &m_control;
     QFrame &m_frame;
     PictureDecoderQt m_decoder;
     ImageCommands m_commands;
@@ -131,9 +131,9 @@ constexpr std::array imageItems{
 
 } // namespace
 
-void wireImages(Application &app)
+void wireImages(Application &app, WindowDocument &shown)
 {
-    auto &images = app.keep<ImagesSide>(app);
+    auto &images = app.keep<ImagesSide>(app, shown);
     app.makesWindow(SecondaryWindow::ImageViewer, [&images] { return images.makeViewer(); });
     for (const auto &row : imageItems)
         app.commands.bind(row.item, [&images, row] { (images.commands().*row.command)(); });

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Getting about: the recent files under the File menu, and a line by its number.
+// The recent files in the File menu, and Go to Line.
 #include "app/application_qt.h"
 #include "app/main_menu_qt.h"
 #include "app/wiring_qt.h"
@@ -13,10 +13,10 @@
 namespace kevra {
 namespace {
 
-/// The submenu `mrecent`; what is gone from the disk is not offered.
+/// The submenu `mrecent`.
 class RecentMenu : public QObject {
 public:
-    explicit RecentMenu(Application &app)
+    RecentMenu(Application &app, const DocumentState &state)
         : m_app(app)
         , m_recent(app.store)
         , m_menu(new QMenu("&Recent Files", &app.mainWindow()))
@@ -28,16 +28,15 @@ public:
         files->insertSeparator(exit);
         connect(files, &QMenu::aboutToShow, this, [this] { fill(); });
         connect(&app.mainWindow(), &MainWindow::documentNamed, this,
-            [this] { m_recent.add(m_app.document.state.currentPath); });
+            [this, &state] { m_recent.add(state.currentPath); });
     }
 
 private:
     void fill()
     {
         m_menu->clear();
-        for (const auto &path : m_recent.paths())
-            if (m_app.files.fileExists(path))
-                offer(path);
+        for (const auto &path : m_recent.existing(m_app.files))
+            offer(path);
         m_menu->setEnabled(!m_menu->isEmpty());
         m_menu->addSeparator();
         m_menu->addAction("&Clear This List", this, [this] { m_recent.forgetAll(); })
@@ -55,28 +54,27 @@ private:
 
     Application &m_app;
     RecentFiles m_recent;
-    QMenu *m_menu; ///< the window's
+    QMenu *m_menu; ///< owned by the window
 };
 
-void goToLine(Application &app)
+void goToLine(MainWindow &window, EditorControl &control)
 {
-    auto &document = app.mainWindow().document();
-    const auto now = document.GetLineFromChar(document.Selection().end) + 1;
+    const auto now = control.GetLineFromChar(control.Selection().end) + 1;
     bool chosen = false;
-    const int line = QInputDialog::getInt(&app.mainWindow(), "Go to Line",
-        "Line number:", static_cast<int>(now), 1, static_cast<int>(document.lineCount()), 1, &chosen);
+    const int line = QInputDialog::getInt(&window, "Go to Line", "Line number:", static_cast<int>(now), 1,
+        static_cast<int>(control.lineCount()), 1, &chosen);
     if (!chosen)
         return;
-    const auto start = document.lineRange(line - 1).start;
-    goTo(document, {start, start});
+    const auto start = control.lineRange(line - 1).start;
+    goTo(control, {start, start});
 }
 
 } // namespace
 
-void wireNavigation(Application &app)
+void wireNavigation(Application &app, WindowDocument &shown)
 {
-    app.keep<RecentMenu>(app);
-    app.commands.bind("mgoto", [&app] { goToLine(app); });
+    app.keep<RecentMenu>(app, shown.document.state);
+    app.commands.bind("mgoto", [&app, &shown] { goToLine(app.mainWindow(), shown.control); });
 }
 
 } // namespace kevra

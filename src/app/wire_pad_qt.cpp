@@ -5,10 +5,10 @@
 
 namespace kevra {
 
-void wirePad(Application &app)
+void wirePad(Application &app, WindowDocument &shown)
 {
-    app.makesWindow(SecondaryWindow::Pad, [&app] {
-        auto *pad = new PadWindow(app.mainWindow().document(), app.clipboard, app.state, &app.mainWindow());
+    app.makesWindow(SecondaryWindow::Pad, [&app, &shown] {
+        auto *pad = new PadWindow(shown.control, app.clipboard, app.state, &app.mainWindow());
         shareKeys(app, *pad, {"mfind", "msample"});
         return pad;
     });

@@ -15,10 +15,10 @@ namespace kevra {
 
 namespace {
 
-/// Everything of the preview that lives as long as the windows.
+/// The preview's window and commands; lives as long as the windows.
 class PreviewSide : private PreviewWindows {
 public:
-    explicit PreviewSide(Application &app);
+    PreviewSide(Application &app, Document &document);
 
 private:
     void bindCommands();
@@ -39,14 +39,16 @@ private:
     }
 
     Application &m_app;
+    Document &m_document;
     PageNotesPosix m_notes;
-    QPointer<BrowserWindow> m_window; ///< the application's
+    QPointer<BrowserWindow> m_window; ///< owned by the application
     std::unique_ptr<BrowserControlQt> m_control;
     std::unique_ptr<PreviewCommands> m_commands;
 };
 
-PreviewSide::PreviewSide(Application &app)
+PreviewSide::PreviewSide(Application &app, Document &document)
     : m_app(app)
+    , m_document(document)
     , m_notes(app.folders.autosave + "/pages")
 {
     PreviewFile(app.files, app.backups, m_notes).removeLeftPages();
@@ -79,13 +81,12 @@ void PreviewSide::bindCommands()
 
 QWidget *PreviewSide::makeBrowser()
 {
-    // A window of its own, without the main window as parent: it stays when that one is hidden.
+    // Without the main window as parent, so that it stays when that one is hidden.
     m_window = new BrowserWindow;
     m_app.mainWindow().addTitled(m_window);
     m_control = std::make_unique<BrowserControlQt>(*m_window);
-    m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_app.mainWindow().document(),
-        m_app.document.state, m_app.state, m_app.files, m_app.document.file, m_app.backups, m_notes,
-        m_app.messages, m_app.mainWindow(), *this, *m_control,
+    m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_document, m_app.state, m_app.files,
+        m_app.backups, m_notes, m_app.messages, m_app.mainWindow(), *this, *m_control,
         [](const std::string &name) { return assetPath(name); }, pathBytes(QDir::homePath())});
     m_control->setCommands(commands());
     connectBrowser();
@@ -152,9 +153,9 @@ void PreviewSide::showBrowser()
 
 } // namespace
 
-void wirePreview(Application &app)
+void wirePreview(Application &app, WindowDocument &shown)
 {
-    app.keep<PreviewSide>(app);
+    app.keep<PreviewSide>(app, shown.document);
 }
 
 } // namespace kevra

@@ -11,13 +11,12 @@ namespace {
 /// The settings, and the external program that is set there.
 class SettingsSide : private SettingsEffects {
 public:
-    explicit SettingsSide(Application &app)
+    SettingsSide(Application &app, Document &document)
         : m_app(app)
-        , m_colouring(app.mainWindow().document(), app.document.state)
+        , m_colouring(document)
         , m_program({app.state, app.store, app.files, m_processes, app.toolSets(), app.messages})
-        , m_commands({app.store, app.document.state, app.state, app.options, app.settingsViews(),
-              app.mainWindow().document(), *this, app.files, app.messages, app.fileDialogs, app.colourDialog,
-              m_program})
+        , m_commands({app.store, app.editing, app.state, app.options, app.settingsViews(), document, *this,
+              app.files, app.messages, app.fileDialogs, app.colourDialog, m_program})
     {
     }
 
@@ -47,9 +46,9 @@ private:
 
 } // namespace
 
-void wireSettings(Application &app)
+void wireSettings(Application &app, WindowDocument &shown)
 {
-    app.keep<SettingsSide>(app).bind();
+    app.keep<SettingsSide>(app, shown.document).bind();
 }
 
 } // namespace kevra

@@ -10,9 +10,9 @@
 
 namespace kevra {
 
-ScriptDebugger::ScriptDebugger(EditorSurface &document, DocumentState &state, MainView &view)
-    : m_document(document)
-    , m_state(state)
+ScriptDebugger::ScriptDebugger(EditedDocument document, MainView &view)
+    : m_surface(document.surface)
+    , m_state(document.state)
     , m_view(view)
 {
 }
@@ -21,36 +21,36 @@ void ScriptDebugger::debugDocument()
 {
     bool marked = false;
     {
-        const BusySurface busy(m_document);
+        const BusySurface busy(m_surface);
         m_view.setInformation("Debugging. . .");
         marked = RunDebugger();
     }
-    m_document.SetFocus();
+    m_surface.SetFocus();
     // The busy control did not scroll. Only a faulty line is scrolled into view now.
     if (marked)
-        m_document.SetSelStart(m_document.SelStart());
+        m_surface.SetSelStart(m_surface.SelStart());
 }
 
 bool ScriptDebugger::RunDebugger()
 {
     const FlagGuard programmatic(m_state.programmaticChange);
-    const auto result = check(m_document.Text(), m_state.ifChecking);
+    const auto result = check(m_surface.Text(), m_state.options.ifChecking);
     if (result.reachedBlocks)
-        DocumentColouring(m_document, m_state).removeColours();
+        DocumentColouring({m_surface, m_state}).removeColours();
     if (m_state.takesColour() && (result.reachedBlocks || result.recolourBeforeMark))
         recolour();
     m_view.setInformation(result.verdict);
     if (result.fault)
         mark(*result.fault);
     else
-        m_document.SetSelStart(0);
+        m_surface.SetSelStart(0);
     m_view.syncLineNumbers();
     return result.fault.has_value();
 }
 
 void ScriptDebugger::recolour()
 {
-    DocumentColouring colouring(m_document, m_state);
+    DocumentColouring colouring({m_surface, m_state});
     colouring.removeColours();
     colouring.colourForTools();
 }
@@ -58,9 +58,9 @@ void ScriptDebugger::recolour()
 void ScriptDebugger::mark(const Finding &fault)
 {
     const ColourRun red{fault.marked, colours::fault};
-    m_document.SetColours(fault.marked, {&red, 1});
-    m_document.SetSelStart(fault.caret);
-    m_document.SetSelColor(colours::black);
+    m_surface.SetColours(fault.marked, {&red, 1});
+    m_surface.SetSelStart(fault.caret);
+    m_surface.SetSelColor(colours::black);
 }
 
 void ScriptDebugger::checkFinishedLine(TextRange line)
@@ -68,8 +68,8 @@ void ScriptDebugger::checkFinishedLine(TextRange line)
     // The rules read one character after the line and a few before it, never more.
     constexpr Offset around = 8;
     const auto base = std::max<Offset>(line.start - around, 0);
-    const auto text = m_document.Text({base, std::min(line.end + around, m_document.Length())});
-    const auto number = m_document.GetLineFromChar(line.start + 1) + 1;
+    const auto text = m_surface.Text({base, std::min(line.end + around, m_surface.Length())});
+    const auto number = m_surface.GetLineFromChar(line.start + 1) + 1;
     auto fault = CheckLine(text, {line.start - base, line.end - base}, number);
     if (!fault)
         return;

@@ -12,7 +12,7 @@ struct Finding;
 /// Runs the checker on a document and shows the result.
 class ScriptDebugger {
 public:
-    ScriptDebugger(EditorSurface &document, DocumentState &state, MainView &view);
+    ScriptDebugger(EditedDocument document, MainView &view);
 
     /// The command: shows that it is busy, runs the check, and gives the document the focus.
     void debugDocument();
@@ -26,7 +26,7 @@ private:
     void recolour();
     void mark(const Finding &fault);
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
     MainView &m_view;
 };

@@ -9,36 +9,36 @@ namespace kevra {
 
 class ColourCommands {
 public:
-    ColourCommands(EditorSurface &document, DocumentState &state, ToolView &tools)
-        : m_document(document)
-        , m_state(state)
+    ColourCommands(EditedDocument document, ToolView &tools)
+        : m_surface(document.surface)
+        , m_state(document.state)
         , m_tools(tools)
-        , m_colouring(document, state)
+        , m_colouring(document)
     {
     }
 
     /// Colours a document of any type, as a page or a script depending on the tool set shown.
     void colourOn()
     {
-        m_state.colourCoding = true;
+        m_state.options.colourCoding = true;
         m_state.colourApplies = true;
         m_tools.showOption(Option::ColourCoding, true);
-        if (m_document.Length() == 0)
+        if (m_surface.Length() == 0)
             return;
-        const BusySurface busy(m_document);
+        const BusySurface busy(m_surface);
         m_colouring.colourForTools();
     }
 
     void colourOff()
     {
-        m_state.colourCoding = false;
+        m_state.options.colourCoding = false;
         m_tools.showOption(Option::ColourCoding, false);
-        const BusySurface busy(m_document);
+        const BusySurface busy(m_surface);
         m_colouring.removeColours();
     }
 
 private:
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
     ToolView &m_tools;
     DocumentColouring m_colouring;

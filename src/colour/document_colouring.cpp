@@ -18,22 +18,22 @@ void leaveAtTop(EditorSurface &document)
 
 } // namespace
 
-DocumentColouring::DocumentColouring(EditorSurface &document, DocumentState &state)
-    : m_document(document)
-    , m_state(state)
+DocumentColouring::DocumentColouring(EditedDocument document)
+    : m_surface(document.surface)
+    , m_state(document.state)
 {
 }
 
 PendingPaint DocumentColouring::tagsOf(std::string_view text) const
 {
-    return startComputing(text, [text, code = m_state.codeColour] {
+    return startComputing(text, [text, code = m_state.options.codeColour] {
         return paintOf(tagRuns(text, code), static_cast<Offset>(text.size()));
     });
 }
 
 PendingPaint DocumentColouring::scriptOf(std::string_view text) const
 {
-    return startComputing(text, [text, code = m_state.codeColour] {
+    return startComputing(text, [text, code = m_state.options.codeColour] {
         return paintOf(scriptRuns(text, code), static_cast<Offset>(text.size()));
     });
 }
@@ -41,22 +41,22 @@ PendingPaint DocumentColouring::scriptOf(std::string_view text) const
 void DocumentColouring::colourTags()
 {
     const FlagGuard programmatic(m_state.programmaticChange);
-    m_document.SetSelColor(colours::black);
-    const auto runs = tagRuns(m_document.Text(), m_state.codeColour);
-    m_document.SetColours({0, m_document.Length()}, runs, Ground::AsItIs);
+    m_surface.SetSelColor(colours::black);
+    const auto runs = tagRuns(m_surface.Text(), m_state.options.codeColour);
+    m_surface.SetColours({0, m_surface.Length()}, runs, Ground::AsItIs);
     finishTags();
 }
 
 void DocumentColouring::colourTags(PendingPaint paint)
 {
     const FlagGuard programmatic(m_state.programmaticChange);
-    m_document.SetPaint(paint.get());
+    m_surface.SetPaint(paint.get());
     finishTags();
 }
 
 void DocumentColouring::finishTags()
 {
-    leaveAtTop(m_document);
+    leaveAtTop(m_surface);
     // A document that has just been coloured counts as not modified.
     m_state.unsaved = false;
 }
@@ -64,16 +64,16 @@ void DocumentColouring::finishTags()
 void DocumentColouring::ColourText()
 {
     const FlagGuard programmatic(m_state.programmaticChange);
-    const auto runs = scriptRuns(m_document.Text(), m_state.codeColour);
-    m_document.SetColours({0, m_document.Length()}, runs);
-    leaveAtTop(m_document);
+    const auto runs = scriptRuns(m_surface.Text(), m_state.options.codeColour);
+    m_surface.SetColours({0, m_surface.Length()}, runs);
+    leaveAtTop(m_surface);
 }
 
 void DocumentColouring::ColourText(PendingPaint paint)
 {
     const FlagGuard programmatic(m_state.programmaticChange);
-    m_document.SetPaint(paint.get());
-    leaveAtTop(m_document);
+    m_surface.SetPaint(paint.get());
+    leaveAtTop(m_surface);
 }
 
 void DocumentColouring::colourForTools()
@@ -87,8 +87,8 @@ void DocumentColouring::colourForTools()
 void DocumentColouring::removeColours()
 {
     const FlagGuard programmatic(m_state.programmaticChange);
-    m_document.SetColours({0, m_document.Length()}, {});
-    leaveAtTop(m_document);
+    m_surface.SetColours({0, m_surface.Length()}, {});
+    leaveAtTop(m_surface);
 }
 
 } // namespace kevra

@@ -17,7 +17,7 @@ using PendingPaint = std::future<Paint>;
 
 class DocumentColouring {
 public:
-    DocumentColouring(EditorSurface &document, DocumentState &state);
+    DocumentColouring(EditedDocument document);
 
     /// The colours for a text that is about to become the document's.
     [[nodiscard]] PendingPaint tagsOf(std::string_view text) const;
@@ -40,7 +40,7 @@ public:
 private:
     void finishTags();
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
 };
 

@@ -107,15 +107,16 @@ void recolourScript(EditorSurface &document, TextRange touched, Colour code)
     document.SetColours(lines, runs);
 }
 
-void recolourInserted(EditorSurface &document, TextRange touched, const DocumentState &state)
+void recolourInserted(EditedDocument document, TextRange touched)
 {
+    auto &[surface, state] = document;
     if (!state.takesColour())
-        document.SetColours(touched, {});
+        surface.SetColours(touched, {});
     else if (state.scriptTools) {
-        document.FinishLines(linesOf(document, touched));
-        recolourScript(document, touched, state.codeColour);
+        surface.FinishLines(linesOf(surface, touched));
+        recolourScript(surface, touched, state.options.codeColour);
     } else {
-        recolourTags(document, touched, state.codeColour);
+        recolourTags(surface, touched, state.options.codeColour);
     }
 }
 

@@ -16,6 +16,6 @@ void recolourTags(EditorSurface &document, TextRange touched, Colour code);
 void recolourScript(EditorSurface &document, TextRange touched, Colour code);
 
 /// Colours new text: black if the document takes no colour, else as the tool set shown colours it.
-void recolourInserted(EditorSurface &document, TextRange touched, const DocumentState &state);
+void recolourInserted(EditedDocument document, TextRange touched);
 
 } // namespace kevra

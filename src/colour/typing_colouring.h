@@ -15,8 +15,7 @@ namespace kevra {
 class TypingColouring : public TypingHandler {
 public:
     /// `checkLine` receives the line that Return has ended, including its line break.
-    TypingColouring(EditorSurface &document, DocumentState &state, MainView &view,
-        std::function<void(TextRange)> checkLine);
+    TypingColouring(EditedDocument document, MainView &view, std::function<void(TextRange)> checkLine);
 
     void keyTyped(char32_t character) override;
     void keyReleased(int key) override;
@@ -33,7 +32,7 @@ private:
     void noteTyped(TextRange typed);
     [[nodiscard]] Colour colourAroundCaret() const;
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
     MainView &m_view;
     std::function<void(TextRange)> m_checkLine;

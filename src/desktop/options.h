@@ -17,9 +17,10 @@ enum class Option {
     KeepIndentation,
     AnalyseTyping,
     PageBeside,
+    AutoReload,
 };
 
-inline constexpr std::size_t optionCount = 9;
+inline constexpr std::size_t optionCount = 10;
 
 /// One flag per option.
 class OptionSwitches {

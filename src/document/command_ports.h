@@ -6,21 +6,16 @@
 #include "desktop/main_view.h"
 #include "desktop/messages.h"
 #include "document/application_state.h"
-#include "document/document_file.h"
-#include "editor/document_state.h"
-#include "editor/surface.h"
+#include "document/document_parts.h"
 #include "storage/backup_store.h"
 #include "storage/file_store.h"
 
 namespace kevra {
 
 struct FileCommandPorts {
-    EditorSurface &document;
-    DocumentState &state;
+    DocumentParts document;
     ApplicationState &application;
     FileStore &files;
-    DocumentFile &file;
-    TextKeeper &keeper;
     BackupStore &backups;
     FileDialogs &dialogs;
     Messages &messages;

@@ -35,7 +35,7 @@ DiskChanges::DiskChanges(FileCommandPorts ports, OpenCommands &opening, DiskChan
 
 DiskBar DiskChanges::barForState()
 {
-    auto &file = m_ports.file;
+    auto &file = m_ports.document.file;
     const auto state = file.diskState();
     if (state == DiskState::Changed)
         return m_acceptedChange == file.stampOnDisk() ? DiskBar::None : DiskBar::Changed;
@@ -49,38 +49,43 @@ DiskBar DiskChanges::barForState()
 
 void DiskChanges::check()
 {
-    if (m_ports.state.busyLoadingOrSaving)
+    if (m_ports.document.state.busyLoadingOrSaving)
         return;
-    const bool sameFile = m_path == m_ports.file.path();
+    const bool sameFile = m_path == m_ports.document.file.path();
     if (!sameFile) {
         m_acceptedChange.reset();
         m_acceptedDeletion.reset();
     }
     const auto bar = barForState();
     if (bar == DiskBar::Changed && m_reloadsByItself
-        && m_ports.file.wasReadOrWrittenAs(m_ports.document.Text()))
+        && m_ports.document.file.wasReadOrWrittenAs(m_ports.document.surface.Text()))
         return reload();
     if (bar == DiskBar::Gone && m_bar != bar)
-        m_ports.keeper.fileLost();
+        m_ports.document.keeper.fileLost();
     if (bar != m_bar || !sameFile)
         show(bar);
+}
+
+bool DiskChanges::isCheckDue() const
+{
+    return m_bar != DiskBar::None || m_ports.document.file.replacedContent();
 }
 
 void DiskChanges::show(DiskBar bar)
 {
     m_bar = bar;
-    m_path = m_ports.file.path();
+    m_path = m_ports.document.file.path();
     m_view.showDiskBar(bar, barText(bar, m_path));
 }
 
 void DiskChanges::reload()
 {
-    const auto caret = m_ports.document.SelStart();
-    const auto line = m_ports.document.FirstVisibleLine();
+    const auto caret = m_ports.document.surface.SelStart();
+    const auto line = m_ports.document.surface.FirstVisibleLine();
     if (!m_opening.reload())
-        return m_ports.main.tell("Not reloaded: " + m_ports.file.path() + " cannot be read.");
-    m_ports.document.SetSelStart(std::min(caret, m_ports.document.Length()));
-    m_ports.document.SetFirstVisibleLine(line);
+        return m_ports.main.tell("Not reloaded: " + m_ports.document.file.path() + " cannot be read.");
+    m_ports.document.surface.SetSelStart(std::min(caret, m_ports.document.surface.Length()));
+    m_ports.document.surface.SetFirstVisibleLine(line);
     show(DiskBar::None);
     m_ports.main.setInformation("");
     m_ports.main.tell("Reloaded from the disk.");
@@ -88,41 +93,41 @@ void DiskChanges::reload()
 
 void DiskChanges::keepMine()
 {
-    m_acceptedChange = m_ports.file.stampOnDisk();
+    m_acceptedChange = m_ports.document.file.stampOnDisk();
     // Compared by stamp, so that a file written and deleted later is reported again.
-    m_acceptedDeletion = m_bar == DiskBar::Gone ? m_ports.file.stampWhenOurs() : std::nullopt;
+    m_acceptedDeletion = m_bar == DiskBar::Gone ? m_ports.document.file.stampWhenOurs() : std::nullopt;
     show(DiskBar::None);
 }
 
 void DiskChanges::compare()
 {
-    const auto &file = m_ports.file;
+    const auto &file = m_ports.document.file;
     const auto bytes = m_bar == DiskBar::Replaced ? file.replacedContent() : m_ports.files.read(file.path());
     if (!bytes)
         return m_ports.main.tell("Not compared: " + file.path() + " cannot be read.");
     m_view.showComparison(
         {m_bar == DiskBar::Replaced ? "Kept version of the other program" : "On the disk: " + file.path(),
-            file.decodedAs(*bytes), "In the window", std::string(m_ports.document.Text())});
+            file.decodedAs(*bytes), "In the window", std::string(m_ports.document.surface.Text())});
 }
 
 void DiskChanges::putBack()
 {
-    auto &file = m_ports.file;
+    auto &file = m_ports.document.file;
     if (!file.replacedContent())
         return;
     const auto saved = file.putBack();
     if (saved != Saved::Ok)
         return m_ports.main.tell("Not put back: " + file.path() + ": " + std::string(reason(saved)) + '.');
     // The window has the only copy of its text again.
-    m_ports.state.unsaved = true;
-    m_ports.keeper.fileLost();
+    m_ports.document.state.unsaved = true;
+    m_ports.document.keeper.fileLost();
     check();
     m_ports.main.refreshDocumentStatus();
 }
 
 void DiskChanges::close()
 {
-    m_ports.file.forgetReplaced();
+    m_ports.document.file.forgetReplaced();
     show(DiskBar::None);
 }
 

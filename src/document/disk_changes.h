@@ -50,6 +50,8 @@ public:
     void close();
 
     [[nodiscard]] DiskBar bar() const { return m_bar; }
+    /// Whether saving or replacing the document may have changed what the bar says.
+    [[nodiscard]] bool isCheckDue() const;
 
 private:
     void show(DiskBar bar);

@@ -4,10 +4,8 @@
 #pragma once
 
 #include "document/application_state.h"
-#include "document/document_file.h"
+#include "document/document_parts.h"
 #include "document/recovery_journal.h"
-#include "editor/document_state.h"
-#include "editor/surface.h"
 #include "storage/backup_store.h"
 #include "storage/file_store.h"
 #include "storage/record_store.h"
@@ -16,15 +14,19 @@ namespace kevra {
 
 struct Document {
     /// `records` is for this document alone: it holds one record and one autosave file.
-    Document(EditorSurface &text, ApplicationState &application, FileStore &files, BackupStore &backups,
-        RecordStore &records)
+    Document(EditorSurface &text, EditorOptions &options, const ApplicationState &application,
+        FileStore &files, BackupStore &backups, RecordStore &records)
         : surface(text)
+        , state(options)
         , file(files, backups)
         , journal(surface, state, application, file, records, backups)
     {
     }
     Document(const Document &) = delete;
     Document &operator=(const Document &) = delete;
+
+    operator DocumentParts() { return {surface, state, file, journal}; }
+    operator EditedDocument() { return {surface, state}; }
 
     EditorSurface &surface; ///< the text with its colours, its selection and its undo
     DocumentState state; ///< also which tools are shown

@@ -39,23 +39,25 @@ EncodingCommands::EncodingCommands(FileCommandPorts ports, OpenCommands &opening
     : m_ports(ports)
     , m_opening(opening)
     , m_replace(std::move(replace))
-    , m_watch(m_ports.document)
+    , m_watch(m_ports.document.surface)
 {
 }
 
 TextKind EncodingCommands::kind() const
 {
-    return m_ports.file.form(m_ports.state.currentPath, m_ports.state.scriptTools).kind;
+    return m_ports.document.file.form(m_ports.document.state.currentPath, m_ports.document.state.scriptTools)
+        .kind;
 }
 
 std::string_view EncodingCommands::head() const
 {
-    return m_ports.document.Text({0, std::min(declarationBytes, m_ports.document.Length())});
+    return m_ports.document.surface.Text({0, std::min(declarationBytes, m_ports.document.surface.Length())});
 }
 
 TextFormat EncodingCommands::target() const
 {
-    return formatToWrite(head(), m_ports.file.form(m_ports.state.currentPath, m_ports.state.scriptTools));
+    return formatToWrite(head(),
+        m_ports.document.file.form(m_ports.document.state.currentPath, m_ports.document.state.scriptTools));
 }
 
 TextFormat EncodingCommands::afterSave(const TextFormat &target, bool fits) const
@@ -106,8 +108,8 @@ EncodingStatus EncodingCommands::status()
 
 void EncodingCommands::reopenAs(Encoding encoding)
 {
-    const auto path = m_ports.state.currentPath;
-    const bool changed = !m_ports.file.holds(m_ports.document.Text());
+    const auto path = m_ports.document.state.currentPath;
+    const bool changed = !m_ports.document.file.holds(m_ports.document.surface.Text());
     if (changed
         && !m_ports.messages.yes("Open the file again as " + std::string(characterSet(encoding).name)
             + "? What was changed since it was saved is lost."))
@@ -137,10 +139,10 @@ void EncodingCommands::setMark(bool on)
 
 void EncodingCommands::setLineEnds(LineEnds ends)
 {
-    auto format = m_ports.file.format();
+    auto format = m_ports.document.file.format();
     format.lineEnds = ends;
-    m_ports.file.setFormat(format);
-    m_ports.state.unsaved = true;
+    m_ports.document.file.setFormat(format);
+    m_ports.document.state.unsaved = true;
     m_ports.main.refreshDocumentStatus();
 }
 
@@ -151,8 +153,8 @@ void EncodingCommands::requestFormat(const TextFormat &format)
     wanted.named = true;
     // The current declaration does not override this choice; one that is written later does.
     wanted.declared = declaredCharset(head(), kind());
-    m_ports.file.setFormat(wanted);
-    m_ports.state.unsaved = true;
+    m_ports.document.file.setFormat(wanted);
+    m_ports.document.state.unsaved = true;
     m_ports.main.refreshDocumentStatus();
 }
 

@@ -32,7 +32,10 @@ public:
     [[nodiscard]] EncodingStatus status();
 
     /// Whether there is a file to read again.
-    [[nodiscard]] bool canReopen() const { return m_ports.file.owns(m_ports.state.currentPath); }
+    [[nodiscard]] bool canReopen() const
+    {
+        return m_ports.document.file.owns(m_ports.document.state.currentPath);
+    }
     /// Reads the file again in another encoding; asks first if changes would be lost.
     void reopenAs(Encoding encoding);
 

@@ -5,8 +5,8 @@
 
 namespace kevra {
 
-MisfitWatch::MisfitWatch(const EditorSurface &document)
-    : m_document(document)
+MisfitWatch::MisfitWatch(const EditorSurface &surface)
+    : m_surface(surface)
 {
 }
 
@@ -44,7 +44,7 @@ std::string MisfitWatch::misfit()
 {
     if (!m_known) {
         m_character.clear();
-        scan({0, m_document.Length()});
+        scan({0, m_surface.Length()});
         m_known = true;
     }
     return m_character;
@@ -52,7 +52,7 @@ std::string MisfitWatch::misfit()
 
 void MisfitWatch::scan(TextRange range)
 {
-    const auto text = m_document.Text(range);
+    const auto text = m_surface.Text(range);
     const auto raw = m_format.rawBytes ? RawBytes::Escaped : RawBytes::None;
     const auto found = firstMisfit(text, m_format.encoding, raw);
     if (found.empty())

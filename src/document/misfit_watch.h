@@ -12,7 +12,7 @@ namespace kevra {
 
 class MisfitWatch {
 public:
-    explicit MisfitWatch(const EditorSurface &document);
+    explicit MisfitWatch(const EditorSurface &surface);
 
     /// The encoding changed: the whole text has to be checked.
     void restart(const TextFormat &format);
@@ -28,7 +28,7 @@ private:
     [[nodiscard]] bool encodesEverything() const;
     void scan(TextRange range);
 
-    const EditorSurface &m_document;
+    const EditorSurface &m_surface;
     TextFormat m_format;
     std::string m_character; ///< empty: none is known
     Offset m_position = 0;

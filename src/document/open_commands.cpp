@@ -48,27 +48,30 @@ void OpenCommands::openFromCommandLine(const std::string &commandLine)
     m_ports.main.setInformation("");
     if (!fileType(commandLine))
         return refuse(commandLine);
-    m_ports.state.currentPath = absolutePath(commandLine);
-    loadAccepted(m_ports.state.currentPath);
+    m_ports.document.state.currentPath = absolutePath(commandLine);
+    loadAccepted(m_ports.document.state.currentPath);
 }
 
 void OpenCommands::openWithDialog()
 {
+    m_beforeOpening();
     const auto old = askAboutText();
     const auto path = m_ports.dialogs.openFile(
-        {"Open a File", openFilters(), std::string(parentFolder(m_ports.state.currentPath))});
+        {"Open a File", openFilters(), std::string(parentFolder(m_ports.document.state.currentPath))});
     if (path && !path->empty())
         openChosen(*path, old);
 }
 
 void OpenCommands::openDropped(const std::string &path)
 {
+    m_beforeOpening();
     if (!path.empty())
         openChosen(path, askAboutText());
 }
 
 void OpenCommands::openListed(const std::string &path)
 {
+    m_beforeOpening();
     if (!path.empty())
         openChosen(path, askAboutText(), Types::Any);
 }
@@ -81,19 +84,21 @@ bool OpenCommands::loadAccepted(const std::string &path)
 bool OpenCommands::reload(std::optional<Encoding> encoding)
 {
     // An encoding that the user chose is kept when the file changes.
-    const auto &format = m_ports.file.format();
+    const auto &format = m_ports.document.file.format();
     if (!encoding && format.named)
         encoding = format.encoding;
-    return load(m_ports.file.path(), OldText::GiveUp, encoding) == Load::Done;
+    return load(m_ports.document.file.path(), OldText::GiveUp, encoding) == Load::Done;
 }
 
 void OpenCommands::newFile()
 {
+    m_beforeOpening();
     std::ignore = startNew({}, askAboutText());
 }
 
 void OpenCommands::startWithTemplate(const std::string &templatePath)
 {
+    m_beforeOpening();
     const auto bytes = m_ports.files.read(templatePath);
     if (!bytes)
         return m_ports.messages.stop("The template, " + templatePath + ", is missing or cannot be read.");
@@ -104,12 +109,12 @@ void OpenCommands::startWithTemplate(const std::string &templatePath)
         return;
     showTools(TypeGroup::WebPage);
     colour(TypeGroup::WebPage, paintOf(content.text, TypeGroup::WebPage));
-    m_ports.state.unsaved = true;
+    m_ports.document.state.unsaved = true;
 }
 
 OpenCommands::OldText OpenCommands::askAboutText()
 {
-    if (m_ports.document.Length() == 0 || !m_ports.state.unsaved)
+    if (m_ports.document.surface.Length() == 0 || !m_ports.document.state.unsaved)
         return OldText::Keep;
     if (!m_ports.messages.yes("Save the current text?"))
         return OldText::GiveUp;
@@ -119,13 +124,13 @@ OpenCommands::OldText OpenCommands::askAboutText()
 
 void OpenCommands::openChosen(const std::string &path, OldText old, Types types)
 {
-    const auto before = std::exchange(m_ports.state.currentPath, path);
+    const auto before = std::exchange(m_ports.document.state.currentPath, path);
     m_ports.main.setInformation("");
-    const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
+    const FlagGuard busy(m_ports.document.state.busyLoadingOrSaving);
     if (types == Types::Accepted && !fileType(path))
         refuse(path);
     else if (load(path, old) == Load::OldTextStays)
-        m_ports.state.currentPath = before;
+        m_ports.document.state.currentPath = before;
 }
 
 void OpenCommands::refuse(std::string_view path)
@@ -148,24 +153,24 @@ OpenCommands::Load OpenCommands::loadWithinMemory(
 {
     if (const auto stamp = m_ports.files.stamp(path))
         requireMemory(stamp->size);
-    auto file = m_ports.file.read(path, encoding);
+    auto file = m_ports.document.file.read(path, encoding);
     if (!file)
         return Load::Unreadable;
     if (!releaseText(old))
         return Load::OldTextStays;
     present(std::move(*file), textType(path).group);
-    m_ports.state.currentExtension = upperAscii(extension(path));
+    m_ports.document.state.currentExtension = upperAscii(extension(path));
     // An opened file counts as unsaved, so quitting straight away still asks.
-    m_ports.state.unsaved = true;
-    m_ports.main.setTitlePath(m_ports.state.currentPath);
+    m_ports.document.state.unsaved = true;
+    m_ports.main.setTitlePath(m_ports.document.state.currentPath);
     m_ports.main.refreshDocumentStatus();
     return Load::Done;
 }
 
 void OpenCommands::showRecovered(const RecoveryRecord &record)
 {
-    m_ports.state.currentPath.clear();
-    m_ports.state.currentExtension = upperAscii(extension(record.path));
+    m_ports.document.state.currentPath.clear();
+    m_ports.document.state.currentExtension = upperAscii(extension(record.path));
     DecodedFile decoded{decodeFile(record.bytes, record.format), record.format};
     const auto group = record.path.empty() ? groupOfNewWork(decoded.text) : textType(record.path).group;
     present({{}, {}, record.bytes, std::move(decoded)}, group);
@@ -176,7 +181,7 @@ TypeGroup OpenCommands::groupOfNewWork(std::string_view text) const
 {
     const auto start = text.find_first_not_of(" \t\r\n");
     const bool markup = start != std::string_view::npos && text[start] == '<';
-    return m_ports.state.scriptTools && !markup ? TypeGroup::Script : TypeGroup::WebPage;
+    return m_ports.document.state.scriptTools && !markup ? TypeGroup::Script : TypeGroup::WebPage;
 }
 
 void OpenCommands::present(OpenedFile &&file, TypeGroup group)
@@ -184,7 +189,7 @@ void OpenCommands::present(OpenedFile &&file, TypeGroup group)
     // Runs in parallel with loading the text.
     auto paint = paintOf(file.decoded.text, group);
     setText(file.decoded.text);
-    m_ports.file.take(std::move(file)); // except the text, which the paint refers to
+    m_ports.document.file.take(std::move(file)); // except the text, which the paint refers to
     m_ports.main.redrawAndFocus();
     showTools(group);
     colour(group, std::move(paint));
@@ -193,16 +198,16 @@ void OpenCommands::present(OpenedFile &&file, TypeGroup group)
 bool OpenCommands::releaseText(OldText old)
 {
     if (old == OldText::Keep)
-        return mayLeaveText(m_ports.keeper, m_ports.messages, [this] { return m_saving.saveAs(); });
-    m_ports.keeper.textGivenUp();
+        return mayLeaveText(m_ports.document.keeper, m_ports.messages, [this] { return m_saving.saveAs(); });
+    m_ports.document.keeper.textGivenUp();
     return true;
 }
 
 void OpenCommands::setText(std::string_view text)
 {
-    const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
-    const FlagGuard programmatic(m_ports.state.programmaticChange);
-    m_ports.document.LoadText(text);
+    const FlagGuard busy(m_ports.document.state.busyLoadingOrSaving);
+    const FlagGuard programmatic(m_ports.document.state.programmaticChange);
+    m_ports.document.surface.LoadText(text);
 }
 
 bool OpenCommands::startNew(const DecodedFile &content, OldText old)
@@ -210,11 +215,11 @@ bool OpenCommands::startNew(const DecodedFile &content, OldText old)
     if (!releaseText(old))
         return false;
     setText(content.text);
-    m_ports.file.startNew(content.format);
-    m_ports.state.currentPath.clear();
-    m_ports.state.currentExtension.clear();
-    m_ports.state.colourApplies = true;
-    m_ports.state.unsaved = false;
+    m_ports.document.file.startNew(content.format);
+    m_ports.document.state.currentPath.clear();
+    m_ports.document.state.currentExtension.clear();
+    m_ports.document.state.colourApplies = true;
+    m_ports.document.state.unsaved = false;
     m_ports.main.setInformation("");
     m_ports.main.setTitlePath("");
     m_ports.main.redrawAndFocus();
@@ -224,7 +229,7 @@ bool OpenCommands::startNew(const DecodedFile &content, OldText old)
 
 void OpenCommands::showTools(TypeGroup group)
 {
-    auto &state = m_ports.state;
+    auto &state = m_ports.document.state;
     const bool script = group == TypeGroup::Script || group == TypeGroup::ScriptLike;
     if (group == TypeGroup::WebPage && state.scriptTools)
         m_ports.tools.showWebTools();
@@ -232,26 +237,26 @@ void OpenCommands::showTools(TypeGroup group)
         m_ports.tools.showScriptTools();
     if (!state.scriptTools || group == TypeGroup::WebPage)
         return;
-    state.lineDebugOn = group == TypeGroup::Script && state.lineDebugPreferred;
+    state.lineDebugOn = group == TypeGroup::Script && state.options.lineDebug;
     m_ports.tools.showOption(Option::LineDebug, state.lineDebugOn);
 }
 
 PendingPaint OpenCommands::paintOf(std::string_view text, TypeGroup group) const
 {
-    if (!m_ports.state.colourCoding || !isColoured(group))
+    if (!m_ports.document.state.options.colourCoding || !isColoured(group))
         return {};
     return group == TypeGroup::WebPage ? m_colouring.tagsOf(text) : m_colouring.scriptOf(text);
 }
 
 void OpenCommands::colour(TypeGroup group, PendingPaint paint)
 {
-    auto &state = m_ports.state;
-    if (!state.colourCoding)
+    auto &state = m_ports.document.state;
+    if (!state.options.colourCoding)
         return;
     state.colourApplies = isColoured(group);
     if (!state.colourApplies)
         return;
-    const BusySurface busy(m_ports.document);
+    const BusySurface busy(m_ports.document.surface);
     try {
         if (group == TypeGroup::WebPage)
             m_colouring.colourTags(std::move(paint));

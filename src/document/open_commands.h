@@ -8,6 +8,7 @@
 #include "document/save_commands.h"
 #include "storage/recovery_record.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,6 +17,9 @@ namespace kevra {
 class OpenCommands {
 public:
     OpenCommands(FileCommandPorts ports, SaveCommands &saving, DocumentColouring &colouring);
+
+    /// `step` runs before a command of the user's that shows another document.
+    void beforeOpening(std::function<void()> step) { m_beforeOpening = std::move(step); }
 
     /// The whole argument is one path.
     void openFromCommandLine(const std::string &commandLine);
@@ -66,6 +70,7 @@ private:
     FileCommandPorts m_ports;
     SaveCommands &m_saving;
     DocumentColouring &m_colouring;
+    std::function<void()> m_beforeOpening = [] {};
 };
 
 } // namespace kevra

@@ -28,6 +28,13 @@ std::vector<std::string> RecentFiles::paths() const
     return found;
 }
 
+std::vector<std::string> RecentFiles::existing(const FileStore &files) const
+{
+    auto found = paths();
+    std::erase_if(found, [&](const std::string &path) { return !files.fileExists(path); });
+    return found;
+}
+
 void RecentFiles::add(const std::string &path)
 {
     auto all = paths();

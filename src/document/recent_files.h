@@ -2,6 +2,7 @@
 // The most recently used files, latest first, kept in the settings store.
 #pragma once
 
+#include "storage/file_store.h"
 #include "storage/settings_store.h"
 
 #include <string>
@@ -20,6 +21,8 @@ public:
 
     /// As stored; some may no longer exist.
     [[nodiscard]] std::vector<std::string> paths() const;
+    /// Without those that no longer exist.
+    [[nodiscard]] std::vector<std::string> existing(const FileStore &files) const;
     /// Moves an absolute path to the front.
     void add(const std::string &path);
     void forgetAll();

@@ -5,9 +5,9 @@
 
 namespace kevra {
 
-RecoveryJournal::RecoveryJournal(EditorSurface &document, DocumentState &state, ApplicationState &application,
-    DocumentFile &file, RecordStore &store, BackupStore &backups)
-    : m_document(document)
+RecoveryJournal::RecoveryJournal(EditorSurface &surface, DocumentState &state,
+    const ApplicationState &application, DocumentFile &file, RecordStore &store, BackupStore &backups)
+    : m_surface(surface)
     , m_state(state)
     , m_application(application)
     , m_file(file)
@@ -28,10 +28,10 @@ void RecoveryJournal::textChanged()
 void RecoveryJournal::writeDown()
 {
     // Emptying the text keeps its record: that is the last text the user had.
-    if (!m_changed || m_paused || m_document.Length() == 0)
+    if (!m_changed || m_paused || m_surface.Length() == 0)
         return;
     m_changed = false;
-    if (m_file.holds(m_document.Text()))
+    if (m_file.holds(m_surface.Text()))
         return forget();
     try {
         m_store.writeRecord(snapshot());
@@ -44,13 +44,13 @@ void RecoveryJournal::writeDown()
 void RecoveryJournal::writeDownAtCrash()
 {
     // Also when a record is being written: that thread may never finish.
-    if ((m_changed || m_recorded) && !m_paused && m_document.Length() > 0)
+    if ((m_changed || m_recorded) && !m_paused && m_surface.Length() > 0)
         m_store.writeCrashRecord(snapshot());
 }
 
 void RecoveryJournal::autosave()
 {
-    if (!m_application.autosaveOn || !m_changedSinceAutosave || m_paused || m_document.Length() == 0)
+    if (!m_application.autosaveOn || !m_changedSinceAutosave || m_paused || m_surface.Length() == 0)
         return;
     m_changedSinceAutosave = false;
     m_store.writeAutosave(snapshot());
@@ -74,7 +74,7 @@ void RecoveryJournal::fileLost()
 void RecoveryJournal::textGivenUp()
 {
     // It can be restored for a time from File, Versions.
-    if (!m_paused && !m_givenUp && m_document.Length() > 0 && !m_file.holds(m_document.Text()))
+    if (!m_paused && !m_givenUp && m_surface.Length() > 0 && !m_file.holds(m_surface.Text()))
         m_backups.keep(m_file.path().empty() ? "untitled.txt" : m_file.path(), fileBytes(snapshot()),
             KeptReason::GivenUp);
     m_changed = false;
@@ -88,7 +88,7 @@ bool RecoveryJournal::documentReplaced()
         return true;
     writeDown();
     // An empty text does not have to be saved first.
-    if (m_recorded && !m_store.setRecordAside() && m_document.Length() > 0)
+    if (m_recorded && !m_store.setRecordAside() && m_surface.Length() > 0)
         return false;
     m_changed = false;
     m_recorded = false;
@@ -99,7 +99,7 @@ TextSnapshot RecoveryJournal::snapshot() const
 {
     // Not the current path, which may already be that of a file about to be opened.
     const auto &path = m_file.path();
-    return {path, m_file.form(path, m_state.scriptTools), std::string(m_document.Text())};
+    return {path, m_file.form(path, m_state.scriptTools), std::string(m_surface.Text())};
 }
 
 void RecoveryJournal::forget()

@@ -8,15 +8,20 @@
 #include "editor/surface.h"
 #include "storage/record_store.h"
 
+#include <chrono>
+
 namespace kevra {
 
 class RecoveryJournal : public TextKeeper {
 public:
-    RecoveryJournal(EditorSurface &document, DocumentState &state, ApplicationState &application,
+    /// With the time that writing takes, three seconds of typing are lost at most.
+    static constexpr std::chrono::seconds recordDelay{2};
+
+    RecoveryJournal(EditorSurface &surface, DocumentState &state, const ApplicationState &application,
         DocumentFile &file, RecordStore &store, BackupStore &backups);
 
     void textChanged();
-    /// Call at most a few seconds after textChanged(), and before much of the text is deleted.
+    /// Call recordDelay after textChanged(), and before much of the text is deleted.
     void writeDown();
     /// Called from the crash handler.
     void writeDownAtCrash();
@@ -34,9 +39,9 @@ private:
     [[nodiscard]] TextSnapshot snapshot() const;
     void forget();
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
-    ApplicationState &m_application;
+    const ApplicationState &m_application;
     DocumentFile &m_file;
     RecordStore &m_store;
     BackupStore &m_backups;

@@ -31,6 +31,7 @@ RecoveryOffer::RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenC
     , m_view(view)
     , m_list(list)
 {
+    m_opening.beforeOpening([this] { abandonReview(); });
 }
 
 void RecoveryOffer::offer()
@@ -121,17 +122,17 @@ bool RecoveryOffer::saveWithoutReview(const std::string &text, const RecoveryRec
         return false;
     m_recoverable.removeSaved(text);
     // The text may have been saved over the open file.
-    if (m_ports.file.diskState() == DiskState::Changed)
-        m_opening.loadAccepted(m_ports.state.currentPath);
+    if (m_ports.document.file.diskState() == DiskState::Changed)
+        m_opening.loadAccepted(m_ports.document.state.currentPath);
     return true;
 }
 
 bool RecoveryOffer::review(const std::string &text, const RecoveryRecord &record)
 {
-    auto &state = m_ports.state;
-    if (!mayLeaveText(m_ports.keeper, m_ports.messages, [this] { return m_saving.saveAs(); }))
+    auto &state = m_ports.document.state;
+    if (!mayLeaveText(m_ports.document.keeper, m_ports.messages, [this] { return m_saving.saveAs(); }))
         return false;
-    m_pathBefore = m_ports.document.Length() > 0 ? state.currentPath : std::string();
+    m_pathBefore = m_ports.document.surface.Length() > 0 ? state.currentPath : std::string();
     m_reviewed = text;
     m_proposed = record.path;
     m_journal.setPaused(true);
@@ -194,14 +195,14 @@ void RecoveryOffer::endReview()
 {
     m_reviewed.reset();
     m_journal.setPaused(false);
-    m_ports.state.unsaved = false;
+    m_ports.document.state.unsaved = false;
     m_ports.main.setInformation("");
     m_view.endReview();
 }
 
 void RecoveryOffer::restoreDocument()
 {
-    m_ports.state.currentPath = m_pathBefore;
+    m_ports.document.state.currentPath = m_pathBefore;
     if (m_pathBefore.empty() || !m_opening.loadAccepted(m_pathBefore))
         m_opening.newFile();
 }

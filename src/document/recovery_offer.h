@@ -26,6 +26,7 @@ public:
 
 class RecoveryOffer {
 public:
+    /// A review is abandoned when the user opens or starts another document with `opening`.
     RecoveryOffer(FileCommandPorts ports, SaveCommands &saving, OpenCommands &opening,
         RecoveryJournal &journal, RecoverableTexts &recoverable, ReviewView &view, RecoveryList &list);
 
@@ -39,8 +40,6 @@ public:
     void discardReviewed();
     /// Keeps the text for the next start.
     void leaveReviewed();
-    /// Call before another document is shown.
-    void abandonReview();
 
 private:
     struct OfferedText {
@@ -57,6 +56,7 @@ private:
     void offerText(const std::string &text, const RecoveryRecord &record);
     [[nodiscard]] bool saveWithoutReview(const std::string &text, const RecoveryRecord &record);
     [[nodiscard]] bool review(const std::string &text, const RecoveryRecord &record);
+    void abandonReview();
     void endReview();
     void restoreDocument();
 

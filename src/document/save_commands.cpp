@@ -19,7 +19,7 @@ SaveCommands::SaveCommands(FileCommandPorts ports)
 
 bool SaveCommands::nothingToSave()
 {
-    if (m_ports.document.Length() > 0)
+    if (m_ports.document.surface.Length() > 0)
         return false;
     m_ports.messages.stop("Save what!");
     return true;
@@ -30,8 +30,8 @@ void SaveCommands::save()
     if (nothingToSave())
         return;
     // Opening may leave a refused path here, whose file this document must not replace.
-    if (m_ports.file.owns(m_ports.state.currentPath))
-        std::ignore = write(m_ports.state.currentPath, Existing::KeepReadOnly);
+    if (m_ports.document.file.owns(m_ports.document.state.currentPath))
+        std::ignore = write(m_ports.document.state.currentPath, Existing::KeepReadOnly);
     else
         saveAs();
 }
@@ -44,7 +44,7 @@ void SaveCommands::saveAsMenu()
 
 bool SaveCommands::saveAs()
 {
-    return saveAs("Save As", m_ports.state.currentPath);
+    return saveAs("Save As", m_ports.document.state.currentPath);
 }
 
 bool SaveCommands::saveAs(const std::string &title, const std::string &proposed)
@@ -52,10 +52,10 @@ bool SaveCommands::saveAs(const std::string &title, const std::string &proposed)
     const auto path = chooseTarget(title, proposed);
     if (!path || !write(*path, Existing::Replace))
         return false;
-    m_ports.state.currentPath = *path;
+    m_ports.document.state.currentPath = *path;
     m_ports.main.setTitlePath(*path);
     removeStaleFiles();
-    m_ports.state.autosaveWritten = false;
+    m_ports.document.state.autosaveWritten = false;
     return true;
 }
 
@@ -100,14 +100,14 @@ void SaveCommands::reportTornWrite(const std::string &path)
 
 bool SaveCommands::write(const std::string &path, Existing existing)
 {
-    const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
-    const auto saved = m_ports.file.save(m_ports.document.Text(), path, existing);
+    const FlagGuard busy(m_ports.document.state.busyLoadingOrSaving);
+    const auto saved = m_ports.document.file.save(m_ports.document.surface.Text(), path, existing);
     if (saved == Saved::Torn)
         reportTornWrite(path);
     if (!succeeded(saved, path))
         return false;
-    m_ports.state.unsaved = false;
-    m_ports.keeper.textSaved();
+    m_ports.document.state.unsaved = false;
+    m_ports.document.keeper.textSaved();
     m_ports.main.refreshDocumentStatus();
     return true;
 }
@@ -133,8 +133,8 @@ void SaveCommands::removeForeignPage(const std::string &path)
 {
     const auto stamp = m_ports.files.stamp(path);
     // The document itself may have this name, even if its path is spelt differently.
-    const auto saved = m_ports.files.stamp(m_ports.state.currentPath);
-    if (!stamp || m_ports.file.owns(path) || (saved && saved->identity == stamp->identity))
+    const auto saved = m_ports.files.stamp(m_ports.document.state.currentPath);
+    if (!stamp || m_ports.document.file.owns(path) || (saved && saved->identity == stamp->identity))
         return;
     const auto content = m_ports.files.read(path);
     if (!content || m_ports.backups.keep(path, *content, KeptReason::Deleted))

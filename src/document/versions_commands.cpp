@@ -37,7 +37,7 @@ std::vector<VersionRow> VersionsCommands::rows(Scope scope) const
 {
     std::vector<VersionRow> rows;
     for (auto &version : m_store.versions())
-        if (scope == Scope::Everything || version.path == m_ports.file.path())
+        if (scope == Scope::Everything || version.path == m_ports.document.file.path())
             rows.push_back({std::move(version.name), version.time, version.size, reasonText(version.reason),
                 std::move(version.path)});
     return rows;
@@ -55,7 +55,7 @@ std::optional<TextsToCompare> VersionsCommands::comparison(const VersionRow &row
     if (!text)
         return std::nullopt;
     return TextsToCompare{
-        "Kept version", std::move(*text), "In the window", std::string(m_ports.document.Text())};
+        "Kept version", std::move(*text), "In the window", std::string(m_ports.document.surface.Text())};
 }
 
 bool VersionsCommands::restore(const VersionRow &row)
@@ -63,11 +63,11 @@ bool VersionsCommands::restore(const VersionRow &row)
     const auto text = textOf(row);
     if (!text)
         return false;
-    m_ports.document.Replace({0, m_ports.document.Length()}, *text);
-    m_ports.document.SetSelStart(0);
-    if (m_ports.state.takesColour())
+    m_ports.document.surface.Replace({0, m_ports.document.surface.Length()}, *text);
+    m_ports.document.surface.SetSelStart(0);
+    if (m_ports.document.state.takesColour())
         m_colouring.colourForTools();
-    m_ports.state.unsaved = true;
+    m_ports.document.state.unsaved = true;
     m_ports.main.tell("Restored; Undo takes it back.");
     return true;
 }

@@ -1,14 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is known of one document beside its text, handed to every command that needs it.
+// What is known of one document apart from its text.
 #pragma once
 
-#include "text/types.h"
+#include "editor/editor_options.h"
+#include "editor/surface.h"
 
 #include <string>
 
 namespace kevra {
 
 struct DocumentState {
+    explicit DocumentState(EditorOptions &ofProgram)
+        : options(ofProgram)
+    {
+    }
+
+    EditorOptions &options; ///< the same for all documents
+
     std::string currentPath; ///< full path as bytes; empty for new work
     std::string currentExtension; ///< upper case, without the dot
     bool unsaved = false;
@@ -16,22 +24,17 @@ struct DocumentState {
     bool autosaveWritten = false; ///< by this run of the program, and not saved since
     /// The program itself is changing text or colours, so change handlers stay quiet.
     bool programmaticChange = false;
-
-    bool colourCoding = true; ///< the user's switch
     bool colourApplies = true; ///< the file's type takes colours
-    Colour codeColour = colours::defaultCode;
+    bool scriptTools = false; ///< which tools are shown with it
+    bool lineDebugOn = true;
 
-    bool scriptTools = false;
-    bool lineDebugPreferred = true; ///< the stored setting
-    bool lineDebugOn = true; ///< now, for this document
-    bool ifChecking = true;
-    bool snippetComments = true;
-    bool fsoMenu = true;
+    [[nodiscard]] bool takesColour() const { return options.colourCoding && colourApplies; }
+};
 
-    std::string fontFace; ///< as stored; may name a face that the box does not list
-    std::string fontSize;
-
-    [[nodiscard]] bool takesColour() const { return colourCoding && colourApplies; }
+/// A document to the commands on its text. Copies refer to the same document.
+struct EditedDocument {
+    EditorSurface &surface;
+    DocumentState &state;
 };
 
 } // namespace kevra

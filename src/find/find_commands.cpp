@@ -9,17 +9,17 @@ namespace {
 
 class Hourglass {
 public:
-    explicit Hourglass(EditorSurface &document)
-        : m_document(document)
+    explicit Hourglass(EditorSurface &surface)
+        : m_surface(surface)
     {
-        m_document.SetMousePointer(MousePointer::Hourglass);
+        m_surface.SetMousePointer(MousePointer::Hourglass);
     }
-    ~Hourglass() { m_document.SetMousePointer(MousePointer::Default); }
+    ~Hourglass() { m_surface.SetMousePointer(MousePointer::Default); }
     Hourglass(const Hourglass &) = delete;
     Hourglass &operator=(const Hourglass &) = delete;
 
 private:
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
 };
 
 } // namespace
@@ -34,7 +34,7 @@ std::optional<FindRequest> FindCommands::usableRequest()
 
 void FindCommands::show(const FindRequest &request, TextRange hit)
 {
-    m_document.Select(hit);
+    m_surface.Select(hit);
     m_view.hitSelected();
     m_lastHit = hit.start;
     m_reachedEnd = false;
@@ -48,7 +48,7 @@ void FindCommands::findFirst()
     if (!request)
         return;
     m_view.showWrapped({});
-    const auto hit = HitFinder(*request).first(m_document.Text(), 0);
+    const auto hit = HitFinder(*request).first(m_surface.Text(), 0);
     if (!hit)
         return m_messages.inform("No occurences.");
     show(*request, *hit);
@@ -60,7 +60,7 @@ void FindCommands::findNext()
     if (!request)
         return;
     const bool wrapped = m_reachedEnd && m_nextStart == 0;
-    if (const auto hit = HitFinder(*request).first(m_document.Text(), m_nextStart)) {
+    if (const auto hit = HitFinder(*request).first(m_surface.Text(), m_nextStart)) {
         show(*request, *hit);
         return m_view.showWrapped(wrapped ? "The search continued from the top." : "");
     }
@@ -78,7 +78,7 @@ void FindCommands::findPrevious()
     if (!request)
         return;
     const bool wrapped = m_reachedEnd && !m_lastHit;
-    const auto text = m_document.Text();
+    const auto text = m_surface.Text();
     if (const auto hit = HitFinder(*request).last(text, m_lastHit.value_or(std::ssize(text)))) {
         show(*request, *hit);
         return m_view.showWrapped(wrapped ? "The search continued from the end." : "");
@@ -97,14 +97,14 @@ bool FindCommands::replaceSelection(const FindRequest &request)
         return false;
     if (request.replacement.empty() && !m_messages.yes("No text entered. Delete \"" + request.text + "\"?"))
         return false;
-    const auto selection = m_document.Selection();
-    replace(selection, finder.replacementOf(m_document.Text(), selection));
+    const auto selection = m_surface.Selection();
+    replace(selection, finder.replacementOf(m_surface.Text(), selection));
     return true;
 }
 
 void FindCommands::replaceOne()
 {
-    if (m_document.Selection().empty())
+    if (m_surface.Selection().empty())
         return m_messages.stop("There's nothing found yet to replace.");
     replaceSelection(m_view.entered());
 }
@@ -114,10 +114,10 @@ void FindCommands::replaceAndFind()
     const auto request = usableRequest();
     if (!request)
         return;
-    if (!m_document.Selection().empty()) {
+    if (!m_surface.Selection().empty()) {
         if (!replaceSelection(*request))
             return;
-        m_nextStart = m_document.Selection().end;
+        m_nextStart = m_surface.Selection().end;
     }
     findNext();
 }
@@ -129,10 +129,10 @@ void FindCommands::replaceAll()
     if (!canReplaceAll(request, m_messages) || !isUsable(finder, m_messages)
         || !wantsReplaceAll(request, m_messages))
         return;
-    const Hourglass hourglass(m_document);
+    const Hourglass hourglass(m_surface);
     m_nextStart = 0;
     m_lastHit.reset();
-    const auto result = finder.replacedAll(m_document.Text());
+    const auto result = finder.replacedAll(m_surface.Text());
     const auto *replaced = std::get_if<Replacement>(&result);
     if (!replaced)
         return reportEndless(m_messages);
@@ -143,12 +143,12 @@ void FindCommands::replaceAll()
 
 void FindCommands::replace(TextRange range, std::string_view text)
 {
-    m_document.Replace(range, text);
-    if (m_document.Length() > 0)
+    m_surface.Replace(range, text);
+    if (m_surface.Length() > 0)
         m_state.unsaved = true; // an empty text cannot be lost
-    const auto caret = m_document.Selection();
-    recolourInserted(m_document, {range.start, range.start + std::ssize(text)}, m_state);
-    m_document.Select(caret);
+    const auto caret = m_surface.Selection();
+    recolourInserted({m_surface, m_state}, {range.start, range.start + std::ssize(text)});
+    m_surface.Select(caret);
 }
 
 void FindCommands::countOccurrences()
@@ -156,8 +156,8 @@ void FindCommands::countOccurrences()
     const auto request = usableRequest();
     if (!request)
         return;
-    const Hourglass hourglass(m_document);
-    const auto text = m_document.Text();
+    const Hourglass hourglass(m_surface);
+    const auto text = m_surface.Text();
     m_view.showCount(request->pattern == Pattern::Text
             ? kevra::countOccurrences(text, request->text, request->letters)
             : std::ssize(HitFinder(*request).all(text)));

@@ -26,9 +26,9 @@ public:
 
 class FindCommands {
 public:
-    FindCommands(EditorSurface &document, DocumentState &state, Messages &messages, FindView &view)
-        : m_document(document)
-        , m_state(state)
+    FindCommands(EditedDocument document, Messages &messages, FindView &view)
+        : m_surface(document.surface)
+        , m_state(document.state)
         , m_messages(messages)
         , m_view(view)
     {
@@ -52,7 +52,7 @@ private:
     void show(const FindRequest &request, TextRange hit);
     void replace(TextRange range, std::string_view text);
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
     Messages &m_messages;
     FindView &m_view;

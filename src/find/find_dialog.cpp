@@ -38,9 +38,9 @@ constexpr FindButton buttons[] = {
 
 } // namespace
 
-FindDialog::FindDialog(EditorSurface &document, DocumentState &state, Messages &messages, QWidget *parent)
+FindDialog::FindDialog(EditedDocument document, Messages &messages, QWidget *parent)
     : QDialog(parent)
-    , m_commands(document, state, messages, *this)
+    , m_commands(document, messages, *this)
     , m_text(named<QLineEdit>("tfind", this, "String to find"))
     , m_replacement(named<QLineEdit>("trep", this, "Replacement"))
     , m_count(named<QLineEdit>("tnum", this, "Number of occurrences"))

@@ -20,7 +20,7 @@ class FindDialog : public QDialog, private FindView {
     Q_OBJECT
 
 public:
-    FindDialog(EditorSurface &document, DocumentState &state, Messages &messages, QWidget *parent = nullptr);
+    FindDialog(EditedDocument document, Messages &messages, QWidget *parent = nullptr);
 
     [[nodiscard]] FindCommands &commands() { return m_commands; }
     /// Called after each hit is selected, before its place on the screen is requested.

@@ -20,11 +20,9 @@ Offset startOfLine(std::string_view text, Offset line)
 
 } // namespace
 
-OpenDocumentFile::OpenDocumentFile(EditorSurface &document, DocumentState &state, DocumentFile &file,
-    FileStore &files, MainView &main, std::function<void()> setSavePoint)
+OpenDocumentFile::OpenDocumentFile(
+    DocumentParts document, FileStore &files, MainView &main, std::function<void()> setSavePoint)
     : m_document(document)
-    , m_state(state)
-    , m_file(file)
     , m_files(files)
     , m_main(main)
     , m_setSavePoint(std::move(setSavePoint))
@@ -33,8 +31,8 @@ OpenDocumentFile::OpenDocumentFile(EditorSurface &document, DocumentState &state
 
 bool OpenDocumentFile::isDocument(const std::string &path) const
 {
-    const auto &current = m_state.currentPath;
-    if (current.empty() || !m_file.owns(current))
+    const auto &current = m_document.state.currentPath;
+    if (current.empty() || !m_document.file.owns(current))
         return false;
     const auto mine = m_files.stamp(current);
     return path == current || (mine && mine == m_files.stamp(path));
@@ -42,32 +40,32 @@ bool OpenDocumentFile::isDocument(const std::string &path) const
 
 bool OpenDocumentFile::hasUnsavedChangesOf(const std::string &path) const
 {
-    return isDocument(path) && !m_file.holds(m_document.Text());
+    return isDocument(path) && !m_document.file.holds(m_document.surface.Text());
 }
 
 void OpenDocumentFile::fileWritten(const std::string &path)
 {
     if (!isDocument(path))
         return;
-    auto opened = m_file.read(m_state.currentPath);
+    auto opened = m_document.file.read(m_document.state.currentPath);
     if (!opened)
         return;
-    const FlagGuard busy(m_state.busyLoadingOrSaving);
+    const FlagGuard busy(m_document.state.busyLoadingOrSaving);
     show(opened->decoded.text);
     m_setSavePoint();
-    m_file.take(std::move(*opened));
-    m_state.unsaved = false;
+    m_document.file.take(std::move(*opened));
+    m_document.state.unsaved = false;
     m_main.refreshDocumentStatus();
 }
 
 void OpenDocumentFile::show(std::string_view text)
 {
-    const auto view = m_document.FirstVisibleLine();
-    const auto line = m_document.GetLineFromChar(m_document.Selection().end);
-    m_document.Replace({0, m_document.Length()}, text);
-    recolourInserted(m_document, {0, m_document.Length()}, m_state);
-    m_document.SetSelStart(startOfLine(text, line));
-    m_document.SetFirstVisibleLine(view);
+    const auto view = m_document.surface.FirstVisibleLine();
+    const auto line = m_document.surface.GetLineFromChar(m_document.surface.Selection().end);
+    m_document.surface.Replace({0, m_document.surface.Length()}, text);
+    recolourInserted(m_document, {0, m_document.surface.Length()});
+    m_document.surface.SetSelStart(startOfLine(text, line));
+    m_document.surface.SetFirstVisibleLine(view);
 }
 
 } // namespace kevra

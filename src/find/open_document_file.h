@@ -3,9 +3,7 @@
 #pragma once
 
 #include "desktop/main_view.h"
-#include "document/document_file.h"
-#include "editor/document_state.h"
-#include "editor/surface.h"
+#include "document/document_parts.h"
 #include "find/multi_replace.h"
 
 #include <functional>
@@ -15,8 +13,8 @@ namespace kevra {
 class OpenDocumentFile : public OpenDocument {
 public:
     /// `setSavePoint` marks the current text as saved.
-    OpenDocumentFile(EditorSurface &document, DocumentState &state, DocumentFile &file, FileStore &files,
-        MainView &main, std::function<void()> setSavePoint);
+    OpenDocumentFile(
+        DocumentParts document, FileStore &files, MainView &main, std::function<void()> setSavePoint);
 
     [[nodiscard]] bool isDocument(const std::string &path) const override;
     [[nodiscard]] bool hasUnsavedChangesOf(const std::string &path) const override;
@@ -26,9 +24,7 @@ public:
 private:
     void show(std::string_view text);
 
-    EditorSurface &m_document;
-    DocumentState &m_state;
-    DocumentFile &m_file;
+    DocumentParts m_document;
     FileStore &m_files;
     MainView &m_main;
     std::function<void()> m_setSavePoint;

@@ -34,7 +34,7 @@ void AnalysisThread::run(const std::stop_token &stop)
             auto findings = m_analysis.run(request.text, request.place);
             m_done(std::move(request), std::move(findings));
         } catch (const std::bad_alloc &) {
-            // No findings this time; the next pause asks again.
+            // No findings this time; the next pause tries again.
             continue;
         }
     }

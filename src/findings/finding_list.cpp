@@ -41,7 +41,7 @@ void FindingList::textChanged(Offset position, Offset removed, Offset added)
     if (!m_changes.empty()) {
         auto &last = m_changes.back();
         const auto end = last.position + last.added;
-        // Typing on, and Backspace over what was typed.
+        // Continued typing, and Backspace over typed text.
         if (position >= last.position && position + removed == end) {
             last.added += added - removed;
             return;
@@ -54,7 +54,7 @@ void FindingList::applyChanges() const
 {
     for (const auto &change : m_changes) {
         const auto end = change.position + change.removed;
-        // What begins where text comes in moves on with its text; an end stays with the text before it.
+        // A start at the insertion moves with its text; an end stays with the text before it.
         const auto moved = [&](Offset position, bool isStart) {
             if (position > end || (position == end && (isStart || change.removed > 0)))
                 return position + change.added - change.removed;
@@ -78,6 +78,14 @@ const script::Finding &FindingList::at(std::size_t index) const
 {
     applyChanges();
     return m_findings[m_shown[index]];
+}
+
+std::vector<Offset> FindingList::firstPlaces(std::size_t count) const
+{
+    std::vector<Offset> places;
+    for (std::size_t i = 0; i < std::min(count, size()); ++i)
+        places.push_back(start(i));
+    return places;
 }
 
 std::vector<std::size_t> FindingList::touching(TextRange range) const

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The findings of the document in the window, kept where they belong while the text is edited: which of them
-// are shown, which comes next, and how they read.
+// The findings of a document: their positions while the text is edited, which are shown, which is next, and
+// their wording.
 #pragma once
 
 #include "script/finding.h"
@@ -13,29 +13,31 @@ namespace kevra {
 
 class FindingList {
 public:
-    /// As the analysis gives them, ascending by place. What it does not return is gone.
+    /// The result of an analysis, ascending by start. Replaces all findings.
     void replace(std::vector<script::Finding> findings);
-    /// Nothing is known about the text any more.
+    /// Drops all findings until the next analysis.
     void forget();
-    /// Whether the text has been analysed since it was last forgotten.
+    /// Whether there has been an analysis since forget().
     [[nodiscard]] bool known() const { return m_known; }
 
-    /// `position` and `removed` count in the text before. The cost does not depend on the number of findings:
-    /// they are moved when somebody next looks at one.
+    /// `position` and `removed` refer to the old text. The cost does not depend on the number of findings:
+    /// they are moved at the next access.
     void textChanged(Offset position, Offset removed, Offset added);
 
     /// Findings below this level are not shown, counted or visited.
     void setLevel(script::Level least);
     [[nodiscard]] script::Level level() const { return m_level; }
 
-    /// Those shown, ascending by place; an index holds until the next change.
+    /// The findings shown, ascending by start. An index is valid until the next change.
     [[nodiscard]] std::size_t size() const { return m_shown.size(); }
     [[nodiscard]] const script::Finding &at(std::size_t index) const;
-    /// Those that begin in the range or reach into it.
+    /// Where the first of them begin, `count` at most.
+    [[nodiscard]] std::vector<Offset> firstPlaces(std::size_t count) const;
+    /// The findings that overlap or touch the range.
     [[nodiscard]] std::vector<std::size_t> touching(TextRange range) const;
 
-    /// The finding to go to from the caret, round the end of the text. `current` is the one visited last: of
-    /// several that begin at the caret the next one follows.
+    /// The finding after or before the caret, wrapping around. `current` is the one visited last: it
+    /// distinguishes several that begin at the caret.
     [[nodiscard]] std::optional<std::size_t> next(Offset caret, std::optional<std::size_t> current) const;
     [[nodiscard]] std::optional<std::size_t> previous(Offset caret, std::optional<std::size_t> current) const;
 
@@ -54,7 +56,7 @@ private:
     [[nodiscard]] Offset start(std::size_t index) const { return at(index).range.start; }
 
     mutable std::vector<script::Finding> m_findings;
-    mutable std::vector<Change> m_changes; ///< that the findings have not followed yet
+    mutable std::vector<Change> m_changes; ///< not applied to m_findings yet
     std::vector<std::size_t> m_shown; ///< indices of m_findings
     script::Level m_level = script::Level::Hint;
     bool m_known = false;

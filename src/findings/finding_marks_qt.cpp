@@ -15,11 +15,11 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-constexpr std::size_t maxMarks = 500; ///< of a line that has no end, more than can be told apart
+constexpr std::size_t maxMarks = 500; ///< per view, for overlong lines; more cannot be distinguished
 
 struct LevelMark {
     script::Level level;
-    unsigned long indicator; ///< of those a program may use, none that others do
+    unsigned long indicator; ///< one of Scintilla's container indicators, not used elsewhere
     Colour colour;
 };
 
@@ -67,7 +67,7 @@ bool FindingMarks::eventFilter(QObject *watched, QEvent *event)
     return MarksInView::eventFilter(watched, event);
 }
 
-/// Of a finding over several lines the first one, and one character where a finding is between two.
+/// The first line of a finding over several lines; one character for an empty finding.
 TextRange FindingMarks::markedPart(TextRange range) const
 {
     const auto line = document().lineRange(document().GetLineFromChar(range.start));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A wavy line under every finding in view, and what it says while the pointer rests there.
+// A wavy line under every finding in view, and its message as a tool tip.
 #pragma once
 
 #include "editor/marks_in_view_qt.h"
@@ -9,7 +9,7 @@ class QHelpEvent;
 
 namespace kevra {
 
-/// The colour a level has wherever it is shown.
+/// The colour that a level has everywhere.
 [[nodiscard]] Colour colourOf(script::Level level);
 
 class FindingMarks : public MarksInView {

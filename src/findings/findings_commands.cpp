@@ -8,7 +8,7 @@
 namespace kevra {
 namespace {
 
-/// Where a position is after the edits; inside one of them, at its end.
+/// A position after the edits; inside one of them it moves to its end.
 Offset movedBy(std::span<const script::TextEdit> edits, Offset position)
 {
     Offset shift = 0;
@@ -37,8 +37,8 @@ page::DocumentPlace placeOf(const DocumentState &document)
 }
 
 FindingsCommands::FindingsCommands(
-    EditorSurface &document, FindingsView &view, std::function<page::DocumentPlace()> place)
-    : m_document(document)
+    EditorSurface &surface, FindingsView &view, std::function<page::DocumentPlace()> place)
+    : m_surface(surface)
     , m_view(view)
     , m_place(std::move(place))
 {
@@ -47,8 +47,8 @@ FindingsCommands::FindingsCommands(
 void FindingsCommands::textChanged(Offset position, Offset removed, Offset added)
 {
     ++m_revision;
-    // Another document: what was found in the one before says nothing about it.
-    if (removed > 0 && m_document.Length() == added)
+    // The whole text was replaced: another document.
+    if (removed > 0 && m_surface.Length() == added)
         return forget();
     m_list.textChanged(position, removed, added);
 }
@@ -66,7 +66,13 @@ void FindingsCommands::accept(std::vector<script::Finding> findings, Revision re
 void FindingsCommands::analyseNow()
 {
     if (m_analysed != m_revision)
-        accept(m_analysis.run(m_document.Text(), m_place()), m_revision);
+        accept(m_analysis.run(m_surface.Text(), m_place()), m_revision);
+}
+
+void FindingsCommands::listOpened()
+{
+    if (!m_list.known())
+        analyseNow();
 }
 
 void FindingsCommands::forget()
@@ -90,14 +96,14 @@ void FindingsCommands::goToNext()
 {
     if (!m_list.known())
         analyseNow();
-    visit(m_list.next(m_document.SelStart(), m_current));
+    visit(m_list.next(m_surface.SelStart(), m_current));
 }
 
 void FindingsCommands::goToPrevious()
 {
     if (!m_list.known())
         analyseNow();
-    visit(m_list.previous(m_document.SelStart(), m_current));
+    visit(m_list.previous(m_surface.SelStart(), m_current));
 }
 
 void FindingsCommands::visit(std::optional<std::size_t> index)
@@ -117,7 +123,7 @@ void FindingsCommands::goTo(std::size_t index)
 
 void FindingsCommands::goToPlace(Offset position)
 {
-    m_document.SetSelStart(position);
+    m_surface.SetSelStart(position);
 }
 
 std::vector<OfferedFix> FindingsCommands::fixesIn(TextRange range) const
@@ -132,11 +138,11 @@ std::vector<OfferedFix> FindingsCommands::fixesIn(TextRange range) const
 std::vector<OfferedFix> FindingsCommands::fixesAtCaret()
 {
     analyseNow();
-    const auto selection = m_document.Selection();
+    const auto selection = m_surface.Selection();
     auto offered = fixesIn(selection);
     if (!offered.empty())
         return offered;
-    const auto text = m_document.Text();
+    const auto text = m_surface.Text();
     const auto before = text.substr(0, static_cast<std::size_t>(selection.start)).rfind('\n');
     const auto lineEnd = text.find('\r', static_cast<std::size_t>(selection.start));
     return fixesIn({before == text.npos ? 0 : static_cast<Offset>(before) + 1,
@@ -155,13 +161,13 @@ void FindingsCommands::applyFix(OfferedFix offered)
             return m_view.tell("The text has changed; this fix does not apply any more.");
         finding = m_list.at(index);
     }
-    m_view.applyEdit(editOf(finding.fixes[offered.fix], m_document.Text(), m_document.Selection()));
+    m_view.applyEdit(editOf(finding.fixes[offered.fix], m_surface.Text(), m_surface.Selection()));
     analyseNow();
 }
 
 Offset FindingsCommands::lineOf(std::size_t index) const
 {
-    return m_document.GetLineFromChar(m_list.at(index).range.start) + 1;
+    return m_surface.GetLineFromChar(m_list.at(index).range.start) + 1;
 }
 
 std::string FindingsCommands::lineText(std::size_t index) const

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the user does with findings: has the text analysed, goes from one to the next, takes a fix.
+// The user's commands on findings: analyse the text, go to the next, apply a fix.
 #pragma once
 
 #include "editor/document_state.h"
@@ -13,25 +13,25 @@
 
 namespace kevra {
 
-/// What the findings ask of the windows.
+/// The windows that show findings.
 class FindingsView {
 public:
     virtual ~FindingsView() = default;
 
-    /// The findings are others, or others are shown.
+    /// The findings, or the level shown, have changed.
     virtual void showFindings() = 0;
-    /// The finding the user is at.
+    /// The user went to this finding.
     virtual void showCurrent(std::size_t index) = 0;
     /// In the status row.
     virtual void tell(std::string_view text) = 0;
-    /// Carries an edit out as the user's own: one step of undo, coloured as text that was pasted is.
+    /// Applies an edit as the user's: one undo step, coloured like pasted text.
     virtual void applyEdit(const LineEdit &edit) = 0;
 };
 
-/// Where the document is, and of what kind: by its path or, where that does not say, by the tools shown.
+/// The document's path and kind: by its extension, or by the tools shown if that is unknown.
 [[nodiscard]] page::DocumentPlace placeOf(const DocumentState &document);
 
-/// A fix of a finding, by their indices.
+/// A fix of a finding, as indices.
 struct OfferedFix {
     std::size_t finding;
     std::size_t fix;
@@ -41,16 +41,18 @@ class FindingsCommands {
 public:
     using Revision = std::uint64_t;
 
-    /// `place` says what the document is at the time.
-    FindingsCommands(EditorSurface &document, FindingsView &view, std::function<page::DocumentPlace()> place);
+    /// `place` returns the document's current path and kind.
+    FindingsCommands(EditorSurface &surface, FindingsView &view, std::function<page::DocumentPlace()> place);
 
     [[nodiscard]] FindingList &list() { return m_list; }
     [[nodiscard]] Revision revision() const { return m_revision; } ///< of the document's text
 
     void textChanged(Offset position, Offset removed, Offset added);
-    /// What the analysis of a copy found; dropped when the text has changed since the copy was made.
+    /// Takes the result for a copy of the text, unless the text has changed since.
     void accept(std::vector<script::Finding> findings, Revision revision);
-    /// Waits for the result. Does nothing where the findings are those of the text as it is.
+    /// Call when the list of findings becomes visible.
+    void listOpened();
+    /// Waits for the result. Does nothing if the findings are up to date.
     void analyseNow();
     void forget();
     void setLevel(script::Level least);
@@ -60,21 +62,19 @@ public:
     void goTo(std::size_t index);
     void goToPlace(Offset position);
 
-    /// The fixes of the findings at the caret or, where there are none, on its line; of the text as it is
-    /// now.
+    /// The fixes of the findings at the caret, else on its line, for the current text.
     [[nodiscard]] std::vector<OfferedFix> fixesAtCaret();
-    /// Nothing happens but a word in the status row when the text has changed so that the fix is no longer
-    /// one.
+    /// Only shows a message if the text has changed so that the fix no longer applies.
     void applyFix(OfferedFix offered);
 
     [[nodiscard]] Offset lineOf(std::size_t index) const; ///< from 1
-    [[nodiscard]] std::string lineText(std::size_t index) const; ///< as the list is copied
+    [[nodiscard]] std::string lineText(std::size_t index) const; ///< as copied from the list
 
 private:
     void visit(std::optional<std::size_t> index);
     [[nodiscard]] std::vector<OfferedFix> fixesIn(TextRange range) const;
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     FindingsView &m_view;
     std::function<page::DocumentPlace()> m_place;
     page::DocumentAnalysis m_analysis;
@@ -84,7 +84,7 @@ private:
     std::optional<std::size_t> m_current;
 };
 
-/// One edit that does what the fix does; anchor and caret stay with their text.
+/// The fix as one edit; anchor and caret stay with their text.
 [[nodiscard]] LineEdit editOf(const script::Fix &fix, std::string_view text, TextRange selection);
 
 } // namespace kevra

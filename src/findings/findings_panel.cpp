@@ -61,7 +61,7 @@ QString detailsOf(const script::Finding &finding)
 
 } // namespace
 
-/// The rows are made as they are looked at.
+/// Rows are created when they come into view.
 class FindingRows : public QAbstractTableModel {
 public:
     FindingRows(const FindingsCommands &commands, const FindingList &list, QObject *parent)
@@ -118,7 +118,7 @@ public:
 private:
     const FindingsCommands &m_commands;
     const FindingList &m_list;
-    int m_count = 0; ///< rows the view knows of
+    int m_count = 0; ///< rows that the view has been notified of
 };
 
 FindingsPanel::FindingsPanel(QFrame &frame, FindingsCommands &commands)
@@ -164,7 +164,7 @@ void FindingsPanel::build()
     };
     addButton(
         "bcopyfindings", "Cop&y List", "Copy the findings selected, or all of them", [this] { copy(); });
-    addButton("bclosefindings", "C&lose", "Close the list (F9)", [this] { emit closeWanted(); });
+    addButton("bclosefindings", "C&lose", "Close the list (F9)", [this] { emit closeRequested(); });
 
     auto *beside = new QVBoxLayout;
     beside->addWidget(m_why, 1);
@@ -185,11 +185,11 @@ void FindingsPanel::connectControls()
         [this] { emit levelChosen(static_cast<script::Level>(m_level->currentData().toInt())); });
     connect(
         m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, &FindingsPanel::currentChanged);
-    // The same one again: the caret may be elsewhere by now.
+    // Also for the row already selected, since the caret may have moved.
     connect(m_list, &QTreeView::clicked, this, &FindingsPanel::currentChanged);
     connect(m_list, &QTreeView::activated, this, [this] {
         currentChanged();
-        emit textWanted();
+        emit textRequested();
     });
     connect(m_why, &QTextBrowser::anchorClicked, this, &FindingsPanel::goToRelated);
     connect(new QShortcut(QKeySequence::Copy, m_list, nullptr, nullptr, Qt::WidgetShortcut),
@@ -245,7 +245,7 @@ void FindingsPanel::goToRelated(const QUrl &link)
     if (!index || number >= m_commands.list().at(*index).related.size())
         return;
     m_commands.goToPlace(m_commands.list().at(*index).related[number].range.start);
-    emit textWanted();
+    emit textRequested();
 }
 
 void FindingsPanel::showDetails()
@@ -258,7 +258,7 @@ void FindingsPanel::showDetails()
 void FindingsPanel::showFixes()
 {
     while (auto *item = m_fixes->takeAt(0)) {
-        // Later: it may be the button that was pressed.
+        // Deferred, since it may be the button being pressed.
         item->widget()->hide();
         item->widget()->deleteLater();
         delete item;

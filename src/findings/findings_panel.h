@@ -19,26 +19,26 @@ namespace kevra {
 
 class FindingRows;
 
-/// What the frame under the text holds: the findings as a list, with the reason and the fixes of the one
-/// chosen beside it. The controls belong to the frame.
+/// The frame under the text: the list of findings, and the reason and fixes of the selected one. The controls
+/// are owned by the frame.
 class FindingsPanel : public QObject {
     Q_OBJECT
 
 public:
     FindingsPanel(QFrame &frame, FindingsCommands &commands);
 
-    /// The list has others.
+    /// The findings have changed.
     void refill();
-    /// Lines may have moved.
+    /// Line numbers may have changed.
     void relabel();
     void select(std::size_t index);
     void setLevel(script::Level level);
 
 signals:
     void levelChosen(kevra::script::Level level);
-    void closeWanted();
-    /// The user has chosen a finding for good and goes to the text.
-    void textWanted();
+    void closeRequested();
+    /// The user has activated a finding; the text gets the focus.
+    void textRequested();
 
 private:
     void build();
@@ -58,7 +58,7 @@ private:
     QTreeView *m_list;
     QTextBrowser *m_why;
     QVBoxLayout *m_fixes;
-    bool m_filling = false; ///< the selection moves, and not by the user
+    bool m_filling = false; ///< the selection is being changed by the program
 };
 
 } // namespace kevra

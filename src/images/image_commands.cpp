@@ -52,14 +52,14 @@ void ImageCommands::CloseImageViewer()
     m_ports.viewer.hideViewer();
     m_ports.viewer.showPanel(false);
     m_ports.main.setInformation("");
-    m_ports.document.SetFocus();
+    m_ports.document.surface.SetFocus();
 }
 
 void ImageCommands::copyText(const std::string &text)
 {
     m_ports.clipboard.clear();
     m_ports.clipboard.setText(text);
-    m_ports.document.SetFocus(); // where it is pasted next
+    m_ports.document.surface.SetFocus(); // where it is pasted next
 }
 
 void ImageCommands::CopyViewedImageTag()
@@ -74,7 +74,8 @@ void ImageCommands::CopySampledColour()
 
 std::optional<std::string> ImageCommands::choose(const FileFilter &filter)
 {
-    return m_ports.dialogs.openFile({"", {filter}, std::string(parentFolder(m_ports.documentPath))});
+    return m_ports.dialogs.openFile(
+        {"", {filter}, std::string(parentFolder(m_ports.document.state.currentPath))});
 }
 
 std::optional<std::string> ImageCommands::chooseWebImage()

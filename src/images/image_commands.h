@@ -7,7 +7,7 @@
 #include "desktop/file_dialogs.h"
 #include "desktop/main_view.h"
 #include "desktop/messages.h"
-#include "editor/surface.h"
+#include "editor/document_state.h"
 #include "images/viewer_rules.h"
 #include "storage/file_store.h"
 
@@ -46,8 +46,7 @@ public:
 };
 
 struct ImagePorts {
-    EditorSurface &document;
-    const std::string &documentPath; ///< empty for new work
+    EditedDocument document;
     MainView &main;
     FileStore &files;
     FileDialogs &dialogs;

@@ -37,7 +37,7 @@ PreviewCommands::PreviewCommands(PreviewPorts ports)
 
 void PreviewCommands::ViewPage()
 {
-    if (m_ports.document.Length() == 0)
+    if (m_ports.document.surface.Length() == 0)
         return m_ports.messages.stop("There isn't yet a page to view!");
     tidyToolWindows();
     WritePreviewPage();
@@ -52,9 +52,9 @@ void PreviewCommands::tidyToolWindows()
 
 std::string PreviewCommands::previewPath()
 {
-    if (m_ports.state.currentPath.empty())
+    if (m_ports.document.state.currentPath.empty())
         return m_ports.application.tempFolder + '/' + previewPageName;
-    std::string folder(parentFolder(m_ports.state.currentPath));
+    std::string folder(parentFolder(m_ports.document.state.currentPath));
     if (folder == "/")
         folder.clear();
     return std::string(withoutTrailingSeparator(folder)) + '/' + previewPageName;
@@ -62,17 +62,18 @@ std::string PreviewCommands::previewPath()
 
 void PreviewCommands::WritePreviewPage()
 {
-    if (m_ports.document.Length() == 0) {
+    if (m_ports.document.surface.Length() == 0) {
         m_ports.messages.show({"There isn't any page yet to view!", Icon::Information, Buttons::Ok, "Error"});
         return;
     }
-    const auto &current = m_ports.state.currentPath;
+    const auto &current = m_ports.document.state.currentPath;
     if (current.empty() && !m_ports.files.folderExists(m_ports.application.tempFolder))
         return m_ports.messages.stop(
             "Error loading page. The setting for the Webpage Temp Folder may be invalid.");
     const auto path = previewPath();
-    const FlagGuard busy(m_ports.state.busyLoadingOrSaving);
-    const auto page = m_ports.file.encoded(m_ports.document.Text(), current, m_ports.state.scriptTools);
+    const FlagGuard busy(m_ports.document.state.busyLoadingOrSaving);
+    const auto page = m_ports.document.file.encoded(
+        m_ports.document.surface.Text(), current, m_ports.document.state.scriptTools);
     if (!m_page.write(path, page.bytes))
         return showFailed();
     m_ports.application.previewTempPath = path;

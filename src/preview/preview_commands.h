@@ -6,9 +6,7 @@
 #include "desktop/main_view.h"
 #include "desktop/messages.h"
 #include "document/application_state.h"
-#include "document/document_file.h"
-#include "editor/document_state.h"
-#include "editor/surface.h"
+#include "document/document_parts.h"
 #include "preview/browser_control.h"
 #include "preview/preview_file.h"
 
@@ -18,11 +16,9 @@
 namespace kevra {
 
 struct PreviewPorts {
-    EditorSurface &document;
-    DocumentState &state;
+    DocumentParts document;
     ApplicationState &application;
     FileStore &files;
-    DocumentFile &file;
     BackupStore &backups;
     PageNotes &notes;
     Messages &messages;

@@ -8,7 +8,6 @@
 namespace kevra {
 
 namespace keys {
-inline constexpr SettingKey autoReload{optionsSection, "autoreload", "no"};
 inline constexpr SettingKey autosaveMinutes{optionsSection, "automins", "0"};
 inline constexpr SettingKey tempFolder{optionsSection, "tempfol", "none"};
 inline constexpr SettingKey codeColour{optionsSection, "codecolor", "no"};

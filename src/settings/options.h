@@ -4,7 +4,7 @@
 #pragma once
 
 #include "desktop/options.h"
-#include "editor/document_state.h"
+#include "editor/editor_options.h"
 #include "settings/group_control.h"
 #include "settings/keys.h"
 
@@ -43,7 +43,7 @@ struct OptionRow {
     Option option;
     SettingKey key;
     OnFor onFor;
-    bool DocumentState::*flag = nullptr; ///< null where the state is kept elsewhere
+    bool EditorOptions::*flag = nullptr; ///< null where the state is kept elsewhere
     OptionMarks marks{};
     OptionGroup group{};
 };
@@ -52,14 +52,14 @@ inline constexpr std::array<OptionRow, optionCount> optionRows{{
     {.option = Option::FsoMenu,
         .key = {optionsSection, "iffso", "none"},
         .onFor = OnFor::YesOrNone,
-        .flag = &DocumentState::fsoMenu,
+        .flag = &EditorOptions::fsoMenu,
         .marks = {.onItem = "mfsoset", .offItem = ""},
         .group = {"FileSystemObject POPUP MENU ACTIVE", {"bfsoyes", "Popup menu when fso. is typed"},
             {"bfsono", "No popup menu"}, "zpop"}},
     {.option = Option::IfChecking,
         .key = {optionsSection, "ifif", "none"},
         .onFor = OnFor::YesOrNone,
-        .flag = &DocumentState::ifChecking,
+        .flag = &EditorOptions::ifChecking,
         .group = {"INCLUDE 'IF-END IF' COUNT IN DEBUGGING (see Help)",
             {"byesdoif", "Check for missing IF or END IF in debugger"},
             {"bnodoif", "Do not check for missing IF or END IF in debugger"}, "zif"}},
@@ -72,21 +72,21 @@ inline constexpr std::array<OptionRow, optionCount> optionRows{{
     {.option = Option::LineDebug,
         .key = {optionsSection, "ifdebug", "none"},
         .onFor = OnFor::YesOrNone,
-        .flag = &DocumentState::lineDebugOn,
+        .flag = &EditorOptions::lineDebug,
         .marks = {.onItem = "mdodebug", .offItem = "mnodebug", .buttons = {{{23, 15, 19}, {24, 20, 16}}}},
         .group = {"USE PER-LINE DEBUGGING IN VBSCRIPT AS DEFAULT",
             {"byesdebug", "Line debugged when Return is hit"}, {"bnodebug", "No line debugging"}, "zldebug"}},
     {.option = Option::Comments,
         .key = {optionsSection, "ifcoms", "none"},
         .onFor = OnFor::YesOrNone,
-        .flag = &DocumentState::snippetComments,
+        .flag = &EditorOptions::snippetComments,
         .group = {"INCLUDE COMMENTS IN VBSCRIPT",
             {"byescoms", "Auto-insert buttons include comments where relevant"},
             {"bnocoms", "Do not include comments with auto-insert"}, "zcom"}},
     {.option = Option::ColourCoding,
         .key = {optionsSection, "ifcolor", "none"},
         .onFor = OnFor::AllButNo,
-        .flag = &DocumentState::colourCoding,
+        .flag = &EditorOptions::colourCoding,
         .marks = {.onItem = "mcolcode", .offItem = "mnocolor"},
         .group = {"MAKE TEXT COLOR CODING THE DEFAULT", {"byescol", "Colorcoding on at startup"},
             {"bnocol", "Colorcoding off at startup"}, "zcol"}},
@@ -102,6 +102,10 @@ inline constexpr std::array<OptionRow, optionCount> optionRows{{
         .key = {optionsSection, "pagebeside", "no"},
         .onFor = OnFor::YesAlone,
         .marks = {.onItem = "mbeside", .offItem = ""}},
+    {.option = Option::AutoReload,
+        .key = {optionsSection, "autoreload", "no"},
+        .onFor = OnFor::YesAlone,
+        .marks = {.onItem = "mreload", .offItem = ""}},
 }};
 
 [[nodiscard]] constexpr const OptionRow &rowOf(Option option)

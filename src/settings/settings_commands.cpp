@@ -26,14 +26,14 @@ void SettingsCommands::setOption(Option option, bool on)
         return;
     storeOption(m_parts.store, option, on);
     if (const auto flag = rowOf(option).flag)
-        m_parts.document.*flag = on;
+        m_parts.editing.*flag = on;
     m_parts.options.lamps[option] = on;
     m_parts.views.tools().showOption(option, on);
 
     if (option == Option::Autosave)
         runAutosave(on);
     else if (option == Option::LineDebug)
-        m_parts.document.lineDebugPreferred = on;
+        m_parts.document.state.lineDebugOn = on;
     else if (option == Option::ColourCoding)
         switchColours(on);
 }
@@ -66,12 +66,12 @@ void SettingsCommands::toggleAutosave()
 
 void SettingsCommands::toggleFsoMenu()
 {
-    setOption(Option::FsoMenu, !m_parts.document.fsoMenu);
+    setOption(Option::FsoMenu, !m_parts.editing.fsoMenu);
 }
 
 void SettingsCommands::switchColours(bool on)
 {
-    if (m_parts.text.Length() == 0)
+    if (m_parts.document.surface.Length() == 0)
         return;
     if (on)
         colourDocument();
@@ -81,7 +81,7 @@ void SettingsCommands::switchColours(bool on)
 
 void SettingsCommands::colourDocument()
 {
-    const BusySurface busy(m_parts.text);
+    const BusySurface busy(m_parts.document.surface);
     m_parts.effects.colourForTools();
 }
 
@@ -108,7 +108,7 @@ void SettingsCommands::setInterval(const std::string &minutes)
 void SettingsCommands::setFontFace(const std::string &face)
 {
     writeSetting(m_parts.store, keys::fontFace, face);
-    m_parts.document.fontFace = m_parts.options.fontFace = face;
+    m_parts.options.fontFace = face;
     m_parts.views.fonts().selectFace(chosenFace(face).position);
     m_parts.application.fontFaceChanged = true;
 }
@@ -116,7 +116,7 @@ void SettingsCommands::setFontFace(const std::string &face)
 void SettingsCommands::setFontSize(const std::string &size)
 {
     writeSetting(m_parts.store, keys::fontSize, size);
-    m_parts.document.fontSize = m_parts.options.fontSize = size;
+    m_parts.options.fontSize = size;
     m_parts.views.fonts().selectSize(chosenSize(size).position);
     m_parts.application.fontFaceChanged = true;
 }
@@ -133,16 +133,16 @@ void SettingsCommands::applyColour()
 {
     if (!m_chosenColour)
         return;
-    m_parts.document.codeColour = *m_chosenColour;
+    m_parts.editing.codeColour = *m_chosenColour;
     m_chosenColour.reset();
-    writeSetting(m_parts.store, keys::codeColour, std::to_string(m_parts.document.codeColour.value));
-    if (m_parts.document.takesColour() && m_parts.text.Length() > 0)
+    writeSetting(m_parts.store, keys::codeColour, std::to_string(m_parts.editing.codeColour.value));
+    if (m_parts.document.state.takesColour() && m_parts.document.surface.Length() > 0)
         colourDocument();
 }
 
 Colour SettingsCommands::shownColour() const
 {
-    return m_chosenColour.value_or(m_parts.document.codeColour);
+    return m_chosenColour.value_or(m_parts.editing.codeColour);
 }
 
 std::optional<std::string> SettingsCommands::browseProgram()

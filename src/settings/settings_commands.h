@@ -5,7 +5,7 @@
 
 #include "desktop/file_dialogs.h"
 #include "desktop/messages.h"
-#include "editor/surface.h"
+#include "editor/document_state.h"
 #include "settings/options.h"
 #include "settings/options_shown.h"
 #include "settings/stored_settings.h"
@@ -29,11 +29,11 @@ public:
 /// What the commands work on; all of it must outlive them.
 struct SettingsParts {
     SettingsStore &store;
-    DocumentState &document;
+    EditorOptions &editing;
     ApplicationState &application;
     OptionsShown &options;
     SettingsViews &views;
-    EditorSurface &text;
+    EditedDocument document;
     SettingsEffects &effects;
     const FileStore &files;
     Messages &messages;

@@ -37,10 +37,10 @@ Colour codeColour(std::string_view stored)
 
 } // namespace
 
-StoredSettings::StoredSettings(SettingsStore &store, DocumentState &document, ApplicationState &application,
+StoredSettings::StoredSettings(SettingsStore &store, EditorOptions &editing, ApplicationState &application,
     OptionsShown &options, SettingsViews &views)
     : m_store(store)
-    , m_document(document)
+    , m_editing(editing)
     , m_application(application)
     , m_options(options)
     , m_views(views)
@@ -61,7 +61,7 @@ bool StoredSettings::load(Option option)
 {
     const bool on = storedOption(m_store, option);
     if (const auto flag = rowOf(option).flag)
-        m_document.*flag = on;
+        m_editing.*flag = on;
     m_options.lamps[option] = on;
     m_views.tools().showOption(option, on);
     return on;
@@ -98,8 +98,8 @@ void StoredSettings::loadFonts()
 {
     const auto face = chosenFace(read(keys::fontFace));
     const auto size = chosenSize(read(keys::fontSize));
-    m_document.fontFace = m_options.fontFace = face.text;
-    m_document.fontSize = m_options.fontSize = size.text;
+    m_options.fontFace = face.text;
+    m_options.fontSize = size.text;
     m_views.fonts().selectFace(face.position);
     m_views.fonts().selectSize(size.position);
 }
@@ -125,7 +125,7 @@ void StoredSettings::loadPanelType()
 
 void StoredSettings::loadCodeColour()
 {
-    m_document.codeColour = codeColour(read(keys::codeColour));
+    m_editing.codeColour = codeColour(read(keys::codeColour));
     load(Option::ColourCoding);
 }
 
@@ -145,7 +145,7 @@ void StoredSettings::loadComments()
 
 void StoredSettings::loadLineDebug()
 {
-    m_document.lineDebugPreferred = load(Option::LineDebug);
+    load(Option::LineDebug);
 }
 
 void StoredSettings::loadIfCheck()
@@ -206,9 +206,9 @@ void StoredSettings::savePadGeometry()
     writeNumber(keys::padHeight, pad.height);
 }
 
-void StoredSettings::savePanelType()
+void StoredSettings::savePanelType(bool scriptTools)
 {
-    write(keys::panelType, m_document.scriptTools ? "2" : "1");
+    write(keys::panelType, scriptTools ? "2" : "1");
 }
 
 void StoredSettings::cleanOldSettings()

@@ -6,7 +6,7 @@
 #include "desktop/geometry.h"
 #include "desktop/main_view.h"
 #include "document/application_state.h"
-#include "editor/document_state.h"
+#include "editor/editor_options.h"
 #include "settings/keys.h"
 #include "settings/options_shown.h"
 #include "storage/settings_store.h"
@@ -58,7 +58,7 @@ public:
 
 class StoredSettings {
 public:
-    StoredSettings(SettingsStore &store, DocumentState &document, ApplicationState &application,
+    StoredSettings(SettingsStore &store, EditorOptions &editing, ApplicationState &application,
         OptionsShown &options, SettingsViews &views);
 
     [[nodiscard]] std::string read(const SettingKey &key) const;
@@ -81,7 +81,7 @@ public:
 
     void saveEditorGeometry();
     void savePadGeometry();
-    void savePanelType();
+    void savePanelType(bool scriptTools);
     void saveFirstStartDone();
     /// Removes the settings of two older versions of the program.
     void cleanOldSettings();
@@ -92,7 +92,7 @@ private:
     void writeNumber(const SettingKey &key, int value);
 
     SettingsStore &m_store;
-    DocumentState &m_document;
+    EditorOptions &m_editing;
     ApplicationState &m_application;
     OptionsShown &m_options;
     SettingsViews &m_views;

@@ -31,7 +31,7 @@ FsoPopup::FsoPopup(EditorControl &document, const DocumentState &state, QMenu &m
     connect(
         &document, &EditorControl::changed, this,
         [this](Offset, Offset, Offset added, EditKind kind) {
-            if (kind == EditKind::Typing && added == 1 && m_state.scriptTools && m_state.fsoMenu
+            if (kind == EditKind::Typing && added == 1 && m_state.scriptTools && m_state.options.fsoMenu
                 && offersFsoMethods(m_document))
                 openAtCaret();
         },

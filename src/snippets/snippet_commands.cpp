@@ -5,24 +5,24 @@
 
 namespace kevra {
 
-SnippetCommands::SnippetCommands(EditorSurface &document, DocumentState &state, MainView &view)
-    : m_document(document)
-    , m_state(state)
+SnippetCommands::SnippetCommands(EditedDocument document, MainView &view)
+    : m_surface(document.surface)
+    , m_state(document.state)
     , m_view(view)
 {
 }
 
 void SnippetCommands::insert(const Snippet &snippet)
 {
-    const auto text = textToInsert(snippet, m_state.snippetComments);
+    const auto text = textToInsert(snippet, m_state.options.snippetComments);
     switch (snippet.insertion) {
     case Insertion::Tag:
         return insertTag(text);
     case Insertion::ScriptLine:
         return insertScriptLine(text);
     case Insertion::Bare:
-        m_document.SetSelText(text);
-        return m_document.SetFocus();
+        m_surface.SetSelText(text);
+        return m_surface.SetFocus();
     case Insertion::Command:
         return;
     }
@@ -30,22 +30,22 @@ void SnippetCommands::insert(const Snippet &snippet)
 
 void SnippetCommands::insertTag(std::string_view text)
 {
-    m_document.SetTypingColor(m_state.takesColour() ? m_state.codeColour : colours::black);
-    m_document.SetSelText(text);
-    m_document.SetSelColor(colours::black);
-    m_document.SetFocus();
+    m_surface.SetTypingColor(m_state.takesColour() ? m_state.options.codeColour : colours::black);
+    m_surface.SetSelText(text);
+    m_surface.SetSelColor(colours::black);
+    m_surface.SetFocus();
     m_state.unsaved = true;
 }
 
 void SnippetCommands::insertScriptLine(std::string_view text)
 {
-    const auto start = m_document.SelStart();
-    m_document.SetTypingColor(colours::black);
-    m_document.SetSelText(text);
-    m_document.SetFocus();
+    const auto start = m_surface.SelStart();
+    m_surface.SetTypingColor(colours::black);
+    m_surface.SetSelText(text);
+    m_surface.SetFocus();
     if (m_state.takesColour())
-        colourRegion(m_document, {start, m_document.SelStart()}, m_state.codeColour);
-    m_document.SetSelColor(colours::black);
+        colourRegion(m_surface, {start, m_surface.SelStart()}, m_state.options.codeColour);
+    m_surface.SetSelColor(colours::black);
     m_state.unsaved = true;
     m_view.syncLineNumbers();
 }

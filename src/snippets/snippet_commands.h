@@ -11,7 +11,7 @@ namespace kevra {
 
 class SnippetCommands {
 public:
-    SnippetCommands(EditorSurface &document, DocumentState &state, MainView &view);
+    SnippetCommands(EditedDocument document, MainView &view);
 
     /// A snippet that is a command inserts nothing.
     void insert(const Snippet &snippet);
@@ -20,7 +20,7 @@ private:
     void insertTag(std::string_view text);
     void insertScriptLine(std::string_view text);
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     DocumentState &m_state;
     MainView &m_view;
 };

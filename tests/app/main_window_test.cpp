@@ -10,6 +10,7 @@
 #include "desktop/window_geometry_qt.h"
 #include "document/notice_bar_panel.h"
 #include "editor/editor_control_qt.h"
+#include "fakes/document_state.h"
 #include "fakes/modal.h"
 #include "widgets/named_qt.h"
 
@@ -24,7 +25,7 @@ struct Shown {
     CommandRegistry commands;
     QStringList ran;
     std::unique_ptr<MainWindow> window;
-    DocumentState state;
+    FakeDocumentState state;
     std::unique_ptr<ToolSets> tools;
 
     Shown()
@@ -36,7 +37,7 @@ struct Shown {
         window = std::make_unique<MainWindow>(
             commands, std::unique_ptr<EditorControl>(named<EditorControl>("t1", nullptr, "Document")));
         tools = std::make_unique<ToolSets>(
-            window->document(), window->lineNumbers(), state, *window, window->fonts());
+            EditedDocument{window->control(), state}, window->lineNumbers(), *window, window->fonts());
         window->resize(1000, 700);
         window->enableBoundCommands();
         window->show();
@@ -96,7 +97,7 @@ TEST(MainWindow, EveryItemRunsItsCommandOnce)
 TEST(MainWindow, EditItemsAreEnabledWhenTheyCanAct)
 {
     Shown s;
-    auto &document = s.window->document();
+    auto &document = s.window->control();
     const auto enabled = [&] {
         QStringList items;
         for (const auto item : editItems)
@@ -156,7 +157,7 @@ TEST(MainWindow, ResizingLaysOutByTheTwip)
     s.window->resize(s.window->minimumSizeHint().expandedTo({50, 50}));
     s.window->resize(1000, 700);
     const auto inner = s.find<QWidget>("inner")->size();
-    EXPECT_EQ(s.window->document().geometry(), QRect(29, 52, inner.width() * 94 / 100, inner.height() - 85));
+    EXPECT_EQ(s.window->control().geometry(), QRect(29, 52, inner.width() * 94 / 100, inner.height() - 85));
     EXPECT_EQ(s.find<QWidget>("frtbar")->geometry().right() + 1, inner.width());
     EXPECT_EQ(s.find<QWidget>("tinfo")->geometry().right() + 1, s.find<QWidget>("frtbar")->x());
 }
@@ -174,8 +175,8 @@ TEST(MainWindow, CaretPlaceCountsCharactersFromOne)
 {
     Shown s;
     s.tools->showScriptTools();
-    s.window->document().LoadText("Dim a\r\n'\xc3\xa9\xe2\x82\xac\tx");
-    s.window->document().Select({7, 14});
+    s.window->control().LoadText("Dim a\r\n'\xc3\xa9\xe2\x82\xac\tx");
+    s.window->control().Select({7, 14});
     const auto text = [&](const char *name) { return s.find<QLineEdit>(name)->text().toStdString(); };
     EXPECT_EQ(text("tline") + ":" + text("tcolumn"), "2:5");
     EXPECT_EQ(text("tcount") + ", " + text("tlcount"), "12, 2");
@@ -186,7 +187,7 @@ TEST(MainWindow, StatusRowFitsANarrowWindow)
     Shown s;
     s.tools->showScriptTools();
     auto &row = *s.find<StatusRow>("frstatus");
-    DocumentStatus status;
+    FileStatus status;
     status.saved = false;
     row.setDocumentStatus(status);
     for (const int width : {1280, 640}) {
@@ -208,7 +209,7 @@ TEST(MainWindow, LineNumbersStayLevelHoweverTheTextScrolls)
     std::string text;
     for (int line = 0; line < 300; ++line)
         text += std::string(line % 7 == 3 ? 400 : 5, 'x') + "\r\n";
-    auto &t1 = s.window->document();
+    auto &t1 = s.window->control();
     t1.LoadText(text);
     const auto lineAtTop = [](EditorControl &control) {
         return control.SendScintilla(QsciScintillaBase::SCI_DOCLINEFROMVISIBLE,
@@ -232,7 +233,7 @@ TEST(MainWindow, TheNumbersOfALongScriptAreThoseOfItsLines)
 {
     Shown s;
     s.tools->showScriptTools();
-    auto &t1 = s.window->document();
+    auto &t1 = s.window->control();
     auto &t2 = s.window->lineNumbers();
     t1.LoadText(QString("x\r\n").repeated(30'000).toStdString());
     for (const auto &[line, number] : {std::pair(0, "01"), {98, "99"}, {9'999, "00"}, {29'950, "51"}}) {
@@ -250,10 +251,10 @@ TEST(MainWindow, ADroppedFileIsHandedOver)
 {
     Shown s;
     QSignalSpy dropped(s.window.get(), &MainWindow::fileDropped);
-    drop(*s.window->document().viewport(), {"/tmp/a page.htm"});
+    drop(*s.window->control().viewport(), {"/tmp/a page.htm"});
     ASSERT_EQ(dropped.count(), 1);
     EXPECT_EQ(dropped.first().first().value<std::string>(), "/tmp/a page.htm");
-    EXPECT_EQ(s.window->document().Length(), 0) << "the path is not typed into the text";
+    EXPECT_EQ(s.window->control().Length(), 0) << "the path is not typed into the text";
 }
 
 TEST(MainWindow, TheKeyboardComesEverywhere)
@@ -267,7 +268,7 @@ TEST(MainWindow, TheKeyboardComesEverywhere)
         QTest::keyClick(from, key.key(), key.keyboardModifiers());
         return QApplication::focusWidget();
     };
-    auto *document = &s.window->document();
+    auto *document = &s.window->control();
     auto *bar = reached(button, Qt::Key_F6);
     EXPECT_TRUE(s.window->findChild<QWidget *>("tbar")->isAncestorOf(bar));
     const struct {

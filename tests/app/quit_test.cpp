@@ -3,6 +3,7 @@
 
 #include "editor/memory_surface.h"
 #include "fakes/desktop.h"
+#include "fakes/document_state.h"
 #include "fakes/messages.h"
 #include "fakes/shell.h"
 #include "settings/keys.h"
@@ -15,14 +16,14 @@ namespace {
 
 struct Running {
     MemorySurface text{"<P>"};
-    DocumentState document;
+    FakeDocumentState document;
     ApplicationState application;
     OptionsShown shown;
     FakeSettingsStore store;
     FakeMessages messages;
     FakeShell shell;
-    StoredSettings settings{store, document, application, shown, shell};
-    Quit quit{text, document, application, settings, messages, shell};
+    StoredSettings settings{store, document.options, application, shown, shell};
+    Quit quit{{text, document}, application, settings, messages, shell};
 
     [[nodiscard]] bool did(const char *call) const
     {

@@ -2,6 +2,7 @@
 #include "app/startup.h"
 
 #include "fakes/desktop.h"
+#include "fakes/document_state.h"
 #include "fakes/files.h"
 #include "fakes/messages.h"
 #include "fakes/shell.h"
@@ -16,10 +17,10 @@ namespace {
 struct Start {
     FakeShell shell;
     FakeSettingsStore store;
-    DocumentState document;
+    FakeDocumentState document;
     ApplicationState application;
     OptionsShown shown;
-    StoredSettings settings{store, document, application, shown, shell};
+    StoredSettings settings{store, document.options, application, shown, shell};
 
     void run(std::string commandLine)
     {

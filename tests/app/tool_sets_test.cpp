@@ -3,6 +3,7 @@
 
 #include "app/edit_commands.h"
 #include "editor/memory_surface.h"
+#include "fakes/document_state.h"
 #include "fakes/shell.h"
 
 #include <gtest/gtest.h>
@@ -29,10 +30,10 @@ public:
 struct Tools {
     MemorySurface document{"Dim a"};
     MemorySurface numbers;
-    DocumentState state;
+    FakeDocumentState state;
     FakeShellView view;
     FakeShell shell;
-    ToolSets tools{document, numbers, state, view, shell};
+    ToolSets tools{{document, state}, numbers, view, shell};
 };
 
 TEST(ToolSets, ShowingAgainStartsWithTheFirstPanel)
@@ -88,8 +89,8 @@ TEST(EditCommands, WordWrapTwiceIsAsBefore)
 {
     MemorySurface document("some text");
     FakeShellView view;
-    DocumentState state;
-    EditCommands edit(document, state, view);
+    FakeDocumentState state;
+    EditCommands edit({document, state}, view);
     for (const int margin : {0, noWrapMargin}) {
         edit.toggleWrap();
         EXPECT_EQ(document.RightMargin(), margin);

@@ -2,6 +2,7 @@
 #include "checker/checker.h"
 #include "checker/literal_checker.h"
 #include "checker/script_debugger.h"
+#include "fakes/document_state.h"
 #include "fakes/views.h"
 
 #include <gtest/gtest.h>
@@ -51,17 +52,17 @@ TEST(Checker, FindsWhatTheProcedureFinds)
             const auto &members = sectionMembers[number(sectionMembers.size() - 1)];
             text += "\r\n" + members[number(members.size() - 1)];
         }
-        DocumentState state;
+        FakeDocumentState state;
         state.scriptTools = true;
-        state.ifChecking = number(3) != 0;
-        state.colourCoding = number(1) != 0;
+        state.options.ifChecking = number(3) != 0;
+        state.options.colourCoding = number(1) != 0;
         MemorySurface literal(text);
-        LiteralChecker reference(literal, state.ifChecking, state.colourCoding);
+        LiteralChecker reference(literal, state.options.ifChecking, state.options.colourCoding);
         reference.tinfo = "Debugging. . .";
         reference.RunDebugger();
         MemorySurface document(text);
         FakeMainView view;
-        ScriptDebugger(document, state, view).debugDocument();
+        ScriptDebugger({document, state}, view).debugDocument();
         ASSERT_EQ(view.information, reference.tinfo) << text;
         ASSERT_EQ(colours(document), colours(literal)) << text << "\n" << view.information;
         ASSERT_EQ(document.Selection(), literal.Selection()) << text << "\n" << view.information;
@@ -97,9 +98,9 @@ TEST(Checker, JudgesAFinishedLineAsTheProcedureDoes)
         reference.CheckLine();
         MemorySurface document(text);
         document.SetSelStart(static_cast<Offset>(caret));
-        DocumentState state;
+        FakeDocumentState state;
         FakeMainView view;
-        ScriptDebugger(document, state, view).checkFinishedLine({reference.lineStart, reference.lineEnd});
+        ScriptDebugger({document, state}, view).checkFinishedLine({reference.lineStart, reference.lineEnd});
         ASSERT_EQ(view.information, reference.tinfo) << text;
         ASSERT_EQ(colours(document), colours(literal)) << text;
         ASSERT_EQ(document.Selection(), literal.Selection()) << text;

@@ -2,6 +2,7 @@
 #include "checker/literal_checker.h"
 
 #include "colour/document_colouring.h"
+#include "fakes/document_state.h"
 #include "text/words.h"
 
 #include <vector>
@@ -116,10 +117,10 @@ void LiteralChecker::CheckLine()
 
 void LiteralChecker::ColourText(bool debug)
 {
-    DocumentState state;
+    FakeDocumentState state;
     if (!debug)
-        return DocumentColouring(t1, state).ColourText();
-    DocumentColouring(t1, state).removeColours();
+        return DocumentColouring({t1, state}).ColourText();
+    DocumentColouring({t1, state}).removeColours();
     int start = 0;
     for (;;) {
         const int opening = Find(quote, start, static_cast<int>(t1.Length()));

@@ -4,6 +4,7 @@
 #include "colour/reference_colouring.h"
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
+#include "fakes/document_state.h"
 #include "fakes/views.h"
 #include "snippets/fso_popup_qt.h"
 
@@ -19,7 +20,7 @@ namespace {
 
 struct Fixture {
     Fixture()
-        : typing(document, state, view, [](TextRange) {})
+        : typing({document, state}, view, [](TextRange) {})
     {
         document.setTypingHandler(&typing);
         document.resize(600, 400);
@@ -32,7 +33,7 @@ struct Fixture {
     std::string wholePass() const { return marksOfWholePass(document.Text(), state.scriptTools); }
 
     EditorControl document;
-    DocumentState state;
+    FakeDocumentState state;
     FakeMainView view;
     TypingColouring typing;
 };
@@ -191,7 +192,7 @@ TEST(FsoPopup, OffersMethodsAndLosesNoKey)
     EXPECT_FALSE(menu.isVisible());
     EXPECT_EQ(fixture.document.Text(), "fso.z");
 
-    fixture.state.fsoMenu = false;
+    fixture.state.options.fsoMenu = false;
     type(" fso.");
     EXPECT_FALSE(menu.isVisible());
 }

@@ -2,6 +2,7 @@
 #include "colour/document_colouring.h"
 #include "colour/marks_of.h"
 #include "editor/memory_surface.h"
+#include "fakes/document_state.h"
 
 #include <gtest/gtest.h>
 
@@ -30,11 +31,11 @@ TEST(DocumentColouring, PaintsPagesAndScripts)
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
         MemorySurface document(c.text);
-        DocumentState state;
+        FakeDocumentState state;
         state.scriptTools = c.script;
         document.SetSelStart(3);
         document.SetSelColor(colours::fault);
-        DocumentColouring(document, state).colourForTools();
+        DocumentColouring({document, state}).colourForTools();
         EXPECT_EQ(marksOf(document), c.marks);
         EXPECT_EQ(document.Selection(), (TextRange{0, 0}));
         EXPECT_EQ(document.SelColor(), colours::black);
@@ -48,9 +49,9 @@ TEST(DocumentColouring, TagsLeaveOtherColoursAndClearUnsaved)
     document.Select({0, 3});
     document.SetSelColor(colours::fault);
     document.SetSelStart(7);
-    DocumentState state;
+    FakeDocumentState state;
     state.unsaved = true;
-    DocumentColouring(document, state).colourTags();
+    DocumentColouring({document, state}).colourTags();
     EXPECT_EQ(marksOf(document), "rrr-ccc");
     EXPECT_FALSE(state.unsaved);
     EXPECT_FALSE(state.programmaticChange);

@@ -2,6 +2,7 @@
 #include "colour/typing_colouring.h"
 
 #include "colour/marks_of.h"
+#include "fakes/document_state.h"
 #include "fakes/marked_text.h"
 #include "fakes/views.h"
 
@@ -13,7 +14,7 @@ namespace {
 struct Fixture {
     explicit Fixture(std::string_view text)
         : document(text)
-        , typing(document, state, view, [this](TextRange line) { checked.push_back(line); })
+        , typing({document, state}, view, [this](TextRange line) { checked.push_back(line); })
     {
     }
 
@@ -28,7 +29,7 @@ struct Fixture {
     }
 
     MemorySurface document;
-    DocumentState state;
+    FakeDocumentState state;
     FakeMainView view;
     std::vector<TextRange> checked;
     TypingColouring typing;

@@ -28,7 +28,7 @@ struct WatchedPage : DocumentFixture {
     void theyWrite(std::string_view bytes) { std::ignore = files.write("/site/page.htm", bytes); }
     void type(std::string_view text) { document.Replace({0, document.Length()}, text); }
 
-    DocumentColouring colouring{document, state};
+    DocumentColouring colouring{{document, state}};
     SaveCommands saving{ports()};
     OpenCommands opening{ports(), saving, colouring};
     FakeDiskChangeView view;
@@ -150,8 +150,8 @@ TEST(OpenCommands, TheDocumentStaysWhenAFileDoesNotFitIntoMemory)
     HugeFiles files;
     files.files["/site/huge.htm"] = "huge";
     auto ports = page.ports();
-    FileCommandPorts huge{ports.document, ports.state, ports.application, files, ports.file, ports.keeper,
-        ports.backups, ports.dialogs, ports.messages, ports.main, ports.tools};
+    FileCommandPorts huge{ports.document, ports.application, files, ports.backups, ports.dialogs,
+        ports.messages, ports.main, ports.tools};
     EXPECT_FALSE(OpenCommands(huge, page.saving, page.colouring).loadAccepted("/site/huge.htm"));
     EXPECT_EQ(page.messages.last(), "There is not enough memory to open /site/huge.htm.");
     EXPECT_EQ(page.document.Text(), "old");

@@ -30,6 +30,7 @@ struct Program {
 
     std::string folder = testing::TempDir() + "two-documents";
     ApplicationState state;
+    EditorOptions editing;
     BackupStorePosix backups{folder + "/backups"};
     FileStorePosix files{folder + "/recovery", folder};
 };
@@ -52,8 +53,8 @@ struct Opened {
     void save()
     {
         fake.dialogs.choices = {path};
-        SaveCommands({surface, document.state, program.state, program.files, document.file, document.journal,
-                         program.backups, fake.dialogs, fake.messages, fake.main, fake.tools})
+        SaveCommands({document, program.state, program.files, program.backups, fake.dialogs, fake.messages,
+                         fake.main, fake.tools})
             .save();
         records.finish();
     }
@@ -68,7 +69,7 @@ struct Opened {
     DocumentFixture fake;
     MemorySurface surface;
     RecoveryStorePosix records{{program.folder, {}}, program.backups};
-    Document document{surface, program.state, program.files, program.backups, records};
+    Document document{surface, program.editing, program.state, program.files, program.backups, records};
 };
 
 TEST(Document, TwoInOneProcessKnowNothingOfEachOther)

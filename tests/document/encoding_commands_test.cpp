@@ -36,7 +36,7 @@ protected:
 
     DocumentFixture fixture;
     SaveCommands saving{fixture.ports()};
-    DocumentColouring colouring{fixture.document, fixture.state};
+    DocumentColouring colouring{{fixture.document, fixture.state}};
     OpenCommands opening{fixture.ports(), saving, colouring};
     EncodingCommands encoding{fixture.ports(), opening,
         [this](TextRange range, std::string_view text) { fixture.document.Replace(range, text); }};

@@ -17,7 +17,7 @@ struct OpeningFixture : DocumentFixture {
             files.files[name] = "<B>If x Then\n";
     }
 
-    DocumentColouring colouring{document, state};
+    DocumentColouring colouring{{document, state}};
     SaveCommands saving{ports()};
     OpenCommands opening{ports(), saving, colouring};
 };
@@ -55,7 +55,7 @@ TEST(OpenFile, SuitsToolsDebuggerAndColoursToTheType)
         SCOPED_TRACE(c.path);
         OpeningFixture fixture;
         fixture.state.scriptTools = c.scriptBefore;
-        fixture.state.lineDebugPreferred = c.debugPreferred;
+        fixture.state.options.lineDebug = c.debugPreferred;
         fixture.state.lineDebugOn = fixture.tools.options[Option::LineDebug] = c.debugBefore;
         ASSERT_TRUE(fixture.opening.loadAccepted(c.path));
         EXPECT_EQ(fixture.tools.webToolsShown, c.webShown);

@@ -234,7 +234,7 @@ struct OfferFixture : JournalFixture {
             = RecoveryRecord{"/site/lost.htm", "lost\n", {Encoding::Windows1252, false, LineEnds::Lf, {}}};
     }
 
-    DocumentColouring colouring{document, state};
+    DocumentColouring colouring{{document, state}};
     SaveCommands saving{ports()};
     OpenCommands opening{ports(), saving, colouring};
     FakeRecoverableTexts left;
@@ -281,6 +281,17 @@ TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
         EXPECT_EQ(fixture.document.Text(), c.reviewing ? "lost\r\n" : "old");
         EXPECT_EQ(fixture.state.currentPath, c.reviewing ? "" : "/site/page.htm");
     }
+}
+
+TEST(RecoveryOffer, AnotherDocumentEndsTheReview)
+{
+    OfferFixture fixture;
+    fixture.messages.answers = {Yes, Yes};
+    fixture.offer.offer();
+    fixture.opening.newFile();
+    EXPECT_FALSE(fixture.offer.reviewing());
+    EXPECT_TRUE(fixture.left.texts.contains("1"));
+    EXPECT_EQ(fixture.document.Text(), "");
 }
 
 TEST(RecoveryOffer, SavedWithoutReviewOverTheOpenFileItIsShown)

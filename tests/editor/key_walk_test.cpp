@@ -3,6 +3,7 @@
 // KEVRA_WALK_STEPS and KEVRA_WALK_SEED, in the environment, walk further and elsewhere.
 #include "colour/typing_colouring.h"
 #include "editor/editor_control_qt.h"
+#include "fakes/document_state.h"
 #include "fakes/views.h"
 
 #include <gtest/gtest.h>
@@ -90,7 +91,7 @@ public:
     Walk(Content content, unsigned seed)
         : m_content(content)
         , m_random(seed)
-        , m_typing(m_control, m_state, m_view, [](TextRange) {})
+        , m_typing({m_control, m_state}, m_view, [](TextRange) {})
     {
         m_state.scriptTools = content == Content::Script;
         m_state.colourApplies = content != Content::Plain;
@@ -293,7 +294,7 @@ private:
     std::mt19937 m_random;
     BareControl m_bare;
     EditorControl m_control;
-    DocumentState m_state;
+    FakeDocumentState m_state;
     FakeMainView m_view;
     TypingColouring m_typing;
     QPoint m_place{0, 0};

@@ -5,6 +5,7 @@
 #include "document/command_ports.h"
 #include "editor/memory_surface.h"
 #include "fakes/dialogs.h"
+#include "fakes/document_state.h"
 #include "fakes/files.h"
 #include "fakes/messages.h"
 #include "fakes/views.h"
@@ -46,13 +47,14 @@ struct DocumentFixture {
     {
     }
 
+    [[nodiscard]] DocumentParts parts() { return {document, state, file, keeper}; }
     [[nodiscard]] FileCommandPorts ports()
     {
-        return {document, state, application, files, file, keeper, backups, dialogs, messages, main, tools};
+        return {parts(), application, files, backups, dialogs, messages, main, tools};
     }
 
     MemorySurface document;
-    DocumentState state;
+    FakeDocumentState state;
     ApplicationState application;
     FakeFileStore files;
     FakeBackupStore backups;

@@ -39,7 +39,7 @@ protected:
     void end() { m_program.reset(); }
 
     [[nodiscard]] Application &app() { return *m_program; }
-    [[nodiscard]] EditorControl &document() { return app().mainWindow().document(); }
+    [[nodiscard]] EditorControl &document() { return app().shown().control; }
     template <typename T> T &find(QWidget &window, const char *name) { return *window.findChild<T *>(name); }
     void click(QWidget &window, const char *name)
     {

@@ -3,6 +3,7 @@
 
 #include "colour/marks_of.h"
 #include "editor/memory_surface.h"
+#include "fakes/document_state.h"
 #include "fakes/messages.h"
 #include "find/hit_finder.h"
 
@@ -37,10 +38,10 @@ protected:
     }
 
     MemorySurface document;
-    DocumentState state;
+    FakeDocumentState state;
     FakeMessages messages;
     FakeFindView view;
-    FindCommands commands{document, state, messages, view};
+    FindCommands commands{{document, state}, messages, view};
 };
 
 TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)

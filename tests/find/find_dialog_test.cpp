@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/editor_control_qt.h"
+#include "fakes/document_state.h"
 #include "fakes/messages.h"
 #include "find/find_dialog.h"
 
@@ -13,10 +14,10 @@ namespace {
 TEST(FindDialogTest, FindsCountsAndReplacesAsItsBoxesSay)
 {
     EditorControl document;
-    DocumentState state;
+    FakeDocumentState state;
     FakeMessages messages;
     document.LoadText("one two\r\nOne two\r\n");
-    FindDialog dialog(document, state, messages);
+    FindDialog dialog({document, state}, messages);
     const auto click = [&](const char *name) { dialog.findChild<QPushButton *>(name)->click(); };
     dialog.suggest("one");
     dialog.show();

@@ -58,7 +58,7 @@ TEST_F(MultiInProgram, TheOpenDocumentTakesWhatWasWritten)
     EXPECT_EQ(document().Text(), "<I>old</I>\r\n<P>\r\n");
     EXPECT_EQ(document().ColourAt(1), colours::defaultCode);
     EXPECT_EQ(document().ColourAt(4), colours::black);
-    EXPECT_FALSE(app().document.state.unsaved);
+    EXPECT_FALSE(app().shown().document.state.unsaved);
 }
 
 TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
@@ -95,7 +95,7 @@ TEST_F(MultiInProgram, ANameThatIsNoTextIsDroppedReplacedInAndOpened)
     auto &list = find<QTreeWidget>("lmfiles");
     list.setCurrentItem(list.topLevelItem(2));
     click("bmopen");
-    EXPECT_EQ(app().document.state.currentPath, name);
+    EXPECT_EQ(app().shown().document.state.currentPath, name);
 }
 
 } // namespace

@@ -123,7 +123,7 @@ TEST_F(FindingsInProgram, ChangesNothingButWhatItShows)
             now.places = {selection.anchor, selection.caret, t1.FirstVisibleLine(),
                 t1.SendScintilla(Sci::SCI_GETXOFFSET), static_cast<Offset>(t1.TypingColor().value)};
             for (const bool flag : {t1.isAtSavePoint(), t1.canUndo(), t1.canRedo(),
-                     app().document.state.unsaved, app().document.state.busyLoadingOrSaving})
+                     app().shown().document.state.unsaved, app().shown().document.state.busyLoadingOrSaving})
                 now.flags += flag ? '1' : '0';
             seen.push_back(std::move(now));
         };

@@ -79,8 +79,8 @@ protected:
     BrowserWindow window;
     BrowserControlQt control{window};
     FakePageNotes notes;
-    PreviewCommands commands{PreviewPorts{document, state, application, disk, fileOnDisk, backups, notes,
-        messages, main, *this, control,
+    PreviewCommands commands{PreviewPorts{DocumentParts{document, state, fileOnDisk, keeper}, application,
+        disk, backups, notes, messages, main, *this, control,
         [this](
             const std::string &name) { return folder.filePath(QString::fromStdString(name)).toStdString(); },
         "/home/somebody"}};

@@ -60,8 +60,8 @@ protected:
     bool viewerVisible = false;
     bool busyWhileShown = false;
     FakePageNotes notes;
-    PreviewCommands commands{PreviewPorts{document, state, application, files, file, backups, notes, messages,
-        main, *this, *this, [](const std::string &name) { return "/app/" + name; }, "/home/me"}};
+    PreviewCommands commands{PreviewPorts{parts(), application, files, backups, notes, messages, main, *this,
+        *this, [](const std::string &name) { return "/app/" + name; }, "/home/me"}};
 };
 
 TEST_F(PreviewTest, WritesBesideTheDocumentAndShowsIt)

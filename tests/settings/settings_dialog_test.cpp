@@ -52,16 +52,15 @@ TEST_F(SettingsDialogTest, YesAndNoAreShownAtOnceAndReadByTheNextStart)
         const char *no;
         const char *lamp;
         const char *key;
-        bool DocumentState::*flag; ///< null for autosave, which the timer shows
+        bool EditorOptions::*flag; ///< null for autosave, which the timer shows
         const char *item; ///< marked while it is on
     } const cases[] = {
-        {"bfsoyes", "bfsono", "zpop", "iffso", &DocumentState::fsoMenu, "mfsoset"},
-        {"byesdoif", "bnodoif", "zif", "ifif", &DocumentState::ifChecking, nullptr},
+        {"bfsoyes", "bfsono", "zpop", "iffso", &EditorOptions::fsoMenu, "mfsoset"},
+        {"byesdoif", "bnodoif", "zif", "ifif", &EditorOptions::ifChecking, nullptr},
         {"bautoyes", "bautono", "zauto", "autosave", nullptr, "mauto"},
-        {"byesdebug", "bnodebug", "zldebug", "ifdebug", &DocumentState::lineDebugOn, "mdodebug"},
-        {"byesdebug", "bnodebug", "zldebug", "ifdebug", &DocumentState::lineDebugPreferred, "mdodebug"},
-        {"byescoms", "bnocoms", "zcom", "ifcoms", &DocumentState::snippetComments, nullptr},
-        {"byescol", "bnocol", "zcol", "ifcolor", &DocumentState::colourCoding, "mcolcode"},
+        {"byesdebug", "bnodebug", "zldebug", "ifdebug", &EditorOptions::lineDebug, "mdodebug"},
+        {"byescoms", "bnocoms", "zcom", "ifcoms", &EditorOptions::snippetComments, nullptr},
+        {"byescol", "bnocol", "zcol", "ifcolor", &EditorOptions::colourCoding, "mcolcode"},
     };
     const auto expectAll = [&](bool on) {
         for (const auto &c : cases) {
@@ -70,7 +69,9 @@ TEST_F(SettingsDialogTest, YesAndNoAreShownAtOnceAndReadByTheNextStart)
             const auto &lamp = control<QLabel>(c.lamp);
             EXPECT_EQ(lamp.text(), on ? "YES" : "NO");
             EXPECT_EQ(lamp.palette().color(QPalette::Window), on ? QColor(0, 240, 0) : QColor(248, 0, 0));
-            EXPECT_EQ(c.flag ? app().document.state.*c.flag : app().timer1.isActive(), on);
+            EXPECT_EQ(c.flag ? app().editing.*c.flag : app().timer1.isActive(), on);
+            EXPECT_TRUE(!c.flag || c.flag != &EditorOptions::lineDebug
+                || app().shown().document.state.lineDebugOn == on);
             EXPECT_TRUE(!c.item || item(c.item).isChecked() == on);
         }
     };
@@ -153,7 +154,7 @@ TEST_F(SettingsDialogTest, OptionsWorkWithoutAFileToKeepThem)
     ASSERT_TRUE(QDir().mkpath(file + "/a folder stands there"));
     start();
     click("bfsono");
-    EXPECT_FALSE(app().document.state.fsoMenu);
+    EXPECT_FALSE(app().editing.fsoMenu);
     const auto &notStored = control<QLabel>("lnotstored");
     EXPECT_FALSE(notStored.text().isEmpty());
     EXPECT_TRUE(QDir(file).removeRecursively());

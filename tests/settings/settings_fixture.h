@@ -42,11 +42,12 @@ struct SettingsFixture {
     [[nodiscard]] std::string stored(const SettingKey &key) const { return readSetting(store, key); }
 
     FakeSettingsStore store;
-    DocumentState document;
+    EditorOptions editing;
+    DocumentState document{editing};
     ApplicationState application;
     OptionsShown options;
     FakeShell views;
-    StoredSettings settings{store, document, application, options, views};
+    StoredSettings settings{store, editing, application, options, views};
     MemorySurface text{"<B>"};
     FakeSettingsEffects effects;
     FakeFileStore files;
@@ -55,8 +56,8 @@ struct SettingsFixture {
     FakeColourDialog colourDialog;
     FakeProcessStart processes;
     ExternalProgram program{{application, store, files, processes, views.toolView, messages}};
-    SettingsCommands commands{{store, document, application, options, views, text, effects, files, messages,
-        fileDialogs, colourDialog, program}};
+    SettingsCommands commands{{store, editing, application, options, views, {text, document}, effects, files,
+        messages, fileDialogs, colourDialog, program}};
 };
 
 } // namespace kevra

@@ -11,13 +11,13 @@ namespace {
 TEST(StoredSettings, FreshStoreHasEveryDefault)
 {
     SettingsFixture o;
-    const auto &d = o.document;
-    EXPECT_TRUE(d.colourCoding && d.ifChecking && d.fsoMenu && d.snippetComments && d.lineDebugOn);
+    const auto &d = o.editing;
+    EXPECT_TRUE(d.colourCoding && d.ifChecking && d.fsoMenu && d.snippetComments && d.lineDebug);
     EXPECT_FALSE(o.application.autosaveOn);
     EXPECT_EQ(d.codeColour, colours::defaultCode);
     EXPECT_EQ(o.application.tempFolder, R"(C:\My Documents)");
     EXPECT_EQ(o.application.programPath + o.views.toolView.programMenu, "noneEXE");
-    EXPECT_EQ(d.fontFace + d.fontSize, "Courier New10");
+    EXPECT_EQ(o.options.fontFace + o.options.fontSize, "Courier New10");
     EXPECT_EQ(o.views.mainState, WindowState::Maximised);
     EXPECT_EQ(o.views.toolView.scriptToolsShown, 0);
     EXPECT_EQ(o.application.padGeometry, (TwipRect{0, 4500, 12000, 4500}));
@@ -26,17 +26,17 @@ TEST(StoredSettings, FreshStoreHasEveryDefault)
 TEST(StoredSettings, StoredTextsMeanWhatTheyAlwaysMeant)
 {
     using Fixture = const SettingsFixture &;
-    constexpr auto blue = [](Fixture o) { return o.document.codeColour == Colour{0xFF0000}; };
+    constexpr auto blue = [](Fixture o) { return o.editing.codeColour == Colour{0xFF0000}; };
     const struct {
         SettingKey key;
         const char *value;
         bool (*holds)(Fixture);
     } cases[] = {
-        {{optionsSection, "ifif", ""}, "YES", [](Fixture o) { return o.document.ifChecking; }},
+        {{optionsSection, "ifif", ""}, "YES", [](Fixture o) { return o.editing.ifChecking; }},
         {{optionsSection, "ifif", ""}, "maybe",
-            [](Fixture o) { return !o.document.ifChecking && !o.options.lamps[Option::IfChecking]; }},
-        {{optionsSection, "ifcolor", ""}, "No", [](Fixture o) { return !o.document.colourCoding; }},
-        {{optionsSection, "ifcolor", ""}, "maybe", [](Fixture o) { return o.document.colourCoding; }},
+            [](Fixture o) { return !o.editing.ifChecking && !o.options.lamps[Option::IfChecking]; }},
+        {{optionsSection, "ifcolor", ""}, "No", [](Fixture o) { return !o.editing.colourCoding; }},
+        {{optionsSection, "ifcolor", ""}, "maybe", [](Fixture o) { return o.editing.colourCoding; }},
         {keys::codeColour, "blue", blue},
         {keys::codeColour, "-5", blue},
         {keys::codeColour, "99999999999", blue},
@@ -44,9 +44,9 @@ TEST(StoredSettings, StoredTextsMeanWhatTheyAlwaysMeant)
         {keys::tempFolder, R"(D:\site\)", [](Fixture o) { return o.application.tempFolder == R"(D:\site)"; }},
         {keys::programPath, "NONE", [](Fixture o) { return o.application.programPath == "none"; }},
         {keys::fontFace, "tahoma",
-            [](Fixture o) { return o.views.facePosition == 3 && o.document.fontFace == "Tahoma"; }},
+            [](Fixture o) { return o.views.facePosition == 3 && o.options.fontFace == "Tahoma"; }},
         {keys::fontFace, "Georgia",
-            [](Fixture o) { return o.views.facePosition == 4 && o.document.fontFace == "Georgia"; }},
+            [](Fixture o) { return o.views.facePosition == 4 && o.options.fontFace == "Georgia"; }},
         {keys::fontSize, "11",
             [](Fixture o) { return o.views.sizePosition == 3 && o.options.fontSize == "11"; }},
         {keys::panelType, "1", [](Fixture o) { return o.views.toolView.scriptToolsShown == 0; }},
@@ -119,7 +119,7 @@ TEST(StoredSettings, TheWindowsComeBackWhereTheyWere)
 TEST(StoredSettings, CleaningLeavesOnlyTheProgramsOwn)
 {
     SettingsFixture o;
-    o.settings.savePanelType();
+    o.settings.savePanelType(false);
     const auto own = o.store.values;
     o.store.saveSetting("kevraed", "settings", "font", "Arial");
     o.store.saveSetting("kevra28", "elsewhere", "a", "b");

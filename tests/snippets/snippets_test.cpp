@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "colour/marks_of.h"
 #include "editor/memory_surface.h"
+#include "fakes/document_state.h"
 #include "fakes/views.h"
 #include "snippets/fso_popup.h"
 #include "snippets/snippet_commands.h"
@@ -42,11 +43,11 @@ TEST(Snippets, AreInsertedWithTheirColours)
         SCOPED_TRACE(c.name);
         MemorySurface document("over");
         document.Select({0, 4});
-        DocumentState state;
-        state.snippetComments = c.comments;
-        state.colourCoding = c.colours;
+        FakeDocumentState state;
+        state.options.snippetComments = c.comments;
+        state.options.colourCoding = c.colours;
         FakeMainView view;
-        SnippetCommands(document, state, view).insert(snippetOf(c.button));
+        SnippetCommands({document, state}, view).insert(snippetOf(c.button));
         EXPECT_EQ(document.Text(), c.text);
         EXPECT_EQ(marksOf(document), c.marks);
         EXPECT_EQ(document.SelStart(), document.Length());
@@ -58,9 +59,9 @@ TEST(Snippets, AreInsertedWithTheirColours)
 TEST(Snippets, PlaceholdersOfTheShortcutAreOrange)
 {
     MemorySurface document;
-    DocumentState state;
+    FakeDocumentState state;
     FakeMainView view;
-    SnippetCommands(document, state, view).insert(snippetOf("bshtcut"));
+    SnippetCommands({document, state}, view).insert(snippetOf("bshtcut"));
     const auto at = document.Text().find("<<executable");
     EXPECT_EQ(marksOf(document).substr(at, 20), std::string(19, 'o') + '-');
     EXPECT_EQ(std::ranges::count(document.Text(), '\n'), 9);

@@ -98,9 +98,10 @@ private:
     BrowserWindow m_window;
     BrowserControlQt m_control{m_window};
     FakePageNotes m_notes;
-    PreviewCommands m_commands{PreviewPorts{m_fixture.document, m_fixture.state, m_fixture.application,
-        m_files, m_file, m_fixture.backups, m_notes, m_fixture.messages, m_fixture.main, *this, m_control,
-        [](const std::string &name) { return name; }, "/root"}};
+    PreviewCommands m_commands{
+        PreviewPorts{DocumentParts{m_fixture.document, m_fixture.state, m_file, m_fixture.keeper},
+            m_fixture.application, m_files, m_fixture.backups, m_notes, m_fixture.messages, m_fixture.main,
+            *this, m_control, [](const std::string &name) { return name; }, "/root"}};
     QTimer m_closer;
     QSet<int> m_helpers; ///< what is left of the engine without a page
     int m_dialogs = 0;
