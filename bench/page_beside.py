@@ -37,6 +37,7 @@ GREENS, BLUE = [bytes([200, 255, 200, unused]) * 20 for unused in (0, 255)], 77
 EDITS = ["a", "b", "space", "less", "i", "greater", "c", "less", "slash", "i", "greater", "ampersand", "a", "m", "p",
          "semicolon"]
 LIMIT = 20.0
+START = 60.0
 
 
 def page(size):
@@ -71,6 +72,9 @@ class Program:
         time.sleep(1)
         subprocess.run(["xdotool", "type", str(line)], env=self.environment, check=True)
         self.keys("Return", "End")
+        deadline = time.monotonic() + START
+        while beside and not self.is_shown() and time.monotonic() < deadline:
+            time.sleep(0.5)
         time.sleep(2)
 
     def keys(self, *names):
@@ -88,6 +92,10 @@ class Program:
         at = self.screen.start
         return b"".join(self.screen.map[at + (y * WIDTH + left) * PIXEL:at + (y * WIDTH + right) * PIXEL]
                         for y in range(top, bottom))
+
+    def is_shown(self):
+        picture = self.screen.picture()
+        return any(green in picture for green in GREENS)
 
     def target(self):
         """Where the green box is on the screen."""

@@ -30,7 +30,9 @@ std::string scriptLiteral(std::string_view text)
 PageText makePageText(std::string text, const PageTextRequest &request)
 {
     const auto started = std::chrono::steady_clock::now();
-    PageText made{request.revision, page::MarkedPage(std::move(text)), {}, 0, {}, {}, {}};
+    auto retyped = request.shown ? request.shown->page.retyped(text) : std::nullopt;
+    auto page = retyped ? std::move(*retyped) : page::MarkedPage(std::move(text));
+    PageText made{request.revision, std::move(page), {}, 0, {}, {}, {}};
     if (request.use == PageUse::Load) {
         made.shown = made.page.text({});
     } else if (request.shown) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page/page_change.h"
 
+#include "page/page_difference.h"
 #include "script/markup.h"
 
 #include <algorithm>
@@ -9,71 +10,26 @@
 namespace kevra::page {
 namespace {
 
-/// What stands in them is parsed as in the body of a page.
-constexpr std::array<std::string_view, 44> flowElements{"a", "abbr", "address", "article", "aside", "b",
-    "blockquote", "body", "center", "cite", "code", "dd", "del", "details", "div", "dl", "dt", "em",
-    "fieldset", "figcaption", "figure", "font", "footer", "h1", "h2", "h3", "h4", "h5", "h6", "header", "i",
-    "ins", "kbd", "li", "main", "nav", "ol", "p", "section", "small", "span", "strong", "td", "ul"};
-
 /// Their attributes go to elements that there are already.
 constexpr std::array<std::string_view, 4> pageTags{"html", "head", "body", "frameset"};
 
 constexpr int maxCandidates = 12;
 
-/// Two versions of a text: they differ in the ranges and nowhere else.
-struct Difference {
-    TextRange before;
-    TextRange after;
-
-    [[nodiscard]] Offset growth() const { return after.end - before.end; }
-    /// Whether a place of the old text is now at `now`.
-    [[nodiscard]] bool leads(Offset place, Offset now) const
-    {
-        return (place <= before.start && now == place) || (place >= before.end && now == place + growth());
-    }
-    [[nodiscard]] bool leads(TextRange range, TextRange now) const
-    {
-        return range.empty() ? now.empty() : leads(range.start, now.start) && leads(range.end, now.end);
-    }
-};
-
-[[nodiscard]] Difference differenceOf(std::string_view before, std::string_view after)
+[[nodiscard]] std::string_view part(const MarkedPage &page, TextRange range)
 {
-    const auto [a, b] = std::ranges::mismatch(before, after);
-    const auto start = a - before.begin();
-    const auto limit = std::min(std::ssize(before), std::ssize(after)) - start;
-    Offset same = 0;
-    while (same < limit && before[before.size() - 1 - same] == after[after.size() - 1 - same])
-        ++same;
-    return {{start, std::ssize(before) - same}, {start, std::ssize(after) - same}};
+    return std::string_view(page.plain())
+        .substr(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.length()));
 }
 
-/// A server part that is another one counts as a whole.
-void takeServerParts(const MarkedPage &before, const MarkedPage &after, Difference &difference)
+[[nodiscard]] bool hasPageTag(std::string_view html)
 {
-    const auto &old = before.serverParts();
-    const auto &now = after.serverParts();
-    const auto same = [&](const ServerPart &a, const ServerPart &b) {
-        return a.isOutput == b.isOutput && difference.leads(a.range, b.range);
-    };
-    const auto limit = std::min(old.size(), now.size());
-    std::size_t first = 0;
-    while (first < limit && same(old[first], now[first]))
-        ++first;
-    std::size_t last = 0;
-    while (last < limit - first && same(old[old.size() - 1 - last], now[now.size() - 1 - last]))
-        ++last;
-    Offset start = difference.before.start;
-    Offset rest = std::ssize(before.plain()) - difference.before.end;
-    const auto take = [&](const std::vector<ServerPart> &parts, Offset length) {
-        for (auto i = first; i < parts.size() - last; ++i) {
-            start = std::min(start, parts[i].range.start);
-            rest = std::min(rest, length - parts[i].range.end);
-        }
-    };
-    take(old, std::ssize(before.plain()));
-    take(now, std::ssize(after.plain()));
-    difference = {{start, std::ssize(before.plain()) - rest}, {start, std::ssize(after.plain()) - rest}};
+    for (auto at = html.find('<'); at != html.npos; at = html.find('<', at + 1)) {
+        const auto tag = script::readTag(html, at);
+        if (std::ranges::any_of(
+                pageTags, [&](std::string_view name) { return script::sameWord(tag.name, name); }))
+            return true;
+    }
+    return false;
 }
 
 [[nodiscard]] Offset contentEnd(const Element &element)
@@ -81,8 +37,10 @@ void takeServerParts(const MarkedPage &before, const MarkedPage &after, Differen
     return element.endTag.empty() ? element.whole.end : element.endTag.start;
 }
 
-/// A child element or the elements below one: in the order of the tree they follow one another.
-[[nodiscard]] std::size_t endOfSubtree(const std::vector<Element> &elements, std::size_t index)
+using Elements = std::vector<Element>;
+
+/// Of the element and all below it, which follow one another.
+[[nodiscard]] std::size_t endOfSubtree(const Elements &elements, std::size_t index)
 {
     auto end = index + 1;
     while (end < elements.size() && elements[end].parent >= index)
@@ -90,7 +48,7 @@ void takeServerParts(const MarkedPage &before, const MarkedPage &after, Differen
     return end;
 }
 
-[[nodiscard]] std::vector<std::size_t> childrenOf(const std::vector<Element> &elements, std::size_t index)
+[[nodiscard]] std::vector<std::size_t> childrenOf(const Elements &elements, std::size_t index)
 {
     std::vector<std::size_t> children;
     const auto end = endOfSubtree(elements, index);
@@ -99,6 +57,11 @@ void takeServerParts(const MarkedPage &before, const MarkedPage &after, Differen
     return children;
 }
 
+/// The children of one element that are others, with all below them: indexes of elements.
+struct Replaced {
+    std::size_t oldFirst, oldEnd, newFirst, newEnd;
+};
+
 class Search {
 public:
     Search(const MarkedPage &before, const MarkedPage &after)
@@ -106,30 +69,25 @@ public:
         , m_after(after)
         , m_old(before.tree().elements())
         , m_new(after.tree().elements())
-        , m_difference(differenceOf(before.html(), after.html()))
+        , m_difference(differenceOf(before, after))
     {
-        takeServerParts(before, after, m_difference);
     }
 
     [[nodiscard]] std::optional<PageChange> run() const;
 
 private:
-    struct Replaced {
-        std::size_t oldFirst, oldEnd, newFirst, newEnd; ///< elements
-    };
-
     [[nodiscard]] std::optional<std::size_t> oldOf(std::size_t element) const;
     [[nodiscard]] std::optional<PageChange> changeIn(std::size_t oldParent, std::size_t newParent) const;
+    [[nodiscard]] bool holdsDifference(const PageChange &change, std::size_t parent) const;
     [[nodiscard]] bool isSame(const Element &old, const Element &now) const;
     [[nodiscard]] bool othersAreSame(const Replaced &replaced) const;
     [[nodiscard]] bool standsAlone(
         const Replaced &replaced, std::size_t parent, const PageChange &change) const;
-    [[nodiscard]] static bool hasPageTag(std::string_view html);
 
     const MarkedPage &m_before;
     const MarkedPage &m_after;
-    const std::vector<Element> &m_old;
-    const std::vector<Element> &m_new;
+    const Elements &m_old;
+    const Elements &m_new;
     Difference m_difference;
 };
 
@@ -139,13 +97,12 @@ bool Search::isSame(const Element &old, const Element &now) const
         && m_difference.leads(old.whole, now.whole) && m_difference.leads(old.endTag, now.endTag);
 }
 
-/// The element of the old page with the same tag around the difference.
+/// The same element of the old page, when the difference is within both and what they hold can be replaced.
 std::optional<std::size_t> Search::oldOf(std::size_t element) const
 {
     const auto &now = m_new[element];
     if (now.startTag.empty() || now.startTag.end > m_difference.after.start
-        || contentEnd(now) < m_difference.after.end
-        || std::ranges::find(flowElements, now.tag) == flowElements.end())
+        || contentEnd(now) < m_difference.after.end || !holdsFlow(now.tag))
         return std::nullopt;
     const auto old = m_before.tree().elementAt(now.startTag.start);
     if (!old || !isSame(m_old[*old], now) || contentEnd(m_old[*old]) < m_difference.before.end)
@@ -171,100 +128,118 @@ bool Search::othersAreSame(const Replaced &replaced) const
     return true;
 }
 
-/// Whether the new children are parsed without the page around them as they are within it.
+/// Compares a stretch parsed by itself with what was made of it within the page.
+class Standalone {
+public:
+    Standalone(const MarkedPage &page, const PageChange &change, std::size_t firstElement, std::size_t parent)
+        : m_page(page)
+        , m_stretch(change.after)
+        , m_elements(firstElement)
+        , m_parent(parent)
+    {
+        const std::string before = page.isInQuirksMode() ? "<body>" : "<!DOCTYPE html><body>";
+        m_alone = parsePage(before + std::string(part(page, m_stretch)));
+        m_shift = m_stretch.start - std::ssize(before);
+        const auto body = std::ranges::find(m_alone.elements, "body", &Element::tag);
+        m_first = static_cast<std::size_t>(body - m_alone.elements.begin()) + 1;
+    }
+
+    [[nodiscard]] bool hasSameElements(std::size_t count) const
+    {
+        if (m_alone.elements.size() - m_first != count)
+            return false;
+        for (std::size_t i = 0; i < count; ++i) {
+            const auto &a = m_alone.elements[m_first + i];
+            const auto &b = m_page.tree().elements()[m_elements + i];
+            if (a.tag != b.tag || moved(a.startTag) != b.startTag || moved(a.endTag) != b.endTag
+                || moved(a.parent) != b.parent)
+                return false;
+        }
+        return true;
+    }
+    [[nodiscard]] bool hasSameTexts() const
+    {
+        auto text = m_alone.texts.begin();
+        for (const auto &place : m_page.texts()) {
+            if (place.range.empty() || place.range.start < m_stretch.start || place.range.end > m_stretch.end)
+                continue;
+            if (text == m_alone.texts.end() || moved(text->range) != place.range
+                || moved(text->parent) != place.parent)
+                return false;
+            ++text;
+        }
+        return text == m_alone.texts.end();
+    }
+
+private:
+    [[nodiscard]] TextRange moved(TextRange range) const
+    {
+        return range.empty() ? TextRange{} : TextRange{range.start + m_shift, range.end + m_shift};
+    }
+    [[nodiscard]] std::size_t moved(std::size_t element) const
+    {
+        return element < m_first ? m_parent : element - m_first + m_elements;
+    }
+
+    const MarkedPage &m_page;
+    TextRange m_stretch;
+    std::size_t m_elements; ///< the first of the stretch in the page
+    std::size_t m_parent;
+    ParsedPage m_alone;
+    Offset m_shift = 0;
+    std::size_t m_first = 0; ///< element of m_alone
+};
+
 bool Search::standsAlone(const Replaced &replaced, std::size_t parent, const PageChange &change) const
 {
-    const auto part = std::string_view(m_after.plain())
-                          .substr(static_cast<std::size_t>(change.after.start),
-                              static_cast<std::size_t>(change.after.length()));
-    const std::string before = m_after.isInQuirksMode() ? "<body>" : "<!DOCTYPE html><body>";
-    const auto alone = parsePage(before + std::string(part));
-    const auto shift = change.after.start - std::ssize(before);
-    const auto moved = [shift](TextRange range) {
-        return range.empty() ? TextRange{} : TextRange{range.start + shift, range.end + shift};
-    };
-    const auto body = std::ranges::find(alone.elements, "body", &Element::tag);
-    const auto first = static_cast<std::size_t>(body - alone.elements.begin()) + 1;
-    if (alone.elements.size() - first != replaced.newEnd - replaced.newFirst)
-        return false;
-    const auto parentOf = [&](std::size_t i) { return i < first ? parent : i - first + replaced.newFirst; };
-    for (auto i = first; i < alone.elements.size(); ++i) {
-        const auto &a = alone.elements[i];
-        const auto &b = m_new[i - first + replaced.newFirst];
-        if (a.tag != b.tag || moved(a.startTag) != b.startTag || moved(a.endTag) != b.endTag
-            || parentOf(a.parent) != b.parent)
-            return false;
-    }
-    auto text = alone.texts.begin();
-    for (const auto &place : m_after.texts()) {
-        const bool inside = place.range.start >= change.after.start && place.range.end <= change.after.end
-            && !place.range.empty();
-        if (!inside)
-            continue;
-        if (text == alone.texts.end() || moved(text->range) != place.range
-            || parentOf(text->parent) != place.parent)
-            return false;
-        ++text;
-    }
-    return text == alone.texts.end();
+    const Standalone alone(m_after, change, replaced.newFirst, parent);
+    return alone.hasSameElements(replaced.newEnd - replaced.newFirst) && alone.hasSameTexts();
 }
 
-bool Search::hasPageTag(std::string_view html)
+/// What follows the last element of a body can belong to it from outside.
+bool Search::holdsDifference(const PageChange &change, std::size_t parent) const
 {
-    for (auto at = html.find('<'); at != html.npos; at = html.find('<', at + 1)) {
-        const auto tag = script::readTag(html, at);
-        if (std::ranges::any_of(
-                pageTags, [&](std::string_view name) { return script::sameWord(tag.name, name); }))
-            return true;
-    }
-    return false;
+    return change.before.start <= m_difference.before.start && change.before.end >= m_difference.before.end
+        && (change.next >= 0 || m_new[parent].tag != "body");
 }
 
 std::optional<PageChange> Search::changeIn(std::size_t oldParent, std::size_t newParent) const
 {
     const auto old = childrenOf(m_old, oldParent);
     const auto now = childrenOf(m_new, newParent);
-    const auto kept = [&](std::size_t a, std::size_t b) {
-        return !m_old[a].startTag.empty() && isSame(m_old[a], m_new[b]);
+    const auto isBefore = [&](std::size_t a, std::size_t b) {
+        return !m_old[a].startTag.empty() && m_old[a].whole.end <= m_difference.before.start
+            && isSame(m_old[a], m_new[b]);
     };
-    const auto limit = std::min(old.size(), now.size());
-    std::size_t first = 0;
-    while (first < limit && m_old[old[first]].whole.end <= m_difference.before.start
-        && kept(old[first], now[first]))
-        ++first;
-    std::size_t last = 0;
-    while (last < limit - first && m_old[old[old.size() - 1 - last]].whole.start >= m_difference.before.end
-        && kept(old[old.size() - 1 - last], now[now.size() - 1 - last]))
-        ++last;
+    const auto isAfter = [&](std::size_t a, std::size_t b) {
+        return !m_old[a].startTag.empty() && m_old[a].whole.start >= m_difference.before.end
+            && isSame(m_old[a], m_new[b]);
+    };
+    const auto first = std::ranges::mismatch(old, now, isBefore).in1 - old.begin();
+    const auto limit = std::min(std::ssize(old), std::ssize(now)) - first;
+    const auto last
+        = std::mismatch(old.rbegin(), old.rbegin() + limit, now.rbegin(), isAfter).first - old.rbegin();
     PageChange change;
     change.parent = m_new[newParent].startTag.start;
     change.before = {m_old[oldParent].startTag.end, contentEnd(m_old[oldParent])};
     Replaced replaced{
         oldParent + 1, endOfSubtree(m_old, oldParent), newParent + 1, endOfSubtree(m_new, newParent)};
     if (first > 0) {
-        const auto &previous = m_old[old[first - 1]];
-        change.previous = previous.startTag.start;
-        change.before.start = previous.whole.end;
-        replaced.oldFirst = endOfSubtree(m_old, old[first - 1]);
-        replaced.newFirst = endOfSubtree(m_new, now[first - 1]);
+        const auto previous = *(old.begin() + first - 1);
+        change.previous = m_old[previous].startTag.start;
+        change.before.start = m_old[previous].whole.end;
+        replaced.oldFirst = endOfSubtree(m_old, previous);
+        replaced.newFirst = endOfSubtree(m_new, *(now.begin() + first - 1));
     }
     if (last > 0) {
-        const auto &next = m_old[old[old.size() - last]];
-        change.next = next.startTag.start;
-        change.before.end = next.startTag.start;
-        replaced.oldEnd = old[old.size() - last];
-        replaced.newEnd = now[now.size() - last];
+        replaced.oldEnd = *(old.end() - last);
+        replaced.newEnd = *(now.end() - last);
+        change.next = change.before.end = m_old[replaced.oldEnd].startTag.start;
     }
     change.after = {change.before.start, change.before.end + m_difference.growth()};
-    // What follows the last element of a body can belong to it from outside.
-    const bool holds = change.before.start <= m_difference.before.start
-        && change.before.end >= m_difference.before.end && (last > 0 || m_new[newParent].tag != "body");
-    const auto part = [](const MarkedPage &page, TextRange range) {
-        return std::string_view(page.plain())
-            .substr(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.length()));
-    };
-    if (!holds || hasPageTag(part(m_before, change.before)) || hasPageTag(part(m_after, change.after))
-        || !othersAreSame(replaced) || !standsAlone(replaced, newParent, change))
+    if (!holdsDifference(change, newParent) || hasPageTag(part(m_before, change.before))
+        || hasPageTag(part(m_after, change.after)) || !othersAreSame(replaced)
+        || !standsAlone(replaced, newParent, change))
         return std::nullopt;
     return change;
 }

@@ -56,5 +56,38 @@ TEST(PageChange, LeavesEverythingElseAsItWas)
     EXPECT_GT(found, 300) << "most edits change little";
 }
 
+TEST(RetypedPage, IsThePageThatIsParsed)
+{
+    constexpr std::array<std::string_view, 12> letters{
+        "x", " ", "\r\n", "p;", "\xc3\xa9", "/", "=", "\"", "#", "lt", "b>", "%>"};
+    constexpr std::array<std::string_view, 16> pieces{"text ", "<p>", "</p>", "<b>", "</b>", "<table>",
+        "<td>", "</table>", "<%", "%>", "<script>", "</script>", "&am", "< ", "<a href=\"x\">", "\r\n"};
+    std::mt19937 random(6);
+    int found = 0;
+    for (int round = 0; round < 4000; ++round) {
+        std::string text = "<body>";
+        for (int i = 0; i < 30; ++i)
+            text += pieces[random() % (i % 3 == 0 ? 1 : pieces.size())];
+        auto edited = text;
+        edited.replace(6 + random() % (text.size() - 6), random() % 3, letters[random() % letters.size()]);
+        const auto page = MarkedPage(text).retyped(edited);
+        if (!page)
+            continue;
+        SCOPED_TRACE(text + "\n-> " + edited);
+        ++found;
+        const MarkedPage parsed(edited);
+        EXPECT_EQ(page->text("at"), parsed.text("at"));
+        ASSERT_EQ(page->tree().elements().size(), parsed.tree().elements().size());
+        for (std::size_t i = 0; i < parsed.tree().elements().size(); ++i) {
+            EXPECT_EQ(page->tree().elements()[i].whole, parsed.tree().elements()[i].whole);
+            EXPECT_EQ(page->tree().elements()[i].endTag, parsed.tree().elements()[i].endTag);
+        }
+        ASSERT_EQ(page->texts().size(), parsed.texts().size());
+        for (std::size_t i = 0; i < parsed.texts().size(); ++i)
+            EXPECT_EQ(page->texts()[i].range, parsed.texts()[i].range);
+    }
+    EXPECT_GT(found, 300);
+}
+
 } // namespace
 } // namespace kevra::page
