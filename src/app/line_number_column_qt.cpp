@@ -2,6 +2,7 @@
 #include "app/line_number_column_qt.h"
 
 #include "app/line_numbers.h"
+#include "editor/control_layout_qt.h"
 #include "editor/editor_control_qt.h"
 
 #include <QtCore/QEvent>
@@ -24,9 +25,9 @@ constexpr Colour grey{0xA8A8A8};
 
 } // namespace
 
-LineNumberColumn::LineNumberColumn(EditorControl &document, EditorControl &column)
+LineNumberColumn::LineNumberColumn(EditorControl &control, EditorControl &column)
     : QObject(&column)
-    , m_document(document)
+    , m_control(control)
     , m_column(column)
 {
     column.setReadOnly(true);
@@ -41,10 +42,10 @@ LineNumberColumn::LineNumberColumn(EditorControl &document, EditorControl &colum
     column.viewport()->setCursor(Qt::ArrowCursor);
     column.viewport()->installEventFilter(this);
     column.installEventFilter(this);
-    connect(&document, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
-    connect(&document, &QsciScintillaBase::SCN_PAINTED, this, &LineNumberColumn::level);
+    connect(&control, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
+    connect(&control, &QsciScintillaBase::SCN_PAINTED, this, &LineNumberColumn::level);
     connect(&column, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
-    connect(&document, &QsciScintillaBase::SCN_ZOOM, this, &LineNumberColumn::followZoom);
+    connect(&control, &QsciScintillaBase::SCN_ZOOM, this, &LineNumberColumn::followZoom);
 }
 
 void LineNumberColumn::level()
@@ -58,7 +59,7 @@ void LineNumberColumn::level()
 
 void LineNumberColumn::holdEnoughNumbers()
 {
-    const auto lines = std::clamp<Offset>(m_document.lineCount(), fewestNumbers, mostNumbers);
+    const auto lines = std::clamp<Offset>(m_control.lineCount(), fewestNumbers, mostNumbers);
     const auto needed = static_cast<int>(lines);
     if (needed <= m_numbers && m_numbers < 4 * needed)
         return;
@@ -83,14 +84,14 @@ void LineNumberColumn::greyBelow(Offset lines)
 
 void LineNumberColumn::followZoom()
 {
-    const auto zoom = m_document.SendScintilla(QsciScintillaBase::SCI_GETZOOM);
+    const auto zoom = m_control.SendScintilla(QsciScintillaBase::SCI_GETZOOM);
     m_column.SendScintilla(QsciScintillaBase::SCI_SETZOOM, static_cast<unsigned long>(zoom));
     level();
 }
 
 Offset LineNumberColumn::firstLineHeld(Offset line) const
 {
-    return m_document.lineCount() > mostNumbers ? line - line % cycle : 0;
+    return m_control.lineCount() > mostNumbers ? line - line % cycle : 0;
 }
 
 void LineNumberColumn::clearGaps()
@@ -104,9 +105,9 @@ std::vector<LineNumberColumn::Gap> LineNumberColumn::visibleGaps(Offset firstLin
 {
     std::vector<Gap> gaps;
     const auto held = firstLineHeld(firstLine);
-    const auto end = std::min(firstLine + m_document.linesOnScreen() + 1, m_document.lineCount());
+    const auto end = std::min(firstLine + ControlLayout(m_control).rowsInView() + 1, m_control.lineCount());
     for (auto line = firstLine; line < end; ++line)
-        if (const auto extra = m_document.shownLineCount(line) - 1; extra > 0)
+        if (const auto extra = ControlLayout(m_control).rowCount(line) - 1; extra > 0)
             gaps.emplace_back(line - held, extra);
     return gaps;
 }
@@ -127,12 +128,13 @@ void LineNumberColumn::showGaps(const std::vector<Gap> &gaps)
 
 void LineNumberColumn::followDocument()
 {
-    const auto first = m_document.FirstVisibleLine();
-    const auto line = m_document.topLine();
+    const auto first = m_control.FirstVisibleLine();
+    const auto line = ControlLayout(m_control).topLine();
     showGaps(
-        m_document.RightMargin() == 0 || m_document.breaksLines() ? visibleGaps(line) : std::vector<Gap>());
-    greyBelow(m_document.lineCount() - firstLineHeld(line));
-    const auto wanted = m_column.shownLine(line - firstLineHeld(line)) + first - m_document.shownLine(line);
+        m_control.RightMargin() == 0 || !m_control.breaks().empty() ? visibleGaps(line) : std::vector<Gap>());
+    greyBelow(m_control.lineCount() - firstLineHeld(line));
+    const auto wanted = ControlLayout(m_column).firstRow(line - firstLineHeld(line)) + first
+        - ControlLayout(m_control).firstRow(line);
     if (m_column.FirstVisibleLine() != wanted)
         m_column.SetFirstVisibleLine(wanted);
 }
@@ -140,7 +142,7 @@ void LineNumberColumn::followDocument()
 bool LineNumberColumn::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_column.viewport() && event->type() == QEvent::Wheel)
-        return QCoreApplication::sendEvent(m_document.viewport(), event);
+        return QCoreApplication::sendEvent(m_control.viewport(), event);
     if (event->type() == QEvent::Show || event->type() == QEvent::Resize)
         QMetaObject::invokeMethod(this, &LineNumberColumn::level, Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);

@@ -16,7 +16,7 @@ class EditorControl;
 /// the document has lines. Costs nothing while the column is hidden.
 class LineNumberColumn : public QObject {
 public:
-    LineNumberColumn(EditorControl &document, EditorControl &column);
+    LineNumberColumn(EditorControl &control, EditorControl &column);
 
     void level();
 
@@ -35,7 +35,7 @@ private:
     void greyBelow(Offset lines);
     void followZoom();
 
-    EditorControl &m_document;
+    EditorControl &m_control;
     EditorControl &m_column;
     int m_numbers = 0;
     Offset m_black = 0; ///< the numbers that are black

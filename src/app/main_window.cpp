@@ -260,13 +260,14 @@ void MainWindow::showCaretPlace()
 {
     const auto caret = m_control->anchorAndCaret().caret;
     const auto line = m_control->GetLineFromChar(caret);
-    m_status->setCaret(line + 1, m_control->charactersBefore(caret) + 1);
+    const auto start = m_control->lineRange(line).start;
+    m_status->setCaret(line + 1, m_control->characters().between(start, caret) + 1);
 }
 
 void MainWindow::showCounts()
 {
     if (m_status->showsCounts())
-        m_status->setCounts(m_control->characters(), m_control->lineCount());
+        m_status->setCounts(m_control->characters().all(), m_control->lineCount());
 }
 
 void MainWindow::textChanged()

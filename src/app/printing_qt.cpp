@@ -34,12 +34,12 @@ bool PrintingQt::printDocument()
     QPrinter printer(QPrinter::HighResolution);
     // Before the dialog, where the user may choose others.
     printer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
-    QPrintDialog dialog(&printer, &m_document);
+    QPrintDialog dialog(&printer, &m_control);
     dialog.setWindowTitle("Print The Editor Text");
     if (dialog.exec() != QDialog::Accepted)
         return false;
-    const auto selection = m_document.Selection();
-    return print(printer, selection.empty() ? TextRange{0, m_document.Length()} : selection);
+    const auto selection = m_control.Selection();
+    return print(printer, selection.empty() ? TextRange{0, m_control.Length()} : selection);
 }
 
 bool PrintingQt::print(QPrinter &printer, TextRange range)
@@ -47,18 +47,18 @@ bool PrintingQt::print(QPrinter &printer, TextRange range)
     QPainter painter;
     if (!painter.begin(&printer))
         return false;
-    m_document.paintAll();
-    m_document.SendScintilla(QsciScintillaBase::SCI_SETPRINTWRAPMODE, QsciScintillaBase::SC_WRAP_WORD);
-    m_document.SendScintilla(QsciScintillaBase::SCI_SETPRINTCOLOURMODE, QsciScintillaBase::SC_PRINT_NORMAL);
+    m_control.paintAll();
+    m_control.SendScintilla(QsciScintillaBase::SCI_SETPRINTWRAPMODE, QsciScintillaBase::SC_WRAP_WORD);
+    m_control.SendScintilla(QsciScintillaBase::SCI_SETPRINTCOLOURMODE, QsciScintillaBase::SC_PRINT_NORMAL);
     const QRect page(QPoint(), printer.pageLayout().paintRectPixels(printer.resolution()).size());
-    auto from = static_cast<long>(m_document.controlPosition(range.start));
-    const auto end = static_cast<long>(m_document.controlPosition(range.end));
+    auto from = static_cast<long>(m_control.breaks().toControl(range.start));
+    const auto end = static_cast<long>(m_control.breaks().toControl(range.end));
     const auto pages = wantedPages(printer);
     for (int number = 1; from < end && number <= pages.last; ++number) {
         const bool drawn = number >= pages.first;
         if (drawn && number > pages.first && !printer.newPage())
             return false;
-        const auto next = m_document.SendScintilla(
+        const auto next = m_control.SendScintilla(
             QsciScintillaBase::SCI_FORMATRANGE, static_cast<unsigned long>(drawn), &painter, page, from, end);
         if (next <= from)
             break;

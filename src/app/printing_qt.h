@@ -12,8 +12,8 @@ class EditorControl;
 
 class PrintingQt : public Printing {
 public:
-    explicit PrintingQt(EditorControl &document)
-        : m_document(document)
+    explicit PrintingQt(EditorControl &control)
+        : m_control(control)
     {
     }
 
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] bool print(QPrinter &printer, TextRange range);
 
 private:
-    EditorControl &m_document;
+    EditorControl &m_control;
 };
 
 } // namespace kevra

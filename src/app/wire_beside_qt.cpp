@@ -9,6 +9,7 @@
 #include "beside/page_text_thread.h"
 #include "desktop/process_start_qt.h"
 #include "desktop/text_qt.h"
+#include "editor/control_layout_qt.h"
 #include "editor/reveal_qt.h"
 #include "preview/request_rules.h"
 #include "settings/keys.h"
@@ -212,12 +213,8 @@ void BesideSide::unload()
 
 void BesideSide::prepare(PageTextRequest request)
 {
-    // In two parts, so that the control need not move its gap, which is where the typing goes on.
-    const auto gap = m_document.textPosition(m_document.SendScintilla(QsciScintillaBase::SCI_GETGAPPOSITION));
     std::string copy;
-    copy.reserve(static_cast<std::size_t>(m_document.Length()));
-    copy.append(m_document.Text({0, gap}));
-    copy.append(m_document.Text({gap, m_document.Length()}));
+    copyText(m_document, copy);
     m_thread.start(std::move(copy), std::move(request));
 }
 

@@ -2,6 +2,7 @@
 #include "app/application_qt.h"
 #include "app/wiring_qt.h"
 #include "desktop/text_qt.h"
+#include "editor/control_layout_qt.h"
 #include "editor/reveal_qt.h"
 #include "find/find_dialog.h"
 #include "find/hit_marks_qt.h"
@@ -19,8 +20,8 @@ namespace {
 QRect hitOnScreen(EditorControl &control)
 {
     const auto hit = control.Selection();
-    const auto end = control.viewport()->mapToGlobal(control.bottomLeftOf(hit.end));
-    const auto start = control.viewport()->mapToGlobal(control.bottomLeftOf(hit.start));
+    const auto end = control.viewport()->mapToGlobal(ControlLayout(control).bottomLeft(hit.end));
+    const auto start = control.viewport()->mapToGlobal(ControlLayout(control).bottomLeft(hit.start));
     const int height = control.fontMetrics().height() * 3 / 2;
     return QRect(start, end).normalized().adjusted(0, -height, 0, 0);
 }

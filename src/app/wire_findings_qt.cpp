@@ -13,13 +13,12 @@
 #include "settings/keys.h"
 #include "settings/option_switch.h"
 
+#include "editor/control_layout_qt.h"
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
 
 namespace kevra {
 namespace {
-
-using Sci = QsciScintillaBase;
 
 constexpr std::size_t maxInPage = 500;
 constexpr int listRows = 12; ///< the height of the list, its buttons included
@@ -130,10 +129,7 @@ void FindingsSide::analyseCopy()
 {
     if (!analysesTyping())
         return;
-    // In two parts, so that Scintilla does not move its gap away from the caret.
-    const auto gap = m_control.textPosition(m_control.SendScintilla(Sci::SCI_GETGAPPOSITION));
-    m_copy.assign(m_control.Text({0, gap}));
-    m_copy.append(m_control.Text({gap, m_control.Length()}));
+    copyText(m_control, m_copy);
     m_thread.start({std::move(m_copy), placeOf(m_state), m_commands.revision()});
 }
 
@@ -190,7 +186,7 @@ void FindingsSide::offerFixes()
         menu->addAction(textOf(title).replace("&", "&&"), this, [this, fix] { m_commands.applyFix(fix); });
     }
     menu->setActiveAction(menu->actions().front());
-    const auto place = m_control.bottomLeftOf(m_control.SelStart());
+    const auto place = ControlLayout(m_control).bottomLeft(m_control.SelStart());
     menu->popup(m_control.viewport()->mapToGlobal(place));
 }
 

@@ -9,11 +9,11 @@
 namespace kevra {
 namespace {
 
-void leaveAtTop(EditorSurface &document)
+void leaveAtTop(EditorSurface &surface)
 {
-    document.FinishLines({0, document.Length()});
-    document.SetSelStart(0);
-    document.SetSelColor(colours::black);
+    surface.FinishLines({0, surface.Length()});
+    surface.SetSelStart(0);
+    surface.SetSelColor(colours::black);
 }
 
 } // namespace

@@ -9,11 +9,11 @@
 namespace kevra {
 
 /// Recolours the tags around `touched`; an overlong tag is left as it is.
-void recolourTags(EditorSurface &document, TextRange touched, Colour code);
+void recolourTags(EditorSurface &surface, TextRange touched, Colour code);
 
 /// Recolours the lines of a script that `touched` overlaps, as if they were a script of their own. Black text
 /// in an unfinished line stays black. After a small edit, an overlong line is only marked as unfinished.
-void recolourScript(EditorSurface &document, TextRange touched, Colour code);
+void recolourScript(EditorSurface &surface, TextRange touched, Colour code);
 
 /// Colours new text: black if the document takes no colour, else as the tool set shown colours it.
 void recolourInserted(EditedDocument document, TextRange touched);

@@ -15,63 +15,63 @@ namespace {
 constexpr Offset lookBack = 8;
 
 /// The part of the document that the pass over the region needs.
-TextRange windowFor(const EditorSurface &document, TextRange region)
+TextRange windowFor(const EditorSurface &surface, TextRange region)
 {
     const auto start = std::max<Offset>(region.start - lookBack, 0);
     const auto markStart = std::max<Offset>(region.start - 1, 0);
     // The closing mark may be anywhere after it.
-    if (document.Text({markStart, region.end + 1}).find(placeholderOpening) != std::string_view::npos)
-        return {0, document.Length()};
-    const auto lineEnd = firstOf(document, "\r", region.end);
-    return {start, lineEnd == -1 ? document.Length() : lineEnd + 1};
+    if (surface.Text({markStart, region.end + 1}).find(placeholderOpening) != std::string_view::npos)
+        return {0, surface.Length()};
+    const auto lineEnd = firstOf(surface, "\r", region.end);
+    return {start, lineEnd == -1 ? surface.Length() : lineEnd + 1};
 }
 
-RegionRuns runsOf(const EditorSurface &document, TextRange region, Colour code)
+RegionRuns runsOf(const EditorSurface &surface, TextRange region, Colour code)
 {
-    const auto window = windowFor(document, region);
-    const auto text = window.length() == document.Length() ? document.Text() : document.Text(window);
+    const auto window = windowFor(surface, region);
+    const auto text = window.length() == surface.Length() ? surface.Text() : surface.Text(window);
     auto result = regionRuns(text, {region.start - window.start, region.end - window.start}, code);
     for (auto &run : result.runs)
         run.range = {run.range.start + window.start, run.range.end + window.start};
     return result;
 }
 
-void paint(EditorSurface &document, const ColourRuns &runs)
+void paint(EditorSurface &surface, const ColourRuns &runs)
 {
     if (runs.empty())
         return;
     TextRange whole = runs.front().range;
     for (const auto &run : runs)
         whole = {std::min(whole.start, run.range.start), std::max(whole.end, run.range.end)};
-    document.SetColours(whole, runs, Ground::AsItIs);
+    surface.SetColours(whole, runs, Ground::AsItIs);
 }
 
 } // namespace
 
-bool colourRegion(EditorSurface &document, TextRange region, Colour code)
+bool colourRegion(EditorSurface &surface, TextRange region, Colour code)
 {
-    const auto result = runsOf(document, region, code);
-    paint(document, result.runs);
-    document.SetSelStart(region.end);
-    document.SetSelColor(colours::black);
+    const auto result = runsOf(surface, region, code);
+    paint(surface, result.runs);
+    surface.SetSelStart(region.end);
+    surface.SetSelColor(colours::black);
     return !result.failed;
 }
 
-void recolourRegion(EditorSurface &document, TextRange region, Colour code)
+void recolourRegion(EditorSurface &surface, TextRange region, Colour code)
 {
-    document.SetColours({region.start, region.end + 1}, {});
+    surface.SetColours({region.start, region.end + 1}, {});
     std::vector<TextRange> pieces;
-    forEachPiece(document.Text(region), {0, region.length()}, [&](TextRange piece) {
+    forEachPiece(surface.Text(region), {0, region.length()}, [&](TextRange piece) {
         if (!piece.empty())
             pieces.push_back({piece.start + region.start, piece.end + region.start});
     });
     for (const auto piece : pieces) {
-        const auto result = runsOf(document, piece, code);
-        paint(document, result.runs);
+        const auto result = runsOf(surface, piece, code);
+        paint(surface, result.runs);
         if (result.failed)
             break;
     }
-    document.SetTypingColor(colours::black);
+    surface.SetTypingColor(colours::black);
 }
 
 } // namespace kevra

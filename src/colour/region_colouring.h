@@ -9,10 +9,10 @@ namespace kevra {
 
 /// Paints a region, string literals included, and leaves the caret at its end with a black typing colour.
 /// False if the pass ended early; what it painted before stays.
-bool colourRegion(EditorSurface &document, TextRange region, Colour code);
+bool colourRegion(EditorSurface &surface, TextRange region, Colour code);
 
 /// Makes a region black and paints its pieces outside literals; quotes before the region are ignored.
 /// Caret and selection stay; the typing colour is black.
-void recolourRegion(EditorSurface &document, TextRange region, Colour code);
+void recolourRegion(EditorSurface &surface, TextRange region, Colour code);
 
 } // namespace kevra

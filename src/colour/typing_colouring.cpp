@@ -15,15 +15,15 @@ namespace {
 constexpr Offset fewCharacters = 16; // bytes; enough to distinguish three characters from fewer
 
 /// The number of characters before a position; exact only if it is small.
-Offset charactersBefore(const EditorSurface &document, Offset position)
+Offset charactersBefore(const EditorSurface &surface, Offset position)
 {
-    return characterCount(document.Text({0, std::min(position, fewCharacters)}));
+    return characterCount(surface.Text({0, std::min(position, fewCharacters)}));
 }
 
-Offset previousCharacter(const EditorSurface &document, Offset position)
+Offset previousCharacter(const EditorSurface &surface, Offset position)
 {
     const auto start = std::max<Offset>(position - 4, 0);
-    return start + characterBefore(document.Text({start, position}), position - start);
+    return start + characterBefore(surface.Text({start, position}), position - start);
 }
 
 } // namespace

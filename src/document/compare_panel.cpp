@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/compare_panel.h"
 
+#include "editor/control_layout_qt.h"
 #include "editor/editor_control_qt.h"
 #include "widgets/named_qt.h"
 
@@ -178,7 +179,8 @@ void ComparePanel::goTo(std::size_t difference)
     const auto row = m_comparison.differences[difference];
     for (auto *side : {m_left, m_right}) {
         side->SetSelStart(side->lineRange(row).start);
-        side->SetFirstVisibleLine(std::max<Offset>(0, side->shownLine(row) - side->linesOnScreen() / 3));
+        side->SetFirstVisibleLine(
+            std::max<Offset>(0, ControlLayout(*side).firstRow(row) - ControlLayout(*side).rowsInView() / 3));
     }
     showPlace();
 }

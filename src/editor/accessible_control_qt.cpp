@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/accessible_control_qt.h"
+#include "editor/control_layout_qt.h"
 
 #include "desktop/text_qt.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-/// Bytes of a change that a screen reader is told; who loads a large file is not read all of it.
+/// Longer changes, such as loading a file, are not announced in full.
 constexpr Offset maxAnnouncedBytes = 1 << 20;
 
 QAccessibleInterface *makeInterface(const QString &className, QObject *object)
@@ -70,7 +71,7 @@ void AccessibleControl::countCharacters() const
 int AccessibleControl::offsetOf(Offset position) const
 {
     countCharacters();
-    const auto place = m_control.controlPosition(std::clamp<Offset>(position, 0, m_control.Length()));
+    const auto place = m_control.breaks().toControl(std::clamp<Offset>(position, 0, m_control.Length()));
     const auto line = m_control.SendScintilla(Sci::SCI_LINEFROMPOSITION, static_cast<long>(place));
     const auto start = m_control.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
     return lineOffset(line)
@@ -85,13 +86,13 @@ int AccessibleControl::lineOffset(long line) const
     return static_cast<int>(
         m_control.SendScintilla(Sci::SCI_INDEXPOSITIONFROMLINE, static_cast<unsigned long>(line),
             static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16))
-        - (start - m_control.textPosition(start)));
+        - (start - m_control.breaks().toText(start)));
 }
 
 /// The last of Scintilla's lines that starts at or before an offset.
 long AccessibleControl::lineAtOffset(int offset) const
 {
-    if (!m_control.breaksLines())
+    if (m_control.breaks().empty())
         return m_control.SendScintilla(Sci::SCI_LINEFROMINDEXPOSITION,
             static_cast<unsigned long>(std::max(offset, 0)),
             static_cast<long>(Sci::SC_LINECHARACTERINDEX_UTF16));
@@ -110,8 +111,8 @@ Offset AccessibleControl::positionOf(int offset) const
     const auto start = m_control.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
     const auto place = m_control.SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS,
         static_cast<unsigned long>(start), static_cast<long>(offset - lineOffset(line)));
-    // Scintilla answers 0 for what lies beyond the text.
-    return offset >= characterCount() ? m_control.Length() : m_control.textPosition(place);
+    // Scintilla returns 0 past the end of the text.
+    return offset >= characterCount() ? m_control.Length() : m_control.breaks().toText(place);
 }
 
 void AccessibleControl::selection(int index, int *start, int *end) const
@@ -164,22 +165,22 @@ QString AccessibleControl::text(int start, int end) const
 QString AccessibleControl::textBeforeOffset(
     int offset, QAccessible::TextBoundaryType type, int *start, int *end) const
 {
-    const auto here = stretchAround(resolved(offset), type);
-    return report(here.first > 0 ? stretchAround(here.first - 1, type) : Stretch{-1, -1}, start, end);
+    const auto here = rangeAround(resolved(offset), type);
+    return report(here.first > 0 ? rangeAround(here.first - 1, type) : OffsetRange{-1, -1}, start, end);
 }
 
 QString AccessibleControl::textAfterOffset(
     int offset, QAccessible::TextBoundaryType type, int *start, int *end) const
 {
-    const auto here = stretchAround(resolved(offset), type);
+    const auto here = rangeAround(resolved(offset), type);
     return report(
-        here.second < characterCount() ? stretchAround(here.second, type) : Stretch{-1, -1}, start, end);
+        here.second < characterCount() ? rangeAround(here.second, type) : OffsetRange{-1, -1}, start, end);
 }
 
 QString AccessibleControl::textAtOffset(
     int offset, QAccessible::TextBoundaryType type, int *start, int *end) const
 {
-    return report(stretchAround(resolved(offset), type), start, end);
+    return report(rangeAround(resolved(offset), type), start, end);
 }
 
 int AccessibleControl::resolved(int offset) const
@@ -190,19 +191,19 @@ int AccessibleControl::resolved(int offset) const
     return offset < 0 ? characterCount() : std::min(offset, characterCount());
 }
 
-QString AccessibleControl::report(Stretch stretch, int *start, int *end) const
+QString AccessibleControl::report(OffsetRange stretch, int *start, int *end) const
 {
     std::tie(*start, *end) = stretch;
     return stretch.first < 0 ? QString() : text(stretch.first, stretch.second);
 }
 
-AccessibleControl::Stretch AccessibleControl::lineAround(int offset) const
+AccessibleControl::OffsetRange AccessibleControl::lineAround(int offset) const
 {
-    const auto line = m_control.layoutLineAround(positionOf(offset));
+    const auto line = ControlLayout(m_control).partAround(positionOf(offset));
     return {offsetOf(line.start), offsetOf(line.end)};
 }
 
-AccessibleControl::Stretch AccessibleControl::stretchAround(
+AccessibleControl::OffsetRange AccessibleControl::rangeAround(
     int offset, QAccessible::TextBoundaryType type) const
 {
     if (type == QAccessible::NoBoundary)
@@ -232,9 +233,9 @@ QRect AccessibleControl::characterRect(int offset) const
 {
     const auto position = positionOf(offset);
     const auto after = m_control.SendScintilla(
-        Sci::SCI_POSITIONAFTER, static_cast<long>(m_control.controlPosition(position)));
-    const auto bottom = m_control.bottomLeftOf(position);
-    const auto next = m_control.bottomLeftOf(m_control.textPosition(after));
+        Sci::SCI_POSITIONAFTER, static_cast<long>(m_control.breaks().toControl(position)));
+    const auto bottom = ControlLayout(m_control).bottomLeft(position);
+    const auto next = ControlLayout(m_control).bottomLeft(m_control.breaks().toText(after));
     const auto height = static_cast<int>(m_control.SendScintilla(Sci::SCI_TEXTHEIGHT, 0L));
     const auto width = next.y() == bottom.y() ? next.x() - bottom.x() : 1;
     return {m_control.viewport()->mapToGlobal(bottom - QPoint(0, height)), QSize(std::max(width, 1), height)};
@@ -242,21 +243,21 @@ QRect AccessibleControl::characterRect(int offset) const
 
 int AccessibleControl::offsetAtPoint(const QPoint &point) const
 {
-    return offsetOf(m_control.positionAt(m_control.viewport()->mapFromGlobal(point)));
+    return offsetOf(ControlLayout(m_control).positionAt(m_control.viewport()->mapFromGlobal(point)));
 }
 
 void AccessibleControl::scrollToSubstring(int start, int end)
 {
     m_control.SendScintilla(Sci::SCI_SCROLLRANGE,
-        static_cast<unsigned long>(m_control.controlPosition(positionOf(end))),
-        static_cast<long>(m_control.controlPosition(positionOf(start))));
+        static_cast<unsigned long>(m_control.breaks().toControl(positionOf(end))),
+        static_cast<long>(m_control.breaks().toControl(positionOf(start))));
 }
 
 QString AccessibleControl::attributes(int offset, int *start, int *end) const
 {
     const auto position = positionOf(offset);
     const auto colour = m_control.ColourAt(position);
-    const auto line = m_control.layoutLineAround(position);
+    const auto line = ControlLayout(m_control).partAround(position);
     TextRange same{position, std::min(position + 1, m_control.Length())};
     while (same.start > line.start && m_control.ColourAt(same.start - 1) == colour)
         --same.start;
@@ -286,11 +287,11 @@ void AccessibleControl::replaceText(int start, int end, const QString &text)
     m_control.replaceAsUser({positionOf(start), positionOf(end)}, text.toStdString());
 }
 
-AccessibilityNotifier::AccessibilityNotifier(EditorControl &control, Tell tell)
+AccessibilityNotifier::AccessibilityNotifier(EditorControl &control, Notify notify)
     : QObject(&control)
     , m_control(control)
-    , m_tell(tell)
-    , m_listened(QAccessible::isActive())
+    , m_notify(notify)
+    , m_active(QAccessible::isActive())
 {
     QAccessible::installActivationObserver(this);
     connect(&control, &EditorControl::aboutToRemove, this,
@@ -307,39 +308,39 @@ AccessibilityNotifier::~AccessibilityNotifier()
 
 void AccessibilityNotifier::keepRemoved(Offset position, Offset length)
 {
-    if (m_listened)
+    if (m_active)
         m_removed = textOf(m_control.Text({position, position + std::min(length, maxAnnouncedBytes)}));
 }
 
 void AccessibilityNotifier::textChanged(Offset position, Offset removed, Offset added)
 {
-    auto *interface = m_listened ? interfaceOf(m_control) : nullptr;
+    auto *interface = m_active ? interfaceOf(m_control) : nullptr;
     if (!interface)
         return;
     const auto offset = interface->offsetOf(position);
     if (removed > 0) {
         QAccessibleTextRemoveEvent event(&m_control, offset, std::exchange(m_removed, {}));
-        m_tell(&event);
+        m_notify(&event);
     }
     if (added > 0) {
         const auto end = position + std::min(added, maxAnnouncedBytes);
         QAccessibleTextInsertEvent event(&m_control, offset, textOf(m_control.Text({position, end})));
-        m_tell(&event);
+        m_notify(&event);
     }
 }
 
 void AccessibilityNotifier::caretMoved()
 {
-    auto *interface = m_listened ? interfaceOf(m_control) : nullptr;
+    auto *interface = m_active ? interfaceOf(m_control) : nullptr;
     if (!interface)
         return;
     QAccessibleTextCursorEvent caret(&m_control, interface->cursorPosition());
-    m_tell(&caret);
+    m_notify(&caret);
     int start = 0;
     int end = 0;
     interface->selection(0, &start, &end);
     QAccessibleTextSelectionEvent selection(&m_control, start, end);
-    m_tell(&selection);
+    m_notify(&selection);
 }
 
 } // namespace kevra

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The document control as screen readers see it. Offsets are UTF-16 code units, as everywhere in QAccessible;
-// Scintilla keeps an index of them by line, so that none of this costs more than the line it is about. The
-// library's own interface scans the text from its start at every change and caret move.
+// The accessible interface of the document control. Offsets are UTF-16 code units, as everywhere in
+// QAccessible; Scintilla indexes them by line, so the cost of each function is bounded by a line.
+// QScintilla's own interface scans the text from its start at every change and caret move.
 #pragma once
 
 #include "editor/editor_control_qt.h"
@@ -53,31 +53,31 @@ public:
     [[nodiscard]] Offset positionOf(int offset) const;
 
 private:
-    using Stretch = std::pair<int, int>;
+    using OffsetRange = std::pair<int, int>;
 
-    /// Has Scintilla count the UTF-16 units of the lines from now on, which costs a load more than half of
-    /// its time. Qt makes this interface of every control that is given a name, read to anybody or not.
+    /// Makes Scintilla maintain its index from now on, which slows loading by more than half. On demand,
+    /// since Qt creates this interface for every control with a name, whether or not a screen reader runs.
     void countCharacters() const;
-    /// Where one of Scintilla's lines starts, in the offsets of a screen reader.
+    /// The offset where one of Scintilla's lines starts.
     [[nodiscard]] int lineOffset(long line) const;
     [[nodiscard]] long lineAtOffset(int offset) const;
-    [[nodiscard]] Stretch lineAround(int offset) const;
-    [[nodiscard]] Stretch stretchAround(int offset, QAccessible::TextBoundaryType type) const;
+    [[nodiscard]] OffsetRange lineAround(int offset) const;
+    [[nodiscard]] OffsetRange rangeAround(int offset, QAccessible::TextBoundaryType type) const;
     [[nodiscard]] int resolved(int offset) const;
-    [[nodiscard]] QString report(Stretch stretch, int *start, int *end) const;
+    [[nodiscard]] QString report(OffsetRange stretch, int *start, int *end) const;
 
     EditorControl &m_control;
 };
 
-/// Tells screen readers of the changes of one control, whose child it is. Costs nothing while there are none.
+/// Notifies screen readers of changes of one control, its parent. Costs nothing while there are none.
 class AccessibilityNotifier : public QObject, public QAccessible::ActivationObserver {
 public:
-    using Tell = void (*)(QAccessibleEvent *);
+    using Notify = void (*)(QAccessibleEvent *);
 
-    explicit AccessibilityNotifier(EditorControl &control, Tell tell = QAccessible::updateAccessibility);
+    explicit AccessibilityNotifier(EditorControl &control, Notify notify = QAccessible::updateAccessibility);
     ~AccessibilityNotifier() override;
 
-    void accessibilityActiveChanged(bool active) override { m_listened = active; }
+    void accessibilityActiveChanged(bool active) override { m_active = active; }
 
 private:
     void keepRemoved(Offset position, Offset length);
@@ -85,8 +85,8 @@ private:
     void caretMoved();
 
     EditorControl &m_control;
-    Tell m_tell;
-    bool m_listened;
+    Notify m_notify;
+    bool m_active;
     QString m_removed;
 };
 

@@ -7,7 +7,7 @@
 namespace kevra {
 namespace {
 
-/// Where a position of the text before the change is after it; inside what was removed, at its start.
+/// A position of the old text in the new one; inside removed text it moves to its start.
 Offset moved(Offset position, const TextChange &change)
 {
     if (position >= change.position + change.removed)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What one command changes in a control's text: whose command it is, the change that the control has
-// announced and not yet made, and the stretch that all of its changes have touched. It asks nothing of the
-// control.
+// What one command changes in a control's text: the kind of command, the change announced but not made yet,
+// and the range that all its changes have touched. Independent of the control.
 #pragma once
 
 #include "editor/typing.h"
@@ -10,7 +9,7 @@
 
 namespace kevra {
 
-/// `removed` bytes from `position` on give way to `added` others; counted in the text before.
+/// Replaces `removed` bytes at `position` by `added` bytes; `position` refers to the old text.
 struct TextChange {
     Offset position = 0;
     Offset removed = 0;
@@ -19,21 +18,21 @@ struct TextChange {
 
 class CommandChanges {
 public:
-    /// False within another command, of which this one is a part.
+    /// False within another command, which this one is then part of.
     [[nodiscard]] bool begin(EditKind kind);
-    /// Ends the outermost command: what it has touched, in positions of the text as it is now; nothing when
-    /// it changed nothing.
+    /// Ends the outermost command. Returns what it has touched, as a range of the current text; nothing if it
+    /// changed nothing.
     [[nodiscard]] std::optional<TextRange> end();
     [[nodiscard]] bool inCommand() const { return m_inCommand; }
-    /// Of the command under way; Program between commands.
+    /// The kind of the current command; Program between commands.
     [[nodiscard]] EditKind kind() const { return m_kind; }
 
-    /// The control is about to make this change, and has made it by the time anything else happens.
+    /// The control is about to make this change, and will have made it before the next call.
     void announce(TextChange change) { m_announced = change; }
-    /// The announced change counts as made from now on; nothing when there is none. `added` is what has come
-    /// in, where the control knows better than when it announced it: nothing at all, when it was no text.
+    /// The announced change has been made: returns it, or nothing if there is none. `added` corrects the
+    /// announced length, for insertions that contained breaks; a change without any text is dropped.
     [[nodiscard]] std::optional<TextChange> settle(std::optional<Offset> added = {});
-    /// A stretch counts as touched that no change announces.
+    /// Adds to what was touched without an announced change.
     void touch(TextChange change);
 
 private:

@@ -22,9 +22,9 @@ struct DocumentState {
     bool unsaved = false;
     bool busyLoadingOrSaving = false;
     bool autosaveWritten = false; ///< by this run of the program, and not saved since
-    /// The program itself is changing text or colours, so change handlers stay quiet.
+    /// The program is changing text or colours, so change handlers do nothing.
     bool programmaticChange = false;
-    bool colourApplies = true; ///< the file's type takes colours
+    bool colourApplies = true; ///< the file type is coloured
     bool scriptTools = false; ///< which tools are shown with it
     bool lineDebugOn = true;
 

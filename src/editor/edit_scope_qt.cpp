@@ -57,10 +57,7 @@ void EditorControl::beforeChange(int position, int type, int length)
 {
     settle();
     const auto start = m_breaks.toText(position);
-    if (start < m_counted.line)
-        m_counted = {};
-    else if (start < m_counted.position)
-        countedTo(start);
+    m_characters.aboutToChange(start);
     if (type & SC_MOD_BEFOREINSERT) {
         paintUpTo(start);
         m_wholeKnown = false;
@@ -74,8 +71,7 @@ void EditorControl::beforeChange(int position, int type, int length)
         paintUpTo(old.end);
         if (!old.empty())
             emit aboutToRemove(old.start, old.length());
-        if (m_characters)
-            *m_characters -= characterCount(Text(old));
+        m_characters.aboutToRemove(old);
         m_wholeKnown = false;
         m_breaks.removed(position, length);
         m_changes.announce({old.start, old.length(), 0});
@@ -95,8 +91,7 @@ void EditorControl::settle()
         return;
     m_unpainted.shift(change->added - change->removed);
     const TextRange fresh{change->position, change->position + change->added};
-    if (m_characters)
-        *m_characters += characterCount(Text(fresh));
+    m_characters.inserted(fresh);
     if (!fresh.empty() && insertionColour() != colours::black)
         paint(fresh, styleOf(insertionColour()));
     emit changed(change->position, change->removed, change->added, m_changes.kind());

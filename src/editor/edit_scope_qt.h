@@ -5,8 +5,8 @@
 
 namespace kevra {
 
-/// One command on the control, from whoever: says where its changes come from, and reports them at its end.
-/// A command within another is a part of it.
+/// The scope of one command on the control: sets its kind, and reports its changes at the end. A command
+/// within another is part of it.
 class EditScope {
 public:
     EditScope(EditorControl &control, EditKind kind);
@@ -20,7 +20,7 @@ private:
     TextRange m_selection;
 };
 
-/// Undo takes back in one step what is done while this lives.
+/// Changes during its lifetime are one undo step.
 class UndoStep {
 public:
     explicit UndoStep(EditorControl &control);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The control's colours: which style stands for which, and painting a large text when it is looked at or in
-// the pauses.
+// The control's colours: the style of each colour, and painting large texts in idle time or when they come
+// into view.
+#include "editor/control_layout_qt.h"
 #include "editor/editor_control_qt.h"
 
 #include <algorithm>
@@ -9,13 +10,13 @@
 namespace kevra {
 namespace {
 
-/// A text's tail longer than this is painted when it is looked at.
+/// Longer than this, the rest of a text is painted on demand.
 constexpr Offset paintedLater = Offset{256} * 1024;
 constexpr Offset paintedAhead
-    = Offset{64} * 1024; ///< more than is asked for, so that scrolling does not ask at each line
+    = Offset{64} * 1024; ///< more than requested, so that scrolling does not request each line
 constexpr auto pauseBetweenSlices = std::chrono::milliseconds(10);
 
-/// Lays the colours of the runs over `styles`, which stand for the bytes of `range`.
+/// Sets the styles of the runs in `styles`, which has one for each byte of `range`.
 void layRuns(
     std::string &styles, TextRange range, std::span<const ColourRun> runs, std::span<const char> runStyles)
 {
@@ -72,7 +73,7 @@ void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs,
 void EditorControl::SetPaint(Paint paint)
 {
     settle();
-    // No byte keeps its style: the styles can be numbered as the palette is.
+    // All styles are replaced, so they can be numbered like the palette.
     m_styleColours = std::move(paint.palette);
     for (std::size_t style = 1; style < m_styleColours.size(); ++style)
         send(SCI_STYLESETFORE, static_cast<Offset>(style), m_styleColours[style].value);
@@ -84,7 +85,7 @@ void EditorControl::SetPaint(Paint paint)
 
 void EditorControl::paintLater(Offset start, std::string styles)
 {
-    m_allBlack = false; // also when nothing of it is in view
+    m_allBlack = false; // even if none of it is in view
     m_unpainted.keep(start, std::move(styles));
     paintShown();
     m_paintRest.start();
@@ -109,12 +110,12 @@ void EditorControl::paintAll()
 
 void EditorControl::paintShown()
 {
-    const auto shown = textInView();
+    const auto shown = ControlLayout(*this).textInView();
     const TextRange seen{
         std::max(shown.start, m_unpainted.start()), std::min(shown.end + paintedAhead, Length())};
     if (!m_unpainted.isFarBelow(seen))
         return paintUpTo(seen.end);
-    setStyles(seen.start, m_unpainted.styles(seen)); // and again with the rest
+    setStyles(seen.start, m_unpainted.styles(seen)); // painted again with the rest
 }
 
 int EditorControl::styleOf(Colour colour)

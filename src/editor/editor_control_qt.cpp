@@ -16,19 +16,19 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-/// Bytes beyond a loaded text. Without them the first read, which puts an end mark behind it, would move it
-/// all.
+/// Bytes allocated after a loaded text. Without them the first read, which appends a terminator, would move
+/// the whole text.
 constexpr Offset roomForTyping = Offset{64} * 1024;
 
-/// The marker on the lines that are being written.
+/// The marker on unfinished lines.
 constexpr Offset unfinished = 0;
 constexpr Offset manyLines = 1000;
 
-/// Shown where an overlong line goes on below.
+/// Shown where an overlong line continues below.
 constexpr const char *breakByte = "\xFF";
 constexpr const char *breakSign = "\u21A9";
 
-/// How much of `a` and `b` is alike at the start, not counting a character that is alike in part.
+/// The length of the common start of `a` and `b`, in whole characters.
 Offset commonStart(std::string_view a, std::string_view b)
 {
     auto same = std::ranges::mismatch(a, b).in1 - a.begin();
@@ -56,7 +56,7 @@ EditorControl::EditorControl(QWidget *parent)
     , m_scintilla(SendScintillaPtrResult(SCI_GETDIRECTPOINTER))
     , m_styleColours(1, colours::black)
 {
-    // After the library's own, which comes with its first control.
+    // After the library has installed its own, with its first control.
     AccessibleControl::install();
     setUp();
     bindKeys();
@@ -73,10 +73,10 @@ EditorControl::EditorControl(QWidget *parent)
 
 void EditorControl::setUp()
 {
-    // The font first: many settings have Scintilla load whatever font it has at the time.
+    // The font first, because many settings make Scintilla load its current font.
     applyFont();
-    // Scintilla tells of a change only beforehand: what the library does with the later notification, for
-    // accessibility, costs a scan of the text up to the change.
+    // Only notifications before a change: for those after it the library scans the text up to the change, for
+    // accessibility.
     send(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
     send(SCI_SETCODEPAGE, SC_CP_UTF8);
     send(SCI_SETEOLMODE, SC_EOL_CRLF);
@@ -109,7 +109,7 @@ std::intptr_t EditorControl::send(unsigned message, Offset first, std::intptr_t 
 
 std::intptr_t EditorControl::sendBytes(unsigned message, Offset first, const char *bytes) const
 {
-    // An empty view may point nowhere, which Scintilla refuses.
+    // An empty view may have a null pointer, which Scintilla refuses.
     return send(message, first, reinterpret_cast<std::intptr_t>(bytes ? bytes : ""));
 }
 
@@ -141,7 +141,7 @@ void EditorControl::reserve(Offset size)
 void EditorControl::LoadText(std::string_view text)
 {
     const EditScope scope(*this, EditKind::Program);
-    // Before anything of the old text goes.
+    // Before any of the old text is removed.
     const auto breaks = std::ssize(text) / m_limits.piece + 1;
     reserve(std::ssize(text) + SoftBreaks::markLength * breaks + roomForTyping);
     m_typing = colours::black;
@@ -179,7 +179,7 @@ void EditorControl::Replace(TextRange range, std::string_view text)
     const auto fresh = text.substr(rest, text.size() - rest - static_cast<std::size_t>(keptAtEnd));
     replaceBytes({part.start + kept, part.end - keptAtEnd}, fresh);
     const auto end = part.start + std::ssize(text);
-    // What was alike and stayed is new text too.
+    // The unchanged ends count as new text too.
     const auto style = styleOf(insertionColour());
     paint({part.start, part.start + kept}, style);
     paint({end - keptAtEnd, end}, style);
@@ -190,7 +190,7 @@ void EditorControl::Replace(TextRange range, std::string_view text)
 void EditorControl::replaceBytes(TextRange range, std::string_view text)
 {
     send(SCI_SETREADONLY, 0);
-    // Left alone, the buffers grow by all that comes, although most of it fits where the old text goes.
+    // Otherwise the buffers would grow by the whole new text, although it replaces the old one.
     if (std::ssize(text) > controlLength() / 2)
         send(SCI_ALLOCATE, controlLength() - range.length() + std::ssize(text) + roomForTyping);
     send(SCI_BEGINUNDOACTION);
@@ -206,7 +206,7 @@ void EditorControl::replaceBytes(TextRange range, std::string_view text)
         settle();
     }
     if (!range.empty() || !text.empty())
-        mendBreaks({range.start, range.start + std::ssize(text)});
+        updateBreaks({range.start, range.start + std::ssize(text)});
     send(SCI_ENDUNDOACTION);
     send(SCI_SETREADONLY, m_readOnly);
     settle();
@@ -221,13 +221,13 @@ void EditorControl::Select(TextRange range)
 {
     const EditScope scope(*this, EditKind::Program);
     const auto part = controlRange(inside(range));
-    // What works on the text unseen leaves the view where it is.
+    // Without display the view stays where it is.
     if (!m_displayed) {
         send(SCI_SETSELECTION, part.end, part.start);
         return;
     }
     send(SCI_SETSEL, part.start, part.end);
-    // Up and Down keep to the column of the new place, not of the one before.
+    // Up and Down continue in the new column.
     send(SCI_CHOOSECARETX);
 }
 
@@ -238,7 +238,7 @@ AnchorAndCaret EditorControl::anchorAndCaret() const
 
 void EditorControl::stylesAreUpToDate()
 {
-    // Inserted text got its colour when it came: Scintilla need not ask for what lies behind it.
+    // Inserted text already has its colour, so Scintilla need not request styles for the text after it.
     send(SCI_STARTSTYLING, m_breaks.toControl(std::min(Length(), m_unpainted.start())));
 }
 
@@ -345,13 +345,6 @@ void EditorControl::setSavePoint()
 bool EditorControl::isAtSavePoint() const
 {
     return send(SCI_GETMODIFY) == 0;
-}
-
-Offset EditorControl::characters() const
-{
-    if (!m_characters)
-        m_characters = characterCount(Text());
-    return *m_characters;
 }
 
 } // namespace kevra

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// EditorSurface over Scintilla. Every colour in use is a Scintilla style; undo belongs to the control and
-// knows nothing of colours. Overlong lines are broken in Scintilla's text and nowhere else: positions and
-// lines are the document's in whatever this class takes and gives, and Scintilla's in what it sends.
+// EditorSurface over Scintilla. Every colour in use is a Scintilla style; undo is Scintilla's own and does
+// not include colours. Overlong lines are broken in Scintilla's text only: positions and lines in this
+// class's interface are the document's, those in messages are Scintilla's.
 #pragma once
 
+#include "editor/character_count.h"
 #include "editor/command_changes.h"
 #include "editor/line_edits.h"
 #include "editor/soft_breaks.h"
@@ -47,22 +48,22 @@ public:
     void SetUnfinished(Offset position, bool on) override;
     [[nodiscard]] Offset NextUnfinished(TextRange range) const override;
     [[nodiscard]] Offset GetLineFromChar(Offset position) const override;
-    /// Counts the lines as they are shown: a wrapped line is several.
+    /// Counts rows: a wrapped line is several.
     [[nodiscard]] Offset FirstVisibleLine() const override;
     void SetFirstVisibleLine(Offset line) override;
     void SetDisplay(bool on) override;
     void SetMousePointer(MousePointer pointer) override;
     void SetFocus() override;
 
-    /// Who colours while the user types; not owned, may be null.
+    /// Colours while the user types; not owned, may be null.
     void setTypingHandler(TypingHandler *handler) { m_typingHandler = handler; }
-    /// Read-only for the user; the program still writes.
+    /// Read-only for the user; the program can still change the text.
     void setReadOnly(bool on);
     [[nodiscard]] bool isReadOnly() const { return m_readOnly; }
 
     [[nodiscard]] bool canUndo() const;
     [[nodiscard]] bool canRedo() const;
-    /// May have to ask another program.
+    /// May have to query another program.
     [[nodiscard]] bool clipboardHasText() const;
     void undo();
     void redo();
@@ -70,65 +71,41 @@ public:
     void copy();
     void paste();
     void selectAll();
-    /// Deletes the selection, or the character behind the caret.
-    void deleteForward();
-    /// Replaces a part of the text as the user's own doing: the colouring hears of it, and nothing happens in
-    /// a read-only control.
+    /// Replaces a part of the text as a user's edit: the colouring is notified, and a read-only control does
+    /// nothing.
     void replaceAsUser(TextRange range, std::string_view text);
     [[nodiscard]] AnchorAndCaret anchorAndCaret() const;
-    /// Does what one of the commands on lines has worked out; nothing in a read-only control.
+    /// Applies the edit of a command on lines; does nothing in a read-only control.
     void apply(const std::optional<LineEdit> &edit);
-    /// Takes one level of indentation off the selected lines.
-    void unindent();
-    /// Whether Return begins the new line with the blanks that the line above begins with.
+    /// Whether Return copies the indentation of the line above.
     void setKeepIndentation(bool on) { m_keepIndentation = on; }
-    [[nodiscard]] bool keepsIndentation() const { return m_keepIndentation; }
 
-    /// Which lines are shown on several; for the texts that come from now on.
+    /// Sets which lines are broken, for texts loaded from now on.
     void setLineLimits(const LineLimits &limits) { m_limits = limits; }
-    /// Whether there is a line that is shown on several.
-    [[nodiscard]] bool breaksLines() const { return !m_breaks.empty(); }
-    /// Where a position of the text is in Scintilla's, and the other way round: for its own messages.
-    [[nodiscard]] Offset controlPosition(Offset position) const { return m_breaks.toControl(position); }
-    [[nodiscard]] Offset textPosition(Offset control) const { return m_breaks.toText(control); }
+    /// Converts positions for messages sent to Scintilla directly.
+    [[nodiscard]] const SoftBreaks &breaks() const { return m_breaks; }
 
-    /// Before something else than the window shows the text: what waits to be painted does not wait longer.
+    /// Applies all pending colours, for a reader other than the window.
     void paintAll();
-    /// The text as it is now is what the file holds.
+    /// Marks the current text as what the file holds.
     void setSavePoint();
     [[nodiscard]] bool isAtSavePoint() const;
 
-    /// The characters of the text, a line break counting two. Counted once for each text and kept up to date.
-    [[nodiscard]] Offset characters() const;
-    /// Those on its line before a position.
-    [[nodiscard]] Offset charactersBefore(Offset position) const;
+    [[nodiscard]] const CharacterCount &characters() const { return m_characters; }
     [[nodiscard]] Offset lineCount() const;
     [[nodiscard]] TextRange lineRange(Offset line) const; ///< without the line break
-    /// The line, or the part of an overlong one, that a position is on, with its line break.
-    [[nodiscard]] TextRange layoutLineAround(Offset position) const;
-    /// What stands on the lines that are in view, and the line at the top.
-    [[nodiscard]] TextRange textInView() const;
-    [[nodiscard]] Offset topLine() const;
-    /// The first of the lines shown that hold a line of the text, and how many they are.
-    [[nodiscard]] Offset shownLine(Offset line) const;
-    [[nodiscard]] Offset shownLineCount(Offset line) const;
-    [[nodiscard]] Offset linesOnScreen() const;
-    /// The place of a character's left bottom corner in the control's own coordinates.
-    [[nodiscard]] QPoint bottomLeftOf(Offset position) const;
-    /// The position between characters that is nearest to a place in the control's own coordinates.
-    [[nodiscard]] Offset positionAt(QPoint place) const;
 
 signals:
-    /// The text from `position` is about to go and can be read a last time; not changed from here.
+    /// The text is about to be removed. It can still be read, and must not be changed.
     void aboutToRemove(kevra::Offset position, kevra::Offset length);
-    /// The text has changed, once for every stretch; `position` and `removed` count in the text before.
+    /// A range of the text has changed; `position` and `removed` refer to the old text.
     void changed(kevra::Offset position, kevra::Offset removed, kevra::Offset added, kevra::EditKind kind);
-    /// Caret or selection are elsewhere.
+    /// The caret or the selection has changed.
     void caretMoved();
     void firstVisibleLineChanged(kevra::Offset line);
     void savePointChanged(bool atSavePoint);
     void readOnlyChanged(bool readOnly);
-    /// After a whole command of the user's, when `touched` has changed.
+    /// A user's command has ended; `touched` is what it changed.
     void edited(kevra::TextRange touched, kevra::EditKind kind);
 
 protected:
@@ -147,49 +124,50 @@ protected:
     [[nodiscard]] QMimeData *toMimeData(const QByteArray &text, bool rectangular) const override;
 
 private:
+    friend class ControlLayout;
     friend class EditScope;
     friend class UndoStep;
 
     std::intptr_t send(unsigned message, Offset first = 0, std::intptr_t second = 0) const;
     std::intptr_t sendBytes(unsigned message, Offset first, const char *bytes) const;
     void setUp();
-    /// Room for a text of that size; throws when there is none.
+    /// Allocates memory for a text of that size; throws std::bad_alloc.
     void reserve(Offset size);
     void bindKeys();
     void connectPainting();
     [[nodiscard]] TextRange inside(TextRange range) const;
     [[nodiscard]] int styleOf(Colour colour);
-    /// The colour of text that comes in now.
+    /// The colour of text inserted now.
     [[nodiscard]] Colour insertionColour() const;
     [[nodiscard]] std::string stylesIn(TextRange range) const;
     void applyFont();
     void replaceBytes(TextRange range, std::string_view text);
     [[nodiscard]] std::string_view textWithoutBreaks() const;
     [[nodiscard]] Offset controlLength() const;
-    /// Scintilla's first line of a line.
+    /// The first of Scintilla's lines for a line.
     [[nodiscard]] Offset controlLine(Offset line) const;
     [[nodiscard]] TextRange controlRange(TextRange range) const;
-    Offset countedTo(Offset position) const;
     [[nodiscard]] std::string_view bytesInControl(Offset start, Offset length) const;
     void appendWithBreaks(std::string_view text);
-    /// Breaks what has become too long, and joins what has become empty, where an edit ends.
-    void mendBreaks(TextRange edited);
-    void mendBreaksAt(Offset position);
-    /// Between the two bytes of a break there is no place for a caret.
+    /// Breaks lines that the edit made too long, and removes breaks that are no longer needed.
+    void updateBreaks(TextRange edited);
+    void updateBreaksAt(Offset position);
+    /// Moves anchor and caret out of the bytes of a break.
     void leaveBreaks();
     void moveByKey(QKeyEvent &event);
-    void mendAfterKey(Offset lengthBefore);
+    void updateBreaksAfterKey(Offset lengthBefore);
     void deleteWord(int key);
     void indentLines();
+    void unindentLines();
     void paint(TextRange range, int style);
     void setStyles(Offset start, std::string_view styles);
-    /// What can be seen at once, the rest in the pauses and when it is looked at.
+    /// Paints what is in view now, the rest in idle time or when it comes into view.
     void paintLater(Offset start, std::string styles);
     void paintShown();
     void paintUpTo(Offset end);
     void stylesAreUpToDate();
     void beforeChange(int position, int type, int length);
-    /// The bytes of text in what has come in; nothing when that is known already.
+    /// The length of the inserted text without breaks; nothing if it is known already.
     std::optional<Offset> readInserted();
     void settle();
     void announce();
@@ -201,7 +179,7 @@ private:
     void announceCharacter(char32_t character);
     void breakLine(QKeyEvent &event);
     [[nodiscard]] bool selectsLines() const;
-    /// Undo takes back what comes now together with the strokes before, where they belong together.
+    /// Continues the current undo step if the stroke belongs to it, else begins a new one.
     void beginStroke(Stroke stroke, UndoSteps::Milliseconds time);
     void endUndoStep();
     void insertAsUser(TextRange range, const QMimeData *source, EditKind kind);
@@ -211,10 +189,10 @@ private:
     using Direct = std::intptr_t (*)(void *, unsigned, std::uintptr_t, std::intptr_t);
     Direct m_direct = nullptr;
     void *m_scintilla = nullptr;
-    std::vector<Colour> m_styleColours; ///< by style; the styles that Scintilla keeps for itself stay black
+    std::vector<Colour> m_styleColours; ///< by style; Scintilla's reserved styles stay black
     UnpaintedStyles m_unpainted;
     QTimer m_paintRest;
-    bool m_allBlack = true; ///< no colour has been given since the text was loaded
+    bool m_allBlack = true; ///< no colour was applied since the text was loaded
     Colour m_typing = colours::black;
     EditorFont m_font{"Courier New", 10};
     int m_rightMargin = noWrapMargin;
@@ -225,22 +203,16 @@ private:
     CommandChanges m_changes;
     UndoSteps m_undoSteps;
     bool m_undoStepOpen = false;
-    bool m_composing = false; ///< an input method has text in the document that may still change
+    bool m_composing = false; ///< the document has provisional text of an input method
     SoftBreaks m_breaks;
     LineLimits m_limits;
-    bool m_breaking = false; ///< what is inserted now has breaks in it
-    mutable std::string m_whole; ///< the text without its breaks, while that is known
+    bool m_breaking = false; ///< the text being inserted contains breaks
+    mutable std::string m_whole; ///< the text without breaks, if m_wholeKnown
     mutable bool m_wholeKnown = false;
     mutable std::string m_part;
-    /// What has come into Scintilla's text and has still to be looked at for breaks.
+    /// Inserted into Scintilla's text and not searched for breaks yet.
     std::optional<TextRange> m_inserted;
-    mutable std::optional<Offset> m_characters; ///< once somebody has asked
-    struct Counted {
-        Offset line = 0; ///< where it starts
-        Offset position = 0;
-        Offset characters = 0;
-    };
-    mutable Counted m_counted; ///< from the start of a line to the place last asked about
+    CharacterCount m_characters{*this};
     AnchorAndCaret m_knownSelection;
     Offset m_knownFirstLine = 0;
     bool m_knownSavePoint = true;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the user does to the control: clipboard, mouse, drag and drop; keys are in editor_keys_qt.cpp.
 #include "desktop/text_qt.h"
+#include "editor/control_layout_qt.h"
 #include "editor/edit_scope_qt.h"
 #include "editor/editor_control_qt.h"
 #include "encoding/line_ends.h"
@@ -72,20 +73,15 @@ void EditorControl::paste()
 
 void EditorControl::insertAsUser(TextRange range, const QMimeData *source, EditKind kind)
 {
-    // Scintilla's own way ends at the first NUL.
+    // Scintilla's own command stops at the first NUL.
     if (m_readOnly || !source || !canInsertFromMimeData(source))
         return;
     const auto text = toCrLf(source->text().toStdString());
     const EditScope scope(*this, kind);
-    // Also where it equals what stood there: the user has put it in, and can take it back.
+    // Even if it equals the old text: the user's edit can be undone.
     replaceBytes(range, text);
     const auto end = range.start + std::ssize(text);
     Select({end, end});
-}
-
-void EditorControl::deleteForward()
-{
-    command(EditKind::Delete, SCI_CLEAR);
 }
 
 void EditorControl::selectAll()
@@ -117,12 +113,12 @@ bool EditorControl::selectsLines() const
     return GetLineFromChar(anchor) != GetLineFromChar(caret);
 }
 
-void EditorControl::unindent()
+void EditorControl::unindentLines()
 {
     apply(unindentedLines(*this, anchorAndCaret(), send(SCI_GETTABWIDTH)));
 }
 
-/// Scintilla's own command would indent each part of a broken line.
+/// Scintilla's own command would also indent each part of a broken line.
 void EditorControl::indentLines()
 {
     if (m_breaks.empty())
@@ -194,14 +190,14 @@ void EditorControl::pasteSelectionAt(QPoint place)
     setFocus(Qt::MouseFocusReason);
     if (!clipboard->supportsSelection())
         return;
-    const auto position = positionAt(place);
+    const auto position = ControlLayout(*this).positionAt(place);
     insertAsUser({position, position}, clipboard->mimeData(QClipboard::Selection), EditKind::Paste);
 }
 
-/// The menu of the right button acts on what was clicked; a selection stays when it was that.
+/// The context menu acts on the clicked position, or on the selection if that was clicked.
 void EditorControl::placeCaretFor(QPoint place)
 {
-    const auto position = positionAt(place);
+    const auto position = ControlLayout(*this).positionAt(place);
     const auto selection = Selection();
     if (!selection.empty() && position >= selection.start && position <= selection.end)
         return;
@@ -213,7 +209,7 @@ void EditorControl::placeCaretFor(QPoint place)
 void EditorControl::mouseMoveEvent(QMouseEvent *event)
 {
     const auto before = anchorAndCaret();
-    // Dragging runs in here, with the drop as a command of its own.
+    // Runs the drag; the drop is a command of its own.
     QsciScintillaBase::mouseMoveEvent(event);
     const EditScope scope(*this, EditKind::Drop);
     if (m_typingHandler && anchorAndCaret() != before)
@@ -254,12 +250,12 @@ void EditorControl::dropEvent(QDropEvent *event)
     event->acceptProposedAction();
     dragLeaveEvent(nullptr);
     const EditScope scope(*this, EditKind::Drop);
-    auto position = positionAt(event->position().toPoint());
+    auto position = ControlLayout(*this).positionAt(event->position().toPoint());
     const auto length = Length();
     send(SCI_BEGINUNDOACTION);
     const auto dragged = Selection();
     const bool moved = event->source() == this && event->dropAction() == Qt::MoveAction;
-    // The text first, as taking it out of its old place changes what the drag carries.
+    // The text first, since removing it from its old place changes the drag's data.
     const auto text = toCrLf(event->mimeData()->text().toStdString());
     if (moved && position > dragged.start)
         position = std::max(dragged.start, position - dragged.length());
@@ -269,7 +265,7 @@ void EditorControl::dropEvent(QDropEvent *event)
     Replace({position, position}, text);
     send(SCI_ENDUNDOACTION);
     Select({position, position + Length() - before});
-    // The next key goes on where the text went, and undo takes it back there.
+    // Typing continues here, and undo acts on this control.
     activateWindow();
     setFocus(Qt::OtherFocusReason);
 }
@@ -281,10 +277,10 @@ bool EditorControl::canInsertFromMimeData(const QMimeData *source) const
 
 QMimeData *EditorControl::toMimeData(const QByteArray &, bool) const
 {
-    // The selection itself: what Scintilla hands over ends at the first NUL.
+    // The selection itself, since Scintilla's text stops at the first NUL.
     const auto text = Text(Selection());
     auto *mime = new QMimeData;
-    // With the desktop's line breaks: elsewhere the document's show as marks or as empty lines.
+    // With the desktop's line breaks, which other programs expect.
     mime->setText(textOf(text).replace("\r\n", "\n"));
     return mime;
 }

@@ -23,8 +23,8 @@ constexpr int none = 0;
 constexpr int shift = Sci::SCMOD_SHIFT;
 constexpr int ctrl = Sci::SCMOD_CTRL;
 
-// Moving, selecting and deleting as every editor on the desktop has them. Scintilla's own table has a few
-// more, which take a line away at a key that means something else elsewhere.
+// The usual keys for moving, selecting and deleting. Scintilla's own table has more, such as one that deletes
+// a line with a key that means something else in other programs.
 constexpr std::array keyBindings{
     KeyBinding{Sci::SCK_DOWN, none, Sci::SCI_LINEDOWN},
     KeyBinding{Sci::SCK_DOWN, shift, Sci::SCI_LINEDOWNEXTEND},
@@ -82,7 +82,7 @@ constexpr std::array editKeys{
     EditKey{QKeySequence::SelectAll, &EditorControl::selectAll},
 };
 
-/// Control or Alt alone make a command of a key; both together are the third level of some keyboards.
+/// With Control or Alt alone a key is a command; both together are AltGr on some keyboards.
 bool isText(const QKeyEvent &event)
 {
     const bool control = event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
@@ -119,7 +119,7 @@ void EditorControl::keyPressEvent(QKeyEvent *event)
         }
         return modified ? event->ignore() : typeKey(*event, U'\t');
     case Qt::Key_Backtab:
-        return unindent();
+        return unindentLines();
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
         return deleteByKey(*event);
@@ -136,10 +136,10 @@ void EditorControl::moveByKey(QKeyEvent &event)
     const EditScope scope(*this, EditKind::Typing);
     const auto before = anchorAndCaret();
     const bool sideways = event.key() == Qt::Key_Left || event.key() == Qt::Key_Right;
-    // Without its text: Scintilla would type the letter of a menu's key.
+    // Without its text, since Scintilla would insert the letter of a menu key.
     QKeyEvent command(event.type(), event.key(), event.modifiers());
     QsciScintillaBase::keyPressEvent(&command);
-    // Over a break, which is no step in the text.
+    // Skips a break, which is not a step in the text.
     for (auto place = Offset{-1}; !m_breaks.empty() && sideways && anchorAndCaret() == before;) {
         if (place == std::exchange(place, send(SCI_GETCURRENTPOS)))
             break;
@@ -157,12 +157,12 @@ void EditorControl::typeKey(QKeyEvent &event, char32_t character)
         if (character == U'\r')
             breakLine(event);
         else if (!m_breaks.empty() && !m_readOnly)
-            sendBytes(SCI_REPLACESEL, 0, "\t"); // Scintilla's command is about its own lines
+            sendBytes(SCI_REPLACESEL, 0, "\t"); // Scintilla's command would act on its own lines
         else
             QsciScintillaBase::keyPressEvent(&event);
         m_undoSteps.strokeDone(anchorAndCaret());
     }
-    // Told at once and not when the key comes up: a quick typist has the next key down by then.
+    // At once and not on key release, when the next key may already be pressed.
     if (character == U'\r' && m_typingHandler && !m_readOnly)
         m_typingHandler->keyReleased(keys::enter);
 }
@@ -198,7 +198,7 @@ void EditorControl::deleteByKey(QKeyEvent &event)
                     event.key() == Qt::Key_Delete ? m_breaks.toControl(SelStart())
                                                   : m_breaks.toControlBefore(SelStart()));
             QsciScintillaBase::keyPressEvent(&event);
-            mendAfterKey(length);
+            updateBreaksAfterKey(length);
             m_undoSteps.strokeDone(anchorAndCaret());
         } else {
             const UndoStep step(*this);
@@ -206,21 +206,21 @@ void EditorControl::deleteByKey(QKeyEvent &event)
                 deleteWord(event.key());
             else
                 QsciScintillaBase::keyPressEvent(&event);
-            mendAfterKey(length);
+            updateBreaksAfterKey(length);
         }
     }
     if (event.key() == Qt::Key_Delete && m_typingHandler && !m_readOnly)
         m_typingHandler->keyReleased(keys::del);
 }
 
-void EditorControl::mendAfterKey(Offset lengthBefore)
+void EditorControl::updateBreaksAfterKey(Offset lengthBefore)
 {
     settle();
-    if (Length() != lengthBefore) // or undo would have nothing to show
-        mendBreaksAt(SelStart());
+    if (Length() != lengthBefore) // otherwise there is nothing to undo
+        updateBreaksAt(SelStart());
 }
 
-/// Scintilla's own command may end inside a break.
+/// Scintilla's own command may stop inside a break.
 void EditorControl::deleteWord(int key)
 {
     for (auto place = Offset{-1}; Selection().empty();) {
@@ -262,8 +262,8 @@ void EditorControl::endUndoStep()
 
 void EditorControl::announceCharacter(char32_t character)
 {
-    // An input method commits several characters in one command: the last one gets its colour before the
-    // next one's is chosen.
+    // An input method may commit several characters at once: settles the last one before the colour of the
+    // next is chosen.
     settle();
     if (m_typingHandler && !m_readOnly)
         m_typingHandler->keyTyped(character);
@@ -277,13 +277,12 @@ void EditorControl::inputMethodEvent(QInputMethodEvent *event)
         constexpr UndoSteps::Milliseconds unknown = 0;
         beginStroke({Stroke::Action::Insert, strokeKind(character)}, unknown);
     };
-    // Scintilla takes composed text back by its own means, which know no open step.
+    // Scintilla removes provisional text by an undo of its own, which must not be inside an open step.
     if (m_composing || committed.empty())
         endUndoStep();
     else
         beginCommit(committed.front());
-    // Takes back what was composed so far, so that the characters to come are announced in the text without
-    // it.
+    // Removes the provisional text, so that the committed characters are announced without it.
     QInputMethodEvent nothing;
     QsciScintillaBase::inputMethodEvent(&nothing);
     if (event->replacementLength() > 0) {

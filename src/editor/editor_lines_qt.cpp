@@ -4,16 +4,15 @@
 
 #include "editor/edit_scope_qt.h"
 #include "text/flag_guard.h"
-#include "text/words.h"
 
 #include <algorithm>
 
 namespace kevra {
 namespace {
 
-constexpr std::size_t appendedAtOnce = 1 << 20; ///< bytes; a second copy of the whole text would be too much
+constexpr std::size_t appendedAtOnce = 1 << 20; ///< bytes; avoids a second copy of the whole text
 
-/// From a position of the text up to the last line end before `most` bytes, or the end of a piece.
+/// The length of the whole lines in the first `most` bytes, or of one longer line.
 std::size_t wholeLines(std::string_view text, std::size_t most)
 {
     if (text.size() <= most)
@@ -64,7 +63,7 @@ Offset EditorControl::controlLength() const
     return send(SCI_GETLENGTH);
 }
 
-/// Without the breaks at its ends.
+/// In Scintilla's text, without breaks at its ends.
 TextRange EditorControl::controlRange(TextRange range) const
 {
     const auto start = m_breaks.toControl(range.start);
@@ -83,14 +82,14 @@ void EditorControl::appendWithBreaks(std::string_view text)
     }
 }
 
-void EditorControl::mendBreaks(TextRange edited)
+void EditorControl::updateBreaks(TextRange edited)
 {
-    mendBreaksAt(edited.end);
+    updateBreaksAt(edited.end);
     if (!edited.empty())
-        mendBreaksAt(edited.start);
+        updateBreaksAt(edited.start);
 }
 
-void EditorControl::mendBreaksAt(Offset position)
+void EditorControl::updateBreaksAt(Offset position)
 {
     const auto line = send(SCI_LINEFROMPOSITION, m_breaks.toControl(position));
     const auto start = send(SCI_POSITIONFROMLINE, line);
@@ -140,7 +139,7 @@ std::optional<Offset> EditorControl::readInserted()
 
 Offset EditorControl::controlLine(Offset line) const
 {
-    // The breaks in the lines before; each break is on the line that many fewer than Scintilla's.
+    // Binary search for the breaks before the line: break i is on Scintilla's line minus i.
     Offset first = 0;
     auto last = m_breaks.count();
     while (first < last) {
@@ -151,31 +150,6 @@ Offset EditorControl::controlLine(Offset line) const
             last = middle;
     }
     return line + first;
-}
-
-/// Counts from where it counted last, for a caret that goes step by step through megabytes.
-Offset EditorControl::countedTo(Offset position) const
-{
-    constexpr Offset step = Offset{64} * 1024;
-    if (position - m_counted.line < m_counted.position - position)
-        m_counted = {m_counted.line, m_counted.line, 0};
-    while (m_counted.position < position) {
-        const auto end = std::min(m_counted.position + step, position);
-        m_counted.characters += characterCount(Text({m_counted.position, end}));
-        m_counted.position = end;
-    }
-    if (position < m_counted.position)
-        m_counted.characters -= characterCount(Text({position, m_counted.position}));
-    m_counted.position = position;
-    return m_counted.characters;
-}
-
-Offset EditorControl::charactersBefore(Offset position) const
-{
-    const auto line = lineRange(GetLineFromChar(position)).start;
-    if (line != m_counted.line)
-        m_counted = {line, line, 0};
-    return countedTo(position);
 }
 
 Offset EditorControl::lineCount() const
@@ -189,61 +163,6 @@ TextRange EditorControl::lineRange(Offset line) const
     const auto last = m_breaks.empty() ? first : controlLine(line + 1) - 1;
     return {m_breaks.toText(send(SCI_POSITIONFROMLINE, first)),
         m_breaks.toText(send(SCI_GETLINEENDPOSITION, last))};
-}
-
-TextRange EditorControl::layoutLineAround(Offset position) const
-{
-    const auto line = send(SCI_LINEFROMPOSITION, m_breaks.toControl(position));
-    const auto end
-        = line + 1 < send(SCI_GETLINECOUNT) ? send(SCI_POSITIONFROMLINE, line + 1) : controlLength();
-    return {m_breaks.toText(send(SCI_POSITIONFROMLINE, line)), m_breaks.toText(end)};
-}
-
-TextRange EditorControl::textInView() const
-{
-    const auto first = FirstVisibleLine();
-    const auto last = send(SCI_DOCLINEFROMVISIBLE, first + linesOnScreen() + 1);
-    const auto start = send(SCI_POSITIONFROMLINE, send(SCI_DOCLINEFROMVISIBLE, first));
-    const auto end = send(SCI_GETLINEENDPOSITION, std::min<Offset>(last, send(SCI_GETLINECOUNT) - 1));
-    return {m_breaks.toText(start), m_breaks.toText(end)};
-}
-
-Offset EditorControl::topLine() const
-{
-    const auto line = send(SCI_DOCLINEFROMVISIBLE, FirstVisibleLine());
-    return line - m_breaks.countBefore(send(SCI_POSITIONFROMLINE, line));
-}
-
-Offset EditorControl::shownLine(Offset line) const
-{
-    return send(SCI_VISIBLEFROMDOCLINE, controlLine(line));
-}
-
-Offset EditorControl::shownLineCount(Offset line) const
-{
-    const auto first = controlLine(line);
-    if (m_breaks.empty())
-        return send(SCI_WRAPCOUNT, first);
-    const auto last = controlLine(line + 1) - 1;
-    return send(SCI_VISIBLEFROMDOCLINE, last) + send(SCI_WRAPCOUNT, last)
-        - send(SCI_VISIBLEFROMDOCLINE, first);
-}
-
-Offset EditorControl::linesOnScreen() const
-{
-    return send(SCI_LINESONSCREEN);
-}
-
-QPoint EditorControl::bottomLeftOf(Offset position) const
-{
-    const auto place = m_breaks.toControl(position);
-    return {static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, place)),
-        static_cast<int>(send(SCI_POINTYFROMPOSITION, 0, place) + send(SCI_TEXTHEIGHT, 0))};
-}
-
-Offset EditorControl::positionAt(QPoint place) const
-{
-    return m_breaks.toText(send(SCI_POSITIONFROMPOINT, place.x(), place.y()));
 }
 
 std::string EditorControl::stylesIn(TextRange range) const

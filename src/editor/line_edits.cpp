@@ -21,14 +21,14 @@ std::string_view trimmed(std::string_view text)
     return text.substr(start, text.find_last_not_of(blanks) + 1 - start);
 }
 
-/// The lines that are selected, without the last one's break. A selection that ends at the start of a line
-/// does not reach into it.
-TextRange selectedLines(const EditorSurface &document, AnchorAndCaret selection)
+/// The selected lines, without the last line break. A selection that ends at the start of a line does not
+/// include it.
+TextRange selectedLines(const EditorSurface &surface, AnchorAndCaret selection)
 {
     TextRange range{std::min(selection.anchor, selection.caret), std::max(selection.anchor, selection.caret)};
-    if (!range.empty() && lineStart(document, range.end) == range.end)
+    if (!range.empty() && lineStart(surface, range.end) == range.end)
         range.end -= breakLength;
-    return linesOf(document, range);
+    return linesOf(surface, range);
 }
 
 std::vector<std::string_view> splitIntoLines(std::string_view text)
@@ -42,7 +42,7 @@ std::vector<std::string_view> splitIntoLines(std::string_view text)
     return lines;
 }
 
-/// Bytes of a line that go, and what comes in their place.
+/// Bytes of a line, and their replacement.
 struct Splice {
     Offset at = 0;
     Offset removed = 0;
@@ -52,7 +52,7 @@ struct Splice {
 struct LineChange {
     std::string_view line;
     Splice opening;
-    Splice closing; ///< behind the other
+    Splice closing; ///< after the other
 
     [[nodiscard]] std::string result() const
     {
@@ -62,7 +62,7 @@ struct LineChange {
                 static_cast<std::size_t>(splice.at), static_cast<std::size_t>(splice.removed), splice.added);
         return text;
     }
-    /// Where a place in the line is afterwards.
+    /// The new position of a position in the line.
     [[nodiscard]] Offset moved(Offset place) const
     {
         auto result = place;
@@ -98,7 +98,7 @@ LineChange uncommented(std::string_view line, const CommentMarks &marks)
     const auto core = trimmed(line);
     if (core.empty())
         return {line, {}, {}};
-    // With the blanks that belong to the marks, where they stand.
+    // With the blanks of the marks, if they are there.
     const auto opening = std::ssize(core.starts_with(marks.opening) ? marks.opening : trimmed(marks.opening));
     const auto inside = core.substr(static_cast<std::size_t>(opening));
     const auto closing = std::ssize(inside.ends_with(marks.closing) ? marks.closing : trimmed(marks.closing));
@@ -163,10 +163,10 @@ CommentMarks commentMarks(std::string_view extension, bool scriptTools)
 }
 
 std::optional<LineEdit> toggledComments(
-    const EditorSurface &document, AnchorAndCaret selection, const CommentMarks &marks)
+    const EditorSurface &surface, AnchorAndCaret selection, const CommentMarks &marks)
 {
-    const auto range = selectedLines(document, selection);
-    const std::string text(document.Text(range));
+    const auto range = selectedLines(surface, selection);
+    const std::string text(surface.Text(range));
     const auto lines = splitIntoLines(text);
     const bool all = std::ranges::all_of(lines,
         [&](std::string_view line) { return trimmed(line).empty() || isComment(trimmed(line), marks); });
@@ -174,58 +174,58 @@ std::optional<LineEdit> toggledComments(
         [&](std::string_view line) { return all ? uncommented(line, marks) : commented(line, marks); });
 }
 
-std::optional<LineEdit> unindentedLines(const EditorSurface &document, AnchorAndCaret selection, Offset level)
+std::optional<LineEdit> unindentedLines(const EditorSurface &surface, AnchorAndCaret selection, Offset level)
 {
-    const auto range = selectedLines(document, selection);
-    return changedLines(range, std::string(document.Text(range)), selection,
+    const auto range = selectedLines(surface, selection);
+    return changedLines(range, std::string(surface.Text(range)), selection,
         [&](std::string_view line) { return unindented(line, level); });
 }
 
-std::optional<LineEdit> movedLines(const EditorSurface &document, AnchorAndCaret selection, Move direction)
+std::optional<LineEdit> movedLines(const EditorSurface &surface, AnchorAndCaret selection, Move direction)
 {
-    const auto lines = selectedLines(document, selection);
+    const auto lines = selectedLines(surface, selection);
     const bool up = direction == Move::Up;
-    if (up ? lines.start == 0 : lines.end == document.Length())
+    if (up ? lines.start == 0 : lines.end == surface.Length())
         return std::nullopt;
     const auto beside = up ? lines.start - breakLength : lines.end + breakLength;
-    const auto other = linesOf(document, {beside, beside});
+    const auto other = linesOf(surface, {beside, beside});
     const TextRange both{std::min(lines.start, other.start), std::max(lines.end, other.end)};
-    auto text = std::string(document.Text(up ? lines : other));
+    auto text = std::string(surface.Text(up ? lines : other));
     text += lineBreak;
-    text += document.Text(up ? other : lines);
+    text += surface.Text(up ? other : lines);
     const auto by = other.length() + breakLength;
     const auto shift = up ? -by : by;
-    // The end of a selection of whole lines may stand below the last line of all.
-    const auto moved = [&](Offset place) { return std::min(place + shift, document.Length()); };
+    // A selection of whole lines may end after the last line of the text.
+    const auto moved = [&](Offset place) { return std::min(place + shift, surface.Length()); };
     return LineEdit{both, std::move(text), {moved(selection.anchor), moved(selection.caret)}};
 }
 
-std::optional<LineEdit> duplicatedLines(const EditorSurface &document, AnchorAndCaret selection)
+std::optional<LineEdit> duplicatedLines(const EditorSurface &surface, AnchorAndCaret selection)
 {
-    const auto lines = selectedLines(document, selection);
+    const auto lines = selectedLines(surface, selection);
     auto text = std::string(lineBreak);
-    text += document.Text(lines);
+    text += surface.Text(lines);
     const auto by = std::ssize(text);
     return LineEdit{{lines.end, lines.end}, std::move(text), {selection.anchor + by, selection.caret + by}};
 }
 
-std::optional<LineEdit> deletedLines(const EditorSurface &document, AnchorAndCaret selection)
+std::optional<LineEdit> deletedLines(const EditorSurface &surface, AnchorAndCaret selection)
 {
-    auto lines = selectedLines(document, selection);
-    const bool last = lines.end == document.Length();
+    auto lines = selectedLines(surface, selection);
+    const bool last = lines.end == surface.Length();
     if (!last)
         lines.end += breakLength;
     else if (lines.start > 0)
         lines.start -= breakLength;
     if (lines.empty())
         return std::nullopt;
-    const auto caret = last ? lineStart(document, lines.start) : lines.start;
+    const auto caret = last ? lineStart(surface, lines.start) : lines.start;
     return LineEdit{lines, {}, {caret, caret}};
 }
 
-std::string indentationBefore(const EditorSurface &document, Offset position)
+std::string indentationBefore(const EditorSurface &surface, Offset position)
 {
-    const auto line = document.Text({lineStart(document, position), position});
+    const auto line = surface.Text({lineStart(surface, position), position});
     return std::string(line.substr(0, std::min(line.find_first_not_of(blanks), line.size())));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Commands on whole lines: what text takes the place of the lines selected, and where anchor and caret go.
+// Commands on whole lines: the text that replaces the selected lines, and the new anchor and caret.
 #pragma once
 
 #include "editor/surface.h"
@@ -23,35 +23,34 @@ struct LineEdit {
     AnchorAndCaret after;
 };
 
-/// What makes a line a comment; `closing` may be empty.
+/// What turns a line into a comment; `closing` may be empty.
 struct CommentMarks {
     std::string_view opening;
     std::string_view closing;
 };
 
-/// The marks of a file of this type (upper case, without the dot) in the tools shown.
+/// The comment marks for a file extension (upper case, without the dot) and the tools shown.
 [[nodiscard]] CommentMarks commentMarks(std::string_view extension, bool scriptTools);
 
 enum class Move { Up, Down };
 
-// Each is given the selection; nothing comes back where there is nothing to do.
+// Each takes the selection, and returns nothing if there is nothing to do.
 
-/// Makes comments of the lines, or lines of the comments when all of them are. Empty lines stay as they are,
-/// and so do lines that hold a mark already, which would end the comment early.
+/// Comments the lines out, or uncomments them if all are comments. Skips empty lines, and lines that contain
+/// a mark that would end the comment early.
 [[nodiscard]] std::optional<LineEdit> toggledComments(
-    const EditorSurface &document, AnchorAndCaret selection, const CommentMarks &marks);
+    const EditorSurface &surface, AnchorAndCaret selection, const CommentMarks &marks);
 [[nodiscard]] std::optional<LineEdit> movedLines(
-    const EditorSurface &document, AnchorAndCaret selection, Move direction);
-/// The copy stands below and is selected as the lines were.
-[[nodiscard]] std::optional<LineEdit> duplicatedLines(
-    const EditorSurface &document, AnchorAndCaret selection);
-[[nodiscard]] std::optional<LineEdit> deletedLines(const EditorSurface &document, AnchorAndCaret selection);
+    const EditorSurface &surface, AnchorAndCaret selection, Move direction);
+/// The copy is below and is selected like the lines were.
+[[nodiscard]] std::optional<LineEdit> duplicatedLines(const EditorSurface &surface, AnchorAndCaret selection);
+[[nodiscard]] std::optional<LineEdit> deletedLines(const EditorSurface &surface, AnchorAndCaret selection);
 
-/// Takes a tab, or up to `level` spaces, off the start of each line.
+/// Removes a tab, or up to `level` spaces, from the start of each line.
 [[nodiscard]] std::optional<LineEdit> unindentedLines(
-    const EditorSurface &document, AnchorAndCaret selection, Offset level);
+    const EditorSurface &surface, AnchorAndCaret selection, Offset level);
 
-/// The blanks at the start of a position's line, as far as they stand before the position.
-[[nodiscard]] std::string indentationBefore(const EditorSurface &document, Offset position);
+/// The blanks at the start of a position's line that are before the position.
+[[nodiscard]] std::string indentationBefore(const EditorSurface &surface, Offset position);
 
 } // namespace kevra

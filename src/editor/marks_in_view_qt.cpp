@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/marks_in_view_qt.h"
+#include "editor/control_layout_qt.h"
 
 #include <QtCore/QEvent>
 
@@ -15,16 +16,16 @@ constexpr std::chrono::milliseconds soon{30};
 
 } // namespace
 
-MarksInView::MarksInView(EditorControl &document, std::vector<unsigned long> indicators)
-    : m_document(document)
+MarksInView::MarksInView(EditorControl &control, std::vector<unsigned long> indicators)
+    : m_control(control)
     , m_indicators(std::move(indicators))
 {
     m_soon.setSingleShot(true);
     m_soon.setInterval(soon);
     connect(&m_soon, &QTimer::timeout, this, [this] { draw(); });
-    connect(&document, &EditorControl::changed, this, [this] { refresh(); });
-    connect(&document, &EditorControl::firstVisibleLineChanged, this, [this] { refresh(); });
-    document.viewport()->installEventFilter(this);
+    connect(&control, &EditorControl::changed, this, [this] { refresh(); });
+    connect(&control, &EditorControl::firstVisibleLineChanged, this, [this] { refresh(); });
+    control.viewport()->installEventFilter(this);
 }
 
 void MarksInView::refresh()
@@ -42,23 +43,23 @@ bool MarksInView::eventFilter(QObject *watched, QEvent *event)
 
 void MarksInView::clear()
 {
-    const auto length = static_cast<long>(m_document.controlPosition(m_document.Length()));
+    const auto length = static_cast<long>(m_control.breaks().toControl(m_control.Length()));
     for (const auto indicator : m_indicators) {
-        m_document.SendScintilla(Sci::SCI_SETINDICATORCURRENT, indicator);
-        m_document.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL, length);
+        m_control.SendScintilla(Sci::SCI_SETINDICATORCURRENT, indicator);
+        m_control.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL, length);
     }
 }
 
 void MarksInView::draw()
 {
     clear();
-    const auto marks = marksIn(m_document.textInView());
+    const auto marks = marksIn(ControlLayout(m_control).textInView());
     m_drawn = !marks.empty();
     for (const auto &mark : marks) {
-        const auto start = m_document.controlPosition(mark.range.start);
-        const auto end = m_document.controlPosition(mark.range.end);
-        m_document.SendScintilla(Sci::SCI_SETINDICATORCURRENT, mark.indicator);
-        m_document.SendScintilla(
+        const auto start = m_control.breaks().toControl(mark.range.start);
+        const auto end = m_control.breaks().toControl(mark.range.end);
+        m_control.SendScintilla(Sci::SCI_SETINDICATORCURRENT, mark.indicator);
+        m_control.SendScintilla(
             Sci::SCI_INDICATORFILLRANGE, static_cast<unsigned long>(start), static_cast<long>(end - start));
     }
 }

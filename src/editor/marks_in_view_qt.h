@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Indicators for what is in view, drawn anew soon after the text, the part in view or what is marked has
-// changed. The colours of the text stay as they are.
+// Scintilla indicators for the text in view, redrawn shortly after the text, the view or the marks change.
 #pragma once
 
 #include "editor/editor_control_qt.h"
@@ -18,28 +17,28 @@ public:
         unsigned long indicator;
     };
 
-    /// What is marked may have changed.
+    /// The marks may have changed.
     void refresh();
 
 protected:
-    /// Draws with these indicators, which no one else uses; how they look is for the caller to set.
-    MarksInView(EditorControl &document, std::vector<unsigned long> indicators);
+    /// Uses these indicators exclusively; the caller sets their style.
+    MarksInView(EditorControl &control, std::vector<unsigned long> indicators);
 
-    /// Filters the events of the document's viewport.
+    /// Filters the events of the control's viewport.
     bool eventFilter(QObject *watched, QEvent *event) override;
-    [[nodiscard]] EditorControl &document() const { return m_document; }
+    [[nodiscard]] EditorControl &control() const { return m_control; }
 
 private:
-    /// Whether anything may have to be marked; asked at every change, so it has to be cheap.
+    /// Whether there may be marks. Called at every change, so it must be cheap.
     [[nodiscard]] virtual bool hasMarks() const = 0;
     [[nodiscard]] virtual std::vector<Mark> marksIn(TextRange view) const = 0;
 
     void draw();
     void clear();
 
-    EditorControl &m_document;
+    EditorControl &m_control;
     std::vector<unsigned long> m_indicators;
-    QTimer m_soon; ///< many changes are drawn once
+    QTimer m_soon; ///< draws many changes at once
     bool m_drawn = false;
 };
 

@@ -46,8 +46,7 @@ void MemorySurface::Replace(TextRange range, std::string_view text)
     m_text.replace(static_cast<std::size_t>(part.start), static_cast<std::size_t>(part.length()), text);
     const auto end = part.start + static_cast<Offset>(text.size());
     const auto lineCount = static_cast<std::size_t>(GetLineFromChar(Length()) + 1);
-    // A line end cut in half counts as two, one put together again as one: there may be fewer lines than
-    // kept.
+    // Joining a CR and an LF makes one line end of two, so there may be fewer lines than flags.
     if (lineCount > m_unfinished.size())
         m_unfinished.insert(m_unfinished.begin() + next, lineCount - m_unfinished.size(), false);
     m_unfinished.resize(lineCount);
@@ -99,7 +98,7 @@ Offset MemorySurface::NextUnfinished(TextRange range) const
 
 Offset MemorySurface::GetLineFromChar(Offset position) const
 {
-    // A lone carriage return ends a line as well; one that is followed by a line feed does not count itself.
+    // A lone CR ends a line; in a CRLF only the LF counts.
     const auto before = Text({0, position});
     Offset line = 0;
     for (std::size_t i = 0; i < before.size(); ++i)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A document held in memory, for the command line and for trying out logic without a window.
+// EditorSurface in memory, for the command line and for tests.
 #pragma once
 
 #include "editor/surface.h"
@@ -44,7 +44,7 @@ private:
     [[nodiscard]] TextRange inside(TextRange range) const;
 
     std::string m_text;
-    std::vector<Colour> m_colours; ///< one a byte of the text
+    std::vector<Colour> m_colours; ///< one for each byte of the text
     std::vector<bool> m_unfinished; ///< by line
     TextRange m_selection;
     Colour m_typing = colours::black;

@@ -11,11 +11,11 @@ constexpr Offset longestStep = 1 << 20;
 
 } // namespace
 
-Offset firstOf(const EditorSurface &document, std::string_view bytes, Offset from, Offset end)
+Offset firstOf(const EditorSurface &surface, std::string_view bytes, Offset from, Offset end)
 {
-    const auto length = std::min(end, document.Length());
+    const auto length = std::min(end, surface.Length());
     for (auto step = firstStep; from < length; step = std::min(2 * step, longestStep)) {
-        auto part = document.Text({from, std::min(from + step, length)});
+        auto part = surface.Text({from, std::min(from + step, length)});
         const auto partLength = static_cast<Offset>(part.size());
         for (const char byte : bytes)
             part = part.substr(0, part.find(byte));
@@ -26,11 +26,11 @@ Offset firstOf(const EditorSurface &document, std::string_view bytes, Offset fro
     return -1;
 }
 
-Offset lastOf(const EditorSurface &document, char byte, Offset end, Offset start)
+Offset lastOf(const EditorSurface &surface, char byte, Offset end, Offset start)
 {
     for (auto step = firstStep; end > start; step = std::min(2 * step, longestStep)) {
         const auto from = std::max(start, end - step);
-        const auto at = document.Text({from, end}).rfind(byte);
+        const auto at = surface.Text({from, end}).rfind(byte);
         if (at != std::string_view::npos)
             return from + static_cast<Offset>(at);
         end = from;
@@ -38,23 +38,23 @@ Offset lastOf(const EditorSurface &document, char byte, Offset end, Offset start
     return -1;
 }
 
-Offset lineStart(const EditorSurface &document, Offset position)
+Offset lineStart(const EditorSurface &surface, Offset position)
 {
-    return lastOf(document, '\n', position) + 1;
+    return lastOf(surface, '\n', position) + 1;
 }
 
-TextRange linesOf(const EditorSurface &document, TextRange range)
+TextRange linesOf(const EditorSurface &surface, TextRange range)
 {
-    const auto end = firstOf(document, "\r", range.end);
-    return {lineStart(document, range.start), end == -1 ? document.Length() : end};
+    const auto end = firstOf(surface, "\r", range.end);
+    return {lineStart(surface, range.start), end == -1 ? surface.Length() : end};
 }
 
-bool onLongLine(const EditorSurface &document, TextRange range)
+bool onLongLine(const EditorSurface &surface, TextRange range)
 {
     const auto start = range.start - keyReach;
     const auto end = range.end + keyReach;
-    return (start > 0 && lastOf(document, '\n', range.start, start) == -1)
-        || (end < document.Length() && firstOf(document, "\r", range.end, end) == -1);
+    return (start > 0 && lastOf(surface, '\n', range.start, start) == -1)
+        || (end < surface.Length() && firstOf(surface, "\r", range.end, end) == -1);
 }
 
 } // namespace kevra

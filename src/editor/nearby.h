@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Looking around a place of a surface in growing steps, so that what is near is found at once however long
-// the document is.
+// Searches around a position in growing steps, so that the cost depends on the distance and not on the
+// document's length.
 #pragma once
 
 #include "editor/surface.h"
@@ -11,19 +11,19 @@
 namespace kevra {
 
 inline constexpr Offset wholeText = std::numeric_limits<Offset>::max() / 2;
-/// How far a key looks for what belongs to the place where it was pressed.
+/// How far a keystroke searches around the caret, in bytes.
 inline constexpr Offset keyReach = Offset{256} * 1024;
 
-/// The first byte at or behind `from`, and before `end`, that is one of `bytes`, or -1.
+/// The first byte in [from, end) that is one of `bytes`, or -1.
 [[nodiscard]] Offset firstOf(
-    const EditorSurface &document, std::string_view bytes, Offset from, Offset end = wholeText);
-/// The last byte before `end`, and not before `start`, that is `byte`, or -1.
-[[nodiscard]] Offset lastOf(const EditorSurface &document, char byte, Offset end, Offset start = 0);
-/// Where the line of a position starts.
-[[nodiscard]] Offset lineStart(const EditorSurface &document, Offset position);
-/// The whole lines that `range` reaches into, without the last one's break.
-[[nodiscard]] TextRange linesOf(const EditorSurface &document, TextRange range);
-/// Whether these lines start or end beyond the reach of a key.
-[[nodiscard]] bool onLongLine(const EditorSurface &document, TextRange range);
+    const EditorSurface &surface, std::string_view bytes, Offset from, Offset end = wholeText);
+/// The last `byte` in [start, end), or -1.
+[[nodiscard]] Offset lastOf(const EditorSurface &surface, char byte, Offset end, Offset start = 0);
+/// The start of a position's line.
+[[nodiscard]] Offset lineStart(const EditorSurface &surface, Offset position);
+/// The whole lines that overlap `range`, without the last line break.
+[[nodiscard]] TextRange linesOf(const EditorSurface &surface, TextRange range);
+/// Whether these lines start or end further away than a keystroke searches.
+[[nodiscard]] bool onLongLine(const EditorSurface &surface, TextRange range);
 
 } // namespace kevra

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Showing a place of the text together with the lines around it.
+// Scrolls a position into view with some lines around it.
 #pragma once
 
 #include "text/types.h"
@@ -8,9 +8,9 @@ namespace kevra {
 
 class EditorControl;
 
-/// Where the caret is at the edge of the view, its line comes to the middle.
-void revealCaret(EditorControl &document);
-/// Selects this, reveals it and gives the document the keyboard.
-void goTo(EditorControl &document, TextRange range);
+/// Centres the caret's line if it is at the edge of the view.
+void revealCaret(EditorControl &control);
+/// Selects the range, reveals it and gives the control the focus.
+void goTo(EditorControl &control, TextRange range);
 
 } // namespace kevra

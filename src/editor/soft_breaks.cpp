@@ -93,7 +93,7 @@ void SoftBreaks::removed(Offset control, Offset length)
 
 bool hasLongLine(std::string_view text, Offset longest)
 {
-    // Looks back from where a line would have to end, so that most of the text is not read at all.
+    // Searches backwards from where a line must have ended, so that most of the text is not read.
     const auto most = static_cast<std::size_t>(longest);
     for (std::size_t start = 0; text.size() - start > most;) {
         const auto end = text.substr(start, most + 1).rfind('\n');

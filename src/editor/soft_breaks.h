@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where a control shows an overlong line on several lines. A control that lays out whole lines needs seconds
-// for each change of a line of megabytes; so its copy of the text has breaks that the document has not. This
-// keeps apart where something stands in the document and where it stands in the control.
+// Breaks of overlong lines. A control that lays out whole lines needs seconds for each change of a line of
+// megabytes, so its text has additional breaks. This converts between positions of the document and of the
+// control.
 #pragma once
 
 #include "text/types.h"
@@ -16,34 +16,34 @@ namespace kevra {
 
 /// In bytes.
 struct LineLimits {
-    Offset longest = Offset{32} * 1024; ///< a longer line is broken
-    Offset piece = 1024; ///< into pieces of about that
+    Offset longest = Offset{32} * 1024; ///< longer lines are broken
+    Offset piece = 1024; ///< into pieces of about this length
 };
 
 class SoftBreaks {
 public:
-    /// What a break is in the control. The first byte is in no UTF-8, so a document never holds it.
+    /// The bytes of a break in the control. The first is not valid in UTF-8, so it is in no document.
     static constexpr std::string_view mark = "\xFF\n";
     static constexpr auto markLength = static_cast<Offset>(mark.size());
 
     [[nodiscard]] bool empty() const { return m_places.empty(); }
     [[nodiscard]] Offset count() const { return static_cast<Offset>(m_places.size()); }
-    /// The position in the control, after the breaks that stand there.
+    /// The position in the control, after any breaks there.
     [[nodiscard]] Offset toControl(Offset text) const;
-    /// The same, before them.
+    /// The same, before any breaks there.
     [[nodiscard]] Offset toControlBefore(Offset text) const;
-    /// The position in the document; inside a break it is that of the break.
+    /// The position in the document; inside a break, the position of the break.
     [[nodiscard]] Offset toText(Offset control) const;
-    /// Of the breaks, how many end at or before a position of the control.
+    /// The number of breaks that end at or before a position of the control.
     [[nodiscard]] Offset countBefore(Offset control) const;
-    /// Of the breaks that stand at a position of the document, how many there are.
+    /// The number of breaks at a position of the document.
     [[nodiscard]] Offset countAt(Offset text) const;
     /// The start of a break in the control, counted from 0.
     [[nodiscard]] Offset inControl(Offset number) const;
-    /// The first break after a position of the document; beyond every text when there is none.
+    /// The first break after a position of the document; past the end of any text if there is none.
     [[nodiscard]] Offset next(Offset text) const;
 
-    /// Calls for each part of a range of the document without a break inside, with where it starts in the
+    /// Calls the function for each piece of a range of the document between breaks, with its start in the
     /// control.
     template <typename Each> void eachPiece(TextRange range, const Each &each) const
     {
@@ -57,21 +57,21 @@ public:
         }
     }
 
-    /// So much text has come into the control, without any break.
+    /// Text without breaks was inserted into the control.
     void inserted(Offset control, Offset length);
-    /// The same with what has come, the marks in which are breaks. Says how much of it is text.
+    /// The same for text with breaks in it. Returns its length without them.
     Offset inserted(Offset control, std::string_view content);
     void removed(Offset control, Offset length);
     void clear() { m_places.clear(); }
 
 private:
-    std::vector<Offset> m_places; ///< in the document, in order; equal ones have nothing between them
+    std::vector<Offset> m_places; ///< in the document, ascending; may be equal
 };
 
 [[nodiscard]] bool hasLongLine(std::string_view text, Offset longest);
-/// The places in a line where it is broken: before the first byte of a character.
+/// The positions where a line is broken, each at the start of a character.
 [[nodiscard]] std::vector<Offset> breakPlaces(std::string_view line, Offset piece);
-/// The text with marks in its long lines.
+/// The text with breaks in its long lines.
 [[nodiscard]] std::string withBreaks(std::string_view text, const LineLimits &limits);
 
 } // namespace kevra

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the document control tells the colouring of the user's own edits.
+// The document control's notifications about the user's edits, for the colouring.
 #pragma once
 
 #include "text/types.h"
 
 namespace kevra {
 
-/// Where a change of the text came from.
+/// The source of a change of the text.
 enum class EditKind { Program, Typing, Paste, Cut, Delete, Undo, Redo, Drop, Command };
 
-/// Key codes as keyReleased() has them.
+/// Key codes passed to keyReleased().
 namespace keys {
 inline constexpr int enter = 13;
 inline constexpr int del = 46;
@@ -19,17 +19,17 @@ class TypingHandler {
 public:
     virtual ~TypingHandler() = default;
 
-    /// The character that is about to be inserted at the caret, from a key or an input method; Return is
-    /// '\r'. The selection still stands. A typing colour set now is the character's colour.
+    /// A character from a key or an input method is about to replace the selection; Return is '\r'. It gets
+    /// the typing colour set now.
     virtual void keyTyped(char32_t character) = 0;
-    /// The control has acted on the key. Called for Return and Delete.
+    /// The control has processed the key. Called for Return and Delete.
     virtual void keyReleased(int key) = 0;
-    /// A user's edit is done: `touched` is what it changed, in positions of the text as it is now; empty
-    /// where text only went away. What paste, undo, redo and drop put in is black.
+    /// A user's edit has changed `touched`, a range of the current text, empty if text was only removed. Text
+    /// from paste, undo, redo and drop is black.
     virtual void edited(TextRange touched, EditKind kind) = 0;
-    /// The user has put the caret somewhere else, other than by typing.
+    /// The user has moved the caret other than by typing.
     virtual void caretPlaced() { }
-    /// The user has pressed the mouse's left button in the text.
+    /// The user has pressed the left mouse button in the text.
     virtual void clicked() { }
 };
 

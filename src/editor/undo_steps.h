@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which keystrokes undo takes back together: those of one word or one run of spaces, made at one place
-// without a pause.
+// Groups keystrokes into undo steps: one word or one run of spaces, typed at one place without a pause.
 #pragma once
 
 #include "editor/line_edits.h"
@@ -20,18 +19,18 @@ struct Stroke {
     friend bool operator==(const Stroke &, const Stroke &) = default;
 };
 
-/// What a character counts as; a tab is a space.
+/// The class of a character; a tab is a space.
 [[nodiscard]] Stroke::Kind strokeKind(char32_t character);
 
 class UndoSteps {
 public:
-    using Milliseconds = std::uint64_t; ///< from any start; 0 stands for an unknown time
+    using Milliseconds = std::uint64_t; ///< since any epoch; 0 means unknown
 
-    /// Whether a stroke begins a step of its own, made with this anchor and caret before it.
+    /// Whether a stroke begins a new step; anchor and caret are those before it.
     [[nodiscard]] bool begins(Stroke stroke, Milliseconds time, AnchorAndCaret place);
-    /// Where the stroke has left anchor and caret.
+    /// Anchor and caret after the stroke.
     void strokeDone(AnchorAndCaret place) { m_place = place; }
-    /// The next stroke begins a step.
+    /// The next stroke begins a new step.
     void end() { m_last.reset(); }
 
 private:

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The styles of a large text's tail that a control has not painted yet because nobody has looked there.
-// Whoever holds this paints what lies before start() and leaves the rest to it. A large text is painted in
-// slices, so that no key waits for it.
+// The styles for the rest of a large text that is not painted yet, because it has not been in view. The owner
+// paints the text before start(). It is painted in slices, so that no keystroke waits for it.
 #pragma once
 
 #include "text/types.h"
@@ -17,27 +16,26 @@ class UnpaintedStyles {
 public:
     struct Stretch {
         Offset start = 0;
-        std::string_view styles; ///< holds until the next call
+        std::string_view styles; ///< valid until the next call
     };
 
     static constexpr Offset slice = 1 << 20; ///< bytes painted at once
 
-    /// From `start` on the text is unpainted; `styles` has a byte for each of its bytes.
+    /// Sets the text from `start` on as unpainted; `styles` has one byte for each of its bytes.
     void keep(Offset start, std::string styles);
     void clear();
 
-    /// Beyond every text when all is painted.
+    /// Past the end of any text if all is painted.
     [[nodiscard]] Offset start() const { return m_start; }
     [[nodiscard]] char styleAt(Offset position) const;
-    /// The styles of a stretch from start() on, which stays unpainted; the view holds until the next call.
+    /// The styles of a range at or after start(), which stays unpainted; valid until the next call.
     [[nodiscard]] std::string_view styles(TextRange range) const;
-    /// The first slice of what is unpainted before `end`, which counts as painted from now on; nothing when
-    /// all is.
+    /// Takes the next unpainted slice before `end`, which then counts as painted; nothing if there is none.
     [[nodiscard]] std::optional<Stretch> takeNext(Offset end);
-    /// Whether a stretch is better painted by itself than together with all before it: it is no longer than a
-    /// slice, and more than one lies before its end.
+    /// Whether to paint a range by itself rather than everything before it: it is at most one slice long, and
+    /// more than one slice is unpainted before its end.
     [[nodiscard]] bool isFarBelow(TextRange seen) const;
-    /// The text before start() has become longer by `by`, or shorter.
+    /// The length of the text before start() has changed by `by`.
     void shift(Offset by);
 
 private:

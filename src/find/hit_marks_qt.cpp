@@ -17,15 +17,15 @@ constexpr long outlineAlpha = 200;
 
 } // namespace
 
-HitMarks::HitMarks(EditorControl &document, std::function<std::optional<FindRequest>()> currentRequest)
-    : MarksInView(document, {indicator})
+HitMarks::HitMarks(EditorControl &control, std::function<std::optional<FindRequest>()> currentRequest)
+    : MarksInView(control, {indicator})
     , m_currentRequest(std::move(currentRequest))
 {
-    document.SendScintilla(Sci::SCI_INDICSETSTYLE, indicator, static_cast<long>(Sci::INDIC_STRAIGHTBOX));
-    document.SendScintilla(Sci::SCI_INDICSETFORE, indicator, amber);
-    document.SendScintilla(Sci::SCI_INDICSETALPHA, indicator, fillAlpha);
-    document.SendScintilla(Sci::SCI_INDICSETOUTLINEALPHA, indicator, outlineAlpha);
-    document.SendScintilla(Sci::SCI_INDICSETUNDER, indicator, 1L);
+    control.SendScintilla(Sci::SCI_INDICSETSTYLE, indicator, static_cast<long>(Sci::INDIC_STRAIGHTBOX));
+    control.SendScintilla(Sci::SCI_INDICSETFORE, indicator, amber);
+    control.SendScintilla(Sci::SCI_INDICSETALPHA, indicator, fillAlpha);
+    control.SendScintilla(Sci::SCI_INDICSETOUTLINEALPHA, indicator, outlineAlpha);
+    control.SendScintilla(Sci::SCI_INDICSETUNDER, indicator, 1L);
 }
 
 std::vector<MarksInView::Mark> HitMarks::marksIn(TextRange view) const
@@ -34,7 +34,7 @@ std::vector<MarksInView::Mark> HitMarks::marksIn(TextRange view) const
     const auto request = m_currentRequest();
     if (!request || request->text.empty())
         return marks;
-    const std::string text(document().Text(view));
+    const std::string text(control().Text(view));
     for (const auto &hit : HitFinder(*request).all(text))
         marks.push_back({{view.start + hit.start, view.start + hit.end}, indicator});
     return marks;

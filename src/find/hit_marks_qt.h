@@ -13,7 +13,7 @@ namespace kevra {
 class HitMarks : public MarksInView {
 public:
     /// `currentRequest` returns the current request; without one the marks are removed.
-    HitMarks(EditorControl &document, std::function<std::optional<FindRequest>()> currentRequest);
+    HitMarks(EditorControl &control, std::function<std::optional<FindRequest>()> currentRequest);
 
 private:
     [[nodiscard]] bool hasMarks() const override { return m_currentRequest().has_value(); }

@@ -49,14 +49,13 @@ Colour colourOf(script::Level level)
     return markOf(level).colour;
 }
 
-FindingMarks::FindingMarks(EditorControl &document, const FindingList &list)
-    : MarksInView(document, indicators())
+FindingMarks::FindingMarks(EditorControl &control, const FindingList &list)
+    : MarksInView(control, indicators())
     , m_list(list)
 {
     for (const auto &mark : levelMarks) {
-        document.SendScintilla(
-            Sci::SCI_INDICSETSTYLE, mark.indicator, static_cast<long>(Sci::INDIC_SQUIGGLE));
-        document.SendScintilla(Sci::SCI_INDICSETFORE, mark.indicator, static_cast<long>(mark.colour.value));
+        control.SendScintilla(Sci::SCI_INDICSETSTYLE, mark.indicator, static_cast<long>(Sci::INDIC_SQUIGGLE));
+        control.SendScintilla(Sci::SCI_INDICSETFORE, mark.indicator, static_cast<long>(mark.colour.value));
     }
 }
 
@@ -70,7 +69,7 @@ bool FindingMarks::eventFilter(QObject *watched, QEvent *event)
 /// The first line of a finding over several lines; one character for an empty finding.
 TextRange FindingMarks::markedPart(TextRange range) const
 {
-    const auto line = document().lineRange(document().GetLineFromChar(range.start));
+    const auto line = control().lineRange(control().GetLineFromChar(range.start));
     const auto end = std::clamp(range.end, line.start, line.end);
     if (end > range.start)
         return {range.start, end};
@@ -92,18 +91,18 @@ std::vector<MarksInView::Mark> FindingMarks::marksIn(TextRange view) const
 
 void FindingMarks::showTip(const QHelpEvent &event)
 {
-    const auto close = document().SendScintilla(
+    const auto close = control().SendScintilla(
         Sci::SCI_POSITIONFROMPOINTCLOSE, static_cast<unsigned long>(event.pos().x()), long{event.pos().y()});
     QStringList texts;
     if (close >= 0) {
-        const auto position = document().textPosition(close);
+        const auto position = control().breaks().toText(close);
         for (const auto index : m_list.touching({position, position})) {
             const auto part = markedPart(m_list.at(index).range);
             if (position >= part.start && position <= part.end)
                 texts << textOf(m_list.at(index).what);
         }
     }
-    QToolTip::showText(event.globalPos(), texts.join('\n'), document().viewport());
+    QToolTip::showText(event.globalPos(), texts.join('\n'), control().viewport());
 }
 
 } // namespace kevra

@@ -14,7 +14,7 @@ namespace kevra {
 
 class FindingMarks : public MarksInView {
 public:
-    FindingMarks(EditorControl &document, const FindingList &list);
+    FindingMarks(EditorControl &control, const FindingList &list);
 
 private:
     [[nodiscard]] bool hasMarks() const override { return m_list.size() > 0; }

@@ -32,20 +32,20 @@ void ColourFinderCommands::TakeChosenColour(Colour colour)
     if (colour == colours::black)
         return;
     m_view.showColour(colour, "\"" + ColourToHtml(colour) + "\"");
-    m_document.SetFocus();
+    m_surface.SetFocus();
 }
 
 void ColourFinderCommands::CopyColourCode()
 {
     m_clipboard.clear();
     m_clipboard.setText(m_view.shownCode());
-    m_document.SetFocus();
+    m_surface.SetFocus();
 }
 
 void ColourFinderCommands::HideColourFinder()
 {
     m_view.showPanel(false);
-    m_document.SetFocus(); // not to the next button, where what is typed would be lost
+    m_surface.SetFocus(); // not to the next button, where what is typed would be lost
 }
 
 } // namespace kevra

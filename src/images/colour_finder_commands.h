@@ -24,9 +24,9 @@ public:
 
 class ColourFinderCommands {
 public:
-    ColourFinderCommands(EditorSurface &document, ColourDialog &dialog, Messages &messages,
+    ColourFinderCommands(EditorSurface &surface, ColourDialog &dialog, Messages &messages,
         Clipboard &clipboard, ColourFinderView &view)
-        : m_document(document)
+        : m_surface(surface)
         , m_dialog(dialog)
         , m_messages(messages)
         , m_clipboard(clipboard)
@@ -43,7 +43,7 @@ public:
 private:
     void TakeChosenColour(Colour colour);
 
-    EditorSurface &m_document;
+    EditorSurface &m_surface;
     ColourDialog &m_dialog;
     Messages &m_messages;
     Clipboard &m_clipboard;

@@ -55,9 +55,9 @@ protected:
 } // namespace
 
 ColourFinderPanel::ColourFinderPanel(
-    QWidget &frame, EditorSurface &document, ColourDialog &dialog, Messages &messages, Clipboard &clipboard)
+    QWidget &frame, EditorSurface &surface, ColourDialog &dialog, Messages &messages, Clipboard &clipboard)
     : m_frame(frame)
-    , m_commands(document, dialog, messages, clipboard, *this)
+    , m_commands(surface, dialog, messages, clipboard, *this)
     , m_typed(named<QLineEdit>("tenter", &frame, "Hex code"))
     , m_code(named<QLineEdit>("thex2", &frame, "Color code"))
     , m_patch(colourPatch("pcol", &frame))

@@ -12,7 +12,7 @@ namespace kevra {
 /// The contents of the frame `frcol`, which owns the controls.
 class ColourFinderPanel : private ColourFinderView {
 public:
-    ColourFinderPanel(QWidget &frame, EditorSurface &document, ColourDialog &dialog, Messages &messages,
+    ColourFinderPanel(QWidget &frame, EditorSurface &surface, ColourDialog &dialog, Messages &messages,
         Clipboard &clipboard);
 
     [[nodiscard]] ColourFinderCommands &commands() { return m_commands; }

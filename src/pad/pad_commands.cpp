@@ -17,9 +17,9 @@ std::string_view withoutFinalBreak(std::string_view text)
 
 } // namespace
 
-PadCommands::PadCommands(EditorSurface &pad, const EditorSurface &document, Clipboard &clipboard)
+PadCommands::PadCommands(EditorSurface &pad, const EditorSurface &surface, Clipboard &clipboard)
     : m_pad(pad)
-    , m_document(document)
+    , m_surface(surface)
     , m_clipboard(clipboard)
 {
 }
@@ -137,7 +137,7 @@ void PadCommands::setClipboard(std::string_view text)
 
 void PadCommands::takeDocumentFont()
 {
-    m_pad.SetFont({m_document.Font().face, m_pad.Font().size});
+    m_pad.SetFont({m_surface.Font().face, m_pad.Font().size});
 }
 
 } // namespace kevra

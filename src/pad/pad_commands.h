@@ -13,7 +13,7 @@ namespace kevra {
 class PadCommands {
 public:
     /// `pad` is the pad's control, `document` the one whose font new text takes. All outlive the commands.
-    PadCommands(EditorSurface &pad, const EditorSurface &document, Clipboard &clipboard);
+    PadCommands(EditorSurface &pad, const EditorSurface &surface, Clipboard &clipboard);
 
     void PadCut();
     void PadCopy();
@@ -37,7 +37,7 @@ private:
     void takeDocumentFont();
 
     EditorSurface &m_pad;
-    const EditorSurface &m_document;
+    const EditorSurface &m_surface;
     Clipboard &m_clipboard;
     Operation m_last = Operation::None;
     std::string m_savedText; ///< cut or cleared from the pad, or what a copy replaced in the clipboard

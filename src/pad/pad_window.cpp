@@ -37,13 +37,13 @@ constexpr std::size_t popUpOrder[] = {4, 0, 1, 2, 5};
 } // namespace
 
 PadWindow::PadWindow(
-    const EditorSurface &document, Clipboard &clipboard, ApplicationState &state, QWidget *parent)
+    const EditorSurface &surface, Clipboard &clipboard, ApplicationState &state, QWidget *parent)
     : QMainWindow(parent)
-    , m_document(document)
+    , m_surface(surface)
     , m_state(state)
     , m_control(new EditorControl(this))
     , m_popUp(new QMenu("popup", this))
-    , m_commands(*m_control, document, clipboard)
+    , m_commands(*m_control, surface, clipboard)
 {
     // As a dialog it stays above the document's window, so that text can be dragged between the two.
     setWindowFlags(
@@ -146,7 +146,7 @@ bool PadWindow::isNormal() const
 
 void PadWindow::takeFontAndPlace()
 {
-    m_control->SetFont(m_document.Font());
+    m_control->SetFont(m_surface.Font());
     if (!isNormal())
         return;
     const auto place = onAScreen(pixels(m_state.padGeometry));

@@ -16,7 +16,7 @@ class PadWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    PadWindow(const EditorSurface &document, Clipboard &clipboard, ApplicationState &state,
+    PadWindow(const EditorSurface &surface, Clipboard &clipboard, ApplicationState &state,
         QWidget *parent = nullptr);
 
 protected:
@@ -34,7 +34,7 @@ private:
     void takeFontAndPlace();
     void keepPlace();
 
-    const EditorSurface &m_document;
+    const EditorSurface &m_surface;
     ApplicationState &m_state;
     EditorControl *m_control; ///< `rt1`
     QMenu *m_popUp;

@@ -30,13 +30,13 @@ bool endsInCode(std::string_view line)
 
 } // namespace
 
-bool offersFsoMethods(const EditorSurface &document)
+bool offersFsoMethods(const EditorSurface &surface)
 {
     constexpr std::string_view trigger = "fso.";
-    const auto caret = document.SelStart();
-    const auto before = document.Text({caret - static_cast<Offset>(trigger.size()), caret});
-    return document.SelLength() == 0 && equalIgnoringCase(before, trigger)
-        && endsInCode(document.Text({lineStart(document, caret), caret}));
+    const auto caret = surface.SelStart();
+    const auto before = surface.Text({caret - static_cast<Offset>(trigger.size()), caret});
+    return surface.SelLength() == 0 && equalIgnoringCase(before, trigger)
+        && endsInCode(surface.Text({lineStart(surface, caret), caret}));
 }
 
 } // namespace kevra

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "snippets/fso_popup_qt.h"
 
+#include "editor/control_layout_qt.h"
 #include "editor/editor_control_qt.h"
 #include "snippets/fso_popup.h"
 
@@ -20,8 +21,8 @@ constexpr std::array menuKeys{Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Ri
 
 } // namespace
 
-FsoPopup::FsoPopup(EditorControl &document, const DocumentState &state, QMenu &menu)
-    : m_document(document)
+FsoPopup::FsoPopup(EditorControl &control, const DocumentState &state, QMenu &menu)
+    : m_control(control)
     , m_state(state)
     , m_menu(menu)
 {
@@ -29,10 +30,10 @@ FsoPopup::FsoPopup(EditorControl &document, const DocumentState &state, QMenu &m
     connect(&menu, &QMenu::triggered, this, [this](QAction *method) { insert(*method); });
     // Queued: the full stop is in the text only after the key has been handled.
     connect(
-        &document, &EditorControl::changed, this,
+        &control, &EditorControl::changed, this,
         [this](Offset, Offset, Offset added, EditKind kind) {
             if (kind == EditKind::Typing && added == 1 && m_state.scriptTools && m_state.options.fsoMenu
-                && offersFsoMethods(m_document))
+                && offersFsoMethods(m_control))
                 openAtCaret();
         },
         Qt::QueuedConnection);
@@ -40,9 +41,9 @@ FsoPopup::FsoPopup(EditorControl &document, const DocumentState &state, QMenu &m
 
 void FsoPopup::openAtCaret()
 {
-    if (!m_document.hasFocus() || m_menu.isVisible())
+    if (!m_control.hasFocus() || m_menu.isVisible())
         return;
-    m_start = m_document.SelStart();
+    m_start = m_control.SelStart();
     for (auto *method : m_menu.actions())
         method->setVisible(true);
     m_menu.popup(place());
@@ -52,19 +53,19 @@ void FsoPopup::openAtCaret()
 void FsoPopup::insert(const QAction &method)
 {
     const auto name = method.text().remove('&').toStdString();
-    m_document.SetTypingColor(colours::black);
-    m_document.Replace({m_start, m_document.SelStart()}, name);
-    m_document.SetFocus();
+    m_control.SetTypingColor(colours::black);
+    m_control.Replace({m_start, m_control.SelStart()}, name);
+    m_control.SetFocus();
 }
 
 /// Shows only the methods that begin with the letters typed after the full stop.
 void FsoPopup::filter()
 {
-    const auto caret = m_document.SelStart();
-    const auto typed = QString::fromStdString(std::string(m_document.Text({m_start, caret})));
+    const auto caret = m_control.SelStart();
+    const auto typed = QString::fromStdString(std::string(m_control.Text({m_start, caret})));
     QAction *first = nullptr;
     for (auto *method : m_menu.actions()) {
-        const bool fits = caret >= m_start && m_document.Text({m_start - 1, m_start}) == "."
+        const bool fits = caret >= m_start && m_control.Text({m_start - 1, m_start}) == "."
             && method->text().remove('&').startsWith(typed, Qt::CaseInsensitive);
         method->setVisible(fits);
         if (fits && !first)
@@ -80,11 +81,11 @@ void FsoPopup::filter()
 /// typed.
 QPoint FsoPopup::place() const
 {
-    const auto *viewport = m_document.viewport();
-    const auto below = viewport->mapToGlobal(m_document.bottomLeftOf(m_start));
-    const int lineHeight = static_cast<int>(m_document.SendScintilla(QsciScintillaBase::SCI_TEXTHEIGHT, 0L));
+    const auto *viewport = m_control.viewport();
+    const auto below = viewport->mapToGlobal(ControlLayout(m_control).bottomLeft(m_start));
+    const int lineHeight = static_cast<int>(m_control.SendScintilla(QsciScintillaBase::SCI_TEXTHEIGHT, 0L));
     const auto size = m_menu.sizeHint();
-    const auto screen = m_document.screen()->availableGeometry();
+    const auto screen = m_control.screen()->availableGeometry();
     const int left = std::min(below.x(), screen.right() + 1 - size.width());
     const int above = below.y() - lineHeight - size.height();
     return {
@@ -99,7 +100,7 @@ bool FsoPopup::eventFilter(QObject *watched, QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     if (std::ranges::find(menuKeys, key->key()) == menuKeys.end()) {
         QKeyEvent forwarded(key->type(), key->key(), key->modifiers(), key->text(), key->isAutoRepeat());
-        QCoreApplication::sendEvent(&m_document, &forwarded);
+        QCoreApplication::sendEvent(&m_control, &forwarded);
         filter();
         return true;
     }

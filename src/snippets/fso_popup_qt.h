@@ -18,7 +18,7 @@ class EditorControl;
 class FsoPopup : public QObject {
 public:
     /// `menu` holds the method names as its items; choosing one inserts it.
-    FsoPopup(EditorControl &document, const DocumentState &state, QMenu &menu);
+    FsoPopup(EditorControl &control, const DocumentState &state, QMenu &menu);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -29,7 +29,7 @@ private:
     void filter();
     [[nodiscard]] QPoint place() const;
 
-    EditorControl &m_document;
+    EditorControl &m_control;
     const DocumentState &m_state;
     QMenu &m_menu;
     Offset m_start = 0; ///< after the full stop that opened the menu

@@ -9,6 +9,7 @@
 #include "desktop/text_qt.h"
 #include "desktop/window_geometry_qt.h"
 #include "document/notice_bar_panel.h"
+#include "editor/control_layout_qt.h"
 #include "editor/editor_control_qt.h"
 #include "fakes/document_state.h"
 #include "fakes/modal.h"
@@ -219,7 +220,7 @@ TEST(MainWindow, LineNumbersStayLevelHoweverTheTextScrolls)
         SCOPED_TRACE(margin);
         t1.SetRightMargin(margin);
         for (const int line : {0, 3, 120, 250}) {
-            t1.SetFirstVisibleLine(t1.shownLine(line));
+            t1.SetFirstVisibleLine(ControlLayout(t1).firstRow(line));
             s.window->syncLineNumbers();
             EXPECT_EQ(lineAtTop(s.window->lineNumbers()), line);
         }

@@ -108,7 +108,7 @@ TEST(ColourInControl, EditCommandsLeaveWhatTheProceduresPaint)
                 document.cut();
                 break;
             case 1:
-                document.deleteForward();
+                QTest::keyClick(&document, Qt::Key_Delete);
                 break;
             case 2:
                 document.undo();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the user does to the control, through real events.
+#include "editor/control_layout_qt.h"
 #include "editor/editor_control_qt.h"
 
 #include "editor/surface_contract.h"
@@ -174,7 +175,7 @@ TEST_F(EditorInput, TakesDroppedTextAndLeavesFilesToTheWindow)
 {
     load("ab\r\ncd", 0);
     const auto drop = [this](QMimeData &mime) {
-        const auto place = m_control.bottomLeftOf(1) - QPoint(0, 4);
+        const auto place = ControlLayout(m_control).bottomLeft(1) - QPoint(0, 4);
         QDragEnterEvent enter(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(m_control.viewport(), &enter);
         QDropEvent event(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);

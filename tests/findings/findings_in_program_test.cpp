@@ -63,7 +63,7 @@ TEST_F(FindingsInProgram, MarksItsOwnPlaceBehindAnOverlongLine)
     run("mnextfinding");
     document().SetSelStart(document().Length());
     const auto place = static_cast<Offset>(document().Text().find("a = Create"));
-    EXPECT_TRUE(eventually([&] { return isMarked(document().controlPosition(place)); }));
+    EXPECT_TRUE(eventually([&] { return isMarked(document().breaks().toControl(place)); }));
     EXPECT_FALSE(isMarked(place)) << "inside the long line";
 }
 
