@@ -3,7 +3,11 @@
 
 #include "preview/public_address.h"
 
+#ifdef _WIN32
+#include <ws2tcpip.h>
+#else
 #include <arpa/inet.h>
+#endif
 #include <gtest/gtest.h>
 
 #include <iomanip>
