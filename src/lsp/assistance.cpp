@@ -104,9 +104,10 @@ Answer completion(const Context &context, const Json &params)
     if (!place.document)
         return items;
     auto found = completions(place.document->model(), place.offset);
-    if (const auto *part = place.document->model().partAt(place.offset); part && found.anyName) {
+    const auto *part = place.document->model().partAt(place.offset);
+    if (part && found.others != script::Completions::Others::Nothing) {
         for (const auto &shared : context.workspace.includedParts(*place.document, *part))
-            addGlobals(found, *shared.part);
+            addOthers(found, *shared.part);
     }
     const auto range = toJson(place.document->text(), found.word);
     for (const auto &item : found.items)

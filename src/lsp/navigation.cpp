@@ -20,14 +20,14 @@ struct Found {
 [[nodiscard]] std::vector<Found> everywhere(
     const Context &context, const Document &document, const script::NamedThing &thing)
 {
-    if (!thing.isGlobal)
+    if (!thing.isShared())
         return {{&document, occurrences(*thing.part, thing.symbol)}};
     const auto parts = context.workspace.sharing(document, *thing.part);
     if (parts.size() == 1 && thing.symbol != 0)
         return {{&document, occurrences(*thing.part, thing.symbol)}};
     std::vector<Found> found;
     for (const auto &shared : parts) {
-        auto places = globalOccurrences(*shared.part, thing.name);
+        auto places = sharedOccurrences(*shared.part, thing);
         const auto known = std::ranges::find(found, shared.document, &Found::document);
         if (known == found.end()) {
             found.push_back({shared.document, std::move(places)});
@@ -73,14 +73,17 @@ struct Asked {
     });
 }
 
+/// Why one of several files does not allow the new name.
 [[nodiscard]] std::string mixedClash(const std::vector<Found> &found, const Context &context,
     const Document &document, const script::NamedThing &thing, const std::string &newName)
 {
     if (found.size() < 2 || script::folded(newName) == script::folded(thing.name))
         return {};
     for (const auto &shared : context.workspace.sharing(document, *thing.part)) {
-        if (!globalOccurrences(*shared.part, newName).empty())
+        if (thing.isGlobal && !globalOccurrences(*shared.part, newName).empty())
             return "'" + newName + "' is already used in " + shared.document->uri() + ".";
+        if (const auto why = uncertainty(shared.document->model(), *shared.part, thing); !why.empty())
+            return shared.document->uri() + ": " + why;
     }
     return {};
 }
@@ -149,7 +152,7 @@ Answer documentHighlight(const Context &context, const Json &params)
         return Json();
     Json out = Json::array();
     for (const auto &place : thing->symbol != 0 ? occurrences(*thing->part, thing->symbol)
-                                                : globalOccurrences(*thing->part, thing->name))
+                                                : sharedOccurrences(*thing->part, *thing))
         out.push_back({{"range", toJson(document->text(), place.range)},
             {"kind", place.use == Use::Read ? read : write}});
     return out;

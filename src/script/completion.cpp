@@ -194,7 +194,8 @@ private:
 }
 
 /// The object before the dot. A name is assumed after the dot, since without one there is no expression.
-void addMembersAfterDot(const FileModel &file, TextRange word, Collector &collector)
+/// Returns the name of its class if another file may declare it.
+std::string addMembersAfterDot(const FileModel &file, TextRange word, Collector &collector)
 {
     constexpr std::string_view placeholder = "member";
     std::string text(file.text().substr(0, static_cast<std::size_t>(word.start)));
@@ -206,20 +207,25 @@ void addMembersAfterDot(const FileModel &file, TextRange word, Collector &collec
     const FileModel completed(text, file.kind());
     const auto *part = completed.partAt(word.start);
     if (!part)
-        return;
+        return {};
     const auto end = static_cast<std::uint32_t>(word.start) + placeholder.size();
     const auto &tree = part->script.tree;
     for (NodeId id = 1; id < tree.size(); ++id) {
         if (tree[id].kind != NodeKind::Member || tree[id].end != end)
             continue;
         const auto object = tree.child(id, 0);
-        if (part->model.kind(object) != NodeKind::Me)
-            return collector.addMembers(part->model, part->model.types.of(object));
+        if (part->model.kind(object) != NodeKind::Me) {
+            const auto type = part->model.types.of(object);
+            collector.addMembers(part->model, type);
+            return std::string(part->model.spelling(type.otherClass));
+        }
         const auto scope = scopeAt(part->model, word.start);
         const auto &inner = part->model.symbols.scope(scope);
         const auto owner = inner.kind == ScopeKind::Class ? scope : inner.parent;
-        return collector.addOwnMembers(part->model, part->model.symbols.scope(owner).owner, true);
+        collector.addOwnMembers(part->model, part->model.symbols.scope(owner).owner, true);
+        return {};
     }
+    return {};
 }
 
 [[nodiscard]] TextRange wordAround(std::string_view text, Offset offset)
@@ -240,7 +246,8 @@ void addMembersAfterDot(const FileModel &file, TextRange word, Collector &collec
 
 Completions completions(const FileModel &file, Offset offset)
 {
-    Completions result{wordAround(file.text(), offset), {}, false};
+    Completions result;
+    result.word = wordAround(file.text(), offset);
     const auto *part = file.partAt(offset);
     if (!part)
         return result;
@@ -254,14 +261,16 @@ Completions completions(const FileModel &file, Offset offset)
     if (around.inLiteral || (declaresName(around.before) && !around.afterDot))
         return result;
     if (around.afterDot) {
-        addMembersAfterDot(file, result.word, collector);
+        result.ofClass = addMembersAfterDot(file, result.word, collector);
+        result.others = result.ofClass.empty() ? Completions::Others::Nothing : Completions::Others::Members;
         return result;
     }
     if (around.before == Keyword::New) {
         collector.addClasses(part->model);
+        result.others = Completions::Others::Classes;
         return result;
     }
-    result.anyName = true;
+    result.others = Completions::Others::Names;
     result.startsStatement = startsLine(file.text(), result.word.start);
     for (auto scope = scopeAt(part->model, offset); scope != 0;
          scope = part->model.symbols.scope(scope).parent)
@@ -271,9 +280,23 @@ Completions completions(const FileModel &file, Offset offset)
     return result;
 }
 
-void addGlobals(Completions &completions, const FilePart &part)
+void addOthers(Completions &completions, const FilePart &part)
 {
-    Collector(completions.items).addScope(part.model, 0);
+    const auto &symbols = part.model.symbols;
+    Collector collector(completions.items);
+    switch (completions.others) {
+    case Completions::Others::Names:
+        return collector.addScope(part.model, 0);
+    case Completions::Others::Classes:
+        return collector.addClasses(part.model);
+    case Completions::Others::Members:
+        if (const auto owner = symbols.declaredIn(0, part.script.names.find(completions.ofClass));
+            owner != 0 && symbols.symbol(owner).kind == SymbolKind::Class)
+            collector.addOwnMembers(part.model, owner, false);
+        return;
+    case Completions::Others::Nothing:
+        return;
+    }
 }
 
 } // namespace kevra::script

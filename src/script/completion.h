@@ -32,8 +32,10 @@ struct Completions {
     TextRange word; ///< the part already written
     std::vector<Completion> items;
     bool startsStatement = false; ///< only blanks are before it on its line
-    bool anyName
-        = false; ///< any name in scope fits, also global names of files loaded together with this one
+    /// What files loaded together with this one add.
+    enum class Others : std::uint8_t { Nothing, Names, Classes, Members };
+    Others others = Others::Nothing;
+    std::string ofClass; ///< whose members
 };
 
 /// The names in scope, nearest scope first; after a dot the members of the object, if its class is known; in
@@ -41,7 +43,7 @@ struct Completions {
 /// declared.
 [[nodiscard]] Completions completions(const FileModel &file, Offset offset);
 
-/// Adds the global names of a part that is loaded together with the file.
-void addGlobals(Completions &completions, const FilePart &part);
+/// Adds what `others` asks for, from a part that is loaded together with the file.
+void addOthers(Completions &completions, const FilePart &part);
 
 } // namespace kevra::script

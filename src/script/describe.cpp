@@ -126,6 +126,12 @@ struct OpenCall {
     return token.kind == TokenKind::Name && !isReserved(token.keyword());
 }
 
+[[nodiscard]] bool declaresProcedure(Keyword first)
+{
+    return first == Keyword::Sub || first == Keyword::Function || first == Keyword::Property
+        || first == Keyword::Public || first == Keyword::Private;
+}
+
 /// Tracks the open calls of a statement up to the position.
 class CallFinder {
 public:
@@ -139,6 +145,7 @@ public:
             m_calls.clear();
             m_statement = State::Start;
             m_before = {};
+            m_declares = false;
             return;
         case TokenKind::LeftParenthesis:
             if (m_statement == State::Callee && !(blankBefore && isCallee(m_before)))
@@ -168,7 +175,7 @@ public:
     {
         if (m_statement == State::Callee && blankBefore)
             startStatementCall();
-        for (auto call = m_calls.rbegin(); call != m_calls.rend(); ++call) {
+        for (auto call = m_calls.rbegin(); call != m_calls.rend() && !m_declares; ++call) {
             if (call->calleeEnd != 0)
                 return *call;
         }
@@ -186,6 +193,7 @@ private:
             const auto keyword = token.keyword();
             if (keyword == Keyword::Else || keyword == Keyword::Then)
                 m_statement = State::Start;
+            m_declares = declaresProcedure(keyword);
         } else if (m_statement == State::Callee && token.kind != TokenKind::Dot
             && m_before.kind != TokenKind::Dot) {
             if (token.kind == TokenKind::Equal || !blankBefore)
@@ -208,6 +216,7 @@ private:
 
     std::vector<OpenCall> m_calls;
     State m_statement = State::Start;
+    bool m_declares = false; ///< a procedure: what stands in parentheses are no arguments
     Token m_before{};
 };
 

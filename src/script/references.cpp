@@ -48,6 +48,12 @@ namespace {
     return model.symbols.symbolAt(object);
 }
 
+/// The class whose member is used, where another file may declare it.
+[[nodiscard]] NameId otherClassOf(const Model &model, NodeId member)
+{
+    return model.types.of(model.tree.child(member, 0)).otherClass;
+}
+
 [[nodiscard]] SymbolId declaredBy(const Symbols &symbols, NodeId declaration)
 {
     for (SymbolId id = 1; id < symbols.symbolCount(); ++id) {
@@ -103,6 +109,15 @@ public:
         for (NodeId id = 1; id < m_model.tree.size(); ++id) {
             const auto &node = m_model.tree[id];
             if (node.kind == NodeKind::Member && node.name == name && ownerOf(m_model, id) == owner)
+                m_found.push_back({m_part.script.nameRange(id), memberUse(id)});
+        }
+    }
+
+    void addMembersOfOther(NameId otherClass, NameId name)
+    {
+        for (NodeId id = 1; id < m_model.tree.size(); ++id) {
+            if (m_model.kind(id) == NodeKind::Member && m_model.tree[id].name == name
+                && otherClassOf(m_model, id) == otherClass)
                 m_found.push_back({m_part.script.nameRange(id), memberUse(id)});
         }
     }
@@ -196,12 +211,21 @@ std::optional<NamedThing> namedAt(const FileModel &file, Offset offset)
         return std::nullopt;
     const auto &model = part->model;
     const auto symbol = symbolOf(model, node);
-    const bool elsewhere = symbol == 0 && model.kind(node) == NodeKind::Name && !model.isProvided(node);
-    if (symbol == 0 && !elsewhere)
-        return std::nullopt;
     const auto &known = model.symbols.symbol(symbol);
-    return NamedThing{part, part->script.nameRange(node), symbol, model.spelling(node),
-        elsewhere || known.scope == 0 || known.kind == SymbolKind::Implicit};
+    NamedThing thing{part, part->script.nameRange(node), symbol, model.spelling(node), false, {}};
+    if (symbol != 0) {
+        const auto &scope = model.symbols.scope(known.scope);
+        thing.isGlobal = known.scope == 0 || known.kind == SymbolKind::Implicit;
+        if (known.scope != 0 && scope.kind == ScopeKind::Class)
+            thing.ofClass = model.nameOf(scope.owner);
+    } else if (model.kind(node) == NodeKind::Member) {
+        thing.ofClass = model.spelling(otherClassOf(model, node));
+    } else if (model.kind(node) == NodeKind::New) {
+        thing.isGlobal = model.types.of(node).otherClass != NameId::None;
+    } else {
+        thing.isGlobal = model.kind(node) == NodeKind::Name && !model.isProvided(node);
+    }
+    return symbol != 0 || thing.isShared() ? std::optional(thing) : std::nullopt;
 }
 
 std::vector<Occurrence> occurrences(const FilePart &part, SymbolId symbol)
@@ -236,19 +260,35 @@ std::vector<Occurrence> globalOccurrences(const FilePart &part, std::string_view
     return collector.take();
 }
 
-std::vector<TextRange> uncertainUses(const FilePart &part, SymbolId symbol)
+std::vector<Occurrence> sharedOccurrences(const FilePart &part, const NamedThing &thing)
+{
+    if (thing.ofClass.empty())
+        return globalOccurrences(part, thing.name);
+    const auto &symbols = part.model.symbols;
+    const auto className = part.script.names.find(thing.ofClass);
+    const auto name = part.script.names.find(thing.name);
+    if (className == NameId::None || name == NameId::None)
+        return {};
+    if (const auto owner = classNamed(symbols, className)) {
+        const auto member = symbols.declaredIn(symbols.symbol(owner).ownScope, name);
+        return member != 0 ? occurrences(part, member) : std::vector<Occurrence>();
+    }
+    Collector collector(part);
+    collector.addMembersOfOther(className, name);
+    return collector.take();
+}
+
+std::vector<TextRange> uncertainUses(const FilePart &part, std::string_view member)
 {
     const auto &model = part.model;
-    const auto &target = model.symbols.symbol(symbol);
+    const auto name = part.script.names.find(member);
     std::vector<TextRange> places;
-    if (target.scope == 0 || model.symbols.scope(target.scope).kind != ScopeKind::Class)
-        return places;
-    for (NodeId id = 1; id < model.tree.size(); ++id) {
+    for (NodeId id = 1; name != NameId::None && id < model.tree.size(); ++id) {
         const auto &node = model.tree[id];
-        if (node.kind != NodeKind::Member || node.name != target.name || ownerOf(model, id) != 0)
+        if (node.kind != NodeKind::Member || node.name != name || ownerOf(model, id) != 0)
             continue;
-        const auto type = model.types.of(model.tree.child(id, 0)).id;
-        if (type == TypeId::Unknown || type == TypeId::Object)
+        const auto type = model.types.of(model.tree.child(id, 0));
+        if (type.id == TypeId::Unknown || type == Type{TypeId::Object, 0})
             places.push_back(part.script.nameRange(id));
     }
     return places;

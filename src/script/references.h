@@ -24,6 +24,9 @@ struct NamedThing {
     std::string_view name; ///< without brackets
     /// Global, so also visible in files loaded together with this one.
     bool isGlobal = false;
+    std::string_view ofClass; ///< of a member: its class, which is global
+
+    [[nodiscard]] bool isShared() const { return isGlobal || !ofClass.empty(); }
 };
 
 /// Nothing if there is no name, or one of the language or the host.
@@ -37,7 +40,9 @@ struct NamedThing {
 [[nodiscard]] std::vector<Occurrence> occurrences(const FilePart &part, SymbolId symbol);
 /// The global declarations of the name in the part, and its uses that refer to them or to another file.
 [[nodiscard]] std::vector<Occurrence> globalOccurrences(const FilePart &part, std::string_view name);
+/// The same of a shared symbol, in any of the parts that are loaded together.
+[[nodiscard]] std::vector<Occurrence> sharedOccurrences(const FilePart &part, const NamedThing &thing);
 /// Uses of a member of that name on objects of unknown class.
-[[nodiscard]] std::vector<TextRange> uncertainUses(const FilePart &part, SymbolId symbol);
+[[nodiscard]] std::vector<TextRange> uncertainUses(const FilePart &part, std::string_view member);
 
 } // namespace kevra::script

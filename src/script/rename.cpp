@@ -76,6 +76,15 @@ constexpr std::size_t longestName = 255;
 
 } // namespace
 
+std::string uncertainty(const FileModel &file, const FilePart &part, const NamedThing &thing)
+{
+    const auto uses = thing.ofClass.empty() ? std::vector<TextRange>() : uncertainUses(part, thing.name);
+    if (uses.empty())
+        return {};
+    return "Line " + lineText(file.text(), uses.front().start) + " uses '." + std::string(thing.name)
+        + "' of an object whose class is not certain.";
+}
+
 std::string whyNoName(std::string_view name)
 {
     const std::string quoted = "'" + std::string(name) + "'";
@@ -108,15 +117,10 @@ Renaming renamedPlaces(const FileModel &file, const std::vector<Occurrence> &pla
 
 Renaming renamed(const FileModel &file, const NamedThing &thing, std::string_view newName)
 {
-    if (thing.symbol != 0) {
-        if (const auto uncertain = uncertainUses(*thing.part, thing.symbol); !uncertain.empty())
-            return {{},
-                "Line " + lineText(file.text(), uncertain.front().start) + " uses '."
-                    + std::string(thing.name) + "' of an object whose class is not certain."};
-    }
+    if (auto refusal = uncertainty(file, *thing.part, thing); !refusal.empty())
+        return {{}, std::move(refusal)};
     return renamedPlaces(file,
-        thing.symbol != 0 ? occurrences(*thing.part, thing.symbol)
-                          : globalOccurrences(*thing.part, thing.name),
+        thing.symbol != 0 ? occurrences(*thing.part, thing.symbol) : sharedOccurrences(*thing.part, thing),
         newName);
 }
 

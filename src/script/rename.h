@@ -24,6 +24,9 @@ struct Renaming {
 [[nodiscard]] Renaming renamedPlaces(
     const FileModel &file, const std::vector<Occurrence> &places, std::string_view newName);
 
+/// Why a member cannot be renamed, as far as this part of the file is concerned; empty if it can.
+[[nodiscard]] std::string uncertainty(const FileModel &file, const FilePart &part, const NamedThing &thing);
+
 /// Why this is not a valid name; empty if it is.
 [[nodiscard]] std::string whyNoName(std::string_view name);
 

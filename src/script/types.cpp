@@ -85,7 +85,9 @@ Type Types::ofNew(NameId className) const
     const auto symbol = m_symbols.declaredIn(0, className);
     if (symbol != 0 && m_symbols.symbol(symbol).kind == SymbolKind::Class)
         return m_symbols.symbol(symbol).redeclared ? Type{TypeId::Object, 0} : Type{TypeId::Object, symbol};
-    return {same(m_script.names.spelling(className), "RegExp") ? TypeId::RegExp : TypeId::Object, 0};
+    if (symbol == 0 && same(m_script.names.spelling(className), "RegExp"))
+        return {TypeId::RegExp, 0};
+    return {TypeId::Object, 0, symbol == 0 ? className : NameId::None};
 }
 
 Type Types::ofName(NodeId name) const
@@ -251,7 +253,10 @@ Type Types::computed(SymbolId symbol) const
         if (!found)
             found = type;
         else if (*found != type)
-            found = unknown;
+            found = found->otherClass != type.otherClass && found->ownClass == type.ownClass
+                    && found->id == type.id
+                ? Type{type.id, 0}
+                : unknown;
     };
     for (const auto &use : m_symbols.references(symbol)) {
         const auto statement = m_symbols.parent(use.node);

@@ -15,6 +15,7 @@ namespace kevra::script {
 struct Type {
     TypeId id = TypeId::Unknown;
     SymbolId ownClass = 0; ///< a class of the script; id is Object then
+    NameId otherClass = NameId::None; ///< a class that another file may declare; id is Object then
 
     friend bool operator==(Type, Type) = default;
 };

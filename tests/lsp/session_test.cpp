@@ -186,6 +186,31 @@ TEST(LanguageServer, FollowsNamesThroughTheFilesOfAJob)
     EXPECT_EQ(places(client.askHere("references")), "%74ools.vbs:0:4-9 job.wsf:3:0-5");
 }
 
+TEST(LanguageServer, KnowsTheClassesOfTheOtherFilesOfAJob)
+{
+    const std::string head
+        = "<job><script language=\"VBScript\" src=\"lib.vbs\"/>\n<script language=\"VBScript\">\n";
+    const std::string job = "file:///w/job.wsf";
+    Client client;
+    client.disk.files["/w/lib.vbs"]
+        = "Class Log\r\nPrivate v\r\nPublic Sub Note(text)\r\nEnd Sub\r\nEnd Class\r\n";
+    client.open(head + "Set o = New Log\no.N|ote 1\nSet p = New Other\np.Note\n</script></job>", job);
+    EXPECT_EQ(places(client.askHere("definition")), "lib.vbs:2:11-15");
+    EXPECT_EQ(client.askHere("hover")["contents"]["value"], "```vbscript\nSub Note(text)\n```");
+    const auto offered = client.askHere("completion");
+    ASSERT_EQ(offered.size(), 1U);
+    EXPECT_EQ(offered[0]["label"], "Note");
+    const auto changes = client.askHere("rename", {{"newName", "Write"}})["changes"];
+    EXPECT_EQ(places(changes["file:///w/lib.vbs"]) + ' ' + places(changes[job]), "2:11-15 3:2-6");
+    client.open(head + "Set o = New |Log\nWith o\n.Note x, \nEnd With\n</script></job>", job);
+    EXPECT_EQ(places(client.askHere("references")), "job.wsf:2:12-15 lib.vbs:0:6-9");
+    EXPECT_EQ(client.askHere("completion").back()["label"], "Log");
+    client.open(head + "Set o = x.y\no.Note 1\n</script></job>", job);
+    client.open("Class Log\nSub N|ote\nEnd Sub\nEnd Class\n", "file:///w/lib.vbs");
+    EXPECT_EQ(client.askHere("rename", {{"newName", "Write"}}),
+        "file:///w/job.wsf: Line 4 uses '.Note' of an object whose class is not certain.");
+}
+
 TEST(LanguageServer, ReportsFindingsAfterEachChange)
 {
     Client client;
@@ -302,6 +327,7 @@ TEST(LanguageServer, HelpsWhileWriting)
         {"after a parenthesis", "MsgBox (1), |", "Abs", "",
             "MsgBox(prompt, [buttons], [title], [helpFile], [context]) 1"},
         {"an assignment", "x = |", "Abs", "", ""},
+        {"a declaration", "Private Sub s(a, |", "Abs", "", ""},
     };
     for (const auto &c : cases) {
         Client client;
