@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A client that sends valid messages in any order, some of them damaged as text or as values: every request
 // is answered once, and texts can still be asked about. Two bytes choose a message and what happens to it.
-// Says at the end how many messages that were.
+// Says after each million, and at the end, how many messages that were.
 #include "lsp/framing.h"
 #include "lsp/session.h"
 #include "page/document_findings.h"
@@ -162,10 +162,16 @@ void collectValues(Json &value, std::vector<Json *> &values)
 
 class MessageCount {
 public:
-    ~MessageCount() { std::fprintf(stderr, "%llu messages\n", m_count); }
-    void add() { ++m_count; }
+    ~MessageCount() { report(); }
+    void add()
+    {
+        if (++m_count % 1'000'000 == 0)
+            report();
+    }
 
 private:
+    void report() const { std::fprintf(stderr, "%llu messages\n", m_count); }
+
     unsigned long long m_count = 0;
 };
 MessageCount messageCount;
