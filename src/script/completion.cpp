@@ -99,7 +99,8 @@ public:
     {
         for (auto id = model.symbols.scope(scope).firstSymbol; id != 0;
              id = model.symbols.symbol(id).nextInScope)
-            add(model.nameOf(id), kindOf(model.symbols.symbol(id).kind, false), signatureOf(model, id), {});
+            add(declaredName(model, id), kindOf(model.symbols.symbol(id).kind, false), signatureOf(model, id),
+                {});
     }
 
     /// Members of a class of the script; the private ones only through Me.
@@ -112,7 +113,7 @@ public:
             const auto declaring
                 = symbol.kind == SymbolKind::Variable ? model.symbols.parent(symbol.node) : symbol.node;
             if (throughMe || !model.tree[declaring].has(flag::Private))
-                add(model.nameOf(id), kindOf(symbol.kind, true), signatureOf(model, id), {});
+                add(declaredName(model, id), kindOf(symbol.kind, true), signatureOf(model, id), {});
         }
     }
 
@@ -124,8 +125,7 @@ public:
         for (const auto &member : object ? object->members : std::span<const Member>())
             add(member.name,
                 member.kind == MemberKind::Method ? CompletionKind::Method : CompletionKind::Property,
-                std::string(member.name) + '(' + std::string(member.parameters.list()) + ')',
-                member.description);
+                memberText(member), member.description);
     }
 
     void addLanguage(const Model &model)
@@ -170,7 +170,7 @@ public:
     {
         for (SymbolId id = 1; id < model.symbols.symbolCount(); ++id) {
             if (model.symbols.symbol(id).kind == SymbolKind::Class)
-                add(model.nameOf(id), CompletionKind::Class, {}, {});
+                add(declaredName(model, id), CompletionKind::Class, {}, {});
         }
         add("RegExp", CompletionKind::Class, {}, {});
     }

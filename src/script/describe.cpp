@@ -34,7 +34,7 @@ namespace {
         : kind == NodeKind::PropertyGet                 ? "Property Get "
         : kind == NodeKind::PropertyLet                 ? "Property Let "
                                                         : "Property Set ";
-    return std::string(word) + std::string(model.nameOf(symbol)) + parameterList(model.script, node);
+    return std::string(word) + std::string(declaredName(model, symbol)) + parameterList(model.script, node);
 }
 
 struct KnownMember {
@@ -50,10 +50,7 @@ struct KnownMember {
 
 [[nodiscard]] std::string memberText(const KnownMember &found)
 {
-    const auto name = std::string(found.type->name) + '.' + std::string(found.member->name);
-    return found.member->kind == MemberKind::Method || found.member->parameters.most() > 0
-        ? joined(name, found.member->parameters.list())
-        : name;
+    return std::string(found.type->name) + '.' + script::memberText(*found.member);
 }
 
 [[nodiscard]] std::string memberNote(const Member &member)
@@ -258,6 +255,21 @@ private:
 
 } // namespace
 
+std::string memberText(const Member &member)
+{
+    return member.kind == MemberKind::Method || member.parameters.most() > 0
+        ? joined(member.name, member.parameters.list())
+        : std::string(member.name);
+}
+
+std::string_view declaredName(const Model &model, SymbolId id)
+{
+    if (model.symbols.symbol(id).kind == SymbolKind::Implicit)
+        return model.nameOf(id);
+    const auto text = model.script.textOf(model.declarationRange(id));
+    return text.starts_with('[') ? model.nameOf(id) : text;
+}
+
 std::string signatureOf(const Model &model, SymbolId id)
 {
     const auto &symbol = model.symbols.symbol(id);
@@ -267,13 +279,13 @@ std::string signatureOf(const Model &model, SymbolId id)
     case SymbolKind::Property:
         return procedureText(model, id);
     case SymbolKind::Class:
-        return "Class " + std::string(model.nameOf(id));
+        return "Class " + std::string(declaredName(model, id));
     case SymbolKind::Constant:
         return "Const " + std::string(model.script.textOf(symbol.node));
     case SymbolKind::Parameter:
         return std::string(model.script.textOf(symbol.node)) + " ' parameter";
     case SymbolKind::Variable:
-        return "Dim " + std::string(model.nameOf(id)) + typeText(model, id);
+        return "Dim " + std::string(declaredName(model, id)) + typeText(model, id);
     case SymbolKind::Implicit:
         break;
     }

@@ -35,6 +35,10 @@ using DescribeElsewhere = std::function<std::optional<Description>(Offset)>;
 [[nodiscard]] std::optional<CallHelp> callHelp(
     const FileModel &file, Offset offset, const DescribeElsewhere &elsewhere);
 
+/// The name as its declaration spells it, without brackets; the first spelling where nothing declares it.
+[[nodiscard]] std::string_view declaredName(const Model &model, SymbolId symbol);
+/// A member's name, with its parameters if it has any or is a method.
+[[nodiscard]] std::string memberText(const Member &member);
 /// How a symbol is declared, on one line.
 [[nodiscard]] std::string signatureOf(const Model &model, SymbolId symbol);
 /// The comment lines right above a declaration, without their marks.

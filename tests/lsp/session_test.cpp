@@ -193,7 +193,7 @@ TEST(LanguageServer, KnowsTheClassesOfTheOtherFilesOfAJob)
     const std::string job = "file:///w/job.wsf";
     Client client;
     client.disk.files["/w/lib.vbs"]
-        = "Class Log\r\nPrivate v\r\nPublic Sub Note(text)\r\nEnd Sub\r\nEnd Class\r\n";
+        = "Class Log\r\nPrivate Sub v(NOTE) : End Sub\r\nPublic Sub Note(text)\r\nEnd Sub\r\nEnd Class\r\n";
     client.open(head + "Set o = New Log\no.N|ote 1\nSet p = New Other\np.Note\n</script></job>", job);
     EXPECT_EQ(places(client.askHere("definition")), "lib.vbs:2:11-15");
     EXPECT_EQ(client.askHere("hover")["contents"]["value"], "```vbscript\nSub Note(text)\n```");
