@@ -106,7 +106,9 @@ std::optional<QUrl> PageRequests::route(const QUrl &url, Resource kind, bool sen
         return std::nullopt;
     const auto asked = pageAddress(url);
     const auto next = m_routes.next(kind, asked);
-    const auto target = next == asked ? url : urlOf(next);
+    if (!next)
+        return std::nullopt;
+    const auto target = *next == asked ? url : urlOf(*next);
     return target.isValid() ? std::optional(target) : std::nullopt;
 }
 

@@ -11,6 +11,7 @@ namespace kevra {
 namespace {
 
 constexpr std::size_t signLength = 32;
+constexpr std::size_t markLength = 8; ///< of these tell the pages from one another
 
 // A text is signed together with its use, so that an address for one use is worth nothing for another.
 constexpr auto documentUse = "document ";
@@ -50,13 +51,20 @@ std::string withoutFragment(std::string_view rest)
     return std::string(rest.substr(0, rest.find('#')));
 }
 
-/// What stands before the first point, when it is a signature.
-std::string_view signatureOf(std::string_view host)
+bool isSignature(std::string_view text)
 {
     const auto isDigit = [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); };
-    const auto label = host.substr(0, host.find('.'));
-    const bool signature = label.size() == signLength && label.size() < host.size();
-    return signature && std::ranges::all_of(label, isDigit) ? label : std::string_view{};
+    return text.size() == signLength && std::ranges::all_of(text, isDigit);
+}
+
+/// What stands alone or, in an address of the web, before the first point, when it is a signature.
+std::string_view signatureOf(const PageAddress &address)
+{
+    const std::string_view host(address.host);
+    const auto label = address.scheme == scheme::web ? host.substr(0, host.find('.')) : host;
+    const bool own
+        = address.scheme == scheme::page || address.scheme == scheme::part || label.size() < host.size();
+    return own && isSignature(label) ? label : std::string_view{};
 }
 
 } // namespace
@@ -67,30 +75,38 @@ PageAddress plainAddress(PageAddress address)
         return fileAddress(address);
     if (address.scheme != scheme::web)
         return address;
-    address.scheme = "https";
-    if (const auto signature = signatureOf(address.host); !signature.empty())
+    if (const auto signature = signatureOf(address); !signature.empty())
         address.host.erase(0, signature.size() + 1);
+    address.scheme = "https";
     return address;
 }
 
 PageRoutes::PageRoutes(Sign sign)
     : m_sign(std::move(sign))
+    , m_mark(m_sign("").substr(0, markLength))
 {
+}
+
+std::string PageRoutes::signedFor(const char *use, const std::string &text) const
+{
+    return m_mark + m_sign(use + text).substr(markLength);
 }
 
 PageAddress PageRoutes::document(const PageAddress &file) const
 {
-    return {std::string(scheme::page), m_sign(documentUse + file.path), file.path, file.rest};
+    return {std::string(scheme::page), signedFor(documentUse, file.path), file.path, file.rest};
 }
 
 PageAddress PageRoutes::webAddress(const PageAddress &https) const
 {
-    const auto signature = m_sign(webUse + https.host + withoutFragment(https.rest));
+    const auto signature = signedFor(webUse, https.host + withoutFragment(https.rest));
     return {std::string(scheme::web), signature + '.' + https.host, https.path, https.rest};
 }
 
-PageAddress PageRoutes::next(Resource kind, const PageAddress &asked)
+std::optional<PageAddress> PageRoutes::next(Resource kind, const PageAddress &asked)
 {
+    if (const auto signature = signatureOf(asked); !signature.empty() && !signature.starts_with(m_mark))
+        return std::nullopt;
     // The engine's own way to read a file is open to those who were sent there, once.
     if (asked.scheme == "file" && m_open.erase(std::string(queryOf(asked.rest))) > 0)
         return asked;
@@ -102,13 +118,15 @@ PageAddress PageRoutes::next(Resource kind, const PageAddress &asked)
     if (isDocument(kind))
         return document(plain);
     if (isShared(kind, plain.path))
-        return {std::string(scheme::part), m_sign(sharedPartUse + plain.path), plain.path, plain.rest};
-    return {std::string(scheme::page), m_sign(plainPartUse + plain.path), plain.path, plain.rest};
+        return PageAddress{
+            std::string(scheme::part), signedFor(sharedPartUse, plain.path), plain.path, plain.rest};
+    return PageAddress{
+        std::string(scheme::page), signedFor(plainPartUse, plain.path), plain.path, plain.rest};
 }
 
 PageAddress PageRoutes::pass(PageAddress file)
 {
-    auto number = m_sign(passUse + std::to_string(++m_passes));
+    auto number = signedFor(passUse, std::to_string(++m_passes));
     file.rest = file.rest.substr(0, file.rest.find_first_of("?#")) + '?' + number;
     m_open.insert(std::move(number));
     return file;
@@ -117,7 +135,7 @@ PageAddress PageRoutes::pass(PageAddress file)
 PageAnswer PageRoutes::answer(const PageAddress &asked)
 {
     const auto plain = plainAddress(asked);
-    const auto isFor = [&](const char *use) { return asked.host == m_sign(use + asked.path); };
+    const auto isFor = [&](const char *use) { return asked.host == signedFor(use, asked.path); };
     if (asked.scheme == scheme::web && asked.host == webAddress(plain).host)
         return {PageAnswer::Kind::Web, plain};
     if (asked.scheme == scheme::page ? isFor(documentUse)

@@ -47,14 +47,17 @@ public:
     /// The address of a file as the engine is asked for the document in it.
     [[nodiscard]] PageAddress document(const PageAddress &file) const;
     /// Where the engine has to go for a request that is allowed; `asked` itself when it is on its way.
-    [[nodiscard]] PageAddress next(Resource kind, const PageAddress &asked);
+    /// Nothing when it was on its way for another page: sent on a second time, it would end the engine.
+    [[nodiscard]] std::optional<PageAddress> next(Resource kind, const PageAddress &asked);
     [[nodiscard]] PageAnswer answer(const PageAddress &asked);
 
 private:
+    [[nodiscard]] std::string signedFor(const char *use, const std::string &text) const;
     [[nodiscard]] PageAddress webAddress(const PageAddress &https) const;
     [[nodiscard]] PageAddress pass(PageAddress file);
 
     Sign m_sign;
+    std::string m_mark; ///< the start of every signature
     std::size_t m_passes = 0;
     std::unordered_set<std::string> m_open; ///< passes given out and not used
 };

@@ -19,7 +19,8 @@ namespace {
 std::string sign(std::string_view text)
 {
     std::ostringstream digits;
-    digits << std::hex << std::setfill('0') << std::setw(32) << std::hash<std::string_view>{}(text);
+    for (int half = 0; half < 2; ++half)
+        digits << std::hex << std::setfill('0') << std::setw(16) << std::hash<std::string_view>{}(text);
     return digits.str();
 }
 
@@ -37,15 +38,18 @@ std::string kindOf(const PageAnswer &answer)
 /// What a request of a page's comes to when it follows every redirect.
 std::string outcome(PageRoutes &routes, Resource kind, PageAddress address)
 {
+    const auto asked = address;
     for (int steps = 0; steps < 5; ++steps) {
         if (const auto next = routes.next(kind, address); next != address) {
-            address = next;
+            if (!next)
+                return "refused";
+            address = *next;
             continue;
         }
         const auto answer = routes.answer(address);
         if (answer.kind != PageAnswer::Kind::Elsewhere)
             return kindOf(answer);
-        address = routes.next(kind, answer.address);
+        address = routes.next(kind, answer.address).value_or(asked);
         return address == answer.address ? "file by the engine" : "round in a circle";
     }
     return "round in a circle";
@@ -79,8 +83,8 @@ TEST(PageRoutes, AnAddressIsGoodForOneUseAlone)
 {
     PageRoutes routes(sign);
     const auto page = routes.document(file("/s/a.html"));
-    const auto picture = routes.next(Resource::Image, file("/s/a.gif"));
-    const auto web = routes.next(Resource::Image, {"https", "example.org", "/a", "/a?b"});
+    const auto picture = routes.next(Resource::Image, file("/s/a.gif")).value();
+    const auto web = routes.next(Resource::Image, {"https", "example.org", "/a", "/a?b"}).value();
     struct {
         const char *name;
         PageAddress address;
@@ -103,6 +107,18 @@ TEST(PageRoutes, AnAddressIsGoodForOneUseAlone)
     EXPECT_EQ(routes.next(Resource::Image, pass), pass);
     EXPECT_NE(routes.next(Resource::Image, pass), pass) << "a second time";
     EXPECT_EQ(plainAddress(web), (PageAddress{"https", "example.org", "/a", "/a?b"}));
+}
+
+TEST(PageRoutes, WhatIsOnItsWayForThePageBeforeGoesNowhere)
+{
+    PageRoutes before(sign);
+    PageRoutes now([](std::string_view text) { return sign("another key" + std::string(text)); });
+    const PageAddress web{"https", "example.org", "/a", "/a?b"};
+    for (const auto &asked :
+        {before.document(file("/s/a.html")), before.next(Resource::Image, web).value()}) {
+        EXPECT_EQ(before.next(Resource::MainFrame, asked), asked);
+        EXPECT_EQ(now.next(Resource::MainFrame, asked), std::nullopt);
+    }
 }
 
 TEST(PublicAddress, LeavesOutWhatIsHereAndAround)

@@ -3,6 +3,7 @@
 #include "preview/plugin/accessibility_limit_qt.h"
 #include "preview/plugin/engine_start_qt.h"
 #include "preview/plugin/graphics_qt.h"
+#include "preview/plugin/page_profiles_qt.h"
 #include "preview/plugin/page_qt.h"
 #include "preview/plugin/page_scheme_qt.h"
 #include "preview/plugin/page_watch_qt.h"
@@ -11,14 +12,13 @@
 #include <QtCore/QTimer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QWheelEvent>
-#include <QtWebEngineCore/QWebEngineDownloadRequest>
 #include <QtWebEngineCore/QWebEngineFindTextResult>
-#include <QtWebEngineCore/QWebEngineProfile>
 #include <QtWebEngineCore/QWebEngineSettings>
 #include <QtWebEngineWidgets/QWebEngineView>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace kevra {
 
@@ -57,11 +57,16 @@ public:
         : m_view(new QWebEngineView(parent))
         , m_events(events)
         , m_use(use)
+        , m_profiles(events)
         , m_sandboxed(sandboxed)
     {
         m_view->setContextMenuPolicy(Qt::NoContextMenu);
         m_view->installEventFilter(this);
         limitPageAccessibility();
+        connect(&m_profiles, &PageProfiles::downloadAsked, this, [this](const QUrl &url) {
+            if (m_page)
+                m_page->linkClicked(url);
+        });
         connect(&m_looks, &QTimer::timeout, this, [this] { watchProcess(); });
         m_looks.start(timeBetweenLooks);
         navigateNowhere();
@@ -69,7 +74,7 @@ public:
     ~Engine() override
     {
         delete m_view;
-        endPage();
+        m_page.reset();
     }
 
     QWidget *widget() override { return m_view; }
@@ -98,7 +103,6 @@ public:
 
 private:
     void newPage();
-    void endPage();
     /// Nothing tells reliably that a page got a process, or another one.
     void watchProcess();
     /// Without a page the view would make one of its own, in the profile that writes to the disk.
@@ -108,8 +112,8 @@ private:
     QPointer<QWebEngineView> m_view;
     BrowserEvents &m_events;
     EngineUse m_use;
-    std::unique_ptr<QWebEngineProfile> m_profile;
-    std::unique_ptr<Page> m_page;
+    PageProfiles m_profiles;
+    std::unique_ptr<Page> m_page; ///< goes before the profile it lives in
     PageWatch m_watch;
     QTimer m_looks;
     qreal m_zoom = 1;
@@ -118,20 +122,9 @@ private:
 
 void Engine::newPage()
 {
-    auto oldProfile = std::move(m_profile);
-    auto oldPage = std::move(m_page);
-    m_profile = std::make_unique<QWebEngineProfile>(); // without a name it is off the record
-    m_profile->setHttpCacheType(QWebEngineProfile::NoCache);
-    m_profile->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
-    installPageSchemes(*m_profile, m_events);
-    connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this,
-        [this](QWebEngineDownloadRequest *download) {
-            download->cancel();
-            if (m_page)
-                m_page->linkClicked(download->url());
-        });
+    auto &profile = m_profiles.forNewPage();
     m_watch.begin();
-    m_page = std::make_unique<Page>(m_profile.get(), m_events, m_use);
+    const auto oldPage = std::exchange(m_page, std::make_unique<Page>(&profile, m_events, m_use));
     connect(m_page.get(), &QWebEnginePage::loadProgress, this, [this] { watchProcess(); });
     for (const auto &each : switches)
         m_page->settings()->setAttribute(each.attribute, each.on);
@@ -140,21 +133,12 @@ void Engine::newPage()
     m_view->setPage(m_page.get());
     if (m_use == EngineUse::Window)
         m_view->setFocus(); // it went with the page before
-    // A page goes before the profile it lives in.
-    oldPage.reset();
-    oldProfile.reset();
 }
 
 void Engine::watchProcess()
 {
     if (m_page)
         m_watch.setProcess(static_cast<pid_t>(m_page->renderProcessPid()));
-}
-
-void Engine::endPage()
-{
-    m_page.reset();
-    m_profile.reset();
 }
 
 void Engine::zoom(int steps)

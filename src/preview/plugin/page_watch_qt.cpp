@@ -34,11 +34,6 @@ std::int64_t memoryOf(const std::string &folder, std::initializer_list<std::stri
     return sum;
 }
 
-std::int64_t editorMemory()
-{
-    return memoryOf("/proc/self", {"RssAnon:", "RssShmem:"});
-}
-
 pid_t parentOf(pid_t process)
 {
     std::ifstream status(processFolder(process) + "/status");
@@ -62,6 +57,11 @@ std::int64_t pageMemory(pid_t page)
 }
 
 } // namespace
+
+std::int64_t editorMemory()
+{
+    return memoryOf("/proc/self", {"RssAnon:", "RssShmem:"});
+}
 
 PageWatch::PageWatch()
     : m_thread([this](const std::stop_token &stop) { run(stop); })

@@ -11,6 +11,9 @@
 
 namespace kevra {
 
+/// What the editor's own process holds, in bytes.
+[[nodiscard]] std::int64_t editorMemory();
+
 /// On a thread of its own: what a page does can keep the editor's busy.
 class PageWatch {
 public:
