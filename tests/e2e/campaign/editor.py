@@ -32,9 +32,10 @@ class Workshop:
         os.mkdir(os.path.dirname(self.program))
         shutil.copy(kevra, self.program)
         shutil.copy(driver, self.driver)
-        # What the preview loads when a page is asked for.
+        # What the preview loads when a page is asked for. Not every version has both.
         for part in ("libkevra_preview.so", "kevra-page-process"):
-            shutil.copy(os.path.join(os.path.dirname(kevra), part), os.path.dirname(self.program))
+            if os.path.exists(os.path.join(os.path.dirname(kevra), part)):
+                shutil.copy(os.path.join(os.path.dirname(kevra), part), os.path.dirname(self.program))
         self.count = 0
 
     def folder(self, user=None):

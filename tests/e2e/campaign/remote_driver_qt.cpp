@@ -101,6 +101,15 @@ bool choose(const QString &path)
     return true;
 }
 
+/// As a file manager does.
+void drop(const QByteArray &path)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromEncoded("file://" + path.toPercentEncoding("/"))});
+    QDropEvent event({}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(window("fedit"), &event);
+}
+
 /// Random keys, clicks and commands; boxes are answered at random. Printing and leaving are left out.
 class Monkey {
 public:
@@ -294,10 +303,7 @@ private:
             return {{"ok", true}};
         }
         if (what == "drop") {
-            later([argument] {
-                QMetaObject::invokeMethod(window("fedit"), "fileDropped",
-                    Q_ARG(std::string, QFile::encodeName(argument).toStdString()));
-            });
+            later([argument] { drop(QFile::encodeName(argument)); });
             return {{"ok", true}};
         }
         if (what == "close") {
