@@ -31,7 +31,7 @@ void RecoveryJournal::writeDown()
     if (!m_changed || m_paused || m_surface.Length() == 0)
         return;
     m_changed = false;
-    if (m_file.holds(m_surface.Text()))
+    if (m_file.mayHold(static_cast<std::size_t>(m_surface.Length())) && m_file.holds(m_surface.Text()))
         return forget();
     try {
         m_store.writeRecord(snapshot());
@@ -99,7 +99,7 @@ TextSnapshot RecoveryJournal::snapshot() const
 {
     // Not the current path, which may already be that of a file about to be opened.
     const auto &path = m_file.path();
-    return {path, m_file.form(path, m_state.scriptTools), std::string(m_surface.Text())};
+    return {path, m_file.form(path, m_state.scriptTools), m_surface.TextCopy()};
 }
 
 void RecoveryJournal::forget()

@@ -29,6 +29,17 @@ void EditorSurface::SetSelColor(Colour colour)
         SetColours(run.range, {&run, 1});
 }
 
+std::string EditorSurface::TextCopy() const
+{
+    constexpr Offset chunk = Offset{256} * 1024;
+    const auto length = Length();
+    std::string copy;
+    copy.reserve(static_cast<std::size_t>(length));
+    for (Offset at = 0; at < length; at += chunk)
+        copy += Text({at, std::min(at + chunk, length)});
+    return copy;
+}
+
 void EditorSurface::FinishLines(TextRange range)
 {
     for (auto at = NextUnfinished(range); at != -1; at = NextUnfinished(range))

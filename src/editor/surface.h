@@ -97,6 +97,8 @@ public:
     [[nodiscard]] Colour SelColor() const;
     /// Colours the selection, or sets the typing colour when nothing is selected.
     void SetSelColor(Colour colour);
+    /// Taken part by part: a control need not bring the whole text together for it.
+    [[nodiscard]] std::string TextCopy() const;
     [[nodiscard]] std::string SelText() const { return std::string(Text(Selection())); }
     void SetSelText(std::string_view text) { Replace(Selection(), text); }
 
