@@ -114,6 +114,63 @@ void addEncodingOption(CLI::App &command, std::optional<Encoding> &encoding)
         ->option_text("NAME");
 }
 
+CLI::App *addCheckCommand(CLI::App &app, CheckOptions &options)
+{
+    auto *command = app.add_subcommand("check", "Look for common mistakes in scripts");
+    command->add_flag("--all", options.all, "Continue after a faulty line and print every finding");
+    command->add_flag_callback(
+        "--no-if", [&options] { options.ifChecking = false; }, "Leave out the IF/END IF count");
+    command->add_option("--format", options.format, "How findings are printed")
+        ->option_text("text|gcc|json")
+        ->transform(CLI::CheckedTransformer(std::map<std::string, CheckFormat>{
+            {"text", CheckFormat::Text}, {"gcc", CheckFormat::Gcc}, {"json", CheckFormat::Json}}));
+    addEncodingOption(*command, options.encoding);
+    command->add_option("FILE", options.files, "Scripts; - is standard input")
+        ->option_text("...")
+        ->required();
+    return command;
+}
+
+void addColourCommand(CLI::App &app, ColourOptions &options)
+{
+    auto *command = app.add_subcommand("colour", "Print a text in its colours");
+    command->add_option("--mode", options.mode, "Tags, keywords, or by the file's type")
+        ->option_text("auto|web|script")
+        ->transform(CLI::CheckedTransformer(
+            std::map<std::string, Mode>{{"auto", Mode::Auto}, {"web", Mode::Web}, {"script", Mode::Script}}));
+    command->add_option("--format", options.format, "How the coloured text is printed")
+        ->option_text("html|ansi|runs")
+        ->transform(CLI::CheckedTransformer(std::map<std::string, ColourFormat>{
+            {"html", ColourFormat::Html}, {"ansi", ColourFormat::Ansi}, {"runs", ColourFormat::Runs}}));
+    addEncodingOption(*command, options.encoding);
+    command->add_option("FILE", options.file, "A text; - is standard input")->option_text(" ")->required();
+}
+
+CLI::App *addAnalyseCommand(CLI::App &app, AnalyseOptions &options)
+{
+    auto *command = app.add_subcommand("analyse", "Look for mistakes in scripts and pages");
+    command->add_option("--level", options.level, "The lowest level to report")
+        ->option_text("error|warning|hint")
+        ->transform(
+            CLI::CheckedTransformer(std::map<std::string, script::Level>{{"error", script::Level::Error},
+                {"warning", script::Level::Warning}, {"hint", script::Level::Hint}}));
+    command->add_option("--format", options.format, "How findings are printed")
+        ->option_text("text|gcc|json|sarif")
+        ->transform(CLI::CheckedTransformer(std::map<std::string, AnalysisFormat>{
+            {"text", AnalysisFormat::Text}, {"gcc", AnalysisFormat::Gcc}, {"json", AnalysisFormat::Json},
+            {"sarif", AnalysisFormat::Sarif}}));
+#ifdef KEVRA_CAN_FIX
+    command->add_flag("--fix", options.fix, "Apply the available fixes and write the files");
+#endif
+    command->add_option("--site", options.site, "The folder that addresses beginning with / are taken from")
+        ->option_text("FOLDER");
+    addEncodingOption(*command, options.encoding);
+    command->add_option("FILE", options.paths, "Scripts, pages, or folders with them; - is standard input")
+        ->option_text("...")
+        ->required();
+    return command;
+}
+
 int run(std::vector<std::string> arguments)
 {
     std::ios::sync_with_stdio(false);
@@ -125,59 +182,11 @@ int run(std::vector<std::string> arguments)
     app.set_help_all_flag("-h,--help", "Print this help and exit");
 
     CheckOptions checkOptions;
-    auto *checkCommand = app.add_subcommand("check", "Look for common mistakes in scripts");
-    checkCommand->add_flag("--all", checkOptions.all, "Continue after a faulty line and print every finding");
-    checkCommand->add_flag_callback(
-        "--no-if", [&] { checkOptions.ifChecking = false; }, "Leave out the IF/END IF count");
-    checkCommand->add_option("--format", checkOptions.format, "How findings are printed")
-        ->option_text("text|gcc|json")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, CheckFormat>{
-            {"text", CheckFormat::Text}, {"gcc", CheckFormat::Gcc}, {"json", CheckFormat::Json}}));
-    addEncodingOption(*checkCommand, checkOptions.encoding);
-    checkCommand->add_option("FILE", checkOptions.files, "Scripts; - is standard input")
-        ->option_text("...")
-        ->required();
-
+    const auto *checkCommand = addCheckCommand(app, checkOptions);
     ColourOptions colourOptions;
-    auto *colourCommand = app.add_subcommand("colour", "Print a text in its colours");
-    colourCommand->add_option("--mode", colourOptions.mode, "Tags, keywords, or by the file's type")
-        ->option_text("auto|web|script")
-        ->transform(CLI::CheckedTransformer(
-            std::map<std::string, Mode>{{"auto", Mode::Auto}, {"web", Mode::Web}, {"script", Mode::Script}}));
-    colourCommand->add_option("--format", colourOptions.format, "How the coloured text is printed")
-        ->option_text("html|ansi|runs")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, ColourFormat>{
-            {"html", ColourFormat::Html}, {"ansi", ColourFormat::Ansi}, {"runs", ColourFormat::Runs}}));
-    addEncodingOption(*colourCommand, colourOptions.encoding);
-    colourCommand->add_option("FILE", colourOptions.file, "A text; - is standard input")
-        ->option_text(" ")
-        ->required();
-
+    addColourCommand(app, colourOptions);
     AnalyseOptions analyseOptions;
-    auto *analyseCommand = app.add_subcommand("analyse", "Look for mistakes in scripts and pages");
-    analyseCommand->add_option("--level", analyseOptions.level, "The lowest level to report")
-        ->option_text("error|warning|hint")
-        ->transform(
-            CLI::CheckedTransformer(std::map<std::string, script::Level>{{"error", script::Level::Error},
-                {"warning", script::Level::Warning}, {"hint", script::Level::Hint}}));
-    analyseCommand->add_option("--format", analyseOptions.format, "How findings are printed")
-        ->option_text("text|gcc|json|sarif")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, AnalysisFormat>{
-            {"text", AnalysisFormat::Text}, {"gcc", AnalysisFormat::Gcc}, {"json", AnalysisFormat::Json},
-            {"sarif", AnalysisFormat::Sarif}}));
-#ifdef KEVRA_CAN_FIX
-    analyseCommand->add_flag("--fix", analyseOptions.fix, "Apply the available fixes and write the files");
-#endif
-    analyseCommand
-        ->add_option(
-            "--site", analyseOptions.site, "The folder that addresses beginning with / are taken from")
-        ->option_text("FOLDER");
-    addEncodingOption(*analyseCommand, analyseOptions.encoding);
-    analyseCommand
-        ->add_option(
-            "FILE", analyseOptions.paths, "Scripts, pages, or folders with them; - is standard input")
-        ->option_text("...")
-        ->required();
+    const auto *analyseCommand = addAnalyseCommand(app, analyseOptions);
 
     std::string explainedCode;
     auto *explainCommand = app.add_subcommand("explain", "Say what a finding's code is about");

@@ -83,18 +83,30 @@ ComparePanel::ComparePanel(QWidget *parent)
     , m_previous(new QPushButton("&Previous Difference", this))
     , m_next(new QPushButton("&Next Difference", this))
 {
+    setUpControls();
+    layOut();
+    connectControls();
+    showNothing();
+}
+
+void ComparePanel::setUpControls()
+{
     m_previous->setAutoDefault(false);
     m_next->setAutoDefault(false);
     m_previous->setObjectName("bcompareprevious");
     m_previous->setToolTip("Shift+F7");
     m_next->setObjectName("bcomparenext");
     m_next->setToolTip("F7");
-    auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
     for (auto *title : {m_leftTitle, m_rightTitle}) {
         title->setTextFormat(Qt::PlainText);
         title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
+}
+
+void ComparePanel::layOut()
+{
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->addWidget(m_leftTitle, 0, 0);
     grid->addWidget(m_rightTitle, 0, 1);
     grid->addWidget(m_left, 1, 0);
@@ -105,6 +117,10 @@ ComparePanel::ComparePanel(QWidget *parent)
     row->addWidget(m_next);
     row->addWidget(m_place, 1);
     grid->addLayout(row, 2, 0, 1, 2);
+}
+
+void ComparePanel::connectControls()
+{
     connect(m_previous, &QPushButton::clicked, this, [this] { step(-1); });
     connect(m_next, &QPushButton::clicked, this, [this] { step(1); });
     for (const auto &[key, direction] : {std::pair(QKeySequence("F7"), 1), {QKeySequence("Shift+F7"), -1}}) {
@@ -118,7 +134,6 @@ ComparePanel::ComparePanel(QWidget *parent)
         connect(from->horizontalScrollBar(), &QScrollBar::valueChanged, to->horizontalScrollBar(),
             &QScrollBar::setValue);
     }
-    showNothing();
 }
 
 void ComparePanel::showTexts(const Side &left, const Side &right)

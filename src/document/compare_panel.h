@@ -29,6 +29,9 @@ public:
     void showNothing();
 
 private:
+    void setUpControls();
+    void layOut();
+    void connectControls();
     void fill(EditorControl &side, const std::string &text, Offset ComparedRow::*line);
     void step(int direction);
     void goTo(std::size_t difference);

@@ -71,6 +71,26 @@ std::vector<Shift> shiftsOf(const std::vector<Line> &lines, Encoding encoding)
     return shifts;
 }
 
+/// Converts each line end once: thousands of lines have the same few.
+class LineEndBytes {
+public:
+    explicit LineEndBytes(Encoding encoding)
+        : m_encoding(encoding)
+    {
+    }
+    [[nodiscard]] const std::string &of(std::string_view end)
+    {
+        const auto [it, isNew] = m_bytes.try_emplace(end);
+        if (isNew)
+            it->second = fromUtf8(end, m_encoding).value_or(std::string());
+        return it->second;
+    }
+
+private:
+    Encoding m_encoding;
+    std::unordered_map<std::string_view, std::string> m_bytes;
+};
+
 } // namespace
 
 EditedLines::EditedLines(std::string_view text, std::string_view before, LineEnds ends)
@@ -111,14 +131,7 @@ std::optional<std::string> EditedLines::bytes(
     if (old.size() != m_linesBefore)
         return std::nullopt;
     const auto shifts = shiftsOf(old, encoding);
-    // Converted once: thousands of lines have the same few line ends.
-    std::unordered_map<std::string_view, std::string> ends;
-    const auto endBytes = [&](std::string_view end) -> const std::string & {
-        const auto [it, isNew] = ends.try_emplace(end);
-        if (isNew)
-            it->second = fromUtf8(end, encoding).value_or(std::string());
-        return it->second;
-    };
+    LineEndBytes ends(encoding);
     auto shift = Shift::Ascii;
     std::string out;
     const auto shiftTo = [&](Shift wanted) {
@@ -142,7 +155,7 @@ std::optional<std::string> EditedLines::bytes(
             if (i + 1 < m_lines.size() && m_lines[i + 1].kept)
                 shiftTo(shifts[*m_lines[i + 1].kept]);
         }
-        out += endBytes(line.end);
+        out += ends.of(line.end);
     }
     return out;
 }

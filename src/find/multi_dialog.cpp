@@ -56,7 +56,9 @@ MultiDialog::MultiDialog(
     setWindowTitle("Multi-Page Replace");
     setAcceptDrops(true);
     createControls();
+    createButtons();
     layOut();
+    connectControls();
     resize(firstSize.boundedTo(screen()->availableSize()));
 }
 
@@ -101,6 +103,23 @@ QPushButton *MultiDialog::button(const char *name, const char *caption, const ch
     return made;
 }
 
+void MultiDialog::createButtons()
+{
+    m_preview = button("bmpreview", "PREVIEW", "Show the number of hits in each file; nothing is written");
+    m_replace = button(
+        "bmreplace", "REPLACE ALL", "Replace in every file with hits; without a preview, show that first");
+    m_addFolder = button("bmfolder", "ADD FOLDER...", "Add the files of a folder that fit the pattern");
+    m_addFiles = button("bmadd", "ADD FILES...", "Add files to the list");
+    m_remove = button("bmremove", "REMOVE", "Take the selected files off the list");
+    m_open = button("bmopen", "OPEN", "Show the chosen line in the editor");
+    m_undo = button("bmundo", "UNDO REPLACEMENT",
+        "Give the files their old content, those that have not been changed since");
+    m_undo->setEnabled(false);
+    m_cancel = button("bmcancel", "CANCEL", "Stop before the next file");
+    m_cancel->setEnabled(false);
+    m_preview->setDefault(true);
+}
+
 void MultiDialog::layOut()
 {
     auto *grid = new QGridLayout(this);
@@ -112,48 +131,36 @@ void MultiDialog::layOut()
         grid->addWidget(field, at, 1, 1, 3);
         grid->addWidget(beside, at, 4);
     };
-    auto *preview
-        = button("bmpreview", "PREVIEW", "Show the number of hits in each file; nothing is written");
-    auto *replace = button(
-        "bmreplace", "REPLACE ALL", "Replace in every file with hits; without a preview, show that first");
-    auto *folder = button("bmfolder", "ADD FOLDER...", "Add the files of a folder that fit the pattern");
-    auto *add = button("bmadd", "ADD FILES...", "Add files to the list");
-    auto *remove = button("bmremove", "REMOVE", "Take the selected files off the list");
-    auto *open = button("bmopen", "OPEN", "Show the chosen line in the editor");
-    m_undo = button("bmundo", "UNDO REPLACEMENT",
-        "Give the files their old content, those that have not been changed since");
-    m_undo->setEnabled(false);
-    m_cancel = button("bmcancel", "CANCEL", "Stop before the next file");
-    m_cancel->setEnabled(false);
-    preview->setDefault(true);
-
-    row(0, "STRING TO FIND:", m_text, preview);
-    row(1, "REPLACE 'STRING TO FIND' WITH:", m_replacement, replace);
+    row(0, "STRING TO FIND:", m_text, m_preview);
+    row(1, "REPLACE 'STRING TO FIND' WITH:", m_replacement, m_replace);
     auto *hint = new QLabel("(Leave blank to delete 'string to find'.)", this);
     grid->addWidget(hint, 2, 1, 1, 3);
     grid->addWidget(m_case, 3, 1);
     grid->addWidget(m_whole, 3, 2);
     grid->addWidget(m_expression, 3, 3);
     grid->addWidget(m_undo, 3, 4);
-    row(4, "FILES OF A FOLDER:", m_patterns, folder);
+    row(4, "FILES OF A FOLDER:", m_patterns, m_addFolder);
     grid->addWidget(m_everyFolder, 5, 1);
     grid->addWidget(m_backup, 5, 2, 1, 2);
     grid->addWidget(m_list, 6, 0, 4, 4);
-    grid->addWidget(add, 6, 4, Qt::AlignTop);
-    grid->addWidget(remove, 7, 4, Qt::AlignTop);
-    grid->addWidget(open, 8, 4, Qt::AlignTop);
+    grid->addWidget(m_addFiles, 6, 4, Qt::AlignTop);
+    grid->addWidget(m_remove, 7, 4, Qt::AlignTop);
+    grid->addWidget(m_open, 8, 4, Qt::AlignTop);
     grid->addWidget(m_progress, 10, 0, 1, 4);
     grid->addWidget(m_cancel, 10, 4);
     grid->addWidget(m_summary, 11, 0, 1, 5);
     grid->setRowStretch(9, 1);
     grid->setColumnStretch(3, 1);
+}
 
-    connect(preview, &QPushButton::clicked, this, [this] { run([this] { m_commands.preview(); }); });
-    connect(replace, &QPushButton::clicked, this, [this] { run([this] { m_commands.replaceAll(); }); });
-    connect(folder, &QPushButton::clicked, this, &MultiDialog::addFolder);
-    connect(add, &QPushButton::clicked, this, &MultiDialog::addFiles);
-    connect(remove, &QPushButton::clicked, this, &MultiDialog::removeSelected);
-    connect(open, &QPushButton::clicked, this, &MultiDialog::openChosen);
+void MultiDialog::connectControls()
+{
+    connect(m_preview, &QPushButton::clicked, this, [this] { run([this] { m_commands.preview(); }); });
+    connect(m_replace, &QPushButton::clicked, this, [this] { run([this] { m_commands.replaceAll(); }); });
+    connect(m_addFolder, &QPushButton::clicked, this, &MultiDialog::addFolder);
+    connect(m_addFiles, &QPushButton::clicked, this, &MultiDialog::addFiles);
+    connect(m_remove, &QPushButton::clicked, this, &MultiDialog::removeSelected);
+    connect(m_open, &QPushButton::clicked, this, &MultiDialog::openChosen);
     connect(m_list, &QTreeWidget::itemDoubleClicked, this, &MultiDialog::openChosen);
     connect(m_undo, &QPushButton::clicked, this, [this] { run([this] { m_commands.undoReplacement(); }); });
     connect(m_cancel, &QPushButton::clicked, this, [this] { m_cancelled = true; });

@@ -46,7 +46,9 @@ private:
     void showUndo(bool possible) override;
     void openChosen();
     void createControls();
+    void createButtons();
     void layOut();
+    void connectControls();
     void addFiles();
     void addFolder();
     /// Folders are replaced by their files that match the pattern.
@@ -72,6 +74,12 @@ private:
     QTreeWidget *m_list;
     QProgressBar *m_progress;
     QLabel *m_summary;
+    QPushButton *m_preview;
+    QPushButton *m_replace;
+    QPushButton *m_addFolder;
+    QPushButton *m_addFiles;
+    QPushButton *m_remove;
+    QPushButton *m_open;
     QPushButton *m_cancel;
     QPushButton *m_undo;
     bool m_undoPossible = false;

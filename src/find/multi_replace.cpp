@@ -121,6 +121,31 @@ std::string applied(const Change &change)
     return std::string(change.decoded.text).replace(start, length, change.replacement.text);
 }
 
+struct ReplaceCounts {
+    void add(const ListedFile &file)
+    {
+        const bool kept = file.outcome == FileOutcome::Replaced;
+        const bool replaced = kept || file.outcome == FileOutcome::ReplacedWithoutUndo;
+        withoutUndo += replaced && !kept;
+        hits += replaced ? file.hits : 0;
+        files += replaced;
+        skipped += !replaced && file.outcome != FileOutcome::NoHits;
+    }
+
+    [[nodiscard]] std::string summary() const
+    {
+        return counted(hits, "replacement") + " in " + counted(files, "file") + ", "
+            + counted(skipped, "file") + " left out."
+            + (withoutUndo > 0 ? " " + counted(withoutUndo, "file") + " cannot be put back: too much to keep."
+                               : "");
+    }
+
+    Offset hits = 0;
+    Offset files = 0;
+    Offset skipped = 0;
+    Offset withoutUndo = 0;
+};
+
 } // namespace
 
 std::string outcomeText(FileOutcome outcome)
@@ -350,10 +375,7 @@ void MultiReplace::replaceAll()
     m_oldContents.clear();
     m_undoBytes = 0;
     m_view.showSummary("Replacing...");
-    Offset hits = 0;
-    Offset files = 0;
-    Offset skipped = 0;
-    Offset withoutUndo = 0;
+    ReplaceCounts counts;
     bool cancelled = false;
     for (std::size_t i = 0; i < m_files.size(); ++i) {
         cancelled = !m_view.shouldContinue(i, m_files.size());
@@ -363,20 +385,12 @@ void MultiReplace::replaceAll()
         if (file.outcome == FileOutcome::Hits)
             replaceIn(file, request);
         m_view.showFile(i, file);
-        const bool kept = file.outcome == FileOutcome::Replaced;
-        const bool replaced = kept || file.outcome == FileOutcome::ReplacedWithoutUndo;
-        withoutUndo += replaced && !kept;
-        hits += replaced ? file.hits : 0;
-        files += replaced;
-        skipped += !replaced && file.outcome != FileOutcome::NoHits;
+        counts.add(file);
     }
     if (!cancelled)
         m_view.shouldContinue(m_files.size(), m_files.size());
     m_view.showUndo(!m_oldContents.empty());
-    m_view.showSummary(std::string(cancelled ? "Cancelled. " : "") + counted(hits, "replacement") + " in "
-        + counted(files, "file") + ", " + counted(skipped, "file") + " left out."
-        + (withoutUndo > 0 ? " " + counted(withoutUndo, "file") + " cannot be put back: too much to keep."
-                           : ""));
+    m_view.showSummary((cancelled ? "Cancelled. " : "") + counts.summary());
 }
 
 } // namespace kevra

@@ -132,11 +132,12 @@ FindingsPanel::FindingsPanel(QFrame &frame, FindingsCommands &commands)
     , m_why(named<QTextBrowser>("twhy", &frame, "Reason"))
     , m_fixes(new QVBoxLayout)
 {
-    build();
+    setUpControls();
+    layOut();
     connectControls();
 }
 
-void FindingsPanel::build()
+void FindingsPanel::setUpControls()
 {
     for (const auto &choice : levelChoices)
         m_level->addItem(choice.caption, static_cast<int>(choice.level));
@@ -149,7 +150,10 @@ void FindingsPanel::build()
     m_list->setColumnWidth(Line, 8 * characterWidth);
     m_list->setColumnWidth(LevelName, 14 * characterWidth);
     m_why->setOpenLinks(false);
+}
 
+QLayout *FindingsPanel::createTopRow()
+{
     auto *row = new QHBoxLayout;
     row->addWidget(m_summary);
     row->addStretch(1);
@@ -165,7 +169,11 @@ void FindingsPanel::build()
     addButton(
         "bcopyfindings", "Cop&y List", "Copy the findings selected, or all of them", [this] { copy(); });
     addButton("bclosefindings", "C&lose", "Close the list (F9)", [this] { emit closeRequested(); });
+    return row;
+}
 
+void FindingsPanel::layOut()
+{
     auto *beside = new QVBoxLayout;
     beside->addWidget(m_why, 1);
     beside->addLayout(m_fixes);
@@ -175,7 +183,7 @@ void FindingsPanel::build()
     auto *all = new QVBoxLayout(&m_frame);
     all->setContentsMargins(4, 2, 4, 2);
     all->setSpacing(2);
-    all->addLayout(row);
+    all->addLayout(createTopRow());
     all->addLayout(parts, 1);
 }
 

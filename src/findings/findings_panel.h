@@ -11,6 +11,7 @@ class QComboBox;
 class QFrame;
 class QItemSelection;
 class QLabel;
+class QLayout;
 class QTextBrowser;
 class QTreeView;
 class QVBoxLayout;
@@ -41,7 +42,9 @@ signals:
     void textRequested();
 
 private:
-    void build();
+    void setUpControls();
+    [[nodiscard]] QLayout *createTopRow();
+    void layOut();
     void connectControls();
     [[nodiscard]] std::optional<std::size_t> current() const;
     void currentChanged();

@@ -203,24 +203,26 @@ const Document *Workspace::includedAt(const Document &document, Offset offset)
     return nullptr;
 }
 
-std::vector<SharedPart> Workspace::sharing(const Document &document, const script::FilePart &first)
+std::vector<Workspace::Include> Workspace::allIncludes()
 {
-    // Includes in both directions; an included file counts with all its parts.
-    struct Link {
-        SharedPart from;
-        std::string to;
-    };
-    std::vector<Link> links;
+    std::vector<Include> includes;
     for (const auto &other : uris()) {
-        // A plain script names no other file.
+        // A plain script includes no other file.
         const auto *host = script::fileKind(other) != FileKind::Script ? load(other) : nullptr;
         if (!host)
             continue;
         for (const auto &part : host->model().parts()) {
             for (auto &uri : included(*host, *part))
-                links.push_back({{host, part.get()}, std::move(uri)});
+                includes.push_back({{host, part.get()}, std::move(uri)});
         }
     }
+    return includes;
+}
+
+std::vector<SharedPart> Workspace::sharing(const Document &document, const script::FilePart &first)
+{
+    // In both directions; an included file counts with all its parts.
+    auto includes = allIncludes();
     std::vector<SharedPart> found;
     const auto add = [&](const Document *of, const script::FilePart *part) {
         const bool known = std::ranges::any_of(found, [&](const SharedPart &s) { return s.part == part; });
@@ -229,16 +231,16 @@ std::vector<SharedPart> Workspace::sharing(const Document &document, const scrip
     };
     add(&document, &first);
     for (auto &uri : included(document, first))
-        links.push_back({found.front(), std::move(uri)});
+        includes.push_back({found.front(), std::move(uri)});
     for (std::size_t i = 0; i < found.size(); ++i) {
-        for (const auto &link : links) {
-            if (link.from.part == found[i].part) {
-                if (const auto *to = load(link.to)) {
+        for (const auto &include : includes) {
+            if (include.from.part == found[i].part) {
+                if (const auto *to = load(include.to)) {
                     for (const auto &part : to->model().parts())
                         add(to, part.get());
                 }
-            } else if (link.to == keyOf(found[i].document->uri())) {
-                add(link.from.document, link.from.part);
+            } else if (include.to == keyOf(found[i].document->uri())) {
+                add(include.from.document, include.from.part);
             }
         }
     }

@@ -117,6 +117,13 @@ private:
         std::unique_ptr<Document> document;
     };
 
+    /// A part that includes a file, given as its URI.
+    struct Include {
+        SharedPart from;
+        std::string to;
+    };
+
+    [[nodiscard]] std::vector<Include> allIncludes();
     void refresh(OnDisk &entry, const std::string &uri, const std::string &path);
     [[nodiscard]] std::set<std::string> uris();
     [[nodiscard]] std::vector<std::string> included(const Document &document, const script::FilePart &part);

@@ -108,6 +108,17 @@ constexpr std::array guardFunctions{
         names, [&](std::string_view n) { return !comesBefore(name, n) && !comesBefore(n, name); });
 }
 
+/// Whether the node is a call of a function that takes only numbers (IsNumber) or dates (IsDate).
+[[nodiscard]] bool converts(const Model &model, NodeId id, Guard guard)
+{
+    const auto *function
+        = model.kind(id) == NodeKind::Apply ? model.builtinAt(model.tree.child(id, 0)) : nullptr;
+    return function
+        && (guard == Guard::IsDate
+                ? isOneOf(function->name, {"CDate", "DateValue", "Year", "Month", "Day"})
+                : isOneOf(function->name, {"CInt", "CLng", "CDbl", "CSng", "CByte", "CCur"}));
+}
+
 /// Whether evaluating the node fails when the guard does not hold.
 [[nodiscard]] bool needs(const Model &model, NodeId id, const Guarded &guarded)
 {
@@ -119,14 +130,9 @@ constexpr std::array guardFunctions{
     case Guard::IsObject:
         return model.kind(id) == NodeKind::Member && onSubject;
     case Guard::IsNumber:
-    case Guard::IsDate: {
-        const auto *function = model.kind(id) == NodeKind::Apply ? model.builtinAt(first) : nullptr;
-        const bool converts = function
-            && (guarded.guard == Guard::IsDate
-                    ? isOneOf(function->name, {"CDate", "DateValue", "Year", "Month", "Day"})
-                    : isOneOf(function->name, {"CInt", "CLng", "CDbl", "CSng", "CByte", "CCur"}));
-        return converts && second != 0 && model.sameText(unwrapped(model, second), guarded.subject);
-    }
+    case Guard::IsDate:
+        return converts(model, id, guarded.guard) && second != 0
+            && model.sameText(unwrapped(model, second), guarded.subject);
     case Guard::IsArray:
         return model.kind(id) == NodeKind::Apply && (onSubject || [&] {
             const auto array = argumentOf(model, id, "UBound");

@@ -170,42 +170,54 @@ void Layout::logicalLine(std::span<const Token> line)
     }
 }
 
+void Layout::endStatement(Keyword kind, std::size_t line, bool first)
+{
+    if (kind == Keyword::If && m_inlineIfs > 0) {
+        --m_inlineIfs;
+        return;
+    }
+    close(kind, line);
+    if (first)
+        m_lines[line].depth = depth();
+}
+
+void Layout::branch(Keyword word, std::size_t line, bool first)
+{
+    const bool isBranch = m_inlineIfs == 0 && !m_open.empty()
+        && ((m_open.back().kind == Keyword::If && (word == Keyword::Else || word == Keyword::ElseIf))
+            || (m_open.back().kind == Keyword::Select && word == Keyword::Case));
+    if (!isBranch)
+        return;
+    const auto inside = m_open.back().inCase ? 2U : 1U;
+    if (first)
+        m_lines[line].depth = depth() - inside + (word == Keyword::Case ? 1 : 0);
+    m_open.back().inCase = word == Keyword::Case;
+}
+
+void Layout::ifStatement(std::span<const Token> words, std::size_t line)
+{
+    const bool isIf = wordAt(words, 0) == Keyword::If;
+    const auto then = std::ranges::find_if(
+        words, [](const Token &t) { return t.kind == TokenKind::Name && t.keyword() == Keyword::Then; });
+    const bool inlined = then != words.end() && then + 1 != words.end();
+    if (isIf && !inlined)
+        open(Keyword::If, line);
+    else if (isIf)
+        ++m_inlineIfs;
+    if (inlined)
+        statement({then + 1, words.end()}, line, false);
+}
+
 void Layout::statement(std::span<const Token> words, std::size_t line, bool first)
 {
     auto word = wordAt(words, 0);
-    if (const auto kind = endedBy(words); kind != Keyword::None) {
-        if (kind == Keyword::If && m_inlineIfs > 0) {
-            --m_inlineIfs;
-            return;
-        }
-        close(kind, line);
-        if (first)
-            m_lines[line].depth = depth();
-        return;
-    }
-    const bool branch = m_inlineIfs == 0 && !m_open.empty()
-        && ((m_open.back().kind == Keyword::If && (word == Keyword::Else || word == Keyword::ElseIf))
-            || (m_open.back().kind == Keyword::Select && word == Keyword::Case));
-    if (branch) {
-        const auto inside = m_open.back().inCase ? 2U : 1U;
-        if (first)
-            m_lines[line].depth = depth() - inside + (word == Keyword::Case ? 1 : 0);
-        m_open.back().inCase = word == Keyword::Case;
-    }
+    if (const auto kind = endedBy(words); kind != Keyword::None)
+        return endStatement(kind, line, first);
+    branch(word, line, first);
     if (word == Keyword::Else && words.size() > 1)
         return statement(words.subspan(1), line, false);
-    if (word == Keyword::If || word == Keyword::ElseIf) {
-        const auto then = std::ranges::find_if(
-            words, [](const Token &t) { return t.kind == TokenKind::Name && t.keyword() == Keyword::Then; });
-        const bool inlined = then != words.end() && then + 1 != words.end();
-        if (word == Keyword::If && !inlined)
-            open(Keyword::If, line);
-        else if (word == Keyword::If)
-            ++m_inlineIfs;
-        if (inlined)
-            statement({then + 1, words.end()}, line, false);
-        return;
-    }
+    if (word == Keyword::If || word == Keyword::ElseIf)
+        return ifStatement(words, line);
     while (isPrefix(word) && words.size() > 1) {
         words = words.subspan(1);
         word = wordAt(words, 0);

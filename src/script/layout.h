@@ -54,6 +54,11 @@ private:
     void markScriptLines(std::span<const Piece> pieces);
     void logicalLine(std::span<const Token> line);
     void statement(std::span<const Token> words, std::size_t line, bool first);
+    void endStatement(Keyword kind, std::size_t line, bool first);
+    /// Else, ElseIf and Case.
+    void branch(Keyword word, std::size_t line, bool first);
+    /// If and ElseIf.
+    void ifStatement(std::span<const Token> words, std::size_t line);
     void open(Keyword kind, std::size_t line) { m_open.push_back({kind, line, false}); }
     void close(Keyword kind, std::size_t line);
     void setDepth(std::size_t line, unsigned depth);

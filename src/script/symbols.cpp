@@ -20,6 +20,29 @@ namespace {
                                           : SymbolKind::Property;
 }
 
+/// Whether declarations may be inside it, directly or in its children.
+bool holdsStatements(NodeKind kind)
+{
+    switch (kind) {
+    case NodeKind::Script:
+    case NodeKind::Block:
+    case NodeKind::If:
+    case NodeKind::IfBranch:
+    case NodeKind::ElseBranch:
+    case NodeKind::Select:
+    case NodeKind::CaseBranch:
+    case NodeKind::CaseElse:
+    case NodeKind::For:
+    case NodeKind::ForEach:
+    case NodeKind::DoLoop:
+    case NodeKind::While:
+    case NodeKind::With:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 class Symbols::Builder {
@@ -95,23 +118,9 @@ private:
         case NodeKind::Class:
             declareOwner(id, scope, SymbolKind::Class, ScopeKind::Class);
             break;
-        case NodeKind::Script:
-        case NodeKind::Block:
-        case NodeKind::If:
-        case NodeKind::IfBranch:
-        case NodeKind::ElseBranch:
-        case NodeKind::Select:
-        case NodeKind::CaseBranch:
-        case NodeKind::CaseElse:
-        case NodeKind::For:
-        case NodeKind::ForEach:
-        case NodeKind::DoLoop:
-        case NodeKind::While:
-        case NodeKind::With:
-            declareChildren(id, scope);
-            break;
         default:
-            break;
+            if (holdsStatements(node.kind))
+                declareChildren(id, scope);
         }
     }
 
@@ -194,37 +203,46 @@ private:
         }
     }
 
+    /// How a node accesses its first child, if that differs from the others.
+    static std::optional<Access> accessOfFirst(NodeKind kind, Access access)
+    {
+        switch (kind) {
+        case NodeKind::Member:
+            return Access::Object;
+        case NodeKind::Apply:
+            return access == Access::Write ? Access::WriteElement
+                : access == Access::Set    ? Access::SetElement
+                : access == Access::ReDim  ? Access::ReDim
+                                           : Access::Index;
+        case NodeKind::CallStatement:
+            return Access::Call;
+        case NodeKind::Assign:
+            return Access::Write;
+        case NodeKind::SetAssign:
+            return Access::Set;
+        case NodeKind::For:
+            return Access::Loop;
+        case NodeKind::ForEach:
+            return Access::LoopEach;
+        default:
+            return std::nullopt;
+        }
+    }
+
     void visit(NodeId id, ScopeId scope, Access access = Access::Read)
     {
         const auto &node = m_tree[id];
+        if (const auto first = accessOfFirst(node.kind, access))
+            return visitFirst(id, scope, *first);
         switch (node.kind) {
         case NodeKind::Name:
             return use(id, scope, access);
         case NodeKind::Identifier:
             return;
-        case NodeKind::Member:
-            return visitFirst(id, scope, Access::Object);
         case NodeKind::WithObject:
             if (m_with != 0)
                 m_result.m_withUses.push_back({id, m_with});
             return;
-        case NodeKind::Apply:
-            visitFirst(id, scope,
-                access == Access::Write       ? Access::WriteElement
-                    : access == Access::Set   ? Access::SetElement
-                    : access == Access::ReDim ? Access::ReDim
-                                              : Access::Index);
-            return;
-        case NodeKind::CallStatement:
-            return visitFirst(id, scope, Access::Call);
-        case NodeKind::Assign:
-            return visitFirst(id, scope, Access::Write);
-        case NodeKind::SetAssign:
-            return visitFirst(id, scope, Access::Set);
-        case NodeKind::For:
-            return visitFirst(id, scope, Access::Loop);
-        case NodeKind::ForEach:
-            return visitFirst(id, scope, Access::LoopEach);
         case NodeKind::With:
             return visitWith(id, scope);
         case NodeKind::ReDim:

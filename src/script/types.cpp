@@ -239,7 +239,6 @@ Type Types::ofSymbol(SymbolId symbol) const
 
 Type Types::computed(SymbolId symbol) const
 {
-    const auto &tree = m_script.tree;
     const auto kind = m_symbols.symbol(symbol).kind;
     const bool holdsValues = kind == SymbolKind::Variable || kind == SymbolKind::Implicit
         || (kind == SymbolKind::Function && !m_symbols.symbol(symbol).redeclared);
@@ -248,7 +247,7 @@ Type Types::computed(SymbolId symbol) const
     if (!holdsValues)
         return unknown;
     std::optional<Type> found;
-    bool handedOver = false;
+    bool isArgument = false;
     const auto add = [&](Type type) {
         if (!found)
             found = type;
@@ -259,27 +258,39 @@ Type Types::computed(SymbolId symbol) const
                 : unknown;
     };
     for (const auto &use : m_symbols.references(symbol)) {
-        const auto statement = m_symbols.parent(use.node);
-        const auto source = tree.child(statement, 1);
-        if (use.access == Access::Set) {
-            if (tree[source].kind != NodeKind::Nothing)
-                add(typeOf(source, 0));
-        } else if (use.access == Access::Write) {
-            // Without Set the value of the default member is assigned.
-            const auto type = typeOf(source, 0);
-            add(type.id == TypeId::Value ? type : unknown);
-        } else if (use.access == Access::LoopEach) {
-            add(elementOf(typeOf(source, 0)));
-        } else if (use.access == Access::Loop || use.access == Access::ReDim
-            || (use.access == Access::Argument && mayBeChangedByCall(use))) {
-            return unknown;
-        }
-        handedOver = handedOver || use.access == Access::Argument;
+        if (const auto type = assignedBy(use))
+            add(*type);
+        isArgument = isArgument || use.access == Access::Argument;
         if (found == unknown)
             return unknown;
     }
     // A method may store an object in a variable passed to it.
-    return handedOver && found == value ? unknown : found.value_or(unknown);
+    return isArgument && found == value ? unknown : found.value_or(unknown);
+}
+
+/// The type that a use assigns to its variable; nothing if it assigns nothing.
+std::optional<Type> Types::assignedBy(const Reference &use) const
+{
+    const auto &tree = m_script.tree;
+    const auto source = tree.child(m_symbols.parent(use.node), 1);
+    switch (use.access) {
+    case Access::Set:
+        return tree[source].kind != NodeKind::Nothing ? std::optional(typeOf(source, 0)) : std::nullopt;
+    case Access::Write: {
+        // Without Set the value of the default member is assigned.
+        const auto type = typeOf(source, 0);
+        return type.id == TypeId::Value ? type : unknown;
+    }
+    case Access::LoopEach:
+        return elementOf(typeOf(source, 0));
+    case Access::Loop:
+    case Access::ReDim:
+        return unknown;
+    case Access::Argument:
+        return mayBeChangedByCall(use) ? std::optional(unknown) : std::nullopt;
+    default:
+        return std::nullopt;
+    }
 }
 
 /// Whether a procedure of the script assigns to the parameter that receives this argument.

@@ -50,6 +50,7 @@ private:
     [[nodiscard]] Type ofApply(NodeId apply, unsigned links) const;
     [[nodiscard]] Type ofNew(NameId className) const;
     [[nodiscard]] Type computed(SymbolId symbol) const;
+    [[nodiscard]] std::optional<Type> assignedBy(const Reference &use) const;
     [[nodiscard]] bool mayBeChangedByCall(const Reference &argument) const;
     [[nodiscard]] SymbolId parameterFor(SymbolId procedure, NodeId call, NodeId argument) const;
     [[nodiscard]] bool isWritten(SymbolId parameter) const;

@@ -150,6 +150,23 @@ void RecoveryStorePosix::takeCrashRecord(const std::string &record, const std::s
     ::rename(crash.c_str(), record.c_str());
 }
 
+/// Whether the record is offered as well. One text is offered once, in its later form; the other form is kept
+/// as a version of it.
+bool RecoveryStorePosix::putAutosaveAside(
+    int number, const Autosaved &autosaved, const std::optional<RecoveryRecord> &recorded, bool before)
+{
+    const auto autosave = autosaveFile(number);
+    const bool oneText = !recorded || autosaved.sequence == 0 || autosaved.path == recorded->path;
+    if (autosaved.bytes.empty() || autosaved.status == documentSaved || (before && oneText)) {
+        const auto &path = recorded && !recorded->path.empty() ? recorded->path : autosaved.path;
+        moveToBackups(autosave, path.empty() ? autosave : path);
+        return recorded.has_value();
+    }
+    const auto sequence = autosaved.sequence > 0 ? autosaved.sequence : m_sequence.next();
+    std::ignore = records().setAside(autosave, sequence, number, ".txt");
+    return recorded && !oneText;
+}
+
 void RecoveryStorePosix::putLeftoversAside(RecordFolder &folder, int number)
 {
     const bool ours = number == folder.number();
@@ -171,16 +188,7 @@ void RecoveryStorePosix::putLeftoversAside(RecordFolder &folder, int number)
     if (autosaved) {
         const bool before
             = recorded && autosaved->isBefore(*recorded, changeTime(record) >= changeTime(autosave));
-        // One text is offered once, in its later form; the other form is kept as a version of it.
-        const bool oneText = !recorded || autosaved->sequence == 0 || autosaved->path == recorded->path;
-        if (autosaved->bytes.empty() || autosaved->status == documentSaved || (before && oneText)) {
-            const auto &path = recorded && !recorded->path.empty() ? recorded->path : autosaved->path;
-            moveToBackups(autosave, path.empty() ? autosave : path);
-        } else {
-            const auto sequence = autosaved->sequence > 0 ? autosaved->sequence : m_sequence.next();
-            std::ignore = records().setAside(autosave, sequence, number, ".txt");
-            recordIsOffered = recorded && !oneText;
-        }
+        recordIsOffered = putAutosaveAside(number, *autosaved, recorded, before);
     }
     if (recordIsOffered)
         std::ignore = folder.setAside(record, recorded->sequence, number, ".record");

@@ -60,6 +60,9 @@ private:
     [[nodiscard]] Saved writeAutosaveFile(const TextSnapshot &snapshot);
     void removeRecordsExcept(const RecordFolder *kept);
     void findLeftovers(RecordFolder &folder);
+    /// `before`: the autosaved text is older than the recorded one.
+    [[nodiscard]] bool putAutosaveAside(
+        int number, const Autosaved &autosaved, const std::optional<RecoveryRecord> &recorded, bool before);
     void putLeftoversAside(RecordFolder &folder, int number);
     void takeCrashRecord(const std::string &record, const std::string &crash);
     [[nodiscard]] std::optional<Autosaved> autosavedBy(int number) const;
