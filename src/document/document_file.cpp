@@ -51,7 +51,7 @@ Saved DocumentFile::save(std::string_view text, const std::string &path, Existin
               // Skip content that is ours or already kept.
               if (isOriginal(content) || content == foreign)
                   return;
-              m_backups.keep(path, content);
+              std::ignore = m_backups.keep(path, content); // the save goes on in any case
               foreign = content;
           });
     if (saved != Saved::Ok)
@@ -102,7 +102,7 @@ Saved DocumentFile::putBack()
     const auto theirs = std::exchange(m_replaced, std::nullopt);
     const auto saved = m_files.save(m_path, theirs.value_or(""), false, [&](std::string_view content) {
         if (!isOriginal(content))
-            m_backups.keep(m_path, content);
+            std::ignore = m_backups.keep(m_path, content); // the user asked for the other version
     });
     if (saved == Saved::Ok)
         m_onDisk = false;
@@ -175,7 +175,7 @@ std::optional<std::string> DocumentFile::keepForeignContent(const std::string &p
     if (!content || isOriginal(*content))
         return std::nullopt;
     // The save continues even if nothing could be kept: the user asked for it.
-    m_backups.keep(path, *content);
+    std::ignore = m_backups.keep(path, *content); // the user decided to save
     return content;
 }
 

@@ -93,7 +93,7 @@ bool OpenCommands::reload(std::optional<Encoding> encoding)
 void OpenCommands::newFile()
 {
     m_beforeOpening();
-    std::ignore = startNew({}, askAboutText());
+    std::ignore = startNew({}, askAboutText()); // the user chose to stay
 }
 
 void OpenCommands::startWithTemplate(const std::string &templatePath)

@@ -75,8 +75,8 @@ void RecoveryJournal::textGivenUp()
 {
     // It can be restored for a time from File, Versions.
     if (!m_paused && !m_givenUp && m_surface.Length() > 0 && !m_file.holds(m_surface.Text()))
-        m_backups.keep(m_file.path().empty() ? "untitled.txt" : m_file.path(), fileBytes(snapshot()),
-            KeptReason::GivenUp);
+        std::ignore = m_backups.keep(m_file.path().empty() ? "untitled.txt" : m_file.path(),
+            fileBytes(snapshot()), KeptReason::GivenUp);
     m_changed = false;
     m_givenUp = true;
     forget();

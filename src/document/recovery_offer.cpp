@@ -111,9 +111,9 @@ void RecoveryOffer::offerText(const std::string &text, const RecoveryRecord &rec
         return;
     const auto seen = ask("Do you want to see the file before saving?");
     if (seen == Answer::Yes)
-        std::ignore = review(text, record);
+        std::ignore = review(text, record); // else it stays for the next start
     else if (seen == Answer::No)
-        std::ignore = saveWithoutReview(text, record);
+        std::ignore = saveWithoutReview(text, record); // the same
 }
 
 bool RecoveryOffer::saveWithoutReview(const std::string &text, const RecoveryRecord &record)

@@ -31,7 +31,7 @@ void SaveCommands::save()
         return;
     // Opening may leave a refused path here, whose file this document must not replace.
     if (m_ports.document.file.owns(m_ports.document.state.currentPath))
-        std::ignore = write(m_ports.document.state.currentPath, Existing::KeepReadOnly);
+        std::ignore = write(m_ports.document.state.currentPath, Existing::KeepReadOnly); // reports failures
     else
         saveAs();
 }
@@ -65,7 +65,7 @@ bool SaveCommands::saveBytesAs(const std::string &title, const std::string &prop
     if (!path)
         return false;
     if (const auto existing = m_ports.files.read(*path); existing && existing != bytes)
-        m_ports.backups.keep(*path, *existing);
+        std::ignore = m_ports.backups.keep(*path, *existing); // the user agreed to replace it
     return succeeded(m_ports.files.replace(*path, bytes), *path);
 }
 
@@ -138,7 +138,7 @@ void SaveCommands::removeForeignPage(const std::string &path)
         return;
     const auto content = m_ports.files.read(path);
     if (!content || m_ports.backups.keep(path, *content, KeptReason::Deleted))
-        m_ports.files.remove(path);
+        std::ignore = m_ports.files.remove(path); // a page that stays does no harm
 }
 
 } // namespace kevra

@@ -84,7 +84,7 @@ void PreviewFile::takeOver(const std::string &path)
         if (entry.note.page != path || entry.name == m_notes.own())
             continue;
         if (isPage(entry.note))
-            m_files.remove(path);
+            std::ignore = m_files.remove(path); // tried again at the next start
         m_note.aside = entry.note.aside;
         m_note.original = entry.note.original;
         m_notes.write(m_note);
@@ -168,7 +168,7 @@ void PreviewFile::putBack(const PageNote &note)
     // A document has been saved under this name meanwhile.
     if (const auto bytes = m_files.read(note.aside);
         bytes && m_backups.keep(note.page, *bytes, KeptReason::Deleted))
-        m_files.remove(note.aside);
+        std::ignore = m_files.remove(note.aside); // only a copy
 }
 
 } // namespace kevra

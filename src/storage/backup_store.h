@@ -19,7 +19,7 @@ class BackupStore {
 public:
     virtual ~BackupStore() = default;
     /// `path` is the file that the bytes come from. False when they could not be kept.
-    virtual bool keep(
+    [[nodiscard]] virtual bool keep(
         const std::string &path, std::string_view bytes, KeptReason reason = KeptReason::Replaced)
         = 0;
 };

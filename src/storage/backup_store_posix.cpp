@@ -61,6 +61,7 @@ bool BackupStorePosix::keep(const std::string &path, std::string_view bytes, Kep
     const auto name = timeText() + '-' + nameSuffix(path);
     const bool kept = writePrivately(m_folder + '/' + name, bytes) == Saved::Ok;
     if (kept)
+        // Without the note the version is shown under its file name.
         std::ignore
             = writePrivately(notePath(name), withChecksum({path, std::to_string(static_cast<int>(reason))}));
     prune(name);
@@ -121,7 +122,7 @@ void BackupStorePosix::prune(const std::string &newest)
     for (const auto &version : copies())
         kept.push_back({version.name, version.name.substr(timeLength), version.time, version.size});
     for (const auto &name : versionsToRemove(std::move(kept), Clock::to_time_t(Clock::now()), newest))
-        remove(name);
+        std::ignore = remove(name); // tried again after the next one
 }
 
 } // namespace kevra

@@ -94,7 +94,7 @@ public:
         return write(path, bytes);
     }
     /// Also removes read-only files. True when the file does not exist afterwards.
-    virtual bool remove(const std::string &path) = 0;
+    [[nodiscard]] virtual bool remove(const std::string &path) = 0;
     /// Renames a file within its folder and keeps its metadata. False, with nothing done, when the new name
     /// is taken.
     [[nodiscard]] virtual bool rename(const std::string &from, const std::string &to) = 0;

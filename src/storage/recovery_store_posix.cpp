@@ -72,7 +72,7 @@ RecoveryStorePosix::RecoveryStorePosix(
     , m_backups(backups)
     , m_writer(std::move(outcomeChanged))
 {
-    std::ignore = records().open();
+    std::ignore = records().open(); // tried again at each write, which reports the failure
     completeTornWrites(records().path());
     for (auto &folder : m_folders)
         findLeftovers(folder);
@@ -163,7 +163,7 @@ bool RecoveryStorePosix::putAutosaveAside(
         return recorded.has_value();
     }
     const auto sequence = autosaved.sequence > 0 ? autosaved.sequence : m_sequence.next();
-    std::ignore = records().setAside(autosave, sequence, number, ".txt");
+    std::ignore = records().setAside(autosave, sequence, number, ".txt"); // else it stays where it is
     return recorded && !oneText;
 }
 
@@ -191,7 +191,7 @@ void RecoveryStorePosix::putLeftoversAside(RecordFolder &folder, int number)
         recordIsOffered = putAutosaveAside(number, *autosaved, recorded, before);
     }
     if (recordIsOffered)
-        std::ignore = folder.setAside(record, recorded->sequence, number, ".record");
+        std::ignore = folder.setAside(record, recorded->sequence, number, ".record"); // the same
     else if (recorded)
         moveToBackups(record, record);
     if (!document)
@@ -242,7 +242,7 @@ void RecoveryStorePosix::writeRecord(TextSnapshot snapshot)
 
 void RecoveryStorePosix::writeCrashRecord(const TextSnapshot &snapshot)
 {
-    std::ignore = writeText(snapshot, ".crash");
+    std::ignore = writeText(snapshot, ".crash"); // nobody is left to report to
 }
 
 Saved RecoveryStorePosix::recordOutcome() const

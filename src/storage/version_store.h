@@ -25,7 +25,7 @@ public:
     virtual ~VersionStore() = default;
     [[nodiscard]] virtual std::vector<Version> versions() const = 0; ///< the newest first
     [[nodiscard]] virtual std::optional<std::string> content(const std::string &name) const = 0;
-    virtual bool remove(const std::string &name) = 0;
+    [[nodiscard]] virtual bool remove(const std::string &name) = 0;
 };
 
 } // namespace kevra
