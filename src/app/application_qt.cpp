@@ -32,11 +32,11 @@ private:
 
 Application::Application(ProgramFolders programFolders)
     : folders(std::move(programFolders))
-    , m_settings(store, editing, state, options, *this)
+    , m_settings(store, editing, applicationState, options, *this)
     , m_autosaveTimer(std::make_unique<AutosaveTimerQt>(timer1))
 {
     m_documents.push_back(
-        std::make_unique<WindowDocument>(WindowDocument::Shared{editing, state, files, backups},
+        std::make_unique<WindowDocument>(WindowDocument::Shared{editing, applicationState, files, backups},
             RecoveryStorePosix::Folders{folders.autosave, folders.spare}));
 }
 
@@ -50,7 +50,7 @@ Application::~Application()
 
 void Application::start(std::string commandLine)
 {
-    Startup(shown().document.state, state, m_settings, *this).startup(std::move(commandLine));
+    Startup(shown().document.state, applicationState, m_settings, *this).startup(std::move(commandLine));
 }
 
 MainWindow &Application::mainWindow()
@@ -96,19 +96,19 @@ void Application::createMainWindow()
     auto &shownDocument = shown();
     auto &document = shownDocument.document;
     document.state.autosaveWritten = false;
-    state.helpShowing = false;
+    applicationState.helpShowing = false;
     document.state.scriptTools = false;
     m_mainWindow = std::make_unique<MainWindow>(commands, shownDocument.takeControl());
     auto &window = *m_mainWindow;
     m_toolSets = std::make_unique<ToolSets>(document, window.lineNumbers(), window, window.fonts());
-    m_quit.reset(new Quit(document, state, m_settings, messages, *this));
+    m_quit.reset(new Quit(document, applicationState, m_settings, messages, *this));
     for (const auto wire :
         {wireEditing, wireLines, wireFiles, wireColour, wireChecker, wireFindings, wireFind, wirePreview,
             wireBeside, wireImages, wireSettings, wirePad, wireNavigation, wireSnippetPanels})
         wire(*this, shownDocument);
     m_toolSets->showWebTools();
     window.enableBoundCommands();
-    checkTempFolder(state, files, messages);
+    checkTempFolder(applicationState, files, messages);
 }
 
 void Application::makesWindow(SecondaryWindow window, std::function<QWidget *()> make)

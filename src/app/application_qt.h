@@ -43,7 +43,7 @@ public:
     [[nodiscard]] bool hasEnded() const { return m_quit && m_quit->hasEnded(); }
 
     // State and ports, for the wiring of the subsystems.
-    ApplicationState state;
+    ApplicationState applicationState;
     EditorOptions editing;
     OptionsShown options;
     CommandRegistry commands;

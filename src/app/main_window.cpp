@@ -168,7 +168,7 @@ void MainWindow::addFocusPart(QWidget &part)
     m_focusRound->add(part);
 }
 
-void MainWindow::layOut()
+void MainWindow::arrange()
 {
     if (isMinimized())
         return;
@@ -412,7 +412,7 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
     case QEvent::Resize:
     case QEvent::LayoutRequest:
         if (watched == m_inner)
-            layOut();
+            arrange();
         break;
     default:
         break;

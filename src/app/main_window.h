@@ -49,7 +49,7 @@ public:
     void enableBoundCommands();
     void addFocusPart(QWidget &part); ///< F6 goes to it as well
     /// Call when the contents of the frames have changed.
-    void layOut();
+    void arrange();
 
     void setInformation(std::string_view text) override;
     [[nodiscard]] QString information() const; ///< what the box shows

@@ -13,7 +13,7 @@
 #include "editor/reveal_qt.h"
 #include "preview/request_rules.h"
 #include "settings/keys.h"
-#include "settings/options.h"
+#include "settings/option_switch.h"
 #include "text/paths.h"
 
 #include <QtCore/QDir>
@@ -33,7 +33,6 @@ public:
     BesideSide(Application &app, WindowDocument &shown);
 
 private:
-    void toggle();
     void setOpen(bool on);
     void makeDock();
     void connectPanel();
@@ -60,7 +59,7 @@ private:
     BesidePanel *m_panel = nullptr; ///< the window's
     std::unique_ptr<BesideControlQt> m_control;
     QTimer m_pause;
-    bool m_open = false;
+    OptionSwitch m_switch;
     PageTextThread m_thread; ///< ends first: it reports here
 };
 
@@ -69,6 +68,7 @@ BesideSide::BesideSide(Application &app, WindowDocument &shown)
     , m_state(shown.document.state)
     , m_document(shown.control)
     , m_commands(*this)
+    , m_switch(app.store, app.toolSets(), Option::PageBeside, [this](bool on) { setOpen(on); })
     , m_thread([this](std::shared_ptr<const PageText> page) {
         QMetaObject::invokeMethod(
             this, [this, page = std::move(page)] { m_commands.prepared(page); }, Qt::QueuedConnection);
@@ -77,24 +77,18 @@ BesideSide::BesideSide(Application &app, WindowDocument &shown)
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, [this] { m_commands.pauseOver(); });
     app.showBrokenInPage = [this](const std::vector<Offset> &places) { m_commands.brokenAre(places); };
-    app.commands.bind("mbeside", [this] { toggle(); });
+    app.commands.bind("mbeside", [this] { m_switch.toggle(); });
     // After the first picture: the engine is not what a start waits for.
+    const auto openStored = [this] {
+        if (!m_switch.isOn())
+            m_switch.load();
+    };
     if (storedOption(app.store, Option::PageBeside))
-        connect(&app.mainWindow(), &MainWindow::placed, this, [this] { setOpen(true); });
-}
-
-void BesideSide::toggle()
-{
-    setOpen(!m_open);
-    storeOption(m_app.store, Option::PageBeside, m_open);
+        connect(&app.mainWindow(), &MainWindow::placed, this, openStored, Qt::SingleShotConnection);
 }
 
 void BesideSide::setOpen(bool on)
 {
-    if (m_open == on)
-        return;
-    m_open = on;
-    m_app.toolSets().showOption(Option::PageBeside, on);
     if (on && !m_panel)
         makeDock();
     m_panel->setVisible(on);
@@ -131,7 +125,7 @@ void BesideSide::makeDock()
 
 void BesideSide::connectPanel()
 {
-    connect(m_panel, &BesidePanel::closed, this, [this] { toggle(); });
+    connect(m_panel, &BesidePanel::closed, this, [this] { m_switch.toggle(); });
     connect(m_panel, &BesidePanel::reloadAsked, this, [this] { m_commands.reload(); });
     connect(m_panel, &BesidePanel::stopAsked, this, [this] { m_commands.stop(); });
     connect(m_panel, &BesidePanel::browserAsked, this, &BesideSide::openInBrowser);
@@ -167,7 +161,7 @@ void BesideSide::tellDocument()
 {
     auto path = m_state.currentPath;
     if (path.empty()) {
-        const auto &folder = m_app.state.tempFolder;
+        const auto &folder = m_app.applicationState.tempFolder;
         path = (m_app.files.folderExists(folder) ? folder : documentsFolder()) + '/' + untitledPage;
     }
     m_commands.documentIs(path, !m_state.scriptTools);

@@ -80,7 +80,7 @@ void wireSnippetPanels(Application &app, WindowDocument &shown)
     for (const auto panel :
         {SnippetPanel::Web1, SnippetPanel::Web2, SnippetPanel::Script1, SnippetPanel::Script2})
         fillSnippetPanel(window.frame(textOf(frameName(panel))), panel, hooks);
-    window.layOut();
+    window.arrange();
     QObject::connect(&shown.control, &EditorControl::readOnlyChanged, &window, [&window](bool readOnly) {
         for (const auto &snippet : snippets()) {
             if (snippet.insertion != Insertion::Command)

@@ -92,8 +92,8 @@ FilesSide::FilesSide(Application &app, WindowDocument &shown)
     , m_document(shown.document)
     , m_records(shown.recovery)
     , m_journal(m_document.journal)
-    , m_ports{m_document, app.state, app.files, app.backups, app.fileDialogs, app.messages, app.mainWindow(),
-          app.toolSets()}
+    , m_ports{m_document, app.applicationState, app.files, app.backups, app.fileDialogs, app.messages,
+          app.mainWindow(), app.toolSets()}
     , m_colouring(m_document)
     , m_saving(m_ports)
     , m_opening(m_ports, m_saving, m_colouring)

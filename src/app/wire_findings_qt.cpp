@@ -166,7 +166,7 @@ void FindingsSide::showList(bool on)
     const bool hadFocus = m_frame.isAncestorOf(QApplication::focusWidget());
     m_frame.setVisible(on);
     m_app.mainWindow().setItemChecked("mfindings", on);
-    m_app.mainWindow().layOut();
+    m_app.mainWindow().arrange();
     if (on)
         m_panel->refill();
     else if (hadFocus)

@@ -8,7 +8,7 @@ namespace kevra {
 void wirePad(Application &app, WindowDocument &shown)
 {
     app.makesWindow(SecondaryWindow::Pad, [&app, &shown] {
-        auto *pad = new PadWindow(shown.control, app.clipboard, app.state, &app.mainWindow());
+        auto *pad = new PadWindow(shown.control, app.clipboard, app.applicationState, &app.mainWindow());
         shareKeys(app, *pad, {"mfind", "msample"});
         return pad;
     });

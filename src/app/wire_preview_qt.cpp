@@ -85,8 +85,8 @@ QWidget *PreviewSide::makeBrowser()
     m_window = new BrowserWindow;
     m_app.mainWindow().addTitled(m_window);
     m_control = std::make_unique<BrowserControlQt>(*m_window);
-    m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_document, m_app.state, m_app.files,
-        m_app.backups, m_notes, m_app.messages, m_app.mainWindow(), *this, *m_control,
+    m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_document, m_app.applicationState,
+        m_app.files, m_app.backups, m_notes, m_app.messages, m_app.mainWindow(), *this, *m_control,
         [](const std::string &name) { return assetPath(name); }, pathBytes(QDir::homePath())});
     m_control->setCommands(commands());
     connectBrowser();

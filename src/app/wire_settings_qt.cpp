@@ -14,9 +14,9 @@ public:
     SettingsSide(Application &app, Document &document)
         : m_app(app)
         , m_colouring(document)
-        , m_program({app.state, app.store, app.files, m_processes, app.toolSets(), app.messages})
-        , m_commands({app.store, app.editing, app.state, app.options, app.settingsViews(), document, *this,
-              app.files, app.messages, app.fileDialogs, app.colourDialog, m_program})
+        , m_program({app.applicationState, app.store, app.files, m_processes, app.toolSets(), app.messages})
+        , m_commands({app.store, app.editing, app.applicationState, app.options, app.settingsViews(),
+              document, *this, app.files, app.messages, app.fileDialogs, app.colourDialog, m_program})
     {
     }
 

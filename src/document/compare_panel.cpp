@@ -84,7 +84,7 @@ ComparePanel::ComparePanel(QWidget *parent)
     , m_next(new QPushButton("&Next Difference", this))
 {
     setUpControls();
-    layOut();
+    arrange();
     connectControls();
     showNothing();
 }
@@ -103,7 +103,7 @@ void ComparePanel::setUpControls()
     }
 }
 
-void ComparePanel::layOut()
+void ComparePanel::arrange()
 {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);

@@ -30,7 +30,7 @@ public:
 
 private:
     void setUpControls();
-    void layOut();
+    void arrange();
     void connectControls();
     void fill(EditorControl &side, const std::string &text, Offset ComparedRow::*line);
     void step(int direction);

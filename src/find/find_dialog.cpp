@@ -53,7 +53,7 @@ FindDialog::FindDialog(EditedDocument document, Messages &messages, QWidget *par
     setWindowTitle("Find and Replace");
     setModal(false);
     createBoxes();
-    layOut();
+    arrange();
     createButtons();
 }
 
@@ -75,7 +75,7 @@ void FindDialog::createBoxes()
         connect(box, &QCheckBox::toggled, this, &FindDialog::requestChanged);
 }
 
-void FindDialog::layOut()
+void FindDialog::arrange()
 {
     auto *grid = new QGridLayout(this);
     const auto label = [&](const char *text, QWidget *buddy, int row) {

@@ -53,7 +53,7 @@ private:
     void showWrapped(std::string_view text) override;
     void createBoxes();
     void createButtons();
-    void layOut();
+    void arrange();
 
     FindCommands m_commands;
     QLineEdit *m_text;

@@ -57,7 +57,7 @@ MultiDialog::MultiDialog(
     setAcceptDrops(true);
     createControls();
     createButtons();
-    layOut();
+    arrange();
     connectControls();
     resize(firstSize.boundedTo(screen()->availableSize()));
 }
@@ -120,7 +120,7 @@ void MultiDialog::createButtons()
     m_preview->setDefault(true);
 }
 
-void MultiDialog::layOut()
+void MultiDialog::arrange()
 {
     auto *grid = new QGridLayout(this);
     const auto row = [&](int at, const char *text, QWidget *field, QPushButton *beside) {

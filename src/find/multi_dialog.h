@@ -47,7 +47,7 @@ private:
     void openChosen();
     void createControls();
     void createButtons();
-    void layOut();
+    void arrange();
     void connectControls();
     void addFiles();
     void addFolder();

@@ -133,7 +133,7 @@ FindingsPanel::FindingsPanel(QFrame &frame, FindingsCommands &commands)
     , m_fixes(new QVBoxLayout)
 {
     setUpControls();
-    layOut();
+    arrange();
     connectControls();
 }
 
@@ -172,7 +172,7 @@ QLayout *FindingsPanel::createTopRow()
     return row;
 }
 
-void FindingsPanel::layOut()
+void FindingsPanel::arrange()
 {
     auto *beside = new QVBoxLayout;
     beside->addWidget(m_why, 1);

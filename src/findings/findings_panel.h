@@ -44,7 +44,7 @@ signals:
 private:
     void setUpControls();
     [[nodiscard]] QLayout *createTopRow();
-    void layOut();
+    void arrange();
     void connectControls();
     [[nodiscard]] std::optional<std::size_t> current() const;
     void currentChanged();

@@ -37,10 +37,10 @@ constexpr std::size_t popUpOrder[] = {4, 0, 1, 2, 5};
 } // namespace
 
 PadWindow::PadWindow(
-    const EditorSurface &surface, Clipboard &clipboard, ApplicationState &state, QWidget *parent)
+    const EditorSurface &surface, Clipboard &clipboard, ApplicationState &application, QWidget *parent)
     : QMainWindow(parent)
     , m_surface(surface)
-    , m_state(state)
+    , m_application(application)
     , m_control(new EditorControl(this))
     , m_popUp(new QMenu("popup", this))
     , m_commands(*m_control, surface, clipboard)
@@ -118,7 +118,7 @@ bool PadWindow::event(QEvent *event)
 void PadWindow::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowStateChange)
-        m_state.padState = isNormal() ? PadState::Normal : PadState::Other;
+        m_application.padState = isNormal() ? PadState::Normal : PadState::Other;
     QMainWindow::changeEvent(event);
 }
 
@@ -149,7 +149,7 @@ void PadWindow::takeFontAndPlace()
     m_control->SetFont(m_surface.Font());
     if (!isNormal())
         return;
-    const auto place = onAScreen(pixels(m_state.padGeometry));
+    const auto place = onAScreen(pixels(m_application.padGeometry));
     move(place.topLeft());
     resize(place.size());
 }
@@ -157,7 +157,7 @@ void PadWindow::takeFontAndPlace()
 void PadWindow::keepPlace()
 {
     if (isVisible() && isNormal())
-        m_state.padGeometry = twips({pos(), size()});
+        m_application.padGeometry = twips({pos(), size()});
 }
 
 } // namespace kevra

@@ -16,7 +16,7 @@ class PadWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    PadWindow(const EditorSurface &surface, Clipboard &clipboard, ApplicationState &state,
+    PadWindow(const EditorSurface &surface, Clipboard &clipboard, ApplicationState &application,
         QWidget *parent = nullptr);
 
 protected:
@@ -35,7 +35,7 @@ private:
     void keepPlace();
 
     const EditorSurface &m_surface;
-    ApplicationState &m_state;
+    ApplicationState &m_application;
     EditorControl *m_control; ///< `rt1`
     QMenu *m_popUp;
     PadCommands m_commands;

@@ -121,7 +121,7 @@ void SettingsCommands::setFontSize(const std::string &size)
     m_parts.application.fontFaceChanged = true;
 }
 
-void SettingsCommands::chooseColour()
+void SettingsCommands::chooseCodeColour()
 {
     const auto colour = m_parts.colourDialog.choose(shownColour());
     // Black counts as nothing chosen.

@@ -61,7 +61,7 @@ public:
     void setFontFace(const std::string &face);
     void setFontSize(const std::string &size);
 
-    void chooseColour();
+    void chooseCodeColour();
     void applyColour();
     /// The colour chosen and not yet applied, else the code colour.
     [[nodiscard]] Colour shownColour() const;

@@ -219,7 +219,7 @@ void SettingsDialog::addColours(QGridLayout &grid)
     auto *line = new QHBoxLayout(choice);
     line->setContentsMargins({});
     line->addWidget(button("bpick", "CHOOSE", "Show color selector", [this] {
-        m_commands.chooseColour();
+        m_commands.chooseCodeColour();
         showColour();
     }));
     line->addWidget(m_colour);

@@ -30,10 +30,10 @@ bool ExternalProgram::isProgram(const std::string &path) const
 
 void ExternalProgram::RunExternalProgram()
 {
-    if (equalIgnoringCase(m_parts.state.programPath, noProgram))
+    if (equalIgnoringCase(m_parts.application.programPath, noProgram))
         return m_parts.messages.inform(
             "There is no program set to run. Go to Options > Settings to choose one.");
-    if (!m_parts.processes.start(m_parts.state.programPath))
+    if (!m_parts.processes.start(m_parts.application.programPath))
         m_parts.messages.inform(
             "Failure opening the specified program. Check to make sure it hasn't been moved.");
 }
@@ -47,15 +47,15 @@ void ExternalProgram::SetExternalProgram(const std::string &path)
     if (!isProgram(path))
         return m_parts.messages.inform("That file is not an executable program.");
     writeSetting(m_parts.settings, keys::programPath, path);
-    m_parts.state.programPath = path;
+    m_parts.application.programPath = path;
 }
 
 void ExternalProgram::RemoveExternalProgram()
 {
     writeSetting(m_parts.settings, keys::programPath, noProgram);
     writeSetting(m_parts.settings, keys::programMenu, defaultMenuText);
-    m_parts.state.programPath = noProgram;
-    m_parts.state.programMenuText = defaultMenuText;
+    m_parts.application.programPath = noProgram;
+    m_parts.application.programMenuText = defaultMenuText;
     m_parts.tools.showProgramMenu(defaultMenuText);
 }
 
@@ -66,7 +66,7 @@ void ExternalProgram::SetExternalMenuText(const std::string &text)
     if (characterCount(text) > maxMenuTextLength)
         return m_parts.messages.inform("Maximum 8 letters.");
     writeSetting(m_parts.settings, keys::programMenu, text);
-    m_parts.state.programMenuText = text;
+    m_parts.application.programMenuText = text;
     m_parts.tools.showProgramMenu(text);
 }
 

@@ -21,7 +21,7 @@ namespace kevra {
 
 /// What the commands for the external program use; all of it must outlive them.
 struct ExternalProgramParts {
-    ApplicationState &state;
+    ApplicationState &application;
     SettingsStore &settings;
     const FileStore &files;
     ProcessStart &processes;

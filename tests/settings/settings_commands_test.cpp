@@ -80,7 +80,7 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
         SettingsFixture fixture;
         fixture.document.colourApplies = c.coloured;
         fixture.colourDialog.chosen = c.chosen;
-        fixture.commands.chooseColour();
+        fixture.commands.chooseCodeColour();
         EXPECT_EQ(fixture.colourDialog.initials, std::vector<Colour>{colours::defaultCode});
         EXPECT_EQ(fixture.editing.codeColour, colours::defaultCode);
         fixture.commands.applyColour();

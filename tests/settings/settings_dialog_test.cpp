@@ -120,8 +120,8 @@ TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
         SCOPED_TRACE(next);
         if (next)
             start("page.htm");
-        EXPECT_EQ(app().state.tempFolder, path("web"));
-        EXPECT_EQ(app().state.autosaveMinutes, 20);
+        EXPECT_EQ(app().applicationState.tempFolder, path("web"));
+        EXPECT_EQ(app().applicationState.autosaveMinutes, 20);
         EXPECT_EQ(document().Font(), (EditorFont{"Verdana", 14}));
         EXPECT_EQ(app().mainWindow().fonts().face(), "Verdana");
         EXPECT_EQ(document().ColourAt(0), Colour{0x0080FF});
@@ -133,7 +133,7 @@ TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
     EXPECT_EQ(control<QLineEdit>("tap").text(), "");
     EXPECT_EQ(control<QLineEdit>("tmenu").text(), "EXE");
     start();
-    EXPECT_EQ(app().state.programPath, "none");
+    EXPECT_EQ(app().applicationState.programPath, "none");
 }
 
 TEST_F(SettingsDialogTest, StoredValuesThatNoListHasAreShown)
