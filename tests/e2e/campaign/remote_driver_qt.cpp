@@ -106,6 +106,9 @@ void drop(const QByteArray &path)
 {
     QMimeData data;
     data.setUrls({QUrl::fromEncoded("file://" + path.toPercentEncoding("/"))});
+    // Qt drops on what was entered.
+    QDragEnterEvent enter({}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(window("fedit"), &enter);
     QDropEvent event({}, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(window("fedit"), &event);
 }
