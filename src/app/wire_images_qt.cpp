@@ -16,14 +16,14 @@ namespace kevra {
 namespace {
 
 /// The viewer window and its panel in the main window.
-class ImagesSide : private ViewerView {
+class ImagesSide : private PictureViewer, private PicturePanel {
 public:
     ImagesSide(Application &app, WindowDocument &shown)
         : m_app(app)
         , m_control(shown.control)
         , m_frame(app.mainWindow().frame("fr1"))
         , m_commands({shown.document, app.mainWindow(), app.files, app.fileDialogs, app.messages,
-              app.clipboard, m_decoder, *this})
+              app.clipboard, m_decoder, *this, *this})
         , m_panel(m_frame,
               {[this] { m_commands.CopySampledColour(); }, [this] { m_commands.CopyViewedImageTag(); }})
         , m_finder(app.mainWindow().frame("frcol"), m_control, app.colourDialog, app.messages, app.clipboard)

@@ -16,7 +16,7 @@ enum class AnalysisFormat { Text, Gcc, Json, Sarif };
 
 struct AnalysedFile {
     std::string name; ///< any bytes, as given on the command line
-    std::string text; ///< what the positions of the findings refer to
+    std::string text; ///< the text that the positions of the findings refer to
     std::vector<script::Finding> findings;
 };
 

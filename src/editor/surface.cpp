@@ -59,7 +59,7 @@ void EditorSurface::Span(std::string_view characters)
     Select({start, length});
 }
 
-BusySurface::BusySurface(EditorSurface &surface)
+BusySurface::BusySurface(ControlAppearance &surface)
     : m_surface(surface)
 {
     m_surface.SetDisplay(false);

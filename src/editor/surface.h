@@ -30,10 +30,23 @@ enum class MousePointer { Default = 0, Hourglass = 11 };
 /// A right margin in twips that no line reaches: no wrapping. 0 wraps at the control's width.
 inline constexpr int noWrapMargin = 60000;
 
-class EditorSurface {
+/// How a control looks, and whether it takes input.
+class ControlAppearance {
 public:
-    virtual ~EditorSurface() = default;
+    virtual ~ControlAppearance() = default;
 
+    [[nodiscard]] virtual EditorFont Font() const = 0;
+    virtual void SetFont(const EditorFont &font) = 0;
+    [[nodiscard]] virtual int RightMargin() const = 0;
+    virtual void SetRightMargin(int twips) = 0;
+    /// Off: the control ignores input and is not repainted during a long operation.
+    virtual void SetDisplay(bool on) = 0;
+    virtual void SetMousePointer(MousePointer pointer) = 0;
+    virtual void SetFocus() = 0;
+};
+
+class EditorSurface : public ControlAppearance {
+public:
     /// The whole text; the view is valid until the next change. May cost a pass over the text.
     [[nodiscard]] virtual std::string_view Text() const = 0;
     /// A part of the text, at a cost proportional to its length; the view is valid until the next change or
@@ -65,11 +78,6 @@ public:
     /// Colours the whole text. The paint has the length of the text and at most 32 colours.
     virtual void SetPaint(Paint paint) = 0;
 
-    [[nodiscard]] virtual EditorFont Font() const = 0;
-    virtual void SetFont(const EditorFont &font) = 0;
-    [[nodiscard]] virtual int RightMargin() const = 0;
-    virtual void SetRightMargin(int twips) = 0;
-
     /// Marks the line of a position as unfinished: typed in, and not coloured since.
     virtual void SetUnfinished(Offset position, bool on) = 0;
     /// The first position of `range`, its end included, that is on an unfinished line, or -1.
@@ -81,11 +89,6 @@ public:
     [[nodiscard]] virtual Offset GetLineFromChar(Offset position) const = 0;
     [[nodiscard]] virtual Offset FirstVisibleLine() const = 0;
     virtual void SetFirstVisibleLine(Offset line) = 0;
-
-    /// Off: the control ignores input and is not repainted during a long operation.
-    virtual void SetDisplay(bool on) = 0;
-    virtual void SetMousePointer(MousePointer pointer) = 0;
-    virtual void SetFocus() = 0;
 
     [[nodiscard]] Offset SelStart() const { return Selection().start; }
     /// Puts the caret there and selects nothing.
@@ -115,13 +118,13 @@ public:
 /// Switches a surface's display off and shows the hourglass during its lifetime.
 class BusySurface {
 public:
-    explicit BusySurface(EditorSurface &surface);
+    explicit BusySurface(ControlAppearance &surface);
     ~BusySurface();
     BusySurface(const BusySurface &) = delete;
     BusySurface &operator=(const BusySurface &) = delete;
 
 private:
-    EditorSurface &m_surface;
+    ControlAppearance &m_surface;
 };
 
 } // namespace kevra

@@ -12,7 +12,7 @@
 namespace kevra {
 namespace {
 
-/// If `owned` holds the bytes and they already are the text, they are moved from there.
+/// If the bytes need no conversion, they are moved out of `owned`, which may be null.
 DecodedFile decoded(std::string_view bytes, const TextFormat &format, std::string *owned)
 {
     DecodedFile file{{}, format};

@@ -15,7 +15,7 @@ void ImageCommands::ViewImage()
         view(*path);
     if (m_ports.viewer.viewerIsVisible())
         return m_ports.viewer.raiseViewer();
-    m_ports.viewer.showPanel(false);
+    m_ports.panel.showPanel(false);
     m_ports.viewer.hideViewer();
     m_ports.main.setInformation("");
 }
@@ -33,24 +33,24 @@ void ImageCommands::view(const std::string &path)
         return;
     m_name = fileName(path);
     m_size = *size;
-    viewer.enableTag(type == ImageType::Web);
-    viewer.showSizeAndPath(std::to_string(size->width) + " x " + std::to_string(size->height), path);
+    m_ports.panel.enableTag(type == ImageType::Web);
+    m_ports.panel.showSizeAndPath(std::to_string(size->width) + " x " + std::to_string(size->height), path);
     viewer.showViewer(*size);
-    viewer.showPanel(true);
+    m_ports.panel.showPanel(true);
     m_ports.main.setInformation(pictureInformation(m_name, stamp->size));
 }
 
 void ImageCommands::SampleImageColour(int x, int y)
 {
     if (const auto colour = m_ports.viewer.colourAt(x, y))
-        m_ports.viewer.showSample(*colour, ColourToHtml(*colour));
+        m_ports.panel.showSample(*colour, ColourToHtml(*colour));
 }
 
 void ImageCommands::CloseImageViewer()
 {
     m_ports.viewer.emptyPicture();
     m_ports.viewer.hideViewer();
-    m_ports.viewer.showPanel(false);
+    m_ports.panel.showPanel(false);
     m_ports.main.setInformation("");
     m_ports.document.surface.SetFocus();
 }
@@ -69,7 +69,7 @@ void ImageCommands::CopyViewedImageTag()
 
 void ImageCommands::CopySampledColour()
 {
-    copyText("\"" + m_ports.viewer.sampleCode() + "\"");
+    copyText("\"" + m_ports.panel.sampleCode() + "\"");
 }
 
 std::optional<std::string> ImageCommands::choose(const FileFilter &filter)

@@ -23,24 +23,30 @@ public:
     [[nodiscard]] virtual std::optional<PictureSize> sizeOf(const std::string &path) const = 0;
 };
 
-/// The window `fbitmap` and the panel `fr1`.
-class ViewerView {
+/// The window `fbitmap`.
+class PictureViewer {
 public:
-    virtual ~ViewerView() = default;
+    virtual ~PictureViewer() = default;
     virtual void hideFindDialog() = 0;
     /// Loads the picture at its natural size; nothing when it cannot be decoded.
     virtual std::optional<PictureSize> load(const std::string &path) = 0;
     virtual void emptyPicture() = 0;
-    virtual void enableTag(bool on) = 0; ///< `bspec`
-    virtual void showSizeAndPath(const std::string &size, const std::string &path) = 0;
     /// Sized and captioned for the picture, not modal.
     virtual void showViewer(PictureSize size) = 0;
     [[nodiscard]] virtual bool viewerIsVisible() const = 0;
     virtual void raiseViewer() = 0; ///< above the program's other windows
     virtual void hideViewer() = 0; ///< and lower it below the other windows
-    virtual void showPanel(bool on) = 0; ///< `fr1`
     /// At a position in the picture's own pixels.
     [[nodiscard]] virtual std::optional<Colour> colourAt(int x, int y) const = 0;
+};
+
+/// The panel `fr1`.
+class PicturePanel {
+public:
+    virtual ~PicturePanel() = default;
+    virtual void showPanel(bool on) = 0;
+    virtual void enableTag(bool on) = 0; ///< `bspec`
+    virtual void showSizeAndPath(const std::string &size, const std::string &path) = 0;
     virtual void showSample(Colour colour, const std::string &code) = 0;
     [[nodiscard]] virtual std::string sampleCode() const = 0; ///< `thex`
 };
@@ -53,7 +59,8 @@ struct ImagePorts {
     Messages &messages;
     Clipboard &clipboard;
     PictureSizes &sizes;
-    ViewerView &viewer;
+    PictureViewer &viewer;
+    PicturePanel &panel;
 };
 
 class ImageCommands {

@@ -227,7 +227,7 @@ Type Types::ofSymbol(SymbolId symbol) const
     auto &entry = m_entries[symbol];
     if (entry.state == State::NotLooked && m_symbols.symbol(symbol).kind != SymbolKind::Parameter
         && m_variablesInARow < maxVariablesInARow) {
-        // A variable whose type depends on itself is Unknown to itself.
+        // Unknown while it is being inferred, in case its type depends on itself.
         entry.state = State::Looking;
         ++m_variablesInARow;
         entry.type = computed(symbol);
