@@ -175,7 +175,7 @@ std::optional<std::string> DocumentFile::keepForeignContent(const std::string &p
     if (!content || isOriginal(*content))
         return std::nullopt;
     // The save continues even if nothing could be kept: the user asked for it.
-    std::ignore = m_backups.keep(path, *content); // the user decided to save
+    std::ignore = m_backups.keep(path, *content);
     return content;
 }
 

@@ -95,7 +95,7 @@ FAULTS = [Fault(*row) for row in [
      "    colour(TypeGroup::WebPage, paintOf(content.text, TypeGroup::WebPage));\n    m_ports.document.state.unsaved = true;",
      "    colour(TypeGroup::WebPage, paintOf(content.text, TypeGroup::WebPage));"),
     ("files: a foreign version is not kept", "src/document/document_file.cpp",
-     "    m_backups.keep(path, *content);\n    return content;", "    return content;"),
+     "    std::ignore = m_backups.keep(path, *content);\n    return content;", "    return content;"),
     ("files: Save As leaves the old title", "src/document/save_commands.cpp",
      "    m_ports.main.setTitlePath(*path);\n", ""),
     ("files: a failed save says nothing", "src/document/save_commands.cpp",
