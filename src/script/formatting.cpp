@@ -55,7 +55,14 @@ public:
     {
         std::vector<TextEdit> unused;
         append(line, line == 0 ? 0 : line - 1, unused);
-        return whitespace(m_base.value_or(0) + m_layout.lines()[line].depth * m_options.tabSize);
+        const auto &lines = m_layout.lines();
+        auto depth = lines[line].depth;
+        if (line > 0 && isContinued(line - 1)) {
+            if (lines[line - 1].continues)
+                return whitespace(wantedColumns(line - 1, leading(line - 1)));
+            depth = lines[line - 1].depth + 1;
+        }
+        return whitespace(m_base.value_or(0) + depth * m_options.tabSize);
     }
 
 private:
@@ -66,6 +73,19 @@ private:
         while (end < range.end && isBlank(m_text[static_cast<std::size_t>(end)]))
             ++end;
         return {range.start, end};
+    }
+
+    /// Whether its statement goes on in the next line.
+    [[nodiscard]] bool isContinued(std::size_t line) const
+    {
+        const auto range = m_layout.lineRange(line);
+        const auto text = slice(m_text, range);
+        const auto last = text.find_last_not_of(" \t");
+        const bool marked = last != text.npos && last > 0 && text[last] == '_'
+            && !is(static_cast<unsigned char>(text[last - 1]), byte_class::Name);
+        return marked && std::ranges::none_of(m_layout.comments(), [&](TextRange comment) {
+            return comment.start < range.end && comment.end > range.start;
+        });
     }
 
     /// False for blank lines, end tags of the page, and its own comments.

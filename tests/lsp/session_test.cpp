@@ -359,6 +359,9 @@ TEST(LanguageServer, KnowsTheStructure)
         R"({"endLine":4,"startLine":3}])");
     const Json options{{"options", {{"tabSize", 4}, {"insertSpaces", true}}}, {"ch", "\n"}};
     EXPECT_EQ(places(client.askHere("onTypeFormatting", options)), "5:0-0");
+    client.open("Sub s\nx = 1 + _\n|\nEnd Sub");
+    EXPECT_EQ(client.askHere("onTypeFormatting", options).back()["newText"], std::string(8, ' '));
+    client.open("' a\n' b\nSub s\nIf x Then\ny = 1\nEnd If\n|End Sub\nz = Len(y)");
     const Json last{
         {"range", {{"start", {{"line", 7}, {"character", 0}}}, {"end", {{"line", 8}, {"character", 0}}}}}};
     EXPECT_EQ(client.askHere("semanticTokens/range", last)["data"],
