@@ -140,17 +140,26 @@ void measureAll(const std::string &what, Sci &control, const Wanted &wanted)
             measure(what, control, key, wanted.count);
 }
 
-void measureMode(const std::string &what, std::string_view text, bool script, const Wanted &wanted)
-{
+/// A control set up as in the program: typing colours it, and its text is coloured for its tool set.
+struct Coloured {
+    Coloured(std::string_view text, bool script)
+    {
+        state.scriptTools = script;
+        control.setTypingHandler(&typing);
+        control.LoadText(text);
+        DocumentColouring({control, state}).colourForTools();
+    }
+
     EditorControl control;
     FakeDocumentState state;
-    state.scriptTools = script;
     NoView view;
-    TypingColouring typing({control, state}, view, [](TextRange) {});
-    control.setTypingHandler(&typing);
-    control.LoadText(text);
-    DocumentColouring({control, state}).colourForTools();
-    measureAll(what, control, wanted);
+    TypingColouring typing{{control, state}, view, [](TextRange) {}};
+};
+
+void measureMode(const std::string &what, std::string_view text, bool script, const Wanted &wanted)
+{
+    Coloured coloured(text, script);
+    measureAll(what, coloured.control, wanted);
 }
 
 class NoFindingsView : public FindingsView {
@@ -164,16 +173,10 @@ public:
 /// The thread does not count: it begins when the keys have rested.
 void measureAnalysed(const std::string &what, std::string_view text, const Wanted &wanted)
 {
-    EditorControl control;
-    FakeDocumentState state;
-    state.scriptTools = true;
-    NoView view;
-    TypingColouring typing({control, state}, view, [](TextRange) {});
-    control.setTypingHandler(&typing);
-    control.LoadText(text);
-    DocumentColouring({control, state}).colourForTools();
+    Coloured coloured(text, true);
+    auto &control = coloured.control;
     NoFindingsView noFindingsView;
-    FindingsCommands findings(control, noFindingsView, [&] { return placeOf(state); });
+    FindingsCommands findings(control, noFindingsView, [&] { return placeOf(coloured.state); });
     findings.analyseNow();
     FindingMarks marks(control, findings.list());
     marks.refresh();

@@ -160,7 +160,6 @@ void EditorControl::typeKey(QKeyEvent &event, char32_t character)
             sendBytes(SCI_REPLACESEL, 0, "\t"); // Scintilla's command would act on its own lines
         else
             QsciScintillaBase::keyPressEvent(&event);
-        m_undoSteps.strokeDone(anchorAndCaret());
     }
     // At once and not on key release, when the next key may already be pressed.
     if (character == U'\r' && m_typingHandler && !m_readOnly)
@@ -199,7 +198,6 @@ void EditorControl::deleteByKey(QKeyEvent &event)
                                                   : m_breaks.toControlBefore(SelStart()));
             QsciScintillaBase::keyPressEvent(&event);
             updateBreaksAfterKey(length);
-            m_undoSteps.strokeDone(anchorAndCaret());
         } else {
             const UndoStep step(*this);
             if (!m_breaks.empty() && Selection().empty())
@@ -240,13 +238,12 @@ void EditorControl::typeText(const QKeyEvent &event)
         announceCharacter(character);
         QKeyEvent one(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
         QsciScintillaBase::keyPressEvent(&one);
-        m_undoSteps.strokeDone(anchorAndCaret());
     }
 }
 
 void EditorControl::beginStroke(Stroke stroke, UndoSteps::Milliseconds time)
 {
-    if (m_readOnly || !m_undoSteps.begins(stroke, time, anchorAndCaret()))
+    if (m_readOnly || !m_undoSteps.begins(stroke, time))
         return;
     if (std::exchange(m_undoStepOpen, true))
         send(SCI_ENDUNDOACTION);
@@ -292,13 +289,11 @@ void EditorControl::inputMethodEvent(QInputMethodEvent *event)
         send(SCI_DELETERANGE, old.start, old.length());
     }
     for (const char32_t character : committed) {
-        m_undoSteps.strokeDone(anchorAndCaret());
         beginCommit(character);
         announceCharacter(character);
         QInputMethodEvent one;
         one.setCommitString(QString::fromUcs4(&character, 1));
         QsciScintillaBase::inputMethodEvent(&one);
-        m_undoSteps.strokeDone(anchorAndCaret());
     }
     m_composing = !event->preeditString().isEmpty();
     if (m_composing)

@@ -18,12 +18,12 @@ Stroke::Kind strokeKind(char32_t character)
                                                                              : Stroke::Kind::Word;
 }
 
-bool UndoSteps::begins(Stroke stroke, Milliseconds time, AnchorAndCaret place)
+bool UndoSteps::begins(Stroke stroke, Milliseconds time)
 {
     const bool sameKind = std::exchange(m_last, stroke) == stroke && stroke.kind != Stroke::Kind::LineBreak;
     const auto before = std::exchange(m_time, time);
     const bool paused = before != 0 && time >= before + pause;
-    return !sameKind || paused || place != m_place;
+    return !sameKind || paused;
 }
 
 } // namespace kevra

@@ -2,8 +2,6 @@
 // Groups keystrokes into undo steps: one word or one run of spaces, typed at one place without a pause.
 #pragma once
 
-#include "editor/line_edits.h"
-
 #include <cstdint>
 #include <optional>
 
@@ -26,17 +24,14 @@ class UndoSteps {
 public:
     using Milliseconds = std::uint64_t; ///< since any epoch; 0 means unknown
 
-    /// Whether a stroke begins a new step; anchor and caret are those before it.
-    [[nodiscard]] bool begins(Stroke stroke, Milliseconds time, AnchorAndCaret place);
-    /// Anchor and caret after the stroke.
-    void strokeDone(AnchorAndCaret place) { m_place = place; }
-    /// The next stroke begins a new step.
+    /// Whether a stroke begins a new step.
+    [[nodiscard]] bool begins(Stroke stroke, Milliseconds time);
+    /// The next stroke begins a new step: the caret has moved, or something else has changed the text.
     void end() { m_last.reset(); }
 
 private:
     std::optional<Stroke> m_last;
     Milliseconds m_time = 0;
-    AnchorAndCaret m_place;
 };
 
 } // namespace kevra

@@ -2,6 +2,7 @@
 #include "colour/typing_colouring.h"
 
 #include "colour/marks_of.h"
+#include "colour/recolouring.h"
 #include "fakes/document_state.h"
 #include "fakes/marked_text.h"
 #include "fakes/views.h"
@@ -79,6 +80,43 @@ TEST(TypingColouring, ColoursAScriptLineAtReturn)
     EXPECT_EQ(fixture.document.SelStart(), fixture.document.Length());
     EXPECT_EQ(fixture.checked, (std::vector<TextRange>{{6, 26}, {26, 39}}));
     EXPECT_EQ(fixture.view.lineNumberSyncs, 2);
+}
+
+TEST(TypingColouring, TypesInTheColourAroundTheCaret)
+{
+    struct {
+        const char *name;
+        std::string text;
+        Colour typed;
+    } const cases[] = {
+        {"inside a tag", "<b|>", colours::defaultCode},
+        {"right behind a tag", "<b>|x", colours::black},
+        {"in the text", "<b>x|", colours::black},
+        {"at the start", "|<b>", colours::black},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        Fixture fixture("");
+        auto &document = fixture.document;
+        loadMarked(document, c.text);
+        recolourTags(document, {0, document.Length()}, colours::defaultCode);
+        document.SetTypingColor(colours::fault);
+        fixture.typing.caretPlaced();
+        EXPECT_EQ(document.TypingColor(), c.typed);
+        document.SetTypingColor(colours::fault);
+        fixture.typing.edited({document.SelStart(), document.SelStart()}, EditKind::Undo);
+        EXPECT_EQ(document.TypingColor(), c.typed) << "after undo";
+    }
+}
+
+/// The run of a tag longer than the text before it depends on how much text that is.
+TEST(TypingColouring, AnEditNearTheStartShiftsColoursBehindIt)
+{
+    Fixture fixture("<p><q><aaaaaaaaaaaaaaaaaa<bb>");
+    recolourTags(fixture.document, {0, fixture.document.Length()}, colours::defaultCode);
+    fixture.document.Replace({3, 3}, "x");
+    fixture.typing.edited({3, 4}, EditKind::Paste);
+    EXPECT_EQ(marksOf(fixture.document), marksOfWholePass(fixture.document.Text(), false));
 }
 
 TEST(TypingColouring, LeavesDocumentsWithoutColouringAlone)

@@ -199,6 +199,7 @@ TEST(NewDocument, StartsEmptyOrWithTheTemplate)
     EXPECT_EQ(fixture.file.format().encoding, Encoding::Utf8);
     EXPECT_EQ(fixture.state.currentPath, "");
     EXPECT_EQ(fixture.document.ColourAt(1), blue);
+    EXPECT_TRUE(fixture.state.unsaved) << "leaving it asks";
 }
 
 } // namespace

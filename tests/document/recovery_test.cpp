@@ -280,6 +280,10 @@ TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
             EXPECT_EQ(request.proposedName, "lost.htm");
         EXPECT_EQ(fixture.document.Text(), c.reviewing ? "lost\r\n" : "old");
         EXPECT_EQ(fixture.state.currentPath, c.reviewing ? "" : "/site/page.htm");
+        EXPECT_EQ(fixture.view.shown, c.reviewing);
+        fixture.type("more");
+        fixture.journal.writeDown();
+        EXPECT_EQ(fixture.store.text(), c.reviewing ? "(none)" : "more") << "a reviewed text has its record";
     }
 }
 

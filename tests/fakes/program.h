@@ -41,9 +41,9 @@ protected:
     [[nodiscard]] Application &app() { return *m_program; }
     [[nodiscard]] EditorControl &document() { return app().shown().control; }
     template <typename T> T &find(QWidget &window, const char *name) { return *window.findChild<T *>(name); }
-    void click(QWidget &window, const char *name)
+    template <typename Button = QPushButton> void click(QWidget &window, const char *name)
     {
-        QTest::mouseClick(&find<QPushButton>(window, name), Qt::LeftButton);
+        QTest::mouseClick(&find<Button>(window, name), Qt::LeftButton);
     }
 
     QTemporaryDir folder;

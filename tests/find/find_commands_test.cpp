@@ -55,6 +55,8 @@ TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)
     } const steps[] = {
         {&FindCommands::findFirst, {0, 2}, ""},
         {&FindCommands::findNext, {3, 5}, ""},
+        {&FindCommands::findFirst, {0, 2}, ""},
+        {&FindCommands::findNext, {3, 5}, ""},
         {&FindCommands::findNext, {3, 5}, "No more occurences."},
         {&FindCommands::findNext, {0, 2}, "", "The search continued from the top."},
         {&FindCommands::findFirst, {0, 2}, ""},
@@ -73,6 +75,16 @@ TEST_F(FindCommandsTest, NextAfterAMissStartsFromTheTop)
         EXPECT_EQ(view.wrapped, step.wrapped);
     }
     EXPECT_EQ(document.Text(), "ab xy");
+}
+
+TEST_F(FindCommandsTest, NextAfterReplaceAllStartsFromTheTop)
+{
+    load("ab xy ab", {.text = "xy", .replacement = "ab"});
+    commands.findFirst();
+    commands.replaceAll();
+    view.request.text = "ab";
+    commands.findNext();
+    EXPECT_EQ(document.Selection(), (TextRange{0, 2}));
 }
 
 std::string crLf(const std::string &text)

@@ -30,10 +30,16 @@ public:
 class FakeOpenDocument : public OpenDocument {
 public:
     bool isDocument(const std::string &) const override { return false; }
-    bool hasUnsavedChangesOf(const std::string &path) const override { return path == unsaved; }
+    bool hasUnsavedChangesOf(const std::string &path) const override
+    {
+        if (asked)
+            asked(path);
+        return path == unsaved;
+    }
     void fileWritten(const std::string &path) override { written.push_back(path); }
 
     std::string unsaved;
+    std::function<void(const std::string &)> asked;
     std::vector<std::string> written;
 };
 
@@ -109,25 +115,31 @@ TEST_F(MultiReplaceTest, SaysWhatUndoCannotPutBack)
 TEST_F(MultiReplaceTest, LeavesOutWhatCannotBeReplaced)
 {
     using enum FileOutcome;
-    const char *const names[] = {"binary", "secret", "gone", "changed", "locked", "full", "open", "good"};
+    const char *const names[]
+        = {"binary", "secret", "gone", "changed", "locked", "full", "open", "raced", "good"};
     for (const auto *name : names)
         add(name, "old text");
     files.files["binary"] = std::string("old\0", 4);
     files.unreadable.insert("secret");
     open.unsaved = "open";
     multi.preview();
-    EXPECT_EQ(
-        view.outcomes, (std::vector{Binary, Unreadable, Hits, Hits, Hits, Hits, UnsavedInEditor, Hits}));
+    EXPECT_EQ(view.outcomes,
+        (std::vector{Binary, Unreadable, Hits, Hits, Hits, Hits, UnsavedInEditor, Hits, Hits}));
     EXPECT_EQ(messages.texts(),
         std::vector<std::string>{
             "\"open\" is open in the editor and has unsaved changes. Save it before replacing in it."});
     files.files.erase("gone");
     files.files["changed"] = "old and longer";
+    open.asked = [this](const std::string &path) {
+        if (path == "raced")
+            files.files[path] = "old and written while it is read";
+    };
     files.refused = {{"locked", Saved::Denied}, {"full", Saved::DiskFull}};
     multi.replaceAll();
     EXPECT_EQ(view.outcomes,
-        (std::vector{Binary, Unreadable, Gone, Changed, Denied, DiskFull, UnsavedInEditor, Replaced}));
-    EXPECT_EQ(view.summary, "1 replacement in 1 file, 7 files left out.");
+        (std::vector{
+            Binary, Unreadable, Gone, Changed, Denied, DiskFull, UnsavedInEditor, Changed, Replaced}));
+    EXPECT_EQ(view.summary, "1 replacement in 1 file, 8 files left out.");
     EXPECT_EQ(files.files["good"], "new text");
     for (const auto *name : {"locked", "full", "open"})
         EXPECT_EQ(files.files[name], "old text") << name;
@@ -151,17 +163,22 @@ TEST_F(MultiReplaceTest, WritesNothingWithoutAPreviewOfJustThat)
     view.request.find.text = "odd";
     multi.replaceAll();
     EXPECT_TRUE(files.writes.empty());
+    add("b.txt", "odd");
+    multi.replaceAll();
+    EXPECT_TRUE(files.writes.empty()) << "the hits of a file added since have not been seen";
     multi.replaceAll();
     EXPECT_EQ(files.files["a.txt"], "old new");
+    EXPECT_EQ(files.files["b.txt"], "new");
 }
 
 TEST_F(MultiReplaceTest, KeepsABackupBesideTheFile)
 {
     add("a.txt", "old");
     files.files["a.txt.bak"] = "older";
+    files.folders.insert("a.txt.bak2");
     view.request.backup = true;
     multi.preview();
-    files.refused = {{"a.txt.bak2", Saved::DiskFull}};
+    files.refused = {{"a.txt.bak3", Saved::DiskFull}};
     multi.replaceAll();
     EXPECT_EQ(files.files["a.txt"], "old");
     files.refused.clear();
@@ -169,7 +186,7 @@ TEST_F(MultiReplaceTest, KeepsABackupBesideTheFile)
     multi.replaceAll();
     EXPECT_EQ(files.files["a.txt"], "new");
     EXPECT_EQ(files.files["a.txt.bak"], "older");
-    EXPECT_EQ(files.files["a.txt.bak2"], "old");
+    EXPECT_EQ(files.files["a.txt.bak3"], "old");
 }
 
 TEST_F(MultiReplaceTest, StopsBeforeTheNextFile)

@@ -88,6 +88,11 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
         EXPECT_EQ(fixture.stored(keys::codeColour), c.stored);
         EXPECT_EQ(fixture.effects.done, c.done);
     }
+    SettingsFixture fixture;
+    fixture.colourDialog.chosen = Colour{0xFF};
+    fixture.commands.chooseColour();
+    fixture.commands.dialogClosed();
+    EXPECT_FALSE(fixture.commands.hasChosenColour()) << "not applied, it is not chosen the next time";
 }
 
 TEST(SettingsCommands, BrowsingTakesProgramsAlone)

@@ -35,23 +35,25 @@ TEST(SettingsStore, DeletesASectionOrTheWholeFile)
     EXPECT_EQ(store.getSetting("storetest", "windows", "key", "default"), "default");
 }
 
-TEST(SettingsStore, ADamagedFileIsKeptAside)
+TEST(SettingsStore, DamagedFilesAreKeptAside)
 {
-    const auto path = fileOf("damaged");
-    QDir().mkpath(QFileInfo(path).path());
     const QByteArray damaged("[settings\nno line of a settings file\nkey=1\n\xff\xfe");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(damaged);
-    file.close();
-
     SettingsStoreQt store;
-    EXPECT_EQ(store.getSetting("damaged", "settings", "ifcolor", "none"), "none");
-    EXPECT_EQ(contents(path), damaged) << "reading changes nothing";
-    store.saveSetting("damaged", "settings", "ifcolor", "no");
-    store.saveSetting("damaged", "settings", "ifif", "no");
-    EXPECT_EQ(contents(path + ".damaged"), damaged);
-    EXPECT_EQ(SettingsStoreQt().getSetting("damaged", "settings", "ifcolor", "none"), "no");
+    for (const char *app : {"damaged", "damaged-too"}) {
+        SCOPED_TRACE(app);
+        const auto path = fileOf(app);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(damaged);
+        file.close();
+        EXPECT_EQ(store.getSetting(app, "settings", "ifcolor", "none"), "none");
+        EXPECT_EQ(contents(path), damaged) << "reading changes nothing";
+        store.saveSetting(app, "settings", "ifcolor", "no");
+        store.saveSetting(app, "settings", "ifif", "no");
+        EXPECT_EQ(contents(path + ".damaged"), damaged);
+        EXPECT_EQ(SettingsStoreQt().getSetting(app, "settings", "ifcolor", "none"), "no");
+    }
 }
 
 /// Limits file sizes to `bytes`, like a nearly full disk.

@@ -2,20 +2,36 @@
 #include "storage/atomic_write_posix.h"
 #include "storage/backup_store_posix.h"
 #include "storage/checksummed_record.h"
+#include "storage/file_handle_posix.h"
 #include "storage/file_store_posix.h"
 #include "storage/in_place_write_posix.h"
 
 #include <gtest/gtest.h>
 
 #include <QtCore/QTemporaryDir>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
+
+namespace {
+
+std::function<int(int)> onFlush; ///< in the system's place
+
+} // namespace
+
+extern "C" int fsync(int descriptor)
+{
+    return onFlush ? onFlush(descriptor) : static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
 
 namespace kevra {
 namespace {
@@ -24,7 +40,11 @@ class FileStoreOnDisk : public testing::Test {
 protected:
     FileStoreOnDisk() { fs::create_directory(state); }
     /// Qt cannot remove names that are not UTF-8.
-    ~FileStoreOnDisk() override { fs::remove_all(root); }
+    ~FileStoreOnDisk() override
+    {
+        onFlush = nullptr;
+        fs::remove_all(root);
+    }
 
     std::string path(const std::string &name) const { return root + "/" + name; }
     std::string put(const std::string &name, const std::string &bytes) const
@@ -61,6 +81,38 @@ TEST_F(FileStoreOnDisk, WritesUnderTheLongestNameAndThroughADanglingLink)
     EXPECT_EQ(store.write(path("dangling.htm"), "new"), Saved::Ok);
     EXPECT_TRUE(fs::is_symlink(path("dangling.htm")));
     EXPECT_EQ(store.read(path("later.htm")), "new");
+}
+
+TEST_F(FileStoreOnDisk, SavedMeansFlushedAndWhole)
+{
+    const struct {
+        const char *name;
+        char failing; ///< "f" the file's flush, "d" its folder's, "s" the file is short afterwards
+        Saved outcome;
+        const char *content;
+        const char *flushed;
+    } cases[] = {
+        {"nothing fails", ' ', Saved::Ok, "new content", "fd"},
+        {"the file is not on the disk", 'f', Saved::Failed, "old", "f"},
+        {"its name is not on the disk", 'd', Saved::Failed, "new content", "fd"},
+        {"the disk dropped the end", 's', Saved::Failed, "old", "f"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        onFlush = nullptr;
+        const auto file = put("page.htm", "old");
+        std::string flushed;
+        onFlush = [&](int descriptor) {
+            struct stat status { };
+            ::fstat(descriptor, &status);
+            flushed += S_ISDIR(status.st_mode) ? 'd' : 'f';
+            errno = EIO;
+            return flushed.back() == c.failing ? -1 : c.failing == 's' ? ::ftruncate(descriptor, 3) : 0;
+        };
+        EXPECT_EQ(store.write(file, "new content"), c.outcome);
+        EXPECT_EQ(store.read(file), c.content);
+        EXPECT_EQ(flushed, c.flushed);
+    }
 }
 
 TEST_F(FileStoreOnDisk, KeepsLinksModeAndAttributes)
@@ -171,6 +223,11 @@ TEST_F(FileStoreOnDisk, CompletesATornWriteButNotAFileChangedSince)
         EXPECT_EQ(store.read(file), c.afterwards);
         EXPECT_TRUE(fs::is_empty(state));
     }
+    const auto file = put("page.htm", cases[0].now);
+    const auto lock = openFile(put("state/in-place-1", withChecksum({file, before, after})), O_RDONLY);
+    ASSERT_EQ(::flock(lock.get(), LOCK_EX), 0);
+    completeTornWrites(state);
+    EXPECT_EQ(store.read(file), cases[0].now) << "another program is writing it";
 }
 
 TEST_F(FileStoreOnDisk, RemovesWhatAKilledSaveLeft)

@@ -75,6 +75,19 @@ TEST_F(RecoveryStoreOnDisk, OffersTheNewestTextFirstRegardlessOfTheClock)
     EXPECT_EQ(offered(), (Texts{"b", "a", "an earlier form of a"}));
 }
 
+TEST_F(RecoveryStoreOnDisk, OneTextIsOfferedByOneProgram)
+{
+    auto &store = open();
+    store.writeRecord(text("/a.htm", "typed"));
+    store.finish();
+    const auto offeredByAnother = [&] { return RecoveryStorePosix({state, {spare}}, backups).list().size(); };
+    EXPECT_EQ(offeredByAnother(), 0U) << "it is being edited";
+    kill();
+    open();
+    EXPECT_EQ(offered(), Texts{"typed"});
+    EXPECT_EQ(offeredByAnother(), 0U) << "it has been offered";
+}
+
 TEST_F(RecoveryStoreOnDisk, AnOlderFormOfOneTextIsKeptAsItsVersion)
 {
     auto &store = open();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/words.h"
 
+#include <cctype>
+
 namespace kevra {
 namespace {
 
@@ -13,6 +15,15 @@ TEST(CharacterCount, CountsCharactersOfEveryLengthWhereverTheyStart)
             ASSERT_EQ(characterCount(text), static_cast<Offset>(count)) << text;
             text += characters[(first + count * count) % 4];
         }
+    }
+}
+
+TEST(Words, AreMadeOfLettersDigitsAndTheUnderscore)
+{
+    for (char byte = 0; byte >= 0 && byte < 127; ++byte) {
+        const bool word = std::isalnum(byte) || byte == '_';
+        EXPECT_EQ(isAsciiWord(byte), word) << byte;
+        EXPECT_EQ(isWordCharacter(static_cast<char32_t>(byte)), word) << byte;
     }
 }
 
