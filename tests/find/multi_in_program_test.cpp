@@ -70,7 +70,7 @@ TEST_F(MultiInProgram, AnOpenDocumentWithUnsavedChangesIsRefused)
     document().setFocus();
     QTest::keyClicks(document().viewport(), "B");
     const auto typed = document().Text();
-    ASSERT_TRUE(app().document.state.unsaved);
+    ASSERT_TRUE(app().shown().document.state.unsaved);
     QString shown;
     const WhenModal<QMessageBox> message([&](QMessageBox &box) {
         shown = box.text();

@@ -115,8 +115,10 @@ TEST_F(ImagesInProgram, TheColourFinderShowsTypedAndChosenColours)
         click("bclip");
         EXPECT_EQ(clipboard(), "\"#12AB34\"") << "as it was";
     }
+    find<QPushButton>("bclosecol").setFocus();
     click("bclosecol");
     EXPECT_FALSE(find<QFrame>("frcol").isVisible());
+    EXPECT_EQ(app().mainWindow().focusWidget(), &document()) << "what is typed next is for the text";
 }
 
 TEST_F(ImagesInProgram, TagsGoOntoTheClipboard)

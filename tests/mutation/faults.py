@@ -97,7 +97,8 @@ FAULTS = [Fault(*row) for row in [
      "    colour(TypeGroup::WebPage, paintOf(content.text, TypeGroup::WebPage));\n    m_ports.document.state.unsaved = true;",
      "    colour(TypeGroup::WebPage, paintOf(content.text, TypeGroup::WebPage));"),
     ("files: a foreign version is not kept", "src/document/document_file.cpp",
-     "    std::ignore = m_backups.keep(path, *content);\n    return content;", "    return content;"),
+     "    std::ignore = m_backups.keep(path, *content); // the user decided to save\n    return content;",
+     "    return content;"),
     ("files: Save As leaves the old title", "src/document/save_commands.cpp",
      "    m_ports.main.setTitlePath(*path);\n", ""),
     ("files: a failed save says nothing", "src/document/save_commands.cpp",
@@ -106,7 +107,7 @@ FAULTS = [Fault(*row) for row in [
      "    if (readers == Readers::OwnerOnly) {", "    if (readers == Readers::OwnerOnly && original) {"),
     # Settings
     ("settings: a second damaged file is not kept aside", "src/settings/settings_store_qt.cpp",
-     "m_backedUp.insert(std::string(app)).second", "m_backedUp.insert({}).second"),
+     "m_backedUp.insert(std::string(app)).second", "m_backedUp.insert(std::string()).second"),
     ("settings: a colour not applied is still chosen the next time", "src/settings/settings_commands.cpp",
      "void SettingsCommands::dialogClosed()\n{\n    m_chosenColour.reset();\n",
      "void SettingsCommands::dialogClosed()\n{\n"),

@@ -90,7 +90,7 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
     }
     SettingsFixture fixture;
     fixture.colourDialog.chosen = Colour{0xFF};
-    fixture.commands.chooseColour();
+    fixture.commands.chooseCodeColour();
     fixture.commands.dialogClosed();
     EXPECT_FALSE(fixture.commands.hasChosenColour()) << "not applied, it is not chosen the next time";
 }

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/commands.h"
+#include "checker/checker.h"
 #include "colour/marks_of.h"
 #include "editor/memory_surface.h"
 #include "fakes/document_state.h"
 #include "fakes/views.h"
+#include "script/host_objects.h"
 #include "snippets/fso_popup.h"
 #include "snippets/snippet_commands.h"
 
@@ -65,6 +68,32 @@ TEST(Snippets, PlaceholdersOfTheShortcutAreOrange)
     const auto at = document.Text().find("<<executable");
     EXPECT_EQ(marksOf(document).substr(at, 20), std::string(19, 'o') + '-');
     EXPECT_EQ(std::ranges::count(document.Text(), '\n'), 9);
+}
+
+/// What the analyser knows of the object, against what is offered and hinted at while typing.
+TEST(Snippets, HintsAndOffersAreMembersOfTheObject)
+{
+    const auto &object = *script::objectType(script::typeOfProgId("Scripting.FileSystemObject"));
+    for (const auto method : fsoMethods()) {
+        EXPECT_NE(script::memberOf(object, method), nullptr) << method;
+        const auto line = "x = \"FileSystemObject\"\r\nIf " + std::string(method) + "(f) Then\r\nEnd If\r\n";
+        EXPECT_EQ(check(line, false).verdict, "FileSystemObject required - Line 2");
+    }
+    int hints = 0;
+    for (const auto &snippet : snippets()) {
+        const std::string text(snippet.commented);
+        const auto start = text.find("'--");
+        const auto *member = start == text.npos
+            ? nullptr
+            : script::memberOf(object, text.substr(start + 3, text.find(' ', start) - start - 3));
+        if (!member)
+            continue;
+        ++hints;
+        const auto source = text.find("source");
+        EXPECT_EQ(member->parameters.list().starts_with("source"), source != text.npos) << text;
+        EXPECT_LE(source, text.find("destination")) << text;
+    }
+    EXPECT_EQ(hints, 3) << "CopyFile, MoveFile, DeleteFile";
 }
 
 TEST(FsoPopup, OpensAfterFsoInCodeOnly)
