@@ -41,7 +41,7 @@ constexpr long textMargin = 4; ///< pixels left of the text
 constexpr std::chrono::milliseconds patienceTick{50};
 constexpr int patienceTicks = 8;
 
-TwipSize wantedSize(const QWidget &widget)
+TwipSize preferredSize(const QWidget &widget)
 {
     const auto size = widget.sizeHint().expandedTo(widget.minimumSize()).boundedTo(widget.maximumSize());
     return {size.width() * twipsPerPixel, size.height() * twipsPerPixel};
@@ -175,18 +175,18 @@ void MainWindow::arrange()
     LayoutRequest request;
     request.inner = twips(m_inner->rect());
     for (std::size_t i = 0; i < request.panels.size(); ++i)
-        request.panels[i] = wantedSize(frame(panelNames[i]));
-    request.fonts = wantedSize(*m_fonts);
-    request.information = wantedSize(*m_information);
+        request.panels[i] = preferredSize(frame(panelNames[i]));
+    request.fonts = preferredSize(*m_fonts);
+    request.information = preferredSize(*m_information);
     request.status = m_status->fontMetrics().height() * twipsPerPixel;
-    request.image = wantedSize(frame("fr1"));
-    // It stands over the snippet panels; one that stuck out on both sides would look broken.
+    request.image = preferredSize(frame("fr1"));
+    // At least as wide as the snippet panels, which it covers.
     for (const auto &panel : request.panels)
         request.image.width = std::max(request.image.width, panel.width);
-    request.colour = wantedSize(frame("frcol"));
+    request.colour = preferredSize(frame("frcol"));
 
     if (!frame("frfindings").isHidden())
-        request.findings = wantedSize(frame("frfindings")).height;
+        request.findings = preferredSize(frame("frfindings")).height;
 
     const auto places = kevra::layout(request);
     m_control->setGeometry(pixels(places.editor));

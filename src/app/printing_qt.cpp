@@ -20,7 +20,7 @@ struct Pages {
     int last = std::numeric_limits<int>::max();
 };
 
-Pages wantedPages(const QPrinter &printer)
+Pages selectedPages(const QPrinter &printer)
 {
     if (printer.printRange() != QPrinter::PageRange)
         return {};
@@ -53,7 +53,7 @@ bool PrintingQt::print(QPrinter &printer, TextRange range)
     const QRect page(QPoint(), printer.pageLayout().paintRectPixels(printer.resolution()).size());
     auto from = static_cast<long>(m_control.breaks().toControl(range.start));
     const auto end = static_cast<long>(m_control.breaks().toControl(range.end));
-    const auto pages = wantedPages(printer);
+    const auto pages = selectedPages(printer);
     for (int number = 1; from < end && number <= pages.last; ++number) {
         const bool drawn = number >= pages.first;
         if (drawn && number > pages.first && !printer.newPage())

@@ -263,7 +263,7 @@ void FilesSide::watchEnd()
 {
     m_signals = std::make_unique<EndSignalsQt>(
         [this] {
-            std::ignore = m_journal.documentReplaced(); // there is nobody to ask
+            std::ignore = m_journal.documentReplaced(); // no question is possible any more
             m_app.quit().endProgram();
         },
         [this] { m_journal.writeDownAtCrash(); });

@@ -16,7 +16,7 @@ struct AnalyseOptions {
     script::Level level = script::Level::Warning; ///< the lowest level to print
     AnalysisFormat format = AnalysisFormat::Text;
     std::string
-        site; ///< the folder that '/' stands for in the addresses of pages; empty: they are passed over
+        site; ///< the folder for addresses of pages that begin with '/'; empty: such addresses are skipped
     bool fix = false; ///< write the files with the first fix of each finding
     std::optional<Encoding> encoding; ///< unset: detected for each file
 };

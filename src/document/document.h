@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One open document: its text, what is known of it, its file, and the record of what is not saved. It knows
-// of no other; what several share are the stores they are given and what is true of the whole program.
+// One open document: its text and state, its file, and the record of its unsaved text. It is independent of
+// other documents; they share only the stores and the state of the program, which are passed in.
 #pragma once
 
 #include "document/application_state.h"

@@ -44,12 +44,12 @@ struct Found {
     return found;
 }
 
-struct Asked {
+struct NamedSymbol {
     const Document *document = nullptr;
     std::optional<script::NamedThing> thing;
 };
 
-[[nodiscard]] Asked askedFor(const Context &context, const Json &params)
+[[nodiscard]] NamedSymbol symbolAtRequest(const Context &context, const Json &params)
 {
     const auto place = placeOf(context, params);
     return {place.document, place.document ? namedAt(place.document->model(), place.offset) : std::nullopt};
@@ -92,7 +92,7 @@ struct Asked {
 
 Answer definition(const Context &context, const Json &params)
 {
-    const auto [document, thing] = askedFor(context, params);
+    const auto [document, thing] = symbolAtRequest(context, params);
     if (!thing)
         return includedAt(context, params);
     Json declarations = Json::array();
@@ -128,7 +128,7 @@ std::optional<script::Description> describedElsewhere(const Context &context, co
 
 Answer references(const Context &context, const Json &params)
 {
-    const auto [document, thing] = askedFor(context, params);
+    const auto [document, thing] = symbolAtRequest(context, params);
     if (!thing)
         return Json();
     const auto &wanted = at(params, Json::json_pointer("/context/includeDeclaration"));
@@ -147,7 +147,7 @@ Answer documentHighlight(const Context &context, const Json &params)
 {
     constexpr int read = 2;
     constexpr int write = 3;
-    const auto [document, thing] = askedFor(context, params);
+    const auto [document, thing] = symbolAtRequest(context, params);
     if (!thing)
         return Json();
     Json out = Json::array();
@@ -160,7 +160,7 @@ Answer documentHighlight(const Context &context, const Json &params)
 
 Answer prepareRename(const Context &context, const Json &params)
 {
-    const auto [document, thing] = askedFor(context, params);
+    const auto [document, thing] = symbolAtRequest(context, params);
     if (!thing || (thing->symbol == 0 && !isDeclared(everywhere(context, *document, *thing))))
         return Json();
     return Json{{"range", toJson(document->text(), thing->place)}, {"placeholder", thing->name}};
@@ -168,7 +168,7 @@ Answer prepareRename(const Context &context, const Json &params)
 
 Answer rename(const Context &context, const Json &params)
 {
-    const auto [document, thing] = askedFor(context, params);
+    const auto [document, thing] = symbolAtRequest(context, params);
     const auto &newName = params.at("newName").get_ref<const std::string &>();
     if (!thing)
         return Failure{ErrorCode::RequestFailed, "Here is no name that can be changed."};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which word ends which block, what is still open there, and what has nothing to end.
+// The ends of blocks: which block a word ends, unclosed blocks, and ends without a block.
 #include "script/parser_state.h"
 
 namespace kevra::script {

@@ -213,7 +213,7 @@ private:
 
     std::vector<OpenCall> m_calls;
     State m_statement = State::Start;
-    bool m_declares = false; ///< a procedure: what stands in parentheses are no arguments
+    bool m_declares = false; ///< in a procedure declaration: the parentheses hold parameters
     Token m_before{};
 };
 
