@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Shows every page of a folder beside its text, over the real web engine: clicks on it, types, stops it, and
 // prints what the page has achieved, in the lines that hostile_pages prints. Usage: hostile_beside FOLDER
-#include "beside/beside_commands.h"
-#include "beside/beside_control_qt.h"
-#include "beside/beside_panel.h"
-#include "hostile/engine_processes.h"
+#include "e2e/beside/stage.h"
+#include "e2e/hostile/engine_processes.h"
 
 #include <QtTest/QTest>
-#include <QtWidgets/QtWidgets>
 
 #include <csignal>
 #include <cstdio>
@@ -22,20 +19,11 @@ constexpr auto secret = "TOP-SECRET";
 constexpr auto pageName = "kevratemp.html"; ///< as in the preview, whose address some of the pages expect
 const QString ofTheUser = "what the user has copied";
 
-class Stage : public QObject, private BesideView {
+class Stage : public BesideStage {
 public:
     explicit Stage(const QString &folder)
-        : m_folder(folder)
     {
-        m_pause.setSingleShot(true);
-        connect(&m_pause, &QTimer::timeout, this, [this] { m_commands.pauseOver(); });
-        connect(&m_control, &BesideControlQt::answered, this,
-            [this](const QString &answer) { m_commands.answered(answer.toStdString()); });
-        connect(&m_control, &BesideControlQt::told, this,
-            [this](const QString &message) { m_commands.pageTells(message.toStdString()); });
-        connect(&m_control, &BesideControlQt::ended, this, [this] { m_commands.pageEnded(); });
-        m_panel.resize(900, 700);
-        m_panel.show();
+        m_folder = folder.toStdString();
         m_commands.documentIs((folder + '/' + pageName).toStdString(), true);
         open("nothing");
         watch(settleTime);
@@ -44,10 +32,9 @@ public:
         m_helpers = engineProcesses();
     }
 
-    void play(const QString &page);
+    void play(const QString &path);
 
 private:
-    [[nodiscard]] QWidget *view() const { return m_control.widget(); }
     [[nodiscard]] QString title() const { return view()->property("title").toString(); }
     [[nodiscard]] QSet<int> pageProcesses() const { return engineProcesses() - m_helpers; }
     [[nodiscard]] bool hasEnded() const { return !m_note.isEmpty() && !m_loaded; }
@@ -65,43 +52,6 @@ private:
     [[nodiscard]] bool crash(const QSet<int> &processes);
     void print(const QString &name, qint64 back, bool ended, const QByteArray &said);
 
-    bool load(const std::string &path, std::shared_ptr<const PageText> page) override
-    {
-        const auto folder = m_folder.toStdString();
-        m_loaded = m_control.load(path, {folder, folder}, std::move(page));
-        m_panel.setPageWidget(view());
-        m_panel.showPage(true);
-        return m_loaded;
-    }
-    void reload(std::shared_ptr<const PageText> page) override { m_control.reload(std::move(page)); }
-    void unload() override
-    {
-        m_control.unload();
-        m_loaded = false;
-    }
-    void prepare(PageTextRequest request) override
-    {
-        QTimer::singleShot(0, this, [this, page = std::make_shared<PageText>(makePageText(m_text, request))] {
-            m_commands.prepared(page);
-        });
-    }
-    void pause(std::chrono::milliseconds time) override { m_pause.start(time); }
-    void ask(const std::string &call) override { m_control.ask(call); }
-    void say(std::string_view text) override
-    {
-        m_note = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    }
-    void selectText(TextRange) override { }
-    Offset caret() const override { return 0; }
-
-    QString m_folder;
-    std::string m_text;
-    QString m_note;
-    bool m_loaded = false;
-    QTimer m_pause;
-    BesideCommands m_commands{*this};
-    BesidePanel m_panel{nullptr};
-    BesideControlQt m_control{m_panel.frame()};
     QSet<int> m_helpers; ///< what is left of the engine without a page
     int m_before = 0; ///< MB
     int m_dialogs = 0;
@@ -149,14 +99,14 @@ bool Stage::crash(const QSet<int> &processes)
     return QTest::qWaitFor([this] { return hasEnded(); }, 3000);
 }
 
-void Stage::play(const QString &page)
+void Stage::play(const QString &path)
 {
-    QFile file(page);
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return;
     m_dialogs = m_followed = m_read = m_windows = m_pageMemory = 0;
     m_stall = 0;
-    const auto name = QFileInfo(page).baseName();
+    const auto name = QFileInfo(path).baseName();
     const bool patient = name.startsWith("flood") || name.startsWith("realm") || name == "shown";
     m_before = memoryOf("self", "VmRSS:");
     forgetPeak();
@@ -165,8 +115,7 @@ void Stage::play(const QString &page)
     // On a busy machine a page takes its time to start; what it does is counted from there.
     std::ignore = QTest::qWaitFor([this] { return !pageProcesses().isEmpty() && !title().isEmpty(); }, 10000);
     watch(settleTime / 2);
-    auto *inner = view()->focusProxy() ? view()->focusProxy() : view();
-    QTest::mouseClick(inner, Qt::LeftButton, {}, {40, 40});
+    QTest::mouseClick(page(), Qt::LeftButton, {}, {40, 40});
     type();
     watch(patient ? floodTime : settleTime);
     // The parts of a page that means no harm come as fast as the machine lets them.
