@@ -129,6 +129,7 @@ void BesideSide::connectPanel()
     connect(m_panel, &BesidePanel::reloadAsked, this, [this] { m_commands.reload(); });
     connect(m_panel, &BesidePanel::stopAsked, this, [this] { m_commands.stop(); });
     connect(m_panel, &BesidePanel::browserAsked, this, &BesideSide::openInBrowser);
+    connect(m_panel, &BesidePanel::darkChosen, m_control.get(), &BesideControlQt::setDark);
     connect(m_panel, &BesidePanel::scaleChanged, m_control.get(), &BesideControlQt::setZoom);
 }
 
@@ -178,7 +179,7 @@ bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> p
     if (first)
         m_panel->setPageWidget(m_control->widget());
     m_panel->showPage(true);
-    if (first && !m_control->isSandboxed())
+    if (!m_control->isSandboxed())
         m_panel->setNote("The page is shown without the browser's sandbox");
     return true;
 }

@@ -50,6 +50,7 @@ bool BesideControlQt::load(
         m_engine = makeEngine(&m_parent, *this, EngineUse::BesideText);
     if (!m_engine)
         return false;
+    m_engine->setDark(m_dark);
     m_requests.begin(path, scope);
     expectPage(std::move(page));
     m_engine->navigate(m_requests.address(m_requests.document()));
@@ -88,6 +89,13 @@ void BesideControlQt::setZoom(double factor)
 {
     if (m_engine)
         m_engine->setZoom(factor);
+}
+
+void BesideControlQt::setDark(bool dark)
+{
+    m_dark = dark;
+    if (m_engine)
+        m_engine->setDark(dark);
 }
 
 bool BesideControlQt::beforeNavigate(const QUrl &shown, bool mainFrame)

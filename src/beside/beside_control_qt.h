@@ -30,6 +30,7 @@ public:
     void unload();
     void ask(const std::string &call);
     void setZoom(double factor);
+    void setDark(bool dark); ///< also of the pages to come
     [[nodiscard]] QWidget *widget() const; ///< null before the first page
     [[nodiscard]] bool isSandboxed() const;
 
@@ -64,6 +65,7 @@ private:
     PageRequests m_requests;
     std::shared_ptr<const PageText> m_page; ///< that the document's address is answered with
     bool m_expected = false; ///< the next navigation is the program's
+    bool m_dark = false;
     std::uint64_t m_load = 0; ///< answers of the page before count no more
     QTimer m_patience;
     std::unique_ptr<BrowserEngine> m_engine;

@@ -32,6 +32,15 @@ struct Width {
 };
 constexpr Width widths[] = {{"Full width", 0}, {"360", 360}, {"768", 768}, {"1280", 1280}};
 
+enum class Colours { AsDesktop, Light, Dark };
+struct ColoursRow {
+    const char *caption;
+    Colours colours;
+};
+constexpr ColoursRow colours[]
+    = {{"Desktop Colors", Colours::AsDesktop}, {"Light", Colours::Light}, {"Dark", Colours::Dark}};
+constexpr int darkBelow = 128; ///< of 255: a window's lightness
+
 struct Tool {
     const char *name;
     const char *caption;
@@ -101,6 +110,12 @@ void BesidePanel::addTools(QToolBar &bar)
     m_width->setToolTip("How many pixels wide the page believes its window to be");
     connect(m_width, &QComboBox::activated, this, &BesidePanel::layOutPage);
     bar.addWidget(m_width);
+    m_colours = named<QComboBox>("cbesidecolors", &bar, "Page colors");
+    for (const auto &row : colours)
+        m_colours->addItem(row.caption, static_cast<int>(row.colours));
+    m_colours->setToolTip("Which colors a page is told that its reader prefers");
+    connect(m_colours, &QComboBox::activated, this, &BesidePanel::chooseColours);
+    bar.addWidget(m_colours);
     const auto add = [&](const auto &row, auto step) {
         auto *action = bar.addAction(row.caption, this, step);
         action->setObjectName(row.name);
@@ -118,6 +133,7 @@ void BesidePanel::addTools(QToolBar &bar)
 void BesidePanel::setPageWidget(QWidget *page)
 {
     m_page = page;
+    chooseColours();
     page->setAccessibleName("Page");
     layOutPage();
     page->show();
@@ -160,6 +176,20 @@ void BesidePanel::layOutPage()
         m_page->setGeometry({(m_frame->width() - width) / 2, 0, width, room.height()});
     if (std::exchange(m_scale, scale) != scale)
         emit scaleChanged(scale);
+}
+
+void BesidePanel::chooseColours()
+{
+    const auto chosen = static_cast<Colours>(m_colours->currentData().toInt());
+    const bool darkDesktop = palette().color(QPalette::Window).lightness() < darkBelow;
+    emit darkChosen(chosen == Colours::AsDesktop ? darkDesktop : chosen == Colours::Dark);
+}
+
+void BesidePanel::changeEvent(QEvent *event)
+{
+    QDockWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        chooseColours();
 }
 
 void BesidePanel::closeEvent(QCloseEvent *event)

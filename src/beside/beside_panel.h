@@ -35,8 +35,10 @@ signals:
     void browserAsked();
     /// What the page is to be scaled by, so that it has the width chosen.
     void scaleChanged(double factor);
+    void darkChosen(bool dark); ///< what the page is to be told that its reader prefers
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -44,8 +46,10 @@ protected:
 private:
     void addTools(QToolBar &tools);
     void layOutPage();
+    void chooseColours();
 
     QComboBox *m_width;
+    QComboBox *m_colours;
     QScrollArea *m_area;
     QWidget *m_frame;
     QLabel *m_note;

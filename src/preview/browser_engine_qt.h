@@ -67,6 +67,8 @@ public:
     virtual void ask(const QString &call, std::function<void(const QString &)> answered) = 0;
     virtual void zoom(int steps) = 0; ///< 0: back to the natural size; stays from page to page
     virtual void setZoom(double factor) = 0; ///< at once and from page to page
+    /// Whether pages are told that dark colours are preferred; stays from page to page. The engine says no.
+    virtual void setDark(bool dark) = 0;
     virtual void find(const QString &text, bool backward) = 0; ///< and marks; an empty text ends that
     [[nodiscard]] virtual bool isSandboxed() const = 0;
 };
@@ -82,4 +84,4 @@ public:
 
 } // namespace kevra
 
-Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/3")
+Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/4")

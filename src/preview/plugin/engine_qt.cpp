@@ -3,6 +3,7 @@
 #include "preview/plugin/accessibility_limit_qt.h"
 #include "preview/plugin/engine_start_qt.h"
 #include "preview/plugin/graphics_qt.h"
+#include "preview/plugin/page_colours_qt.h"
 #include "preview/plugin/page_profiles_qt.h"
 #include "preview/plugin/page_qt.h"
 #include "preview/plugin/page_scheme_qt.h"
@@ -99,6 +100,7 @@ public:
     void unload() override { navigateNowhere(); }
     void zoom(int steps) override;
     void setZoom(double factor) override;
+    void setDark(bool dark) override;
     void find(const QString &text, bool backward) override;
 
 private:
@@ -114,6 +116,9 @@ private:
     EngineUse m_use;
     PageProfiles m_profiles;
     std::unique_ptr<Page> m_page; ///< goes before the profile it lives in
+    std::unique_ptr<QWebEngineProfile> m_inspectors; ///< of all pages
+    std::unique_ptr<PageColours> m_colours; ///< goes before its page
+    bool m_dark = false;
     PageWatch m_watch;
     QTimer m_looks;
     qreal m_zoom = 1;
@@ -122,6 +127,7 @@ private:
 
 void Engine::newPage()
 {
+    m_colours.reset();
     auto &profile = m_profiles.forNewPage();
     m_watch.begin();
     const auto oldPage = std::exchange(m_page, std::make_unique<Page>(&profile, m_events, m_use));
@@ -130,6 +136,8 @@ void Engine::newPage()
         m_page->settings()->setAttribute(each.attribute, each.on);
     m_page->settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     m_page->setZoomFactor(m_zoom);
+    if (m_dark)
+        setDark(true);
     m_view->setPage(m_page.get());
     if (m_use == EngineUse::Window)
         m_view->setFocus(); // it went with the page before
@@ -150,6 +158,17 @@ void Engine::setZoom(double factor)
 {
     m_zoom = std::clamp(factor, 0.25, 5.0);
     m_page->setZoomFactor(m_zoom);
+}
+
+void Engine::setDark(bool dark)
+{
+    m_dark = dark;
+    if (dark && !m_inspectors)
+        m_inspectors = std::make_unique<QWebEngineProfile>(); // without a name it is off the record
+    if (dark && !m_colours)
+        m_colours = std::make_unique<PageColours>(*m_page, *m_inspectors);
+    if (m_colours)
+        m_colours->setDark(dark);
 }
 
 void Engine::ask(const QString &call, std::function<void(const QString &)> answered)
@@ -190,7 +209,7 @@ bool Engine::eventFilter(QObject *watched, QEvent *event)
 
 class EnginePlugin : public QObject, public BrowserEnginePlugin {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/3")
+    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/4")
     Q_INTERFACES(kevra::BrowserEnginePlugin)
 
 public:
