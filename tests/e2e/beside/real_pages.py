@@ -37,6 +37,8 @@ FIND = """(() => {
     return [...seen].map(([number, point]) => [Number(number), ...point]);
 })()"""
 
+AT = "Number(document.elementFromPoint(%d, %d)?.closest('[data-number]')?.dataset.number)"
+
 
 def numbered(page):
     """The page with a number in each start tag, and where the tags are in it."""
@@ -81,7 +83,10 @@ def main():
             targets = driver.ask(FIND)
             chance.shuffle(targets)
             pages += bool(targets)
-            for number, x, y, name in targets[:options.clicks]:
+            for _, x, y, name in targets[:options.clicks]:
+                number = driver.ask(AT % (x, y))  # what was clicked before can have moved it
+                if number is None:
+                    continue
                 caret = driver.click(x, y)
                 clicks += 1
                 right += caret == places[number]
