@@ -20,6 +20,7 @@
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QMenu>
 
+#include <algorithm>
 #include <charconv>
 
 namespace kevra {
@@ -113,8 +114,10 @@ void BesideSide::makeDock()
         int width = 0;
         const auto stored = readSetting(m_app.store, keys::besideWidth);
         std::from_chars(stored.data(), stored.data() + stored.size(), width);
-        const int half = m_app.mainWindow().width() / 2;
-        m_app.mainWindow().resizeDocks({m_panel}, {width > 0 ? width : half}, Qt::Horizontal);
+        // In a window that was larger, the width kept would leave no text.
+        const int whole = m_app.mainWindow().width();
+        const int wanted = width > 0 ? std::min(width, whole * 2 / 3) : whole / 2;
+        m_app.mainWindow().resizeDocks({m_panel}, {wanted}, Qt::Horizontal);
         connect(m_panel, &BesidePanel::widthSettled, this,
             [this](int now) { writeSetting(m_app.store, keys::besideWidth, std::to_string(now)); });
     });

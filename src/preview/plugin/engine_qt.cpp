@@ -83,6 +83,8 @@ public:
     void navigate(const QUrl &url) override
     {
         newPage();
+        m_hasPage = true;
+        applyColours();
         m_page->load(url);
     }
     void follow(const QUrl &url) override
@@ -97,7 +99,11 @@ public:
             m_page->runJavaScript(script);
     }
     void ask(const QString &call, std::function<void(const QString &)> answered) override;
-    void unload() override { navigateNowhere(); }
+    void unload() override
+    {
+        m_hasPage = false;
+        navigateNowhere();
+    }
     void zoom(int steps) override;
     void setZoom(double factor) override;
     void setDark(bool dark) override;
@@ -105,6 +111,7 @@ public:
 
 private:
     void newPage();
+    void applyColours();
     /// Nothing tells reliably that a page got a process, or another one.
     void watchProcess();
     /// Without a page the view would make one of its own, in the profile that writes to the disk.
@@ -119,6 +126,7 @@ private:
     std::unique_ptr<QWebEngineProfile> m_inspectors; ///< of all pages
     std::unique_ptr<PageColours> m_colours; ///< goes before its page
     bool m_dark = false;
+    bool m_hasPage = false; ///< that was asked for
     PageWatch m_watch;
     QTimer m_looks;
     qreal m_zoom = 1;
@@ -136,8 +144,6 @@ void Engine::newPage()
         m_page->settings()->setAttribute(each.attribute, each.on);
     m_page->settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
     m_page->setZoomFactor(m_zoom);
-    if (m_dark)
-        setDark(true);
     m_view->setPage(m_page.get());
     if (m_use == EngineUse::Window)
         m_view->setFocus(); // it went with the page before
@@ -163,12 +169,19 @@ void Engine::setZoom(double factor)
 void Engine::setDark(bool dark)
 {
     m_dark = dark;
-    if (dark && !m_inspectors)
+    applyColours();
+}
+
+void Engine::applyColours()
+{
+    if (!m_hasPage)
+        return;
+    if (m_dark && !m_inspectors)
         m_inspectors = std::make_unique<QWebEngineProfile>(); // without a name it is off the record
-    if (dark && !m_colours)
+    if (m_dark && !m_colours)
         m_colours = std::make_unique<PageColours>(*m_page, *m_inspectors);
     if (m_colours)
-        m_colours->setDark(dark);
+        m_colours->setDark(m_dark);
 }
 
 void Engine::ask(const QString &call, std::function<void(const QString &)> answered)
