@@ -26,7 +26,7 @@
 namespace kevra {
 namespace {
 
-constexpr std::chrono::milliseconds timeToAppear{300}; ///< of the window made anew
+constexpr std::chrono::milliseconds timeToAppear{300}; ///< of the recreated window
 constexpr auto untitledPage = "untitled.html"; ///< an address for a text that has no file yet
 
 class BesideSide : public QObject, private BesideView {
@@ -39,7 +39,7 @@ private:
     void connectPanel();
     void connectControl();
     void connectDocument();
-    void tellDocument();
+    void updateDocument();
     void openInBrowser();
     void keepWindowPlace();
 
@@ -77,7 +77,7 @@ BesideSide::BesideSide(Application &app, WindowDocument &shown)
 {
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, [this] { m_commands.pauseOver(); });
-    app.showBrokenInPage = [this](const std::vector<Offset> &places) { m_commands.brokenAre(places); };
+    app.showBrokenInPage = [this](const std::vector<Offset> &places) { m_commands.setBrokenPlaces(places); };
     app.commands.bind("mbeside", [this] { m_switch.toggle(); });
     // After the first picture: the engine is not what a start waits for.
     const auto openStored = [this] {
@@ -97,7 +97,7 @@ void BesideSide::setOpen(bool on)
         m_commands.close();
         return m_document.SetFocus();
     }
-    tellDocument();
+    updateDocument();
     m_commands.open();
 }
 
@@ -142,8 +142,8 @@ void BesideSide::connectControl()
     connect(control, &BesideControlQt::answered, this,
         [this](const QString &answer) { m_commands.answered(answer.toStdString()); });
     connect(control, &BesideControlQt::answerOverdue, this, [this] { m_commands.answerOverdue(); });
-    connect(control, &BesideControlQt::told, this,
-        [this](const QString &message) { m_commands.pageTells(message.toStdString()); });
+    connect(control, &BesideControlQt::messageReceived, this,
+        [this](const QString &message) { m_commands.pageMessage(message.toStdString()); });
     connect(control, &BesideControlQt::ended, this, [this] { m_commands.pageEnded(); });
     connect(control, &BesideControlQt::alerted, m_panel,
         [this](const QString &message) { m_panel->setNote("The page says: " + message); });
@@ -156,19 +156,19 @@ void BesideSide::connectDocument()
     auto &window = m_app.mainWindow();
     connect(&m_document, &EditorControl::changed, this, [this] { m_commands.textChanged(); });
     connect(&m_document, &EditorControl::caretMoved, this, [this] { m_commands.caretMoved(); });
-    connect(&window, &MainWindow::documentNamed, this, &BesideSide::tellDocument);
+    connect(&window, &MainWindow::documentNamed, this, &BesideSide::updateDocument);
     connect(window.menus().menu("mdebug")->menuAction(), &QAction::visibleChanged, this,
-        &BesideSide::tellDocument);
+        &BesideSide::updateDocument);
 }
 
-void BesideSide::tellDocument()
+void BesideSide::updateDocument()
 {
     auto path = m_state.currentPath;
     if (path.empty()) {
         const auto &folder = m_app.applicationState.tempFolder;
         path = (m_app.files.folderExists(folder) ? folder : documentsFolder()) + '/' + untitledPage;
     }
-    m_commands.documentIs(path, !m_state.scriptTools);
+    m_commands.setDocument(path, !m_state.scriptTools);
 }
 
 bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> page)
@@ -187,7 +187,7 @@ bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> p
     return true;
 }
 
-/// The engine's first view makes the native window anew, which forgets that it was maximised and where it
+/// The engine's first view recreates the native window, which forgets that it was maximised and where it
 /// stood.
 void BesideSide::keepWindowPlace()
 {

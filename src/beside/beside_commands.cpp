@@ -79,7 +79,7 @@ void BesideCommands::start()
         prepare();
 }
 
-void BesideCommands::documentIs(const std::string &path, bool isPage)
+void BesideCommands::setDocument(const std::string &path, bool isPage)
 {
     if (path == m_path && isPage == m_isPage)
         return;
@@ -186,7 +186,7 @@ void BesideCommands::pageReady()
     m_state = State::Following;
     m_justLoaded = true;
     m_brokenShown = m_broken.empty();
-    sayAgain();
+    clearOverdueNote();
     askToShow();
 }
 
@@ -195,7 +195,7 @@ void BesideCommands::answered(std::string_view answer)
     m_asking = false;
     if (m_state != State::Following)
         return;
-    sayAgain();
+    clearOverdueNote();
     if (answer != "done") {
         m_refused = true;
         m_newest.reset();
@@ -217,7 +217,7 @@ void BesideCommands::answerOverdue()
         m_view.say(busyNote);
 }
 
-void BesideCommands::sayAgain()
+void BesideCommands::clearOverdueNote()
 {
     if (std::exchange(m_overdue, false))
         m_view.say({});
@@ -246,7 +246,7 @@ void BesideCommands::showCaret()
         ask("caret(" + std::to_string(caretElement()) + ")");
 }
 
-void BesideCommands::brokenAre(const std::vector<Offset> &places)
+void BesideCommands::setBrokenPlaces(const std::vector<Offset> &places)
 {
     m_broken = places;
     m_brokenShown = false;
@@ -273,7 +273,7 @@ void BesideCommands::pageEnded()
     m_view.say(endedNote);
 }
 
-void BesideCommands::pageTells(std::string_view message)
+void BesideCommands::pageMessage(std::string_view message)
 {
     if (message == "ready")
         return pageReady();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The page beside the text: when it is loaded, changed in place or loaded anew, and how it and the caret find
+// The page beside the text: when it is loaded, changed in place or reloaded, and how it and the caret find
 // each other. One question is under way at a time, so a page that does not answer is left alone and costs
 // nothing.
 #pragma once
@@ -48,10 +48,10 @@ public:
     // What happens to the text.
     void textChanged();
     void caretMoved();
-    void brokenAre(const std::vector<Offset> &places); ///< in the text as it is; outlined in the page
+    void setBrokenPlaces(const std::vector<Offset> &places); ///< in the text as it is; outlined in the page
     /// Another document, or a document under another name: `path` need not exist. `isPage`: false for a
     /// script.
-    void documentIs(const std::string &path, bool isPage);
+    void setDocument(const std::string &path, bool isPage);
 
     // What the view was asked for has come.
     void pauseOver();
@@ -62,7 +62,7 @@ public:
     // What the page does.
     void pageReady();
     void pageEnded(); ///< its process has, not by unload()
-    void pageTells(std::string_view message);
+    void pageMessage(std::string_view message);
 
 private:
     enum class State { Closed, Script, Starting, Loading, Following, Ended };
@@ -74,7 +74,7 @@ private:
     [[nodiscard]] std::chrono::milliseconds pauseInTyping() const;
     [[nodiscard]] bool isUsable(const PageText &page) const;
     void askToShow();
-    void sayAgain();
+    void clearOverdueNote();
     void showNewest();
     void showCaret();
     void showBroken();
@@ -94,7 +94,7 @@ private:
     bool m_asking = false;
     bool m_refused = false; ///< the page did not take a change
     bool m_justLoaded = false;
-    bool m_overdue = false; ///< the user has been told
+    bool m_overdue = false; ///< the user has been notified
     std::vector<Offset> m_broken;
     bool m_brokenShown = true;
     Offset m_outlined = -1;

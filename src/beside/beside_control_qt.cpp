@@ -148,11 +148,11 @@ void BesideControlQt::copyAsked()
     allowPageCopy();
 }
 
-void BesideControlQt::pageTells(const QString &message)
+void BesideControlQt::pageMessage(const QString &message)
 {
     if (message == "ready")
         m_patience.stop();
-    emit told(message);
+    emit messageReceived(message);
 }
 
 } // namespace kevra

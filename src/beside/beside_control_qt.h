@@ -37,7 +37,7 @@ public:
 signals:
     void answered(const QString &answer);
     void answerOverdue();
-    void told(const QString &message); ///< by the script that follows the text
+    void messageReceived(const QString &message); ///< by the script that follows the text
     void alerted(const QString &message); ///< by the page
     void linkFollowed(const QString &address); ///< it is not gone to
     void zoomAsked(int steps);
@@ -56,7 +56,7 @@ private:
     void processDied() override { emit ended(); }
     void found(int, int) override { }
     void zoom(int steps) override { emit zoomAsked(steps); }
-    void pageTells(const QString &message) override;
+    void pageMessage(const QString &message) override;
     void pageAlerts(const QString &message) override { emit alerted(message); }
 
     void expectPage(std::shared_ptr<const PageText> page);

@@ -48,7 +48,7 @@ struct Tool {
     void (BesidePanel::*asked)();
 };
 constexpr Tool tools[] = {
-    {"bbesidereload", "Reload", "Load the page anew", &BesidePanel::reloadAsked},
+    {"bbesidereload", "Reload", "Load the page again", &BesidePanel::reloadAsked},
     {"bbesidestop", "Stop", "End the page and its scripts", &BesidePanel::stopAsked},
     {"bbesidebrowser", "Open in Browser", "Open the file as it was last saved", &BesidePanel::browserAsked},
 };
@@ -164,16 +164,16 @@ void BesidePanel::zoom(int steps)
 
 void BesidePanel::layOutPage()
 {
-    const auto room = m_area->viewport()->size();
+    const auto available = m_area->viewport()->size();
     const int wanted = m_width->currentData().toInt();
     // A device wider than the dock is shown smaller, as far as it can still be read; then it is scrolled.
-    const double fit = wanted == 0 ? 1 : std::clamp(double(room.width()) / wanted, smallest, 1.0);
+    const double fit = wanted == 0 ? 1 : std::clamp(double(available.width()) / wanted, smallest, 1.0);
     const double scale = std::clamp(fit * m_zoom, smallest, largest);
-    const int width = wanted == 0 ? room.width() : qRound(wanted * scale);
-    const QSize size(width, room.height());
-    m_frame->resize(size.expandedTo({room.width(), 0}));
+    const int width = wanted == 0 ? available.width() : qRound(wanted * scale);
+    const QSize size(width, available.height());
+    m_frame->resize(size.expandedTo({available.width(), 0}));
     if (m_page)
-        m_page->setGeometry({(m_frame->width() - width) / 2, 0, width, room.height()});
+        m_page->setGeometry({(m_frame->width() - width) / 2, 0, width, available.height()});
     if (std::exchange(m_scale, scale) != scale)
         emit scaleChanged(scale);
 }

@@ -35,7 +35,7 @@ signals:
     void browserAsked();
     /// What the page is to be scaled by, so that it has the width chosen.
     void scaleChanged(double factor);
-    void darkChosen(bool dark); ///< what the page is to be told that its reader prefers
+    void darkChosen(bool dark); ///< the preference that the page is to see
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -73,7 +73,7 @@ private:
     std::unordered_set<std::string> m_written; ///< names of tags that scripts write
 };
 
-/// document.write("</div>"): nobody knows where.
+/// document.write("</div>"): the place is unknown.
 void NestingCheck::noteWrittenByScripts()
 {
     for (const auto &element : m_page.tree.elements()) {

@@ -44,13 +44,13 @@ public:
     virtual void found(int place, int places) = 0; ///< which of how many, both 0 for none
     virtual void zoom(int steps) = 0; ///< by the wheel
     /// Only beside the text: a message of the script that follows it, and a message box of the page.
-    virtual void pageTells(const QString &message) { static_cast<void>(message); }
+    virtual void pageMessage(const QString &message) { static_cast<void>(message); }
     virtual void pageAlerts(const QString &message) { static_cast<void>(message); }
 };
 
 enum class EngineUse {
     Window, ///< the page has the keyboard and may show message boxes
-    BesideText, ///< it takes the keyboard from nobody, and a script of ours keeps it equal to the text
+    BesideText, ///< it never takes the keyboard, and a script of ours keeps it equal to the text
 };
 
 class BrowserEngine {
@@ -67,7 +67,7 @@ public:
     virtual void ask(const QString &call, std::function<void(const QString &)> answered) = 0;
     virtual void zoom(int steps) = 0; ///< 0: back to the natural size; stays from page to page
     virtual void setZoom(double factor) = 0; ///< at once and from page to page
-    /// Whether pages are told that dark colours are preferred; stays from page to page. The engine says no.
+    /// Whether pages see a preference for dark colours; stays from page to page. Off at first.
     virtual void setDark(bool dark) = 0;
     virtual void find(const QString &text, bool backward) = 0; ///< and marks; an empty text ends that
     [[nodiscard]] virtual bool isSandboxed() const = 0;

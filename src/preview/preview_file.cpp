@@ -24,7 +24,7 @@ PreviewFile::PreviewFile(FileStore &files, BackupStore &backups, PageNotes &note
 
 bool PreviewFile::isOurs(const std::string &path) const
 {
-    // A write that failed may have failed behind its last step.
+    // A write that failed may have failed after its last step.
     return path == m_note.page && (m_stamp ? m_files.stamp(path) == m_stamp : isPage(m_note));
 }
 
@@ -150,11 +150,11 @@ void PreviewFile::settleKilled()
     for (const auto &entry : entries) {
         if (entry.alive)
             continue;
-        const bool heir = std::ranges::any_of(entries,
+        const bool takenOver = std::ranges::any_of(entries,
             [&](const PageNotes::Entry &other) { return other.alive && other.note.page == entry.note.page; });
-        if (!heir && isPage(entry.note) && !m_files.remove(entry.note.page))
+        if (!takenOver && isPage(entry.note) && !m_files.remove(entry.note.page))
             continue;
-        if (!heir)
+        if (!takenOver)
             putBack(entry.note);
         m_notes.drop(entry.name);
     }

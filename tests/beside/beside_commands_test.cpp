@@ -48,10 +48,10 @@ struct Fixture : BesideView {
     }
     void show()
     {
-        commands.documentIs("/a/b.html", true);
+        commands.setDocument("/a/b.html", true);
         commands.open();
         makeReady();
-        commands.pageTells("ready");
+        commands.pageMessage("ready");
         commands.answered("done");
     }
     void type()
@@ -80,7 +80,7 @@ TEST(BesideCommands, LoadsAnewWhatIsRefusedButNotForEver)
     EXPECT_EQ(f.by([&] { f.commands.answered("refused: SCRIPT"); }), "pause ");
     f.commands.pauseOver();
     EXPECT_EQ(f.by([&] { f.makeReady(); }), "reload ");
-    f.commands.pageTells("ready");
+    f.commands.pageMessage("ready");
     EXPECT_EQ(f.by([&] { f.commands.answered("refused: again"); }), "") << "only with another text";
 }
 
@@ -88,14 +88,14 @@ TEST(BesideCommands, ClicksCountOnlyForTheTextTheyWereMadeIn)
 {
     Fixture f;
     f.show();
-    f.commands.pageTells("click 10");
+    f.commands.pageMessage("click 10");
     EXPECT_EQ(f.selected, (TextRange{10, 10}));
-    f.commands.pageTells("pick 10");
+    f.commands.pageMessage("pick 10");
     EXPECT_EQ(f.selected, (TextRange{10, 20}));
     for (const auto *bad : {"pick 11", "pick -1", "pick 99999999999999999999", "pick 0x", "pick", "click "})
-        f.commands.pageTells(bad);
+        f.commands.pageMessage(bad);
     f.commands.textChanged();
-    f.commands.pageTells("pick 0");
+    f.commands.pageMessage("pick 0");
     EXPECT_EQ(f.selected, (TextRange{10, 20}));
 }
 
@@ -114,7 +114,7 @@ TEST(BesideCommands, LeavesAPageThatHasEndedAlone)
             "");
     }
     Fixture script;
-    script.commands.documentIs("/a/b.vbs", false);
+    script.commands.setDocument("/a/b.vbs", false);
     script.commands.open();
     EXPECT_FALSE(script.wanted);
     EXPECT_NE(script.note, "");

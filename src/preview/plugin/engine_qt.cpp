@@ -112,7 +112,7 @@ public:
 private:
     void newPage();
     void applyColours();
-    /// Nothing tells reliably that a page got a process, or another one.
+    /// No signal reports reliably that a page got a process, or another one.
     void watchProcess();
     /// Without a page the view would make one of its own, in the profile that writes to the disk.
     void navigateNowhere() { newPage(); }

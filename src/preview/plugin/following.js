@@ -225,7 +225,7 @@
         });
     }
 
-    // ---- outlines: animations of what takes no room, which leave no trace in the document
+    // ---- outlines: animations of a property that needs no space; they leave no trace in the document
 
     const styles = {caret: '2px solid #3584e4', broken: '2px dashed #e01b24'};
     const shown = new Map(); // by use: element and animation
@@ -343,7 +343,7 @@
         elements = moved;
     }
 
-    /// Whatever a step comes upon that it cannot do, the editor is told.
+    /// What a step cannot do is reported to the editor.
     function attempt(step) {
         try {
             keepPlace(step);
@@ -371,7 +371,7 @@
         },
     };
 
-    // ---- what the editor hears
+    // ---- messages to the editor
 
     const tellOf = word => event => {
         if (!event.isTrusted || event.button !== 0)

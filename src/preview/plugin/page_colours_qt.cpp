@@ -35,7 +35,7 @@ constexpr auto message = R"(DevToolsHost.sendMessageToEmbedder(JSON.stringify({
         id: 1, method: 'Emulation.setEmulatedMedia',
         params: {features: [{name: 'prefers-color-scheme', value: '%1'}]}})]})))";
 
-// The engine does not choose pictures anew by itself.
+// The engine does not choose pictures again by itself.
 constexpr auto question = R"((() => {
     const dark = matchMedia('(prefers-color-scheme: dark)').matches;
     if (dark === %1) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whether a page is told that its reader prefers dark colours (prefers-color-scheme).
+// The preference for light or dark colours that a page sees (prefers-color-scheme).
 #pragma once
 
 #include <QtWebEngineCore/QWebEnginePage>

@@ -106,7 +106,7 @@ Page::~Page()
 
 void Page::endProcess() const
 {
-    // A script that never ends would go on until its process is told to stop, which it does not hear.
+    // A script that never ends would go on until its process is asked to stop, which it does not notice.
     if (const auto process = renderProcessPid(); process > 0)
         ::kill(static_cast<pid_t>(process), SIGKILL);
 }
@@ -202,7 +202,7 @@ void Page::javaScriptConsoleMessage(
     if (message.startsWith(m_linkMark))
         linkClicked(QUrl(message.sliced(m_linkMark.size())));
     else if (message.startsWith(m_followingMark) && m_messages.allows(m_clock.elapsed()))
-        m_events.pageTells(message.sliced(m_followingMark.size()));
+        m_events.pageMessage(message.sliced(m_followingMark.size()));
 }
 
 } // namespace kevra

@@ -46,7 +46,7 @@ private:
 
     BrowserEvents &m_events;
     EngineUse m_use;
-    QString m_linkMark; ///< how the link script's messages are told from the page's
+    QString m_linkMark; ///< how the link script's messages differ from the page's
     QString m_followingMark; ///< the same for the script that follows the text
     int m_dialogs = 0;
     int m_refused = 0; ///< navigations

@@ -42,7 +42,7 @@ private:
         m_text = file.readAll().toStdString();
         m_folder = QFileInfo(path).path().toStdString();
         m_note.clear();
-        m_commands.documentIs(path.toStdString(), true);
+        m_commands.setDocument(path.toStdString(), true);
         return follow([this] { m_commands.open(); });
     }
     [[nodiscard]] QString edit(qint64 at, qint64 length, const QString &text)

@@ -20,8 +20,8 @@ public:
             if (!takeAnswer(answer))
                 m_commands.answered(answer.toStdString());
         });
-        connect(&m_control, &BesideControlQt::told, this,
-            [this](const QString &message) { m_commands.pageTells(message.toStdString()); });
+        connect(&m_control, &BesideControlQt::messageReceived, this,
+            [this](const QString &message) { m_commands.pageMessage(message.toStdString()); });
         connect(&m_control, &BesideControlQt::ended, this, [this] { m_commands.pageEnded(); });
         m_panel.resize(900, 700);
         m_panel.show();

@@ -24,7 +24,7 @@ public:
     explicit Stage(const QString &folder)
     {
         m_folder = folder.toStdString();
-        m_commands.documentIs((folder + '/' + pageName).toStdString(), true);
+        m_commands.setDocument((folder + '/' + pageName).toStdString(), true);
         open("nothing");
         watch(settleTime);
         m_commands.close();
