@@ -3,6 +3,7 @@
 
 #include <QtGui/QShortcut>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 
 #include <algorithm>
 

@@ -23,7 +23,7 @@ PIECES = ["a", "word ", "\r\n", "<b>bold</b>", "<b>", "</p>", "<p>new</p>", "<br
           "<img src=x.png alt=x>", "<% code %>", "<a href=x>", ' title="x"', ">"]
 # Where the page is scrolled to, and the element that is first to be seen.
 PLACE = """(() => {
-    const at = document.elementFromPoint(60, 8);
+    const at = document.elementFromPoint(60, 8) || document.documentElement;
     if (!globalThis.mark || !globalThis.mark.isConnected || %s)
         globalThis.mark = at;
     return [Math.round(scrollY), Math.round(globalThis.mark.getBoundingClientRect().top)];
