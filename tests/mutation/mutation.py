@@ -30,7 +30,7 @@ def copy_sources():
         os.makedirs(os.path.dirname(target), exist_ok=True)
         source = os.path.join(ROOT, name)
         if os.path.exists(source) and not (os.path.exists(target) and same(source, target)):
-            shutil.copy2(source, target)
+            shutil.copy(source, target)  # dated now, or it would not be built again
 
 
 def same(one, other):
