@@ -76,6 +76,13 @@ public:
     [[nodiscard]] std::optional<PageChange> run() const;
 
 private:
+    /// How many children at the start and at the end of an element are the same, away from the difference.
+    struct Kept {
+        std::ptrdiff_t first, last;
+    };
+
+    [[nodiscard]] Kept keptChildren(
+        const std::vector<std::size_t> &old, const std::vector<std::size_t> &now) const;
     [[nodiscard]] std::optional<std::size_t> oldOf(std::size_t element) const;
     [[nodiscard]] std::optional<PageChange> changeIn(std::size_t oldParent, std::size_t newParent) const;
     [[nodiscard]] bool holdsDifference(const PageChange &change, std::size_t parent) const;
@@ -203,10 +210,9 @@ bool Search::holdsDifference(const PageChange &change, std::size_t parent) const
         && (change.next >= 0 || m_new[parent].tag != "body");
 }
 
-std::optional<PageChange> Search::changeIn(std::size_t oldParent, std::size_t newParent) const
+Search::Kept Search::keptChildren(
+    const std::vector<std::size_t> &old, const std::vector<std::size_t> &now) const
 {
-    const auto old = childrenOf(m_old, oldParent);
-    const auto now = childrenOf(m_new, newParent);
     const auto isBefore = [&](std::size_t a, std::size_t b) {
         return !m_old[a].startTag.empty() && m_old[a].whole.end <= m_difference.before.start
             && isSame(m_old[a], m_new[b]);
@@ -219,6 +225,14 @@ std::optional<PageChange> Search::changeIn(std::size_t oldParent, std::size_t ne
     const auto limit = std::min(std::ssize(old), std::ssize(now)) - first;
     const auto last
         = std::mismatch(old.rbegin(), old.rbegin() + limit, now.rbegin(), isAfter).first - old.rbegin();
+    return {first, last};
+}
+
+std::optional<PageChange> Search::changeIn(std::size_t oldParent, std::size_t newParent) const
+{
+    const auto old = childrenOf(m_old, oldParent);
+    const auto now = childrenOf(m_new, newParent);
+    const auto [first, last] = keptChildren(old, now);
     PageChange change;
     change.parent = m_new[newParent].startTag.start;
     change.before = {m_old[oldParent].startTag.end, contentEnd(m_old[oldParent])};
