@@ -53,7 +53,7 @@ class Screen:
     def __init__(self, folder, number):
         self.name = f":{number}"
         self.server = subprocess.Popen(
-            ["Xvfb", self.name, "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", folder, "-nolisten", "tcp"],
+            ["Xvfb", self.name, "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", folder, "-nolisten", "tcp", "-noreset"],
             stderr=subprocess.DEVNULL)
         picture = pathlib.Path(folder) / "Xvfb_screen0"
         size = WIDTH * HEIGHT * PIXEL

@@ -58,10 +58,12 @@ class Desktop:
         shutil.rmtree(self.home, ignore_errors=True)
 
     def _open_display(self):
+        # Without -noreset the display starts anew when its last client leaves, and drops whoever
+        # connects meanwhile: the question below could so end the window manager.
         reading, writing = os.pipe()
         self.start(
             "Xvfb", "-displayfd", str(writing), "-screen", "0", self._size + "x24", "-nolisten", "tcp",
-            pass_fds=[writing])
+            "-noreset", pass_fds=[writing])
         os.close(writing)
         with os.fdopen(reading) as pipe:
             number = pipe.readline().strip()
