@@ -101,15 +101,27 @@ void LineNumberColumn::clearGaps()
     m_gaps.clear();
 }
 
-std::vector<LineNumberColumn::Gap> LineNumberColumn::visibleGaps(Offset firstLine) const
+std::vector<LineNumberColumn::Gap> LineNumberColumn::visibleGaps(const Top &top) const
 {
     std::vector<Gap> gaps;
-    const auto held = firstLineHeld(firstLine);
-    const auto end = std::min(firstLine + ControlLayout(m_control).rowsInView() + 1, m_control.lineCount());
-    for (auto line = firstLine; line < end; ++line)
-        if (const auto extra = ControlLayout(m_control).rowCount(line) - 1; extra > 0)
-            gaps.emplace_back(line - held, extra);
+    const ControlLayout layout(m_control);
+    const auto rows = layout.rowsInView();
+    const auto held = firstLineHeld(top.line);
+    const auto end = std::min(top.line + rows + 1, m_control.lineCount());
+    for (auto line = top.line; line < end; ++line) {
+        auto extra = layout.rowCount(line) - 1;
+        // Only as far as it is seen: Scintilla measures each row of an annotation, and takes 32767 at most.
+        if (line == top.line)
+            extra -= top.rowsAbove - heldAbove(top);
+        if (extra > 0)
+            gaps.emplace_back(line - held, std::min(extra, 2 * rows + 1));
+    }
     return gaps;
+}
+
+Offset LineNumberColumn::heldAbove(const Top &top) const
+{
+    return std::min(top.rowsAbove, ControlLayout(m_control).rowsInView());
 }
 
 void LineNumberColumn::showGaps(const std::vector<Gap> &gaps)
@@ -128,13 +140,13 @@ void LineNumberColumn::showGaps(const std::vector<Gap> &gaps)
 
 void LineNumberColumn::followDocument()
 {
-    const auto first = m_control.FirstVisibleLine();
-    const auto line = ControlLayout(m_control).topLine();
+    const ControlLayout layout(m_control);
+    const auto line = layout.topLine();
+    const Top top{line, m_control.FirstVisibleLine() - layout.firstRow(line)};
     showGaps(
-        m_control.RightMargin() == 0 || !m_control.breaks().empty() ? visibleGaps(line) : std::vector<Gap>());
+        m_control.RightMargin() == 0 || !m_control.breaks().empty() ? visibleGaps(top) : std::vector<Gap>());
     greyBelow(m_control.lineCount() - firstLineHeld(line));
-    const auto wanted = ControlLayout(m_column).firstRow(line - firstLineHeld(line)) + first
-        - ControlLayout(m_control).firstRow(line);
+    const auto wanted = ControlLayout(m_column).firstRow(line - firstLineHeld(line)) + heldAbove(top);
     if (m_column.FirstVisibleLine() != wanted)
         m_column.SetFirstVisibleLine(wanted);
 }

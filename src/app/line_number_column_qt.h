@@ -28,7 +28,13 @@ private:
     [[nodiscard]] Offset firstLineHeld(Offset line) const;
     /// Empty lines after the number of a wrapped line.
     using Gap = std::pair<Offset, Offset>; ///< the column's line, and their number
-    [[nodiscard]] std::vector<Gap> visibleGaps(Offset firstLine) const;
+    struct Top {
+        Offset line = 0; ///< the first visible one
+        Offset rowsAbove = 0; ///< how many of its rows are scrolled out of view
+    };
+    [[nodiscard]] std::vector<Gap> visibleGaps(const Top &top) const;
+    /// How many of these rows the column has as well.
+    [[nodiscard]] Offset heldAbove(const Top &top) const;
     void showGaps(const std::vector<Gap> &gaps);
     void clearGaps();
     /// Greys the numbers after the document's last line.

@@ -10,6 +10,7 @@ namespace kevra {
 namespace {
 
 constexpr std::string_view blanks = " \t";
+constexpr Offset indentationRead = 1024; ///< bytes at a time
 constexpr std::string_view lineBreak = "\r\n";
 constexpr Offset breakLength = 2;
 
@@ -225,8 +226,14 @@ std::optional<LineEdit> deletedLines(const EditorSurface &surface, AnchorAndCare
 
 std::string indentationBefore(const EditorSurface &surface, Offset position)
 {
-    const auto line = surface.Text({lineStart(surface, position), position});
-    return std::string(line.substr(0, std::min(line.find_first_not_of(blanks), line.size())));
+    std::string indentation;
+    for (auto at = lineStart(surface, position); at < position;) {
+        const auto part = surface.Text({at, std::min(position, at + indentationRead)});
+        const auto length = std::min(part.find_first_not_of(blanks), part.size());
+        indentation += part.substr(0, length);
+        at = length < part.size() ? position : at + std::ssize(part);
+    }
+    return indentation;
 }
 
 } // namespace kevra

@@ -9,6 +9,20 @@ namespace {
 constexpr Offset firstStep = 1024;
 constexpr Offset longestStep = 1 << 20;
 
+/// The first position that is on this line or a later one: an overlong line is found without being read.
+Offset startOf(const EditorSurface &surface, Offset line)
+{
+    Offset first = 0;
+    for (auto last = surface.Length(); first < last;) {
+        const auto middle = first + (last - first) / 2;
+        if (surface.GetLineFromChar(middle) < line)
+            first = middle + 1;
+        else
+            last = middle;
+    }
+    return first;
+}
+
 } // namespace
 
 Offset firstOf(const EditorSurface &surface, std::string_view bytes, Offset from, Offset end)
@@ -40,13 +54,36 @@ Offset lastOf(const EditorSurface &surface, char byte, Offset end, Offset start)
 
 Offset lineStart(const EditorSurface &surface, Offset position)
 {
-    return lastOf(surface, '\n', position) + 1;
+    for (;;) {
+        const auto near = std::max<Offset>(0, position - keyReach);
+        const auto lineFeed = lastOf(surface, '\n', position, near);
+        if (lineFeed != -1 || near == 0)
+            return lineFeed + 1;
+        // A lone CR ends a line of the surface, but not one of these.
+        position = startOf(surface, surface.GetLineFromChar(near));
+        if (position == 0 || surface.Text({position - 1, position}) == "\n")
+            return position;
+    }
+}
+
+Offset lineEnd(const EditorSurface &surface, Offset position)
+{
+    for (;;) {
+        const auto reached = position + keyReach;
+        const auto end = firstOf(surface, "\r", position, reached);
+        if (end != -1)
+            return end;
+        if (reached >= surface.Length())
+            return surface.Length();
+        // The line break, or what is before a lone LF, which ends no line here.
+        const auto next = startOf(surface, surface.GetLineFromChar(reached) + 1);
+        position = std::max(reached, next - 2);
+    }
 }
 
 TextRange linesOf(const EditorSurface &surface, TextRange range)
 {
-    const auto end = firstOf(surface, "\r", range.end);
-    return {lineStart(surface, range.start), end == -1 ? surface.Length() : end};
+    return {lineStart(surface, range.start), lineEnd(surface, range.end)};
 }
 
 bool onLongLine(const EditorSurface &surface, TextRange range)

@@ -19,8 +19,10 @@ inline constexpr Offset keyReach = Offset{256} * 1024;
     const EditorSurface &surface, std::string_view bytes, Offset from, Offset end = wholeText);
 /// The last `byte` in [start, end), or -1.
 [[nodiscard]] Offset lastOf(const EditorSurface &surface, char byte, Offset end, Offset start = 0);
-/// The start of a position's line.
+/// The start of a position's line: after the LF before it.
 [[nodiscard]] Offset lineStart(const EditorSurface &surface, Offset position);
+/// The end of a position's line: the CR after it, or the end of the text.
+[[nodiscard]] Offset lineEnd(const EditorSurface &surface, Offset position);
 /// The whole lines that overlap `range`, without the last line break.
 [[nodiscard]] TextRange linesOf(const EditorSurface &surface, TextRange range);
 /// Whether these lines start or end further away than a keystroke searches.

@@ -17,7 +17,7 @@ namespace kevra {
 /// In bytes.
 struct LineLimits {
     Offset longest = Offset{32} * 1024; ///< longer lines are broken
-    Offset piece = 1024; ///< into pieces of about this length
+    Offset piece = 128; ///< into pieces of about this length
 };
 
 class SoftBreaks {

@@ -107,5 +107,21 @@ TEST(LineEdits, ComeBackToTheSameText)
     }
 }
 
+TEST(LineEdits, FindTheEndsOfALineOutOfReach)
+{
+    const std::string far(static_cast<std::size_t>(2 * keyReach), 'x');
+    const std::string text = "a\r\n \t" + far + '\r' + far + '\n' + far + "\r\nb";
+    MemorySurface document;
+    document.LoadText(text);
+    for (const auto position :
+        {std::size_t{1}, std::size_t{4}, far.size(), 3 * far.size(), text.size() - 3, text.size()}) {
+        const auto end = std::min(text.find('\r', position), text.size());
+        EXPECT_EQ(lineEnd(document, static_cast<Offset>(position)), static_cast<Offset>(end)) << position;
+        const auto start = text.substr(0, position).rfind('\n') + 1;
+        EXPECT_EQ(lineStart(document, static_cast<Offset>(position)), static_cast<Offset>(start)) << position;
+    }
+    EXPECT_EQ(indentationBefore(document, 3 + keyReach), " \t");
+}
+
 } // namespace
 } // namespace kevra
