@@ -22,7 +22,11 @@ public:
     [[nodiscard]] Offset between(Offset lineStart, Offset position) const;
 
     /// Another text replaces the old one.
-    void reset() { m_all.reset(); }
+    void reset()
+    {
+        m_all.reset();
+        m_counted = {};
+    }
     /// The text from `position` on is about to change.
     void aboutToChange(Offset position);
     void aboutToRemove(TextRange range);
