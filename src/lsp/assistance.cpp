@@ -61,14 +61,39 @@ void appendSnippets(const Context &context, const Json &range, Json &items)
     }
 }
 
+/// The document's model, or if included files keep objects in global variables, one that knows these.
+class SharedModel {
+public:
+    SharedModel(const Context &context, const Place &place)
+        : m_own(place.document->model())
+    {
+        std::vector<script::SharedObject> objects;
+        if (const auto *part = m_own.partAt(place.offset)) {
+            for (const auto &shared : context.workspace.includedParts(*place.document, *part))
+                std::ranges::move(shared.part->model.types.sharedObjects(), std::back_inserter(objects));
+        }
+        if (!objects.empty())
+            m_shared.emplace(m_own.text(), m_own.kind(), std::move(objects));
+    }
+
+    [[nodiscard]] const script::FileModel &operator*() const { return m_shared ? *m_shared : m_own; }
+
+private:
+    const script::FileModel &m_own;
+    std::optional<script::FileModel> m_shared;
+};
+
 } // namespace
 
 Answer hover(const Context &context, const Json &params)
 {
     const auto place = placeOf(context, params);
-    auto found = place.document ? describe(place.document->model(), place.offset) : std::nullopt;
-    if (place.document && !found)
-        found = describedElsewhere(context, place);
+    if (!place.document)
+        return Json();
+    const SharedModel model(context, place);
+    auto found = describe(*model, place.offset);
+    if (!found)
+        found = describedElsewhere(context, place, *model);
     if (!found)
         return Json();
     return Json{{"contents", markdown(found->signature, found->text)},
@@ -80,8 +105,9 @@ Answer signatureHelp(const Context &context, const Json &params)
     const auto place = placeOf(context, params);
     if (!place.document)
         return Json();
-    const auto call = callHelp(place.document->model(), place.offset, [&](Offset nameEnd) {
-        return describedElsewhere(context, {place.document, nameEnd});
+    const SharedModel model(context, place);
+    const auto call = callHelp(*model, place.offset, [&](Offset nameEnd) {
+        return describedElsewhere(context, {place.document, nameEnd}, *model);
     });
     if (!call)
         return Json();
@@ -103,7 +129,7 @@ Answer completion(const Context &context, const Json &params)
     Json items = Json::array();
     if (!place.document)
         return items;
-    auto found = completions(place.document->model(), place.offset);
+    auto found = completions(*SharedModel(context, place), place.offset);
     const auto *part = place.document->model().partAt(place.offset);
     if (part && found.others != script::Completions::Others::Nothing) {
         for (const auto &shared : context.workspace.includedParts(*place.document, *part))

@@ -48,9 +48,10 @@ using RequestHandler = Answer (*)(const Context &, const Json &params);
 [[nodiscard]] Answer prepareRename(const Context &context, const Json &params);
 [[nodiscard]] Answer rename(const Context &context, const Json &params);
 
-/// The declaration of the name at the position in another file that is loaded with this one.
+/// The declaration of the name at the position in another file that is loaded with this one. `model` is one
+/// of the document's text.
 [[nodiscard]] std::optional<script::Description> describedElsewhere(
-    const Context &context, const Place &place);
+    const Context &context, const Place &place, const script::FileModel &model);
 
 // symbols.cpp
 [[nodiscard]] Answer documentSymbols(const Context &context, const Json &params);

@@ -109,9 +109,10 @@ Answer definition(const Context &context, const Json &params)
     return declarations.empty() ? firstWrites : declarations;
 }
 
-std::optional<script::Description> describedElsewhere(const Context &context, const Place &place)
+std::optional<script::Description> describedElsewhere(
+    const Context &context, const Place &place, const script::FileModel &model)
 {
-    const auto thing = namedAt(place.document->model(), place.offset);
+    const auto thing = namedAt(model, place.offset);
     if (!thing || thing->symbol != 0)
         return std::nullopt;
     for (const auto &file : everywhere(context, *place.document, *thing)) {

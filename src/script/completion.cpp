@@ -204,7 +204,7 @@ std::string addMembersAfterDot(const FileModel &file, TextRange word, Collector 
     while (!rest.empty() && isNameByte(rest.front()))
         rest.remove_prefix(1);
     text += rest;
-    const FileModel completed(text, file.kind());
+    const FileModel completed(text, file.kind(), file.shared());
     const auto *part = completed.partAt(word.start);
     if (!part)
         return {};

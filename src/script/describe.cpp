@@ -249,7 +249,7 @@ private:
     const auto from = static_cast<std::size_t>(calleeEnd);
     const auto to = std::min(text.find_first_of("\r\n", from), text.size());
     const std::string cut = std::string(text.substr(0, from)) + std::string(text.substr(to));
-    const FileModel shorter(cut, file.kind());
+    const FileModel shorter(cut, file.kind(), file.shared());
     return describe(shorter, calleeEnd);
 }
 

@@ -24,9 +24,15 @@ namespace {
     return Host::Page;
 }
 
-[[nodiscard]] Surroundings surroundingsOf(const Island &island, FileKind kind)
+/// Gives the classes of shared objects a name in the script.
+[[nodiscard]] Surroundings surroundingsOf(
+    const Island &island, FileKind kind, const std::vector<SharedObject> &shared, NameTable &names)
 {
-    Surroundings surroundings{hostOf(island, kind), !island.includes.empty() || island.incomplete, {}};
+    for (const auto &object : shared)
+        if (!object.ofClass.empty())
+            names.intern(object.ofClass);
+    Surroundings surroundings{
+        hostOf(island, kind), !island.includes.empty() || island.incomplete, {}, shared};
     for (const auto &object : island.objects)
         surroundings.objects.push_back({object.name, object.progId});
     return surroundings;
@@ -39,19 +45,21 @@ namespace {
 
 } // namespace
 
-FilePart::FilePart(std::string_view text, FileKind kind, Island found)
+FilePart::FilePart(
+    std::string_view text, FileKind kind, Island found, const std::vector<SharedObject> &shared)
     : island(std::move(found))
     , script(parse(text, island.pieces))
-    , model(script, surroundingsOf(island, kind))
+    , model(script, surroundingsOf(island, kind, shared, script.names))
 {
 }
 
-FileModel::FileModel(std::string_view text, FileKind kind)
+FileModel::FileModel(std::string_view text, FileKind kind, std::vector<SharedObject> shared)
     : m_text(text)
     , m_kind(kind)
+    , m_shared(std::move(shared))
 {
     for (auto &island : findIslands(text, kind))
-        m_parts.push_back(std::make_unique<FilePart>(text, kind, std::move(island)));
+        m_parts.push_back(std::make_unique<FilePart>(text, kind, std::move(island), m_shared));
 }
 
 const FilePart *FileModel::partAt(Offset offset) const

@@ -40,6 +40,12 @@ Types::Types(const ParsedScript &script, const Symbols &symbols, const Surroundi
     , m_surroundings(surroundings)
     , m_entries(symbols.symbolCount())
 {
+    for (const auto &object : surroundings.shared) {
+        const Type type{object.type, 0, script.names.find(object.ofClass)};
+        const auto [known, isNew] = m_shared.emplace(script.names.find(object.name), type);
+        if (!isNew && known->second != type)
+            known->second = unknown; // two files disagree
+    }
 }
 
 std::string_view Types::spelling(NodeId id) const
@@ -99,7 +105,29 @@ Type Types::ofName(NodeId name) const
         return {function->result, 0};
     if (m_symbols.builtins().constant(id))
         return value;
-    return ofProvided(spelling(name)).value_or(unknown);
+    return ofProvided(spelling(name)).value_or(ofShared(id));
+}
+
+Type Types::ofShared(NameId name) const
+{
+    const auto found = m_shared.find(name);
+    return found != m_shared.end() ? found->second : unknown;
+}
+
+std::vector<SharedObject> Types::sharedObjects() const
+{
+    std::vector<SharedObject> found;
+    for (auto id = m_symbols.scope(0).firstSymbol; id != 0; id = m_symbols.symbol(id).nextInScope) {
+        const auto &symbol = m_symbols.symbol(id);
+        if (symbol.kind != SymbolKind::Variable && symbol.kind != SymbolKind::Implicit)
+            continue;
+        const auto type = ofSymbol(id);
+        const auto ofClass = type.ownClass != 0 ? m_symbols.symbol(type.ownClass).name : type.otherClass;
+        if (type.id > TypeId::Object || ofClass != NameId::None)
+            found.push_back(
+                {m_script.names.spelling(symbol.name), type.id, m_script.names.spelling(ofClass)});
+    }
+    return found;
 }
 
 std::optional<Type> Types::ofProvided(std::string_view name) const
@@ -264,6 +292,10 @@ Type Types::computed(SymbolId symbol) const
         if (found == unknown)
             return unknown;
     }
+    // Another file may assign what this one only declares or clears.
+    const auto &known = m_symbols.symbol(symbol);
+    if (!found && (kind == SymbolKind::Implicit || (kind == SymbolKind::Variable && known.scope == 0)))
+        return ofShared(known.name);
     // A method may store an object in a variable passed to it.
     return isArgument && found == value ? unknown : found.value_or(unknown);
 }

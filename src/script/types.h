@@ -7,6 +7,7 @@
 #include "script/surroundings.h"
 #include "script/symbols.h"
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -30,6 +31,9 @@ public:
     /// For an object that exists without being created; nothing for other names.
     [[nodiscard]] std::optional<Type> ofProvided(std::string_view name) const;
 
+    /// What the global variables hold that only ever hold one class.
+    [[nodiscard]] std::vector<SharedObject> sharedObjects() const;
+
     /// Whether the expression is a CreateObject, GetObject or New.
     [[nodiscard]] bool createsObject(NodeId expression) const;
     /// The literal ProgID of a CreateObject; empty if there is none.
@@ -49,6 +53,7 @@ private:
     [[nodiscard]] Type ofMember(NodeId member, unsigned links) const;
     [[nodiscard]] Type ofApply(NodeId apply, unsigned links) const;
     [[nodiscard]] Type ofNew(NameId className) const;
+    [[nodiscard]] Type ofShared(NameId name) const;
     [[nodiscard]] Type computed(SymbolId symbol) const;
     [[nodiscard]] std::optional<Type> assignedBy(const Reference &use) const;
     [[nodiscard]] bool mayBeChangedByCall(const Reference &argument) const;
@@ -60,6 +65,7 @@ private:
     const ParsedScript &m_script;
     const Symbols &m_symbols;
     const Surroundings &m_surroundings;
+    std::map<NameId, Type> m_shared; ///< global variables of other files
     mutable std::vector<Entry> m_entries; ///< by symbol
     mutable unsigned m_variablesInARow = 0;
 };

@@ -211,6 +211,23 @@ TEST(LanguageServer, KnowsTheClassesOfTheOtherFilesOfAJob)
         "file:///w/job.wsf: Line 4 uses '.Note' of an object whose class is not certain.");
 }
 
+TEST(LanguageServer, KnowsWhatTheVariablesOfTheOtherFilesHold)
+{
+    Client client;
+    client.disk.files["/w/lib.vbs"] = "Dim fso\nSet fso = CreateObject(\"Scripting.FileSystemObject\")\n"
+                                      "Set book = New Log\nSet either = fso\nSet either = book\n"
+                                      "Class Log\nSub Note(text)\nEnd Sub\nEnd Class\n";
+    const std::string head = "<script language=\"VBScript\" src=\"lib.vbs\"/><script language=\"VBScript\">";
+    const char *cases[][2] = {{"fso.GetFile(x).Co|py", "File.Copy("},
+        {"Dim fso\nfso.Copy|File\nSet fso = Nothing", "FileSystemObject.CopyFile("},
+        {"book.No|te", "Sub Note("}, {"Set fso = x\nfso.Copy|File", "null"}, {"either.No|te", "null"}};
+    for (const auto &[use, hover] : cases) {
+        client.open(head + std::string(use), "file:///w/a.wsf");
+        EXPECT_EQ(client.askHere("completion").empty(), hover == std::string("null")) << use;
+        EXPECT_NE(client.askHere("hover").dump().find(hover), std::string::npos) << use;
+    }
+}
+
 TEST(LanguageServer, ReportsFindingsAfterEachChange)
 {
     Client client;
