@@ -150,7 +150,9 @@ void Parser::takeBlockEnd(BlockKind kind)
 {
     const auto opened = m_open.back();
     for (;;) {
-        const auto ended = at(TokenKind::Name) ? endedBlock() : std::nullopt;
+        std::optional<BlockKind> ended;
+        if (at(TokenKind::Name))
+            ended = endedBlock();
         const bool divides = at(Keyword::Else) || at(Keyword::ElseIf) || at(Keyword::Case);
         if (ended == kind && !divides)
             break;
