@@ -48,6 +48,7 @@ constexpr std::array linkRows{
     LinkRow{"td", "background", Form::Address},
     LinkRow{"th", "background", Form::Address},
     LinkRow{"tr", "background", Form::Address},
+    LinkRow{"image", "href", Form::Address}, // in a drawing
     LinkRow{"", "style", Form::Style},
 };
 

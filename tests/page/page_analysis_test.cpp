@@ -57,6 +57,7 @@ TEST(PageAnalysis, NamesWhatIsBrokenAndNothingElse)
         {"a missing file", R"(<a href=" b.png#x">t</a>)", "KV4001  b.png#x"},
         {"the case of letters", R"(<img alt="" width=1 src=A.png>)", "KV4001 A.png"},
         {"one of a source set", R"(<img alt="" srcset="a.png 1x, b.png 2x">)", "KV4001 a.png 1x, b.png 2x"},
+        {"in a drawing", R"(<svg><image href="a.png"/><image href="b.png"/></svg>)", "KV4001 b.png"},
         {"in styles",
             R"(<style>/* url(no) */ @import "b.css"; p { background: url( 'a.png' ), url(c.png) }</style>)",
             "KV4001 b.css, KV4001 c.png"},
