@@ -30,7 +30,8 @@
     // ---- a tree of nodes, read once
 
     function read(node) {
-        const item = {node, name: nodeName(node), at: -1, data: null, attributes: [], children: [], live: null};
+        const item = {node, name: nodeName(node), at: -1, data: null, attributes: [], children: [], live: null,
+            also: null};
         if (nodeType(node) !== Node.ELEMENT_NODE) {
             item.data = nodeType(node) === Node.TEXT_NODE || nodeType(node) === Node.COMMENT_NODE ? dataOf(node) : '';
             return item;
@@ -125,7 +126,8 @@
     // ---- the page
 
     let now = null; // the tree of the text that the page shows
-    let elements = new Map(); // by the offset of the tag
+    // By the offset of the tag. An element that is not closed can go on in others, which have its tag `also`.
+    let elements = new Map();
     const items = new WeakMap(); // by the element of the page
 
     class Refusal extends Error { }
@@ -139,7 +141,11 @@
         item.live = live;
         if (!live || item.at < 0)
             return;
-        elements.set(item.at, item);
+        const first = elements.get(item.at);
+        if (first)
+            [item.also, first.also] = [first.also, item];
+        else
+            elements.set(item.at, item);
         items.set(live, item);
     }
 
@@ -245,7 +251,11 @@
 
     /// The element itself, or the first around it that can be seen.
     function visibleAt(at) {
-        let live = elements.has(at) ? elements.get(at).live : null;
+        const first = elements.get(at);
+        let seen = first;
+        while (seen && boxesOf(seen.live).length === 0)
+            seen = seen.also;
+        let live = (seen || first)?.live;
         while (live && nodeType(live) === Node.ELEMENT_NODE && boxesOf(live).length === 0)
             live = parentOf(live);
         return live && nodeType(live) === Node.ELEMENT_NODE && nodeName(live) !== 'HTML' ? live : null;
@@ -335,8 +345,8 @@
     function moveElements(start, end, growth) {
         const moved = new Map();
         for (const [at, item] of elements) {
-            if (at >= end)
-                item.at = at + growth;
+            for (let each = item; each && at >= end; each = each.also)
+                each.at = at + growth;
             if (at < start || at >= end)
                 moved.set(item.at, item);
         }
