@@ -6,6 +6,7 @@
 #include "beside/beside_commands.h"
 #include "beside/beside_control_qt.h"
 #include "beside/beside_panel.h"
+#include "beside/dock_width_qt.h"
 #include "beside/page_text_thread.h"
 #include "desktop/process_start_qt.h"
 #include "desktop/text_qt.h"
@@ -20,7 +21,6 @@
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QMenu>
 
-#include <algorithm>
 #include <charconv>
 
 namespace kevra {
@@ -41,15 +41,16 @@ private:
     void connectDocument();
     void updateDocument();
     void openInBrowser();
+    [[nodiscard]] const char *openPage();
     void keepWindowPlace();
 
     bool load(const std::string &path, std::shared_ptr<const PageText> page) override;
-    void reload(std::shared_ptr<const PageText> page) override { m_control->reload(std::move(page)); }
+    void reload(std::shared_ptr<const PageText> page) override;
     void unload() override;
     void prepare(PageTextRequest request) override;
     void pause(std::chrono::milliseconds time) override { m_pause.start(time); }
     void ask(const std::string &call) override { m_control->ask(call); }
-    void say(std::string_view text) override { m_panel->setNote(textOf(text)); }
+    void say(std::string_view text) override { m_panel->setNote(BesideNote::State, textOf(text)); }
     void selectText(TextRange range) override;
     Offset caret() const override { return m_document.Selection().start; }
 
@@ -109,18 +110,11 @@ void BesideSide::makeDock()
     m_control = std::make_unique<BesideControlQt>(m_panel->frame());
     window.addDockWidget(Qt::RightDockWidgetArea, m_panel);
     window.addFocusPart(*m_panel);
-    // After the first layout, which would divide the window by what the parts would like.
-    QTimer::singleShot(0, m_panel, [this] {
-        int width = 0;
-        const auto stored = readSetting(m_app.store, keys::besideWidth);
-        std::from_chars(stored.data(), stored.data() + stored.size(), width);
-        // In a window that was larger, the width kept would leave no text.
-        const int whole = m_app.mainWindow().width();
-        const int wanted = width > 0 ? std::min(width, whole * 2 / 3) : whole / 2;
-        m_app.mainWindow().resizeDocks({m_panel}, {wanted}, Qt::Horizontal);
-        connect(m_panel, &BesidePanel::widthSettled, this,
-            [this](int now) { writeSetting(m_app.store, keys::besideWidth, std::to_string(now)); });
-    });
+    int width = 0;
+    const auto stored = readSetting(m_app.store, keys::besideWidth);
+    std::from_chars(stored.data(), stored.data() + stored.size(), width);
+    connect(new DockWidth(window, *m_panel, width), &DockWidth::chosen, this,
+        [this](int now) { writeSetting(m_app.store, keys::besideWidth, std::to_string(now)); });
     connectPanel();
     connectControl();
     connectDocument();
@@ -146,7 +140,7 @@ void BesideSide::connectControl()
         [this](const QString &message) { m_commands.pageMessage(message.toStdString()); });
     connect(control, &BesideControlQt::ended, this, [this] { m_commands.pageEnded(); });
     connect(control, &BesideControlQt::alerted, m_panel,
-        [this](const QString &message) { m_panel->setNote("The page says: " + message); });
+        [this](const QString &message) { m_panel->setNote(BesideNote::Alert, "The page says: " + message); });
     connect(control, &BesideControlQt::linkFollowed, m_panel, &BesidePanel::setLinkTarget);
     connect(control, &BesideControlQt::zoomAsked, m_panel, &BesidePanel::zoom);
 }
@@ -156,6 +150,8 @@ void BesideSide::connectDocument()
     auto &window = m_app.mainWindow();
     connect(&m_document, &EditorControl::changed, this, [this] { m_commands.textChanged(); });
     connect(&m_document, &EditorControl::caretMoved, this, [this] { m_commands.caretMoved(); });
+    connect(&m_document, &EditorControl::savePointChanged, m_panel,
+        [this] { m_panel->setNote(BesideNote::Browser, {}); });
     connect(&window, &MainWindow::documentNamed, this, &BesideSide::updateDocument);
     connect(window.menus().menu("mdebug")->menuAction(), &QAction::visibleChanged, this,
         &BesideSide::updateDocument);
@@ -183,8 +179,14 @@ bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> p
         m_panel->setPageWidget(m_control->widget());
     m_panel->showPage(true);
     if (!m_control->isSandboxed())
-        m_panel->setNote("The page is shown without the browser's sandbox");
+        m_panel->setNote(BesideNote::Sandbox, "The page is shown without the browser's sandbox");
     return true;
+}
+
+void BesideSide::reload(std::shared_ptr<const PageText> page)
+{
+    m_panel->setNote(BesideNote::Alert, {});
+    m_control->reload(std::move(page));
 }
 
 /// The engine's first view recreates the native window, which forgets that it was maximised and where it
@@ -206,6 +208,8 @@ void BesideSide::unload()
 {
     m_panel->showPage(false);
     m_panel->setLinkTarget({});
+    for (const auto ofPage : {BesideNote::Alert, BesideNote::Browser, BesideNote::Sandbox})
+        m_panel->setNote(ofPage, {});
     m_control->unload();
 }
 
@@ -226,14 +230,24 @@ void BesideSide::selectText(TextRange range)
 
 void BesideSide::openInBrowser()
 {
+    m_panel->setNote(BesideNote::Browser, QString(openPage()));
+}
+
+/// What there is to say about it.
+const char *BesideSide::openPage()
+{
     const auto &path = m_state.currentPath;
     const auto opener = QStandardPaths::findExecutable("xdg-open");
+    // What the desktop has for scripts could run it.
+    if (m_state.scriptTools)
+        return "A browser opens pages, not scripts.";
     if (path.empty())
-        say("A browser opens files: save the text first.");
-    else if (opener.isEmpty() || !ProcessStartQt::start(pathBytes(opener), path))
-        say("Failure opening the browser.");
-    else if (!m_document.isAtSavePoint())
-        say("The browser opens the file as it was last saved, without the changes since.");
+        return "A browser opens files: save the text first.";
+    if (opener.isEmpty() || !ProcessStartQt::start(pathBytes(opener), path))
+        return "Failure opening the browser.";
+    return m_document.isAtSavePoint()
+        ? ""
+        : "The browser opens the file as it was last saved, without the changes since.";
 }
 
 } // namespace

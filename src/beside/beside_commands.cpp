@@ -16,9 +16,11 @@ constexpr auto pauseBeforeLoading = 400ms; ///< half a script need not be run
 
 constexpr std::string_view scriptNote = "A script has no page.";
 constexpr std::string_view noEngineNote = "Pages cannot be shown on this machine.";
-constexpr std::string_view endedNote = "The page's process has ended: it took too much memory or failed.";
+constexpr std::string_view endedNote
+    = "The page's process has ended: it took too much memory or failed. \"Reload\" shows it again.";
 constexpr std::string_view stoppedNote = "The page has been stopped. \"Reload\" shows it again.";
-constexpr std::string_view busyNote = "The page does not answer. \"Stop\" ends it.";
+constexpr std::string_view busyNote
+    = "The page does not answer. \"Stop\" ends it, \"Reload\" shows the text as it is now.";
 
 std::optional<Offset> numberIn(std::string_view text)
 {

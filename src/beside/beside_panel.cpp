@@ -13,7 +13,6 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -21,7 +20,6 @@ namespace kevra {
 namespace {
 
 constexpr int narrowest = 200;
-constexpr std::chrono::milliseconds timeToSettle{500};
 constexpr double smallest = 0.25; ///< what the engine scales by
 constexpr double largest = 5;
 constexpr double zoomStep = 1.1;
@@ -84,7 +82,10 @@ BesidePanel::BesidePanel(QWidget *parent)
     auto *bar = named<QToolBar>("tbeside", inner, "Page");
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     addTools(*bar);
+    m_note->setTextFormat(Qt::PlainText); // a page could have any file shown as a picture
     m_note->setWordWrap(true);
+    m_note->setMinimumWidth(1); // or a long word would widen the window
+    m_note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_note->setMargin(4);
     m_note->hide();
     m_area->setFrameShape(QFrame::NoFrame);
@@ -97,8 +98,6 @@ BesidePanel::BesidePanel(QWidget *parent)
     column->addWidget(m_area, 1);
     column->addWidget(m_link);
     inner->setMinimumWidth(narrowest);
-    m_settling.setSingleShot(true);
-    connect(&m_settling, &QTimer::timeout, this, [this] { emit widthSettled(width()); });
     setWidget(inner);
 }
 
@@ -144,10 +143,17 @@ void BesidePanel::showPage(bool shown)
     m_area->setVisible(shown);
 }
 
-void BesidePanel::setNote(const QString &note)
+void BesidePanel::setNote(BesideNote kind, const QString &note)
 {
-    m_note->setText(note);
-    m_note->setVisible(!note.isEmpty());
+    if (note.isEmpty())
+        m_notes.erase(kind);
+    else
+        m_notes[kind] = note.simplified();
+    QStringList lines;
+    for (const auto &[any, line] : m_notes)
+        lines.append(line);
+    m_note->setText(lines.join('\n'));
+    m_note->setVisible(!lines.isEmpty());
 }
 
 void BesidePanel::setLinkTarget(const QString &address)
@@ -168,8 +174,10 @@ void BesidePanel::layOutPage()
     const int wanted = m_width->currentData().toInt();
     // A device wider than the dock is shown smaller, as far as it can still be read; then it is scrolled.
     const double fit = wanted == 0 ? 1 : std::clamp(double(available.width()) / wanted, smallest, 1.0);
-    const double scale = std::clamp(fit * m_zoom, smallest, largest);
-    const int width = wanted == 0 ? available.width() : qRound(wanted * scale);
+    const double asked = std::clamp(fit * m_zoom, smallest, largest);
+    const int width = wanted == 0 ? available.width() : qRound(wanted * asked);
+    // Whole pixels of the screen: the page must not find one less than the width chosen.
+    const double scale = wanted == 0 ? asked : double(width) / wanted;
     const QSize size(width, available.height());
     m_frame->resize(size.expandedTo({available.width(), 0}));
     if (m_page)
@@ -196,12 +204,6 @@ void BesidePanel::closeEvent(QCloseEvent *event)
 {
     QDockWidget::closeEvent(event);
     emit closed();
-}
-
-void BesidePanel::resizeEvent(QResizeEvent *event)
-{
-    QDockWidget::resizeEvent(event);
-    m_settling.start(timeToSettle);
 }
 
 bool BesidePanel::eventFilter(QObject *watched, QEvent *event)

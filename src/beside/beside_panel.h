@@ -2,8 +2,9 @@
 // The dock `dbeside` right of the text.
 #pragma once
 
-#include <QtCore/QTimer>
 #include <QtWidgets/QDockWidget>
+
+#include <map>
 
 class QComboBox;
 class QLabel;
@@ -12,6 +13,14 @@ class QScrollArea;
 class QToolBar;
 
 namespace kevra {
+
+/// What is said above the page. Each has a line of its own, so that none takes the place of another.
+enum class BesideNote {
+    State, ///< why there is no page, or that it does not answer
+    Alert, ///< the page's last message box
+    Browser, ///< what became of "Open in Browser"
+    Sandbox,
+};
 
 class BesidePanel : public QDockWidget {
     Q_OBJECT
@@ -23,12 +32,11 @@ public:
     [[nodiscard]] QWidget &frame() { return *m_frame; }
     void setPageWidget(QWidget *page); ///< stays its owner's
     void showPage(bool shown); ///< without it there is only the note
-    void setNote(const QString &note); ///< empty: none
+    void setNote(BesideNote kind, const QString &note); ///< plain text; empty: none
     void setLinkTarget(const QString &address);
     void zoom(int steps); ///< 0: back to the natural size
 
 signals:
-    void widthSettled(int width); ///< by the user or the window, some time ago
     void closed(); ///< by the user
     void reloadAsked();
     void stopAsked();
@@ -40,7 +48,6 @@ signals:
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
@@ -53,9 +60,9 @@ private:
     QScrollArea *m_area;
     QWidget *m_frame;
     QLabel *m_note;
+    std::map<BesideNote, QString> m_notes; ///< those that are not empty
     QLineEdit *m_link;
     QWidget *m_page = nullptr;
-    QTimer m_settling;
     double m_zoom = 1;
     double m_scale = 1;
 };
