@@ -40,9 +40,8 @@ constexpr int accessibilityEvents = 200; ///< a second
 // Bytes. A page that goes beyond is ended before the next look at it can find two gigabytes.
 constexpr std::int64_t editorGrowth = std::int64_t{256} << 20;
 constexpr std::int64_t pageProcesses = std::int64_t{1700} << 20;
-/// A profile is replaced when its pages have left so much in the editor, or are so many.
+/// What pages leave in the editor before it is taken from them all.
 constexpr std::int64_t profileGrowth = std::int64_t{32} << 20;
-constexpr int profilePages = 50;
 } // namespace bounds
 
 struct PageMemory {

@@ -22,18 +22,16 @@ constexpr int timeToSettle = 5000; ///< ms
 
 QWebEngineProfile &PageProfiles::forNewPage()
 {
-    if (m_current && (m_pages == bounds::profilePages || editorMemory() - m_before > bounds::profileGrowth))
+    if (m_current && editorMemory() - m_before > bounds::profileGrowth)
         retire();
     if (!m_current)
         begin();
-    ++m_pages;
     return *m_current;
 }
 
 void PageProfiles::begin()
 {
     m_before = editorMemory();
-    m_pages = 0;
     m_current = std::make_unique<QWebEngineProfile>(); // without a name it is off the record
     m_current->setHttpCacheType(QWebEngineProfile::NoCache);
     m_current->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);

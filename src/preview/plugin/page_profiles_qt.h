@@ -38,7 +38,6 @@ private:
     std::unique_ptr<QWebEngineProfile> m_current;
     std::vector<std::unique_ptr<QWebEngineProfile>> m_retired; ///< oldest first
     std::int64_t m_before = 0; ///< bytes the editor held when the current one began
-    int m_pages = 0; ///< of the current one
 };
 
 } // namespace kevra
