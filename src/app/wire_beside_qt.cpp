@@ -56,6 +56,7 @@ private:
 
     Application &m_app;
     const DocumentState &m_state;
+    const DocumentFile &m_file;
     EditorControl &m_document;
     BesideCommands m_commands;
     BesidePanel *m_panel = nullptr; ///< the window's
@@ -68,6 +69,7 @@ private:
 BesideSide::BesideSide(Application &app, WindowDocument &shown)
     : m_app(app)
     , m_state(shown.document.state)
+    , m_file(shown.document.file)
     , m_document(shown.control)
     , m_commands(*this)
     , m_switch(app.store, app.toolSets(), Option::PageBeside, [this](bool on) { setOpen(on); })
@@ -241,13 +243,14 @@ const char *BesideSide::openPage()
     // What the desktop has for scripts could run it.
     if (m_state.scriptTools)
         return "A browser opens pages, not scripts.";
-    if (path.empty())
+    if (path.empty() || !m_app.files.fileExists(path))
         return "A browser opens files: save the text first.";
     if (opener.isEmpty() || !ProcessStartQt::start(pathBytes(opener), path))
         return "Failure opening the browser.";
-    return m_document.isAtSavePoint()
-        ? ""
-        : "The browser opens the file as it was last saved, without the changes since.";
+    // A text typed and taken back is the file's, although its undo history is another one.
+    const bool saved
+        = m_file.mayHold(static_cast<std::size_t>(m_document.Length())) && m_file.holds(m_document.Text());
+    return saved ? "" : "The browser opens the file as it was last saved, without the changes since.";
 }
 
 } // namespace
