@@ -143,6 +143,10 @@ void BesideSide::connectControl()
     connect(control, &BesideControlQt::ended, this, [this] { m_commands.pageEnded(); });
     connect(control, &BesideControlQt::alerted, m_panel,
         [this](const QString &message) { m_panel->setNote(BesideNote::Alert, "The page says: " + message); });
+    connect(control, &BesideControlQt::partRefused, m_panel, [this] {
+        m_panel->setNote(
+            BesideNote::Refused, "Parts on the web, or outside of the page's folder and site, are left out.");
+    });
     connect(control, &BesideControlQt::linkFollowed, m_panel, &BesidePanel::setLinkTarget);
     connect(control, &BesideControlQt::zoomAsked, m_panel, &BesidePanel::zoom);
 }
@@ -187,7 +191,8 @@ bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> p
 
 void BesideSide::reload(std::shared_ptr<const PageText> page)
 {
-    m_panel->setNote(BesideNote::Alert, {});
+    for (const auto ofLoad : {BesideNote::Alert, BesideNote::Refused})
+        m_panel->setNote(ofLoad, {});
     m_control->reload(std::move(page));
 }
 
@@ -210,7 +215,8 @@ void BesideSide::unload()
 {
     m_panel->showPage(false);
     m_panel->setLinkTarget({});
-    for (const auto ofPage : {BesideNote::Alert, BesideNote::Browser, BesideNote::Sandbox})
+    for (const auto ofPage :
+        {BesideNote::Alert, BesideNote::Browser, BesideNote::Refused, BesideNote::Sandbox})
         m_panel->setNote(ofPage, {});
     m_control->unload();
 }

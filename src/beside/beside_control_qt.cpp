@@ -112,7 +112,10 @@ bool BesideControlQt::beforeNavigate(const QUrl &shown, bool mainFrame)
 
 std::optional<QUrl> BesideControlQt::route(const QUrl &url, Resource kind, bool sends)
 {
-    return m_requests.route(url, kind, sends);
+    const auto next = m_requests.route(url, kind, sends);
+    if (!next && m_page && kind != Resource::MainFrame)
+        emit partRefused();
+    return next;
 }
 
 QUrl BesideControlQt::plain(const QUrl &url) const

@@ -40,6 +40,7 @@ signals:
     void messageReceived(const QString &message); ///< by the script that follows the text
     void alerted(const QString &message); ///< by the page
     void linkFollowed(const QString &address); ///< it is not gone to
+    void partRefused(); ///< of the page, by the request rules
     void zoomAsked(int steps);
     void ended();
 

@@ -19,6 +19,7 @@ enum class BesideNote {
     State, ///< why there is no page, or that it does not answer
     Alert, ///< the page's last message box
     Browser, ///< what became of "Open in Browser"
+    Refused, ///< that parts of the page are left out
     Sandbox,
 };
 
