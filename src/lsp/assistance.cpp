@@ -61,27 +61,31 @@ void appendSnippets(const Context &context, const Json &range, Json &items)
     }
 }
 
-/// The document's model, or if included files keep objects in global variables, one that knows these.
-class SharedModel {
-public:
-    SharedModel(const Context &context, const Place &place)
-        : m_own(place.document->model())
-    {
-        std::vector<script::SharedObject> objects;
-        if (const auto *part = m_own.partAt(place.offset)) {
-            for (const auto &shared : context.workspace.includedParts(*place.document, *part))
-                std::ranges::move(shared.part->model.types.sharedObjects(), std::back_inserter(objects));
-        }
-        if (!objects.empty())
-            m_shared.emplace(m_own.text(), m_own.kind(), std::move(objects));
+using Objects = std::vector<script::SharedObject>;
+
+/// What the global variables of included files hold.
+[[nodiscard]] Objects sharedObjects(const Context &context, const Place &place)
+{
+    Objects objects;
+    if (const auto *part = place.document->model().partAt(place.offset)) {
+        for (const auto &shared : context.workspace.includedParts(*place.document, *part))
+            std::ranges::move(shared.part->model.types.sharedObjects(), std::back_inserter(objects));
     }
+    return objects;
+}
 
-    [[nodiscard]] const script::FileModel &operator*() const { return m_shared ? *m_shared : m_own; }
-
-private:
-    const script::FileModel &m_own;
-    std::optional<script::FileModel> m_shared;
-};
+/// What other files declare, or a member of an object that they hold.
+[[nodiscard]] std::optional<script::Description> describedByOthers(
+    const Context &context, const Place &place, const Objects &objects)
+{
+    const auto &model = place.document->model();
+    auto found = describedElsewhere(context, place, model);
+    if (found || objects.empty())
+        return found;
+    const script::FileModel knowing(model.text(), model.kind(), objects);
+    found = describe(knowing, place.offset);
+    return found ? found : describedElsewhere(context, place, knowing);
+}
 
 } // namespace
 
@@ -90,10 +94,9 @@ Answer hover(const Context &context, const Json &params)
     const auto place = placeOf(context, params);
     if (!place.document)
         return Json();
-    const SharedModel model(context, place);
-    auto found = describe(*model, place.offset);
+    auto found = describe(place.document->model(), place.offset);
     if (!found)
-        found = describedElsewhere(context, place, *model);
+        found = describedByOthers(context, place, sharedObjects(context, place));
     if (!found)
         return Json();
     return Json{{"contents", markdown(found->signature, found->text)},
@@ -105,9 +108,9 @@ Answer signatureHelp(const Context &context, const Json &params)
     const auto place = placeOf(context, params);
     if (!place.document)
         return Json();
-    const SharedModel model(context, place);
-    const auto call = callHelp(*model, place.offset, [&](Offset nameEnd) {
-        return describedElsewhere(context, {place.document, nameEnd}, *model);
+    const auto objects = sharedObjects(context, place);
+    const auto call = callHelp(place.document->model(), place.offset, objects, [&](Offset nameEnd) {
+        return describedByOthers(context, {place.document, nameEnd}, objects);
     });
     if (!call)
         return Json();
@@ -129,7 +132,7 @@ Answer completion(const Context &context, const Json &params)
     Json items = Json::array();
     if (!place.document)
         return items;
-    auto found = completions(*SharedModel(context, place), place.offset);
+    auto found = completions(place.document->model(), place.offset, sharedObjects(context, place));
     const auto *part = place.document->model().partAt(place.offset);
     if (part && found.others != script::Completions::Others::Nothing) {
         for (const auto &shared : context.workspace.includedParts(*place.document, *part))

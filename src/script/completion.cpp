@@ -195,7 +195,8 @@ private:
 
 /// The object before the dot. A name is assumed after the dot, since without one there is no expression.
 /// Returns the name of its class if another file may declare it.
-std::string addMembersAfterDot(const FileModel &file, TextRange word, Collector &collector)
+std::string addMembersAfterDot(
+    const FileModel &file, TextRange word, const std::vector<SharedObject> &shared, Collector &collector)
 {
     constexpr std::string_view placeholder = "member";
     std::string text(file.text().substr(0, static_cast<std::size_t>(word.start)));
@@ -204,7 +205,7 @@ std::string addMembersAfterDot(const FileModel &file, TextRange word, Collector 
     while (!rest.empty() && isNameByte(rest.front()))
         rest.remove_prefix(1);
     text += rest;
-    const FileModel completed(text, file.kind(), file.shared());
+    const FileModel completed(text, file.kind(), shared);
     const auto *part = completed.partAt(word.start);
     if (!part)
         return {};
@@ -244,7 +245,7 @@ std::string addMembersAfterDot(const FileModel &file, TextRange word, Collector 
 
 } // namespace
 
-Completions completions(const FileModel &file, Offset offset)
+Completions completions(const FileModel &file, Offset offset, const std::vector<SharedObject> &shared)
 {
     Completions result;
     result.word = wordAround(file.text(), offset);
@@ -261,7 +262,7 @@ Completions completions(const FileModel &file, Offset offset)
     if (around.inLiteral || (declaresName(around.before) && !around.afterDot))
         return result;
     if (around.afterDot) {
-        result.ofClass = addMembersAfterDot(file, result.word, collector);
+        result.ofClass = addMembersAfterDot(file, result.word, shared, collector);
         result.others = result.ofClass.empty() ? Completions::Others::Nothing : Completions::Others::Members;
         return result;
     }

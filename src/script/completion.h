@@ -40,8 +40,9 @@ struct Completions {
 
 /// The names in scope, nearest scope first; after a dot the members of the object, if its class is known; in
 /// CreateObject("...") the known ProgIDs. None in other strings, comments, numbers, or where a name is being
-/// declared.
-[[nodiscard]] Completions completions(const FileModel &file, Offset offset);
+/// declared. `shared`: the objects of files loaded together with this one.
+[[nodiscard]] Completions completions(
+    const FileModel &file, Offset offset, const std::vector<SharedObject> &shared);
 
 /// Adds what `others` asks for, from a part that is loaded together with the file.
 void addOthers(Completions &completions, const FilePart &part);

@@ -238,7 +238,8 @@ private:
 }
 
 /// The text cut off after the callee: the unfinished arguments would keep it from being parsed.
-[[nodiscard]] std::optional<Description> descriptionOfCallee(const FileModel &file, Offset calleeEnd)
+[[nodiscard]] std::optional<Description> descriptionOfCallee(
+    const FileModel &file, Offset calleeEnd, const std::vector<SharedObject> &shared)
 {
     const auto *part = file.partAt(calleeEnd);
     if (const auto node = part ? nameNodeAt(*part, calleeEnd) : 0) {
@@ -249,7 +250,7 @@ private:
     const auto from = static_cast<std::size_t>(calleeEnd);
     const auto to = std::min(text.find_first_of("\r\n", from), text.size());
     const std::string cut = std::string(text.substr(0, from)) + std::string(text.substr(to));
-    const FileModel shorter(cut, file.kind(), file.shared());
+    const FileModel shorter(cut, file.kind(), shared);
     return describe(shorter, calleeEnd);
 }
 
@@ -323,11 +324,12 @@ std::optional<Description> describe(const FileModel &file, Offset offset)
     return node != 0 ? descriptionOf(*part, node) : std::nullopt;
 }
 
-std::optional<CallHelp> callHelp(const FileModel &file, Offset offset, const DescribeElsewhere &elsewhere)
+std::optional<CallHelp> callHelp(const FileModel &file, Offset offset,
+    const std::vector<SharedObject> &shared, const DescribeElsewhere &elsewhere)
 {
     const auto *part = file.partAt(offset);
     const auto call = part ? openCall(*part, offset) : std::nullopt;
-    auto callee = call ? descriptionOfCallee(file, call->calleeEnd) : std::nullopt;
+    auto callee = call ? descriptionOfCallee(file, call->calleeEnd, shared) : std::nullopt;
     if (call && !callee)
         callee = elsewhere(call->calleeEnd);
     if (!callee || callee->signature.find('(') == std::string::npos)

@@ -31,9 +31,10 @@ struct CallHelp {
 /// Describes a name that the file itself does not declare, given the position where it ends.
 using DescribeElsewhere = std::function<std::optional<Description>(Offset)>;
 
-/// For the innermost unfinished call around the position.
-[[nodiscard]] std::optional<CallHelp> callHelp(
-    const FileModel &file, Offset offset, const DescribeElsewhere &elsewhere);
+/// For the innermost unfinished call around the position. `shared`: the objects of files loaded together with
+/// this one.
+[[nodiscard]] std::optional<CallHelp> callHelp(const FileModel &file, Offset offset,
+    const std::vector<SharedObject> &shared, const DescribeElsewhere &elsewhere);
 
 /// The name as its declaration spells it, without brackets; the first spelling where nothing declares it.
 [[nodiscard]] std::string_view declaredName(const Model &model, SymbolId symbol);

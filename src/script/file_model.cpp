@@ -53,13 +53,12 @@ FilePart::FilePart(
 {
 }
 
-FileModel::FileModel(std::string_view text, FileKind kind, std::vector<SharedObject> shared)
+FileModel::FileModel(std::string_view text, FileKind kind, const std::vector<SharedObject> &shared)
     : m_text(text)
     , m_kind(kind)
-    , m_shared(std::move(shared))
 {
     for (auto &island : findIslands(text, kind))
-        m_parts.push_back(std::make_unique<FilePart>(text, kind, std::move(island), m_shared));
+        m_parts.push_back(std::make_unique<FilePart>(text, kind, std::move(island), shared));
 }
 
 const FilePart *FileModel::partAt(Offset offset) const

@@ -25,11 +25,10 @@ class FileModel {
 public:
     /// The text must outlive the model; positions are those of the text. `shared` is what files loaded
     /// together with this one add; the names in it must outlive the model too.
-    FileModel(std::string_view text, FileKind kind, std::vector<SharedObject> shared = {});
+    FileModel(std::string_view text, FileKind kind, const std::vector<SharedObject> &shared = {});
 
     [[nodiscard]] std::string_view text() const { return m_text; }
     [[nodiscard]] FileKind kind() const { return m_kind; }
-    [[nodiscard]] const std::vector<SharedObject> &shared() const { return m_shared; }
     [[nodiscard]] const std::vector<std::unique_ptr<FilePart>> &parts() const { return m_parts; }
     /// The first part with script at the position, its end included; null if there is none.
     [[nodiscard]] const FilePart *partAt(Offset offset) const;
@@ -39,7 +38,6 @@ public:
 private:
     std::string_view m_text;
     FileKind m_kind;
-    std::vector<SharedObject> m_shared;
     std::vector<std::unique_ptr<FilePart>> m_parts;
 };
 
