@@ -47,7 +47,7 @@ template <typename Work> double secondsOf(Work work)
     return now() - start;
 }
 
-/// Finds every "<" and the ">" behind it, and does nothing with them.
+/// Finds every "<" and the ">" after it, and does nothing with them.
 std::size_t scanForTags(std::string_view text)
 {
     std::size_t found = 0;
@@ -103,8 +103,8 @@ std::size_t keywords(std::string_view text)
 /// All three kinds of rules go over the whole text, whatever they find.
 std::size_t checker(std::string_view text)
 {
-    return checkLines(text, Faults::First).size() + static_cast<std::size_t>(countScriptBlocks(text).ifWords)
-        + CheckObjectReferences(text).size();
+    return lineFindings(text, Faults::First).size()
+        + static_cast<std::size_t>(countScriptBlocks(text).ifWords) + CheckObjectReferences(text).size();
 }
 
 constexpr std::string_view pageLine

@@ -32,12 +32,12 @@ private:
 
 Application::Application(ProgramFolders programFolders)
     : folders(std::move(programFolders))
-    , m_settings(store, editing, applicationState, options, *this)
+    , m_settings(settingsStore, editorOptions, applicationState, optionsShown, *this)
     , m_autosaveTimer(std::make_unique<AutosaveTimerQt>(timer1))
 {
-    m_documents.push_back(
-        std::make_unique<WindowDocument>(WindowDocument::Shared{editing, applicationState, files, backups},
-            RecoveryStorePosix::Folders{folders.autosave, folders.spare}));
+    m_documents.push_back(std::make_unique<WindowDocument>(
+        WindowDocument::Shared{editorOptions, applicationState, files, backups},
+        RecoveryStorePosix::Folders{folders.autosave, folders.spare}));
 }
 
 Application::~Application()
@@ -50,7 +50,7 @@ Application::~Application()
 
 void Application::start(std::string commandLine)
 {
-    Startup(shown().document.state, applicationState, m_settings, *this).startup(std::move(commandLine));
+    Startup(shown().document.state, applicationState, m_settings, *this).run(std::move(commandLine));
 }
 
 MainWindow &Application::mainWindow()
@@ -172,7 +172,7 @@ void Application::unloadWindow(SecondaryWindow which)
         shown->hide();
 }
 
-void Application::endProgram()
+void Application::exitEventLoop()
 {
     QCoreApplication::exit(0);
 }

@@ -15,8 +15,8 @@
 #include "desktop/program_folders_qt.h"
 #include "document/application_state.h"
 #include "settings/options_shown.h"
+#include "settings/settings_persistence.h"
 #include "settings/settings_store_qt.h"
-#include "settings/stored_settings.h"
 #include "storage/backup_store_posix.h"
 #include "storage/file_store_posix.h"
 
@@ -44,10 +44,10 @@ public:
 
     // State and ports, for the wiring of the subsystems.
     ApplicationState applicationState;
-    EditorOptions editing;
-    OptionsShown options;
+    EditorOptions editorOptions;
+    OptionsShown optionsShown;
     CommandRegistry commands;
-    SettingsStoreQt store;
+    SettingsStoreQt settingsStore;
     MessagesQt messages;
     FileDialogsQt fileDialogs;
     ColourDialogQt colourDialog;
@@ -63,12 +63,11 @@ public:
     /// Offers a dropped file before it is opened as a document; true if it was taken. Set by wireImages.
     std::function<bool(const std::string &path)> takesDroppedFile;
     /// Outlines the elements at these positions in the page beside the text; set by wireBeside.
-    std::function<void(const std::vector<Offset> &places)> showBrokenInPage;
+    std::function<void(const std::vector<Offset> &places)> outlineBroken;
 
     [[nodiscard]] WindowDocument &shown() { return *m_documents.front(); } ///< in the main window
     [[nodiscard]] MainWindow &mainWindow(); ///< created on first use
     [[nodiscard]] ToolSets &toolSets();
-    [[nodiscard]] StoredSettings &settings() { return m_settings; }
     [[nodiscard]] Quit &quit();
     /// Creates the main window if necessary.
     [[nodiscard]] SessionFiles &sessionFiles() override;
@@ -102,12 +101,12 @@ private:
     void stopAutosaveTimer() override { timer1.stop(); }
     void unloadMainWindow() override;
     void unloadWindow(SecondaryWindow window) override;
-    void endProgram() override;
+    void exitEventLoop() override;
 
     void createMainWindow();
 
     std::vector<std::unique_ptr<WindowDocument>> m_documents;
-    StoredSettings m_settings;
+    SettingsPersistence m_settings;
     std::unique_ptr<AutosaveTimer> m_autosaveTimer;
     std::unique_ptr<MainWindow> m_mainWindow;
     std::unique_ptr<ToolSets> m_toolSets;

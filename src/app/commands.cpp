@@ -113,8 +113,8 @@ constexpr auto shortcuts = std::to_array<KeyRow>({{"F5", "bview"}});
 
 constexpr ToolRow gap{{}, {}, {}, 0};
 constexpr ToolRow secondGap{{}, {}, {}, 0, false};
-constexpr ToolRow webGap{{}, {}, {}, 0, false, ToolKeyFor::Web};
-constexpr ToolRow scriptGap{{}, {}, {}, 0, true, ToolKeyFor::Script};
+constexpr ToolRow webGap{{}, {}, {}, 0, false, ButtonFor::Web};
+constexpr ToolRow scriptGap{{}, {}, {}, 0, true, ButtonFor::Script};
 
 constexpr auto tools = std::to_array<ToolRow>({
     {"openb", "mopenfile", "OPEN FILE", 1},
@@ -134,13 +134,13 @@ constexpr auto tools = std::to_array<ToolRow>({
     {"reblackb", "mnocolor", "NO COLOR CODING", 11},
     gap,
     secondGap,
-    {"colfindb", "mcolorfind", "COLOR FINDER", 12, true, ToolKeyFor::Web},
-    {"viewimb", "msample", "VIEW IMAGE", 13, true, ToolKeyFor::Web},
+    {"colfindb", "mcolorfind", "COLOR FINDER", 12, true, ButtonFor::Web},
+    {"viewimb", "msample", "VIEW IMAGE", 13, true, ButtonFor::Web},
     webGap,
-    {"debugb", "mrundebug", "RUN DEBUGGER", 14, true, ToolKeyFor::Script},
+    {"debugb", "mrundebug", "RUN DEBUGGER", 14, true, ButtonFor::Script},
     scriptGap,
-    {"lineyesb", "mdodebug", "USE LINE DEBUGGING", 15, true, ToolKeyFor::Script},
-    {"linenob", "mnodebug", "NO LINE DEBUGGING", 20, true, ToolKeyFor::Script},
+    {"lineyesb", "mdodebug", "USE LINE DEBUGGING", 15, true, ButtonFor::Script},
+    {"linenob", "mnodebug", "NO LINE DEBUGGING", 20, true, ButtonFor::Script},
     gap,
     {"autob", "mauto", "AUTOSAVE", 18},
 });
@@ -167,8 +167,8 @@ constexpr bool isImage(int number)
 
 static_assert(std::ranges::all_of(
     menus, [](const MenuRow &row) { return row.command.empty() || isItem(row.command); }));
-static_assert(std::ranges::all_of(
-    tools, [](const ToolRow &row) { return row.key.empty() || (isItem(row.item) && isImage(row.image)); }));
+static_assert(std::ranges::all_of(tools,
+    [](const ToolRow &row) { return row.button.empty() || (isItem(row.item) && isImage(row.image)); }));
 static_assert(std::ranges::all_of(optionRows, [](const OptionRow &option) {
     const auto &marks = option.marks;
     return std::ranges::all_of(marks.buttons, [&](const OptionButton &button) {

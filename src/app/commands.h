@@ -37,15 +37,15 @@ struct KeyRow {
 [[nodiscard]] std::span<const KeyRow> keyRows();
 
 /// The tool set that a toolbar button belongs to.
-enum class ToolKeyFor { Both, Web, Script };
+enum class ButtonFor { Both, Web, Script };
 
 struct ToolRow {
-    std::string_view key; ///< empty for a separator
+    std::string_view button; ///< object name; empty for a separator
     std::string_view item; ///< the menu item whose command it runs
     std::string_view tip; ///< also the accessible name
     int image; ///< the initial picture
     bool lineShown = true; ///< false for a separator next to another one
-    ToolKeyFor tools = ToolKeyFor::Both;
+    ButtonFor tools = ButtonFor::Both;
 };
 
 /// The toolbar's buttons and separators; the first one is number 1.

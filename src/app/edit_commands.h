@@ -17,7 +17,7 @@ public:
     {
     }
 
-    void selectAll() { m_surface.Select({0, m_surface.Length()}); }
+    void selectAll() { m_surface.Select({0, m_surface.TextLength()}); }
     void toggleWrap()
     {
         const bool wrap = m_surface.RightMargin() != 0;
@@ -26,7 +26,7 @@ public:
     }
 
     /// An empty text does not become unsaved.
-    void textChanged() { m_state.unsaved = m_state.unsaved || m_surface.Length() > 0; }
+    void textChanged() { m_state.unsaved = m_state.unsaved || m_surface.TextLength() > 0; }
 
 private:
     EditorSurface &m_surface;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 
 #include <QtWidgets/QFrame>
 

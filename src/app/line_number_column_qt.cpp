@@ -42,17 +42,17 @@ LineNumberColumn::LineNumberColumn(EditorControl &control, EditorControl &column
     column.viewport()->setCursor(Qt::ArrowCursor);
     column.viewport()->installEventFilter(this);
     column.installEventFilter(this);
-    connect(&control, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
-    connect(&control, &QsciScintillaBase::SCN_PAINTED, this, &LineNumberColumn::level);
-    connect(&column, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::level);
+    connect(&control, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::align);
+    connect(&control, &QsciScintillaBase::SCN_PAINTED, this, &LineNumberColumn::align);
+    connect(&column, &EditorControl::firstVisibleLineChanged, this, &LineNumberColumn::align);
     connect(&control, &QsciScintillaBase::SCN_ZOOM, this, &LineNumberColumn::followZoom);
 }
 
-void LineNumberColumn::level()
+void LineNumberColumn::align()
 {
-    if (!m_column.isVisible() || m_levelling)
+    if (!m_column.isVisible() || m_aligning)
         return;
-    const QScopedValueRollback guard(m_levelling, true);
+    const QScopedValueRollback guard(m_aligning, true);
     holdEnoughNumbers();
     followDocument();
 }
@@ -86,7 +86,7 @@ void LineNumberColumn::followZoom()
 {
     const auto zoom = m_control.SendScintilla(QsciScintillaBase::SCI_GETZOOM);
     m_column.SendScintilla(QsciScintillaBase::SCI_SETZOOM, static_cast<unsigned long>(zoom));
-    level();
+    align();
 }
 
 Offset LineNumberColumn::firstLineHeld(Offset line) const
@@ -156,7 +156,7 @@ bool LineNumberColumn::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_column.viewport() && event->type() == QEvent::Wheel)
         return QCoreApplication::sendEvent(m_control.viewport(), event);
     if (event->type() == QEvent::Show || event->type() == QEvent::Resize)
-        QMetaObject::invokeMethod(this, &LineNumberColumn::level, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &LineNumberColumn::align, Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);
 }
 

@@ -18,7 +18,7 @@ class LineNumberColumn : public QObject {
 public:
     LineNumberColumn(EditorControl &control, EditorControl &column);
 
-    void level();
+    void align();
 
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -46,7 +46,7 @@ private:
     int m_numbers = 0;
     Offset m_black = 0; ///< the numbers that are black
     std::vector<Gap> m_gaps;
-    bool m_levelling = false;
+    bool m_aligning = false;
 };
 
 } // namespace kevra

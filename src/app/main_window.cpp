@@ -141,7 +141,7 @@ void MainWindow::enableBoundCommands()
 void MainWindow::showWhatCanBeDone()
 {
     const bool writable = !m_control->isReadOnly();
-    const bool text = m_control->Length() > 0;
+    const bool text = m_control->TextLength() > 0;
     const bool selected = !m_control->Selection().empty();
     const decltype(m_possible) possible{writable && m_control->canUndo(), writable && m_control->canRedo(),
         writable && selected, selected, writable && m_pasteable, text, writable && text};
@@ -199,7 +199,7 @@ void MainWindow::arrange()
     frame("fr1").setGeometry(pixels(places.image));
     frame("frcol").setGeometry(pixels(places.colour));
     frame("frfindings").setGeometry(pixels(places.findings));
-    m_column->level();
+    m_column->align();
 }
 
 QString MainWindow::information() const
@@ -241,7 +241,7 @@ void MainWindow::redrawAndFocus()
 
 void MainWindow::syncLineNumbers()
 {
-    m_column->level();
+    m_column->align();
 }
 
 void MainWindow::refreshDocumentStatus()
@@ -251,7 +251,7 @@ void MainWindow::refreshDocumentStatus()
     m_status->setDocumentStatus(m_statusSource());
 }
 
-void MainWindow::tell(std::string_view text)
+void MainWindow::showNote(std::string_view text)
 {
     m_status->setNotice(textOf(text));
 }
@@ -272,7 +272,7 @@ void MainWindow::showCounts()
 
 void MainWindow::textChanged()
 {
-    tell("");
+    showNote("");
     showCaretPlace();
     showWhatCanBeDone();
     showCounts();

@@ -6,7 +6,7 @@
 #include "app/status_row_panel.h"
 #include "app/tool_sets.h"
 #include "desktop/main_view.h"
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 
 #include <QtWidgets/QMainWindow>
 
@@ -56,7 +56,7 @@ public:
     void setTitlePath(std::string_view path) override;
     void redrawAndFocus() override;
     void syncLineNumbers() override;
-    void tell(std::string_view text) override;
+    void showNote(std::string_view text) override;
     void refreshDocumentStatus() override;
     /// Sets where the document's encoding, line ends and saved state are read from.
     void setStatusSource(std::function<FileStatus()> source) { m_statusSource = std::move(source); }

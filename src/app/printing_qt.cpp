@@ -39,7 +39,7 @@ bool PrintingQt::printDocument()
     if (dialog.exec() != QDialog::Accepted)
         return false;
     const auto selection = m_control.Selection();
-    return print(printer, selection.empty() ? TextRange{0, m_control.Length()} : selection);
+    return print(printer, selection.empty() ? TextRange{0, m_control.TextLength()} : selection);
 }
 
 bool PrintingQt::print(QPrinter &printer, TextRange range)

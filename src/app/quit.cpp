@@ -5,7 +5,7 @@
 
 namespace kevra {
 
-Quit::Quit(EditedDocument document, ApplicationState &application, StoredSettings &settings,
+Quit::Quit(EditedDocument document, ApplicationState &application, SettingsPersistence &settings,
     Messages &messages, ShellWindows &windows)
     : m_document(document)
     , m_application(application)
@@ -41,12 +41,12 @@ void Quit::requestQuit()
     if (!m_windows.sessionFiles().keepUnsavedText())
         return;
     clearFlags();
-    endProgram();
+    end();
 }
 
-void Quit::closeMainWindow()
+void Quit::closeRequested()
 {
-    if (m_document.surface.Length() > 0)
+    if (m_document.surface.TextLength() > 0)
         return requestQuit();
     m_document.state.unsaved = false;
     shutdown();
@@ -70,24 +70,30 @@ void Quit::promptSaveCurrentText()
 void Quit::shutdown()
 {
     if (!m_ended && m_windows.sessionFiles().keepUnsavedText())
-        endProgram();
+        end();
 }
 
-void Quit::endProgram()
+void Quit::endAtSignal()
+{
+    m_windows.sessionFiles().keepForNextStart();
+    end();
+}
+
+void Quit::end()
 {
     if (std::exchange(m_ended, true))
         return;
     m_windows.stopAutosaveTimer();
     auto &files = m_windows.sessionFiles();
-    files.deletePreviewPage();
-    files.deleteAutosave();
+    files.removePreviewPage();
+    files.removeAutosave();
     m_settings.savePadGeometry();
     m_settings.saveEditorGeometry();
     m_settings.savePanelType(m_document.state.scriptTools);
     m_windows.unloadMainWindow();
     for (const auto window : secondaryWindows)
         m_windows.unloadWindow(window);
-    m_windows.endProgram();
+    m_windows.exitEventLoop();
 }
 
 } // namespace kevra

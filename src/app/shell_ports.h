@@ -35,8 +35,10 @@ public:
     /// Keeps text that the user was not asked about before the program ends. False if it cannot be kept and
     /// the user chooses to stay.
     [[nodiscard]] virtual bool keepUnsavedText() = 0;
-    virtual void deletePreviewPage() = 0;
-    virtual void deleteAutosave() = 0;
+    /// The same without a question, whether or not it can be kept.
+    virtual void keepForNextStart() = 0;
+    virtual void removePreviewPage() = 0;
+    virtual void removeAutosave() = 0;
 };
 
 class ShellWindows {
@@ -49,7 +51,7 @@ public:
     virtual void stopAutosaveTimer() = 0;
     virtual void unloadMainWindow() = 0;
     virtual void unloadWindow(SecondaryWindow window) = 0;
-    virtual void endProgram() = 0;
+    virtual void exitEventLoop() = 0;
     [[nodiscard]] virtual SessionFiles &sessionFiles() = 0; ///< of the main window
 };
 

@@ -3,15 +3,15 @@
 
 namespace kevra {
 
-void checkTempFolder(const ApplicationState &application, const FileStore &files, Messages &messages)
+void checkTempFolder(const ApplicationState &application, const FileReader &files, Messages &messages)
 {
     if (!files.folderExists(application.tempFolder))
         messages.inform("The setting for the Webpage Temp Folder, " + application.tempFolder
             + ", is pointing to a non-existent folder and needs to be changed in Options -- Settings.");
 }
 
-Startup::Startup(
-    DocumentState &document, ApplicationState &application, StoredSettings &settings, ShellWindows &windows)
+Startup::Startup(DocumentState &document, ApplicationState &application, SettingsPersistence &settings,
+    ShellWindows &windows)
     : m_document(document)
     , m_application(application)
     , m_settings(settings)
@@ -19,7 +19,7 @@ Startup::Startup(
 {
 }
 
-void Startup::startup(std::string commandLine)
+void Startup::run(std::string commandLine)
 {
     m_application.commandLine = std::move(commandLine);
     loadWindowSettings();

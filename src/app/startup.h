@@ -6,7 +6,7 @@
 #include "desktop/messages.h"
 #include "document/application_state.h"
 #include "editor/document_state.h"
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 #include "storage/file_store.h"
 
 #include <string>
@@ -14,14 +14,14 @@
 namespace kevra {
 
 /// Reports if the folder for preview pages of unsaved work does not exist.
-void checkTempFolder(const ApplicationState &application, const FileStore &files, Messages &messages);
+void checkTempFolder(const ApplicationState &application, const FileReader &files, Messages &messages);
 
 class Startup {
 public:
-    Startup(DocumentState &document, ApplicationState &application, StoredSettings &settings,
+    Startup(DocumentState &document, ApplicationState &application, SettingsPersistence &settings,
         ShellWindows &windows);
 
-    void startup(std::string commandLine);
+    void run(std::string commandLine);
 
 private:
     void loadWindowSettings();
@@ -31,7 +31,7 @@ private:
 
     DocumentState &m_document;
     ApplicationState &m_application;
-    StoredSettings &m_settings;
+    SettingsPersistence &m_settings;
     ShellWindows &m_windows;
 };
 

@@ -26,7 +26,7 @@ ToolBar::ToolBar(const CommandRegistry &commands, QWidget *parent)
     setContextMenuPolicy(Qt::PreventContextMenu);
     setIconSize({iconEdge, iconEdge});
     for (const auto &row : toolRows()) {
-        if (row.key.empty()) {
+        if (row.button.empty()) {
             m_buttons.push_back({addSeparator(), 0});
             if (!row.lineShown)
                 widgetForAction(m_buttons.back().action)->setFixedWidth(0);
@@ -35,7 +35,7 @@ ToolBar::ToolBar(const CommandRegistry &commands, QWidget *parent)
         auto *action = addAction(svgIcon(imageName(row.image)), textOf(row.tip));
         connect(action, &QAction::triggered, this, [this, item = row.item] { m_commands.run(item); });
         auto *button = widgetForAction(action);
-        button->setObjectName(textOf(row.key));
+        button->setObjectName(textOf(row.button));
         button->setAccessibleName(textOf(row.tip));
         button->setFocusPolicy(Qt::TabFocus);
         m_buttons.push_back({action, row.image});
@@ -69,7 +69,7 @@ void ToolBar::setEnabled(std::string_view item, bool enabled)
 void ToolBar::enableBoundButtons()
 {
     for (std::size_t i = 0; i < m_buttons.size(); ++i)
-        if (const auto &row = toolRows()[i]; !row.key.empty())
+        if (const auto &row = toolRows()[i]; !row.button.empty())
             m_buttons[i].action->setEnabled(m_commands.isBound(row.item));
 }
 

@@ -9,7 +9,7 @@
 
 namespace kevra {
 
-/// The toolbar `tbar`. Buttons and separators are numbered from 1; a button's object name is its key.
+/// The toolbar `tbar`. Buttons and separators are numbered from 1; a button has the object name of its row.
 class ToolBar : public QToolBar {
 public:
     /// A click runs the command of the button's menu item.

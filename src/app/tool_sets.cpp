@@ -82,11 +82,11 @@ void ToolSets::show(bool scriptTools)
     m_state.scriptTools = scriptTools;
     for (const auto &row : toolSetRows)
         apply(m_view, row, scriptTools ? row.script : row.web);
-    const auto hidden = scriptTools ? ToolKeyFor::Web : ToolKeyFor::Script;
+    const auto hidden = scriptTools ? ButtonFor::Web : ButtonFor::Script;
     int number = 0;
     for (const auto &row : toolRows()) {
         ++number;
-        if (row.tools != ToolKeyFor::Both)
+        if (row.tools != ButtonFor::Both)
             m_view.setButtonVisible(number, row.tools != hidden);
     }
 }

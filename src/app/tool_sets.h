@@ -5,7 +5,7 @@
 #include "desktop/main_view.h"
 #include "editor/document_state.h"
 #include "editor/surface.h"
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 
 #include <functional>
 #include <string_view>

@@ -16,7 +16,7 @@ WindowDocument::WindowDocument(Shared shared, RecoveryStorePosix::Folders record
               };
               QMetaObject::invokeMethod(this, notify, Qt::QueuedConnection);
           })
-    , document(control, shared.editing, shared.application, shared.files, shared.backups, recovery)
+    , document(control, shared.editorOptions, shared.application, shared.files, shared.backups, recovery)
 {
 }
 

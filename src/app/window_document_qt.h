@@ -17,7 +17,7 @@ class WindowDocument : public QObject {
 public:
     /// What all documents of the program share.
     struct Shared {
-        EditorOptions &editing;
+        EditorOptions &editorOptions;
         const ApplicationState &application;
         FileStore &files;
         BackupStore &backups;

@@ -29,9 +29,9 @@ namespace {
 constexpr std::chrono::milliseconds timeToAppear{300}; ///< of the recreated window
 constexpr auto untitledPage = "untitled.html"; ///< an address for a text that has no file yet
 
-class BesideSide : public QObject, private BesideView {
+class BesideWiring : public QObject, private BesidePage, private BesideDocument {
 public:
-    BesideSide(Application &app, WindowDocument &shown);
+    BesideWiring(Application &app, WindowDocument &shown);
 
 private:
     void setOpen(bool on);
@@ -41,18 +41,19 @@ private:
     void connectDocument();
     void updateDocument();
     void openInBrowser();
-    [[nodiscard]] const char *openPage();
     void keepWindowPlace();
 
     bool load(const std::string &path, std::shared_ptr<const PageText> page) override;
     void reload(std::shared_ptr<const PageText> page) override;
     void unload() override;
-    void prepare(PageTextRequest request) override;
-    void pause(std::chrono::milliseconds time) override { m_pause.start(time); }
     void ask(const std::string &call) override { m_control->ask(call); }
-    void say(std::string_view text) override { m_panel->setNote(BesideNote::State, textOf(text)); }
-    void selectText(TextRange range) override;
+    void showNote(BesideNote kind, std::string_view text) override { m_panel->showNote(kind, textOf(text)); }
+    bool startBrowser(const std::string &path) override;
+
+    void prepare(PageTextRequest request) override;
+    void startTimer(std::chrono::milliseconds time) override { m_pause.start(time); }
     Offset caret() const override { return m_document.Selection().start; }
+    void selectText(TextRange range) override;
 
     Application &m_app;
     const DocumentState &m_state;
@@ -66,13 +67,13 @@ private:
     PageTextThread m_thread; ///< ends first: it reports here
 };
 
-BesideSide::BesideSide(Application &app, WindowDocument &shown)
+BesideWiring::BesideWiring(Application &app, WindowDocument &shown)
     : m_app(app)
     , m_state(shown.document.state)
     , m_file(shown.document.file)
     , m_document(shown.control)
-    , m_commands(*this)
-    , m_switch(app.store, app.toolSets(), Option::PageBeside, [this](bool on) { setOpen(on); })
+    , m_commands(*this, *this)
+    , m_switch(app.settingsStore, app.toolSets(), Option::PageBeside, [this](bool on) { setOpen(on); })
     , m_thread([this](std::shared_ptr<const PageText> page) {
         QMetaObject::invokeMethod(
             this, [this, page = std::move(page)] { m_commands.prepared(page); }, Qt::QueuedConnection);
@@ -80,18 +81,18 @@ BesideSide::BesideSide(Application &app, WindowDocument &shown)
 {
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, [this] { m_commands.pauseOver(); });
-    app.showBrokenInPage = [this](const std::vector<Offset> &places) { m_commands.setBrokenPlaces(places); };
+    app.outlineBroken = [this](const std::vector<Offset> &places) { m_commands.outlineBroken(places); };
     app.commands.bind("mbeside", [this] { m_switch.toggle(); });
     // After the first picture: the engine is not what a start waits for.
     const auto openStored = [this] {
         if (!m_switch.isOn())
             m_switch.load();
     };
-    if (storedOption(app.store, Option::PageBeside))
+    if (storedOption(app.settingsStore, Option::PageBeside))
         connect(&app.mainWindow(), &MainWindow::placed, this, openStored, Qt::SingleShotConnection);
 }
 
-void BesideSide::setOpen(bool on)
+void BesideWiring::setOpen(bool on)
 {
     if (on && !m_panel)
         makeDock();
@@ -104,7 +105,7 @@ void BesideSide::setOpen(bool on)
     m_commands.open();
 }
 
-void BesideSide::makeDock()
+void BesideWiring::makeDock()
 {
     auto &window = m_app.mainWindow();
     m_panel = new BesidePanel(&window);
@@ -113,26 +114,26 @@ void BesideSide::makeDock()
     window.addDockWidget(Qt::RightDockWidgetArea, m_panel);
     window.addFocusPart(*m_panel);
     int width = 0;
-    const auto stored = readSetting(m_app.store, keys::besideWidth);
+    const auto stored = readSetting(m_app.settingsStore, keys::besideWidth);
     std::from_chars(stored.data(), stored.data() + stored.size(), width);
     connect(new DockWidth(window, *m_panel, width), &DockWidth::chosen, this,
-        [this](int now) { writeSetting(m_app.store, keys::besideWidth, std::to_string(now)); });
+        [this](int now) { writeSetting(m_app.settingsStore, keys::besideWidth, std::to_string(now)); });
     connectPanel();
     connectControl();
     connectDocument();
 }
 
-void BesideSide::connectPanel()
+void BesideWiring::connectPanel()
 {
     connect(m_panel, &BesidePanel::closed, this, [this] { m_switch.toggle(); });
     connect(m_panel, &BesidePanel::reloadAsked, this, [this] { m_commands.reload(); });
     connect(m_panel, &BesidePanel::stopAsked, this, [this] { m_commands.stop(); });
-    connect(m_panel, &BesidePanel::browserAsked, this, &BesideSide::openInBrowser);
+    connect(m_panel, &BesidePanel::browserAsked, this, &BesideWiring::openInBrowser);
     connect(m_panel, &BesidePanel::darkChosen, m_control.get(), &BesideControlQt::setDark);
-    connect(m_panel, &BesidePanel::scaleChanged, m_control.get(), &BesideControlQt::setZoom);
+    connect(m_panel, &BesidePanel::scaleChanged, m_control.get(), &BesideControlQt::setZoomFactor);
 }
 
-void BesideSide::connectControl()
+void BesideWiring::connectControl()
 {
     auto *control = m_control.get();
     connect(control, &BesideControlQt::answered, this,
@@ -141,29 +142,30 @@ void BesideSide::connectControl()
     connect(control, &BesideControlQt::messageReceived, this,
         [this](const QString &message) { m_commands.pageMessage(message.toStdString()); });
     connect(control, &BesideControlQt::ended, this, [this] { m_commands.pageEnded(); });
-    connect(control, &BesideControlQt::alerted, m_panel,
-        [this](const QString &message) { m_panel->setNote(BesideNote::Alert, "The page says: " + message); });
+    connect(control, &BesideControlQt::alerted, m_panel, [this](const QString &message) {
+        m_panel->showNote(BesideNote::Alert, "The page says: " + message);
+    });
     connect(control, &BesideControlQt::partRefused, m_panel, [this] {
-        m_panel->setNote(
+        m_panel->showNote(
             BesideNote::Refused, "Parts on the web, or outside of the page's folder and site, are left out.");
     });
     connect(control, &BesideControlQt::linkFollowed, m_panel, &BesidePanel::setLinkTarget);
-    connect(control, &BesideControlQt::zoomAsked, m_panel, &BesidePanel::zoom);
+    connect(control, &BesideControlQt::zoomAsked, m_panel, &BesidePanel::zoomBy);
 }
 
-void BesideSide::connectDocument()
+void BesideWiring::connectDocument()
 {
     auto &window = m_app.mainWindow();
     connect(&m_document, &EditorControl::changed, this, [this] { m_commands.textChanged(); });
     connect(&m_document, &EditorControl::caretMoved, this, [this] { m_commands.caretMoved(); });
     connect(&m_document, &EditorControl::savePointChanged, m_panel,
-        [this] { m_panel->setNote(BesideNote::Browser, {}); });
-    connect(&window, &MainWindow::documentNamed, this, &BesideSide::updateDocument);
+        [this] { m_panel->showNote(BesideNote::Browser, {}); });
+    connect(&window, &MainWindow::documentNamed, this, &BesideWiring::updateDocument);
     connect(window.menus().menu("mdebug")->menuAction(), &QAction::visibleChanged, this,
-        &BesideSide::updateDocument);
+        &BesideWiring::updateDocument);
 }
 
-void BesideSide::updateDocument()
+void BesideWiring::updateDocument()
 {
     auto path = m_state.currentPath;
     if (path.empty()) {
@@ -173,7 +175,7 @@ void BesideSide::updateDocument()
     m_commands.setDocument(path, !m_state.scriptTools);
 }
 
-bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> page)
+bool BesideWiring::load(const std::string &path, std::shared_ptr<const PageText> page)
 {
     const auto scope = scopeOf(std::string(parentFolder(path)), m_app.files, pathBytes(QDir::homePath()));
     const bool first = !m_control->widget();
@@ -185,20 +187,20 @@ bool BesideSide::load(const std::string &path, std::shared_ptr<const PageText> p
         m_panel->setPageWidget(m_control->widget());
     m_panel->showPage(true);
     if (!m_control->isSandboxed())
-        m_panel->setNote(BesideNote::Sandbox, "The page is shown without the browser's sandbox");
+        m_panel->showNote(BesideNote::Sandbox, "The page is shown without the browser's sandbox");
     return true;
 }
 
-void BesideSide::reload(std::shared_ptr<const PageText> page)
+void BesideWiring::reload(std::shared_ptr<const PageText> page)
 {
     for (const auto ofLoad : {BesideNote::Alert, BesideNote::Refused})
-        m_panel->setNote(ofLoad, {});
+        m_panel->showNote(ofLoad, {});
     m_control->reload(std::move(page));
 }
 
 /// The engine's first view recreates the native window, which forgets that it was maximised and where it
 /// stood.
-void BesideSide::keepWindowPlace()
+void BesideWiring::keepWindowPlace()
 {
     auto &window = m_app.mainWindow();
     QTimer::singleShot(
@@ -211,24 +213,24 @@ void BesideSide::keepWindowPlace()
         });
 }
 
-void BesideSide::unload()
+void BesideWiring::unload()
 {
     m_panel->showPage(false);
     m_panel->setLinkTarget({});
     for (const auto ofPage :
         {BesideNote::Alert, BesideNote::Browser, BesideNote::Refused, BesideNote::Sandbox})
-        m_panel->setNote(ofPage, {});
+        m_panel->showNote(ofPage, {});
     m_control->unload();
 }
 
-void BesideSide::prepare(PageTextRequest request)
+void BesideWiring::prepare(PageTextRequest request)
 {
     std::string copy;
     copyText(m_document, copy);
     m_thread.start(std::move(copy), std::move(request));
 }
 
-void BesideSide::selectText(TextRange range)
+void BesideWiring::selectText(TextRange range)
 {
     if (!range.empty())
         return goTo(m_document, range);
@@ -236,34 +238,26 @@ void BesideSide::selectText(TextRange range)
     revealCaret(m_document);
 }
 
-void BesideSide::openInBrowser()
-{
-    m_panel->setNote(BesideNote::Browser, QString(openPage()));
-}
-
-/// What there is to say about it.
-const char *BesideSide::openPage()
+void BesideWiring::openInBrowser()
 {
     const auto &path = m_state.currentPath;
-    const auto opener = QStandardPaths::findExecutable("xdg-open");
-    // What the desktop has for scripts could run it.
-    if (m_state.scriptTools)
-        return "A browser opens pages, not scripts.";
-    if (path.empty() || !m_app.files.fileExists(path))
-        return "A browser opens files: save the text first.";
-    if (opener.isEmpty() || !ProcessStartQt::start(pathBytes(opener), path))
-        return "Failure opening the browser.";
     // A text typed and taken back is the file's, although its undo history is another one.
-    const bool saved
-        = m_file.mayHold(static_cast<std::size_t>(m_document.Length())) && m_file.holds(m_document.Text());
-    return saved ? "" : "The browser opens the file as it was last saved, without the changes since.";
+    const bool saved = m_file.mayHold(static_cast<std::size_t>(m_document.TextLength()))
+        && m_file.holds(m_document.Text());
+    m_commands.openInBrowser(m_app.files.fileExists(path) ? path : std::string(), saved);
+}
+
+bool BesideWiring::startBrowser(const std::string &path)
+{
+    const auto opener = QStandardPaths::findExecutable("xdg-open");
+    return !opener.isEmpty() && ProcessStartQt::start(pathBytes(opener), path);
 }
 
 } // namespace
 
 void wireBeside(Application &app, WindowDocument &shown)
 {
-    app.keep<BesideSide>(app, shown);
+    app.keep<BesideWiring>(app, shown);
 }
 
 } // namespace kevra

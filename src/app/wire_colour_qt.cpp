@@ -74,7 +74,7 @@ void wireSnippetPanels(Application &app, WindowDocument &shown)
             else
                 snippetCommands.insert(snippet);
         },
-        [&app] { return app.editing.snippetComments; },
+        [&app] { return app.editorOptions.snippetComments; },
         [&app](std::string_view button) { return app.commands.isBound(button); },
     };
     for (const auto panel :

@@ -25,7 +25,7 @@ void wireDocument(Application &app, WindowDocument &shown)
     app.commands.bind("mpaste", [&t1] { t1.paste(); });
     app.commands.bind("mselall", [&edit] { edit.selectAll(); });
     // One undo step; the clipboard is not changed.
-    app.commands.bind("mclear", [&t1] { t1.replaceAsUser({0, t1.Length()}, {}); });
+    app.commands.bind("mclear", [&t1] { t1.replaceAsUser({0, t1.TextLength()}, {}); });
     app.commands.bind("mwrap", [&edit, &window] {
         edit.toggleWrap();
         window.syncLineNumbers();
@@ -53,9 +53,9 @@ void wireTools(Application &app, EditorControl &t1)
 
 void wireProgramEnd(Application &app)
 {
-    app.commands.bind("mexit", [&app] { app.quit().closeMainWindow(); });
+    app.commands.bind("mexit", [&app] { app.quit().closeRequested(); });
     QObject::connect(&app.mainWindow(), &MainWindow::closeRequested, &app.mainWindow(),
-        [&app] { app.quit().closeMainWindow(); });
+        [&app] { app.quit().closeRequested(); });
 }
 
 } // namespace

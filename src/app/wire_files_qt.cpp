@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/application_qt.h"
-#include "app/disk_side_qt.h"
+#include "app/disk_changes_qt.h"
 #include "app/wiring_qt.h"
 #include "colour/document_colouring.h"
 #include "desktop/end_signals_qt.h"
@@ -33,9 +33,9 @@ using namespace std::chrono_literals;
 constexpr auto statusDelay = 200ms;
 
 /// The commands and bars for the document's file; lives as long as the windows.
-class FilesSide : public QObject, private ReviewView, private RecoveryList, private SessionFiles {
+class FilesWiring : public QObject, private ReviewView, private RecoveryList, private SessionFiles {
 public:
-    FilesSide(Application &app, WindowDocument &shown);
+    FilesWiring(Application &app, WindowDocument &shown);
 
 private:
     void bindCommands();
@@ -45,17 +45,18 @@ private:
     void watchEncoding();
     void chooseEncoding(const QString &title, void (EncodingCommands::*command)(Encoding));
     [[nodiscard]] FileStatus status();
-    void tellDiskState();
-    void tellRecordState();
-    void tellPassedOver();
+    void showDiskState();
+    void showRecordState();
+    void showPassedOver();
 
     void openFromCommandLine(const std::string &commandLine) override;
     void offerRecovery() override;
     void saveAs() override { m_saving.saveAs(); }
     void textGivenUp() override { m_journal.textGivenUp(); }
     bool keepUnsavedText() override;
-    void deletePreviewPage() override;
-    void deleteAutosave() override { m_records.removeAutosave(m_document.state.autosaveWritten); }
+    void keepForNextStart() override { std::ignore = m_journal.keepForNextStart(); }
+    void removePreviewPage() override;
+    void removeAutosave() override { m_records.removeAutosave(m_document.state.autosaveWritten); }
 
     void showReview(const std::string &description) override;
     void endReview() override;
@@ -81,12 +82,12 @@ private:
     QTimer m_recordTimer;
     QTimer m_statusTimer;
     DiskNotice m_notice;
-    DiskSide m_disk;
+    DiskChangesQt m_disk;
     std::unique_ptr<EndSignalsQt> m_signals;
     RecoveryListDialog *m_recoveryList = nullptr; ///< owned by the window, made on first use
 };
 
-FilesSide::FilesSide(Application &app, WindowDocument &shown)
+FilesWiring::FilesWiring(Application &app, WindowDocument &shown)
     : m_app(app)
     , m_control(shown.control)
     , m_document(shown.document)
@@ -117,16 +118,16 @@ FilesSide::FilesSide(Application &app, WindowDocument &shown)
 {
     bindCommands();
     app.setSessionFiles(*this);
-    shown.recordOutcomeChanged = [this] { tellRecordState(); };
-    m_saving.onAutosaveStale([this] { deleteAutosave(); });
-    m_saving.onPageStale([this] { deletePreviewPage(); });
+    shown.recordOutcomeChanged = [this] { showRecordState(); };
+    m_saving.onAutosaveStale([this] { removeAutosave(); });
+    m_saving.onPreviewPageStale([this] { removePreviewPage(); });
     watchDocument();
     watchEncoding();
     watchDisk();
     watchEnd();
 }
 
-void FilesSide::bindCommands()
+void FilesWiring::bindCommands()
 {
     auto &commands = m_app.commands;
     commands.bind("mnewfile", [this] { m_opening.newFile(); });
@@ -134,37 +135,37 @@ void FilesSide::bindCommands()
     commands.bind("mtemplate", [this] { m_opening.startWithTemplate(assetPath("template.html")); });
     commands.bind("msaveplain", [this] { m_offer.save(); });
     commands.bind("msaveas", [this] { m_offer.saveAs(); });
-    connect(&m_app.mainWindow(), &MainWindow::fileDropped, this, [this](const std::string &file) {
-        if (!m_app.takesDroppedFile || !m_app.takesDroppedFile(file))
-            m_opening.openDropped(file);
-    });
+    m_opening.offerDroppedTo(
+        [this](const std::string &path) { return m_app.takesDroppedFile && m_app.takesDroppedFile(path); });
+    connect(&m_app.mainWindow(), &MainWindow::fileDropped, this,
+        [this](const std::string &path) { m_opening.openDropped(path); });
     connect(&m_app.mainWindow(), &MainWindow::listedFileChosen, this,
         [this](const std::string &path) { m_opening.openListed(path); });
 }
 
-void FilesSide::openFromCommandLine(const std::string &commandLine)
+void FilesWiring::openFromCommandLine(const std::string &commandLine)
 {
     m_opening.openFromCommandLine(commandLine);
 }
 
-void FilesSide::offerRecovery()
+void FilesWiring::offerRecovery()
 {
-    tellPassedOver();
+    showPassedOver();
     m_offer.offer();
 }
 
-bool FilesSide::keepUnsavedText()
+bool FilesWiring::keepUnsavedText()
 {
     return mayLeaveText(m_journal, m_app.messages, [this] { return m_saving.saveAs(); });
 }
 
-void FilesSide::deletePreviewPage()
+void FilesWiring::removePreviewPage()
 {
     if (m_app.removePreviewPage)
         m_app.removePreviewPage();
 }
 
-void FilesSide::watchDocument()
+void FilesWiring::watchDocument()
 {
     m_recordTimer.setSingleShot(true);
     m_recordTimer.setInterval(RecoveryJournal::recordDelay);
@@ -189,16 +190,16 @@ void FilesSide::watchDocument()
     window.refreshDocumentStatus();
 }
 
-FileStatus FilesSide::status()
+FileStatus FilesWiring::status()
 {
     // A save may have made the notice obsolete.
     if (m_notice.isCurrent())
-        tellDiskState();
+        showDiskState();
     m_disk.documentMayHaveChanged();
     return fileStatus(m_document, m_encoding, m_offer, m_notice);
 }
 
-void FilesSide::watchEncoding()
+void FilesWiring::watchEncoding()
 {
     auto &row = m_app.mainWindow().statusRow();
     connect(&row, &StatusRow::reopenChosen, this,
@@ -210,91 +211,87 @@ void FilesSide::watchEncoding()
     connect(&row, &StatusRow::offerTaken, this, [this] { m_encoding.declareEncoding(); });
 }
 
-void FilesSide::chooseEncoding(const QString &title, void (EncodingCommands::*command)(Encoding))
+void FilesWiring::chooseEncoding(const QString &title, void (EncodingCommands::*command)(Encoding))
 {
     EncodingDialog dialog(title, m_encoding.status().format.encoding, &m_app.mainWindow());
     if (dialog.exec() == QDialog::Accepted && dialog.chosen())
         (m_encoding.*command)(*dialog.chosen());
 }
 
-void FilesSide::watchDisk()
+void FilesWiring::watchDisk()
 {
-    connect(&m_disk, &DiskSide::fileTouched, this, [this] {
-        tellDiskState();
+    connect(&m_disk, &DiskChangesQt::fileTouched, this, [this] {
+        showDiskState();
         m_disk.check();
         m_app.mainWindow().refreshDocumentStatus();
     });
     m_app.mainWindow().installEventFilter(this);
 }
 
-bool FilesSide::eventFilter(QObject *watched, QEvent *event)
+bool FilesWiring::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::WindowActivate) {
-        tellDiskState();
+        showDiskState();
         m_disk.check();
         m_app.mainWindow().refreshDocumentStatus();
     }
     return QObject::eventFilter(watched, event);
 }
 
-void FilesSide::tellDiskState()
+void FilesWiring::showDiskState()
 {
     auto &window = m_app.mainWindow();
     if (const auto text = m_notice.next(window.information().toStdString()))
         window.setInformation(*text);
 }
 
-void FilesSide::tellRecordState()
+void FilesWiring::showRecordState()
 {
     const auto text = recordNotice(m_records.recordOutcome());
     text.empty() ? m_recordBar.hide() : m_recordBar.showText(text);
 }
 
-void FilesSide::tellPassedOver()
+void FilesWiring::showPassedOver()
 {
     auto files = m_records.passedOver();
-    std::ranges::copy(m_app.store.passedOver(), std::back_inserter(files));
+    std::ranges::copy(m_app.settingsStore.passedOver(), std::back_inserter(files));
     const auto text = passedOverNotice(files);
     if (!text.empty())
         m_passedOverBar.showText(text);
 }
 
-void FilesSide::watchEnd()
+void FilesWiring::watchEnd()
 {
     m_signals = std::make_unique<EndSignalsQt>(
-        [this] {
-            std::ignore = m_journal.documentReplaced(); // no question is possible any more
-            m_app.quit().endProgram();
-        },
-        [this] { m_journal.writeDownAtCrash(); });
+        [this] { m_app.quit().endAtSignal(); }, [this] { m_journal.writeDownAtCrash(); });
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] {
         m_journal.writeDown();
         m_records.finish();
     });
 }
 
-void FilesSide::showReview(const std::string &description)
+void FilesWiring::showReview(const std::string &description)
 {
     m_reviewBar.showText(description);
     m_control.setReadOnly(true);
     m_app.mainWindow().refreshDocumentStatus();
 }
 
-void FilesSide::endReview()
+void FilesWiring::endReview()
 {
     m_reviewBar.hide();
     m_control.setReadOnly(false);
     m_app.mainWindow().refreshDocumentStatus();
 }
 
-RecoveryAnswer FilesSide::choose(std::span<const RecoveryRow> rows)
+RecoveryAnswer FilesWiring::choose(std::span<const RecoveryRow> rows)
 {
     if (!m_recoveryList)
         m_recoveryList = new RecoveryListDialog(&m_app.mainWindow());
     return m_recoveryList->choose(rows);
 }
 
-void FilesSide::endList()
+void FilesWiring::endList()
 {
     if (m_recoveryList)
         m_recoveryList->endList();
@@ -304,7 +301,7 @@ void FilesSide::endList()
 
 void wireFiles(Application &app, WindowDocument &shown)
 {
-    app.keep<FilesSide>(app, shown);
+    app.keep<FilesWiring>(app, shown);
 }
 
 } // namespace kevra

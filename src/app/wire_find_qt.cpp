@@ -33,7 +33,7 @@ QWidget *makeFindDialog(Application &app, WindowDocument &shown)
     dialog->setReveal([&control] { revealCaret(control); });
     dialog->setHitPlace([&control] { return hitOnScreen(control); });
     dialog->setMayEdit([&control] { return !control.isReadOnly(); });
-    dialog->setTell([&app](std::string_view text) { app.mainWindow().tell(text); });
+    dialog->onNote([&app](std::string_view text) { app.mainWindow().showNote(text); });
     auto &marks = app.keep<HitMarks>(control, [dialog] { return dialog->shownRequest(); });
     QObject::connect(dialog, &FindDialog::requestChanged, &marks, &HitMarks::refresh);
     return dialog;
@@ -50,18 +50,26 @@ void showFindDialog(Application &app, const EditorSurface &surface)
     app.showWindow(SecondaryWindow::Find);
 }
 
-/// Opens the file, with the questions of the open dialog, and goes to the line.
-void showLine(
-    Application &app, EditorControl &control, const OpenDocument &open, const std::string &path, qint64 line)
-{
-    auto &window = app.mainWindow();
-    if (!open.isDocument(path))
-        emit window.listedFileChosen(path);
-    if (!open.isDocument(path))
-        return;
-    window.activateWindow();
-    goTo(control, control.lineRange(std::min<Offset>(line, control.lineCount()) - 1));
-}
+class EditorViewQt : public EditorView {
+public:
+    EditorViewQt(Application &app, EditorControl &control)
+        : m_app(app)
+        , m_control(control)
+    {
+    }
+
+    void setSavePoint() override { m_control.setSavePoint(); }
+    void openFile(const std::string &path) override { emit m_app.mainWindow().listedFileChosen(path); }
+    void goToLine(Offset line) override
+    {
+        m_app.mainWindow().activateWindow();
+        goTo(m_control, m_control.lineRange(std::min(line, m_control.lineCount()) - 1));
+    }
+
+private:
+    Application &m_app;
+    EditorControl &m_control;
+};
 
 } // namespace
 
@@ -76,14 +84,12 @@ void wireFind(Application &app, WindowDocument &shown)
     onKey(Qt::Key_F3, &FindCommands::findNext);
     onKey(Qt::SHIFT | Qt::Key_F3, &FindCommands::findPrevious);
 
-    auto &control = shown.control;
-    auto &open = app.keep<OpenDocumentFile>(
-        shown.document, app.files, app.mainWindow(), [&control] { control.setSavePoint(); });
-    app.makesWindow(SecondaryWindow::MultiFind, [&app, &control, &open] {
+    auto &editor = app.keep<EditorViewQt>(app, shown.control);
+    auto &open = app.keep<OpenDocumentFile>(shown.document, app.files, app.mainWindow(), editor);
+    app.makesWindow(SecondaryWindow::MultiFind, [&app, &open] {
         auto *dialog = new MultiDialog(app.files, open, app.messages, app.fileDialogs, &app.mainWindow());
         QObject::connect(dialog, &MultiDialog::lineChosen, dialog,
-            [&app, &control, &open](
-                const std::string &path, qint64 line) { showLine(app, control, open, path, line); });
+            [&open](const std::string &path, qint64 line) { open.showLine(path, line); });
         return dialog;
     });
     app.commands.bind("mmulti", [&app] { app.showWindow(SecondaryWindow::MultiFind); });

@@ -23,9 +23,9 @@ namespace {
 constexpr std::size_t maxInPage = 500;
 constexpr int listRows = 12; ///< the height of the list, its buttons included
 
-class FindingsSide : public QObject, private FindingsView {
+class FindingsWiring : public QObject, private FindingsView {
 public:
-    FindingsSide(Application &app, WindowDocument &shown);
+    FindingsWiring(Application &app, WindowDocument &shown);
 
 private:
     void bindCommands();
@@ -46,7 +46,7 @@ private:
     void showInPage();
     void showFindings() override;
     void showCurrent(std::size_t index) override;
-    void tell(std::string_view text) override { m_app.mainWindow().tell(text); }
+    void showNote(std::string_view text) override { m_app.mainWindow().showNote(text); }
     void applyEdit(const LineEdit &edit) override { m_control.apply(edit); }
 
     Application &m_app;
@@ -62,14 +62,14 @@ private:
     AnalysisThread m_thread; ///< last, so that it ends first
 };
 
-FindingsSide::FindingsSide(Application &app, WindowDocument &shown)
+FindingsWiring::FindingsWiring(Application &app, WindowDocument &shown)
     : m_app(app)
     , m_control(shown.control)
     , m_state(shown.document.state)
     , m_frame(app.mainWindow().frame("frfindings"))
     , m_commands(m_control, *this, [this] { return placeOf(m_state); })
     , m_marks(m_control, m_commands.list())
-    , m_typing(app.store, app.toolSets(), Option::AnalyseTyping, [this](bool) { toolsChanged(); })
+    , m_typing(app.settingsStore, app.toolSets(), Option::AnalyseTyping, [this](bool) { toolsChanged(); })
     , m_thread([this](AnalysisThread::Request request, std::vector<script::Finding> findings) {
         QMetaObject::invokeMethod(
             this,
@@ -81,15 +81,15 @@ FindingsSide::FindingsSide(Application &app, WindowDocument &shown)
     })
 {
     m_pause.setSingleShot(true);
-    connect(&m_pause, &QTimer::timeout, this, &FindingsSide::analyseCopy);
+    connect(&m_pause, &QTimer::timeout, this, &FindingsWiring::analyseCopy);
     bindCommands();
     connectDocument();
     m_typing.load();
-    m_commands.setLevel(
-        script::levelNamed(readSetting(app.store, keys::findingsLevel)).value_or(script::Level::Hint));
+    m_commands.setLevel(script::levelNamed(readSetting(app.settingsStore, keys::findingsLevel))
+                            .value_or(script::Level::Hint));
 }
 
-void FindingsSide::bindCommands()
+void FindingsWiring::bindCommands()
 {
     auto &commands = m_app.commands;
     commands.bind("mfindings", [this] { showList(!listShown()); });
@@ -106,26 +106,26 @@ void FindingsSide::bindCommands()
         m_app.mainWindow().addAction(m_app.mainWindow().menus().action(item));
 }
 
-void FindingsSide::connectDocument()
+void FindingsWiring::connectDocument()
 {
     auto &window = m_app.mainWindow();
     connect(&m_control, &EditorControl::changed, this, [this](Offset position, Offset removed, Offset added) {
         m_commands.textChanged(position, removed, added);
         analyseLater();
     });
-    connect(&window, &MainWindow::documentNamed, this, &FindingsSide::analyseLater);
+    connect(&window, &MainWindow::documentNamed, this, &FindingsWiring::analyseLater);
     connect(&window.statusRow(), &StatusRow::analysisChosen, this, [this] { showList(!listShown()); });
     connect(window.menus().menu("mdebug")->menuAction(), &QAction::visibleChanged, this,
-        &FindingsSide::toolsChanged);
+        &FindingsWiring::toolsChanged);
 }
 
-void FindingsSide::analyseLater()
+void FindingsWiring::analyseLater()
 {
     if (analysesTyping())
-        m_pause.start(pauseBeforeAnalysis(m_control.Length()));
+        m_pause.start(pauseBeforeAnalysis(m_control.TextLength()));
 }
 
-void FindingsSide::analyseCopy()
+void FindingsWiring::analyseCopy()
 {
     if (!analysesTyping())
         return;
@@ -133,31 +133,31 @@ void FindingsSide::analyseCopy()
     m_thread.start({std::move(m_copy), placeOf(m_state), m_commands.revision()});
 }
 
-void FindingsSide::toolsChanged()
+void FindingsWiring::toolsChanged()
 {
     m_pause.stop();
     m_commands.forget();
     analyseLater();
 }
 
-void FindingsSide::setLevel(script::Level level)
+void FindingsWiring::setLevel(script::Level level)
 {
     m_commands.setLevel(level);
-    writeSetting(m_app.store, keys::findingsLevel, script::levelName(level));
+    writeSetting(m_app.settingsStore, keys::findingsLevel, script::levelName(level));
 }
 
-void FindingsSide::makePanel()
+void FindingsWiring::makePanel()
 {
     // Bounded, so that the text does not move for a longer explanation.
     m_frame.setMaximumHeight(listRows * m_frame.fontMetrics().lineSpacing());
     m_panel = new FindingsPanel(m_frame, m_commands);
     m_panel->setLevel(m_commands.list().level());
-    connect(m_panel, &FindingsPanel::levelChosen, this, &FindingsSide::setLevel);
+    connect(m_panel, &FindingsPanel::levelChosen, this, &FindingsWiring::setLevel);
     connect(m_panel, &FindingsPanel::closeRequested, this, [this] { showList(false); });
     connect(m_panel, &FindingsPanel::textRequested, this, [this] { m_control.SetFocus(); });
 }
 
-void FindingsSide::showList(bool on)
+void FindingsWiring::showList(bool on)
 {
     if (on && !m_panel)
         makePanel();
@@ -173,11 +173,11 @@ void FindingsSide::showList(bool on)
         m_control.SetFocus();
 }
 
-void FindingsSide::offerFixes()
+void FindingsWiring::offerFixes()
 {
     const auto offered = m_commands.fixesAtCaret();
     if (offered.empty())
-        return tell("No fix here.");
+        return showNote("No fix here.");
     auto *menu = new QMenu(&m_control);
     menu->setObjectName("mpopfix");
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -190,7 +190,7 @@ void FindingsSide::offerFixes()
     menu->popup(m_control.viewport()->mapToGlobal(place));
 }
 
-void FindingsSide::showFindings()
+void FindingsWiring::showFindings()
 {
     m_app.mainWindow().statusRow().setAnalysis(textOf(m_commands.list().summary()));
     m_marks.refresh();
@@ -199,24 +199,24 @@ void FindingsSide::showFindings()
         m_panel->refill();
 }
 
-void FindingsSide::showInPage()
+void FindingsWiring::showInPage()
 {
-    if (!m_app.showBrokenInPage)
+    if (!m_app.outlineBroken)
         return;
-    m_app.showBrokenInPage(m_commands.list().firstPlaces(maxInPage));
+    m_app.outlineBroken(m_commands.list().firstPlaces(maxInPage));
 }
 
-void FindingsSide::showCurrent(std::size_t index)
+void FindingsWiring::showCurrent(std::size_t index)
 {
     if (listShown())
-        m_panel->select(index);
+        m_panel->selectRow(index);
 }
 
 } // namespace
 
 void wireFindings(Application &app, WindowDocument &shown)
 {
-    app.keep<FindingsSide>(app, shown);
+    app.keep<FindingsWiring>(app, shown);
 }
 
 } // namespace kevra

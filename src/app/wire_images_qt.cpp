@@ -16,9 +16,9 @@ namespace kevra {
 namespace {
 
 /// The viewer window and its panel in the main window.
-class ImagesSide : private PictureViewer, private PicturePanel {
+class ImagesWiring : private PictureViewer, private PicturePanel {
 public:
-    ImagesSide(Application &app, WindowDocument &shown)
+    ImagesWiring(Application &app, WindowDocument &shown)
         : m_app(app)
         , m_control(shown.control)
         , m_frame(app.mainWindow().frame("fr1"))
@@ -40,7 +40,7 @@ public:
             viewer, &ImageViewerWindow::closeRequested, viewer, [this] { m_commands.CloseImageViewer(); });
         QObject::connect(&viewer->picture(), &PictureView::clicked, viewer,
             [this](int x, int y) { m_commands.SampleImageColour(x, y); });
-        shareKeys(m_app, *viewer, {"mfind", "msample"});
+        shareShortcuts(m_app, *viewer, {"mfind", "msample"});
         return viewer;
     }
 
@@ -97,7 +97,7 @@ private:
         if (on)
             m_frame.raise();
     }
-    std::optional<Colour> colourAt(int x, int y) const override
+    std::optional<Colour> pixelColour(int x, int y) const override
     {
         const auto &picture = viewer().picture().picture();
         if (!picture.valid(x, y))
@@ -133,7 +133,7 @@ constexpr std::array imageItems{
 
 void wireImages(Application &app, WindowDocument &shown)
 {
-    auto &images = app.keep<ImagesSide>(app, shown);
+    auto &images = app.keep<ImagesWiring>(app, shown);
     app.makesWindow(SecondaryWindow::ImageViewer, [&images] { return images.makeViewer(); });
     for (const auto &row : imageItems)
         app.commands.bind(row.item, [&images, row] { (images.commands().*row.command)(); });

@@ -18,8 +18,8 @@ void wireLines(Application &app, WindowDocument &shown)
     app.commands.bind("mlinedown", [&t1] { t1.apply(movedLines(t1, t1.anchorAndCaret(), Move::Down)); });
     app.commands.bind("mlinecopy", [&t1] { t1.apply(duplicatedLines(t1, t1.anchorAndCaret())); });
     app.commands.bind("mlinedelete", [&t1] { t1.apply(deletedLines(t1, t1.anchorAndCaret())); });
-    auto &keepIndentation = app.keep<OptionSwitch>(
-        app.store, app.toolSets(), Option::KeepIndentation, [&t1](bool on) { t1.setKeepIndentation(on); });
+    auto &keepIndentation = app.keep<OptionSwitch>(app.settingsStore, app.toolSets(), Option::KeepIndentation,
+        [&t1](bool on) { t1.setKeepIndentation(on); });
     app.commands.bind("mkeepindent", [&keepIndentation] { keepIndentation.toggle(); });
     keepIndentation.load();
 }

@@ -18,7 +18,7 @@ class RecentMenu : public QObject {
 public:
     RecentMenu(Application &app, const DocumentState &state)
         : m_app(app)
-        , m_recent(app.store)
+        , m_recent(app.settingsStore)
         , m_menu(new QMenu("&Recent Files", &app.mainWindow()))
     {
         m_menu->setObjectName("mrecent");

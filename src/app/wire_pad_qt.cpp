@@ -9,7 +9,7 @@ void wirePad(Application &app, WindowDocument &shown)
 {
     app.makesWindow(SecondaryWindow::Pad, [&app, &shown] {
         auto *pad = new PadWindow(shown.control, app.clipboard, app.applicationState, &app.mainWindow());
-        shareKeys(app, *pad, {"mfind", "msample"});
+        shareShortcuts(app, *pad, {"mfind", "msample"});
         return pad;
     });
     app.commands.bind("mpad", [&app] { app.showWindow(SecondaryWindow::Pad); });

@@ -5,8 +5,8 @@
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/message_box_reference_window.h"
-#include "preview/page_notes_posix.h"
 #include "preview/preview_commands.h"
+#include "preview/preview_records_posix.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QPointer>
@@ -16,9 +16,9 @@ namespace kevra {
 namespace {
 
 /// The preview's window and commands; lives as long as the windows.
-class PreviewSide : private PreviewWindows {
+class PreviewWiring : private PreviewWindows {
 public:
-    PreviewSide(Application &app, Document &document);
+    PreviewWiring(Application &app, Document &document);
 
 private:
     void bindCommands();
@@ -31,8 +31,8 @@ private:
     bool hideImageViewer() override;
     void hideMain() override { m_app.mainWindow().hide(); }
     void showMain() override;
-    void showBrowser() override;
-    void hideBrowser() override { m_window->hide(); }
+    void showBrowserWindow() override;
+    void hideBrowserWindow() override { m_window->hide(); }
     void setLinkTarget(const std::string &text) override
     {
         m_window->setLinkTarget(QString::fromStdString(text));
@@ -40,32 +40,32 @@ private:
 
     Application &m_app;
     Document &m_document;
-    PageNotesPosix m_notes;
+    PreviewRecordsPosix m_records;
     QPointer<BrowserWindow> m_window; ///< owned by the application
     std::unique_ptr<BrowserControlQt> m_control;
     std::unique_ptr<PreviewCommands> m_commands;
 };
 
-PreviewSide::PreviewSide(Application &app, Document &document)
+PreviewWiring::PreviewWiring(Application &app, Document &document)
     : m_app(app)
     , m_document(document)
-    , m_notes(app.folders.autosave + "/pages")
+    , m_records(app.folders.autosave + "/pages")
 {
-    PreviewFile(app.files, app.backups, m_notes).removeLeftPages();
+    PreviewFile(app.files, app.backups, m_records).removeLeftPages();
     app.makesWindow(SecondaryWindow::Browser, [this] { return makeBrowser(); });
     app.makesWindow(SecondaryWindow::MessageBoxReference,
         [&app] { return new MessageBoxReferenceWindow(&app.mainWindow()); });
     bindCommands();
 }
 
-PreviewCommands &PreviewSide::commands()
+PreviewCommands &PreviewWiring::commands()
 {
     if (!m_commands)
         static_cast<void>(m_app.window(SecondaryWindow::Browser));
     return *m_commands;
 }
 
-void PreviewSide::bindCommands()
+void PreviewWiring::bindCommands()
 {
     auto &registry = m_app.commands;
     for (const char *button : {"bview", "bview2"})
@@ -79,21 +79,21 @@ void PreviewSide::bindCommands()
     };
 }
 
-QWidget *PreviewSide::makeBrowser()
+QWidget *PreviewWiring::makeBrowser()
 {
     // Without the main window as parent, so that it stays when that one is hidden.
     m_window = new BrowserWindow;
     m_app.mainWindow().addTitled(m_window);
     m_control = std::make_unique<BrowserControlQt>(*m_window);
     m_commands = std::make_unique<PreviewCommands>(PreviewPorts{m_document, m_app.applicationState,
-        m_app.files, m_app.backups, m_notes, m_app.messages, m_app.mainWindow(), *this, *m_control,
+        m_app.files, m_app.backups, m_records, m_app.messages, m_app.mainWindow(), *this, *m_control,
         [](const std::string &name) { return assetPath(name); }, pathBytes(QDir::homePath())});
     m_control->setCommands(commands());
     connectBrowser();
     return m_window;
 }
 
-void PreviewSide::connectBrowser()
+void PreviewWiring::connectBrowser()
 {
     auto *window = m_window.data();
     const auto on = [&](auto signal, auto step) { QObject::connect(window, signal, window, step); };
@@ -104,7 +104,7 @@ void PreviewSide::connectBrowser()
     on(&BrowserWindow::helpAsked, [this] { commands().helpFromBrowser(); });
     on(&BrowserWindow::referenceAsked, [this] { commands().referenceFromBrowser(); });
     on(&BrowserWindow::firstShown, [this] { commands().browserFirstShown(); });
-    on(&BrowserWindow::zoomAsked, [this](int steps) { m_control->zoom(steps); });
+    on(&BrowserWindow::zoomAsked, [this](int steps) { m_control->zoomBy(steps); });
     on(&BrowserWindow::findAsked,
         [this](const QString &text, bool backward) { m_control->find(text, backward); });
     on(&BrowserWindow::sizeAsked, [this](const QSize &size) {
@@ -117,7 +117,7 @@ void PreviewSide::connectBrowser()
     });
 }
 
-bool PreviewSide::hideTool(SecondaryWindow which)
+bool PreviewWiring::hideTool(SecondaryWindow which)
 {
     auto *tool = m_app.visibleWindow(which);
     if (!tool)
@@ -127,7 +127,7 @@ bool PreviewSide::hideTool(SecondaryWindow which)
     return true;
 }
 
-bool PreviewSide::hideImageViewer()
+bool PreviewWiring::hideImageViewer()
 {
     if (!hideTool(SecondaryWindow::ImageViewer))
         return false;
@@ -135,13 +135,13 @@ bool PreviewSide::hideImageViewer()
     return true;
 }
 
-void PreviewSide::showMain()
+void PreviewWiring::showMain()
 {
     m_app.mainWindow().show();
     m_app.mainWindow().activateWindow();
 }
 
-void PreviewSide::showBrowser()
+void PreviewWiring::showBrowserWindow()
 {
     const bool again = m_window->isVisible();
     m_window->show();
@@ -155,7 +155,7 @@ void PreviewSide::showBrowser()
 
 void wirePreview(Application &app, WindowDocument &shown)
 {
-    app.keep<PreviewSide>(app, shown.document);
+    app.keep<PreviewWiring>(app, shown.document);
 }
 
 } // namespace kevra

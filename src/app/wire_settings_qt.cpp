@@ -9,14 +9,16 @@ namespace kevra {
 namespace {
 
 /// The settings, and the external program that is set there.
-class SettingsSide : private SettingsEffects {
+class SettingsWiring : private SettingsEffects {
 public:
-    SettingsSide(Application &app, Document &document)
+    SettingsWiring(Application &app, Document &document)
         : m_app(app)
         , m_colouring(document)
-        , m_program({app.applicationState, app.store, app.files, m_processes, app.toolSets(), app.messages})
-        , m_commands({app.store, app.editing, app.applicationState, app.options, app.settingsViews(),
-              document, *this, app.files, app.messages, app.fileDialogs, app.colourDialog, m_program})
+        , m_program(
+              {app.applicationState, app.settingsStore, app.files, m_processes, app.toolSets(), app.messages})
+        , m_commands({app.settingsStore, app.editorOptions, app.applicationState, app.optionsShown,
+              app.settingsViews(), document, *this, app.files, app.messages, app.fileDialogs,
+              app.colourDialog, m_program})
     {
     }
 
@@ -48,7 +50,7 @@ private:
 
 void wireSettings(Application &app, WindowDocument &shown)
 {
-    app.keep<SettingsSide>(app, shown.document).bind();
+    app.keep<SettingsWiring>(app, shown.document).bind();
 }
 
 } // namespace kevra

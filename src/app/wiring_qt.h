@@ -32,7 +32,7 @@ void wireNavigation(Application &app, WindowDocument &shown); ///< recent files,
 /// Last, because it enables the buttons whose commands are bound.
 void wireSnippetPanels(Application &app, WindowDocument &shown);
 
-/// Makes the keys of these menu items work in `window` too.
-void shareKeys(Application &app, QWidget &window, std::initializer_list<std::string_view> items);
+/// Makes the shortcuts of these menu items work in `window` too.
+void shareShortcuts(Application &app, QWidget &window, std::initializer_list<std::string_view> items);
 
 } // namespace kevra

@@ -32,8 +32,9 @@ std::optional<Offset> numberIn(std::string_view text)
 
 } // namespace
 
-BesideCommands::BesideCommands(BesideView &view)
-    : m_view(view)
+BesideCommands::BesideCommands(BesidePage &page, BesideDocument &document)
+    : m_page(page)
+    , m_document(document)
 {
 }
 
@@ -51,7 +52,7 @@ void BesideCommands::open()
 void BesideCommands::close()
 {
     if (isActive())
-        m_view.unload();
+        m_page.unload();
     m_state = State::Closed;
 }
 
@@ -65,18 +66,36 @@ void BesideCommands::stop()
 {
     if (!isActive())
         return;
-    m_view.unload();
+    m_page.unload();
     m_state = State::Ended;
-    m_view.say(stoppedNote);
+    m_page.showNote(BesideNote::State, stoppedNote);
+}
+
+void BesideCommands::openInBrowser(const std::string &path, bool saved)
+{
+    m_page.showNote(BesideNote::Browser, noteOfOpening(path, saved));
+}
+
+/// What there is to say about opening it.
+std::string_view BesideCommands::noteOfOpening(const std::string &path, bool saved)
+{
+    // What the desktop has for scripts could run it.
+    if (!m_isPage)
+        return "A browser opens pages, not scripts.";
+    if (path.empty())
+        return "A browser opens files: save the text first.";
+    if (!m_page.startBrowser(path))
+        return "Failure opening the browser.";
+    return saved ? "" : "The browser opens the file as it was last saved, without the changes since.";
 }
 
 void BesideCommands::start()
 {
-    m_view.unload();
+    m_page.unload();
     m_asking = m_refused = m_overdue = false;
     m_shown.reset();
     m_state = m_isPage ? State::Starting : State::Script;
-    m_view.say(m_isPage ? std::string_view{} : scriptNote);
+    m_page.showNote(BesideNote::State, m_isPage ? std::string_view{} : scriptNote);
     if (m_isPage)
         prepare();
 }
@@ -95,7 +114,7 @@ void BesideCommands::textChanged()
 {
     ++m_revision;
     if (isActive())
-        m_view.pause(m_refused ? pauseBeforeLoading : pauseInTyping());
+        m_document.startTimer(m_refused ? pauseBeforeLoading : pauseInTyping());
 }
 
 void BesideCommands::pauseOver()
@@ -107,7 +126,7 @@ void BesideCommands::pauseOver()
 void BesideCommands::prepare()
 {
     if (!std::exchange(m_preparing, true))
-        m_view.prepare({m_revision, use(), m_shown});
+        m_document.prepare({m_revision, use(), m_shown});
 }
 
 PageUse BesideCommands::use() const
@@ -139,7 +158,7 @@ void BesideCommands::prepared(std::shared_ptr<const PageText> page)
     m_newest = std::move(page);
     m_cost = m_newest->cost;
     if (m_newest->revision != m_revision)
-        m_view.pause(pauseInTyping()); // changed meanwhile, and the pause may have come to nothing
+        m_document.startTimer(pauseInTyping()); // changed meanwhile, and the pause may have come to nothing
     showNewest();
 }
 
@@ -148,16 +167,16 @@ void BesideCommands::showNewest()
     if (m_state == State::Starting) {
         m_state = State::Loading;
         m_shown = m_newest;
-        if (!m_view.load(m_path, m_shown)) {
+        if (!m_page.load(m_path, m_shown)) {
             m_state = State::Ended;
-            m_view.say(noEngineNote);
+            m_page.showNote(BesideNote::State, noEngineNote);
         }
     } else if (m_state == State::Following && !m_asking && m_shown != m_newest) {
         m_shown = m_newest;
         if (!std::exchange(m_refused, false))
             return askToShow();
         m_state = State::Loading;
-        m_view.reload(m_shown);
+        m_page.reload(m_shown);
     }
 }
 
@@ -178,7 +197,7 @@ void BesideCommands::ask(const std::string &call)
 {
     m_asking = true;
     m_outlined = caretElement();
-    m_view.ask("following." + call);
+    m_page.ask("following." + call);
 }
 
 void BesideCommands::pageReady()
@@ -203,7 +222,7 @@ void BesideCommands::answered(std::string_view answer)
         m_newest.reset();
         // What a page refuses that has just been loaded it would refuse again.
         if (!std::exchange(m_justLoaded, false))
-            m_view.pause(pauseBeforeLoading);
+            m_document.startTimer(pauseBeforeLoading);
         return;
     }
     m_justLoaded = false;
@@ -216,18 +235,18 @@ void BesideCommands::answerOverdue()
 {
     m_overdue = isActive();
     if (m_overdue)
-        m_view.say(busyNote);
+        m_page.showNote(BesideNote::State, busyNote);
 }
 
 void BesideCommands::clearOverdueNote()
 {
     if (std::exchange(m_overdue, false))
-        m_view.say({});
+        m_page.showNote(BesideNote::State, {});
 }
 
 Offset BesideCommands::caretElement() const
 {
-    return m_shown ? m_shown->elementAt(m_view.caret()) : -1;
+    return m_shown ? m_shown->elementAt(m_document.caret()) : -1;
 }
 
 void BesideCommands::caretMoved()
@@ -248,7 +267,7 @@ void BesideCommands::showCaret()
         ask("caret(" + std::to_string(caretElement()) + ")");
 }
 
-void BesideCommands::setBrokenPlaces(const std::vector<Offset> &places)
+void BesideCommands::outlineBroken(const std::vector<Offset> &places)
 {
     m_broken = places;
     m_brokenShown = false;
@@ -270,9 +289,9 @@ void BesideCommands::pageEnded()
 {
     if (!isActive())
         return;
-    m_view.unload();
+    m_page.unload();
     m_state = State::Ended;
-    m_view.say(endedNote);
+    m_page.showNote(BesideNote::State, endedNote);
 }
 
 void BesideCommands::pageMessage(std::string_view message)
@@ -286,9 +305,9 @@ void BesideCommands::pageMessage(std::string_view message)
         return;
     const auto element = m_shown->elementFrom(*tag);
     if (element && message.starts_with("click "))
-        m_view.selectText({*tag, *tag});
+        m_document.selectText({*tag, *tag});
     else if (element && message.starts_with("pick "))
-        m_view.selectText(*element);
+        m_document.selectText(*element);
 }
 
 } // namespace kevra

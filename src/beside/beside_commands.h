@@ -4,6 +4,7 @@
 // nothing.
 #pragma once
 
+#include "beside/beside_note.h"
 #include "beside/page_text.h"
 
 #include <chrono>
@@ -15,45 +16,55 @@
 
 namespace kevra {
 
-/// The dock with its page, and the text beside it.
-class BesideView {
+/// The dock with its page.
+class BesidePage {
 public:
-    virtual ~BesideView() = default;
+    virtual ~BesidePage() = default;
     /// The page's text, in a process of its own, with what `path` lies in as its folder. False when there is
     /// no engine.
     [[nodiscard]] virtual bool load(const std::string &path, std::shared_ptr<const PageText> page) = 0;
     /// The same page with another text; the engine restores the scroll position.
     virtual void reload(std::shared_ptr<const PageText> page) = 0;
     virtual void unload() = 0; ///< the page and every script of it end
-    virtual void prepare(PageTextRequest request) = 0; ///< a copy of the text; ends in prepared()
-    virtual void pause(std::chrono::milliseconds time)
-        = 0; ///< ends in pauseOver(); takes the place of one before
     virtual void ask(const std::string &call) = 0; ///< the page's following script; ends in answered()
-    virtual void say(std::string_view text) = 0; ///< in the dock; empty: nothing
-    virtual void selectText(TextRange range)
-        = 0; ///< and bring it into view; an empty range leaves the keyboard
+    virtual void showNote(BesideNote kind, std::string_view text) = 0; ///< plain text; empty: none
+    /// The file, in the browser that the user has chosen for the desktop. False when none was started.
+    [[nodiscard]] virtual bool startBrowser(const std::string &path) = 0;
+};
+
+/// The text beside the page.
+class BesideDocument {
+public:
+    virtual ~BesideDocument() = default;
+    virtual void prepare(PageTextRequest request) = 0; ///< a copy of the text; ends in prepared()
+    /// Ends in pauseOver(); a timer started before is stopped.
+    virtual void startTimer(std::chrono::milliseconds time) = 0;
     [[nodiscard]] virtual Offset caret() const = 0;
+    /// And bring it into view; an empty range leaves the keyboard.
+    virtual void selectText(TextRange range) = 0;
 };
 
 class BesideCommands {
 public:
-    explicit BesideCommands(BesideView &view);
+    BesideCommands(BesidePage &page, BesideDocument &document);
 
     // What the user does.
     void open();
     void close();
     void reload();
     void stop();
+    /// `path` is the text's file, empty for none; `saved`: it holds the text as it is.
+    void openInBrowser(const std::string &path, bool saved);
 
     // What happens to the text.
     void textChanged();
     void caretMoved();
-    void setBrokenPlaces(const std::vector<Offset> &places); ///< in the text as it is; outlined in the page
+    void outlineBroken(const std::vector<Offset> &places); ///< in the text as it is; outlined in the page
     /// Another document, or a document under another name: `path` need not exist. `isPage`: false for a
     /// script.
     void setDocument(const std::string &path, bool isPage);
 
-    // What the view was asked for has come.
+    // What was asked for has come.
     void pauseOver();
     void prepared(std::shared_ptr<const PageText> page); ///< null when there was no memory for it
     void answered(std::string_view answer);
@@ -68,6 +79,7 @@ private:
     enum class State { Closed, Script, Starting, Loading, Following, Ended };
 
     [[nodiscard]] bool isActive() const;
+    [[nodiscard]] std::string_view noteOfOpening(const std::string &path, bool saved);
     void start();
     void prepare();
     [[nodiscard]] PageUse use() const;
@@ -82,7 +94,8 @@ private:
     void ask(const std::string &call);
     [[nodiscard]] Offset caretElement() const;
 
-    BesideView &m_view;
+    BesidePage &m_page;
+    BesideDocument &m_document;
     State m_state = State::Closed;
     std::string m_path;
     bool m_isPage = true;

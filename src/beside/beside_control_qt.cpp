@@ -27,7 +27,7 @@ BesideControlQt::~BesideControlQt() = default;
 
 QWidget *BesideControlQt::widget() const
 {
-    return m_engine ? m_engine->widget() : nullptr;
+    return m_engine ? m_engine->display().widget() : nullptr;
 }
 
 bool BesideControlQt::isSandboxed() const
@@ -47,10 +47,10 @@ bool BesideControlQt::load(
     const std::string &path, const PageScope &scope, std::shared_ptr<const PageText> page)
 {
     if (!m_engine)
-        m_engine = makeEngine(&m_parent, *this, EngineUse::BesideText);
+        m_engine = makeEngine(&m_parent, {*this, *this, *this}, EngineUse::BesideText);
     if (!m_engine)
         return false;
-    m_engine->setDark(m_dark);
+    m_engine->display().setDark(m_dark);
     m_requests.begin(path, scope);
     expectPage(std::move(page));
     m_engine->navigate(m_requests.address(m_requests.document()));
@@ -85,22 +85,22 @@ void BesideControlQt::ask(const std::string &call)
     });
 }
 
-void BesideControlQt::setZoom(double factor)
+void BesideControlQt::setZoomFactor(double factor)
 {
     if (m_engine)
-        m_engine->setZoom(factor);
+        m_engine->display().setZoomFactor(factor);
 }
 
 void BesideControlQt::setDark(bool dark)
 {
     m_dark = dark;
     if (m_engine)
-        m_engine->setDark(dark);
+        m_engine->display().setDark(dark);
 }
 
-bool BesideControlQt::beforeNavigate(const QUrl &shown, bool mainFrame)
+bool BesideControlQt::mayNavigate(const QUrl &shown, bool mainFrame)
 {
-    const auto url = plain(shown);
+    const auto url = authorsUrl(shown);
     // What frames may load, the request rules say.
     if (!mainFrame)
         return m_page != nullptr;
@@ -118,7 +118,7 @@ std::optional<QUrl> BesideControlQt::route(const QUrl &url, Resource kind, bool 
     return next;
 }
 
-QUrl BesideControlQt::plain(const QUrl &url) const
+QUrl BesideControlQt::authorsUrl(const QUrl &url) const
 {
     return plainUrl(url);
 }
@@ -143,10 +143,10 @@ bool BesideControlQt::mayConnect(const NetworkAddress &address)
 
 void BesideControlQt::linkClicked(const QUrl &url)
 {
-    emit linkFollowed(QString::fromStdString(textOfUrl(plain(url))));
+    emit linkFollowed(QString::fromStdString(textOfUrl(authorsUrl(url))));
 }
 
-void BesideControlQt::copyAsked()
+void BesideControlQt::copyRequested()
 {
     allowPageCopy();
 }

@@ -14,7 +14,7 @@
 
 namespace kevra {
 
-class BesideControlQt : public QObject, private BrowserEvents {
+class BesideControlQt : public QObject, private PageGate, private PageEvents, private DisplayEvents {
     Q_OBJECT
 
 public:
@@ -29,7 +29,7 @@ public:
     void reload(std::shared_ptr<const PageText> page); ///< in the page there is
     void unload();
     void ask(const std::string &call);
-    void setZoom(double factor);
+    void setZoomFactor(double factor);
     void setDark(bool dark); ///< also of the pages to come
     [[nodiscard]] QWidget *widget() const; ///< null before the first page
     [[nodiscard]] bool isSandboxed() const;
@@ -45,20 +45,22 @@ signals:
     void ended();
 
 private:
-    [[nodiscard]] bool beforeNavigate(const QUrl &url, bool mainFrame) override;
+    [[nodiscard]] bool mayNavigate(const QUrl &url, bool mainFrame) override;
     [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) override;
-    [[nodiscard]] QUrl plain(const QUrl &url) const override;
     [[nodiscard]] SchemeAnswer answer(const QUrl &url) override;
     [[nodiscard]] bool mayConnect(const NetworkAddress &address) override;
+    [[nodiscard]] QUrl authorsUrl(const QUrl &url) const override;
+
     void linkClicked(const QUrl &url) override;
-    void copyAsked() override;
     void loadProgress(int) override { }
     void loadFinished() override { }
     void processDied() override { emit ended(); }
-    void found(int, int) override { }
-    void zoom(int steps) override { emit zoomAsked(steps); }
     void pageMessage(const QString &message) override;
-    void pageAlerts(const QString &message) override { emit alerted(message); }
+    void pageAlert(const QString &message) override { emit alerted(message); }
+
+    void copyRequested() override;
+    void zoomRequested(int steps) override { emit zoomAsked(steps); }
+    void found(int, int) override { }
 
     void expectPage(std::shared_ptr<const PageText> page);
 

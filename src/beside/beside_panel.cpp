@@ -122,7 +122,7 @@ void BesidePanel::addTools(QToolBar &bar)
         bar.widgetForAction(action)->setObjectName(QString(row.name) + "key");
     };
     for (const auto &row : zooms) {
-        add(row, [this, steps = row.steps] { zoom(steps); });
+        add(row, [this, steps = row.steps] { zoomBy(steps); });
         bar.widgetForAction(bar.actions().last())->setAccessibleName(row.tip);
     }
     for (const auto &row : tools)
@@ -143,7 +143,7 @@ void BesidePanel::showPage(bool shown)
     m_area->setVisible(shown);
 }
 
-void BesidePanel::setNote(BesideNote kind, const QString &note)
+void BesidePanel::showNote(BesideNote kind, const QString &note)
 {
     if (note.isEmpty())
         m_notes.erase(kind);
@@ -162,7 +162,7 @@ void BesidePanel::setLinkTarget(const QString &address)
     m_link->setCursorPosition(0);
 }
 
-void BesidePanel::zoom(int steps)
+void BesidePanel::zoomBy(int steps)
 {
     m_zoom = steps == 0 ? 1 : std::clamp(m_zoom * std::pow(zoomStep, steps), smallest, largest);
     layOutPage();

@@ -2,6 +2,8 @@
 // The dock `dbeside` right of the text.
 #pragma once
 
+#include "beside/beside_note.h"
+
 #include <QtWidgets/QDockWidget>
 
 #include <map>
@@ -14,15 +16,6 @@ class QToolBar;
 
 namespace kevra {
 
-/// What is said above the page. Each has a line of its own, so that none takes the place of another.
-enum class BesideNote {
-    State, ///< why there is no page, or that it does not answer
-    Alert, ///< the page's last message box
-    Browser, ///< what became of "Open in Browser"
-    Refused, ///< that parts of the page are left out
-    Sandbox,
-};
-
 class BesidePanel : public QDockWidget {
     Q_OBJECT
 
@@ -33,9 +26,9 @@ public:
     [[nodiscard]] QWidget &frame() { return *m_frame; }
     void setPageWidget(QWidget *page); ///< stays its owner's
     void showPage(bool shown); ///< without it there is only the note
-    void setNote(BesideNote kind, const QString &note); ///< plain text; empty: none
+    void showNote(BesideNote kind, const QString &note); ///< plain text; empty: none
     void setLinkTarget(const QString &address);
-    void zoom(int steps); ///< 0: back to the natural size
+    void zoomBy(int steps); ///< 0: back to the natural size
 
 signals:
     void closed(); ///< by the user

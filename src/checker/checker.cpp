@@ -16,7 +16,7 @@ CheckResult check(std::string_view text, bool ifChecking)
     // For a small text, each kind of rule runs only if the one before it found nothing.
     auto counts = startComputing(text, [text] { return countScriptBlocks(text); });
     auto objects = startComputing(text, [text] { return CheckObjectReferences(text); });
-    if (auto faults = checkLines(text, Faults::First); !faults.empty()) {
+    if (auto faults = lineFaults(text, Faults::First); !faults.empty()) {
         auto *fault = &faults.front();
         result.verdict = fault->message;
         // If text follows, the run marks the line again, with the caret one position further left.
@@ -38,25 +38,25 @@ CheckResult check(std::string_view text, bool ifChecking)
     return result;
 }
 
-std::vector<Finding> checkAll(std::string_view text, bool ifChecking)
+std::vector<Fault> checkAll(std::string_view text, bool ifChecking)
 {
     auto counts = startComputing(text, [text] { return countScriptBlocks(text); });
     auto objects = startComputing(text, [text] { return CheckObjectReferences(text, true); });
-    auto findings = checkLines(text, Faults::All);
+    auto faults = lineFaults(text, Faults::All);
     for (auto &verdict : blockVerdicts(counts.get(), ifChecking))
-        findings.push_back({std::move(verdict), 0, {}, 0});
-    for (auto &finding : objects.get())
-        findings.push_back(std::move(finding));
-    return findings;
+        faults.push_back({std::move(verdict), 0, {}, 0});
+    for (auto &fault : objects.get())
+        faults.push_back(std::move(fault));
+    return faults;
 }
 
-std::optional<Offset> lineNamedBy(std::string_view finding)
+std::optional<Offset> lineNamedBy(std::string_view fault)
 {
     constexpr std::string_view mark = " - Line ";
-    const auto at = finding.rfind(mark);
+    const auto at = fault.rfind(mark);
     if (at == std::string_view::npos)
         return std::nullopt;
-    const auto number = finding.substr(at + mark.size());
+    const auto number = fault.substr(at + mark.size());
     Offset line = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), line);
     const bool whole = error == std::errc() && end == number.data() + number.size() && line > 0;

@@ -194,7 +194,7 @@ constexpr std::array lineRules{
     LineRule{"IF without THEN - Line ", &LineFacts::thenMissing},
 };
 
-std::optional<Finding> faultOf(
+std::optional<Fault> faultOf(
     const LineFacts &facts, std::string_view text, ScriptLine line, Offset lineNumber)
 {
     const auto rule = std::ranges::find_if(lineRules, [&](const LineRule &r) { return (facts.*r.broken)(); });
@@ -202,7 +202,7 @@ std::optional<Finding> faultOf(
         return std::nullopt;
     const TextRange marked{line.start,
         line.end < static_cast<Offset>(text.size()) ? line.end + characterLength(text, line.end) : line.end};
-    return Finding{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
+    return Fault{std::string(rule->message) + std::to_string(lineNumber), lineNumber, marked, line.end};
 }
 
 /// The bytes that matter to a rule: commas and equal signs only if they have the wrong neighbours, words only
@@ -234,7 +234,7 @@ public:
     {
     }
 
-    std::vector<Finding> run()
+    std::vector<Fault> run()
     {
         forEachMark(m_text, isMark, [this](Offset at) {
             if (m_done)
@@ -277,12 +277,12 @@ private:
     Offset m_number = 1;
     bool m_done = false;
     LineFacts m_facts;
-    std::vector<Finding> m_faults;
+    std::vector<Fault> m_faults;
 };
 
 } // namespace
 
-std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber)
+std::optional<Fault> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber)
 {
     const auto end = std::min(line.end + 1, static_cast<Offset>(text.size()));
     LineFacts facts(text, line.start, end);
@@ -291,7 +291,7 @@ std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset 
     return faultOf(facts, text, line, lineNumber);
 }
 
-std::vector<Finding> checkLines(std::string_view text, Faults wanted)
+std::vector<Fault> lineFaults(std::string_view text, Faults wanted)
 {
     return LineWalk(text, wanted).run();
 }

@@ -3,7 +3,7 @@
 // equal signs, IF without THEN. Text after "'--" is not code.
 #pragma once
 
-#include "checker/finding.h"
+#include "checker/fault.h"
 
 #include <optional>
 #include <string_view>
@@ -20,11 +20,11 @@ struct ScriptLine {
 };
 
 /// The first rule the line breaks, or nothing. `lineNumber` counts from 1. Costs one pass over the line.
-[[nodiscard]] std::optional<Finding> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber);
+[[nodiscard]] std::optional<Fault> CheckLine(std::string_view text, ScriptLine line, Offset lineNumber);
 
 /// The same for every line that a run checks: those with a carriage return that is not the text's last
 /// character. Stops after the first faulty line unless all are wanted.
 enum class Faults { First, All };
-[[nodiscard]] std::vector<Finding> checkLines(std::string_view text, Faults wanted);
+[[nodiscard]] std::vector<Fault> lineFaults(std::string_view text, Faults wanted);
 
 } // namespace kevra

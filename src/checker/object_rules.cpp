@@ -192,21 +192,21 @@ public:
     {
     }
 
-    std::vector<Finding> run()
+    std::vector<Fault> run()
     {
         forEachMark(m_text, mayStartMember, [this](Offset at) { checkAt(static_cast<std::size_t>(at)); });
         numberLines();
-        std::vector<Finding> findings;
+        std::vector<Fault> faults;
         for (const auto &places : m_found) {
             if (places.empty() || !isActive(members[places.front().member].section))
                 continue;
             for (const auto &place : places) {
-                findings.push_back(finding(place));
+                faults.push_back(faultAt(place));
                 if (!m_all)
-                    return findings;
+                    return faults;
             }
         }
-        return findings;
+        return faults;
     }
 
 private:
@@ -217,7 +217,7 @@ private:
         Offset line = 0;
     };
 
-    /// Finds the line numbers of all findings with a single count of the line breaks.
+    /// Finds the line numbers of all faults with a single count of the line breaks.
     void numberLines()
     {
         std::vector<Found *> inOrder;
@@ -248,7 +248,7 @@ private:
         }
     }
 
-    /// Searches the text only when a finding depends on it.
+    /// Searches the text only when a fault depends on it.
     [[nodiscard]] bool isActive(Section section)
     {
         auto &active = m_active[static_cast<std::size_t>(section)];
@@ -270,7 +270,7 @@ private:
         return !ofTheShell && !isInLiteral(m_line.quotes());
     }
 
-    [[nodiscard]] Finding finding(const Found &place)
+    [[nodiscard]] Fault faultAt(const Found &place)
     {
         const auto length = static_cast<Offset>(m_text.size());
         if (place.lineStart != m_endOfLine.first) {
@@ -295,7 +295,7 @@ private:
 
 } // namespace
 
-std::vector<Finding> CheckObjectReferences(std::string_view text, bool all)
+std::vector<Fault> CheckObjectReferences(std::string_view text, bool all)
 {
     return ObjectScan(text, all).run();
 }

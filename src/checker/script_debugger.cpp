@@ -55,7 +55,7 @@ void ScriptDebugger::recolour()
     colouring.colourForTools();
 }
 
-void ScriptDebugger::mark(const Finding &fault)
+void ScriptDebugger::mark(const Fault &fault)
 {
     const ColourRun red{fault.marked, colours::fault};
     m_surface.SetColours(fault.marked, {&red, 1});
@@ -68,7 +68,7 @@ void ScriptDebugger::checkFinishedLine(TextRange line)
     // The rules read one character after the line and a few before it, never more.
     constexpr Offset around = 8;
     const auto base = std::max<Offset>(line.start - around, 0);
-    const auto text = m_surface.Text({base, std::min(line.end + around, m_surface.Length())});
+    const auto text = m_surface.Text({base, std::min(line.end + around, m_surface.TextLength())});
     const auto number = m_surface.GetLineFromChar(line.start + 1) + 1;
     auto fault = CheckLine(text, {line.start - base, line.end - base}, number);
     if (!fault)

@@ -7,7 +7,7 @@
 
 namespace kevra {
 
-struct Finding;
+struct Fault;
 
 /// Runs the checker on a document and shows the result.
 class ScriptDebugger {
@@ -24,7 +24,7 @@ public:
 
 private:
     void recolour();
-    void mark(const Finding &fault);
+    void mark(const Fault &fault);
 
     EditorSurface &m_surface;
     DocumentState &m_state;

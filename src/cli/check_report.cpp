@@ -28,21 +28,21 @@ std::string jsonString(std::string_view text)
 
 std::string textReport(const CheckedFile &file)
 {
-    if (file.findings.empty())
+    if (file.faults.empty())
         return file.name + ": OK\n";
     std::string out;
-    for (const auto &finding : file.findings)
-        out += file.name + ": " + finding.message + '\n';
+    for (const auto &fault : file.faults)
+        out += file.name + ": " + fault.message + '\n';
     return out;
 }
 
 std::string gccReport(const CheckedFile &file)
 {
     std::string out;
-    for (const auto &finding : file.findings) {
-        // A finding about the whole script is reported at its first line.
-        const auto line = finding.line == 0 ? 1 : finding.line;
-        out += file.name + ':' + std::to_string(line) + ": warning: " + finding.message + '\n';
+    for (const auto &fault : file.faults) {
+        // A fault about the whole script is reported at its first line.
+        const auto line = fault.line == 0 ? 1 : fault.line;
+        out += file.name + ':' + std::to_string(line) + ": warning: " + fault.message + '\n';
     }
     return out;
 }
@@ -53,11 +53,11 @@ std::string jsonReport(const CheckedFile &file)
     std::string out = "{\"file\": " + jsonString(nameAsUtf8(file.name));
     if (!isUtf8(file.name))
         out += ", \"fileBytes\": " + jsonString(percentEncoded(file.name));
-    out += std::string(", \"ok\": ") + (file.findings.empty() ? "true" : "false") + ", \"findings\": [";
-    for (const auto &finding : file.findings) {
-        const auto line = finding.line == 0 ? std::string("null") : std::to_string(finding.line);
-        out += (&finding == &file.findings.front() ? "" : ", ");
-        out += "{\"line\": " + line + ", \"text\": " + jsonString(finding.message) + "}";
+    out += std::string(", \"ok\": ") + (file.faults.empty() ? "true" : "false") + ", \"findings\": [";
+    for (const auto &fault : file.faults) {
+        const auto line = fault.line == 0 ? std::string("null") : std::to_string(fault.line);
+        out += (&fault == &file.faults.front() ? "" : ", ");
+        out += "{\"line\": " + line + ", \"text\": " + jsonString(fault.message) + "}";
     }
     return out += "]}\n";
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The checker's findings in a file, in the formats of the command line.
+// The checker's faults in a file, in the formats of the command line.
 #pragma once
 
-#include "checker/finding.h"
+#include "checker/fault.h"
 
 #include <string>
 #include <string_view>
@@ -14,10 +14,10 @@ enum class CheckFormat { Text, Gcc, Json };
 
 struct CheckedFile {
     std::string name;
-    std::vector<Finding> findings; ///< empty: no faults
+    std::vector<Fault> faults; ///< empty: none
 };
 
-/// One line per finding, with its line break. A file without findings is reported only in text and JSON.
+/// One line per fault, with its line break. A file without faults is reported only in text and JSON.
 [[nodiscard]] std::string checkReport(const CheckedFile &file, CheckFormat format);
 
 } // namespace kevra

@@ -38,7 +38,7 @@ FixedFile fixFile(const std::string &path, std::string_view bytes, std::optional
     if (fixed.text != decoded.text) {
         FileStorePosix files(stateFolder(), {});
         const auto saved = files.write(path, encodeFile(fixed.text, decoded.format, bytes, kind).bytes);
-        if (saved != Saved::Ok)
+        if (saved != WriteOutcome::Ok)
             return {decoded.text, analysis(decoded.text),
                 {"kevra-cli: " + path + ": " + std::string(reason(saved))}, false};
         for (const auto &fix : fixed.applied)

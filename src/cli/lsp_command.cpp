@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class SystemFiles : public lsp::DiskFiles {
+class SystemFiles : public lsp::FileSystem {
 public:
     std::optional<std::string> read(const std::string &path) override
     {

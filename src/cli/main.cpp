@@ -36,7 +36,7 @@ struct CheckOptions {
     CheckFormat format = CheckFormat::Text;
 };
 
-std::vector<Finding> findingsOf(std::string_view text, const CheckOptions &options)
+std::vector<Fault> faultsOf(std::string_view text, const CheckOptions &options)
 {
     if (options.all)
         return checkAll(text, options.ifChecking);
@@ -58,9 +58,9 @@ int runCheck(const CheckOptions &options)
             continue;
         }
         const FileText text(path, bytes->view(), options.encoding);
-        const CheckedFile file{path, findingsOf(text.view(), options)};
+        const CheckedFile file{path, faultsOf(text.view(), options)};
         std::cout << checkReport(file, options.format);
-        if (!file.findings.empty())
+        if (!file.faults.empty())
             exitCode = std::max<int>(exitCode, FindingsReported);
     }
     return exitCode;
@@ -189,7 +189,7 @@ int run(std::vector<std::string> arguments)
     const auto *analyseCommand = addAnalyseCommand(app, analyseOptions);
 
     std::string explainedCode;
-    auto *explainCommand = app.add_subcommand("explain", "Say what a finding's code is about");
+    auto *explainCommand = app.add_subcommand("explain", "Say what a fault's code is about");
     explainCommand->add_option("CODE", explainedCode, "Such as KV1001")->option_text(" ")->required();
 
     auto *lspCommand = app.add_subcommand("lsp", "Serve editors over standard input and output");

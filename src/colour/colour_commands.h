@@ -23,7 +23,7 @@ public:
         m_state.options.colourCoding = true;
         m_state.colourApplies = true;
         m_tools.showOption(Option::ColourCoding, true);
-        if (m_surface.Length() == 0)
+        if (m_surface.TextLength() == 0)
             return;
         const BusySurface busy(m_surface);
         m_colouring.colourForTools();

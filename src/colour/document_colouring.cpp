@@ -11,7 +11,7 @@ namespace {
 
 void leaveAtTop(EditorSurface &surface)
 {
-    surface.FinishLines({0, surface.Length()});
+    surface.FinishLines({0, surface.TextLength()});
     surface.SetSelStart(0);
     surface.SetSelColor(colours::black);
 }
@@ -43,7 +43,7 @@ void DocumentColouring::colourTags()
     const FlagGuard programmatic(m_state.programmaticChange);
     m_surface.SetSelColor(colours::black);
     const auto runs = tagRuns(m_surface.Text(), m_state.options.codeColour);
-    m_surface.SetColours({0, m_surface.Length()}, runs, Ground::AsItIs);
+    m_surface.SetColours({0, m_surface.TextLength()}, runs, Ground::AsItIs);
     finishTags();
 }
 
@@ -65,7 +65,7 @@ void DocumentColouring::ColourText()
 {
     const FlagGuard programmatic(m_state.programmaticChange);
     const auto runs = scriptRuns(m_surface.Text(), m_state.options.codeColour);
-    m_surface.SetColours({0, m_surface.Length()}, runs);
+    m_surface.SetColours({0, m_surface.TextLength()}, runs);
     leaveAtTop(m_surface);
 }
 
@@ -87,7 +87,7 @@ void DocumentColouring::colourForTools()
 void DocumentColouring::removeColours()
 {
     const FlagGuard programmatic(m_state.programmaticChange);
-    m_surface.SetColours({0, m_surface.Length()}, {});
+    m_surface.SetColours({0, m_surface.TextLength()}, {});
     leaveAtTop(m_surface);
 }
 

@@ -156,7 +156,7 @@ private:
         const auto twoIn = characterAfter(characterAfter(0));
         if (piece.start >= twoIn)
             return false;
-        const auto hit = find(m_text, keywords[nextRank].text,
+        const auto hit = findText(m_text, keywords[nextRank].text,
             {piece.start, std::min(piece.end, twoIn + static_cast<Offset>(keywords[nextRank].text.size()))},
             {.words = Word::Whole});
         if (!hit || *hit >= twoIn)

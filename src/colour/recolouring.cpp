@@ -28,11 +28,11 @@ std::optional<TextRange> partToRecolour(const EditorSurface &surface, TextRange 
     const auto start = touched.start < nearStart ? 0 : tagEnd + 1;
     if (start > 0 || from == 0) {
         if (isLong)
-            return TextRange{start, surface.Length()};
+            return TextRange{start, surface.TextLength()};
         const auto next = std::max(touched.end, start == 0 ? 2 * nearStart : 0);
         const auto end = firstOf(surface, ">", next, next + reach);
-        if (end != -1 || next + reach >= surface.Length())
-            return TextRange{start, end == -1 ? surface.Length() : end + 1};
+        if (end != -1 || next + reach >= surface.TextLength())
+            return TextRange{start, end == -1 ? surface.TextLength() : end + 1};
     }
     return std::nullopt;
 }

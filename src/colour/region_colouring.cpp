@@ -21,15 +21,15 @@ TextRange windowFor(const EditorSurface &surface, TextRange region)
     const auto markStart = std::max<Offset>(region.start - 1, 0);
     // The closing mark may be anywhere after it.
     if (surface.Text({markStart, region.end + 1}).find(placeholderOpening) != std::string_view::npos)
-        return {0, surface.Length()};
+        return {0, surface.TextLength()};
     const auto lineEnd = firstOf(surface, "\r", region.end);
-    return {start, lineEnd == -1 ? surface.Length() : lineEnd + 1};
+    return {start, lineEnd == -1 ? surface.TextLength() : lineEnd + 1};
 }
 
 RegionRuns runsOf(const EditorSurface &surface, TextRange region, Colour code)
 {
     const auto window = windowFor(surface, region);
-    const auto text = window.length() == surface.Length() ? surface.Text() : surface.Text(window);
+    const auto text = window.length() == surface.TextLength() ? surface.Text() : surface.Text(window);
     auto result = regionRuns(text, {region.start - window.start, region.end - window.start}, code);
     for (auto &run : result.runs)
         run.range = {run.range.start + window.start, run.range.end + window.start};

@@ -29,11 +29,11 @@ Offset previousCharacter(const EditorSurface &surface, Offset position)
 } // namespace
 
 TypingColouring::TypingColouring(
-    EditedDocument document, MainView &view, std::function<void(TextRange)> checkLine)
+    EditedDocument document, MainView &view, std::function<void(TextRange)> checkFinishedLine)
     : m_surface(document.surface)
     , m_state(document.state)
     , m_view(view)
-    , m_checkLine(std::move(checkLine))
+    , m_checkFinishedLine(std::move(checkFinishedLine))
 {
 }
 
@@ -119,7 +119,7 @@ void TypingColouring::finishLine()
         recolourRegion(m_surface, line, m_state.options.codeColour);
     m_surface.FinishLines({line.start, line.end - 1});
     if (m_state.options.lineDebug && m_state.lineDebugOn)
-        m_checkLine(line);
+        m_checkFinishedLine(line);
     m_view.syncLineNumbers();
 }
 
@@ -148,7 +148,7 @@ void TypingColouring::noteTyped(TextRange typed)
         return;
     const bool splits = m_surface.Text(typed).starts_with('\r');
     const bool atLineEnd = m_surface.GetLineFromChar(typed.end) != m_surface.GetLineFromChar(typed.end + 1)
-        || typed.end == m_surface.Length();
+        || typed.end == m_surface.TextLength();
     if (splits && atLineEnd)
         return;
     if (!splits || m_surface.NextUnfinished({typed.start, typed.start}) != -1)
@@ -159,7 +159,7 @@ void TypingColouring::clicked()
 {
     if (!m_state.scriptTools || !m_state.takesColour())
         return;
-    const TextRange all{0, m_surface.Length()};
+    const TextRange all{0, m_surface.TextLength()};
     for (auto at = m_surface.NextUnfinished(all); at != -1; at = m_surface.NextUnfinished(all)) {
         const auto line = linesOf(m_surface, {at, at});
         recolourRegion(m_surface, line, m_state.options.codeColour);

@@ -14,8 +14,9 @@ namespace kevra {
 
 class TypingColouring : public TypingHandler {
 public:
-    /// `checkLine` receives the line that Return has ended, including its line break.
-    TypingColouring(EditedDocument document, MainView &view, std::function<void(TextRange)> checkLine);
+    /// `checkFinishedLine` receives the line that Return has ended, including its line break.
+    TypingColouring(
+        EditedDocument document, MainView &view, std::function<void(TextRange)> checkFinishedLine);
 
     void keyTyped(char32_t character) override;
     void keyReleased(int key) override;
@@ -35,7 +36,7 @@ private:
     EditorSurface &m_surface;
     DocumentState &m_state;
     MainView &m_view;
-    std::function<void(TextRange)> m_checkLine;
+    std::function<void(TextRange)> m_checkFinishedLine;
     bool m_tagClosed = false; ///< a ">" was the last character typed
 };
 

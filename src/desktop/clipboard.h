@@ -11,7 +11,7 @@ class Clipboard {
 public:
     virtual ~Clipboard() = default;
     /// The clipboard's text with CRLF line breaks; empty when it holds no text.
-    [[nodiscard]] virtual std::string text() const = 0;
+    [[nodiscard]] virtual std::string readText() const = 0;
     virtual void clear() = 0;
     /// Converts CRLF line breaks to line feeds.
     virtual void setText(std::string_view text) = 0;

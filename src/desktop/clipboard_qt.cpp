@@ -9,7 +9,7 @@
 
 namespace kevra {
 
-std::string ClipboardQt::text() const
+std::string ClipboardQt::readText() const
 {
     return toCrLf(QGuiApplication::clipboard()->text().toStdString());
 }

@@ -7,7 +7,7 @@ namespace kevra {
 
 class ClipboardQt : public Clipboard {
 public:
-    [[nodiscard]] std::string text() const override;
+    [[nodiscard]] std::string readText() const override;
     void clear() override;
     void setText(std::string_view text) override;
 };

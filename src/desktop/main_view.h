@@ -19,7 +19,7 @@ public:
     /// Scrolls the line-number column to the document's first visible line.
     virtual void syncLineNumbers() = 0;
     /// Shows a command's outcome in the status line until the text changes.
-    virtual void tell(std::string_view text) = 0;
+    virtual void showNote(std::string_view text) = 0;
     /// Updates the encoding, line ends and saved state that are shown.
     virtual void refreshDocumentStatus() = 0;
 };

@@ -23,7 +23,7 @@ enum class Option {
 inline constexpr std::size_t optionCount = 10;
 
 /// One flag per option.
-class OptionSwitches {
+class OptionFlags {
 public:
     [[nodiscard]] constexpr bool &operator[](Option option) { return m_on[static_cast<std::size_t>(option)]; }
     [[nodiscard]] constexpr bool operator[](Option option) const

@@ -83,12 +83,12 @@ void DiskChanges::reload()
     const auto caret = m_ports.document.surface.SelStart();
     const auto line = m_ports.document.surface.FirstVisibleLine();
     if (!m_opening.reload())
-        return m_ports.main.tell("Not reloaded: " + m_ports.document.file.path() + " cannot be read.");
-    m_ports.document.surface.SetSelStart(std::min(caret, m_ports.document.surface.Length()));
+        return m_ports.main.showNote("Not reloaded: " + m_ports.document.file.path() + " cannot be read.");
+    m_ports.document.surface.SetSelStart(std::min(caret, m_ports.document.surface.TextLength()));
     m_ports.document.surface.SetFirstVisibleLine(line);
     show(DiskBar::None);
     m_ports.main.setInformation("");
-    m_ports.main.tell("Reloaded from the disk.");
+    m_ports.main.showNote("Reloaded from the disk.");
 }
 
 void DiskChanges::keepMine()
@@ -104,7 +104,7 @@ void DiskChanges::compare()
     const auto &file = m_ports.document.file;
     const auto bytes = m_bar == DiskBar::Replaced ? file.replacedContent() : m_ports.files.read(file.path());
     if (!bytes)
-        return m_ports.main.tell("Not compared: " + file.path() + " cannot be read.");
+        return m_ports.main.showNote("Not compared: " + file.path() + " cannot be read.");
     m_view.showComparison(
         {m_bar == DiskBar::Replaced ? "Kept version of the other program" : "On the disk: " + file.path(),
             file.decodedAs(*bytes), "In the window", std::string(m_ports.document.surface.Text())});
@@ -116,8 +116,9 @@ void DiskChanges::putBack()
     if (!file.replacedContent())
         return;
     const auto saved = file.putBack();
-    if (saved != Saved::Ok)
-        return m_ports.main.tell("Not put back: " + file.path() + ": " + std::string(reason(saved)) + '.');
+    if (saved != WriteOutcome::Ok)
+        return m_ports.main.showNote(
+            "Not put back: " + file.path() + ": " + std::string(reason(saved)) + '.');
     // The window has the only copy of its text again.
     m_ports.document.state.unsaved = true;
     m_ports.document.keeper.fileLost();

@@ -42,19 +42,18 @@ void DocumentFile::startNew(const TextFormat &format)
     adopt({}, {}, format, {}, std::nullopt);
 }
 
-Saved DocumentFile::save(std::string_view text, const std::string &path, Existing existing)
+WriteOutcome DocumentFile::save(std::string_view text, const std::string &path, ReadOnlyFiles readOnly)
 {
     auto file = encoded(text, path, false);
     auto foreign = keepForeignContent(path);
-    const auto saved
-        = m_files.save(path, file.bytes, existing == Existing::Replace, [&](std::string_view content) {
-              // Skip content that is ours or already kept.
-              if (isOriginal(content) || content == foreign)
-                  return;
-              std::ignore = m_backups.keep(path, content); // the save goes on in any case
-              foreign = content;
-          });
-    if (saved != Saved::Ok)
+    const auto saved = m_files.writeDocument(path, file.bytes, readOnly, [&](std::string_view content) {
+        // Skip content that is ours or already kept.
+        if (isOriginal(content) || content == foreign)
+            return;
+        std::ignore = m_backups.keep(path, content); // the save goes on in any case
+        foreign = content;
+    });
+    if (saved != WriteOutcome::Ok)
         return saved;
     m_replaced = path == m_path ? std::move(foreign) : std::nullopt;
     // Another program may have written after our rename; then the stamp is not that of our content.
@@ -97,14 +96,15 @@ bool DocumentFile::wasReadOrWrittenAs(std::string_view text) const
     return mayHold(text.size()) && fingerprint(text) == m_textFingerprint;
 }
 
-Saved DocumentFile::putBack()
+WriteOutcome DocumentFile::putBack()
 {
     const auto theirs = std::exchange(m_replaced, std::nullopt);
-    const auto saved = m_files.save(m_path, theirs.value_or(""), false, [&](std::string_view content) {
-        if (!isOriginal(content))
-            std::ignore = m_backups.keep(m_path, content); // the user asked for the other version
-    });
-    if (saved == Saved::Ok)
+    const auto saved = m_files.writeDocument(
+        m_path, theirs.value_or(""), ReadOnlyFiles::Refuse, [&](std::string_view content) {
+            if (!isOriginal(content))
+                std::ignore = m_backups.keep(m_path, content); // the user asked for the other version
+        });
+    if (saved == WriteOutcome::Ok)
         m_onDisk = false;
     else
         m_replaced = theirs;

@@ -18,7 +18,6 @@
 namespace kevra {
 
 enum class DiskState { Unchanged, Changed, Gone };
-enum class Existing { KeepReadOnly, Replace }; ///< whether a save may replace a read-only file
 
 struct OpenedFile {
     std::string path;
@@ -41,7 +40,7 @@ public:
 
     /// Writes the text to `path`, which becomes the document's file on success. Content there that this
     /// program neither read nor wrote is backed up first.
-    [[nodiscard]] Saved save(std::string_view text, const std::string &path, Existing existing);
+    [[nodiscard]] WriteOutcome save(std::string_view text, const std::string &path, ReadOnlyFiles readOnly);
     /// The bytes that a save to `path` would write. An empty path means new work, which is a script if
     /// `script`.
     [[nodiscard]] EncodedFile encoded(std::string_view text, std::string_view path, bool script) const;
@@ -67,7 +66,7 @@ public:
     [[nodiscard]] const std::optional<std::string> &replacedContent() const { return m_replaced; }
     void forgetReplaced() { m_replaced.reset(); }
     /// Writes them back; the document's text is then in no file.
-    [[nodiscard]] Saved putBack();
+    [[nodiscard]] WriteOutcome putBack();
     /// Decodes bytes as opening this file would.
     [[nodiscard]] std::string decodedAs(std::string_view bytes) const;
     /// The format of the next save, if it can encode the text.

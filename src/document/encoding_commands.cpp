@@ -51,7 +51,8 @@ TextKind EncodingCommands::kind() const
 
 std::string_view EncodingCommands::head() const
 {
-    return m_ports.document.surface.Text({0, std::min(declarationBytes, m_ports.document.surface.Length())});
+    return m_ports.document.surface.Text(
+        {0, std::min(declarationBytes, m_ports.document.surface.TextLength())});
 }
 
 TextFormat EncodingCommands::target() const

@@ -9,7 +9,7 @@ FileStatus fileStatus(const DocumentParts &document, EncodingCommands &encoding,
     const auto &[surface, state, file, keeper] = document;
     // A text under review is in no file, and a file that another program has changed does not hold the text.
     const bool saved = !offer.reviewing() && !notice.isCurrent()
-        && file.mayHold(static_cast<std::size_t>(surface.Length())) && file.holds(surface.Text());
+        && file.mayHold(static_cast<std::size_t>(surface.TextLength())) && file.holds(surface.Text());
     return {encoding.status(), saved, encoding.canReopen() && !offer.reviewing()};
 }
 

@@ -13,6 +13,9 @@ namespace kevra {
 
 struct FileFilter;
 
+/// The page that a preview of a text writes beside its file, or into the folder for unsaved work.
+inline constexpr auto previewPageName = "kevratemp.html";
+
 enum class TypeGroup { WebPage, Script, ScriptLike, Plain };
 
 struct FileType {

@@ -12,7 +12,7 @@ constexpr auto cannotBeKept
 
 bool mayLeaveText(TextKeeper &keeper, Messages &messages, const std::function<bool()> &saveAs)
 {
-    while (!keeper.documentReplaced()) {
+    while (!keeper.keepForNextStart()) {
         switch (messages.show({cannotBeKept, Icon::Critical, Buttons::YesNoCancel})) {
         case Answer::Yes:
             saveAs();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "document/misfit_watch.h"
 
-#include "encoding/charset.h"
+#include "encoding/transcoding.h"
 
 namespace kevra {
 
@@ -44,7 +44,7 @@ std::string MisfitWatch::misfit()
 {
     if (!m_known) {
         m_character.clear();
-        scan({0, m_surface.Length()});
+        scan({0, m_surface.TextLength()});
         m_known = true;
     }
     return m_character;

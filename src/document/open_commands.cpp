@@ -64,6 +64,8 @@ void OpenCommands::openWithDialog()
 
 void OpenCommands::openDropped(const std::string &path)
 {
+    if (m_takesDropped(path))
+        return;
     m_beforeOpening();
     if (!path.empty())
         openChosen(path, askAboutText());
@@ -114,7 +116,7 @@ void OpenCommands::startWithTemplate(const std::string &templatePath)
 
 OpenCommands::OldText OpenCommands::askAboutText()
 {
-    if (m_ports.document.surface.Length() == 0 || !m_ports.document.state.unsaved)
+    if (m_ports.document.surface.TextLength() == 0 || !m_ports.document.state.unsaved)
         return OldText::Keep;
     if (!m_ports.messages.yes("Save the current text?"))
         return OldText::GiveUp;
@@ -263,7 +265,7 @@ void OpenCommands::colour(TypeGroup group, PendingPaint paint)
         else
             m_colouring.ColourText(std::move(paint));
     } catch (const std::bad_alloc &) {
-        m_ports.main.tell("Not colored: there is not enough memory.");
+        m_ports.main.showNote("Not colored: there is not enough memory.");
     }
 }
 

@@ -21,10 +21,16 @@ public:
     /// `step` runs before a command of the user's that shows another document.
     void beforeOpening(std::function<void()> step) { m_beforeOpening = std::move(step); }
 
+    /// `takes` is offered a dropped file before it is opened as a document; true if it was taken.
+    void offerDroppedTo(std::function<bool(const std::string &path)> takes)
+    {
+        m_takesDropped = std::move(takes);
+    }
+
     /// The whole argument is one path.
     void openFromCommandLine(const std::string &commandLine);
     void openWithDialog();
-    /// As openWithDialog() does with the chosen path.
+    /// As openWithDialog() does with the chosen path, unless something else takes the file.
     void openDropped(const std::string &path);
     /// The same for a file of any type from one of the program's own lists.
     void openListed(const std::string &path);
@@ -71,6 +77,7 @@ private:
     SaveCommands &m_saving;
     DocumentColouring &m_colouring;
     std::function<void()> m_beforeOpening = [] {};
+    std::function<bool(const std::string &)> m_takesDropped = [](const std::string &) { return false; };
 };
 
 } // namespace kevra

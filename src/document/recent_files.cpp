@@ -28,7 +28,7 @@ std::vector<std::string> RecentFiles::paths() const
     return found;
 }
 
-std::vector<std::string> RecentFiles::existing(const FileStore &files) const
+std::vector<std::string> RecentFiles::existing(const FileReader &files) const
 {
     auto found = paths();
     std::erase_if(found, [&](const std::string &path) { return !files.fileExists(path); });

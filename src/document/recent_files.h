@@ -22,7 +22,7 @@ public:
     /// As stored; some may no longer exist.
     [[nodiscard]] std::vector<std::string> paths() const;
     /// Without those that no longer exist.
-    [[nodiscard]] std::vector<std::string> existing(const FileStore &files) const;
+    [[nodiscard]] std::vector<std::string> existing(const FileReader &files) const;
     /// Moves an absolute path to the front.
     void add(const std::string &path);
     void forgetAll();

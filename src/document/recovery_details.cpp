@@ -66,9 +66,10 @@ RecoveryRow recoveryRow(const RecoveryRecord &text)
         beginningOf(decodeFile(text.bytes, text.format), {listedLines, listedWidth, ""})};
 }
 
-std::string recordNotice(Saved outcome)
+std::string recordNotice(WriteOutcome outcome)
 {
-    return outcome == Saved::Ok ? "" : "Unsaved text cannot be kept: " + std::string(reason(outcome)) + ".";
+    return outcome == WriteOutcome::Ok ? ""
+                                       : "Unsaved text cannot be kept: " + std::string(reason(outcome)) + ".";
 }
 
 std::string passedOverNotice(std::span<const std::string> files)

@@ -12,8 +12,9 @@ namespace kevra {
 /// Details for the question about a recovered text: its file, time, size and first lines.
 [[nodiscard]] std::string recoveryDetails(const RecoveryRecord &text);
 /// What a bar says while the unsaved text is in no record; empty when it is in one.
-[[nodiscard]] std::string recordNotice(Saved outcome);
-/// What a bar says of files in the places for records that are none and were left alone; empty without any.
+[[nodiscard]] std::string recordNotice(WriteOutcome outcome);
+/// What a bar says of `files`, which lie where records or settings belong but are no regular files, and were
+/// left alone. Empty when there are none.
 [[nodiscard]] std::string passedOverNotice(std::span<const std::string> files);
 
 } // namespace kevra

@@ -28,10 +28,10 @@ void RecoveryJournal::textChanged()
 void RecoveryJournal::writeDown()
 {
     // Emptying the text keeps its record: that is the last text the user had.
-    if (!m_changed || m_paused || m_surface.Length() == 0)
+    if (!m_changed || m_paused || m_surface.TextLength() == 0)
         return;
     m_changed = false;
-    if (m_file.mayHold(static_cast<std::size_t>(m_surface.Length())) && m_file.holds(m_surface.Text()))
+    if (m_file.mayHold(static_cast<std::size_t>(m_surface.TextLength())) && m_file.holds(m_surface.Text()))
         return forget();
     try {
         m_store.writeRecord(snapshot());
@@ -44,13 +44,13 @@ void RecoveryJournal::writeDown()
 void RecoveryJournal::writeDownAtCrash()
 {
     // Also when a record is being written: that thread may never finish.
-    if ((m_changed || m_recorded) && !m_paused && m_surface.Length() > 0)
+    if ((m_changed || m_recorded) && !m_paused && m_surface.TextLength() > 0)
         m_store.writeCrashRecord(snapshot());
 }
 
 void RecoveryJournal::autosave()
 {
-    if (!m_application.autosaveOn || !m_changedSinceAutosave || m_paused || m_surface.Length() == 0)
+    if (!m_application.autosaveOn || !m_changedSinceAutosave || m_paused || m_surface.TextLength() == 0)
         return;
     m_changedSinceAutosave = false;
     m_store.writeAutosave(snapshot());
@@ -74,7 +74,7 @@ void RecoveryJournal::fileLost()
 void RecoveryJournal::textGivenUp()
 {
     // It can be restored for a time from File, Versions.
-    if (!m_paused && !m_givenUp && m_surface.Length() > 0 && !m_file.holds(m_surface.Text()))
+    if (!m_paused && !m_givenUp && m_surface.TextLength() > 0 && !m_file.holds(m_surface.Text()))
         std::ignore = m_backups.keep(m_file.path().empty() ? "untitled.txt" : m_file.path(),
             fileBytes(snapshot()), KeptReason::GivenUp);
     m_changed = false;
@@ -82,13 +82,13 @@ void RecoveryJournal::textGivenUp()
     forget();
 }
 
-bool RecoveryJournal::documentReplaced()
+bool RecoveryJournal::keepForNextStart()
 {
     if (m_paused || m_givenUp)
         return true;
     writeDown();
     // An empty text does not have to be saved first.
-    if (m_recorded && !m_store.setRecordAside() && m_surface.Length() > 0)
+    if (m_recorded && !m_store.setRecordAside() && m_surface.TextLength() > 0)
         return false;
     m_changed = false;
     m_recorded = false;

@@ -33,7 +33,7 @@ public:
     void textSaved() override;
     void textGivenUp() override;
     void fileLost() override;
-    [[nodiscard]] bool documentReplaced() override;
+    [[nodiscard]] bool keepForNextStart() override;
 
 private:
     [[nodiscard]] TextSnapshot snapshot() const;

@@ -132,7 +132,7 @@ bool RecoveryOffer::review(const std::string &text, const RecoveryRecord &record
     auto &state = m_ports.document.state;
     if (!mayLeaveText(m_ports.document.keeper, m_ports.messages, [this] { return m_saving.saveAs(); }))
         return false;
-    m_pathBefore = m_ports.document.surface.Length() > 0 ? state.currentPath : std::string();
+    m_pathBefore = m_ports.document.surface.TextLength() > 0 ? state.currentPath : std::string();
     m_reviewed = text;
     m_proposed = record.path;
     m_journal.setPaused(true);

@@ -8,9 +8,6 @@
 #include <utility>
 
 namespace kevra {
-namespace {
-constexpr auto previewName = "kevratemp.html";
-}
 
 SaveCommands::SaveCommands(FileCommandPorts ports)
     : m_ports(ports)
@@ -19,7 +16,7 @@ SaveCommands::SaveCommands(FileCommandPorts ports)
 
 bool SaveCommands::nothingToSave()
 {
-    if (m_ports.document.surface.Length() > 0)
+    if (m_ports.document.surface.TextLength() > 0)
         return false;
     m_ports.messages.stop("Save what!");
     return true;
@@ -31,7 +28,7 @@ void SaveCommands::save()
         return;
     // Opening may leave a refused path here, whose file this document must not replace.
     if (m_ports.document.file.owns(m_ports.document.state.currentPath))
-        std::ignore = write(m_ports.document.state.currentPath, Existing::KeepReadOnly); // reports failures
+        std::ignore = write(m_ports.document.state.currentPath, ReadOnlyFiles::Refuse); // reports failures
     else
         saveAs();
 }
@@ -50,7 +47,7 @@ bool SaveCommands::saveAs()
 bool SaveCommands::saveAs(const std::string &title, const std::string &proposed)
 {
     const auto path = chooseTarget(title, proposed);
-    if (!path || !write(*path, Existing::Replace))
+    if (!path || !write(*path, ReadOnlyFiles::Replace))
         return false;
     m_ports.document.state.currentPath = *path;
     m_ports.main.setTitlePath(*path);
@@ -66,7 +63,7 @@ bool SaveCommands::saveBytesAs(const std::string &title, const std::string &prop
         return false;
     if (const auto existing = m_ports.files.read(*path); existing && existing != bytes)
         std::ignore = m_ports.backups.keep(*path, *existing); // the user agreed to replace it
-    return succeeded(m_ports.files.replace(*path, bytes), *path);
+    return succeeded(m_ports.files.writeDocument(*path, bytes, ReadOnlyFiles::Replace, {}), *path);
 }
 
 std::optional<std::string> SaveCommands::chooseTarget(const std::string &title, const std::string &proposed)
@@ -98,11 +95,11 @@ void SaveCommands::reportTornWrite(const std::string &path)
         saveAs();
 }
 
-bool SaveCommands::write(const std::string &path, Existing existing)
+bool SaveCommands::write(const std::string &path, ReadOnlyFiles readOnly)
 {
     const FlagGuard busy(m_ports.document.state.busyLoadingOrSaving);
-    const auto saved = m_ports.document.file.save(m_ports.document.surface.Text(), path, existing);
-    if (saved == Saved::Torn)
+    const auto saved = m_ports.document.file.save(m_ports.document.surface.Text(), path, readOnly);
+    if (saved == WriteOutcome::Torn)
         reportTornWrite(path);
     if (!succeeded(saved, path))
         return false;
@@ -112,20 +109,20 @@ bool SaveCommands::write(const std::string &path, Existing existing)
     return true;
 }
 
-bool SaveCommands::succeeded(Saved saved, const std::string &path)
+bool SaveCommands::succeeded(WriteOutcome saved, const std::string &path)
 {
     const std::string folder(parentFolder(path));
-    const bool lost = saved != Saved::Ok && !folder.empty() && !m_ports.files.folderExists(folder);
+    const bool lost = saved != WriteOutcome::Ok && !folder.empty() && !m_ports.files.folderExists(folder);
     const auto why = std::string(lost ? "its folder does not exist" : reason(saved));
-    m_ports.main.tell(saved == Saved::Ok ? "" : "Not saved: " + path + ": " + why + '.');
-    return saved == Saved::Ok;
+    m_ports.main.showNote(saved == WriteOutcome::Ok ? "" : "Not saved: " + path + ": " + why + '.');
+    return saved == WriteOutcome::Ok;
 }
 
 void SaveCommands::removeStaleFiles()
 {
-    m_removePage();
+    m_removePreviewPage();
     if (const auto &folder = m_ports.application.tempFolder; !folder.empty())
-        removeForeignPage(folder + '/' + previewName);
+        removeForeignPage(folder + '/' + previewPageName);
     m_removeAutosave();
 }
 

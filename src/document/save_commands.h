@@ -25,22 +25,22 @@ public:
     bool saveBytesAs(const std::string &title, const std::string &path, std::string_view bytes);
 
     /// Set how the preview page and the autosave file of this run are removed.
-    void onPageStale(std::function<void()> remove) { m_removePage = std::move(remove); }
+    void onPreviewPageStale(std::function<void()> remove) { m_removePreviewPage = std::move(remove); }
     void onAutosaveStale(std::function<void()> remove) { m_removeAutosave = std::move(remove); }
 
 private:
     [[nodiscard]] bool nothingToSave();
     [[nodiscard]] std::optional<std::string> chooseTarget(const std::string &title, const std::string &path);
-    [[nodiscard]] bool write(const std::string &path, Existing existing);
+    [[nodiscard]] bool write(const std::string &path, ReadOnlyFiles readOnly);
     /// Shows a failure in the status line.
-    [[nodiscard]] bool succeeded(Saved saved, const std::string &path);
+    [[nodiscard]] bool succeeded(WriteOutcome saved, const std::string &path);
     void reportTornWrite(const std::string &path);
     void removeStaleFiles();
     void removeForeignPage(const std::string &path);
 
     FileCommandPorts m_ports;
     int m_filterIndex = 1;
-    std::function<void()> m_removePage = [] {};
+    std::function<void()> m_removePreviewPage = [] {};
     std::function<void()> m_removeAutosave = [] {};
 };
 

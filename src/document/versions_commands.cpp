@@ -63,12 +63,12 @@ bool VersionsCommands::restore(const VersionRow &row)
     const auto text = textOf(row);
     if (!text)
         return false;
-    m_ports.document.surface.Replace({0, m_ports.document.surface.Length()}, *text);
+    m_ports.document.surface.Replace({0, m_ports.document.surface.TextLength()}, *text);
     m_ports.document.surface.SetSelStart(0);
     if (m_ports.document.state.takesColour())
         m_colouring.colourForTools();
     m_ports.document.state.unsaved = true;
-    m_ports.main.tell("Restored; Undo takes it back.");
+    m_ports.main.showNote("Restored; Undo takes it back.");
     return true;
 }
 

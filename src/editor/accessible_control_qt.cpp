@@ -71,7 +71,7 @@ void AccessibleControl::countCharacters() const
 int AccessibleControl::offsetOf(Offset position) const
 {
     countCharacters();
-    const auto place = m_control.breaks().toControl(std::clamp<Offset>(position, 0, m_control.Length()));
+    const auto place = m_control.breaks().toControl(std::clamp<Offset>(position, 0, m_control.TextLength()));
     const auto line = m_control.SendScintilla(Sci::SCI_LINEFROMPOSITION, static_cast<long>(place));
     const auto start = m_control.SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
     return lineOffset(line)
@@ -112,7 +112,7 @@ Offset AccessibleControl::positionOf(int offset) const
     const auto place = m_control.SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS,
         static_cast<unsigned long>(start), static_cast<long>(offset - lineOffset(line)));
     // Scintilla returns 0 past the end of the text.
-    return offset >= characterCount() ? m_control.Length() : m_control.breaks().toText(place);
+    return offset >= characterCount() ? m_control.TextLength() : m_control.breaks().toText(place);
 }
 
 void AccessibleControl::selection(int index, int *start, int *end) const
@@ -226,7 +226,7 @@ AccessibleControl::OffsetRange AccessibleControl::rangeAround(
 
 int AccessibleControl::characterCount() const
 {
-    return offsetOf(m_control.Length());
+    return offsetOf(m_control.TextLength());
 }
 
 QRect AccessibleControl::characterRect(int offset) const
@@ -258,7 +258,7 @@ QString AccessibleControl::attributes(int offset, int *start, int *end) const
     const auto position = positionOf(offset);
     const auto colour = m_control.ColourAt(position);
     const auto line = ControlLayout(m_control).partAround(position);
-    TextRange same{position, std::min(position + 1, m_control.Length())};
+    TextRange same{position, std::min(position + 1, m_control.TextLength())};
     while (same.start > line.start && m_control.ColourAt(same.start - 1) == colour)
         --same.start;
     while (same.end < line.end && m_control.ColourAt(same.end) == colour)

@@ -71,9 +71,9 @@ void copyText(const EditorControl &control, std::string &copy)
 {
     const auto gap = control.breaks().toText(control.SendScintilla(Sci::SCI_GETGAPPOSITION));
     copy.clear();
-    copy.reserve(static_cast<std::size_t>(control.Length()));
+    copy.reserve(static_cast<std::size_t>(control.TextLength()));
     copy.append(control.Text({0, gap}));
-    copy.append(control.Text({gap, control.Length()}));
+    copy.append(control.Text({gap, control.TextLength()}));
 }
 
 } // namespace kevra

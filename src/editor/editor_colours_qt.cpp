@@ -45,7 +45,7 @@ void EditorControl::connectPainting()
 
 Colour EditorControl::ColourAt(Offset position) const
 {
-    if (position < 0 || position >= Length())
+    if (position < 0 || position >= TextLength())
         return colours::black;
     const auto style = static_cast<unsigned char>(position < m_unpainted.start()
             ? send(SCI_GETSTYLEAT, m_breaks.toControl(position))
@@ -61,7 +61,7 @@ void EditorControl::SetColours(TextRange range, std::span<const ColourRun> runs,
     std::ranges::transform(runs, runStyles.begin(),
         [this](const ColourRun &run) { return static_cast<char>(styleOf(run.colour)); });
     const bool onBlack = ground == Ground::Black || m_allBlack;
-    const bool later = onBlack && whole.end == Length() && whole.length() > paintedLater;
+    const bool later = onBlack && whole.end == TextLength() && whole.length() > paintedLater;
     paintUpTo(later ? whole.start : whole.end);
     auto styles = onBlack ? std::string(static_cast<std::size_t>(whole.length()), '\0') : stylesIn(whole);
     layRuns(styles, whole, runs, runStyles);
@@ -77,7 +77,7 @@ void EditorControl::SetPaint(Paint paint)
     m_styleColours = std::move(paint.palette);
     for (std::size_t style = 1; style < m_styleColours.size(); ++style)
         send(SCI_STYLESETFORE, static_cast<Offset>(style), m_styleColours[style].value);
-    if (Length() <= paintedLater)
+    if (TextLength() <= paintedLater)
         setStyles(0, paint.indices);
     else
         paintLater(0, std::move(paint.indices));
@@ -94,10 +94,10 @@ void EditorControl::paintLater(Offset start, std::string styles)
 void EditorControl::paintUpTo(Offset end)
 {
     settle();
-    const auto last = std::min(end, Length());
+    const auto last = std::min(end, TextLength());
     while (const auto next = m_unpainted.takeNext(last))
         setStyles(next->start, next->styles);
-    if (m_unpainted.start() >= Length()) {
+    if (m_unpainted.start() >= TextLength()) {
         m_unpainted.clear();
         m_paintRest.stop();
     }
@@ -105,14 +105,14 @@ void EditorControl::paintUpTo(Offset end)
 
 void EditorControl::paintAll()
 {
-    paintUpTo(Length());
+    paintUpTo(TextLength());
 }
 
 void EditorControl::paintShown()
 {
     const auto shown = ControlLayout(*this).textInView();
     const TextRange seen{
-        std::max(shown.start, m_unpainted.start()), std::min(shown.end + paintedAhead, Length())};
+        std::max(shown.start, m_unpainted.start()), std::min(shown.end + paintedAhead, TextLength())};
     if (!m_unpainted.isFarBelow(seen))
         return paintUpTo(seen.end);
     setStyles(seen.start, m_unpainted.styles(seen)); // painted again with the rest

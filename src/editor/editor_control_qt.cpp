@@ -115,16 +115,16 @@ std::intptr_t EditorControl::sendBytes(unsigned message, Offset first, const cha
 
 TextRange EditorControl::inside(TextRange range) const
 {
-    const auto start = std::clamp<Offset>(range.start, 0, Length());
-    return {start, std::clamp(range.end, start, Length())};
+    const auto start = std::clamp<Offset>(range.start, 0, TextLength());
+    return {start, std::clamp(range.end, start, TextLength())};
 }
 
 std::string_view EditorControl::Text() const
 {
     if (!m_breaks.empty())
         return textWithoutBreaks();
-    return {
-        reinterpret_cast<const char *>(send(SCI_GETCHARACTERPOINTER)), static_cast<std::size_t>(Length())};
+    return {reinterpret_cast<const char *>(send(SCI_GETCHARACTERPOINTER)),
+        static_cast<std::size_t>(TextLength())};
 }
 
 void EditorControl::reserve(Offset size)
@@ -239,7 +239,7 @@ AnchorAndCaret EditorControl::anchorAndCaret() const
 void EditorControl::stylesAreUpToDate()
 {
     // Inserted text already has its colour, so Scintilla need not request styles for the text after it.
-    send(SCI_STARTSTYLING, m_breaks.toControl(std::min(Length(), m_unpainted.start())));
+    send(SCI_STARTSTYLING, m_breaks.toControl(std::min(TextLength(), m_unpainted.start())));
 }
 
 void EditorControl::SetFont(const EditorFont &font)
@@ -293,7 +293,7 @@ Offset EditorControl::NextUnfinished(TextRange range) const
 
 Offset EditorControl::GetLineFromChar(Offset position) const
 {
-    const auto place = m_breaks.toControl(std::clamp<Offset>(position, 0, Length()));
+    const auto place = m_breaks.toControl(std::clamp<Offset>(position, 0, TextLength()));
     return send(SCI_LINEFROMPOSITION, place) - m_breaks.countBefore(place);
 }
 

@@ -30,7 +30,7 @@ public:
 
     [[nodiscard]] std::string_view Text() const override;
     [[nodiscard]] std::string_view Text(TextRange range) const override;
-    [[nodiscard]] Offset Length() const override;
+    [[nodiscard]] Offset TextLength() const override;
     void LoadText(std::string_view text) override;
     void Replace(TextRange range, std::string_view text) override;
     [[nodiscard]] TextRange Selection() const override;

@@ -86,7 +86,7 @@ void EditorControl::insertAsUser(TextRange range, const QMimeData *source, EditK
 
 void EditorControl::selectAll()
 {
-    Select({0, Length()});
+    Select({0, TextLength()});
 }
 
 void EditorControl::replaceAsUser(TextRange range, std::string_view text)
@@ -139,7 +139,7 @@ void EditorControl::indentLines()
             send(SCI_SETLINEINDENTATION, place, send(SCI_GETLINEINDENTATION, place) + by);
     }
     const auto start = lineRange(first).start;
-    const auto end = last + 1 < lineCount() ? lineRange(last + 1).start : Length();
+    const auto end = last + 1 < lineCount() ? lineRange(last + 1).start : TextLength();
     send(SCI_SETSEL, m_breaks.toControl(forward ? start : end), m_breaks.toControl(forward ? end : start));
 }
 
@@ -251,7 +251,7 @@ void EditorControl::dropEvent(QDropEvent *event)
     dragLeaveEvent(nullptr);
     const EditScope scope(*this, EditKind::Drop);
     auto position = ControlLayout(*this).positionAt(event->position().toPoint());
-    const auto length = Length();
+    const auto length = TextLength();
     send(SCI_BEGINUNDOACTION);
     const auto dragged = Selection();
     const bool moved = event->source() == this && event->dropAction() == Qt::MoveAction;
@@ -264,7 +264,7 @@ void EditorControl::dropEvent(QDropEvent *event)
     const auto before = moved ? length - dragged.length() : length;
     Replace({position, position}, text);
     send(SCI_ENDUNDOACTION);
-    Select({position, position + Length() - before});
+    Select({position, position + TextLength() - before});
     // Typing continues here, and undo acts on this control.
     activateWindow();
     setFocus(Qt::OtherFocusReason);

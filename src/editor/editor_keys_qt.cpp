@@ -189,7 +189,7 @@ void EditorControl::deleteByKey(QKeyEvent &event)
 {
     {
         const EditScope scope(*this, EditKind::Delete);
-        const auto length = Length();
+        const auto length = TextLength();
         if (const auto stroke = deletingStroke(event)) {
             beginStroke(*stroke, event.timestamp());
             if (!m_breaks.empty())
@@ -214,7 +214,7 @@ void EditorControl::deleteByKey(QKeyEvent &event)
 void EditorControl::updateBreaksAfterKey(Offset lengthBefore)
 {
     settle();
-    if (Length() != lengthBefore) // otherwise there is nothing to undo
+    if (TextLength() != lengthBefore) // otherwise there is nothing to undo
         updateBreaksAt(SelStart());
 }
 

@@ -46,14 +46,14 @@ std::string_view EditorControl::textWithoutBreaks() const
 {
     if (!std::exchange(m_wholeKnown, true)) {
         m_whole.clear();
-        m_whole.reserve(static_cast<std::size_t>(Length()));
-        m_breaks.eachPiece({0, Length()},
+        m_whole.reserve(static_cast<std::size_t>(TextLength()));
+        m_breaks.eachPiece({0, TextLength()},
             [&](TextRange piece, Offset start) { m_whole += bytesInControl(start, piece.length()); });
     }
     return m_whole;
 }
 
-Offset EditorControl::Length() const
+Offset EditorControl::TextLength() const
 {
     return controlLength() - SoftBreaks::markLength * m_breaks.count();
 }
@@ -105,7 +105,7 @@ void EditorControl::updateBreaksAt(Offset position)
     auto here = m_breaks.countAt(position);
     if (here == 0)
         return;
-    const bool atLineEnd = position == 0 || position == Length() || Text({position - 1, position}) == "\n"
+    const bool atLineEnd = position == 0 || position == TextLength() || Text({position - 1, position}) == "\n"
         || Text({position, position + 1}) == "\r";
     for (; here > (atLineEnd ? 0 : 1); --here)
         send(SCI_DELETERANGE, m_breaks.toControlBefore(position), SoftBreaks::markLength);

@@ -186,7 +186,7 @@ std::optional<LineEdit> movedLines(const EditorSurface &surface, AnchorAndCaret 
 {
     const auto lines = selectedLines(surface, selection);
     const bool up = direction == Move::Up;
-    if (up ? lines.start == 0 : lines.end == surface.Length())
+    if (up ? lines.start == 0 : lines.end == surface.TextLength())
         return std::nullopt;
     const auto beside = up ? lines.start - breakLength : lines.end + breakLength;
     const auto other = linesOf(surface, {beside, beside});
@@ -197,7 +197,7 @@ std::optional<LineEdit> movedLines(const EditorSurface &surface, AnchorAndCaret 
     const auto by = other.length() + breakLength;
     const auto shift = up ? -by : by;
     // A selection of whole lines may end after the last line of the text.
-    const auto moved = [&](Offset place) { return std::min(place + shift, surface.Length()); };
+    const auto moved = [&](Offset place) { return std::min(place + shift, surface.TextLength()); };
     return LineEdit{both, std::move(text), {moved(selection.anchor), moved(selection.caret)}};
 }
 
@@ -213,7 +213,7 @@ std::optional<LineEdit> duplicatedLines(const EditorSurface &surface, AnchorAndC
 std::optional<LineEdit> deletedLines(const EditorSurface &surface, AnchorAndCaret selection)
 {
     auto lines = selectedLines(surface, selection);
-    const bool last = lines.end == surface.Length();
+    const bool last = lines.end == surface.TextLength();
     if (!last)
         lines.end += breakLength;
     else if (lines.start > 0)

@@ -43,7 +43,7 @@ bool MarksInView::eventFilter(QObject *watched, QEvent *event)
 
 void MarksInView::clear()
 {
-    const auto length = static_cast<long>(m_control.breaks().toControl(m_control.Length()));
+    const auto length = static_cast<long>(m_control.breaks().toControl(m_control.TextLength()));
     for (const auto indicator : m_indicators) {
         m_control.SendScintilla(Sci::SCI_SETINDICATORCURRENT, indicator);
         m_control.SendScintilla(Sci::SCI_INDICATORCLEARRANGE, 0UL, length);

@@ -12,8 +12,8 @@ MemorySurface::MemorySurface(std::string_view text)
 
 TextRange MemorySurface::inside(TextRange range) const
 {
-    const auto start = std::clamp<Offset>(range.start, 0, Length());
-    return {start, std::clamp(range.end, start, Length())};
+    const auto start = std::clamp<Offset>(range.start, 0, TextLength());
+    return {start, std::clamp(range.end, start, TextLength())};
 }
 
 std::string_view MemorySurface::Text(TextRange range) const
@@ -27,7 +27,7 @@ void MemorySurface::LoadText(std::string_view text)
 {
     m_text = text;
     m_colours.assign(text.size(), colours::black);
-    m_unfinished.assign(static_cast<std::size_t>(GetLineFromChar(Length()) + 1), false);
+    m_unfinished.assign(static_cast<std::size_t>(GetLineFromChar(TextLength()) + 1), false);
     m_selection = {};
     m_typing = colours::black;
     m_firstVisibleLine = 0;
@@ -45,7 +45,7 @@ void MemorySurface::Replace(TextRange range, std::string_view text)
     m_colours.insert(m_colours.erase(from, from + part.length()), text.size(), m_typing);
     m_text.replace(static_cast<std::size_t>(part.start), static_cast<std::size_t>(part.length()), text);
     const auto end = part.start + static_cast<Offset>(text.size());
-    const auto lineCount = static_cast<std::size_t>(GetLineFromChar(Length()) + 1);
+    const auto lineCount = static_cast<std::size_t>(GetLineFromChar(TextLength()) + 1);
     // Joining a CR and an LF makes one line end of two, so there may be fewer lines than flags.
     if (lineCount > m_unfinished.size())
         m_unfinished.insert(m_unfinished.begin() + next, lineCount - m_unfinished.size(), false);
@@ -60,8 +60,8 @@ void MemorySurface::Select(TextRange range)
 
 Colour MemorySurface::ColourAt(Offset position) const
 {
-    return position >= 0 && position < Length() ? m_colours[static_cast<std::size_t>(position)]
-                                                : colours::black;
+    return position >= 0 && position < TextLength() ? m_colours[static_cast<std::size_t>(position)]
+                                                    : colours::black;
 }
 
 void MemorySurface::SetColours(TextRange range, std::span<const ColourRun> runs, Ground ground)
@@ -108,7 +108,7 @@ Offset MemorySurface::GetLineFromChar(Offset position) const
 
 void MemorySurface::SetFirstVisibleLine(Offset line)
 {
-    m_firstVisibleLine = std::clamp<Offset>(line, 0, GetLineFromChar(Length()));
+    m_firstVisibleLine = std::clamp<Offset>(line, 0, GetLineFromChar(TextLength()));
 }
 
 } // namespace kevra

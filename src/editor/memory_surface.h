@@ -12,7 +12,7 @@ public:
 
     [[nodiscard]] std::string_view Text() const override { return m_text; }
     [[nodiscard]] std::string_view Text(TextRange range) const override;
-    [[nodiscard]] Offset Length() const override { return static_cast<Offset>(m_text.size()); }
+    [[nodiscard]] Offset TextLength() const override { return static_cast<Offset>(m_text.size()); }
     void LoadText(std::string_view text) override;
     void Replace(TextRange range, std::string_view text) override;
     [[nodiscard]] TextRange Selection() const override { return m_selection; }

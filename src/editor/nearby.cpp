@@ -13,7 +13,7 @@ constexpr Offset longestStep = 1 << 20;
 Offset startOf(const EditorSurface &surface, Offset line)
 {
     Offset first = 0;
-    for (auto last = surface.Length(); first < last;) {
+    for (auto last = surface.TextLength(); first < last;) {
         const auto middle = first + (last - first) / 2;
         if (surface.GetLineFromChar(middle) < line)
             first = middle + 1;
@@ -27,7 +27,7 @@ Offset startOf(const EditorSurface &surface, Offset line)
 
 Offset firstOf(const EditorSurface &surface, std::string_view bytes, Offset from, Offset end)
 {
-    const auto length = std::min(end, surface.Length());
+    const auto length = std::min(end, surface.TextLength());
     for (auto step = firstStep; from < length; step = std::min(2 * step, longestStep)) {
         auto part = surface.Text({from, std::min(from + step, length)});
         const auto partLength = static_cast<Offset>(part.size());
@@ -73,8 +73,8 @@ Offset lineEnd(const EditorSurface &surface, Offset position)
         const auto end = firstOf(surface, "\r", position, reached);
         if (end != -1)
             return end;
-        if (reached >= surface.Length())
-            return surface.Length();
+        if (reached >= surface.TextLength())
+            return surface.TextLength();
         // The line break, or what is before a lone LF, which ends no line here.
         const auto next = startOf(surface, surface.GetLineFromChar(reached) + 1);
         position = std::max(reached, next - 2);
@@ -91,7 +91,7 @@ bool onLongLine(const EditorSurface &surface, TextRange range)
     const auto start = range.start - keyReach;
     const auto end = range.end + keyReach;
     return (start > 0 && lastOf(surface, '\n', range.start, start) == -1)
-        || (end < surface.Length() && firstOf(surface, "\r", range.end, end) == -1);
+        || (end < surface.TextLength() && firstOf(surface, "\r", range.end, end) == -1);
 }
 
 } // namespace kevra

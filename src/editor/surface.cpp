@@ -32,7 +32,7 @@ void EditorSurface::SetSelColor(Colour colour)
 std::string EditorSurface::TextCopy() const
 {
     constexpr Offset chunk = Offset{256} * 1024;
-    const auto length = Length();
+    const auto length = TextLength();
     std::string copy;
     copy.reserve(static_cast<std::size_t>(length));
     for (Offset at = 0; at < length; at += chunk)
@@ -50,7 +50,7 @@ void EditorSurface::Span(std::string_view characters)
 {
     constexpr Offset chunk = 4096;
     const auto start = SelStart();
-    const auto length = Length();
+    const auto length = TextLength();
     for (auto at = start; at < length; at += chunk) {
         const auto found = Text({at, std::min(at + chunk, length)}).find_first_of(characters);
         if (found != std::string_view::npos)

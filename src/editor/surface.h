@@ -52,7 +52,7 @@ public:
     /// A part of the text, at a cost proportional to its length; the view is valid until the next change or
     /// read.
     [[nodiscard]] virtual std::string_view Text(TextRange range) const = 0;
-    [[nodiscard]] virtual Offset Length() const = 0;
+    [[nodiscard]] virtual Offset TextLength() const = 0;
     /// Loads a new text: all black, also the typing colour, caret at 0, nothing to undo.
     virtual void LoadText(std::string_view text) = 0;
     /// Replaces a part of the text in one undo step. The new text has the typing colour; the caret is after
@@ -108,7 +108,7 @@ public:
     [[nodiscard]] std::optional<Offset> Find(
         std::string_view what, TextRange range, FindOptions options = {}) const
     {
-        return find(Text(), what, range, options);
+        return findText(Text(), what, range, options);
     }
     /// Extends the selection forward from its start up to, not including, the next character that is in
     /// `characters`, or to the end of the text.

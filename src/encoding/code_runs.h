@@ -80,7 +80,7 @@ constexpr std::uint32_t largestCharacter = 0x10FFFF;
     return static_cast<std::uint32_t>(first) << 16 | static_cast<std::uint32_t>(second);
 }
 
-[[nodiscard]] inline std::optional<std::uint32_t> find(std::span<const CodeRun> runs, std::uint32_t value)
+[[nodiscard]] inline std::optional<std::uint32_t> mapped(std::span<const CodeRun> runs, std::uint32_t value)
 {
     const auto after = std::ranges::upper_bound(runs, value, {}, &CodeRun::from);
     if (after == runs.begin() || value - (after - 1)->from >= (after - 1)->count)

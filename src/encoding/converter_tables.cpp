@@ -44,7 +44,7 @@ private:
     [[nodiscard]] std::size_t appendFirst(std::string_view in, std::string &out) const override
     {
         for (std::size_t length = 1; length <= std::min(longestCode, in.size()); ++length) {
-            const auto found = code_runs::find(m_runs, code_runs::bytesValue(in.substr(0, length)));
+            const auto found = code_runs::mapped(m_runs, code_runs::bytesValue(in.substr(0, length)));
             if (!found)
                 continue;
             if (*found > code_runs::largestCharacter)
@@ -83,7 +83,7 @@ private:
 
     [[nodiscard]] bool append(std::uint32_t value, std::string &out) const
     {
-        const auto found = code_runs::find(m_runs, value);
+        const auto found = code_runs::mapped(m_runs, value);
         if (found)
             out += code_runs::bytesOf(*found);
         return found.has_value();

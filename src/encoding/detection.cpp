@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/detection.h"
 
-#include "encoding/charset.h"
 #include "encoding/declared_charset.h"
 #include "encoding/guess.h"
+#include "encoding/transcoding.h"
 
 namespace kevra {
 namespace {

@@ -2,8 +2,8 @@
 // Compares an edited text with its file: which lines are unchanged, and which line end each line gets.
 #pragma once
 
-#include "encoding/charset.h"
 #include "encoding/line_ends.h"
+#include "encoding/transcoding.h"
 
 #include <optional>
 #include <string>

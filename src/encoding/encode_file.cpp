@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/charset.h"
 #include "encoding/declared_charset.h"
 #include "encoding/detection.h"
 #include "encoding/edited_lines.h"
 #include "encoding/line_ends.h"
 #include "encoding/original_text.h"
 #include "encoding/text_codec.h"
+#include "encoding/transcoding.h"
 
 #include <utility>
 

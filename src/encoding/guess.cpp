@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/guess.h"
 
-#include "encoding/charset.h"
 #include "encoding/likely_charset.h"
+#include "encoding/transcoding.h"
 #include "text/words.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "encoding/original_text.h"
 
-#include "encoding/charset.h"
+#include "encoding/transcoding.h"
 
 namespace kevra {
 

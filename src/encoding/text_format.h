@@ -24,7 +24,7 @@ struct TextFormat {
     std::optional<Encoding> declared; ///< the character set that the text declared when it was read
     bool guessed = false; ///< the encoding was neither marked nor declared, nor is it UTF-8
     bool named = false; ///< chosen by the user; kept even if the file is pure ASCII
-    bool rawBytes = false; ///< some bytes are invalid in the encoding: see charset.h
+    bool rawBytes = false; ///< some bytes are invalid in the encoding: see transcoding.h
 
     friend bool operator==(const TextFormat &, const TextFormat &) = default;
 };

@@ -98,7 +98,7 @@ bool FindCommands::replaceSelection(const FindRequest &request)
     if (request.replacement.empty() && !m_messages.yes("No text entered. Delete \"" + request.text + "\"?"))
         return false;
     const auto selection = m_surface.Selection();
-    replace(selection, finder.replacementOf(m_surface.Text(), selection));
+    replaceRange(selection, finder.replacementOf(m_surface.Text(), selection));
     return true;
 }
 
@@ -137,14 +137,14 @@ void FindCommands::replaceAll()
     if (!replaced)
         return reportEndless(m_messages);
     if (replaced->count > 0)
-        replace(replaced->range, replaced->text);
+        replaceRange(replaced->range, replaced->text);
     m_view.showReplaced(replaced->count);
 }
 
-void FindCommands::replace(TextRange range, std::string_view text)
+void FindCommands::replaceRange(TextRange range, std::string_view text)
 {
     m_surface.Replace(range, text);
-    if (m_surface.Length() > 0)
+    if (m_surface.TextLength() > 0)
         m_state.unsaved = true; // an empty text cannot be lost
     const auto caret = m_surface.Selection();
     recolourInserted({m_surface, m_state}, {range.start, range.start + std::ssize(text)});

@@ -50,7 +50,7 @@ private:
     /// False when the expression is invalid or the user declined.
     bool replaceSelection(const FindRequest &request);
     void show(const FindRequest &request, TextRange hit);
-    void replace(TextRange range, std::string_view text);
+    void replaceRange(TextRange range, std::string_view text);
 
     EditorSurface &m_surface;
     DocumentState &m_state;

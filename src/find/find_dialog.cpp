@@ -146,7 +146,7 @@ void FindDialog::suggest(std::string_view text)
 void FindDialog::showWrapped(std::string_view text)
 {
     m_outcome->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-    m_tell(text);
+    m_showNote(text);
 }
 
 void FindDialog::showCount(Offset count)

@@ -31,7 +31,7 @@ public:
     void setMayEdit(std::function<bool()> mayEdit) { m_mayEdit = std::move(mayEdit); }
 
     /// Receives the note that a search wrapped around.
-    void setTell(std::function<void(std::string_view)> tell) { m_tell = std::move(tell); }
+    void onNote(std::function<void(std::string_view)> showNote) { m_showNote = std::move(showNote); }
     /// Proposes `text` as the search string if it is short and on one line.
     void suggest(std::string_view text);
     /// The current entries, while the dialog is open.
@@ -66,7 +66,7 @@ private:
     std::function<void()> m_reveal;
     std::function<QRect()> m_hitPlace;
     std::function<bool()> m_mayEdit;
-    std::function<void(std::string_view)> m_tell = [](std::string_view) {};
+    std::function<void(std::string_view)> m_showNote = [](std::string_view) {};
 };
 
 } // namespace kevra

@@ -43,19 +43,19 @@ constexpr std::array outcomeTexts{
     OutcomeText{FileOutcome::WriteFailed, "could not be written"},
 };
 
-FileOutcome outcomeOf(Saved saved)
+FileOutcome outcomeOf(WriteOutcome saved)
 {
     switch (saved) {
-    case Saved::Ok:
+    case WriteOutcome::Ok:
         return FileOutcome::Replaced;
-    case Saved::NotAFile:
+    case WriteOutcome::NotAFile:
         return FileOutcome::NotAFile;
-    case Saved::Denied:
+    case WriteOutcome::Denied:
         return FileOutcome::Denied;
-    case Saved::DiskFull:
+    case WriteOutcome::DiskFull:
         return FileOutcome::DiskFull;
-    case Saved::Failed:
-    case Saved::Torn:
+    case WriteOutcome::Failed:
+    case WriteOutcome::Torn:
         break;
     }
     return FileOutcome::WriteFailed;
@@ -79,7 +79,7 @@ struct Change {
 };
 
 std::variant<Change, FileOutcome> changeOf(
-    const FileStore &files, const std::string &path, const FindRequest &request)
+    const FileReader &files, const std::string &path, const FindRequest &request)
 {
     auto bytes = files.read(path);
     if (!bytes)
@@ -273,7 +273,7 @@ bool MultiReplace::keepBackup(const std::string &path, std::string_view bytes)
             return false;
         name = path + ".bak" + std::to_string(i);
     }
-    return m_store.writeCopy(path, name, bytes) == Saved::Ok;
+    return m_store.writeBackup(path, name, bytes) == WriteOutcome::Ok;
 }
 
 void MultiReplace::replaceIn(ListedFile &file, const MultiRequest &request)

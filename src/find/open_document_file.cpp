@@ -21,11 +21,11 @@ Offset startOfLine(std::string_view text, Offset line)
 } // namespace
 
 OpenDocumentFile::OpenDocumentFile(
-    DocumentParts document, FileStore &files, MainView &main, std::function<void()> setSavePoint)
+    DocumentParts document, const FileReader &files, MainView &main, EditorView &editor)
     : m_document(document)
     , m_files(files)
     , m_main(main)
-    , m_setSavePoint(std::move(setSavePoint))
+    , m_editor(editor)
 {
 }
 
@@ -52,18 +52,26 @@ void OpenDocumentFile::fileWritten(const std::string &path)
         return;
     const FlagGuard busy(m_document.state.busyLoadingOrSaving);
     show(opened->decoded.text);
-    m_setSavePoint();
+    m_editor.setSavePoint();
     m_document.file.take(std::move(*opened));
     m_document.state.unsaved = false;
     m_main.refreshDocumentStatus();
+}
+
+void OpenDocumentFile::showLine(const std::string &path, Offset line)
+{
+    if (!isDocument(path))
+        m_editor.openFile(path);
+    if (isDocument(path))
+        m_editor.goToLine(line);
 }
 
 void OpenDocumentFile::show(std::string_view text)
 {
     const auto view = m_document.surface.FirstVisibleLine();
     const auto line = m_document.surface.GetLineFromChar(m_document.surface.Selection().end);
-    m_document.surface.Replace({0, m_document.surface.Length()}, text);
-    recolourInserted(m_document, {0, m_document.surface.Length()});
+    m_document.surface.Replace({0, m_document.surface.TextLength()}, text);
+    recolourInserted(m_document, {0, m_document.surface.TextLength()});
     m_document.surface.SetSelStart(startOfLine(text, line));
     m_document.surface.SetFirstVisibleLine(view);
 }

@@ -48,7 +48,7 @@ void FindingsCommands::textChanged(Offset position, Offset removed, Offset added
 {
     ++m_revision;
     // The whole text was replaced: another document.
-    if (removed > 0 && m_surface.Length() == added)
+    if (removed > 0 && m_surface.TextLength() == added)
         return forget();
     m_list.textChanged(position, removed, added);
 }
@@ -109,7 +109,7 @@ void FindingsCommands::goToPrevious()
 void FindingsCommands::visit(std::optional<std::size_t> index)
 {
     if (!index)
-        return m_view.tell(m_list.summary());
+        return m_view.showNote(m_list.summary());
     goTo(*index);
     m_view.showCurrent(*index);
 }
@@ -118,7 +118,7 @@ void FindingsCommands::goTo(std::size_t index)
 {
     m_current = index;
     goToPlace(m_list.at(index).range.start);
-    m_view.tell(m_list.at(index).what);
+    m_view.showNote(m_list.at(index).what);
 }
 
 void FindingsCommands::goToPlace(Offset position)
@@ -158,7 +158,7 @@ void FindingsCommands::applyFix(OfferedFix offered)
         while (index < m_list.size() && !isSameFinding(m_list.at(index), finding))
             ++index;
         if (index == m_list.size() || m_list.at(index).fixes.size() <= offered.fix)
-            return m_view.tell("The text has changed; this fix does not apply any more.");
+            return m_view.showNote("The text has changed; this fix does not apply any more.");
         finding = m_list.at(index);
     }
     m_view.applyEdit(editOf(finding.fixes[offered.fix], m_surface.Text(), m_surface.Selection()));

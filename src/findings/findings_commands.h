@@ -23,7 +23,7 @@ public:
     /// The user went to this finding.
     virtual void showCurrent(std::size_t index) = 0;
     /// In the status row.
-    virtual void tell(std::string_view text) = 0;
+    virtual void showNote(std::string_view text) = 0;
     /// Applies an edit as the user's: one undo step, coloured like pasted text.
     virtual void applyEdit(const LineEdit &edit) = 0;
 };

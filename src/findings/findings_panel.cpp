@@ -217,7 +217,7 @@ void FindingsPanel::relabel()
     m_rows->relabel();
 }
 
-void FindingsPanel::select(std::size_t index)
+void FindingsPanel::selectRow(std::size_t index)
 {
     const QScopedValueRollback filling(m_filling, true);
     m_list->setCurrentIndex(m_rows->index(static_cast<int>(index), Line));

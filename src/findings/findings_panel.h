@@ -32,7 +32,7 @@ public:
     void refill();
     /// Line numbers may have changed.
     void relabel();
-    void select(std::size_t index);
+    void selectRow(std::size_t index);
     void setLevel(script::Level level);
 
 signals:

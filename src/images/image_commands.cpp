@@ -42,7 +42,7 @@ void ImageCommands::view(const std::string &path)
 
 void ImageCommands::SampleImageColour(int x, int y)
 {
-    if (const auto colour = m_ports.viewer.colourAt(x, y))
+    if (const auto colour = m_ports.viewer.pixelColour(x, y))
         m_ports.panel.showSample(*colour, ColourToHtml(*colour));
 }
 

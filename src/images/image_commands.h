@@ -37,7 +37,7 @@ public:
     virtual void raiseViewer() = 0; ///< above the program's other windows
     virtual void hideViewer() = 0; ///< and lower it below the other windows
     /// At a position in the picture's own pixels.
-    [[nodiscard]] virtual std::optional<Colour> colourAt(int x, int y) const = 0;
+    [[nodiscard]] virtual std::optional<Colour> pixelColour(int x, int y) const = 0;
 };
 
 /// The panel `fr1`.
@@ -54,7 +54,7 @@ public:
 struct ImagePorts {
     EditedDocument document;
     MainView &main;
-    FileStore &files;
+    const FileReader &files;
     FileDialogs &dialogs;
     Messages &messages;
     Clipboard &clipboard;

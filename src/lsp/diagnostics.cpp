@@ -39,7 +39,7 @@ using script::Rule;
     }
 }
 
-[[nodiscard]] Json diagnosticOf(const Context &context, const Document &document, const Finding &finding)
+[[nodiscard]] Json diagnosticOf(const Context &context, const WorkspaceFile &document, const Finding &finding)
 {
     Json out{{"range", toJson(document.text(), finding.range)}, {"severity", severity(finding.level())},
         {"code", script::code(finding.rule)}, {"source", "kevra"}, {"message", finding.what}};
@@ -69,7 +69,7 @@ using script::Rule;
 }
 
 [[nodiscard]] Json editOf(
-    const Context &context, const Document &document, const std::vector<script::TextEdit> &edits)
+    const Context &context, const WorkspaceFile &document, const std::vector<script::TextEdit> &edits)
 {
     EditCollector collector(context.client);
     collector.add(document, edits);
@@ -78,7 +78,7 @@ using script::Rule;
 
 } // namespace
 
-Json diagnosticsOf(const Context &context, const Document &document)
+Json diagnosticsOf(const Context &context, const WorkspaceFile &document)
 {
     Json out = Json::array();
     for (const auto &finding : context.workspace.findings(document))

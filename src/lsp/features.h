@@ -25,7 +25,7 @@ struct Context {
 
 /// The document and the position in `params`; the document is null if it is unknown.
 struct Place {
-    const Document *document = nullptr;
+    const WorkspaceFile *document = nullptr;
     Offset offset = 0;
 };
 [[nodiscard]] Place placeOf(const Context &context, const Json &params);
@@ -39,7 +39,7 @@ using RequestHandler = Answer (*)(const Context &, const Json &params);
 [[nodiscard]] Json serverCapabilities(PositionUnit unit);
 
 /// The diagnostics of a document in the protocol's form.
-[[nodiscard]] Json diagnosticsOf(const Context &context, const Document &document);
+[[nodiscard]] Json diagnosticsOf(const Context &context, const WorkspaceFile &document);
 
 // navigation.cpp
 [[nodiscard]] Answer definition(const Context &context, const Json &params);

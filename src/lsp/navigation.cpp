@@ -12,13 +12,13 @@ using script::Occurrence;
 using script::Use;
 
 struct Found {
-    const Document *document = nullptr;
+    const WorkspaceFile *document = nullptr;
     std::vector<Occurrence> places;
 };
 
 /// Every file that can refer to the symbol, its own first.
 [[nodiscard]] std::vector<Found> everywhere(
-    const Context &context, const Document &document, const script::NamedThing &thing)
+    const Context &context, const WorkspaceFile &document, const script::NamedThing &thing)
 {
     if (!thing.isShared())
         return {{&document, occurrences(*thing.part, thing.symbol)}};
@@ -45,7 +45,7 @@ struct Found {
 }
 
 struct NamedSymbol {
-    const Document *document = nullptr;
+    const WorkspaceFile *document = nullptr;
     std::optional<script::NamedThing> thing;
 };
 
@@ -75,7 +75,7 @@ struct NamedSymbol {
 
 /// Why one of several files does not allow the new name.
 [[nodiscard]] std::string mixedClash(const std::vector<Found> &found, const Context &context,
-    const Document &document, const script::NamedThing &thing, const std::string &newName)
+    const WorkspaceFile &document, const script::NamedThing &thing, const std::string &newName)
 {
     if (found.size() < 2 || script::folded(newName) == script::folded(thing.name))
         return {};

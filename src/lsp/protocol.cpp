@@ -74,7 +74,7 @@ Json toJson(const TextDocument &text, TextRange range)
     return {{"start", toJson(start)}, {"end", toJson(text.positionAt(range.end))}};
 }
 
-Json locationOf(const Document &document, TextRange range)
+Json locationOf(const WorkspaceFile &document, TextRange range)
 {
     return {{"uri", document.uri()}, {"range", toJson(document.text(), range)}};
 }
@@ -87,7 +87,7 @@ Json toJson(const TextDocument &text, const std::vector<script::TextEdit> &edits
     return out;
 }
 
-void EditCollector::add(const Document &document, const std::vector<script::TextEdit> &edits)
+void EditCollector::add(const WorkspaceFile &document, const std::vector<script::TextEdit> &edits)
 {
     auto json = toJson(document.text(), edits);
     if (!m_versioned) {

@@ -55,7 +55,7 @@ struct ClientCapabilities {
 
 [[nodiscard]] Json toJson(Position position);
 [[nodiscard]] Json toJson(const TextDocument &text, TextRange range);
-[[nodiscard]] Json locationOf(const Document &document, TextRange range);
+[[nodiscard]] Json locationOf(const WorkspaceFile &document, TextRange range);
 [[nodiscard]] Json toJson(const TextDocument &text, const std::vector<script::TextEdit> &edits);
 
 /// Collects the edits of several files as a WorkspaceEdit.
@@ -65,7 +65,7 @@ public:
         : m_versioned(client.documentChanges)
     {
     }
-    void add(const Document &document, const std::vector<script::TextEdit> &edits);
+    void add(const WorkspaceFile &document, const std::vector<script::TextEdit> &edits);
     [[nodiscard]] Json take() { return std::move(m_edit); }
 
 private:

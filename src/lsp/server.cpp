@@ -63,7 +63,7 @@ void receiveAll(Session &session, FrameReader &frames, std::string_view bytes)
 
 } // namespace
 
-int serve(DiskFiles &disk, std::vector<SnippetText> snippets, const ReadBytes &read, const WriteBytes &write)
+int serve(FileSystem &disk, std::vector<SnippetText> snippets, const ReadBytes &read, const WriteBytes &write)
 {
     Session session(disk, std::move(snippets), [&](const std::string &message) { write(framed(message)); });
     FrameReader frames;

@@ -14,6 +14,7 @@ using ReadBytes = std::function<std::size_t(char *room, std::size_t size)>;
 using WriteBytes = std::function<void(std::string_view)>;
 
 /// Runs until the client ends it or the input ends; returns the exit code.
-int serve(DiskFiles &disk, std::vector<SnippetText> snippets, const ReadBytes &read, const WriteBytes &write);
+int serve(
+    FileSystem &disk, std::vector<SnippetText> snippets, const ReadBytes &read, const WriteBytes &write);
 
 } // namespace kevra::lsp

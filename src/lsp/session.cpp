@@ -46,7 +46,7 @@ constexpr std::array unitNames{UnitName{"utf-8", PositionUnit::Utf8}, UnitName{"
 } // namespace
 
 Session::Session(
-    DiskFiles &disk, std::vector<SnippetText> snippets, std::function<void(const std::string &)> send)
+    FileSystem &disk, std::vector<SnippetText> snippets, std::function<void(const std::string &)> send)
     : m_workspace(disk)
     , m_snippets(std::move(snippets))
     , m_send(std::move(send))
@@ -230,7 +230,7 @@ void Session::processIdle()
     }
 }
 
-void Session::publish(Document &document)
+void Session::publish(WorkspaceFile &document)
 {
     Json params{{"uri", document.uri()}, {"diagnostics", diagnosticsOf(context(), document)}};
     if (document.version)

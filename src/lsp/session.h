@@ -18,7 +18,7 @@ class Session {
 public:
     /// `send` gets each message as JSON in UTF-8. The arguments must outlive the session.
     Session(
-        DiskFiles &disk, std::vector<SnippetText> snippets, std::function<void(const std::string &)> send);
+        FileSystem &disk, std::vector<SnippetText> snippets, std::function<void(const std::string &)> send);
 
     /// Queues a message. An invalid one is answered at once, and a cancellation takes effect at once.
     void receive(std::string_view content);
@@ -46,7 +46,7 @@ private:
     void didClose(const Json &params);
     void didSave(const Json &params);
     void didChangeFolders(const Json &params);
-    void publish(Document &document);
+    void publish(WorkspaceFile &document);
     void respond(const Json &id, const Answer &answer);
     void notify(const char *method, Json params);
     [[nodiscard]] Context context() { return {m_workspace, m_client, m_snippets}; }

@@ -58,7 +58,7 @@ using script::OutlineKind;
     return at == query.size();
 }
 
-void appendFlat(Json &out, const Document &document, const std::vector<OutlineItem> &items,
+void appendFlat(Json &out, const WorkspaceFile &document, const std::vector<OutlineItem> &items,
     const std::string &query, const std::string &container)
 {
     for (const auto &item : items) {

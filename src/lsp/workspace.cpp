@@ -38,26 +38,26 @@ constexpr std::array languages{Language{"html", FileKind::Page}, Language{"asp",
 
 } // namespace
 
-Document::Document(std::string uri, FileKind kind, TextDocument text)
+WorkspaceFile::WorkspaceFile(std::string uri, FileKind kind, TextDocument text)
     : m_uri(std::move(uri))
     , m_kind(kind)
     , m_text(std::move(text))
 {
 }
 
-Document::Known &Document::known() const
+WorkspaceFile::Known &WorkspaceFile::known() const
 {
     if (!m_known)
         m_known = std::make_unique<Known>(m_text.text(), m_kind);
     return *m_known;
 }
 
-const script::FileModel &Document::model() const
+const script::FileModel &WorkspaceFile::model() const
 {
     return known().model;
 }
 
-const std::vector<script::Finding> &Document::findings(DiskFiles &disk) const
+const std::vector<script::Finding> &WorkspaceFile::findings(FileSystem &disk) const
 {
     auto &findings = known().findings;
     if (!findings) {
@@ -68,19 +68,19 @@ const std::vector<script::Finding> &Document::findings(DiskFiles &disk) const
     return *findings;
 }
 
-void Document::forgetFindings()
+void WorkspaceFile::forgetFindings()
 {
     if (m_known)
         m_known->findings.reset();
 }
 
-void Document::replace(TextRange range, std::string_view text)
+void WorkspaceFile::replace(TextRange range, std::string_view text)
 {
     m_text.replace(range, text);
     m_known.reset();
 }
 
-void Document::replaceAll(std::string text)
+void WorkspaceFile::replaceAll(std::string text)
 {
     m_text.replaceAll(std::move(text));
     m_known.reset();
@@ -98,10 +98,10 @@ void Workspace::removeFolder(const std::string &uri)
         m_folders.erase(*path);
 }
 
-Document &Workspace::open(const std::string &uri, std::string_view language, std::string text)
+WorkspaceFile &Workspace::open(const std::string &uri, std::string_view language, std::string text)
 {
     close(uri);
-    Document document(uri, kindOf(uri, language), TextDocument(std::move(text), m_unit));
+    WorkspaceFile document(uri, kindOf(uri, language), TextDocument(std::move(text), m_unit));
     return m_open.emplace(keyOf(uri), std::move(document)).first->second;
 }
 
@@ -110,13 +110,13 @@ void Workspace::close(const std::string &uri)
     m_open.erase(keyOf(uri));
 }
 
-Document *Workspace::find(const std::string &uri)
+WorkspaceFile *Workspace::find(const std::string &uri)
 {
     const auto found = m_open.find(keyOf(uri));
     return found != m_open.end() ? &found->second : nullptr;
 }
 
-const Document *Workspace::load(const std::string &uri)
+const WorkspaceFile *Workspace::load(const std::string &uri)
 {
     if (const auto *open = find(uri))
         return open;
@@ -139,7 +139,7 @@ void Workspace::refresh(OnDisk &entry, const std::string &uri, const std::string
     entry.stamp = stamp;
     if (auto text = stamp != 0 ? m_disk.read(path) : std::nullopt)
         entry.document
-            = std::make_unique<Document>(uri, kindOf(uri, {}), TextDocument(std::move(*text), m_unit));
+            = std::make_unique<WorkspaceFile>(uri, kindOf(uri, {}), TextDocument(std::move(*text), m_unit));
 }
 
 std::set<std::string> Workspace::uris()
@@ -154,9 +154,9 @@ std::set<std::string> Workspace::uris()
     return uris;
 }
 
-std::vector<const Document *> Workspace::all()
+std::vector<const WorkspaceFile *> Workspace::all()
 {
-    std::vector<const Document *> found;
+    std::vector<const WorkspaceFile *> found;
     for (const auto &uri : uris()) {
         if (const auto *document = load(uri))
             found.push_back(document);
@@ -165,7 +165,7 @@ std::vector<const Document *> Workspace::all()
 }
 
 /// URIs.
-std::vector<std::string> Workspace::included(const Document &document, const script::FilePart &part)
+std::vector<std::string> Workspace::included(const WorkspaceFile &document, const script::FilePart &part)
 {
     std::vector<std::string> uris;
     if (const auto path = pathOfUri(document.uri())) {
@@ -175,7 +175,7 @@ std::vector<std::string> Workspace::included(const Document &document, const scr
     return uris;
 }
 
-std::vector<SharedPart> Workspace::includedParts(const Document &document, const script::FilePart &part)
+std::vector<SharedPart> Workspace::includedParts(const WorkspaceFile &document, const script::FilePart &part)
 {
     std::vector<SharedPart> found;
     std::set<std::string> seen{keyOf(document.uri())};
@@ -191,7 +191,7 @@ std::vector<SharedPart> Workspace::includedParts(const Document &document, const
     return found;
 }
 
-const Document *Workspace::includedAt(const Document &document, Offset offset)
+const WorkspaceFile *Workspace::includedAt(const WorkspaceFile &document, Offset offset)
 {
     const auto path = pathOfUri(document.uri());
     for (const auto &part : document.model().parts()) {
@@ -219,12 +219,12 @@ std::vector<Workspace::Include> Workspace::allIncludes()
     return includes;
 }
 
-std::vector<SharedPart> Workspace::sharing(const Document &document, const script::FilePart &first)
+std::vector<SharedPart> Workspace::sharing(const WorkspaceFile &document, const script::FilePart &first)
 {
     // In both directions; an included file counts with all its parts.
     auto includes = allIncludes();
     std::vector<SharedPart> found;
-    const auto add = [&](const Document *of, const script::FilePart *part) {
+    const auto add = [&](const WorkspaceFile *of, const script::FilePart *part) {
         const bool known = std::ranges::any_of(found, [&](const SharedPart &s) { return s.part == part; });
         if (!known)
             found.push_back({of, part});

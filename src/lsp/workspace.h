@@ -16,9 +16,9 @@
 namespace kevra::lsp {
 
 /// The file system to the server. Paths are bytes.
-class DiskFiles {
+class FileSystem {
 public:
-    virtual ~DiskFiles() = default;
+    virtual ~FileSystem() = default;
     /// The text as UTF-8; nothing if it cannot be read.
     [[nodiscard]] virtual std::optional<std::string> read(const std::string &path) = 0;
     /// Changes with the file's content; 0 if there is no such file.
@@ -32,16 +32,16 @@ public:
         = 0;
 };
 
-class Document {
+class WorkspaceFile {
 public:
-    Document(std::string uri, script::FileKind kind, TextDocument text);
+    WorkspaceFile(std::string uri, script::FileKind kind, TextDocument text);
 
     [[nodiscard]] const std::string &uri() const { return m_uri; }
     [[nodiscard]] const TextDocument &text() const { return m_text; }
     /// Valid until the next change.
     [[nodiscard]] const script::FileModel &model() const;
     /// Of the scripts and of the page, ascending by place.
-    [[nodiscard]] const std::vector<script::Finding> &findings(DiskFiles &disk) const;
+    [[nodiscard]] const std::vector<script::Finding> &findings(FileSystem &disk) const;
     /// The files around have changed.
     void forgetFindings();
     void replace(TextRange range, std::string_view text);
@@ -71,13 +71,13 @@ private:
 
 /// A part of a file whose global names are shared.
 struct SharedPart {
-    const Document *document = nullptr;
+    const WorkspaceFile *document = nullptr;
     const script::FilePart *part = nullptr;
 };
 
 class Workspace {
 public:
-    explicit Workspace(DiskFiles &disk)
+    explicit Workspace(FileSystem &disk)
         : m_disk(disk)
     {
     }
@@ -86,12 +86,12 @@ public:
     void addFolder(const std::string &uri);
     void removeFolder(const std::string &uri);
 
-    Document &open(const std::string &uri, std::string_view language, std::string text);
+    WorkspaceFile &open(const std::string &uri, std::string_view language, std::string text);
     void close(const std::string &uri);
     /// Null if it is not open. The URI may be escaped differently than when it was opened.
-    [[nodiscard]] Document *find(const std::string &uri);
-    [[nodiscard]] std::map<std::string, Document> &documents() { return m_open; }
-    [[nodiscard]] const std::vector<script::Finding> &findings(const Document &document)
+    [[nodiscard]] WorkspaceFile *find(const std::string &uri);
+    [[nodiscard]] std::map<std::string, WorkspaceFile> &documents() { return m_open; }
+    [[nodiscard]] const std::vector<script::Finding> &findings(const WorkspaceFile &document)
     {
         return document.findings(m_disk);
     }
@@ -99,22 +99,23 @@ public:
     /// Checks the files on the disk again. Between calls, what was loaded is kept.
     void recheckFiles() { m_checked.clear(); }
     /// The file as open in the client, else as on the disk; null if there is none.
-    [[nodiscard]] const Document *load(const std::string &uri);
+    [[nodiscard]] const WorkspaceFile *load(const std::string &uri);
     /// All files with script below the folders, open ones included.
-    [[nodiscard]] std::vector<const Document *> all();
+    [[nodiscard]] std::vector<const WorkspaceFile *> all();
     /// The part itself and those loaded together with it: files that it includes with src= or #include, and
     /// files that include it.
-    [[nodiscard]] std::vector<SharedPart> sharing(const Document &document, const script::FilePart &part);
+    [[nodiscard]] std::vector<SharedPart> sharing(
+        const WorkspaceFile &document, const script::FilePart &part);
     /// The files that the part includes, directly and indirectly; cheaper than also finding who includes it.
     [[nodiscard]] std::vector<SharedPart> includedParts(
-        const Document &document, const script::FilePart &part);
+        const WorkspaceFile &document, const script::FilePart &part);
     /// The file that a src= or #include at the position names; null if there is none.
-    [[nodiscard]] const Document *includedAt(const Document &document, Offset offset);
+    [[nodiscard]] const WorkspaceFile *includedAt(const WorkspaceFile &document, Offset offset);
 
 private:
     struct OnDisk {
         std::uint64_t stamp = 0;
-        std::unique_ptr<Document> document;
+        std::unique_ptr<WorkspaceFile> document;
     };
 
     /// A part that includes a file, given as its URI.
@@ -126,13 +127,14 @@ private:
     [[nodiscard]] std::vector<Include> allIncludes();
     void refresh(OnDisk &entry, const std::string &uri, const std::string &path);
     [[nodiscard]] std::set<std::string> uris();
-    [[nodiscard]] std::vector<std::string> included(const Document &document, const script::FilePart &part);
+    [[nodiscard]] std::vector<std::string> included(
+        const WorkspaceFile &document, const script::FilePart &part);
 
-    DiskFiles &m_disk;
+    FileSystem &m_disk;
     PositionUnit m_unit = PositionUnit::Utf16;
     std::set<std::string> m_folders; ///< paths
     // By normalised URI.
-    std::map<std::string, Document> m_open;
+    std::map<std::string, WorkspaceFile> m_open;
     std::map<std::string, OnDisk> m_onDisk;
     std::set<std::string> m_checked; ///< the entries of m_onDisk known to be up to date
 };

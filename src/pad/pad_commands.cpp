@@ -33,7 +33,7 @@ void PadCommands::PadCut()
     m_saved = {selection.start, selection.start};
     setClipboard(m_savedText);
     // Cutting a whole line leaves its line break, so that the lines around it are not joined.
-    replace(selection, m_savedText.ends_with(lineBreak) ? lineBreak : std::string_view());
+    replaceRange(selection, m_savedText.ends_with(lineBreak) ? lineBreak : std::string_view());
     m_pad.SetSelStart(selection.start);
     m_last = Operation::Cut;
 }
@@ -42,18 +42,18 @@ void PadCommands::PadCopy()
 {
     if (m_pad.Selection().empty())
         return;
-    m_savedText = m_clipboard.text();
+    m_savedText = m_clipboard.readText();
     setClipboard(m_pad.SelText());
     m_last = Operation::Copy;
 }
 
 void PadCommands::PadPaste()
 {
-    const auto held = m_clipboard.text();
+    const auto held = m_clipboard.readText();
     const auto text = withoutFinalBreak(held);
     takeDocumentFont();
     const auto start = m_pad.SelStart();
-    replace(m_pad.Selection(), text);
+    replaceRange(m_pad.Selection(), text);
     m_saved = {start, start + static_cast<Offset>(text.size())};
     m_last = Operation::Paste;
 }
@@ -62,7 +62,7 @@ void PadCommands::PadClear()
 {
     m_savedText = m_pad.Text();
     setClipboard(m_savedText);
-    replace({0, m_pad.Length()}, {});
+    replaceRange({0, m_pad.TextLength()}, {});
     m_last = Operation::Clear;
 }
 
@@ -72,16 +72,16 @@ void PadCommands::PadUndo()
     case Operation::None:
         return;
     case Operation::Paste:
-        replace(m_saved, {});
+        replaceRange(m_saved, {});
         break;
     case Operation::Cut:
         takeDocumentFont();
         m_pad.SetSelStart(m_saved.start);
         m_pad.SetSelColor(colours::black);
-        replace(m_saved, withoutFinalBreak(m_savedText));
+        replaceRange(m_saved, withoutFinalBreak(m_savedText));
         break;
     case Operation::Clear:
-        replace({0, m_pad.Length()}, m_savedText);
+        replaceRange({0, m_pad.TextLength()}, m_savedText);
         break;
     case Operation::Copy:
         setClipboard(m_savedText);
@@ -92,7 +92,7 @@ void PadCommands::PadUndo()
 
 void PadCommands::PadSelectAll()
 {
-    m_pad.Select({0, m_pad.Length()});
+    m_pad.Select({0, m_pad.TextLength()});
 }
 
 void PadCommands::empty()
@@ -122,7 +122,7 @@ TextRange PadCommands::pastedAfter(Offset position, Offset removed, Offset added
     return {start, std::max(start, overEnd ? position : m_saved.end + added - removed)};
 }
 
-void PadCommands::replace(TextRange range, std::string_view text)
+void PadCommands::replaceRange(TextRange range, std::string_view text)
 {
     const FlagGuard guard(m_replacing);
     m_pad.Replace(range, text);

@@ -32,7 +32,7 @@ private:
 
     [[nodiscard]] TextRange pastedAfter(Offset position, Offset removed, Offset added) const;
     /// Without adjusting the range that undo remembers.
-    void replace(TextRange range, std::string_view text);
+    void replaceRange(TextRange range, std::string_view text);
     void setClipboard(std::string_view text);
     void takeDocumentFont();
 

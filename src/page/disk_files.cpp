@@ -37,7 +37,7 @@ bool DiskFiles::exists(const std::string &path)
     return found || (error && error != std::errc::no_such_file_or_directory);
 }
 
-std::optional<PictureSize> DiskFiles::pictureSize(const std::string &path)
+std::optional<DisplayedSize> DiskFiles::pictureSize(const std::string &path)
 {
     std::error_code error;
     if (!fs::is_regular_file(path, error))

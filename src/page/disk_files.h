@@ -14,7 +14,7 @@ namespace kevra::page {
 class DiskFiles : public PageFiles {
 public:
     [[nodiscard]] bool exists(const std::string &path) override;
-    [[nodiscard]] std::optional<PictureSize> pictureSize(const std::string &path) override;
+    [[nodiscard]] std::optional<DisplayedSize> pictureSize(const std::string &path) override;
     [[nodiscard]] const TargetNames *targetsOf(const std::string &path) override;
 
 private:

@@ -9,11 +9,11 @@
 
 namespace kevra::page {
 
-struct PictureSize {
+struct DisplayedSize {
     long width = 0;
     long height = 0;
 
-    friend bool operator==(PictureSize, PictureSize) = default;
+    friend bool operator==(DisplayedSize, DisplayedSize) = default;
 };
 
 /// What a fragment of an address can lead to in a page: ids, and names of anchors.
@@ -26,7 +26,7 @@ public:
     /// Whether there is a file or folder of this name.
     [[nodiscard]] virtual bool exists(const std::string &path) = 0;
     /// In pixels, as a page shows it; nothing where that is not known.
-    [[nodiscard]] virtual std::optional<PictureSize> pictureSize(const std::string &path) = 0;
+    [[nodiscard]] virtual std::optional<DisplayedSize> pictureSize(const std::string &path) = 0;
     /// nullptr where it cannot be told: no page, too large, or made by a server. Valid until the next call.
     [[nodiscard]] virtual const TargetNames *targetsOf(const std::string &path) = 0;
 };
@@ -36,6 +36,6 @@ public:
 /// Nothing where server parts, or references that stand for characters, leave it open.
 [[nodiscard]] std::optional<TargetNames> targetNames(std::string_view page);
 /// Of what begins with `head`: PNG, GIF, JPEG without a note on how it is turned, BMP. Nothing of all others.
-[[nodiscard]] std::optional<PictureSize> sizeInHeader(std::string_view head);
+[[nodiscard]] std::optional<DisplayedSize> sizeInHeader(std::string_view head);
 
 } // namespace kevra::page

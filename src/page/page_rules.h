@@ -36,7 +36,7 @@ using Findings = std::vector<script::Finding>;
 
 // link_rules.cpp
 void checkLinks(const PageModel &page, Findings &findings);
-// picture_rules.cpp
+// picture_attribute_rules.cpp
 void checkPictures(const PageModel &page, Findings &findings);
 // id_rules.cpp
 void checkIds(const PageModel &page, Findings &findings);

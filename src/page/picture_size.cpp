@@ -23,28 +23,28 @@ enum class Order { BigEndian, LittleEndian };
     return value;
 }
 
-[[nodiscard]] PictureSize sizeAt(std::string_view bytes, std::size_t at, std::size_t length, Order order)
+[[nodiscard]] DisplayedSize sizeAt(std::string_view bytes, std::size_t at, std::size_t length, Order order)
 {
     return {number(bytes, at, length, order), number(bytes, at + length, length, order)};
 }
 
-[[nodiscard]] PictureSize pngSize(std::string_view bytes)
+[[nodiscard]] DisplayedSize pngSize(std::string_view bytes)
 {
     return sizeAt(bytes, 16, 4, Order::BigEndian);
 }
 
-[[nodiscard]] PictureSize gifSize(std::string_view bytes)
+[[nodiscard]] DisplayedSize gifSize(std::string_view bytes)
 {
     return sizeAt(bytes, 6, 2, Order::LittleEndian);
 }
 
-[[nodiscard]] PictureSize bmpSize(std::string_view bytes)
+[[nodiscard]] DisplayedSize bmpSize(std::string_view bytes)
 {
     return sizeAt(bytes, 18, 4, Order::LittleEndian);
 }
 
 /// From segment to segment up to the one with the frame.
-[[nodiscard]] PictureSize jpegSize(std::string_view bytes)
+[[nodiscard]] DisplayedSize jpegSize(std::string_view bytes)
 {
     for (std::size_t at = 2; at + 9 < bytes.size() && bytes[at] == '\xFF';) {
         const auto kind = static_cast<unsigned char>(bytes[at + 1]);
@@ -61,7 +61,7 @@ enum class Order { BigEndian, LittleEndian };
 
 struct Format {
     std::string_view start;
-    PictureSize (*size)(std::string_view);
+    DisplayedSize (*size)(std::string_view);
 };
 
 constexpr std::array formats{Format{"\x89PNG\r\n\x1A\n"sv, pngSize}, Format{"GIF8"sv, gifSize},
@@ -69,7 +69,7 @@ constexpr std::array formats{Format{"\x89PNG\r\n\x1A\n"sv, pngSize}, Format{"GIF
 
 } // namespace
 
-std::optional<PictureSize> sizeInHeader(std::string_view head)
+std::optional<DisplayedSize> sizeInHeader(std::string_view head)
 {
     constexpr long largest = 100'000;
     for (const auto &format : formats) {

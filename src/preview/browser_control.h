@@ -38,8 +38,8 @@ public:
     virtual bool hideImageViewer() = 0;
     virtual void hideMain() = 0; ///< when it is visible
     virtual void showMain() = 0;
-    virtual void showBrowser() = 0; ///< does not wait
-    virtual void hideBrowser() = 0;
+    virtual void showBrowserWindow() = 0; ///< does not wait
+    virtual void hideBrowserWindow() = 0;
     virtual void setLinkTarget(const std::string &text) = 0; ///< `turl`
 };
 

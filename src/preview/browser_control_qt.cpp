@@ -22,10 +22,10 @@ bool BrowserControlQt::loadEngine()
 {
     if (m_engine)
         return true;
-    m_engine = makeEngine(&m_window, *this, EngineUse::Window);
+    m_engine = makeEngine(&m_window, {*this, *this, *this}, EngineUse::Window);
     if (!m_engine)
         return false;
-    m_window.setPageWidget(m_engine->widget());
+    m_window.setPageWidget(m_engine->display().widget());
     if (!m_engine->isSandboxed())
         m_window.showNote("The page is shown without the browser's sandbox");
     return true;
@@ -39,7 +39,7 @@ bool BrowserControlQt::navigate(const std::string &path, const PageScope &scope)
     m_askedPath = path;
     m_engine->navigate(m_requests.address(m_requests.document()));
     if (std::exchange(m_zoomedPath, path) != path)
-        m_engine->zoom(0);
+        m_engine->display().zoomBy(0);
     return true;
 }
 
@@ -66,16 +66,16 @@ void BrowserControlQt::unload()
     m_window.showProgress(100);
 }
 
-void BrowserControlQt::zoom(int steps)
+void BrowserControlQt::zoomBy(int steps)
 {
     if (m_engine)
-        m_engine->zoom(steps);
+        m_engine->display().zoomBy(steps);
 }
 
 void BrowserControlQt::find(const QString &text, bool backward)
 {
     if (m_engine)
-        m_engine->find(text, backward);
+        m_engine->display().find(text, backward);
 }
 
 void BrowserControlQt::found(int place, int places)
@@ -83,9 +83,9 @@ void BrowserControlQt::found(int place, int places)
     m_window.showFound(place, places);
 }
 
-bool BrowserControlQt::beforeNavigate(const QUrl &shown, bool mainFrame)
+bool BrowserControlQt::mayNavigate(const QUrl &shown, bool mainFrame)
 {
-    const auto url = plain(shown);
+    const auto url = authorsUrl(shown);
     Navigation target{textOfUrl(url), {}, mainFrame ? Frame::Main : Frame::Sub};
     if (url == m_requests.document())
         target.path = m_askedPath;
@@ -102,7 +102,7 @@ std::optional<QUrl> BrowserControlQt::route(const QUrl &url, Resource kind, bool
     return m_requests.route(url, kind, sends);
 }
 
-QUrl BrowserControlQt::plain(const QUrl &url) const
+QUrl BrowserControlQt::authorsUrl(const QUrl &url) const
 {
     return plainUrl(url);
 }
@@ -119,10 +119,10 @@ bool BrowserControlQt::mayConnect(const NetworkAddress &address)
 
 void BrowserControlQt::linkClicked(const QUrl &url)
 {
-    m_commands->linkClicked(textOfUrl(plain(url)));
+    m_commands->linkClicked(textOfUrl(authorsUrl(url)));
 }
 
-void BrowserControlQt::copyAsked()
+void BrowserControlQt::copyRequested()
 {
     allowPageCopy();
 }

@@ -15,7 +15,7 @@ namespace kevra {
 class BrowserWindow;
 class PreviewCommands;
 
-class BrowserControlQt : public BrowserControl, private BrowserEvents {
+class BrowserControlQt : public BrowserControl, private PageGate, private PageEvents, private DisplayEvents {
 public:
     explicit BrowserControlQt(BrowserWindow &window);
     ~BrowserControlQt() override;
@@ -28,20 +28,23 @@ public:
     void follow(const std::string &address) override;
     void resizeTo(int width, int height) override;
     void unload() override;
-    void zoom(int steps) override; ///< 0: back to the natural size
+    void zoomBy(int steps); ///< 0: back to the natural size
     void find(const QString &text, bool backward);
 
 private:
-    [[nodiscard]] bool beforeNavigate(const QUrl &url, bool mainFrame) override;
+    [[nodiscard]] bool mayNavigate(const QUrl &url, bool mainFrame) override;
     [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) override;
-    [[nodiscard]] QUrl plain(const QUrl &url) const override;
     [[nodiscard]] SchemeAnswer answer(const QUrl &url) override;
     [[nodiscard]] bool mayConnect(const NetworkAddress &address) override;
+    [[nodiscard]] QUrl authorsUrl(const QUrl &url) const override;
+
     void linkClicked(const QUrl &url) override;
-    void copyAsked() override;
     void loadProgress(int percent) override;
     void loadFinished() override;
     void processDied() override;
+
+    void copyRequested() override;
+    void zoomRequested(int steps) override { zoomBy(steps); }
     void found(int place, int places) override;
 
     [[nodiscard]] bool loadEngine();

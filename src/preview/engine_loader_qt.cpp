@@ -47,14 +47,14 @@ void shareGraphicsContexts()
 
 } // namespace
 
-std::unique_ptr<BrowserEngine> makeEngine(QWidget *parent, BrowserEvents &events, EngineUse use)
+std::unique_ptr<BrowserEngine> makeEngine(QWidget *parent, const BrowserClient &client, EngineUse use)
 {
     // The plugin stays loaded when its engines go: the web engine cannot be started twice.
     shareGraphicsContexts();
     const auto path = pluginPath();
     QPluginLoader loader(path);
     auto *plugin = qobject_cast<BrowserEnginePlugin *>(loader.instance());
-    return plugin ? plugin->create(parent, events, use, QFileInfo(path).absolutePath()) : nullptr;
+    return plugin ? plugin->create(parent, client, use, QFileInfo(path).absolutePath()) : nullptr;
 }
 
 } // namespace kevra

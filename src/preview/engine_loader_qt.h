@@ -8,6 +8,6 @@ namespace kevra {
 /// An engine from the plugin, which is loaded when the first one is asked for and never by the start-up. Null
 /// when there is no plugin, or pages cannot be kept from the network here.
 [[nodiscard]] std::unique_ptr<BrowserEngine> makeEngine(
-    QWidget *parent, BrowserEvents &events, EngineUse use);
+    QWidget *parent, const BrowserClient &client, EngineUse use);
 
 } // namespace kevra

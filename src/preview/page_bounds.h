@@ -37,7 +37,8 @@ constexpr int links = 10; ///< shown a second
 constexpr int messages = 50; ///< of the page beside the text, a second
 constexpr int accessibilityEvents = 200; ///< a second
 
-// Bytes. A page that goes beyond is ended before the next look at it can find two gigabytes.
+// Bytes. Memory is measured at intervals; a page above a bound is ended, so early that it has no time to
+// reach two gigabytes.
 constexpr std::int64_t editorGrowth = std::int64_t{256} << 20;
 constexpr std::int64_t pageProcesses = std::int64_t{1700} << 20;
 /// What pages leave in the editor before it is taken from them all.

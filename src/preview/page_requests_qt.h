@@ -20,7 +20,7 @@ public:
     [[nodiscard]] const QUrl &document() const { return m_document; } ///< as its author knows it
     [[nodiscard]] QUrl address(const QUrl &file) const; ///< as the engine is asked for the document in a file
 
-    // What the engine asks, see BrowserEvents.
+    // What the engine asks, see PageGate.
     [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends);
     [[nodiscard]] SchemeAnswer answer(const QUrl &url);
     [[nodiscard]] bool mayConnect(const NetworkAddress &address) const;

@@ -46,8 +46,9 @@ public:
 
     /// The address of a file as the engine is asked for the document in it.
     [[nodiscard]] PageAddress document(const PageAddress &file) const;
-    /// Where the engine has to go for a request that is allowed; `asked` itself when it is on its way.
-    /// Nothing when it was on its way for another page: sent on a second time, it would end the engine.
+    /// The address that an allowed request is redirected to; `asked` itself when it needs no redirection.
+    /// Nothing for an address that was made for another page: redirected a second time, it would end the
+    /// engine.
     [[nodiscard]] std::optional<PageAddress> next(Resource kind, const PageAddress &asked);
     [[nodiscard]] PageAnswer answer(const PageAddress &asked);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "preview/preview_commands.h"
 
+#include "document/file_types.h"
 #include "text/flag_guard.h"
 #include "text/paths.h"
 
@@ -31,13 +32,13 @@ const PreviewCommands::ProgramPage PreviewCommands::referencePage{"VBSInfo.html"
 
 PreviewCommands::PreviewCommands(PreviewPorts ports)
     : m_ports(std::move(ports))
-    , m_page(m_ports.files, m_ports.backups, m_ports.notes)
+    , m_page(m_ports.files, m_ports.backups, m_ports.records)
 {
 }
 
 void PreviewCommands::ViewPage()
 {
-    if (m_ports.document.surface.Length() == 0)
+    if (m_ports.document.surface.TextLength() == 0)
         return m_ports.messages.stop("There isn't yet a page to view!");
     tidyToolWindows();
     WritePreviewPage();
@@ -62,7 +63,7 @@ std::string PreviewCommands::previewPath()
 
 void PreviewCommands::WritePreviewPage()
 {
-    if (m_ports.document.surface.Length() == 0) {
+    if (m_ports.document.surface.TextLength() == 0) {
         m_ports.messages.show({"There isn't any page yet to view!", Icon::Information, Buttons::Ok, "Error"});
         return;
     }
@@ -115,7 +116,7 @@ void PreviewCommands::showProgramPage(const ProgramPage &page)
     if (load(page) == Loaded::Failed)
         return showFailed();
     m_ports.windows.hideMain();
-    m_ports.windows.showBrowser();
+    m_ports.windows.showBrowserWindow();
 }
 
 void PreviewCommands::ShowPreviewFile()
@@ -129,14 +130,14 @@ void PreviewCommands::ShowPreviewFile()
     if (!askFor(path))
         return showFailed();
     m_ports.windows.hideMain();
-    m_ports.windows.showBrowser();
+    m_ports.windows.showBrowserWindow();
 }
 
 void PreviewCommands::BackToText()
 {
     m_programNavigation = true;
     m_asked.clear();
-    m_ports.windows.hideBrowser();
+    m_ports.windows.hideBrowserWindow();
     m_ports.windows.showMain();
     m_ports.browser.unload();
     removePreviewPage();

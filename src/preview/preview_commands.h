@@ -20,7 +20,7 @@ struct PreviewPorts {
     ApplicationState &application;
     FileStore &files;
     BackupStore &backups;
-    PageNotes &notes;
+    PreviewRecords &records;
     Messages &messages;
     MainView &main;
     PreviewWindows &windows;
@@ -64,7 +64,7 @@ private:
     static const ProgramPage helpPage;
     static const ProgramPage referencePage;
 
-    /// Shows the address in `turl` where links are looked at instead.
+    /// Whether links of the page shown are followed. Where they are not, shows the address in `turl`.
     [[nodiscard]] bool followsLinks(const std::string &address);
     [[nodiscard]] bool askFor(const std::string &path);
     [[nodiscard]] Loaded load(const ProgramPage &page);

@@ -15,40 +15,40 @@ std::string asideName(const std::string &path, int number)
 }
 } // namespace
 
-PreviewFile::PreviewFile(FileStore &files, BackupStore &backups, PageNotes &notes)
+PreviewFile::PreviewFile(FileStore &files, BackupStore &backups, PreviewRecords &records)
     : m_files(files)
     , m_backups(backups)
-    , m_notes(notes)
+    , m_records(records)
 {
 }
 
 bool PreviewFile::isOurs(const std::string &path) const
 {
     // A write that failed may have failed after its last step.
-    return path == m_note.page && (m_stamp ? m_files.stamp(path) == m_stamp : isPage(m_note));
+    return path == m_record.page && (m_stamp ? m_files.stamp(path) == m_stamp : isPage(m_record));
 }
 
 /// Also of a page by another program, whose stamp is not known here. The user's file may hold the same.
-bool PreviewFile::isPage(const PageNote &note) const
+bool PreviewFile::isPage(const PreviewRecord &record) const
 {
-    if (note.page.empty() || (note.original && m_files.stamp(note.page) == note.original))
+    if (record.page.empty() || (record.original && m_files.stamp(record.page) == record.original))
         return false;
-    const auto bytes = m_files.read(note.page);
-    return bytes && fingerprint(*bytes) == note.fingerprint;
+    const auto bytes = m_files.read(record.page);
+    return bytes && fingerprint(*bytes) == record.fingerprint;
 }
 
 /// Another program has put its page in place of this one's, and answers for what was set aside.
 bool PreviewFile::takenOver() const
 {
-    return std::ranges::any_of(m_notes.all(), [&](const PageNotes::Entry &entry) {
-        return entry.name != m_notes.own() && entry.note.page == m_note.page;
+    return std::ranges::any_of(m_records.all(), [&](const PreviewRecords::Entry &entry) {
+        return entry.name != m_records.own() && entry.record.page == m_record.page;
     });
 }
 
 bool PreviewFile::write(const std::string &path, std::string_view bytes)
 {
     bool written = false;
-    m_notes.exclusively([&] {
+    m_records.exclusively([&] {
         settleKilled();
         written = writeAlone(path, bytes);
         if (!written)
@@ -59,19 +59,19 @@ bool PreviewFile::write(const std::string &path, std::string_view bytes)
 
 bool PreviewFile::writeAlone(const std::string &path, std::string_view bytes)
 {
-    if (path != m_note.page)
+    if (path != m_record.page)
         leave();
-    // Gone before the note changes: a page that no note describes would stay for ever.
+    // Gone before the record changes: a page that no record describes would stay for ever.
     if (isOurs(path) && !m_files.remove(path))
         return false;
-    m_note.page = path;
-    m_note.fingerprint = fingerprint(bytes);
+    m_record.page = path;
+    m_record.fingerprint = fingerprint(bytes);
     m_stamp.reset();
     takeOver(path);
     if (!setAside())
         return false;
     m_files.setHidden(path, false);
-    if (m_files.writePrivate(path, bytes) != Saved::Ok)
+    if (m_files.writePrivate(path, bytes) != WriteOutcome::Ok)
         return false;
     m_files.setHidden(path, true);
     m_stamp = m_files.stamp(path);
@@ -80,95 +80,96 @@ bool PreviewFile::writeAlone(const std::string &path, std::string_view bytes)
 
 void PreviewFile::takeOver(const std::string &path)
 {
-    for (const auto &entry : m_notes.all()) {
-        if (entry.note.page != path || entry.name == m_notes.own())
+    for (const auto &entry : m_records.all()) {
+        if (entry.record.page != path || entry.name == m_records.own())
             continue;
-        if (isPage(entry.note))
+        if (isPage(entry.record))
             std::ignore = m_files.remove(path); // tried again at the next start
-        m_note.aside = entry.note.aside;
-        m_note.original = entry.note.original;
-        m_notes.write(m_note);
-        m_notes.drop(entry.name);
+        m_record.aside = entry.record.aside;
+        m_record.original = entry.record.original;
+        m_records.write(m_record);
+        m_records.drop(entry.name);
     }
 }
 
 /// What lies in the page's place now is somebody's file.
 bool PreviewFile::setAside()
 {
-    const auto &path = m_note.page;
+    const auto &path = m_record.page;
     const bool isFile = m_files.fileExists(path);
     if (isFile) {
-        putBack(m_note);
-        m_note.original = m_files.stamp(path);
-        m_note.aside.clear();
+        putBack(m_record);
+        m_record.original = m_files.stamp(path);
+        m_record.aside.clear();
     }
     for (int number = 1; isFile && number <= mostAsideNames; ++number) {
-        m_note.aside = asideName(path, number);
-        if (m_files.fileExists(m_note.aside))
+        m_record.aside = asideName(path, number);
+        if (m_files.fileExists(m_record.aside))
             continue;
         // First, so that a kill between the two leaves a file that is known.
-        m_notes.write(m_note);
-        if (m_files.rename(path, m_note.aside))
+        m_records.write(m_record);
+        if (m_files.rename(path, m_record.aside))
             return true;
     }
     // Without a file a link may stand there that leads nowhere; writing would go through it.
-    if (!isFile && m_note.aside.empty() && m_files.rename(path, asideName(path, 1)))
-        m_note.aside = asideName(path, 1);
-    m_notes.write(m_note);
+    if (!isFile && m_record.aside.empty() && m_files.rename(path, asideName(path, 1)))
+        m_record.aside = asideName(path, 1);
+    m_records.write(m_record);
     return !isFile;
 }
 
 void PreviewFile::remove()
 {
-    if (!m_note.page.empty())
-        m_notes.exclusively([this] { leave(); });
+    if (!m_record.page.empty())
+        m_records.exclusively([this] { leave(); });
 }
 
 void PreviewFile::leave()
 {
-    if (!m_note.page.empty() && !takenOver()) {
+    if (!m_record.page.empty() && !takenOver()) {
         // Where it cannot be removed now, the next preview or start tries again.
-        if (isOurs(m_note.page) && !m_files.remove(m_note.page))
-            m_notes.leaveOwn();
+        if (isOurs(m_record.page) && !m_files.remove(m_record.page))
+            m_records.leaveOwn();
         else
-            putBack(m_note);
+            putBack(m_record);
     }
-    m_notes.drop(m_notes.own());
-    m_note = {};
+    m_records.drop(m_records.own());
+    m_record = {};
     m_stamp.reset();
 }
 
 void PreviewFile::removeLeftPages()
 {
-    if (!m_notes.all().empty())
-        m_notes.exclusively([this] { settleKilled(); });
+    if (!m_records.all().empty())
+        m_records.exclusively([this] { settleKilled(); });
 }
 
 void PreviewFile::settleKilled()
 {
-    const auto entries = m_notes.all();
+    const auto entries = m_records.all();
     for (const auto &entry : entries) {
         if (entry.alive)
             continue;
-        const bool takenOver = std::ranges::any_of(entries,
-            [&](const PageNotes::Entry &other) { return other.alive && other.note.page == entry.note.page; });
-        if (!takenOver && isPage(entry.note) && !m_files.remove(entry.note.page))
+        const bool takenOver = std::ranges::any_of(entries, [&](const PreviewRecords::Entry &other) {
+            return other.alive && other.record.page == entry.record.page;
+        });
+        if (!takenOver && isPage(entry.record) && !m_files.remove(entry.record.page))
             continue;
         if (!takenOver)
-            putBack(entry.note);
-        m_notes.drop(entry.name);
+            putBack(entry.record);
+        m_records.drop(entry.name);
     }
 }
 
-void PreviewFile::putBack(const PageNote &note)
+void PreviewFile::putBack(const PreviewRecord &record)
 {
-    if (note.aside.empty() || m_files.stamp(note.aside) != note.original
-        || m_files.rename(note.aside, note.page))
+    if (record.aside.empty() || m_files.stamp(record.aside) != record.original
+        || m_files.rename(record.aside, record.page))
         return;
     // A document has been saved under this name meanwhile.
-    if (const auto bytes = m_files.read(note.aside);
-        bytes && m_backups.keep(note.page, *bytes, KeptReason::Deleted))
-        std::ignore = m_files.remove(note.aside); // only a copy
+    if (const auto bytes = m_files.read(record.aside);
+        bytes && m_backups.keep(record.page, *bytes, KeptReason::Deleted))
+        std::ignore = m_files.remove(record.aside); // only a copy
 }
 
 } // namespace kevra

@@ -4,7 +4,7 @@
 // show the same folder; after a kill, at the next start or preview.
 #pragma once
 
-#include "preview/page_notes.h"
+#include "preview/preview_records.h"
 #include "storage/backup_store.h"
 #include "storage/file_store.h"
 
@@ -14,11 +14,9 @@
 
 namespace kevra {
 
-inline constexpr auto previewPageName = "kevratemp.html";
-
 class PreviewFile {
 public:
-    PreviewFile(FileStore &files, BackupStore &backups, PageNotes &notes);
+    PreviewFile(FileStore &files, BackupStore &backups, PreviewRecords &records);
 
     /// Hidden afterwards. False when it could not be written; what was there before is there again then.
     [[nodiscard]] bool write(const std::string &path, std::string_view bytes);
@@ -30,19 +28,19 @@ public:
 
 private:
     [[nodiscard]] bool isOurs(const std::string &path) const;
-    [[nodiscard]] bool isPage(const PageNote &note) const;
+    [[nodiscard]] bool isPage(const PreviewRecord &record) const;
     [[nodiscard]] bool takenOver() const;
     [[nodiscard]] bool writeAlone(const std::string &path, std::string_view bytes);
     [[nodiscard]] bool setAside();
     void takeOver(const std::string &path);
     void leave();
     void settleKilled();
-    void putBack(const PageNote &note);
+    void putBack(const PreviewRecord &record);
 
     FileStore &m_files;
     BackupStore &m_backups;
-    PageNotes &m_notes;
-    PageNote m_note; ///< its page is empty while there is none
+    PreviewRecords &m_records;
+    PreviewRecord m_record; ///< its page is empty while there is none
     std::optional<FileStamp> m_stamp; ///< of the page
 };
 

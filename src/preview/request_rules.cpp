@@ -17,7 +17,7 @@ bool isInside(std::string_view path, std::string_view folder)
         && path[folder.size()] == '/';
 }
 
-bool hasIndexPage(const std::string &folder, const FileStore &files)
+bool hasIndexPage(const std::string &folder, const FileReader &files)
 {
     return std::ranges::any_of(indexPages, [&](const char *page) { return files.fileExists(folder + page); });
 }
@@ -42,7 +42,7 @@ bool allowsRequest(const PageRequest &request, const PageScope &scope, Remote re
     return request.kind != Resource::MainFrame && isOwnData(request.scheme);
 }
 
-PageScope scopeOf(const std::string &folder, const FileStore &files, std::string_view home)
+PageScope scopeOf(const std::string &folder, const FileReader &files, std::string_view home)
 {
     PageScope scope{folder, folder};
     for (auto above = std::string(parentFolder(folder)); hasIndexPage(above, files);

@@ -32,6 +32,6 @@ struct PageRequest {
 
 /// `folder`, and as its site the highest folder above it that can be reached through folders with an index
 /// page of their own; never `home` or a folder around it.
-[[nodiscard]] PageScope scopeOf(const std::string &folder, const FileStore &files, std::string_view home);
+[[nodiscard]] PageScope scopeOf(const std::string &folder, const FileReader &files, std::string_view home);
 
 } // namespace kevra

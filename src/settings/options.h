@@ -17,7 +17,7 @@ namespace kevra {
 /// Which stored texts, in any case, mean that an option is on.
 enum class OnFor { YesOrNone, YesAlone, AllButNo };
 
-/// A toolbar key, counted from 1, and its pictures.
+/// A toolbar button, counted from 1, and its pictures.
 struct OptionButton {
     int number = 0; ///< 0: none
     int on = 0;

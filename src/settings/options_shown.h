@@ -9,7 +9,7 @@
 namespace kevra {
 
 struct OptionsShown {
-    OptionSwitches lamps; ///< on is green, off is red
+    OptionFlags lamps; ///< on is green, off is red
 
     int autosaveMinutes = 0; ///< the interval box
     std::string fontFace; ///< the face box

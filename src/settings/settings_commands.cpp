@@ -26,8 +26,8 @@ void SettingsCommands::setOption(Option option, bool on)
         return;
     storeOption(m_parts.store, option, on);
     if (const auto flag = rowOf(option).flag)
-        m_parts.editing.*flag = on;
-    m_parts.options.lamps[option] = on;
+        m_parts.editorOptions.*flag = on;
+    m_parts.optionsShown.lamps[option] = on;
     m_parts.views.tools().showOption(option, on);
 
     if (option == Option::Autosave)
@@ -66,12 +66,12 @@ void SettingsCommands::toggleAutosave()
 
 void SettingsCommands::toggleFsoMenu()
 {
-    setOption(Option::FsoMenu, !m_parts.editing.fsoMenu);
+    setOption(Option::FsoMenu, !m_parts.editorOptions.fsoMenu);
 }
 
 void SettingsCommands::switchColours(bool on)
 {
-    if (m_parts.document.surface.Length() == 0)
+    if (m_parts.document.surface.TextLength() == 0)
         return;
     if (on)
         colourDocument();
@@ -99,7 +99,7 @@ void SettingsCommands::setTempFolder(const std::string &folder)
 void SettingsCommands::setInterval(const std::string &minutes)
 {
     writeSetting(m_parts.store, keys::autosaveMinutes, minutes);
-    m_parts.application.autosaveMinutes = m_parts.options.autosaveMinutes = wholeMinutes(minutes);
+    m_parts.application.autosaveMinutes = m_parts.optionsShown.autosaveMinutes = wholeMinutes(minutes);
     // A running timer takes the new interval; zero stops it.
     if (m_parts.application.autosaveOn)
         runAutosave(m_parts.application.autosaveMinutes > 0);
@@ -108,7 +108,7 @@ void SettingsCommands::setInterval(const std::string &minutes)
 void SettingsCommands::setFontFace(const std::string &face)
 {
     writeSetting(m_parts.store, keys::fontFace, face);
-    m_parts.options.fontFace = face;
+    m_parts.optionsShown.fontFace = face;
     m_parts.views.fonts().selectFace(chosenFace(face).position);
     m_parts.application.fontFaceChanged = true;
 }
@@ -116,7 +116,7 @@ void SettingsCommands::setFontFace(const std::string &face)
 void SettingsCommands::setFontSize(const std::string &size)
 {
     writeSetting(m_parts.store, keys::fontSize, size);
-    m_parts.options.fontSize = size;
+    m_parts.optionsShown.fontSize = size;
     m_parts.views.fonts().selectSize(chosenSize(size).position);
     m_parts.application.fontFaceChanged = true;
 }
@@ -133,16 +133,16 @@ void SettingsCommands::applyColour()
 {
     if (!m_chosenColour)
         return;
-    m_parts.editing.codeColour = *m_chosenColour;
+    m_parts.editorOptions.codeColour = *m_chosenColour;
     m_chosenColour.reset();
-    writeSetting(m_parts.store, keys::codeColour, std::to_string(m_parts.editing.codeColour.value));
-    if (m_parts.document.state.takesColour() && m_parts.document.surface.Length() > 0)
+    writeSetting(m_parts.store, keys::codeColour, std::to_string(m_parts.editorOptions.codeColour.value));
+    if (m_parts.document.state.takesColour() && m_parts.document.surface.TextLength() > 0)
         colourDocument();
 }
 
 Colour SettingsCommands::shownColour() const
 {
-    return m_chosenColour.value_or(m_parts.editing.codeColour);
+    return m_chosenColour.value_or(m_parts.editorOptions.codeColour);
 }
 
 std::optional<std::string> SettingsCommands::browseProgram()

@@ -8,7 +8,7 @@
 #include "editor/document_state.h"
 #include "settings/options.h"
 #include "settings/options_shown.h"
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 #include "tools/external_program.h"
 
 #include <optional>
@@ -29,13 +29,13 @@ public:
 /// What the commands work on; all of it must outlive them.
 struct SettingsParts {
     SettingsStore &store;
-    EditorOptions &editing;
+    EditorOptions &editorOptions;
     ApplicationState &application;
-    OptionsShown &options;
+    OptionsShown &optionsShown;
     SettingsViews &views;
     EditedDocument document;
     SettingsEffects &effects;
-    const FileStore &files;
+    const FileReader &files;
     Messages &messages;
     FileDialogs &fileDialogs;
     ColourDialog &colourDialog;
@@ -75,7 +75,7 @@ public:
 
     /// False if the last change could not be stored and holds only for this run.
     [[nodiscard]] bool isStored() const { return m_parts.store.isStored(); }
-    [[nodiscard]] const OptionsShown &options() const { return m_parts.options; }
+    [[nodiscard]] const OptionsShown &optionsShown() const { return m_parts.optionsShown; }
     [[nodiscard]] const ApplicationState &application() const { return m_parts.application; }
 
 private:

@@ -329,7 +329,7 @@ bool SettingsDialog::event(QEvent *event)
 void SettingsDialog::showLamps()
 {
     for (const auto &[option, lamp] : m_lamps) {
-        const bool on = m_commands.options().lamps[option];
+        const bool on = m_commands.optionsShown().lamps[option];
         lamp->setText(on ? "YES" : "NO");
         paint(*lamp, QPalette::Window, screenColour(on ? yesColour : noColour));
     }
@@ -345,7 +345,7 @@ void SettingsDialog::showColour()
 
 void SettingsDialog::showEntries()
 {
-    const auto &options = m_commands.options();
+    const auto &options = m_commands.optionsShown();
     const auto &application = m_commands.application();
     m_tempFolder->setText(pathText(application.tempFolder));
     selectText(*m_interval, QString::number(options.autosaveMinutes));

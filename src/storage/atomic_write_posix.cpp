@@ -167,7 +167,7 @@ namespace {
 
 enum class Readers { SameAsTarget, OwnerOnly };
 
-Saved writeWithReaders(Readers readers, const std::string &target, std::string_view bytes,
+WriteOutcome writeWithReaders(Readers readers, const std::string &target, std::string_view bytes,
     const struct stat *original, const FileStore::Replaced &replaced)
 {
     const auto folder = openFile(folderOf(target), O_RDONLY | O_DIRECTORY);
@@ -185,7 +185,7 @@ Saved writeWithReaders(Readers readers, const std::string &target, std::string_v
     } else if (const auto old = statusOf(target, error)) {
         const auto oldFile = openFile(target, O_RDONLY);
         if (!copyMetadata(*old, oldFile.get(), file.descriptor()))
-            return Saved::Denied;
+            return WriteOutcome::Denied;
     } else if (error != std::errc::no_such_file_or_directory) {
         return outcomeOf(error);
     } else if (::fchmod(file.descriptor(), modeOfCopy(original, file.descriptor())) != 0) {
@@ -195,7 +195,7 @@ Saved writeWithReaders(Readers readers, const std::string &target, std::string_v
     if (const auto unsynchronised = synchronise(file.descriptor()))
         return outcomeOf(unsynchronised);
     if (!isWhole(file.descriptor(), bytes.size()))
-        return Saved::Failed;
+        return WriteOutcome::Failed;
     if (const auto unmoved = file.moveTo(nameOf(target), replaced))
         return outcomeOf(unmoved);
     return outcomeOf(synchronise(folder.get()));
@@ -203,13 +203,13 @@ Saved writeWithReaders(Readers readers, const std::string &target, std::string_v
 
 } // namespace
 
-Saved writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original,
+WriteOutcome writeAtomically(const std::string &target, std::string_view bytes, const struct stat *original,
     const FileStore::Replaced &replaced)
 {
     return writeWithReaders(Readers::SameAsTarget, target, bytes, original, replaced);
 }
 
-Saved writePrivately(const std::string &target, std::string_view bytes)
+WriteOutcome writePrivately(const std::string &target, std::string_view bytes)
 {
     return writeWithReaders(Readers::OwnerOnly, target, bytes, nullptr, {});
 }

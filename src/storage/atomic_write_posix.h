@@ -14,11 +14,11 @@ namespace kevra {
 /// Keeps mode, group and extended attributes; Denied if it cannot. Where there was no file, the new one is no
 /// more accessible to others than `original`, if given. `replaced`, if set, receives the old bytes once no
 /// other program can change them under this name.
-[[nodiscard]] Saved writeAtomically(const std::string &target, std::string_view bytes,
+[[nodiscard]] WriteOutcome writeAtomically(const std::string &target, std::string_view bytes,
     const struct stat *original = nullptr, const FileStore::Replaced &replaced = {});
 
 /// The same, but the file is readable only by its owner, even if the old one was not.
-[[nodiscard]] Saved writePrivately(const std::string &target, std::string_view bytes);
+[[nodiscard]] WriteOutcome writePrivately(const std::string &target, std::string_view bytes);
 
 /// Removes temporary files that killed saves left in the folder of `path`.
 void removeLeftovers(const std::string &path);

@@ -14,12 +14,12 @@ namespace {
 
 constexpr std::chrono::seconds retryInterval{1};
 
-Saved runJob(const BackgroundWriter::Job &job)
+WriteOutcome runJob(const BackgroundWriter::Job &job)
 {
     try {
         return job();
     } catch (const std::bad_alloc &) {
-        return Saved::Failed;
+        return WriteOutcome::Failed;
     }
 }
 
@@ -64,7 +64,7 @@ void BackgroundWriter::drop(const std::string &name)
     m_changed.wait(lock, [&] { return m_running != name; });
     const auto last = m_outcomes.extract(name);
     lock.unlock();
-    if (last && last.mapped() != Saved::Ok)
+    if (last && last.mapped() != WriteOutcome::Ok)
         m_outcomeChanged();
 }
 
@@ -76,11 +76,11 @@ void BackgroundWriter::finish()
     m_changed.wait(lock, [&] { return m_jobs.empty() && m_running.empty(); });
 }
 
-Saved BackgroundWriter::outcome(const std::string &name) const
+WriteOutcome BackgroundWriter::outcome(const std::string &name) const
 {
     const std::lock_guard lock(m_mutex);
     const auto it = m_outcomes.find(name);
-    return it == m_outcomes.end() ? Saved::Ok : it->second;
+    return it == m_outcomes.end() ? WriteOutcome::Ok : it->second;
 }
 
 void BackgroundWriter::loop()
@@ -110,7 +110,7 @@ void BackgroundWriter::runNext(std::unique_lock<std::mutex> &lock)
     lock.lock();
     m_running.clear();
     const auto before = std::exchange(m_outcomes[next.name], saved);
-    if (saved != Saved::Ok && !m_replaced)
+    if (saved != WriteOutcome::Ok && !m_replaced)
         m_failed.push_back(std::move(next));
     m_changed.notify_all();
     if (before == saved)

@@ -17,7 +17,7 @@ namespace kevra {
 
 class BackgroundWriter {
 public:
-    using Job = std::function<Saved()>; ///< runs on the thread; must own all its data
+    using Job = std::function<WriteOutcome()>; ///< runs on the thread; must own all its data
 
     /// `outcomeChanged` is called, on the thread or in drop(), when outcome() has changed.
     explicit BackgroundWriter(std::function<void()> outcomeChanged = [] {});
@@ -33,7 +33,7 @@ public:
     /// Returns when every waiting or failed job has been tried.
     void finish();
     /// The outcome of the last job of that name; Ok when there was none.
-    [[nodiscard]] Saved outcome(const std::string &name) const;
+    [[nodiscard]] WriteOutcome outcome(const std::string &name) const;
 
 private:
     struct NamedJob {
@@ -51,7 +51,7 @@ private:
     std::condition_variable m_changed;
     std::deque<NamedJob> m_jobs;
     std::deque<NamedJob> m_failed; ///< waiting for a retry
-    std::map<std::string, Saved> m_outcomes;
+    std::map<std::string, WriteOutcome> m_outcomes;
     std::string m_running; ///< name of the running job; empty if none
     bool m_replaced = false; ///< the running job was replaced or dropped
     bool m_stopping = false;

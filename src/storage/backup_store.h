@@ -33,7 +33,7 @@ public:
     virtual void fileLost() = 0; ///< the file no longer holds the text: the window has the only copy
     /// The text leaves the document without a question. If it is in no file, it is offered at the next start.
     /// False when it could not be kept and has to stay.
-    [[nodiscard]] virtual bool documentReplaced() = 0;
+    [[nodiscard]] virtual bool keepForNextStart() = 0;
 };
 
 } // namespace kevra

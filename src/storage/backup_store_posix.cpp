@@ -59,7 +59,7 @@ bool BackupStorePosix::keep(const std::string &path, std::string_view bytes, Kep
     fs::create_directories(m_folder, error);
     fs::permissions(m_folder, fs::perms::owner_all, error);
     const auto name = timeText() + '-' + nameSuffix(path);
-    const bool kept = writePrivately(m_folder + '/' + name, bytes) == Saved::Ok;
+    const bool kept = writePrivately(m_folder + '/' + name, bytes) == WriteOutcome::Ok;
     if (kept)
         // Without the note the version is shown under its file name.
         std::ignore

@@ -95,21 +95,21 @@ std::error_code synchronise(int descriptor)
     return std::ranges::find(unsupported, error.value()) == unsupported.end() ? error : std::error_code();
 }
 
-Saved outcomeOf(std::error_code error)
+WriteOutcome outcomeOf(std::error_code error)
 {
     switch (error.value()) {
     case 0:
-        return Saved::Ok;
+        return WriteOutcome::Ok;
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        return Saved::DiskFull;
+        return WriteOutcome::DiskFull;
     case EACCES:
     case EPERM:
     case EROFS:
-        return Saved::Denied;
+        return WriteOutcome::Denied;
     default:
-        return Saved::Failed;
+        return WriteOutcome::Failed;
     }
 }
 

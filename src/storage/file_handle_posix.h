@@ -71,7 +71,7 @@ private:
 /// fsync(2); succeeds on file systems that do not support it.
 [[nodiscard]] std::error_code synchronise(int descriptor);
 /// Ok for an empty error.
-[[nodiscard]] Saved outcomeOf(std::error_code error);
+[[nodiscard]] WriteOutcome outcomeOf(std::error_code error);
 /// `path` with links in its last part resolved, even if the target does not exist; empty for a cycle of
 /// links.
 [[nodiscard]] std::string linkTarget(const std::string &path);

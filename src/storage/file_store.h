@@ -10,7 +10,7 @@
 
 namespace kevra {
 
-enum class Saved {
+enum class WriteOutcome {
     Ok,
     NotAFile, ///< the path is a folder, device, FIFO or socket
     Denied,
@@ -20,19 +20,19 @@ enum class Saved {
 };
 
 /// Why nothing was saved, as the end of a sentence.
-[[nodiscard]] constexpr std::string_view reason(Saved saved)
+[[nodiscard]] constexpr std::string_view reason(WriteOutcome saved)
 {
     switch (saved) {
-    case Saved::NotAFile:
+    case WriteOutcome::NotAFile:
         return "it is not a regular file";
-    case Saved::Denied:
+    case WriteOutcome::Denied:
         return "it may not be written";
-    case Saved::DiskFull:
+    case WriteOutcome::DiskFull:
         return "the disk is full";
-    case Saved::Torn:
+    case WriteOutcome::Torn:
         return "it could be written only in part";
-    case Saved::Ok:
-    case Saved::Failed:
+    case WriteOutcome::Ok:
+    case WriteOutcome::Failed:
         break;
     }
     return "it cannot be written";
@@ -53,46 +53,38 @@ struct FileStamp {
     }
 };
 
-class FileStore {
+class FileReader {
 public:
-    virtual ~FileStore() = default;
-    [[nodiscard]] virtual bool fileExists(
-        const std::string &path) const = 0; ///< a regular file, links followed
+    virtual ~FileReader() = default;
+    /// A regular file, links followed.
+    [[nodiscard]] virtual bool fileExists(const std::string &path) const = 0;
     [[nodiscard]] virtual bool folderExists(const std::string &path) const = 0;
     [[nodiscard]] virtual std::optional<FileStamp> stamp(const std::string &path) const = 0;
     /// The bytes of a regular file; nothing when it cannot be read completely.
     [[nodiscard]] virtual std::optional<std::string> read(const std::string &path) const = 0;
-    /// Afterwards the file holds either its old bytes or all the new ones.
-    [[nodiscard]] virtual Saved write(const std::string &path, std::string_view bytes) = 0;
-    /// As write(), but also replaces a read-only file: the user has agreed.
-    [[nodiscard]] virtual Saved replace(const std::string &path, std::string_view bytes)
-    {
-        return write(path, bytes);
-    }
-    /// Receives the content that a save replaces.
+};
+
+enum class ReadOnlyFiles { Refuse, Replace };
+
+class FileStore : public FileReader {
+public:
+    /// Afterwards the file holds either its old bytes or all the new ones. Read-only files are refused.
+    [[nodiscard]] virtual WriteOutcome write(const std::string &path, std::string_view bytes) = 0;
+    /// Receives the content that is replaced.
     using Replaced = std::function<void(std::string_view bytes)>;
-    /// As write(), or as replace() when `overReadOnly`. `replaced` is called as late as possible, so that
-    /// another program's save just before the replacement is not lost.
-    [[nodiscard]] virtual Saved save(
-        const std::string &path, std::string_view bytes, bool overReadOnly, const Replaced &replaced)
-    {
-        if (const auto content = read(path))
-            replaced(*content);
-        return overReadOnly ? replace(path, bytes) : write(path, bytes);
-    }
-    /// The file with the old and new bytes of the last save if that was Torn; empty otherwise.
-    [[nodiscard]] virtual std::string safetyCopy() const { return {}; }
+    /// As write(). `replaced`, which may be empty, is called as late as possible, so that another program's
+    /// save just before the replacement is not lost.
+    [[nodiscard]] virtual WriteOutcome writeDocument(
+        const std::string &path, std::string_view bytes, ReadOnlyFiles readOnly, const Replaced &replaced)
+        = 0;
+    /// The file with the old and new bytes of the last document if that was Torn; empty otherwise.
+    [[nodiscard]] virtual std::string safetyCopy() const = 0;
     /// As write(), for a new file that is no more accessible to others than `original`.
-    [[nodiscard]] virtual Saved writeCopy(
-        const std::string & /*original*/, const std::string &path, std::string_view bytes)
-    {
-        return write(path, bytes);
-    }
+    [[nodiscard]] virtual WriteOutcome writeBackup(
+        const std::string &original, const std::string &path, std::string_view bytes)
+        = 0;
     /// As write(), for the program's own files: readable only by the owner.
-    [[nodiscard]] virtual Saved writePrivate(const std::string &path, std::string_view bytes)
-    {
-        return write(path, bytes);
-    }
+    [[nodiscard]] virtual WriteOutcome writePrivate(const std::string &path, std::string_view bytes) = 0;
     /// Also removes read-only files. True when the file does not exist afterwards.
     [[nodiscard]] virtual bool remove(const std::string &path) = 0;
     /// Renames a file within its folder and keeps its metadata. False, with nothing done, when the new name

@@ -80,23 +80,20 @@ std::optional<std::string> FileStorePosix::read(const std::string &path) const
     }
 }
 
-Saved FileStorePosix::write(const std::string &path, std::string_view bytes)
+WriteOutcome FileStorePosix::write(const std::string &path, std::string_view bytes)
 {
     return put(path, bytes, {});
 }
 
-Saved FileStorePosix::replace(const std::string &path, std::string_view bytes)
+WriteOutcome FileStorePosix::writeDocument(
+    const std::string &path, std::string_view bytes, ReadOnlyFiles readOnly, const Replaced &replaced)
 {
-    return putOverReadOnly(path, bytes, {});
+    return readOnly == ReadOnlyFiles::Replace ? putOverReadOnly(path, bytes, replaced)
+                                              : put(path, bytes, replaced);
 }
 
-Saved FileStorePosix::save(
-    const std::string &path, std::string_view bytes, bool overReadOnly, const Replaced &replaced)
-{
-    return overReadOnly ? putOverReadOnly(path, bytes, replaced) : put(path, bytes, replaced);
-}
-
-Saved FileStorePosix::putInPlace(const std::string &target, std::string_view bytes, const Replaced &replaced)
+WriteOutcome FileStorePosix::putInPlace(
+    const std::string &target, std::string_view bytes, const Replaced &replaced)
 {
     InPlaceContext context{replaced, {}};
     const auto saved = writeInPlace(target, bytes, m_stateFolder, context);
@@ -104,19 +101,19 @@ Saved FileStorePosix::putInPlace(const std::string &target, std::string_view byt
     return saved;
 }
 
-Saved FileStorePosix::put(const std::string &path, std::string_view bytes, const Replaced &replaced)
+WriteOutcome FileStorePosix::put(const std::string &path, std::string_view bytes, const Replaced &replaced)
 {
     const auto target = linkTarget(native(path));
     if (target.empty() || target.ends_with('/'))
-        return Saved::Failed;
+        return WriteOutcome::Failed;
     std::error_code error;
     const auto status = statusOf(target, error);
     if (error && error != std::errc::no_such_file_or_directory)
         return outcomeOf(error);
     if (status && !S_ISREG(status->st_mode))
-        return Saved::NotAFile;
+        return WriteOutcome::NotAFile;
     if (status && !isWritable(target))
-        return Saved::Denied;
+        return WriteOutcome::Denied;
     if (status && mustStaySameFile(*status))
         return putInPlace(target, bytes, replaced);
 
@@ -124,10 +121,10 @@ Saved FileStorePosix::put(const std::string &path, std::string_view bytes, const
     if (m_cleanedFolders.insert(folderOf(target)).second)
         removeLeftovers(target);
     const auto saved = writeAtomically(target, bytes, nullptr, replaced);
-    return saved == Saved::Denied && status ? putInPlace(target, bytes, replaced) : saved;
+    return saved == WriteOutcome::Denied && status ? putInPlace(target, bytes, replaced) : saved;
 }
 
-Saved FileStorePosix::putOverReadOnly(
+WriteOutcome FileStorePosix::putOverReadOnly(
     const std::string &path, std::string_view bytes, const Replaced &replaced)
 {
     const auto target = linkTarget(native(path));
@@ -137,12 +134,13 @@ Saved FileStorePosix::putOverReadOnly(
     if (::chmod(target.c_str(), (status->st_mode & 07777) | S_IWUSR) != 0)
         return outcomeOf(lastError());
     const auto saved = put(path, bytes, replaced);
-    if (saved != Saved::Ok)
+    if (saved != WriteOutcome::Ok)
         ::chmod(target.c_str(), status->st_mode & 07777);
     return saved;
 }
 
-Saved FileStorePosix::writeCopy(const std::string &original, const std::string &path, std::string_view bytes)
+WriteOutcome FileStorePosix::writeBackup(
+    const std::string &original, const std::string &path, std::string_view bytes)
 {
     std::error_code error;
     const auto status = statusOf(native(original), error);
@@ -151,7 +149,7 @@ Saved FileStorePosix::writeCopy(const std::string &original, const std::string &
     return writeAtomically(native(path), bytes, &*status);
 }
 
-Saved FileStorePosix::writePrivate(const std::string &path, std::string_view bytes)
+WriteOutcome FileStorePosix::writePrivate(const std::string &path, std::string_view bytes)
 {
     return writePrivately(native(path), bytes);
 }

@@ -18,24 +18,23 @@ public:
     [[nodiscard]] bool folderExists(const std::string &path) const override;
     [[nodiscard]] std::optional<FileStamp> stamp(const std::string &path) const override;
     [[nodiscard]] std::optional<std::string> read(const std::string &path) const override;
-    [[nodiscard]] Saved write(const std::string &path, std::string_view bytes) override;
-    [[nodiscard]] Saved replace(const std::string &path, std::string_view bytes) override;
-    [[nodiscard]] Saved save(const std::string &path, std::string_view bytes, bool overReadOnly,
-        const Replaced &replaced) override;
+    [[nodiscard]] WriteOutcome write(const std::string &path, std::string_view bytes) override;
+    [[nodiscard]] WriteOutcome writeDocument(const std::string &path, std::string_view bytes,
+        ReadOnlyFiles readOnly, const Replaced &replaced) override;
     [[nodiscard]] std::string safetyCopy() const override { return m_safetyCopy; }
-    [[nodiscard]] Saved writeCopy(
+    [[nodiscard]] WriteOutcome writeBackup(
         const std::string &original, const std::string &path, std::string_view bytes) override;
-    [[nodiscard]] Saved writePrivate(const std::string &path, std::string_view bytes) override;
+    [[nodiscard]] WriteOutcome writePrivate(const std::string &path, std::string_view bytes) override;
     bool remove(const std::string &path) override;
     [[nodiscard]] bool rename(const std::string &from, const std::string &to) override;
     /// POSIX file systems have no hidden attribute.
     void setHidden(const std::string &, bool) override { }
 
 private:
-    [[nodiscard]] Saved put(const std::string &path, std::string_view bytes, const Replaced &replaced);
-    [[nodiscard]] Saved putOverReadOnly(
+    [[nodiscard]] WriteOutcome put(const std::string &path, std::string_view bytes, const Replaced &replaced);
+    [[nodiscard]] WriteOutcome putOverReadOnly(
         const std::string &path, std::string_view bytes, const Replaced &replaced);
-    [[nodiscard]] Saved putInPlace(
+    [[nodiscard]] WriteOutcome putInPlace(
         const std::string &target, std::string_view bytes, const Replaced &replaced);
 
     [[nodiscard]] std::string native(const std::string &path) const;

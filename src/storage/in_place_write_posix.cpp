@@ -96,7 +96,7 @@ std::string copyPath(const std::string &stateFolder)
 
 } // namespace
 
-Saved writeInPlace(const std::string &target, std::string_view bytes, const std::string &stateFolder,
+WriteOutcome writeInPlace(const std::string &target, std::string_view bytes, const std::string &stateFolder,
     InPlaceContext &context)
 {
     const auto file = openRegular(target, O_RDWR);
@@ -104,7 +104,7 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
         return outcomeOf(file.error());
     const auto before = readAll(file.get());
     if (!before)
-        return Saved::Failed;
+        return WriteOutcome::Failed;
     const Change change{*before, bytes};
     if (context.replaced)
         context.replaced(*before);
@@ -112,18 +112,19 @@ Saved writeInPlace(const std::string &target, std::string_view bytes, const std:
     std::error_code error;
     std::filesystem::create_directories(stateFolder, error);
     const auto copy = copyPath(stateFolder);
-    if (const auto kept = writePrivately(copy, withChecksum({target, *before, bytes})); kept != Saved::Ok)
+    if (const auto kept = writePrivately(copy, withChecksum({target, *before, bytes}));
+        kept != WriteOutcome::Ok)
         return kept;
     // Another instance that is starting may have taken the copy for a leftover.
     const auto lock = openRegular(copy, O_RDONLY);
     struct stat status { };
     if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 || ::fstat(lock.get(), &status) != 0
         || status.st_nlink == 0)
-        return Saved::Failed;
+        return WriteOutcome::Failed;
     const auto failed = overwrite(file.get(), change);
     if (failed && putBack(file.get(), change)) {
         context.copy = copy;
-        return Saved::Torn;
+        return WriteOutcome::Torn;
     }
     ::unlink(copy.c_str());
     return outcomeOf(failed);

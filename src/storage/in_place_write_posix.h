@@ -20,7 +20,7 @@ struct InPlaceContext {
 
 /// `stateFolder` holds the safety copy. After a failure the file has its old bytes, unless the outcome is
 /// Torn.
-[[nodiscard]] Saved writeInPlace(const std::string &target, std::string_view bytes,
+[[nodiscard]] WriteOutcome writeInPlace(const std::string &target, std::string_view bytes,
     const std::string &stateFolder, InPlaceContext &context);
 
 /// Completes writes that a crash or power cut interrupted. Skips files that a running instance is writing or

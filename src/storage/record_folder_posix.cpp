@@ -33,16 +33,16 @@ bool RecordFolder::exists() const
         && (m_place == Place::Private || status.st_uid == ::geteuid());
 }
 
-Saved RecordFolder::open()
+WriteOutcome RecordFolder::open()
 {
     if (m_number > 0)
-        return Saved::Ok;
+        return WriteOutcome::Ok;
     std::error_code error;
     if (m_place == Place::Private)
         std::filesystem::create_directories(std::filesystem::path(m_path).parent_path(), error);
     const auto unmade = errorOf(::mkdir(m_path.c_str(), 0700));
     if (unmade && !exists())
-        return unmade == std::errc::file_exists ? Saved::Denied : outcomeOf(unmade);
+        return unmade == std::errc::file_exists ? WriteOutcome::Denied : outcomeOf(unmade);
     // Only the user may read what they wrote.
     ::chmod(m_path.c_str(), 0700);
     for (int number = 1; number <= maxPrograms; ++number) {
@@ -52,10 +52,10 @@ Saved RecordFolder::open()
         if (takeLock(handle)) {
             m_lock = std::move(handle);
             m_number = number;
-            return Saved::Ok;
+            return WriteOutcome::Ok;
         }
     }
-    return Saved::Failed;
+    return WriteOutcome::Failed;
 }
 
 std::string RecordFolder::file(int number, const char *kind) const

@@ -21,7 +21,7 @@ public:
     /// Whether the folder exists and may be used.
     [[nodiscard]] bool exists() const;
     /// Creates the folder and takes a number, once. Without a number nothing can be stored.
-    [[nodiscard]] Saved open();
+    [[nodiscard]] WriteOutcome open();
     [[nodiscard]] int number() const { return m_number; } ///< 0 before open()
     [[nodiscard]] std::string file(int number, const char *kind) const;
     [[nodiscard]] std::string ownFile(const char *kind) const { return file(m_number, kind); }

@@ -210,17 +210,17 @@ void RecoveryStorePosix::moveToBackups(const std::string &file, const std::strin
         ::unlink(file.c_str());
 }
 
-Saved RecoveryStorePosix::writeText(const TextSnapshot &snapshot, const char *kind)
+WriteOutcome RecoveryStorePosix::writeText(const TextSnapshot &snapshot, const char *kind)
 {
     const auto bytes = recordBytes(snapshot, m_sequence.next());
-    std::optional<Saved> failure;
+    std::optional<WriteOutcome> failure;
     for (auto &folder : m_folders) {
         auto saved = folder.open();
-        if (saved == Saved::Ok)
+        if (saved == WriteOutcome::Ok)
             saved = writePrivately(folder.ownFile(kind), bytes);
-        if (saved == Saved::Ok) {
+        if (saved == WriteOutcome::Ok) {
             removeRecordsExcept(&folder);
-            return Saved::Ok;
+            return WriteOutcome::Ok;
         }
         failure = failure.value_or(saved);
     }
@@ -245,7 +245,7 @@ void RecoveryStorePosix::writeCrashRecord(const TextSnapshot &snapshot)
     std::ignore = writeText(snapshot, ".crash"); // nobody is left to report to
 }
 
-Saved RecoveryStorePosix::recordOutcome() const
+WriteOutcome RecoveryStorePosix::recordOutcome() const
 {
     return m_writer.outcome(recordName);
 }
@@ -259,7 +259,7 @@ void RecoveryStorePosix::removeRecord()
 bool RecoveryStorePosix::setRecordAside()
 {
     m_writer.finish();
-    if (recordOutcome() != Saved::Ok)
+    if (recordOutcome() != WriteOutcome::Ok)
         return false;
     m_writer.drop(recordName);
     for (const auto &folder : m_folders) {
@@ -277,21 +277,21 @@ bool RecoveryStorePosix::autosaveIsDocument() const
     return autosaved && autosaved->status == isTheDocument;
 }
 
-Saved RecoveryStorePosix::noteAutosave(
+WriteOutcome RecoveryStorePosix::noteAutosave(
     const std::string &path, std::string_view status, std::string_view bytes)
 {
     return writePrivately(records().ownFile(".autosave"),
         withChecksum({path, std::string(status), std::to_string(fingerprint(bytes))}));
 }
 
-Saved RecoveryStorePosix::writeAutosaveFile(const TextSnapshot &snapshot)
+WriteOutcome RecoveryStorePosix::writeAutosaveFile(const TextSnapshot &snapshot)
 {
     // The record still has the text.
     if (autosaveIsDocument())
-        return Saved::Ok;
+        return WriteOutcome::Ok;
     const auto bytes = fileBytes(snapshot);
     const auto saved = writePrivately(autosaveFile(records().number()), bytes);
-    if (saved == Saved::Ok)
+    if (saved == WriteOutcome::Ok)
         std::ignore = noteAutosave(snapshot.path, std::to_string(m_sequence.next()), bytes);
     return saved;
 }
@@ -301,7 +301,7 @@ void RecoveryStorePosix::textSaved(const std::string &path)
     if (records().number() > 0)
         m_writer.run(savedName, [this, path] {
             noteSaved(path);
-            return Saved::Ok;
+            return WriteOutcome::Ok;
         });
 }
 

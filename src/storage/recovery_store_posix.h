@@ -35,7 +35,7 @@ public:
     void textSaved(const std::string &path) override;
     void finish() override { m_writer.finish(); }
     /// Ok if the last record is on the disk, else why it is not.
-    [[nodiscard]] Saved recordOutcome() const;
+    [[nodiscard]] WriteOutcome recordOutcome() const;
     /// Removes this instance's autosave file, or moves it to the backups unless this run has `written` it.
     void removeAutosave(bool written);
     /// Files that were skipped because they are not regular files.
@@ -52,12 +52,12 @@ private:
 
     [[nodiscard]] RecordFolder &records() { return m_folders.front(); }
     [[nodiscard]] std::string autosaveFile(int number) const;
-    [[nodiscard]] Saved writeText(const TextSnapshot &snapshot, const char *kind);
+    [[nodiscard]] WriteOutcome writeText(const TextSnapshot &snapshot, const char *kind);
     [[nodiscard]] bool autosaveIsDocument() const;
     void noteSaved(const std::string &path);
-    [[nodiscard]] Saved noteAutosave(
+    [[nodiscard]] WriteOutcome noteAutosave(
         const std::string &path, std::string_view status, std::string_view bytes);
-    [[nodiscard]] Saved writeAutosaveFile(const TextSnapshot &snapshot);
+    [[nodiscard]] WriteOutcome writeAutosaveFile(const TextSnapshot &snapshot);
     void removeRecordsExcept(const RecordFolder *kept);
     void findLeftovers(RecordFolder &folder);
     /// `before`: the autosaved text is older than the recorded one.

@@ -192,7 +192,8 @@ std::optional<Offset> Finder::first(std::string_view text, TextRange range) cons
     return std::nullopt;
 }
 
-std::optional<Offset> find(std::string_view text, std::string_view what, TextRange range, FindOptions options)
+std::optional<Offset> findText(
+    std::string_view text, std::string_view what, TextRange range, FindOptions options)
 {
     if (range.end - range.start < std::ssize(what))
         return std::nullopt;

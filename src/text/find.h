@@ -20,7 +20,7 @@ struct FindOptions {
     Word words = Word::Any;
 };
 
-/// Whether the texts are equal when case is ignored, by the same rules as find().
+/// Whether the texts are equal when case is ignored, by the same rules as findText().
 [[nodiscard]] bool sameForSearch(std::string_view a, std::string_view b);
 
 /// A string prepared for repeated searches.
@@ -49,7 +49,7 @@ private:
 
 /// The first hit of `what` in `range` of `text`; an empty `what` is never found. When case is ignored, a
 /// letter beyond ASCII matches its other case only if both take the same number of bytes.
-[[nodiscard]] std::optional<Offset> find(
+[[nodiscard]] std::optional<Offset> findText(
     std::string_view text, std::string_view what, TextRange range, FindOptions options = {});
 
 } // namespace kevra

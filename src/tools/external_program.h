@@ -23,7 +23,7 @@ namespace kevra {
 struct ExternalProgramParts {
     ApplicationState &application;
     SettingsStore &settings;
-    const FileStore &files;
+    const FileReader &files;
     ProcessStart &processes;
     ToolView &tools;
     Messages &messages;

@@ -81,14 +81,14 @@ TEST(MainWindow, EveryItemRunsItsCommandOnce)
         EXPECT_EQ(action->isChecked(), checked) << "the command decides about the mark: " << row.item;
     }
     for (const auto &row : toolRows()) {
-        if (row.key.empty())
+        if (row.button.empty())
             continue;
         s.ran.clear();
-        auto *button = s.find<QToolButton>(row.key.data());
+        auto *button = s.find<QToolButton>(row.button.data());
         button->defaultAction()->setEnabled(true);
         button->click();
         EXPECT_EQ(s.ran.join(' ').toStdString(), row.item);
-        EXPECT_TRUE(row.key != "saveb" || row.item == "msaveas") << "the button always asks for a name";
+        EXPECT_TRUE(row.button != "saveb" || row.item == "msaveas") << "the button always asks for a name";
     }
     s.ran.clear();
     QTest::keyClick(s.window.get(), Qt::Key_F5);
@@ -255,7 +255,7 @@ TEST(MainWindow, ADroppedFileIsHandedOver)
     drop(*s.window->control().viewport(), {"/tmp/a page.htm"});
     ASSERT_EQ(dropped.count(), 1);
     EXPECT_EQ(dropped.first().first().value<std::string>(), "/tmp/a page.htm");
-    EXPECT_EQ(s.window->control().Length(), 0) << "the path is not typed into the text";
+    EXPECT_EQ(s.window->control().TextLength(), 0) << "the path is not typed into the text";
 }
 
 TEST(MainWindow, TheKeyboardComesEverywhere)

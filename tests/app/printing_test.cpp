@@ -37,7 +37,7 @@ TEST(Printing, APdfKeepsTheColoursAndBreaksPages)
         text += "plain\r\n";
     document.LoadText(text);
     const ColourRun run{{0, 3}, Colour{0x0000FF}};
-    document.SetColours({0, document.Length()}, {&run, 1});
+    document.SetColours({0, document.TextLength()}, {&run, 1});
     const auto pagesOf = [&](TextRange range, const char *name, QByteArray &out, int first = 0) {
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFormat(QPrinter::PdfFormat);
@@ -52,11 +52,11 @@ TEST(Printing, APdfKeepsTheColoursAndBreaksPages)
     };
     QByteArray whole;
     QByteArray selection;
-    EXPECT_GT(pagesOf({0, document.Length()}, "all.pdf", whole), 3);
+    EXPECT_GT(pagesOf({0, document.TextLength()}, "all.pdf", whole), 3);
     EXPECT_TRUE(whole.contains("1 0 0 scn"));
     EXPECT_EQ(pagesOf({12, 17}, "some.pdf", selection), 1);
     EXPECT_FALSE(selection.contains("1 0 0 scn"));
-    EXPECT_EQ(pagesOf({0, document.Length()}, "two.pdf", selection, 2), 2);
+    EXPECT_EQ(pagesOf({0, document.TextLength()}, "two.pdf", selection, 2), 2);
     EXPECT_FALSE(selection.contains("1 0 0 scn")) << "the first page was not asked for";
 }
 

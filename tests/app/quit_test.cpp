@@ -22,7 +22,7 @@ struct Running {
     FakeSettingsStore store;
     FakeMessages messages;
     FakeShell shell;
-    StoredSettings settings{store, document.options, application, shown, shell};
+    SettingsPersistence settings{store, document.options, application, shown, shell};
     Quit quit{{text, document}, application, settings, messages, shell};
 
     [[nodiscard]] bool did(const char *call) const
@@ -71,7 +71,7 @@ TEST(Quit, EveryBranchOfTheConversation)
         run.application.vbsInfoShowing = c.showing == Showing::ScriptInfo;
         run.document.unsaved = c.unsaved;
         run.messages.answers = c.answers;
-        run.quit.closeMainWindow();
+        run.quit.closeRequested();
         EXPECT_EQ(run.messages.shown, c.asked);
         EXPECT_EQ(run.quit.hasEnded(), c.ends);
         for (const auto *call : {"save as", "text given up"})
@@ -97,7 +97,8 @@ TEST(Quit, StaysWhenTheTextCanBeKeptNowhere)
         EXPECT_TRUE(run.application.helpShowing);
         EXPECT_EQ(run.document.unsaved, unsaved);
         EXPECT_FALSE(run.did("stop timer"));
-        run.quit.endProgram(); // a signal asks nobody
+        run.quit.endAtSignal(); // it asks nobody
+        EXPECT_TRUE(run.did("keep for next start"));
         EXPECT_TRUE(run.quit.hasEnded());
     }
 }
@@ -107,7 +108,7 @@ TEST(Quit, AnEmptyEditorIsClosedWithoutAQuestion)
     Running run;
     run.text.LoadText("");
     run.document.unsaved = run.application.helpShowing = true;
-    run.quit.closeMainWindow();
+    run.quit.closeRequested();
     EXPECT_TRUE(run.messages.shown.empty());
     EXPECT_TRUE(run.quit.hasEnded());
     EXPECT_FALSE(run.document.unsaved);

@@ -20,11 +20,11 @@ struct Start {
     FakeDocumentState document;
     ApplicationState application;
     OptionsShown shown;
-    StoredSettings settings{store, document.options, application, shown, shell};
+    SettingsPersistence settings{store, document.options, application, shown, shell};
 
     void run(std::string commandLine)
     {
-        Startup(document, application, settings, shell).startup(std::move(commandLine));
+        Startup(document, application, settings, shell).run(std::move(commandLine));
         std::erase(shell.log, "use main window");
     }
 };

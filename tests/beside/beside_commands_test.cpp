@@ -6,9 +6,9 @@
 namespace kevra {
 namespace {
 
-/// What was asked of the view, a word each; the text is made ready when the test says so.
-struct Fixture : BesideView {
-    BesideCommands commands{*this};
+/// What was asked of the page and the text, a word each; the text is made ready when the test says so.
+struct Fixture : BesidePage, BesideDocument {
+    BesideCommands commands{*this, *this};
     std::string asked;
     std::string note;
     std::string text = "<p>one</p><p>two</p>";
@@ -22,10 +22,11 @@ struct Fixture : BesideView {
     }
     void reload(std::shared_ptr<const PageText>) override { add("reload"); }
     void unload() override { }
+    bool startBrowser(const std::string &) override { return true; }
     void prepare(PageTextRequest request) override { wanted = std::move(request); }
-    void pause(std::chrono::milliseconds) override { add("pause"); }
+    void startTimer(std::chrono::milliseconds) override { add("pause"); }
     void ask(const std::string &call) override { add(call.substr(0, call.find_first_of("\"1"))); }
-    void say(std::string_view said) override { note = said; }
+    void showNote(BesideNote, std::string_view said) override { note = said; }
     void selectText(TextRange range) override { selected = range; }
     Offset caret() const override { return place; }
 
@@ -39,7 +40,7 @@ struct Fixture : BesideView {
         const auto request = *std::exchange(wanted, std::nullopt);
         commands.prepared(std::make_shared<PageText>(makePageText(text, request)));
     }
-    /// What was asked of the view by this.
+    /// What was asked by this.
     template <typename Step> std::string by(Step step)
     {
         asked.clear();

@@ -12,15 +12,15 @@ TEST(BesidePanel, KeepsNotesApartAndShowsThemAsTheyAreWritten)
 {
     BesidePanel panel(nullptr);
     const auto *note = panel.findChild<QLabel *>("lbeside");
-    panel.setNote(BesideNote::Sandbox, "no sandbox");
+    panel.showNote(BesideNote::Sandbox, "no sandbox");
     const int width = panel.minimumSizeHint().width();
-    panel.setNote(BesideNote::State, "busy");
-    panel.setNote(BesideNote::Alert, "<b>a</b>\n<img src='/a.png'>" + QString(200, 'x'));
+    panel.showNote(BesideNote::State, "busy");
+    panel.showNote(BesideNote::Alert, "<b>a</b>\n<img src='/a.png'>" + QString(200, 'x'));
     EXPECT_EQ(note->text(), "busy\n<b>a</b> <img src='/a.png'>" + QString(200, 'x') + "\nno sandbox");
     EXPECT_EQ(note->textFormat(), Qt::PlainText);
     EXPECT_EQ(panel.minimumSizeHint().width(), width);
-    panel.setNote(BesideNote::State, {});
-    panel.setNote(BesideNote::Alert, {});
+    panel.showNote(BesideNote::State, {});
+    panel.showNote(BesideNote::Alert, {});
     EXPECT_EQ(note->text(), "no sandbox");
 }
 

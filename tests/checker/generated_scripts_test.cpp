@@ -32,7 +32,7 @@ const std::vector<std::string> validLines{"x = 1\r\n", "If a Then\r\n", "End If\
 std::string colours(const MemorySurface &surface)
 {
     std::string out;
-    for (Offset at = 0; at < surface.Length(); ++at)
+    for (Offset at = 0; at < surface.TextLength(); ++at)
         out += surface.ColourAt(at) == colours::fault ? 'r' : '.';
     return out;
 }

@@ -47,7 +47,7 @@ int LiteralChecker::count(std::string_view what, int start, int end) const
 
 char LiteralChecker::at(int position) const
 {
-    return position >= 0 && position < t1.Length() ? t1.Text()[static_cast<std::size_t>(position)] : '\0';
+    return position >= 0 && position < t1.TextLength() ? t1.Text()[static_cast<std::size_t>(position)] : '\0';
 }
 
 std::string LiteralChecker::triple(int r) const
@@ -123,16 +123,16 @@ void LiteralChecker::ColourText(bool debug)
     DocumentColouring({t1, state}).removeColours();
     int start = 0;
     for (;;) {
-        const int opening = Find(quote, start, static_cast<int>(t1.Length()));
+        const int opening = Find(quote, start, static_cast<int>(t1.TextLength()));
         if (opening == -1)
             break;
         CountBlocks(start, opening);
-        const int closing = Find(quote, opening + 1, static_cast<int>(t1.Length()));
+        const int closing = Find(quote, opening + 1, static_cast<int>(t1.TextLength()));
         if (closing == -1)
             break;
         start = closing + 1;
     }
-    CountBlocks(start, static_cast<int>(t1.Length()));
+    CountBlocks(start, static_cast<int>(t1.TextLength()));
 }
 
 void LiteralChecker::CountBlocks(int start, int end)
@@ -155,7 +155,7 @@ void LiteralChecker::CountBlocks(int start, int end)
 
 void LiteralChecker::UncountCommentBlocks()
 {
-    const int length = static_cast<int>(t1.Length());
+    const int length = static_cast<int>(t1.TextLength());
     for (int pos = 0; pos < length;) {
         const int c = Find("'--", pos, length);
         if (c == -1)
@@ -184,7 +184,7 @@ void LiteralChecker::UncountCommentBlocks()
 bool LiteralChecker::section(int number)
 {
     const auto index = static_cast<std::size_t>(number);
-    const int length = static_cast<int>(t1.Length());
+    const int length = static_cast<int>(t1.TextLength());
     if (!sectionNeeds[index].empty() && Find(sectionNeeds[index], 0, length) == -1)
         return false;
     for (const auto &member : sectionMembers[index]) {
@@ -228,7 +228,7 @@ void LiteralChecker::RunDebugger()
 {
     for (auto &counter : m_counts)
         counter = 0;
-    const int length = static_cast<int>(t1.Length());
+    const int length = static_cast<int>(t1.TextLength());
     lineFault = false;
     for (int pos = 1; pos < length;) {
         if (lineFault) {

@@ -89,13 +89,13 @@ TEST(ColourInControl, EditCommandsLeaveWhatTheProceduresPaint)
         auto &document = fixture.document;
         std::string marks; // of the script
         QObject::connect(&document, &EditorControl::edited, &document, [&](TextRange touched, EditKind) {
-            const auto removed = std::ssize(marks) + touched.length() - document.Length();
+            const auto removed = std::ssize(marks) + touched.length() - document.TextLength();
             marks.replace(static_cast<std::size_t>(touched.start), static_cast<std::size_t>(removed),
                 std::string(static_cast<std::size_t>(touched.length()), '-'));
             marks = withLinesColoured(marks, document.Text(), touched);
         });
         for (int step = 0; step < (script ? 300 : 2000); ++step) {
-            const auto length = document.Length();
+            const auto length = document.TextLength();
             // Between characters: the reference cannot read half a character.
             const auto between = [&](Offset at) {
                 const auto byte = document.Text({at, at + 1});
@@ -146,7 +146,7 @@ TEST(ColourInControl, AScriptLineIsColouredWhenItIsFinished)
     press(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(document.Text(), "If a Then\r\nDim x\r\nDim b");
     EXPECT_EQ(marksOf(document), "rrrrrrrrr--------------") << "a word that is still being typed stays black";
-    document.SetSelStart(document.Length());
+    document.SetSelStart(document.TextLength());
     press(Qt::Key_Backspace);
     EXPECT_EQ(marksOf(document), "rrrrrrrrr---------ccc-") << "only the line of the key";
     QTest::mouseClick(document.viewport(), Qt::LeftButton, {}, {300, 200});

@@ -13,7 +13,7 @@ namespace kevra {
 inline std::string marksOf(const EditorSurface &surface)
 {
     std::string out;
-    for (Offset at = 0; at < surface.Length(); ++at) {
+    for (Offset at = 0; at < surface.TextLength(); ++at) {
         const auto colour = surface.ColourAt(at);
         out += colour == colours::black           ? '-'
             : colour == colours::defaultCode      ? 'c'
@@ -28,7 +28,7 @@ inline std::string marksOf(const EditorSurface &surface)
 inline std::string marksOfWholePass(std::string_view text, bool script)
 {
     MemorySurface whole(text);
-    whole.SetColours({0, whole.Length()},
+    whole.SetColours({0, whole.TextLength()},
         script ? scriptRuns(text, colours::defaultCode) : tagRuns(text, colours::defaultCode));
     return marksOf(whole);
 }

@@ -77,7 +77,7 @@ TEST(TypingColouring, ColoursAScriptLineAtReturn)
     EXPECT_EQ(marksOf(fixture.document), std::string(24, '-'));
     fixture.type("\rEnd If '--x\r");
     EXPECT_EQ(marksOf(fixture.document), "------cc------------cccc--cccccc-gggg--");
-    EXPECT_EQ(fixture.document.SelStart(), fixture.document.Length());
+    EXPECT_EQ(fixture.document.SelStart(), fixture.document.TextLength());
     EXPECT_EQ(fixture.checked, (std::vector<TextRange>{{6, 26}, {26, 39}}));
     EXPECT_EQ(fixture.view.lineNumberSyncs, 2);
 }
@@ -90,7 +90,7 @@ TEST(TypingColouring, TypesInTheColourAroundTheCaret)
         Colour typed;
     } const cases[] = {
         {"inside a tag", "<b|>", colours::defaultCode},
-        {"right behind a tag", "<b>|x", colours::black},
+        {"right after a tag", "<b>|x", colours::black},
         {"in the text", "<b>x|", colours::black},
         {"at the start", "|<b>", colours::black},
     };
@@ -99,7 +99,7 @@ TEST(TypingColouring, TypesInTheColourAroundTheCaret)
         Fixture fixture("");
         auto &document = fixture.document;
         loadMarked(document, c.text);
-        recolourTags(document, {0, document.Length()}, colours::defaultCode);
+        recolourTags(document, {0, document.TextLength()}, colours::defaultCode);
         document.SetTypingColor(colours::fault);
         fixture.typing.caretPlaced();
         EXPECT_EQ(document.TypingColor(), c.typed);
@@ -113,7 +113,7 @@ TEST(TypingColouring, TypesInTheColourAroundTheCaret)
 TEST(TypingColouring, AnEditNearTheStartShiftsColoursBehindIt)
 {
     Fixture fixture("<p><q><aaaaaaaaaaaaaaaaaa<bb>");
-    recolourTags(fixture.document, {0, fixture.document.Length()}, colours::defaultCode);
+    recolourTags(fixture.document, {0, fixture.document.TextLength()}, colours::defaultCode);
     fixture.document.Replace({3, 3}, "x");
     fixture.typing.edited({3, 4}, EditKind::Paste);
     EXPECT_EQ(marksOf(fixture.document), marksOfWholePass(fixture.document.Text(), false));

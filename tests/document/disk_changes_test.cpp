@@ -26,7 +26,7 @@ struct WatchedPage : DocumentFixture {
         opening.openFromCommandLine("/site/page.htm");
     }
     void theyWrite(std::string_view bytes) { std::ignore = files.write("/site/page.htm", bytes); }
-    void type(std::string_view text) { document.Replace({0, document.Length()}, text); }
+    void type(std::string_view text) { document.Replace({0, document.TextLength()}, text); }
 
     DocumentColouring colouring{{document, state}};
     SaveCommands saving{ports()};
@@ -119,10 +119,11 @@ TEST(DiskChanges, EveryBranchOfTheBar)
 /// Files that another program writes between a save's check and its write.
 class RacingFiles : public FakeFileStore {
 public:
-    Saved save(const std::string &path, std::string_view bytes, bool, const Replaced &replaced) override
+    WriteOutcome writeDocument(const std::string &path, std::string_view bytes, ReadOnlyFiles existing,
+        const Replaced &replaced) override
     {
         files[path] = "written meanwhile";
-        return FakeFileStore::save(path, bytes, false, replaced);
+        return FakeFileStore::writeDocument(path, bytes, existing, replaced);
     }
 };
 
@@ -133,7 +134,7 @@ TEST(DocumentFile, KeepsWhatIsWrittenWhileItSaves)
     files.files["/p.htm"] = "old";
     DocumentFile file(files, backups);
     file.take(*file.read("/p.htm"));
-    EXPECT_EQ(file.save("mine", "/p.htm", Existing::KeepReadOnly), Saved::Ok);
+    EXPECT_EQ(file.save("mine", "/p.htm", ReadOnlyFiles::Refuse), WriteOutcome::Ok);
     EXPECT_EQ(backups.kept["/p.htm"], "written meanwhile");
     EXPECT_EQ(file.replacedContent(), "written meanwhile");
 }

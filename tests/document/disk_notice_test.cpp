@@ -13,7 +13,7 @@ TEST(DiskNotice, AnnouncesEachChangeOnceAndClearsIt)
     DocumentFixture fixture;
     DiskNotice notice(fixture.file);
     const auto theirs = [&] { std::ignore = fixture.files.write("/a.htm", "theirs"); };
-    const auto ours = [&] { std::ignore = fixture.file.save("text", "/a.htm", Existing::KeepReadOnly); };
+    const auto ours = [&] { std::ignore = fixture.file.save("text", "/a.htm", ReadOnlyFiles::Refuse); };
     struct {
         const char *name;
         std::function<void()> happens;

@@ -30,7 +30,7 @@ struct Program {
 
     std::string folder = testing::TempDir() + "two-documents";
     ApplicationState state;
-    EditorOptions editing;
+    EditorOptions editorOptions;
     BackupStorePosix backups{folder + "/backups"};
     FileStorePosix files{folder + "/recovery", folder};
 };
@@ -43,7 +43,7 @@ struct Opened {
     }
     void type(std::string_view text)
     {
-        surface.Replace({surface.Length(), surface.Length()}, text);
+        surface.Replace({surface.TextLength(), surface.TextLength()}, text);
         document.state.unsaved = true;
         document.journal.textChanged();
         document.journal.writeDown();
@@ -60,7 +60,7 @@ struct Opened {
     }
     void quit()
     {
-        EXPECT_TRUE(document.journal.documentReplaced());
+        EXPECT_TRUE(document.journal.keepForNextStart());
         records.removeAutosave(document.state.autosaveWritten);
     }
 
@@ -69,7 +69,7 @@ struct Opened {
     DocumentFixture fake;
     MemorySurface surface;
     RecoveryStorePosix records{{program.folder, {}}, program.backups};
-    Document document{surface, program.editing, program.state, program.files, program.backups, records};
+    Document document{surface, program.editorOptions, program.state, program.files, program.backups, records};
 };
 
 TEST(Document, TwoInOneProcessKnowNothingOfEachOther)

@@ -183,14 +183,14 @@ TEST(NewDocument, StartsEmptyOrWithTheTemplate)
     fixture.state.currentPath = "/a/page.Html";
     fixture.messages.answers = {Answer::No};
     fixture.opening.newFile();
-    EXPECT_EQ(fixture.document.Length(), 0);
+    EXPECT_EQ(fixture.document.TextLength(), 0);
     EXPECT_EQ(fixture.state.currentPath, "");
     EXPECT_FALSE(fixture.state.unsaved);
     EXPECT_EQ(fixture.keeper.calls, std::vector<std::string>{"given up"});
 
     fixture.opening.startWithTemplate("/a/template.html");
     EXPECT_EQ(fixture.messages.shown.back().icon, Icon::Critical);
-    EXPECT_EQ(fixture.document.Length(), 0);
+    EXPECT_EQ(fixture.document.TextLength(), 0);
 
     fixture.files.files["/a/template.html"] = "<META charset=utf-8>\n";
     fixture.opening.startWithTemplate("/a/template.html");

@@ -52,7 +52,7 @@ struct JournalFixture : DocumentFixture {
     }
     void type(std::string_view text)
     {
-        document.Replace({0, document.Length()}, text);
+        document.Replace({0, document.TextLength()}, text);
         journal.textChanged();
     }
 
@@ -85,36 +85,36 @@ TEST(RecoveryJournal, EveryWayOutOfTheDocument)
         void (*way)(JournalFixture &);
         std::size_t kept;
     } const cases[] = {
-        {"no question asked", "new", [](JournalFixture &d) { std::ignore = d.journal.documentReplaced(); },
+        {"no question asked", "new", [](JournalFixture &d) { std::ignore = d.journal.keepForNextStart(); },
             1},
-        {"nothing was typed", "old", [](JournalFixture &d) { std::ignore = d.journal.documentReplaced(); },
+        {"nothing was typed", "old", [](JournalFixture &d) { std::ignore = d.journal.keepForNextStart(); },
             0},
         {"emptied without a question", "",
             [](JournalFixture &d) {
                 d.type("work");
                 d.journal.writeDown();
                 d.type("");
-                std::ignore = d.journal.documentReplaced();
+                std::ignore = d.journal.keepForNextStart();
             },
             1},
         {"given up", "new",
             [](JournalFixture &d) {
                 d.journal.textGivenUp();
-                std::ignore = d.journal.documentReplaced();
+                std::ignore = d.journal.keepForNextStart();
             },
             0},
         {"given up, but typed on", "new",
             [](JournalFixture &d) {
                 d.journal.textGivenUp();
                 d.type("more");
-                std::ignore = d.journal.documentReplaced();
+                std::ignore = d.journal.keepForNextStart();
             },
             1},
         {"saved", "new",
             [](JournalFixture &d) {
-                std::ignore = d.file.save(d.document.Text(), "/site/page.htm", Existing::KeepReadOnly);
+                std::ignore = d.file.save(d.document.Text(), "/site/page.htm", ReadOnlyFiles::Refuse);
                 d.journal.textSaved();
-                std::ignore = d.journal.documentReplaced();
+                std::ignore = d.journal.keepForNextStart();
             },
             0},
     };
@@ -150,7 +150,8 @@ TEST(RecoveryJournal, ATextKeptNowhereStaysUntilItIsSavedOrGivenUp)
         fixture.messages.answers = c.answers;
         fixture.type("new");
         const auto saveAs = [&] {
-            if (c.diskGetsRoom && fixture.file.save("new", "/site/page.htm", Existing::Replace) == Saved::Ok)
+            if (c.diskGetsRoom
+                && fixture.file.save("new", "/site/page.htm", ReadOnlyFiles::Replace) == WriteOutcome::Ok)
                 fixture.journal.textSaved();
             return c.diskGetsRoom;
         };
@@ -257,7 +258,7 @@ TEST(RecoveryOffer, AfterLookingTheDocumentComesBack)
         {"saved", [](OfferFixture &d) { d.offer.saveReviewed(); }, false, "lost\n", false},
         {"saving failed",
             [](OfferFixture &d) {
-                d.files.refused["/site/kept.htm"] = Saved::DiskFull;
+                d.files.refused["/site/kept.htm"] = WriteOutcome::DiskFull;
                 d.offer.saveReviewed();
             },
             true, "", true},

@@ -25,25 +25,26 @@ TEST(Save, WritesToTheDocumentsFileOrAsksForOne)
         const char *name;
         std::string text;
         std::string path;
-        Saved outcome;
+        WriteOutcome outcome;
         bool unsaved;
         std::string onDisk;
         std::vector<std::string> messages;
         std::size_t dialogs;
     } const cases[] = {
-        {"nothing to save", "", "/site/index.HTM", Saved::Ok, true, "<P>old", {"Save what!"}, 0},
-        {"to its file", "<P>new", "/site/index.HTM", Saved::Ok, false, "<P>new", {}, 0},
-        {"unwritable: silent", "<P>new", "/site/index.HTM", Saved::Denied, true, "<P>old", {}, 0},
-        {"disk full: silent", "<P>new", "/site/index.HTM", Saved::DiskFull, true, "<P>old", {}, 0},
-        {"new work", "<P>new", "", Saved::Ok, true, "<P>old", {}, 1},
-        {"a path that was refused at opening", "<P>new", "/site/notes.md", Saved::Ok, true, "<P>old", {}, 1},
+        {"nothing to save", "", "/site/index.HTM", WriteOutcome::Ok, true, "<P>old", {"Save what!"}, 0},
+        {"to its file", "<P>new", "/site/index.HTM", WriteOutcome::Ok, false, "<P>new", {}, 0},
+        {"unwritable: silent", "<P>new", "/site/index.HTM", WriteOutcome::Denied, true, "<P>old", {}, 0},
+        {"disk full: silent", "<P>new", "/site/index.HTM", WriteOutcome::DiskFull, true, "<P>old", {}, 0},
+        {"new work", "<P>new", "", WriteOutcome::Ok, true, "<P>old", {}, 1},
+        {"a path that was refused at opening", "<P>new", "/site/notes.md", WriteOutcome::Ok, true, "<P>old",
+            {}, 1},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
         EditedPage fixture;
         fixture.document.LoadText(c.text);
         fixture.state.currentPath = c.path;
-        if (c.outcome != Saved::Ok)
+        if (c.outcome != WriteOutcome::Ok)
             fixture.files.refused["/site/index.HTM"] = c.outcome;
         SaveCommands(fixture.ports()).save();
         EXPECT_EQ(fixture.files.files["/site/index.HTM"], c.onDisk);
@@ -90,17 +91,17 @@ TEST(SaveAs, AsksBeforeReplacingAndTakesTheNewName)
         const char *name;
         std::string chosen;
         std::vector<Answer> answers;
-        Saved outcome;
+        WriteOutcome outcome;
         bool saved;
         bool asked;
     } const cases[] = {
-        {"cancelled", "", {}, Saved::Ok, false, false},
-        {"a new file", "/site/new.htm", {}, Saved::Ok, true, false},
-        {"an existing file, OK", "/site/other.htm", {Answer::Ok}, Saved::Ok, true, true},
-        {"an existing file, Cancel", "/site/other.htm", {Answer::Cancel}, Saved::Ok, false, true},
-        {"a read-only file, OK", "/site/locked.htm", {Answer::Ok}, Saved::Ok, true, true},
-        {"access denied", "/site/other.htm", {Answer::Ok}, Saved::Denied, false, true},
-        {"a folder of that name", "/site/new.htm", {}, Saved::NotAFile, false, false},
+        {"cancelled", "", {}, WriteOutcome::Ok, false, false},
+        {"a new file", "/site/new.htm", {}, WriteOutcome::Ok, true, false},
+        {"an existing file, OK", "/site/other.htm", {Answer::Ok}, WriteOutcome::Ok, true, true},
+        {"an existing file, Cancel", "/site/other.htm", {Answer::Cancel}, WriteOutcome::Ok, false, true},
+        {"a read-only file, OK", "/site/locked.htm", {Answer::Ok}, WriteOutcome::Ok, true, true},
+        {"access denied", "/site/other.htm", {Answer::Ok}, WriteOutcome::Denied, false, true},
+        {"a folder of that name", "/site/new.htm", {}, WriteOutcome::NotAFile, false, false},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
@@ -112,7 +113,7 @@ TEST(SaveAs, AsksBeforeReplacingAndTakesTheNewName)
         if (!c.chosen.empty())
             fixture.dialogs.choices.push_back(c.chosen);
         fixture.messages.answers.assign(c.answers.begin(), c.answers.end());
-        if (c.outcome != Saved::Ok)
+        if (c.outcome != WriteOutcome::Ok)
             fixture.files.refused[c.chosen] = c.outcome;
 
         EXPECT_EQ(SaveCommands(fixture.ports()).saveAs(), c.saved);
@@ -120,7 +121,7 @@ TEST(SaveAs, AsksBeforeReplacingAndTakesTheNewName)
         EXPECT_EQ(fixture.main.titlePath, c.saved ? c.chosen : "(untouched)");
         EXPECT_EQ(fixture.state.unsaved, !c.saved);
         EXPECT_FALSE(fixture.state.busyLoadingOrSaving);
-        EXPECT_EQ(fixture.main.status.starts_with("Not saved: " + c.chosen), c.outcome != Saved::Ok)
+        EXPECT_EQ(fixture.main.status.starts_with("Not saved: " + c.chosen), c.outcome != WriteOutcome::Ok)
             << fixture.main.status;
         if (c.saved)
             EXPECT_EQ(fixture.files.files[c.chosen], "<P>new");
@@ -142,7 +143,7 @@ TEST(SaveAs, RemovesWhatTheSavedTextMakesStale)
     bool pageRemoved = false;
     bool autosaveRemoved = false;
     SaveCommands saving(fixture.ports());
-    saving.onPageStale([&] { pageRemoved = true; });
+    saving.onPreviewPageStale([&] { pageRemoved = true; });
     saving.onAutosaveStale([&] { autosaveRemoved = true; });
     ASSERT_TRUE(saving.saveAs());
     EXPECT_TRUE(pageRemoved);

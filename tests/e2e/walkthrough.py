@@ -217,7 +217,7 @@ def asks_before_it_quits(sitting):
     assert sitting.read("script.vbs") == SCRIPT
 
 
-ROAD = (
+STEPS = (
     greets_at_the_first_start,
     names_every_control,
     opens_and_colours_a_page,
@@ -238,14 +238,14 @@ ROAD = (
 def main():
     with desktop.Desktop() as here:
         sitting = Sitting(here, sys.argv[1])
-        for step in ROAD:
+        for step in STEPS:
             print(step.__name__.replace("_", " "), flush=True)
             try:
                 step(sitting)
             except BaseException:
                 here.keep_picture("e2e-failure.png")
                 raise
-    print("the whole road")
+    print("all steps")
 
 
 main()

@@ -49,7 +49,7 @@ public:
 
     void step()
     {
-        const auto length = m_memory.Length();
+        const auto length = m_memory.TextLength();
         const auto start = below(length + 1);
         const TextRange near{start, std::min(length, start + below(200))};
         switch (below(8)) {
@@ -99,7 +99,7 @@ public:
         ASSERT_EQ(m_control.SelColor(), m_memory.SelColor());
         ASSERT_TRUE(painted(m_control) == painted(m_memory));
     }
-    void compareAnywhere() { compareAround(below(m_memory.Length() + 1)); }
+    void compareAnywhere() { compareAround(below(m_memory.TextLength() + 1)); }
 
 private:
     void both(const std::function<void(EditorSurface &)> &action)
@@ -190,9 +190,9 @@ TEST(EditorControl, BreaksNothingButTheView)
                 press(below(2) == 0 ? Qt::Key_Left : Qt::Key_Right, Qt::ShiftModifier);
             else if (what < 14)
                 press(below(3) == 0 ? Qt::Key_Y : Qt::Key_Z, Qt::ControlModifier);
-            else if (const auto at = startOfCharacter(below(plain.Length() + 1)); what < 16)
+            else if (const auto at = startOfCharacter(below(plain.TextLength() + 1)); what < 16)
                 both([&](EditorControl &control) { control.Select({at, at}); });
-            else if (const auto end = startOfCharacter(at + below(plain.Length() - at + 1)); what < 17)
+            else if (const auto end = startOfCharacter(at + below(plain.TextLength() - at + 1)); what < 17)
                 both([&](EditorControl &control) { control.Select({at, end}); });
             else
                 both([&](EditorControl &control) {
@@ -233,7 +233,7 @@ TEST(EditorControl, ZoomsByKeysAndWheelAndBack)
     EXPECT_EQ(zoomAfter(Qt::Key_Plus), 3);
     EXPECT_EQ(zoomAfter(Qt::Key_Minus), 2);
     EXPECT_EQ(zoomAfter(Qt::Key_0), 0);
-    EXPECT_EQ(control.Length(), 0) << "none of the keys types";
+    EXPECT_EQ(control.TextLength(), 0) << "none of the keys types";
 }
 
 TEST(EditorControl, ShowsColoursOfALargeTextWhereItIsScrolledTo)
@@ -244,9 +244,9 @@ TEST(EditorControl, ShowsColoursOfALargeTextWhereItIsScrolledTo)
         text += "<b>\r\n";
     control.LoadText(text);
     ColourRuns runs;
-    for (Offset at = 0; at < control.Length(); at += 5)
+    for (Offset at = 0; at < control.TextLength(); at += 5)
         runs.push_back({{at, at + 3}, blue});
-    control.SetColours({0, control.Length()}, runs);
+    control.SetColours({0, control.TextLength()}, runs);
     for (const Offset line : {0, 299'900, 30'000}) {
         control.SetFirstVisibleLine(line);
         const auto picture = control.viewport()->grab().toImage();

@@ -127,7 +127,7 @@ TEST_F(EditorInput, PastesPlainTextWithTheDocumentsLineBreaks)
     QTest::keyClick(&m_control, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(m_control.Text(), "<b></b>");
     QTest::keyClick(&m_control, Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(m_control.Length(), 28);
+    EXPECT_EQ(m_control.TextLength(), 28);
     EXPECT_EQ(m_log.lines.back(), "edit 6 [3,24)");
 
     m_control.Select({20, 24});
@@ -200,7 +200,7 @@ TEST_F(EditorInput, KeepsEveryStepOfTheHistory)
     const std::vector<std::string> pieces{"<b>", "\r\n", "\xC3\xA9\xE2\x82\xAC", "x", ""};
     std::vector<std::string> states{std::string(m_control.Text())};
     for (int i = 0; i < 200; ++i) {
-        const auto start = static_cast<Offset>(random()) % (m_control.Length() + 1);
+        const auto start = static_cast<Offset>(random()) % (m_control.TextLength() + 1);
         m_control.Replace(
             {start, start + static_cast<Offset>(random() % 5)}, pieces[random() % pieces.size()]);
         if (m_control.Text() != states.back())

@@ -108,7 +108,7 @@ public:
 
     void step()
     {
-        if (m_control.Length() > 6000)
+        if (m_control.TextLength() > 6000)
             load();
         const auto choice = below(10);
         choice < 3 ? type() : choice < 5 ? move() : choice < 6 ? remove() : choice < 8 ? command() : point();

@@ -16,7 +16,7 @@ inline constexpr Colour green = colours::separatorComment;
 inline std::string painted(const EditorSurface &surface)
 {
     std::string marks;
-    for (Offset i = 0; i < surface.Length(); ++i) {
+    for (Offset i = 0; i < surface.TextLength(); ++i) {
         const auto colour = surface.ColourAt(i);
         marks += colour == colours::black ? '.' : colour == blue ? 'b' : colour == green ? 'g' : '?';
     }
@@ -35,11 +35,11 @@ TYPED_TEST_P(SurfaceContract, KeepsEveryByteOfADocument)
     auto &surface = this->m_surface;
     for (const auto text : {""sv, "a"sv, "a\0b\0"sv, "\r\n\r\n"sv, "a\rb\r\r\nc"sv, "\xEF\xBB\xBFmark"sv,
              "h\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\r\n"sv}) {
-        surface.Replace({0, surface.Length()}, "what stood there before");
+        surface.Replace({0, surface.TextLength()}, "what stood there before");
         surface.Select({3, 7});
         surface.LoadText(text);
         EXPECT_EQ(surface.Text(), text);
-        EXPECT_EQ(surface.Length(), std::ssize(text));
+        EXPECT_EQ(surface.TextLength(), std::ssize(text));
         EXPECT_EQ(surface.Selection(), TextRange{});
         EXPECT_EQ(painted(surface), std::string(text.size(), '.'));
     }
@@ -134,7 +134,7 @@ TYPED_TEST_P(SurfaceContract, PaintsRunsInTheirOrder)
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
         surface.LoadText(c.text);
-        surface.Select({0, surface.Length()});
+        surface.Select({0, surface.TextLength()});
         surface.SetSelColor(Colour{0x123456});
         surface.SetSelStart(1);
         surface.SetSelColor(green);
@@ -143,9 +143,9 @@ TYPED_TEST_P(SurfaceContract, PaintsRunsInTheirOrder)
         EXPECT_EQ(surface.Selection(), (TextRange{1, 1}));
         EXPECT_EQ(surface.SelColor(), green);
         EXPECT_EQ(surface.Text(), c.text);
-        if (c.range.start > 0 || c.range.end < surface.Length())
+        if (c.range.start > 0 || c.range.end < surface.TextLength())
             continue;
-        surface.SetPaint(paintOf(c.runs, surface.Length()));
+        surface.SetPaint(paintOf(c.runs, surface.TextLength()));
         EXPECT_EQ(painted(surface), c.marks) << "as paint";
     }
 }
@@ -155,7 +155,7 @@ TYPED_TEST_P(SurfaceContract, NumbersLines)
     auto &surface = this->m_surface;
     surface.LoadText("a\r\n\r\nb\rc\r\n");
     const Offset lines[] = {0, 0, 0, 1, 1, 2, 2, 3, 3, 3, 4};
-    for (Offset i = 0; i <= surface.Length(); ++i)
+    for (Offset i = 0; i <= surface.TextLength(); ++i)
         EXPECT_EQ(surface.GetLineFromChar(i), lines[i]) << "at " << i;
     EXPECT_EQ(surface.GetLineFromChar(-1), 0);
     EXPECT_EQ(surface.GetLineFromChar(99), 4);
@@ -208,7 +208,7 @@ TYPED_TEST_P(SurfaceContract, ScrollsWithinTheDocument)
     EXPECT_EQ(surface.FirstVisibleLine(), 0);
     surface.SetFirstVisibleLine(120);
     EXPECT_EQ(surface.FirstVisibleLine(), 120);
-    surface.SetColours({0, surface.Length()}, std::vector{ColourRun{{0, 99}, blue}});
+    surface.SetColours({0, surface.TextLength()}, std::vector{ColourRun{{0, 99}, blue}});
     EXPECT_EQ(surface.FirstVisibleLine(), 120);
     surface.SetFirstVisibleLine(-1);
     EXPECT_EQ(surface.FirstVisibleLine(), 0);

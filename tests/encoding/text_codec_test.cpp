@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/charset.h"
 #include "encoding/line_ends.h"
 #include "encoding/text_codec.h"
+#include "encoding/transcoding.h"
 
 #include <gtest/gtest.h>
 

@@ -12,7 +12,7 @@ namespace kevra {
 
 class FakeClipboard : public Clipboard {
 public:
-    std::string text() const override { return content; }
+    std::string readText() const override { return content; }
     void clear() override { content.clear(); }
     void setText(std::string_view text) override { content = text; }
 

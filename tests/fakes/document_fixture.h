@@ -31,7 +31,7 @@ public:
     void textSaved() override { calls.emplace_back("saved"); }
     void textGivenUp() override { calls.emplace_back("given up"); }
     void fileLost() override { calls.emplace_back("file lost"); }
-    bool documentReplaced() override
+    bool keepForNextStart() override
     {
         calls.emplace_back("leaves");
         return keeps;

@@ -28,19 +28,32 @@ public:
         const auto it = files.find(path);
         return it == files.end() || unreadable.contains(path) ? std::nullopt : std::optional(it->second);
     }
-    Saved write(const std::string &path, std::string_view bytes) override
+    WriteOutcome write(const std::string &path, std::string_view bytes) override
     {
         if (const auto it = refused.find(path); it != refused.end())
             return it->second;
         if (readOnly.contains(path))
-            return Saved::Denied;
+            return WriteOutcome::Denied;
         files[path] = bytes;
         ++writes[path];
-        return failsLate.contains(path) ? Saved::Failed : Saved::Ok;
+        return failsLate.contains(path) ? WriteOutcome::Failed : WriteOutcome::Ok;
     }
-    Saved replace(const std::string &path, std::string_view bytes) override
+    WriteOutcome writeDocument(const std::string &path, std::string_view bytes, ReadOnlyFiles protectedFiles,
+        const Replaced &replaced) override
     {
-        readOnly.erase(path);
+        if (const auto content = read(path); content && replaced)
+            replaced(*content);
+        if (protectedFiles == ReadOnlyFiles::Replace)
+            readOnly.erase(path);
+        return write(path, bytes);
+    }
+    std::string safetyCopy() const override { return {}; }
+    WriteOutcome writeBackup(const std::string &, const std::string &path, std::string_view bytes) override
+    {
+        return write(path, bytes);
+    }
+    WriteOutcome writePrivate(const std::string &path, std::string_view bytes) override
+    {
         return write(path, bytes);
     }
     bool remove(const std::string &path) override
@@ -71,10 +84,10 @@ public:
     std::set<std::string> folders;
     std::set<std::string> unreadable;
     std::set<std::string> hidden;
-    std::map<std::string, Saved> refused;
+    std::map<std::string, WriteOutcome> refused;
     std::set<std::string> failsLate; ///< written, but reported as failed
     std::set<std::string> kept; ///< cannot be removed
-    std::set<std::string> readOnly; ///< refused by write(), not by replace()
+    std::set<std::string> readOnly; ///< written by writeDocument() only, when it is told to
     std::map<std::string, int> writes;
 };
 

@@ -31,9 +31,9 @@ protected:
     {
         m_program.reset();
         m_program.emplace(ProgramFolders{.portable = false, .autosave = folder.path().toStdString()});
-        writeSetting(m_program->store, keys::firstStart, "no");
-        if (readSetting(m_program->store, keys::tempFolder) == keys::tempFolder.fallback)
-            writeSetting(m_program->store, keys::tempFolder, folder.path().toStdString());
+        writeSetting(m_program->settingsStore, keys::firstStart, "no");
+        if (readSetting(m_program->settingsStore, keys::tempFolder) == keys::tempFolder.fallback)
+            writeSetting(m_program->settingsStore, keys::tempFolder, folder.path().toStdString());
         m_program->start(name ? path(name) : "");
     }
     void end() { m_program.reset(); }

@@ -3,7 +3,7 @@
 
 #include "app/shell_ports.h"
 #include "fakes/views.h"
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 
 #include <string>
 #include <vector>
@@ -25,7 +25,7 @@ public:
     void stopAutosaveTimer() override { note("stop timer"); }
     void unloadMainWindow() override { note("unload main"); }
     void unloadWindow(SecondaryWindow window) override { note("unload", static_cast<int>(window)); }
-    void endProgram() override { note("end"); }
+    void exitEventLoop() override { note("end"); }
     SessionFiles &sessionFiles() override { return *this; }
 
     void openFromCommandLine(const std::string &commandLine) override { note("open " + commandLine); }
@@ -37,8 +37,9 @@ public:
         note("keep text");
         return keepsText;
     }
-    void deletePreviewPage() override { note("delete preview"); }
-    void deleteAutosave() override { note("delete autosave"); }
+    void keepForNextStart() override { note("keep for next start"); }
+    void removePreviewPage() override { note("delete preview"); }
+    void removeAutosave() override { note("delete autosave"); }
 
     ToolView &tools() override
     {

@@ -13,7 +13,7 @@ public:
     void setTitlePath(std::string_view path) override { titlePath = path; }
     void redrawAndFocus() override { }
     void syncLineNumbers() override { ++lineNumberSyncs; }
-    void tell(std::string_view text) override { status = text; }
+    void showNote(std::string_view text) override { status = text; }
     void refreshDocumentStatus() override { }
 
     std::string information = "(untouched)";
@@ -31,7 +31,7 @@ public:
 
     int scriptToolsShown = 0;
     int webToolsShown = 0;
-    OptionSwitches options;
+    OptionFlags options;
     std::string programMenu;
 };
 

@@ -208,7 +208,7 @@ std::optional<std::string> byHand(std::string text, const FindRequest &request)
     constexpr int manyTimes = 200;
     Offset at = 0;
     for (int i = 0; i < manyTimes; ++i) {
-        const auto hit = find(text, request.text, {at, std::ssize(text)}, request.options());
+        const auto hit = findText(text, request.text, {at, std::ssize(text)}, request.options());
         if (!hit)
             return text;
         text.replace(static_cast<std::size_t>(*hit), request.text.size(), request.replacement);

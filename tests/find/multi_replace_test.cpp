@@ -134,7 +134,7 @@ TEST_F(MultiReplaceTest, LeavesOutWhatCannotBeReplaced)
         if (path == "raced")
             files.files[path] = "old and written while it is read";
     };
-    files.refused = {{"locked", Saved::Denied}, {"full", Saved::DiskFull}};
+    files.refused = {{"locked", WriteOutcome::Denied}, {"full", WriteOutcome::DiskFull}};
     multi.replaceAll();
     EXPECT_EQ(view.outcomes,
         (std::vector{
@@ -178,7 +178,7 @@ TEST_F(MultiReplaceTest, KeepsABackupBesideTheFile)
     files.folders.insert("a.txt.bak2");
     view.request.backup = true;
     multi.preview();
-    files.refused = {{"a.txt.bak3", Saved::DiskFull}};
+    files.refused = {{"a.txt.bak3", WriteOutcome::DiskFull}};
     multi.replaceAll();
     EXPECT_EQ(files.files["a.txt"], "old");
     files.refused.clear();

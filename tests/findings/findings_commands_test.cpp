@@ -23,7 +23,7 @@ struct Fixture : FindingsView {
     }
     void showFindings() override { }
     void showCurrent(std::size_t) override { }
-    void tell(std::string_view text) override { told = text; }
+    void showNote(std::string_view text) override { told = text; }
     void applyEdit(const LineEdit &edit) override { replace(edit.range, edit.text); }
     void replace(TextRange range, std::string_view text)
     {
@@ -99,7 +99,7 @@ TEST(FindingsCommands, ResultsOfAnOlderTextAreDropped)
     EXPECT_EQ(f.commands.list().summary(), "");
     f.commands.accept({}, f.commands.revision());
     EXPECT_EQ(f.commands.list().summary(), "Analysis: no findings");
-    f.replace({0, f.document.Length()}, "MsgBox 1");
+    f.replace({0, f.document.TextLength()}, "MsgBox 1");
     EXPECT_EQ(f.commands.list().summary(), "") << "another text has come";
 }
 

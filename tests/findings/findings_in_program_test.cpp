@@ -34,7 +34,7 @@ protected:
     }
     bool isMarkedSomewhere()
     {
-        for (Offset i = 0; i < document().Length(); ++i)
+        for (Offset i = 0; i < document().TextLength(); ++i)
             if (isMarked(i))
                 return true;
         return false;
@@ -48,7 +48,7 @@ TEST_F(FindingsInProgram, AnalysesInThePausesOfTyping)
     ASSERT_TRUE(eventually([&] { return field.text().contains("findings"); }));
     EXPECT_TRUE(eventually([&] { return isMarked(30); })) << "the list without Set";
     const auto before = field.text();
-    document().SetSelStart(document().Length());
+    document().SetSelStart(document().TextLength());
     QTest::keyClicks(&document(), "Next");
     EXPECT_TRUE(eventually([&] { return field.text() != before; }));
     run("manalysetyping");
@@ -61,7 +61,7 @@ TEST_F(FindingsInProgram, MarksItsOwnPlaceBehindAnOverlongLine)
         "'" + QByteArray(40'000, 'x') + "\r\nDim a\r\na = CreateObject(\"Scripting.Dictionary\")\r\n");
     start("long.vbs");
     run("mnextfinding");
-    document().SetSelStart(document().Length());
+    document().SetSelStart(document().TextLength());
     const auto place = static_cast<Offset>(document().Text().find("a = Create"));
     EXPECT_TRUE(eventually([&] { return isMarked(document().breaks().toControl(place)); }));
     EXPECT_FALSE(isMarked(place)) << "inside the long line";
@@ -117,7 +117,7 @@ TEST_F(FindingsInProgram, ChangesNothingButWhatItShows)
             }
             auto &t1 = document();
             Seen now{std::string(t1.Text()), {}, {}, {}, app().mainWindow().information().toStdString()};
-            for (Offset i = 0; i < t1.Length(); ++i)
+            for (Offset i = 0; i < t1.TextLength(); ++i)
                 now.colours.push_back(t1.ColourAt(i).value);
             const auto selection = t1.anchorAndCaret();
             now.places = {selection.anchor, selection.caret, t1.FirstVisibleLine(),

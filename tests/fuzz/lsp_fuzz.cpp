@@ -16,7 +16,7 @@ using namespace kevra::lsp;
 
 namespace {
 
-class NoFiles : public DiskFiles {
+class NoFiles : public FileSystem {
 public:
     std::optional<std::string> read(const std::string &) override { return "Sub Note(t)\r\nEnd Sub\r\n"; }
     std::uint64_t stamp(const std::string &path) override { return path.ends_with("lib.vbs") ? 1 : 0; }

@@ -23,7 +23,7 @@ void requireInside(const ColourRuns &runs, std::size_t size)
 
 void requireSameColours(const EditorSurface &a, const EditorSurface &b)
 {
-    for (Offset at = 0; at < a.Length(); ++at) {
+    for (Offset at = 0; at < a.TextLength(); ++at) {
         if (a.ColourAt(at) != b.ColourAt(at))
             std::abort();
     }
@@ -43,13 +43,13 @@ extern "C" int LLVMFuzzerTestOneInput(const char *data, std::size_t size)
     requireInside(regionRuns(text, {middle / 2, middle}, code).runs, size);
 
     MemorySurface whole(text);
-    whole.SetColours({0, whole.Length()}, tags);
-    MemorySurface mended(text);
-    mended.SetColours({0, mended.Length()}, tags);
-    mended.Replace({middle, middle}, "<");
-    recolourTags(mended, {middle, middle + 1}, code);
-    mended.Replace({middle, middle + 1}, "");
-    recolourTags(mended, {middle, middle}, code);
-    requireSameColours(whole, mended);
+    whole.SetColours({0, whole.TextLength()}, tags);
+    MemorySurface edited(text);
+    edited.SetColours({0, edited.TextLength()}, tags);
+    edited.Replace({middle, middle}, "<");
+    recolourTags(edited, {middle, middle + 1}, code);
+    edited.Replace({middle, middle + 1}, "");
+    recolourTags(edited, {middle, middle}, code);
+    requireSameColours(whole, edited);
     return 0;
 }

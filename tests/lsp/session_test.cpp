@@ -7,7 +7,7 @@ using namespace kevra::lsp;
 
 namespace {
 
-class MemoryFiles : public DiskFiles {
+class MemoryFiles : public FileSystem {
 public:
     std::optional<std::string> read(const std::string &path) override { return files.at(path); }
     std::uint64_t stamp(const std::string &path) override { return files.contains(path) ? 1 : 0; }

@@ -3,6 +3,7 @@
 """Tries the tests: plants one small fault after another in a copy of the sources, and tells which went unnoticed.
 
     tests/mutation/mutation.py [--long] [PART OF A FAULT'S NAME...]
+    tests/mutation/mutation.py --places     only looks whether each fault's place still is in the sources
 
 A developers' tool: some fifty faults, each built and run, are up to an hour's work. What --long adds for the faults
 that the unit and window tests let pass are the tests of the built program."""
@@ -21,6 +22,17 @@ BUILD = os.path.join(COPY, "build", "dev")
 SUITES = ("core_tests", "gui_tests")
 LONG = ["ctest", "-j2", "-E", "core_tests|gui_tests|structure|encodings|hostile"]
 LIMIT = 900  # seconds a suite may take; a fault can make a loop endless
+
+
+def lost_places():
+    """The faults whose place was edited away or is no longer the only one, after a change of the sources."""
+    for fault in FAULTS:
+        try:
+            with open(os.path.join(ROOT, fault.file), encoding="utf-8", newline="") as file:
+                if file.read().count(fault.old) != 1:
+                    yield f"{fault.file}: {fault.what}"
+        except FileNotFoundError:
+            yield f"{fault.file} is missing: {fault.what}"
 
 
 def copy_sources():
@@ -77,8 +89,11 @@ def outcome(fault, long, log):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--long", action="store_true")
+    parser.add_argument("--places", action="store_true")
     parser.add_argument("names", nargs="*")
     options = parser.parse_args()
+    if options.places:
+        sys.exit("\n".join(lost_places()) or None)
     chosen = [fault for fault in FAULTS if not options.names or any(name in fault.what for name in options.names)]
     os.makedirs(COPY, exist_ok=True)
     copy_sources()

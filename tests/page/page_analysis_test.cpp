@@ -14,9 +14,9 @@ struct FilesInMemory : PageFiles {
     std::map<std::string, TargetNames> targets;
 
     bool exists(const std::string &path) override { return names.contains(path) || targets.contains(path); }
-    std::optional<PictureSize> pictureSize(const std::string &path) override
+    std::optional<DisplayedSize> pictureSize(const std::string &path) override
     {
-        return exists(path) ? std::optional(PictureSize{40, 30}) : std::nullopt;
+        return exists(path) ? std::optional(DisplayedSize{40, 30}) : std::nullopt;
     }
     const TargetNames *targetsOf(const std::string &path) override
     {
@@ -112,11 +112,11 @@ TEST(PictureSize, ComesFromTheHeader)
     using namespace std::string_view_literals;
     const struct {
         std::string_view head;
-        std::optional<PictureSize> size;
+        std::optional<DisplayedSize> size;
     } cases[] = {
-        {"\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\1\2\0\0\0\7"sv, PictureSize{258, 7}},
-        {"GIF89a\2\1\7\0"sv, PictureSize{258, 7}},
-        {"\xFF\xD8\xFF\xE0\0\4ab\xFF\xC2\0\x11\x08\0\7\1\2\3\1"sv, PictureSize{258, 7}},
+        {"\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\1\2\0\0\0\7"sv, DisplayedSize{258, 7}},
+        {"GIF89a\2\1\7\0"sv, DisplayedSize{258, 7}},
+        {"\xFF\xD8\xFF\xE0\0\4ab\xFF\xC2\0\x11\x08\0\7\1\2\3\1"sv, DisplayedSize{258, 7}},
         {"\xFF\xD8\xFF\xE1\0\x8"
          "Exif\0\0\xFF\xC2\0\x11\x08\0\7\1\2\3\1"sv,
             std::nullopt},

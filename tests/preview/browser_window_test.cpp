@@ -3,7 +3,7 @@
 #include "preview/browser_window.h"
 
 #include "fakes/document_fixture.h"
-#include "fakes/page_notes.h"
+#include "fakes/preview_records.h"
 #include "preview/browser_control_qt.h"
 #include "preview/message_box_reference_window.h"
 #include "preview/preview_commands.h"
@@ -37,7 +37,8 @@ protected:
 
     void put(const std::string &name, const QByteArray &bytes)
     {
-        EXPECT_EQ(disk.write(folder.path().toStdString() + '/' + name, bytes.toStdString()), Saved::Ok);
+        EXPECT_EQ(
+            disk.write(folder.path().toStdString() + '/' + name, bytes.toStdString()), WriteOutcome::Ok);
     }
     /// Shows a page that says in its title when it is there, and waits for it.
     void view(const char *text)
@@ -78,9 +79,9 @@ protected:
     DocumentFile fileOnDisk{disk, backups};
     BrowserWindow window;
     BrowserControlQt control{window};
-    FakePageNotes notes;
+    FakePreviewRecords records;
     PreviewCommands commands{PreviewPorts{DocumentParts{document, state, fileOnDisk, keeper}, application,
-        disk, backups, notes, messages, main, *this, control,
+        disk, backups, records, messages, main, *this, control,
         [this](
             const std::string &name) { return folder.filePath(QString::fromStdString(name)).toStdString(); },
         "/home/somebody"}};
@@ -90,8 +91,8 @@ private:
     bool hideImageViewer() override { return false; }
     void hideMain() override { }
     void showMain() override { }
-    void showBrowser() override { window.show(); }
-    void hideBrowser() override { window.hide(); }
+    void showBrowserWindow() override { window.show(); }
+    void hideBrowserWindow() override { window.hide(); }
     void setLinkTarget(const std::string &text) override
     {
         window.setLinkTarget(QString::fromStdString(text));

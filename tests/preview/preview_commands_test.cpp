@@ -2,7 +2,7 @@
 #include "preview/preview_commands.h"
 
 #include "fakes/document_fixture.h"
-#include "fakes/page_notes.h"
+#include "fakes/preview_records.h"
 
 #include <gmock/gmock.h>
 
@@ -44,8 +44,8 @@ protected:
     bool hideImageViewer() override { return viewerVisible; }
     void hideMain() override { happened.emplace_back("hide main"); }
     void showMain() override { happened.emplace_back("show main"); }
-    void showBrowser() override { happened.emplace_back("show browser"); }
-    void hideBrowser() override { happened.emplace_back("hide browser"); }
+    void showBrowserWindow() override { happened.emplace_back("show browser"); }
+    void hideBrowserWindow() override { happened.emplace_back("hide browser"); }
     void setLinkTarget(const std::string &text) override { turl = text; }
 
     [[nodiscard]] bool goes(
@@ -59,9 +59,9 @@ protected:
     bool engine = true;
     bool viewerVisible = false;
     bool busyWhileShown = false;
-    FakePageNotes notes;
-    PreviewCommands commands{PreviewPorts{parts(), application, files, backups, notes, messages, main, *this,
-        *this, [](const std::string &name) { return "/app/" + name; }, "/home/me"}};
+    FakePreviewRecords records;
+    PreviewCommands commands{PreviewPorts{parts(), application, files, backups, records, messages, main,
+        *this, *this, [](const std::string &name) { return "/app/" + name; }, "/home/me"}};
 };
 
 TEST_F(PreviewTest, WritesBesideTheDocumentAndShowsIt)
@@ -112,7 +112,7 @@ TEST_F(PreviewTest, SaysWhyThereIsNoPage)
     const auto noText = [this] { document.LoadText(""); };
     const auto noFiles = [this] { files.files.clear(); };
     const auto noEngine = [this] { engine = false; };
-    const auto noRoom = [this] { files.refused["/site/kevratemp.html"] = Saved::DiskFull; };
+    const auto noRoom = [this] { files.refused["/site/kevratemp.html"] = WriteOutcome::DiskFull; };
     const auto noFolder = [this] {
         state.currentPath.clear();
         files.folders.clear();

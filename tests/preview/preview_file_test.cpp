@@ -2,7 +2,7 @@
 #include "preview/preview_file.h"
 
 #include "fakes/document_fixture.h"
-#include "fakes/page_notes.h"
+#include "fakes/preview_records.h"
 
 #include <gmock/gmock.h>
 
@@ -19,12 +19,12 @@ constexpr auto place = "/site/kevratemp.html";
 constexpr auto aside = "/site/kevratemp.html.aside";
 
 struct Program {
-    Program(FileStore &files, BackupStore &backups, const FakePageNotes::Notes &shared)
-        : notes(shared)
-        , page(files, backups, notes)
+    Program(FileStore &files, BackupStore &backups, const FakePreviewRecords::Records &shared)
+        : records(shared)
+        , page(files, backups, records)
     {
     }
-    FakePageNotes notes;
+    FakePreviewRecords records;
     PreviewFile page;
 };
 
@@ -38,7 +38,7 @@ TEST(PreviewFile, SeveralProgramsInOneFolderLeaveItAsItWas)
             if (theirs)
                 files.files[place] = "theirs";
             const auto before = files.files;
-            const auto shared = FakePageNotes().notes;
+            const auto shared = FakePreviewRecords().records;
             Program programs[]
                 = {{files, backups, shared}, {files, backups, shared}, {files, backups, shared}};
             for (auto &program : programs)
@@ -56,11 +56,11 @@ TEST(PreviewFile, SeveralProgramsInOneFolderLeaveItAsItWas)
 /// The disk as it stands at every single change of it, as a kill leaves it.
 class KilledFileStore : public FakeFileStore {
 public:
-    explicit KilledFileStore(FakePageNotes &notes)
-        : m_notes(notes)
+    explicit KilledFileStore(FakePreviewRecords &records)
+        : m_records(records)
     {
     }
-    Saved write(const std::string &path, std::string_view bytes) override
+    WriteOutcome write(const std::string &path, std::string_view bytes) override
     {
         return keep(), FakeFileStore::write(path, bytes);
     }
@@ -69,25 +69,25 @@ public:
     {
         return keep(), FakeFileStore::rename(from, to);
     }
-    void keep() { moments.emplace_back(*this, *m_notes.notes); }
+    void keep() { moments.emplace_back(*this, *m_records.records); }
 
-    std::vector<std::pair<FakeFileStore, std::map<std::string, PageNotes::Entry>>> moments;
+    std::vector<std::pair<FakeFileStore, std::map<std::string, PreviewRecords::Entry>>> moments;
 
 private:
-    FakePageNotes &m_notes;
+    FakePreviewRecords &m_records;
 };
 
 TEST(PreviewFile, KilledAtAnyMomentLeavesNothingBehind)
 {
     for (const auto *theirs : {"", "theirs", "first", "second"}) {
-        FakePageNotes notes;
-        KilledFileStore files(notes);
+        FakePreviewRecords records;
+        KilledFileStore files(records);
         FakeBackupStore backups;
         if (*theirs)
             files.files[place] = theirs;
         const auto before = files.files;
         {
-            PreviewFile page(files, backups, notes);
+            PreviewFile page(files, backups, records);
             for (const auto *text : {"first", "second"}) {
                 EXPECT_TRUE(page.write(place, text));
                 files.keep();
@@ -97,10 +97,10 @@ TEST(PreviewFile, KilledAtAnyMomentLeavesNothingBehind)
         for (auto &[disk, entries] : files.moments) {
             for (auto &[name, entry] : entries)
                 entry.alive = false;
-            FakePageNotes next(std::make_shared<FakePageNotes::Notes::element_type>(entries));
+            FakePreviewRecords next(std::make_shared<FakePreviewRecords::Records::element_type>(entries));
             PreviewFile(disk, backups, next).removeLeftPages();
             EXPECT_EQ(disk.files, before) << theirs;
-            EXPECT_THAT(*next.notes, IsEmpty());
+            EXPECT_THAT(*next.records, IsEmpty());
         }
         EXPECT_THAT(backups.kept, IsEmpty());
     }
@@ -108,25 +108,25 @@ TEST(PreviewFile, KilledAtAnyMomentLeavesNothingBehind)
 
 TEST(PreviewFile, PageThatCannotBeWrittenLeavesThePlaceAsItWas)
 {
-    FakePageNotes notes;
+    FakePreviewRecords records;
     FakeFileStore files;
     FakeBackupStore backups;
     files.files[place] = "theirs";
-    files.refused[place] = Saved::DiskFull;
-    EXPECT_FALSE(PreviewFile(files, backups, notes).write(place, "page"));
+    files.refused[place] = WriteOutcome::DiskFull;
+    EXPECT_FALSE(PreviewFile(files, backups, records).write(place, "page"));
     EXPECT_THAT(files.files, ElementsAre(Pair(place, "theirs")));
 }
 
 TEST(PreviewFile, DocumentInAKilledProgramsPlaceStays)
 {
-    FakePageNotes notes;
+    FakePreviewRecords records;
     FakeFileStore files;
     FakeBackupStore backups;
     files.files[place] = "theirs";
-    EXPECT_TRUE(PreviewFile(files, backups, notes).write(place, "page"));
+    EXPECT_TRUE(PreviewFile(files, backups, records).write(place, "page"));
     std::ignore = files.write(place, "the document");
-    notes.notes->begin()->second.alive = false;
-    FakePageNotes next(notes.notes);
+    records.records->begin()->second.alive = false;
+    FakePreviewRecords next(records.records);
     PreviewFile(files, backups, next).removeLeftPages();
     EXPECT_THAT(files.files, ElementsAre(Pair(place, "the document")));
     EXPECT_THAT(backups.kept, ElementsAre(Pair(place, "theirs")));
@@ -134,11 +134,11 @@ TEST(PreviewFile, DocumentInAKilledProgramsPlaceStays)
 
 TEST(PreviewFile, FailuresOnTheWayLoseNobodysFile)
 {
-    FakePageNotes notes;
+    FakePreviewRecords records;
     FakeFileStore files;
     FakeBackupStore backups;
     files.files[place] = "theirs";
-    PreviewFile page(files, backups, notes);
+    PreviewFile page(files, backups, records);
     files.failsLate = {place};
     EXPECT_FALSE(page.write(place, "page"));
     EXPECT_THAT(files.files, ElementsAre(Pair(place, "theirs")));
@@ -157,9 +157,10 @@ TEST(PreviewFile, FailuresOnTheWayLoseNobodysFile)
 
 TEST(PreviewFile, NoteComesBackAsItWas)
 {
-    for (const auto &note : {PageNote{"/a\nb", 7, "", {}}, PageNote{"/c", 0, aside, FileStamp{-1, 2, 3}}})
-        EXPECT_EQ(readNote(noteBytes(note)), note);
-    EXPECT_FALSE(readNote("KEVRA record 1\nforeign"));
+    for (const auto &record :
+        {PreviewRecord{"/a\nb", 7, "", {}}, PreviewRecord{"/c", 0, aside, FileStamp{-1, 2, 3}}})
+        EXPECT_EQ(readPreviewRecord(previewRecordBytes(record)), record);
+    EXPECT_FALSE(readPreviewRecord("KEVRA record 1\nforeign"));
 }
 
 } // namespace

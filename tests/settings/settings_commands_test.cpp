@@ -82,7 +82,7 @@ TEST(SettingsCommands, ChosenColourWaitsForApply)
         fixture.colourDialog.chosen = c.chosen;
         fixture.commands.chooseCodeColour();
         EXPECT_EQ(fixture.colourDialog.initials, std::vector<Colour>{colours::defaultCode});
-        EXPECT_EQ(fixture.editing.codeColour, colours::defaultCode);
+        EXPECT_EQ(fixture.editorOptions.codeColour, colours::defaultCode);
         fixture.commands.applyColour();
         EXPECT_FALSE(fixture.commands.hasChosenColour());
         EXPECT_EQ(fixture.stored(keys::codeColour), c.stored);

@@ -65,11 +65,12 @@ TEST_F(SettingsDialogTest, YesAndNoAreShownAtOnceAndReadByTheNextStart)
     const auto expectAll = [&](bool on) {
         for (const auto &c : cases) {
             SCOPED_TRACE(on ? c.yes : c.no);
-            EXPECT_EQ(app().store.getSetting("kevra285", "settings", c.key, "absent"), on ? "yes" : "no");
+            EXPECT_EQ(
+                app().settingsStore.getSetting("kevra285", "settings", c.key, "absent"), on ? "yes" : "no");
             const auto &lamp = control<QLabel>(c.lamp);
             EXPECT_EQ(lamp.text(), on ? "YES" : "NO");
             EXPECT_EQ(lamp.palette().color(QPalette::Window), on ? QColor(0, 240, 0) : QColor(248, 0, 0));
-            EXPECT_EQ(c.flag ? app().editing.*c.flag : app().timer1.isActive(), on);
+            EXPECT_EQ(c.flag ? app().editorOptions.*c.flag : app().timer1.isActive(), on);
             EXPECT_TRUE(!c.flag || c.flag != &EditorOptions::lineDebug
                 || app().shown().document.state.lineDebugOn == on);
             EXPECT_TRUE(!c.item || item(c.item).isChecked() == on);
@@ -138,9 +139,9 @@ TEST_F(SettingsDialogTest, EntriesAreAppliedStoredAndReadByTheNextStart)
 
 TEST_F(SettingsDialogTest, StoredValuesThatNoListHasAreShown)
 {
-    writeSetting(app().store, keys::autosaveMinutes, "7");
-    writeSetting(app().store, keys::fontFace, "DejaVu Sans Mono");
-    writeSetting(app().store, keys::fontSize, "11");
+    writeSetting(app().settingsStore, keys::autosaveMinutes, "7");
+    writeSetting(app().settingsStore, keys::fontFace, "DejaVu Sans Mono");
+    writeSetting(app().settingsStore, keys::fontSize, "11");
     start();
     const auto shown = [&](const char *box) { return control<QComboBox>(box).currentText().toStdString(); };
     EXPECT_EQ(shown("boxtime") + shown("boxface") + shown("boxsize"), "7DejaVu Sans Mono11");
@@ -154,7 +155,7 @@ TEST_F(SettingsDialogTest, OptionsWorkWithoutAFileToKeepThem)
     ASSERT_TRUE(QDir().mkpath(file + "/a folder stands there"));
     start();
     click("bfsono");
-    EXPECT_FALSE(app().editing.fsoMenu);
+    EXPECT_FALSE(app().editorOptions.fsoMenu);
     const auto &notStored = control<QLabel>("lnotstored");
     EXPECT_FALSE(notStored.text().isEmpty());
     EXPECT_TRUE(QDir(file).removeRecursively());

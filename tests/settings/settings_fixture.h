@@ -29,25 +29,26 @@ struct SettingsFixture {
     /// Loads all settings, as at the start of the program.
     void load()
     {
-        using Load = void (StoredSettings::*)();
-        for (const Load part : {&StoredSettings::loadTempFolder, &StoredSettings::loadExternalProgram,
-                 &StoredSettings::loadFonts, &StoredSettings::loadEditorGeometry,
-                 &StoredSettings::loadPanelType, &StoredSettings::loadCodeColour,
-                 &StoredSettings::loadPadGeometry, &StoredSettings::loadComments,
-                 &StoredSettings::loadLineDebug, &StoredSettings::loadIfCheck, &StoredSettings::loadAutosave,
-                 &StoredSettings::loadFsoMenu})
+        using Load = void (SettingsPersistence::*)();
+        for (const Load part :
+            {&SettingsPersistence::loadTempFolder, &SettingsPersistence::loadExternalProgram,
+                &SettingsPersistence::loadFonts, &SettingsPersistence::loadEditorGeometry,
+                &SettingsPersistence::loadPanelType, &SettingsPersistence::loadCodeColour,
+                &SettingsPersistence::loadPadGeometry, &SettingsPersistence::loadComments,
+                &SettingsPersistence::loadLineDebug, &SettingsPersistence::loadIfCheck,
+                &SettingsPersistence::loadAutosave, &SettingsPersistence::loadFsoMenu})
             (settings.*part)();
     }
 
     [[nodiscard]] std::string stored(const SettingKey &key) const { return readSetting(store, key); }
 
     FakeSettingsStore store;
-    EditorOptions editing;
-    DocumentState document{editing};
+    EditorOptions editorOptions;
+    DocumentState document{editorOptions};
     ApplicationState application;
     OptionsShown options;
     FakeShell views;
-    StoredSettings settings{store, editing, application, options, views};
+    SettingsPersistence settings{store, editorOptions, application, options, views};
     MemorySurface text{"<B>"};
     FakeSettingsEffects effects;
     FakeFileStore files;
@@ -56,8 +57,8 @@ struct SettingsFixture {
     FakeColourDialog colourDialog;
     FakeProcessStart processes;
     ExternalProgram program{{application, store, files, processes, views.toolView, messages}};
-    SettingsCommands commands{{store, editing, application, options, views, {text, document}, effects, files,
-        messages, fileDialogs, colourDialog, program}};
+    SettingsCommands commands{{store, editorOptions, application, options, views, {text, document}, effects,
+        files, messages, fileDialogs, colourDialog, program}};
 };
 
 } // namespace kevra

@@ -53,7 +53,7 @@ TEST(Snippets, AreInsertedWithTheirColours)
         SnippetCommands({document, state}, view).insert(snippetOf(c.button));
         EXPECT_EQ(document.Text(), c.text);
         EXPECT_EQ(marksOf(document), c.marks);
-        EXPECT_EQ(document.SelStart(), document.Length());
+        EXPECT_EQ(document.SelStart(), document.TextLength());
         EXPECT_EQ(document.SelColor(), colours::black);
         EXPECT_TRUE(document.hasFocus());
     }
@@ -105,7 +105,7 @@ TEST(FsoPopup, OpensAfterFsoInCodeOnly)
             {"x = 1 : rem fso.", false}, {"Remark = fso.", true}, {"REM", false}};
     for (const auto &[line, offers] : lines) {
         MemorySurface document(line);
-        document.SetSelStart(document.Length());
+        document.SetSelStart(document.TextLength());
         EXPECT_EQ(offersFsoMethods(document), offers) << line;
     }
 }

@@ -70,15 +70,15 @@ TEST_F(FileStoreOnDisk, WritesUnderTheLongestNameAndThroughADanglingLink)
     const auto longest = path(std::string(251, 'n').append(".htm"));
     const auto before = count();
     for (const auto &bytes : {"first"s, ""s, "a\0b"s}) {
-        EXPECT_EQ(store.write(longest, bytes), Saved::Ok);
+        EXPECT_EQ(store.write(longest, bytes), WriteOutcome::Ok);
         EXPECT_EQ(store.read(longest), bytes);
     }
     EXPECT_EQ(count(), before + 1);
-    EXPECT_EQ(store.write(longest + "n", "x"), Saved::Failed);
-    EXPECT_EQ(store.write(path("no/such/folder.htm"), "x"), Saved::Failed);
+    EXPECT_EQ(store.write(longest + "n", "x"), WriteOutcome::Failed);
+    EXPECT_EQ(store.write(path("no/such/folder.htm"), "x"), WriteOutcome::Failed);
 
     ::symlink("later.htm", path("dangling.htm").c_str());
-    EXPECT_EQ(store.write(path("dangling.htm"), "new"), Saved::Ok);
+    EXPECT_EQ(store.write(path("dangling.htm"), "new"), WriteOutcome::Ok);
     EXPECT_TRUE(fs::is_symlink(path("dangling.htm")));
     EXPECT_EQ(store.read(path("later.htm")), "new");
 }
@@ -88,14 +88,14 @@ TEST_F(FileStoreOnDisk, SavedMeansFlushedAndWhole)
     const struct {
         const char *name;
         char failing; ///< "f" the file's flush, "d" its folder's, "s" the file is short afterwards
-        Saved outcome;
+        WriteOutcome outcome;
         const char *content;
         const char *flushed;
     } cases[] = {
-        {"nothing fails", ' ', Saved::Ok, "new content", "fd"},
-        {"the file is not on the disk", 'f', Saved::Failed, "old", "f"},
-        {"its name is not on the disk", 'd', Saved::Failed, "new content", "fd"},
-        {"the disk dropped the end", 's', Saved::Failed, "old", "f"},
+        {"nothing fails", ' ', WriteOutcome::Ok, "new content", "fd"},
+        {"the file is not on the disk", 'f', WriteOutcome::Failed, "old", "f"},
+        {"its name is not on the disk", 'd', WriteOutcome::Failed, "new content", "fd"},
+        {"the disk dropped the end", 's', WriteOutcome::Failed, "old", "f"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
@@ -121,7 +121,7 @@ TEST_F(FileStoreOnDisk, KeepsLinksModeAndAttributes)
     ::chmod(file.c_str(), 0640);
     const bool attributes = ::setxattr(file.c_str(), "user.note", "kept", 4, 0) == 0;
     ::symlink("real.htm", path("link.htm").c_str());
-    EXPECT_EQ(store.write(path("link.htm"), "new"), Saved::Ok);
+    EXPECT_EQ(store.write(path("link.htm"), "new"), WriteOutcome::Ok);
     EXPECT_TRUE(fs::is_symlink(path("link.htm")));
     EXPECT_EQ(store.read(file), "new");
     EXPECT_EQ(static_cast<unsigned>(fs::status(file).permissions()), 0640U);
@@ -135,7 +135,7 @@ TEST_F(FileStoreOnDisk, WritesInPlaceWhatHasMoreThanOneName)
         const auto file = put("one.htm", "old bytes");
         fs::create_hard_link(file, path("two.htm"));
         const auto before = count();
-        EXPECT_EQ(store.write(file, bytes), Saved::Ok);
+        EXPECT_EQ(store.write(file, bytes), WriteOutcome::Ok);
         EXPECT_EQ(store.read(path("two.htm")), bytes);
         EXPECT_EQ(fs::hard_link_count(file), 2U);
         EXPECT_EQ(count(), before);
@@ -148,12 +148,13 @@ TEST_F(FileStoreOnDisk, RefusesWhatIsNoFile)
     fs::create_directory(path("folder.htm"));
     ::mkfifo(path("fifo.htm").c_str(), 0600);
     ::symlink("circle.htm", path("circle.htm").c_str());
-    for (const auto &[refused, outcome] : {std::pair(path("folder.htm"), Saved::NotAFile),
-             {path("fifo.htm"), Saved::NotAFile}, {path("circle.htm"), Saved::Failed},
-             {"/dev/null", Saved::NotAFile}, {"", Saved::Failed}, {root + "/", Saved::Failed}}) {
+    for (const auto &[refused, outcome] :
+        {std::pair(path("folder.htm"), WriteOutcome::NotAFile), {path("fifo.htm"), WriteOutcome::NotAFile},
+            {path("circle.htm"), WriteOutcome::Failed}, {"/dev/null", WriteOutcome::NotAFile},
+            {"", WriteOutcome::Failed}, {root + "/", WriteOutcome::Failed}}) {
         SCOPED_TRACE(refused);
         EXPECT_EQ(store.write(refused, "x"), outcome);
-        EXPECT_EQ(store.replace(refused, "x"), outcome);
+        EXPECT_EQ(store.writeDocument(refused, "x", ReadOnlyFiles::Replace, {}), outcome);
         EXPECT_EQ(store.read(refused), std::nullopt);
     }
     EXPECT_FALSE(store.remove(path("folder.htm")));
@@ -175,7 +176,7 @@ TEST_F(FileStoreOnDisk, TheProgramsOwnFilesArePrivateWithAnyMask)
     const auto mask = ::umask(0);
     const auto open = put("kevratemp.html", "theirs");
     ::chmod(open.c_str(), 0666);
-    EXPECT_EQ(store.writePrivate(open, "page"), Saved::Ok);
+    EXPECT_EQ(store.writePrivate(open, "page"), WriteOutcome::Ok);
     EXPECT_TRUE(BackupStorePosix(path("backups")).keep("page.htm", "old"));
     ::umask(mask);
     EXPECT_EQ(fs::status(open).permissions(), fs::perms(0600));

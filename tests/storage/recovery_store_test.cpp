@@ -140,7 +140,7 @@ TEST_F(RecoveryStoreOnDisk, UsesTheSpareFolderAndGoesBack)
     auto &store = open();
     store.writeRecord(text("/a.htm", "first"));
     store.finish();
-    EXPECT_EQ(store.recordOutcome(), Saved::Ok);
+    EXPECT_EQ(store.recordOutcome(), WriteOutcome::Ok);
     kill();
     open();
     EXPECT_EQ(offered(), Texts{"first"});
@@ -161,7 +161,7 @@ TEST_F(RecoveryStoreOnDisk, AFailedRecordIsRetriedAndTheTextStaysMeanwhile)
     auto &store = open();
     store.writeRecord(text("/a.htm", "typed"));
     EXPECT_FALSE(store.setRecordAside());
-    EXPECT_NE(store.recordOutcome(), Saved::Ok);
+    EXPECT_NE(store.recordOutcome(), WriteOutcome::Ok);
     fs::remove(spare);
     EXPECT_TRUE(store.setRecordAside()) << "without being handed in again";
     kill();

@@ -40,7 +40,7 @@ TEST(Find, ReturnsTheFirstHitInsideTheRange)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        EXPECT_EQ(find(c.text, c.what, c.range, c.options).value_or(-1), c.hit);
+        EXPECT_EQ(findText(c.text, c.what, c.range, c.options).value_or(-1), c.hit);
     }
 }
 

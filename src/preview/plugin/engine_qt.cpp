@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The web engine behind BrowserEngine. Everything a previewed page does not need is off.
+// BrowserEngine over the web engine. Everything a previewed page does not need is off.
 #include "preview/plugin/accessibility_limit_qt.h"
 #include "preview/plugin/engine_start_qt.h"
 #include "preview/plugin/graphics_qt.h"
@@ -52,13 +52,13 @@ constexpr Switch switches[] = {
     {QWebEngineSettings::NavigateOnDropEnabled, false},
 };
 
-class Engine : public BrowserEngine, private QObject {
+class Engine : public BrowserEngine, private PageDisplay, private QObject {
 public:
-    Engine(QWidget *parent, BrowserEvents &events, EngineUse use, bool sandboxed)
+    Engine(QWidget *parent, const BrowserClient &client, EngineUse use, bool sandboxed)
         : m_view(new QWebEngineView(parent))
-        , m_events(events)
+        , m_client(client)
         , m_use(use)
-        , m_profiles(events)
+        , m_profiles(client.gate)
         , m_sandboxed(sandboxed)
     {
         m_view->setContextMenuPolicy(Qt::NoContextMenu);
@@ -78,7 +78,7 @@ public:
         m_page.reset();
     }
 
-    QWidget *widget() override { return m_view; }
+    PageDisplay &display() override { return *this; }
     bool isSandboxed() const override { return m_sandboxed; }
     void navigate(const QUrl &url) override
     {
@@ -104,12 +104,14 @@ public:
         m_hasPage = false;
         navigateNowhere();
     }
-    void zoom(int steps) override;
-    void setZoom(double factor) override;
+
+private:
+    QWidget *widget() override { return m_view; }
+    void zoomBy(int steps) override;
+    void setZoomFactor(double factor) override;
     void setDark(bool dark) override;
     void find(const QString &text, bool backward) override;
 
-private:
     void newPage();
     void applyColours();
     /// No signal reports reliably that a page got a process, or another one.
@@ -119,7 +121,7 @@ private:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
     QPointer<QWebEngineView> m_view;
-    BrowserEvents &m_events;
+    BrowserClient m_client;
     EngineUse m_use;
     PageProfiles m_profiles;
     std::unique_ptr<Page> m_page; ///< goes before the profile it lives in
@@ -138,7 +140,7 @@ void Engine::newPage()
     m_colours.reset();
     auto &profile = m_profiles.forNewPage();
     m_watch.begin();
-    const auto oldPage = std::exchange(m_page, std::make_unique<Page>(&profile, m_events, m_use));
+    const auto oldPage = std::exchange(m_page, std::make_unique<Page>(&profile, m_client, m_use));
     connect(m_page.get(), &QWebEnginePage::loadProgress, this, [this] { watchProcess(); });
     for (const auto &each : switches)
         m_page->settings()->setAttribute(each.attribute, each.on);
@@ -155,12 +157,12 @@ void Engine::watchProcess()
         m_watch.setProcess(static_cast<pid_t>(m_page->renderProcessPid()));
 }
 
-void Engine::zoom(int steps)
+void Engine::zoomBy(int steps)
 {
-    setZoom(steps == 0 ? 1 : m_zoom * std::pow(1.1, steps));
+    setZoomFactor(steps == 0 ? 1 : m_zoom * std::pow(1.1, steps));
 }
 
-void Engine::setZoom(double factor)
+void Engine::setZoomFactor(double factor)
 {
     m_zoom = std::clamp(factor, 0.25, 5.0);
     m_page->setZoomFactor(m_zoom);
@@ -194,7 +196,7 @@ void Engine::find(const QString &text, bool backward)
 {
     const auto flags = backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags();
     m_page->findText(text, flags, [this](const QWebEngineFindTextResult &result) {
-        m_events.found(result.activeMatch(), result.numberOfMatches());
+        m_client.display.found(result.activeMatch(), result.numberOfMatches());
     });
 }
 
@@ -205,13 +207,13 @@ bool Engine::eventFilter(QObject *watched, QEvent *event)
     } else if (event->type() == QEvent::Wheel) {
         const auto *wheel = static_cast<QWheelEvent *>(event);
         if (wheel->modifiers() == Qt::ControlModifier && wheel->angleDelta().y() != 0) {
-            m_events.zoom(wheel->angleDelta().y() > 0 ? 1 : -1);
+            m_client.display.zoomRequested(wheel->angleDelta().y() > 0 ? 1 : -1);
             return true;
         }
     } else if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Cut))
-            m_events.copyAsked();
+            m_client.display.copyRequested();
     } else if (event->type() == QEvent::DragEnter || event->type() == QEvent::Drop) {
         return true;
     }
@@ -222,17 +224,17 @@ bool Engine::eventFilter(QObject *watched, QEvent *event)
 
 class EnginePlugin : public QObject, public BrowserEnginePlugin {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/4")
+    Q_PLUGIN_METADATA(IID "org.kevra.BrowserEnginePlugin/5")
     Q_INTERFACES(kevra::BrowserEnginePlugin)
 
 public:
     std::unique_ptr<BrowserEngine> create(
-        QWidget *parent, BrowserEvents &events, EngineUse use, const QString &folder) override
+        QWidget *parent, const BrowserClient &client, EngineUse use, const QString &folder) override
     {
         registerPageSchemes();
         avoidEmulatedGraphics();
         const EngineStart start(folder);
-        return start.isPossible() ? std::make_unique<Engine>(parent, events, use, start.isSandboxed())
+        return start.isPossible() ? std::make_unique<Engine>(parent, client, use, start.isSandboxed())
                                   : nullptr;
     }
 };

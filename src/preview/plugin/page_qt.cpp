@@ -62,9 +62,10 @@ void insert(QWebEnginePage &page, const QString &source, quint32 world, Frames f
 
 } // namespace
 
-Page::Page(QWebEngineProfile *profile, BrowserEvents &events, EngineUse use)
+Page::Page(QWebEngineProfile *profile, const BrowserClient &client, EngineUse use)
     : QWebEnginePage(profile)
-    , m_events(events)
+    , m_gate(client.gate)
+    , m_events(client.page)
     , m_use(use)
     , m_linkMark(QUuid::createUuid().toString())
     , m_followingMark(QUuid::createUuid().toString())
@@ -142,7 +143,7 @@ void Page::insertFollowingScript()
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType, bool isMainFrame)
 {
     if (m_navigations.allows(m_clock.elapsed()))
-        return m_events.beforeNavigate(url, isMainFrame);
+        return m_gate.mayNavigate(url, isMainFrame);
     // Every frame has to be taken down when the page goes, which the user would wait for.
     if (++m_refused == bounds::refusedNavigations)
         endProcess();
@@ -170,7 +171,7 @@ bool Page::mayShowDialog(const QString &message)
     // Not over the text that somebody is typing.
     if (m_use == EngineUse::BesideText) {
         if (!m_ending && m_messages.allows(m_clock.elapsed()))
-            m_events.pageAlerts(message.left(longestAlert));
+            m_events.pageAlert(message.left(longestAlert));
         return false;
     }
     return !m_ending && ++m_dialogs <= mostDialogs;
@@ -179,19 +180,19 @@ bool Page::mayShowDialog(const QString &message)
 void Page::javaScriptAlert(const QUrl &origin, const QString &message)
 {
     if (mayShowDialog(message))
-        QWebEnginePage::javaScriptAlert(m_events.plain(origin), message);
+        QWebEnginePage::javaScriptAlert(m_gate.authorsUrl(origin), message);
 }
 
 bool Page::javaScriptConfirm(const QUrl &origin, const QString &message)
 {
-    return mayShowDialog(message) && QWebEnginePage::javaScriptConfirm(m_events.plain(origin), message);
+    return mayShowDialog(message) && QWebEnginePage::javaScriptConfirm(m_gate.authorsUrl(origin), message);
 }
 
 bool Page::javaScriptPrompt(
     const QUrl &origin, const QString &message, const QString &initial, QString *answer)
 {
     return mayShowDialog(message)
-        && QWebEnginePage::javaScriptPrompt(m_events.plain(origin), message, initial, answer);
+        && QWebEnginePage::javaScriptPrompt(m_gate.authorsUrl(origin), message, initial, answer);
 }
 
 void Page::javaScriptConsoleMessage(

@@ -18,7 +18,7 @@ class Page : public QWebEnginePage {
     Q_OBJECT
 
 public:
-    Page(QWebEngineProfile *profile, BrowserEvents &events, EngineUse use);
+    Page(QWebEngineProfile *profile, const BrowserClient &client, EngineUse use);
     /// Its process ends first, whatever its scripts are doing.
     ~Page() override;
 
@@ -44,7 +44,8 @@ private:
     [[nodiscard]] bool mayShowDialog(const QString &message);
     void endProcess() const;
 
-    BrowserEvents &m_events;
+    PageGate &m_gate;
+    PageEvents &m_events;
     EngineUse m_use;
     QString m_linkMark; ///< how the link script's messages differ from the page's
     QString m_followingMark; ///< the same for the script that follows the text

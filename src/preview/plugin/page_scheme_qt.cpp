@@ -62,15 +62,15 @@ Resource resourceOf(Request::ResourceType type)
 
 class RequestFilter : public QWebEngineUrlRequestInterceptor {
 public:
-    RequestFilter(BrowserEvents &events, QObject *parent)
+    RequestFilter(PageGate &gate, QObject *parent)
         : QWebEngineUrlRequestInterceptor(parent)
-        , m_events(events)
+        , m_gate(gate)
     {
     }
     void interceptRequest(Request &request) override
     {
         const bool sends = request.requestMethod() != "GET";
-        const auto to = m_events.route(request.requestUrl(), resourceOf(request.resourceType()), sends);
+        const auto to = m_gate.route(request.requestUrl(), resourceOf(request.resourceType()), sends);
         if (!to)
             request.block(true);
         else if (*to != request.requestUrl())
@@ -78,21 +78,21 @@ public:
     }
 
 private:
-    BrowserEvents &m_events;
+    PageGate &m_gate;
 };
 
 /// Workers of some kinds get here past the filter: an address that was not made for them is refused.
 class SchemeHandler : public QWebEngineUrlSchemeHandler {
 public:
-    SchemeHandler(BrowserEvents &events, QObject *parent)
+    SchemeHandler(PageGate &gate, QObject *parent)
         : QWebEngineUrlSchemeHandler(parent)
-        , m_events(events)
-        , m_web(events)
+        , m_gate(gate)
+        , m_web(gate)
     {
     }
     void requestStarted(QWebEngineUrlRequestJob *job) override
     {
-        auto answer = m_events.answer(job->requestUrl());
+        auto answer = m_gate.answer(job->requestUrl());
         switch (answer.kind) {
         case PageAnswer::Kind::Refused:
             return job->fail(QWebEngineUrlRequestJob::RequestDenied);
@@ -114,7 +114,7 @@ private:
         job.reply(file.type, file.content.release());
     }
 
-    BrowserEvents &m_events;
+    PageGate &m_gate;
     WebFetch m_web;
 };
 
@@ -134,10 +134,10 @@ void registerPageSchemes()
     }
 }
 
-void installPageSchemes(QWebEngineProfile &profile, BrowserEvents &events)
+void installPageSchemes(QWebEngineProfile &profile, PageGate &gate)
 {
-    profile.setUrlRequestInterceptor(new RequestFilter(events, &profile));
-    auto *handler = new SchemeHandler(events, &profile);
+    profile.setUrlRequestInterceptor(new RequestFilter(gate, &profile));
+    auto *handler = new SchemeHandler(gate, &profile);
     for (const auto &row : schemes)
         profile.installUrlSchemeHandler(bytes(row.name), handler);
 }

@@ -11,7 +11,7 @@ namespace kevra {
 
 /// Before the engine starts; once is enough.
 void registerPageSchemes();
-/// The profile's requests are decided on, and answered where they are the program's, by `events`.
-void installPageSchemes(QWebEngineProfile &profile, BrowserEvents &events);
+/// The profile's requests are decided on, and answered where they are the program's, by `gate`.
+void installPageSchemes(QWebEngineProfile &profile, PageGate &gate);
 
 } // namespace kevra

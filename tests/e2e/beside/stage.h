@@ -10,7 +10,7 @@
 
 namespace kevra {
 
-class BesideStage : public QObject, protected BesideView {
+class BesideStage : public QObject, protected BesidePage, protected BesideDocument {
 public:
     BesideStage()
     {
@@ -54,12 +54,13 @@ protected:
             m_commands.prepared(page);
         });
     }
-    void pause(std::chrono::milliseconds time) override { m_pause.start(time); }
+    void startTimer(std::chrono::milliseconds time) override { m_pause.start(time); }
     void ask(const std::string &call) override { m_control.ask(call); }
-    void say(std::string_view text) override
+    void showNote(BesideNote, std::string_view text) override
     {
         m_note = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     }
+    [[nodiscard]] bool startBrowser(const std::string &) override { return false; }
     void selectText(TextRange) override { }
     [[nodiscard]] Offset caret() const override { return 0; }
 
@@ -68,7 +69,7 @@ protected:
     QString m_note;
     bool m_loaded = false;
     QTimer m_pause;
-    BesideCommands m_commands{*this};
+    BesideCommands m_commands{*this, *this};
     BesidePanel m_panel{nullptr};
     BesideControlQt m_control{m_panel.frame()};
 };

@@ -8,7 +8,7 @@
 // by at most. Usage: hostile_pages FOLDER [remote]
 #include "e2e/hostile/engine_processes.h"
 #include "fakes/document_fixture.h"
-#include "fakes/page_notes.h"
+#include "fakes/preview_records.h"
 #include "preview/browser_control_qt.h"
 #include "preview/browser_window.h"
 #include "preview/preview_commands.h"
@@ -83,8 +83,8 @@ private:
     bool hideImageViewer() override { return false; }
     void hideMain() override { m_main.hide(); }
     void showMain() override { m_main.show(); }
-    void showBrowser() override { m_window.show(); }
-    void hideBrowser() override { m_window.hide(); }
+    void showBrowserWindow() override { m_window.show(); }
+    void hideBrowserWindow() override { m_window.hide(); }
     void setLinkTarget(const std::string &text) override
     {
         m_window.setLinkTarget(QString::fromStdString(text));
@@ -97,10 +97,10 @@ private:
     DocumentFile m_file{m_files, m_fixture.backups};
     BrowserWindow m_window;
     BrowserControlQt m_control{m_window};
-    FakePageNotes m_notes;
+    FakePreviewRecords m_records;
     PreviewCommands m_commands{
         PreviewPorts{DocumentParts{m_fixture.document, m_fixture.state, m_file, m_fixture.keeper},
-            m_fixture.application, m_files, m_fixture.backups, m_notes, m_fixture.messages, m_fixture.main,
+            m_fixture.application, m_files, m_fixture.backups, m_records, m_fixture.messages, m_fixture.main,
             *this, m_control, [](const std::string &name) { return name; }, "/root"}};
     QTimer m_closer;
     QSet<int> m_helpers; ///< what is left of the engine without a page

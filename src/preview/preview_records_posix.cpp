@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "preview/page_notes_posix.h"
+#include "preview/preview_records_posix.h"
 
 #include "storage/atomic_write_posix.h"
 
@@ -32,12 +32,12 @@ void lockSoon(const FileHandle &file)
 
 } // namespace
 
-PageNotesPosix::PageNotesPosix(std::string folder)
+PreviewRecordsPosix::PreviewRecordsPosix(std::string folder)
     : m_folder(std::move(folder))
 {
 }
 
-void PageNotesPosix::exclusively(const std::function<void()> &step)
+void PreviewRecordsPosix::exclusively(const std::function<void()> &step)
 {
     std::error_code error;
     if (fs::create_directories(m_folder, error))
@@ -47,7 +47,7 @@ void PageNotesPosix::exclusively(const std::function<void()> &step)
     step();
 }
 
-std::vector<PageNotes::Entry> PageNotesPosix::all() const
+std::vector<PreviewRecords::Entry> PreviewRecordsPosix::all() const
 {
     std::vector<Entry> entries;
     std::error_code error;
@@ -57,20 +57,20 @@ std::vector<PageNotes::Entry> PageNotesPosix::all() const
         if (!file || !name.ends_with(extension))
             continue;
         const auto bytes = readAll(file.get());
-        entries.push_back(
-            {name, readNote(bytes.value_or("")).value_or(PageNote()), name == own() || !tryLock(file)});
+        entries.push_back({name, readPreviewRecord(bytes.value_or("")).value_or(PreviewRecord()),
+            name == own() || !tryLock(file)});
     }
     return entries;
 }
 
-std::string PageNotesPosix::own() const
+std::string PreviewRecordsPosix::own() const
 {
     // Another program may have dropped it, and a third one taken the name.
     struct stat status { };
     return m_lock && ::fstat(m_lock.get(), &status) == 0 && status.st_nlink > 0 ? m_own : std::string();
 }
 
-void PageNotesPosix::write(const PageNote &note)
+void PreviewRecordsPosix::write(const PreviewRecord &record)
 {
     if (own().empty()) {
         int number = 1;
@@ -78,12 +78,12 @@ void PageNotesPosix::write(const PageNote &note)
             m_own = std::to_string(number++) + extension;
         while (fs::exists(fs::path(path(m_own))));
     }
-    std::ignore = writePrivately(path(m_own), noteBytes(note));
+    std::ignore = writePrivately(path(m_own), previewRecordBytes(record));
     m_lock = openFile(path(m_own), O_RDONLY);
     lockSoon(m_lock);
 }
 
-void PageNotesPosix::drop(const std::string &name)
+void PreviewRecordsPosix::drop(const std::string &name)
 {
     if (name.empty())
         return;

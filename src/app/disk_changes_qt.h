@@ -18,11 +18,11 @@ class CompareWindow;
 class NoticeBar;
 class VersionsWindow;
 
-class DiskSide : public QObject, private DiskChangeView {
+class DiskChangesQt : public QObject, private DiskChangeView {
     Q_OBJECT
 
 public:
-    DiskSide(
+    DiskChangesQt(
         Application &app, const FileCommandPorts &ports, OpenCommands &opening, DocumentColouring &colouring);
 
     void check();

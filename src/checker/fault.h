@@ -8,13 +8,13 @@
 namespace kevra {
 
 /// A fault that a rule reports, in one line or in the whole script.
-struct Finding {
+struct Fault {
     std::string message; ///< with the line's number
     Offset line = 0; ///< from 1; 0 when it is about the whole text
     TextRange marked; ///< shown red
     Offset caret = 0; ///< the position of the caret afterwards
 
-    friend bool operator==(const Finding &, const Finding &) = default;
+    friend bool operator==(const Fault &, const Fault &) = default;
 };
 
 } // namespace kevra

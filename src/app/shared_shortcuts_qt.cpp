@@ -10,7 +10,7 @@
 
 namespace kevra {
 
-void shareKeys(Application &app, QWidget &window, std::initializer_list<std::string_view> items)
+void shareShortcuts(Application &app, QWidget &window, std::initializer_list<std::string_view> items)
 {
     for (const auto item : items) {
         const auto row = std::ranges::find(menuRows(), item, &MenuRow::item);

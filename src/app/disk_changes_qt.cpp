@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/disk_side_qt.h"
+#include "app/disk_changes_qt.h"
 
 #include "app/application_qt.h"
 #include "desktop/new_window_qt.h"
@@ -35,12 +35,12 @@ constexpr std::array barButtons{
 
 } // namespace
 
-DiskSide::DiskSide(
+DiskChangesQt::DiskChangesQt(
     Application &app, const FileCommandPorts &ports, OpenCommands &opening, DocumentColouring &colouring)
     : m_app(app)
     , m_file(ports.document.file)
     , m_changes(ports, opening, *this)
-    , m_reloading(app.store, app.toolSets(), Option::AutoReload,
+    , m_reloading(app.settingsStore, app.toolSets(), Option::AutoReload,
           [this](bool on) { m_changes.setReloadsByItself(on); })
     , m_versions(ports, app.backups, colouring, openInNewWindow)
     , m_bar(*new NoticeBar("diskbar", "The file on the disk", app.mainWindow(),
@@ -57,7 +57,7 @@ DiskSide::DiskSide(
     bindCommands();
 }
 
-void DiskSide::bindCommands()
+void DiskChangesQt::bindCommands()
 {
     m_app.commands.bind("mversions", [this] { showVersions(); });
     m_reloading.load();
@@ -67,22 +67,22 @@ void DiskSide::bindCommands()
     });
 }
 
-void DiskSide::check()
+void DiskChangesQt::check()
 {
     // An open question about the current text comes first.
     if (QApplication::activeModalWidget())
-        return QTimer::singleShot(retryDelay, this, &DiskSide::check);
+        return QTimer::singleShot(retryDelay, this, &DiskChangesQt::check);
     m_changes.check();
 }
 
-void DiskSide::documentMayHaveChanged()
+void DiskChangesQt::documentMayHaveChanged()
 {
     m_watch.watch(m_file.path());
     if (m_changes.isCheckDue())
-        QTimer::singleShot(0, this, &DiskSide::check);
+        QTimer::singleShot(0, this, &DiskChangesQt::check);
 }
 
-void DiskSide::showDiskBar(DiskBar bar, const std::string &text)
+void DiskChangesQt::showDiskBar(DiskBar bar, const std::string &text)
 {
     if (bar == DiskBar::None)
         return m_bar.hide();
@@ -91,14 +91,14 @@ void DiskSide::showDiskBar(DiskBar bar, const std::string &text)
     m_bar.showText(text);
 }
 
-void DiskSide::showComparison(const TextsToCompare &texts)
+void DiskChangesQt::showComparison(const TextsToCompare &texts)
 {
     if (!m_compareWindow)
         m_compareWindow = new CompareWindow(&m_app.mainWindow());
     m_compareWindow->showTexts(texts);
 }
 
-void DiskSide::showVersions()
+void DiskChangesQt::showVersions()
 {
     if (!m_versionsWindow)
         m_versionsWindow = new VersionsWindow(m_versions, &m_app.mainWindow());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 
 #include "settings/settings_fixture.h"
 
@@ -8,10 +8,10 @@
 namespace kevra {
 namespace {
 
-TEST(StoredSettings, FreshStoreHasEveryDefault)
+TEST(SettingsPersistence, FreshStoreHasEveryDefault)
 {
     SettingsFixture o;
-    const auto &d = o.editing;
+    const auto &d = o.editorOptions;
     EXPECT_TRUE(d.colourCoding && d.ifChecking && d.fsoMenu && d.snippetComments && d.lineDebug);
     EXPECT_FALSE(o.application.autosaveOn);
     EXPECT_EQ(d.codeColour, colours::defaultCode);
@@ -23,20 +23,20 @@ TEST(StoredSettings, FreshStoreHasEveryDefault)
     EXPECT_EQ(o.application.padGeometry, (TwipRect{0, 4500, 12000, 4500}));
 }
 
-TEST(StoredSettings, StoredTextsMeanWhatTheyAlwaysMeant)
+TEST(SettingsPersistence, StoredTextsMeanWhatTheyAlwaysMeant)
 {
     using Fixture = const SettingsFixture &;
-    constexpr auto blue = [](Fixture o) { return o.editing.codeColour == Colour{0xFF0000}; };
+    constexpr auto blue = [](Fixture o) { return o.editorOptions.codeColour == Colour{0xFF0000}; };
     const struct {
         SettingKey key;
         const char *value;
         bool (*holds)(Fixture);
     } cases[] = {
-        {{optionsSection, "ifif", ""}, "YES", [](Fixture o) { return o.editing.ifChecking; }},
+        {{optionsSection, "ifif", ""}, "YES", [](Fixture o) { return o.editorOptions.ifChecking; }},
         {{optionsSection, "ifif", ""}, "maybe",
-            [](Fixture o) { return !o.editing.ifChecking && !o.options.lamps[Option::IfChecking]; }},
-        {{optionsSection, "ifcolor", ""}, "No", [](Fixture o) { return !o.editing.colourCoding; }},
-        {{optionsSection, "ifcolor", ""}, "maybe", [](Fixture o) { return o.editing.colourCoding; }},
+            [](Fixture o) { return !o.editorOptions.ifChecking && !o.options.lamps[Option::IfChecking]; }},
+        {{optionsSection, "ifcolor", ""}, "No", [](Fixture o) { return !o.editorOptions.colourCoding; }},
+        {{optionsSection, "ifcolor", ""}, "maybe", [](Fixture o) { return o.editorOptions.colourCoding; }},
         {keys::codeColour, "blue", blue},
         {keys::codeColour, "-5", blue},
         {keys::codeColour, "99999999999", blue},
@@ -63,7 +63,7 @@ TEST(StoredSettings, StoredTextsMeanWhatTheyAlwaysMeant)
     }
 }
 
-TEST(StoredSettings, AutosaveNeedsItsFlagAndAnInterval)
+TEST(SettingsPersistence, AutosaveNeedsItsFlagAndAnInterval)
 {
     const struct {
         const char *autosave;
@@ -91,7 +91,7 @@ TEST(StoredSettings, AutosaveNeedsItsFlagAndAnInterval)
     }
 }
 
-TEST(StoredSettings, TheWindowsComeBackWhereTheyWere)
+TEST(SettingsPersistence, TheWindowsComeBackWhereTheyWere)
 {
     SettingsFixture o;
     o.views.mainState = WindowState::Normal;
@@ -116,7 +116,7 @@ TEST(StoredSettings, TheWindowsComeBackWhereTheyWere)
     EXPECT_EQ(o.application.padGeometry, (TwipRect{1, 2, 3, 4})) << "maximised, its place is not stored";
 }
 
-TEST(StoredSettings, CleaningLeavesOnlyTheProgramsOwn)
+TEST(SettingsPersistence, CleaningLeavesOnlyTheProgramsOwn)
 {
     SettingsFixture o;
     o.settings.savePanelType(false);

@@ -56,10 +56,10 @@ public:
     virtual AutosaveTimer &autosaveTimer() = 0;
 };
 
-class StoredSettings {
+class SettingsPersistence {
 public:
-    StoredSettings(SettingsStore &store, EditorOptions &editing, ApplicationState &application,
-        OptionsShown &options, SettingsViews &views);
+    SettingsPersistence(SettingsStore &store, EditorOptions &editorOptions, ApplicationState &application,
+        OptionsShown &optionsShown, SettingsViews &views);
 
     [[nodiscard]] std::string read(const SettingKey &key) const;
     void write(const SettingKey &key, std::string_view value);
@@ -92,9 +92,9 @@ private:
     void writeNumber(const SettingKey &key, int value);
 
     SettingsStore &m_store;
-    EditorOptions &m_editing;
+    EditorOptions &m_editorOptions;
     ApplicationState &m_application;
-    OptionsShown &m_options;
+    OptionsShown &m_optionsShown;
     SettingsViews &m_views;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "settings/stored_settings.h"
+#include "settings/settings_persistence.h"
 
 #include "settings/fonts.h"
 #include "settings/keys.h"
@@ -37,54 +37,54 @@ Colour codeColour(std::string_view stored)
 
 } // namespace
 
-StoredSettings::StoredSettings(SettingsStore &store, EditorOptions &editing, ApplicationState &application,
-    OptionsShown &options, SettingsViews &views)
+SettingsPersistence::SettingsPersistence(SettingsStore &store, EditorOptions &editorOptions,
+    ApplicationState &application, OptionsShown &optionsShown, SettingsViews &views)
     : m_store(store)
-    , m_editing(editing)
+    , m_editorOptions(editorOptions)
     , m_application(application)
-    , m_options(options)
+    , m_optionsShown(optionsShown)
     , m_views(views)
 {
 }
 
-std::string StoredSettings::read(const SettingKey &key) const
+std::string SettingsPersistence::read(const SettingKey &key) const
 {
     return readSetting(m_store, key);
 }
 
-void StoredSettings::write(const SettingKey &key, std::string_view value)
+void SettingsPersistence::write(const SettingKey &key, std::string_view value)
 {
     writeSetting(m_store, key, value);
 }
 
-bool StoredSettings::load(Option option)
+bool SettingsPersistence::load(Option option)
 {
     const bool on = storedOption(m_store, option);
     if (const auto flag = rowOf(option).flag)
-        m_editing.*flag = on;
-    m_options.lamps[option] = on;
+        m_editorOptions.*flag = on;
+    m_optionsShown.lamps[option] = on;
     m_views.tools().showOption(option, on);
     return on;
 }
 
-int StoredSettings::number(const SettingKey &key, int fallback) const
+int SettingsPersistence::number(const SettingKey &key, int fallback) const
 {
     return wholeNumber(read(key)).value_or(fallback);
 }
 
-void StoredSettings::writeNumber(const SettingKey &key, int value)
+void SettingsPersistence::writeNumber(const SettingKey &key, int value)
 {
     write(key, std::to_string(value));
 }
 
-void StoredSettings::loadTempFolder()
+void SettingsPersistence::loadTempFolder()
 {
     const auto stored = read(keys::tempFolder);
     const std::string_view folder = equalIgnoringCase(stored, "none") ? defaultTempFolder : stored;
     m_application.tempFolder = withoutTrailingSeparator(folder);
 }
 
-void StoredSettings::loadExternalProgram()
+void SettingsPersistence::loadExternalProgram()
 {
     const auto path = read(keys::programPath);
     const bool none = equalIgnoringCase(path, "no") || equalIgnoringCase(path, "none");
@@ -94,17 +94,17 @@ void StoredSettings::loadExternalProgram()
     m_views.tools().showProgramMenu(m_application.programMenuText);
 }
 
-void StoredSettings::loadFonts()
+void SettingsPersistence::loadFonts()
 {
     const auto face = chosenFace(read(keys::fontFace));
     const auto size = chosenSize(read(keys::fontSize));
-    m_options.fontFace = face.text;
-    m_options.fontSize = size.text;
+    m_optionsShown.fontFace = face.text;
+    m_optionsShown.fontSize = size.text;
     m_views.fonts().selectFace(face.position);
     m_views.fonts().selectSize(size.position);
 }
 
-void StoredSettings::loadEditorGeometry()
+void SettingsPersistence::loadEditorGeometry()
 {
     auto &window = m_views.placement();
     if (read(keys::editorState) != "0")
@@ -116,20 +116,20 @@ void StoredSettings::loadEditorGeometry()
         .height = number(keys::editorHeight, now.height)});
 }
 
-void StoredSettings::loadPanelType()
+void SettingsPersistence::loadPanelType()
 {
     const auto type = read(keys::panelType);
     if (!equalIgnoringCase(type, "none") && type != "1")
         m_views.tools().showScriptTools();
 }
 
-void StoredSettings::loadCodeColour()
+void SettingsPersistence::loadCodeColour()
 {
-    m_editing.codeColour = codeColour(read(keys::codeColour));
+    m_editorOptions.codeColour = codeColour(read(keys::codeColour));
     load(Option::ColourCoding);
 }
 
-void StoredSettings::loadPadGeometry()
+void SettingsPersistence::loadPadGeometry()
 {
     const auto inner = m_views.placement().innerArea();
     m_application.padGeometry = {.left = number(keys::padLeft, inner.left),
@@ -138,26 +138,26 @@ void StoredSettings::loadPadGeometry()
         .height = number(keys::padHeight, inner.height / 2)};
 }
 
-void StoredSettings::loadComments()
+void SettingsPersistence::loadComments()
 {
     load(Option::Comments);
 }
 
-void StoredSettings::loadLineDebug()
+void SettingsPersistence::loadLineDebug()
 {
     load(Option::LineDebug);
 }
 
-void StoredSettings::loadIfCheck()
+void SettingsPersistence::loadIfCheck()
 {
     load(Option::IfChecking);
 }
 
-void StoredSettings::loadAutosave()
+void SettingsPersistence::loadAutosave()
 {
     const bool wanted = load(Option::Autosave);
     const int minutes = number(keys::autosaveMinutes, 0);
-    m_application.autosaveMinutes = m_options.autosaveMinutes = minutes > 0 ? minutes : 0;
+    m_application.autosaveMinutes = m_optionsShown.autosaveMinutes = minutes > 0 ? minutes : 0;
     m_application.autosaveOn = wanted && minutes > 0;
     if (m_application.autosaveOn)
         m_views.autosaveTimer().start(minutes);
@@ -167,22 +167,22 @@ void StoredSettings::loadAutosave()
     m_views.tools().showOption(Option::Autosave, m_application.autosaveOn);
 }
 
-void StoredSettings::loadFsoMenu()
+void SettingsPersistence::loadFsoMenu()
 {
     load(Option::FsoMenu);
 }
 
-bool StoredSettings::loadFirstStart() const
+bool SettingsPersistence::loadFirstStart() const
 {
     return equalIgnoringCase(read(keys::firstStart), "yes");
 }
 
-void StoredSettings::saveFirstStartDone()
+void SettingsPersistence::saveFirstStartDone()
 {
     write(keys::firstStart, "no");
 }
 
-void StoredSettings::saveEditorGeometry()
+void SettingsPersistence::saveEditorGeometry()
 {
     const auto &window = m_views.placement();
     if (window.windowState() != WindowState::Normal)
@@ -195,7 +195,7 @@ void StoredSettings::saveEditorGeometry()
     writeNumber(keys::editorHeight, geometry.height);
 }
 
-void StoredSettings::savePadGeometry()
+void SettingsPersistence::savePadGeometry()
 {
     if (m_application.padState != PadState::Normal)
         return;
@@ -206,12 +206,12 @@ void StoredSettings::savePadGeometry()
     writeNumber(keys::padHeight, pad.height);
 }
 
-void StoredSettings::savePanelType(bool scriptTools)
+void SettingsPersistence::savePanelType(bool scriptTools)
 {
     write(keys::panelType, scriptTools ? "2" : "1");
 }
 
-void StoredSettings::cleanOldSettings()
+void SettingsPersistence::cleanOldSettings()
 {
     constexpr std::string_view older[] = {"kevraed", "kevra28"};
     constexpr std::string_view sections[] = {optionsSection, windowsSection};

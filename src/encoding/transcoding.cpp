@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "encoding/charset.h"
+#include "encoding/transcoding.h"
 
 #include "encoding/converter.h"
 #include "encoding/iso2022_jp.h"
