@@ -67,7 +67,7 @@ public:
     void setInformation(std::string_view) override { }
     void setTitlePath(std::string_view) override { }
     void redrawAndFocus() override { }
-    void tell(std::string_view) override { }
+    void showNote(std::string_view) override { }
     void syncLineNumbers() override { }
     void refreshDocumentStatus() override { }
 };
@@ -166,7 +166,7 @@ class NoFindingsView : public FindingsView {
 public:
     void showFindings() override { }
     void showCurrent(std::size_t) override { }
-    void tell(std::string_view) override { }
+    void showNote(std::string_view) override { }
     void applyEdit(const LineEdit &) override { }
 };
 

@@ -103,8 +103,8 @@ std::size_t keywords(std::string_view text)
 /// All three kinds of rules go over the whole text, whatever they find.
 std::size_t checker(std::string_view text)
 {
-    return lineFindings(text, Faults::First).size()
-        + static_cast<std::size_t>(countScriptBlocks(text).ifWords) + CheckObjectReferences(text).size();
+    return lineFaults(text, Faults::First).size() + static_cast<std::size_t>(countScriptBlocks(text).ifWords)
+        + CheckObjectReferences(text).size();
 }
 
 constexpr std::string_view pageLine

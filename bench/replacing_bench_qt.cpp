@@ -72,6 +72,7 @@ public:
     void showCount(Offset found) override { count = found; }
     void hitSelected() override { }
     void showReplaced(Offset replaced) override { count = replaced; }
+    void showWrapped(std::string_view) override { }
 };
 
 void inTheDocument(int megabytes, int hitEvery)
@@ -183,6 +184,7 @@ void besideOthers(int megabytes, int hitEvery)
 
 class NoDocument : public OpenDocument {
 public:
+    [[nodiscard]] bool isDocument(const std::string &) const override { return false; }
     [[nodiscard]] bool hasUnsavedChangesOf(const std::string &) const override { return false; }
     void fileWritten(const std::string &) override { }
 };
@@ -197,6 +199,7 @@ public:
     void showFile(std::size_t, const ListedFile &) override { }
     bool shouldContinue(std::size_t, std::size_t) override { return true; }
     void showSummary(const std::string &text) override { summary = text; }
+    void showUndo(bool) override { }
     std::string summary;
 };
 
