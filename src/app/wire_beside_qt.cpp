@@ -158,7 +158,8 @@ void BesideWiring::connectDocument()
     auto &window = m_app.mainWindow();
     connect(&m_document, &EditorControl::changed, this, [this] { m_commands.textChanged(); });
     connect(&m_document, &EditorControl::caretMoved, this, [this] { m_commands.caretMoved(); });
-    connect(&m_document, &EditorControl::savePointChanged, m_panel,
+    // Its note is about what was asked of it before.
+    connect(&m_document, &EditorControl::changed, m_panel,
         [this] { m_panel->showNote(BesideNote::Browser, {}); });
     connect(&window, &MainWindow::documentNamed, this, &BesideWiring::updateDocument);
     connect(window.menus().menu("mdebug")->menuAction(), &QAction::visibleChanged, this,

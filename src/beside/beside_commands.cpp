@@ -86,7 +86,7 @@ std::string_view BesideCommands::noteOfOpening(const std::string &path, bool sav
         return "A browser opens files: save the text first.";
     if (!m_page.startBrowser(path))
         return "Failure opening the browser.";
-    return saved ? "" : "The browser opens the file as it was last saved, without the changes since.";
+    return saved ? "" : "The browser got the file as it was saved, without the changes since.";
 }
 
 void BesideCommands::start()

@@ -145,9 +145,9 @@ void BesidePanel::showPage(bool shown)
 
 void BesidePanel::showNote(BesideNote kind, const QString &note)
 {
-    if (note.isEmpty())
-        m_notes.erase(kind);
-    else
+    if (note.isEmpty() && m_notes.erase(kind) == 0)
+        return;
+    if (!note.isEmpty())
         m_notes[kind] = note.simplified();
     QStringList lines;
     for (const auto &[any, line] : m_notes)
