@@ -1,20 +1,54 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/differences.h"
 
+#include "text/middle_difference.h"
+
 #include <git2.h>
+
+#include <dlfcn.h>
 
 #include <new>
 
 namespace kevra {
 namespace {
 
-/// Starting the library costs more than most comparisons, so it is started once and kept.
+/// libgit2 brings a dozen libraries for networks along, which a start of the program would wait for; so it is
+/// loaded for the first comparison. Starting it costs more than most comparisons, so it is kept.
 class Library {
 public:
-    Library() { git_libgit2_init(); }
-    ~Library() { git_libgit2_shutdown(); }
+    Library()
+        : m_handle(dlopen(KEVRA_LIBGIT2, RTLD_NOW | RTLD_LOCAL))
+    {
+        load(m_initialise, "git_libgit2_init");
+        load(m_shutDown, "git_libgit2_shutdown");
+        load(initialiseOptions, "git_diff_options_init");
+        load(compare, "git_diff_buffers");
+        m_loaded = m_initialise && m_shutDown && initialiseOptions && compare && m_initialise() > 0;
+    }
+    ~Library()
+    {
+        if (m_loaded)
+            m_shutDown();
+    }
     Library(const Library &) = delete;
     Library &operator=(const Library &) = delete;
+
+    [[nodiscard]] bool isLoaded() const { return m_loaded; }
+
+    decltype(&git_diff_options_init) initialiseOptions = nullptr;
+    decltype(&git_diff_buffers) compare = nullptr;
+
+private:
+    template <typename Function> void load(Function &function, const char *name)
+    {
+        if (m_handle)
+            function = reinterpret_cast<Function>(dlsym(m_handle, name));
+    }
+
+    void *m_handle; ///< null: not there
+    decltype(&git_libgit2_init) m_initialise = nullptr;
+    decltype(&git_libgit2_shutdown) m_shutDown = nullptr;
+    bool m_loaded = false;
 };
 
 /// The library counts lines from 1, and gives an empty range the number of the line before it.
@@ -38,12 +72,14 @@ std::vector<Hunk> differences(std::string_view before, std::string_view after)
     if (before == after)
         return {};
     static const Library library;
+    if (!library.isLoaded())
+        return middleDifference(before, after);
     git_diff_options options;
-    git_diff_options_init(&options, GIT_DIFF_OPTIONS_VERSION);
+    library.initialiseOptions(&options, GIT_DIFF_OPTIONS_VERSION);
     options.context_lines = 0;
     options.flags = GIT_DIFF_FORCE_TEXT;
     std::vector<Hunk> hunks;
-    if (git_diff_buffers(before.data(), before.size(), nullptr, after.data(), after.size(), nullptr, &options,
+    if (library.compare(before.data(), before.size(), nullptr, after.data(), after.size(), nullptr, &options,
             nullptr, nullptr, addHunk, nullptr, &hunks)
         != 0)
         throw std::bad_alloc();

@@ -1,37 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Without a diff library: everything between the lines that both texts share at the start and at the end
-// counts as replaced.
 #include "text/differences.h"
 
-#include <algorithm>
+#include "text/middle_difference.h"
 
 namespace kevra {
-namespace {
-
-std::vector<std::string_view> linesOf(std::string_view text)
-{
-    std::vector<std::string_view> lines;
-    while (!text.empty()) {
-        const auto end = std::min(text.find('\n'), text.size() - 1) + 1;
-        lines.push_back(text.substr(0, end));
-        text.remove_prefix(end);
-    }
-    return lines;
-}
-
-} // namespace
 
 std::vector<Hunk> differences(std::string_view before, std::string_view after)
 {
-    if (before == after)
-        return {};
-    const auto old = linesOf(before);
-    const auto now = linesOf(after);
-    const auto [oldFirst, nowFirst] = std::ranges::mismatch(old, now);
-    const auto [oldLast, nowLast] = std::mismatch(
-        old.rbegin(), std::reverse_iterator(oldFirst), now.rbegin(), std::reverse_iterator(nowFirst));
-    return {{oldFirst - old.begin(), oldLast.base() - oldFirst, nowFirst - now.begin(),
-        nowLast.base() - nowFirst}};
+    return middleDifference(before, after);
 }
 
 } // namespace kevra

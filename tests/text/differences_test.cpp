@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/differences.h"
 
+#include "text/middle_difference.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -22,7 +24,7 @@ std::vector<std::string> linesOf(const std::string &text)
     return lines;
 }
 
-TEST(Differences, ExplainEveryLine)
+void expectEveryLineExplained(std::vector<Hunk> (*compute)(std::string_view, std::string_view))
 {
     std::mt19937 random(20261121);
     const std::string pieces[] = {"a\n", "b\r\n", "\0\n"s, "\xFF\n", "\n", "c"};
@@ -41,7 +43,7 @@ TEST(Differences, ExplainEveryLine)
                 ASSERT_EQ(
                     old.at(static_cast<std::size_t>(oldLine)), now.at(static_cast<std::size_t>(nowLine)));
         };
-        for (const auto &hunk : differences(before, after)) {
+        for (const auto &hunk : compute(before, after)) {
             sameUpTo(hunk.afterStart);
             ASSERT_EQ(oldLine, hunk.beforeStart);
             oldLine += hunk.beforeCount;
@@ -50,6 +52,12 @@ TEST(Differences, ExplainEveryLine)
         sameUpTo(std::ssize(now));
         ASSERT_EQ(oldLine, std::ssize(old));
     }
+}
+
+TEST(Differences, ExplainEveryLine)
+{
+    expectEveryLineExplained(differences);
+    expectEveryLineExplained(middleDifference); // where the library is missing
 }
 
 } // namespace
