@@ -145,13 +145,15 @@ void BesidePanel::showPage(bool shown)
 
 void BesidePanel::showNote(BesideNote kind, const QString &note)
 {
-    if (note.isEmpty() && m_notes.erase(kind) == 0)
+    // A page can have parts refused a thousand times a second.
+    const auto text = note.simplified();
+    if (m_notes[kind] == text)
         return;
-    if (!note.isEmpty())
-        m_notes[kind] = note.simplified();
+    m_notes[kind] = text;
     QStringList lines;
     for (const auto &[any, line] : m_notes)
-        lines.append(line);
+        if (!line.isEmpty())
+            lines.append(line);
     m_note->setText(lines.join('\n'));
     m_note->setVisible(!lines.isEmpty());
 }

@@ -54,7 +54,7 @@ private:
     QScrollArea *m_area;
     QWidget *m_frame;
     QLabel *m_note;
-    std::map<BesideNote, QString> m_notes; ///< those that are not empty
+    std::map<BesideNote, QString> m_notes;
     QLineEdit *m_link;
     QWidget *m_page = nullptr;
     double m_zoom = 1;
