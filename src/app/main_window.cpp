@@ -217,6 +217,7 @@ void MainWindow::setInformation(std::string_view text)
 
 void MainWindow::setTitlePath(std::string_view path)
 {
+    m_titlePath = path;
     // Qt replaces "[*]" in captions; doubled, it stands for itself.
     m_title = path.empty() ? "KEVRA" : "KEVRA - " + textOf(path).replace("[*]", "[*][*]");
     setWindowTitle(m_title);

@@ -54,6 +54,8 @@ public:
     void setInformation(std::string_view text) override;
     [[nodiscard]] QString information() const; ///< what the box shows
     void setTitlePath(std::string_view path) override;
+    /// Of the file that the shown text belongs to, saved or recovered; empty for new work.
+    [[nodiscard]] const std::string &titlePath() const { return m_titlePath; }
     void redrawAndFocus() override;
     void syncLineNumbers() override;
     void showNote(std::string_view text) override;
@@ -118,6 +120,7 @@ private:
     FocusRound *m_focusRound;
     std::function<FileStatus()> m_statusSource;
     QList<QWidget *> m_titled;
+    std::string m_titlePath;
     QString m_title; ///< as it was last set; empty before a document has been
     bool m_restored = false; ///< to a stored position, and not shown there yet
     std::array<bool, editItems.size()> m_possible{}; ///< the state that the items show

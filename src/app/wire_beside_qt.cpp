@@ -168,7 +168,7 @@ void BesideWiring::connectDocument()
 
 void BesideWiring::updateDocument()
 {
-    auto path = m_state.currentPath;
+    auto path = m_app.mainWindow().titlePath();
     if (path.empty()) {
         const auto &folder = m_app.applicationState.tempFolder;
         path = (m_app.files.folderExists(folder) ? folder : documentsFolder()) + '/' + untitledPage;
