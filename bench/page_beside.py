@@ -3,9 +3,10 @@
 """Types into the real program with the page beside the text, and reads from the screen when the page has followed,
 what a key costs, and whether the page has kept its place.
 
-    bench/page_beside.py [--build DIRECTORY] [--keys N] [--edits N] [--sizes KB,KB]
+    bench/page_beside.py [--build DIRECTORY] [--keys N] [--edits N] [--rounds N] [--sizes KB,KB]
 """
 import argparse
+import itertools
 import os
 import pathlib
 import shutil
@@ -177,24 +178,33 @@ def main():
     parser.add_argument("--build", default=str(root / "build/release"))
     parser.add_argument("--keys", type=int, default=60)
     parser.add_argument("--edits", type=int, default=1000)
+    parser.add_argument("--rounds", type=int, default=1, help="of the keys with the page and without it, in turn")
     parser.add_argument("--sizes", default="100,1000", help="in KB")
     options = parser.parse_args()
     with tempfile.TemporaryDirectory() as folder:
         # Without the pages beside it the program keeps its state in the home folder, so no run asks about another's.
         for name in ("kevra", "kevra-page-process", "libkevra_preview.so"):
             shutil.copy2(f"{options.build}/bin/{name}", folder)
-        editor = folder + "/kevra"
+        numbers = itertools.count()
+
+        def start(kilobytes, beside):
+            return Program(folder + "/kevra", folder, next(numbers), kilobytes * 1000, beside)
+
         for number, kilobytes in enumerate(map(int, options.sizes.split(","))):
-            with Program(editor, folder, 2 * number, kilobytes * 1000, beside=True) as program:
+            with start(kilobytes, True) as program:
                 times = follow(program, options.keys)
                 print(f"{kilobytes} KB, key to page, median p95 max ms: {shown(times)}", flush=True)
-                with_page, cpu = typing(program, options.keys)
                 if number == 0 and options.edits:
                     print(f"place kept in {keep_place(program, options.edits)} of {options.edits} edits", flush=True)
-            with Program(editor, folder, 2 * number + 1, kilobytes * 1000, beside=False) as program:
-                without, cpu_without = typing(program, options.keys)
-            print(f"{kilobytes} KB, key to text, with the page {shown(with_page)}, without {shown(without)}; "
-                  f"CPU of the windows' thread a key {cpu:.2f} and {cpu_without:.2f} ms", flush=True)
+            times, costs = {True: [], False: []}, {True: [], False: []}
+            for beside in [True, False] * options.rounds:
+                with start(kilobytes, beside) as program:
+                    some, cost = typing(program, options.keys)
+                times[beside] += some
+                costs[beside].append(cost)
+            print(f"{kilobytes} KB, key to text, with the page {shown(times[True])}, without {shown(times[False])}; "
+                  f"CPU of the windows' thread a key, median of rounds {statistics.median(costs[True]):.2f} and "
+                  f"{statistics.median(costs[False]):.2f} ms", flush=True)
     return 0
 
 

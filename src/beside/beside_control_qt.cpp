@@ -4,8 +4,6 @@
 #include "preview/engine_loader_qt.h"
 #include "preview/page_clipboard_qt.h"
 
-#include <QtCore/QBuffer>
-
 #include <chrono>
 #include <utility>
 
@@ -18,6 +16,7 @@ constexpr std::chrono::seconds patience{2};
 
 BesideControlQt::BesideControlQt(QWidget &parent)
     : m_parent(parent)
+    , m_requests([this] { emit partRefused(); })
 {
     m_patience.setSingleShot(true);
     connect(&m_patience, &QTimer::timeout, this, &BesideControlQt::answerOverdue);
@@ -37,7 +36,7 @@ bool BesideControlQt::isSandboxed() const
 
 void BesideControlQt::expectPage(std::shared_ptr<const PageText> page)
 {
-    m_page = std::move(page);
+    m_requests.setPage(std::move(page));
     m_expected = true;
     ++m_load;
     m_patience.start(patience);
@@ -47,7 +46,7 @@ bool BesideControlQt::load(
     const std::string &path, const PageScope &scope, std::shared_ptr<const PageText> page)
 {
     if (!m_engine)
-        m_engine = makeEngine(&m_parent, {*this, *this, *this}, EngineUse::BesideText);
+        m_engine = makeEngine(&m_parent, {*this, m_requests, *this, *this}, EngineUse::BesideText);
     if (!m_engine)
         return false;
     m_engine->display().setDark(m_dark);
@@ -68,7 +67,7 @@ void BesideControlQt::unload()
     m_patience.stop();
     ++m_load;
     m_expected = false;
-    m_page.reset();
+    m_requests.setPage(nullptr);
     m_requests.end();
     if (m_engine)
         m_engine->unload();
@@ -100,50 +99,19 @@ void BesideControlQt::setDark(bool dark)
 
 bool BesideControlQt::mayNavigate(const QUrl &shown, bool mainFrame)
 {
-    const auto url = authorsUrl(shown);
+    const auto url = plainUrl(shown);
     // What frames may load, the request rules say.
     if (!mainFrame)
-        return m_page != nullptr;
+        return m_requests.hasPage();
     if (url == m_requests.document() && std::exchange(m_expected, false))
         return true;
     linkClicked(shown);
     return false;
 }
 
-std::optional<QUrl> BesideControlQt::route(const QUrl &url, Resource kind, bool sends)
-{
-    const auto next = m_requests.route(url, kind, sends);
-    if (!next && m_page && kind != Resource::MainFrame)
-        emit partRefused();
-    return next;
-}
-
-QUrl BesideControlQt::authorsUrl(const QUrl &url) const
-{
-    return plainUrl(url);
-}
-
-SchemeAnswer BesideControlQt::answer(const QUrl &url)
-{
-    // The text as it is in the editor; what the disk has is another frame's or nobody's.
-    if (!m_page || url != m_requests.address(m_requests.document()))
-        return m_requests.answer(url);
-    SchemeAnswer answer{PageAnswer::Kind::File, {}, {}};
-    auto content = std::make_unique<QBuffer>();
-    content->setData(QByteArray::fromStdString(m_page->shown));
-    content->open(QIODevice::ReadOnly);
-    answer.file = {std::move(content), "text/html; charset=utf-8"};
-    return answer;
-}
-
-bool BesideControlQt::mayConnect(const NetworkAddress &address)
-{
-    return m_requests.mayConnect(address);
-}
-
 void BesideControlQt::linkClicked(const QUrl &url)
 {
-    emit linkFollowed(QString::fromStdString(textOfUrl(authorsUrl(url))));
+    emit linkFollowed(QString::fromStdString(textOfUrl(plainUrl(url))));
 }
 
 void BesideControlQt::copyRequested()

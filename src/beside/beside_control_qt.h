@@ -3,8 +3,7 @@
 // for. The document's text is served as its own file would be; nothing is written.
 #pragma once
 
-#include "beside/page_text.h"
-#include "preview/page_requests_qt.h"
+#include "beside/text_requests_qt.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
@@ -14,7 +13,7 @@
 
 namespace kevra {
 
-class BesideControlQt : public QObject, private PageGate, private PageEvents, private DisplayEvents {
+class BesideControlQt : public QObject, private NavigationGate, private PageEvents, private DisplayEvents {
     Q_OBJECT
 
 public:
@@ -46,10 +45,6 @@ signals:
 
 private:
     [[nodiscard]] bool mayNavigate(const QUrl &url, bool mainFrame) override;
-    [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) override;
-    [[nodiscard]] SchemeAnswer answer(const QUrl &url) override;
-    [[nodiscard]] bool mayConnect(const NetworkAddress &address) override;
-    [[nodiscard]] QUrl authorsUrl(const QUrl &url) const override;
 
     void linkClicked(const QUrl &url) override;
     void loadProgress(int) override { }
@@ -65,8 +60,7 @@ private:
     void expectPage(std::shared_ptr<const PageText> page);
 
     QWidget &m_parent;
-    PageRequests m_requests;
-    std::shared_ptr<const PageText> m_page; ///< that the document's address is answered with
+    TextRequests m_requests;
     bool m_expected = false; ///< the next navigation is the program's
     bool m_dark = false;
     std::uint64_t m_load = 0; ///< answers of the page before count no more

@@ -22,7 +22,7 @@ bool BrowserControlQt::loadEngine()
 {
     if (m_engine)
         return true;
-    m_engine = makeEngine(&m_window, {*this, *this, *this}, EngineUse::Window);
+    m_engine = makeEngine(&m_window, {*this, m_requests, *this, *this}, EngineUse::Window);
     if (!m_engine)
         return false;
     m_window.setPageWidget(m_engine->display().widget());
@@ -85,7 +85,7 @@ void BrowserControlQt::found(int place, int places)
 
 bool BrowserControlQt::mayNavigate(const QUrl &shown, bool mainFrame)
 {
-    const auto url = authorsUrl(shown);
+    const auto url = plainUrl(shown);
     Navigation target{textOfUrl(url), {}, mainFrame ? Frame::Main : Frame::Sub};
     if (url == m_requests.document())
         target.path = m_askedPath;
@@ -97,29 +97,9 @@ bool BrowserControlQt::mayNavigate(const QUrl &shown, bool mainFrame)
     return m_commands->beforeNavigate(target);
 }
 
-std::optional<QUrl> BrowserControlQt::route(const QUrl &url, Resource kind, bool sends)
-{
-    return m_requests.route(url, kind, sends);
-}
-
-QUrl BrowserControlQt::authorsUrl(const QUrl &url) const
-{
-    return plainUrl(url);
-}
-
-SchemeAnswer BrowserControlQt::answer(const QUrl &url)
-{
-    return m_requests.answer(url);
-}
-
-bool BrowserControlQt::mayConnect(const NetworkAddress &address)
-{
-    return m_requests.mayConnect(address);
-}
-
 void BrowserControlQt::linkClicked(const QUrl &url)
 {
-    m_commands->linkClicked(textOfUrl(authorsUrl(url)));
+    m_commands->linkClicked(textOfUrl(plainUrl(url)));
 }
 
 void BrowserControlQt::copyRequested()

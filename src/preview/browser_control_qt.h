@@ -15,7 +15,10 @@ namespace kevra {
 class BrowserWindow;
 class PreviewCommands;
 
-class BrowserControlQt : public BrowserControl, private PageGate, private PageEvents, private DisplayEvents {
+class BrowserControlQt : public BrowserControl,
+                         private NavigationGate,
+                         private PageEvents,
+                         private DisplayEvents {
 public:
     explicit BrowserControlQt(BrowserWindow &window);
     ~BrowserControlQt() override;
@@ -33,10 +36,6 @@ public:
 
 private:
     [[nodiscard]] bool mayNavigate(const QUrl &url, bool mainFrame) override;
-    [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) override;
-    [[nodiscard]] SchemeAnswer answer(const QUrl &url) override;
-    [[nodiscard]] bool mayConnect(const NetworkAddress &address) override;
-    [[nodiscard]] QUrl authorsUrl(const QUrl &url) const override;
 
     void linkClicked(const QUrl &url) override;
     void loadProgress(int percent) override;

@@ -25,16 +25,22 @@ struct SchemeAnswer {
     PageFile file;
 };
 
-/// What a page may do, and where its requests go.
-class PageGate {
+/// Where a page may go.
+class NavigationGate {
 public:
-    virtual ~PageGate() = default;
+    virtual ~NavigationGate() = default;
     [[nodiscard]] virtual bool mayNavigate(const QUrl &url, bool mainFrame) = 0;
+};
+
+/// Where the requests of a page go.
+class RequestGate {
+public:
+    virtual ~RequestGate() = default;
     /// Where a request has to go, itself when it may stay; nothing when it is refused. `sends`: its method
     /// is not GET.
     [[nodiscard]] virtual std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) = 0;
     [[nodiscard]] virtual SchemeAnswer answer(const QUrl &url) = 0;
-    [[nodiscard]] virtual bool mayConnect(const NetworkAddress &address) = 0;
+    [[nodiscard]] virtual bool mayConnect(const NetworkAddress &address) const = 0;
     [[nodiscard]] virtual QUrl authorsUrl(const QUrl &url) const = 0; ///< as the page's author knows it
 };
 
@@ -63,7 +69,8 @@ public:
 
 /// Whom an engine asks and notifies. They outlive it.
 struct BrowserClient {
-    PageGate &gate;
+    NavigationGate &navigation;
+    RequestGate &requests;
     PageEvents &page;
     DisplayEvents &display;
 };
@@ -111,4 +118,4 @@ public:
 
 } // namespace kevra
 
-Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/5")
+Q_DECLARE_INTERFACE(kevra::BrowserEnginePlugin, "org.kevra.BrowserEnginePlugin/6")

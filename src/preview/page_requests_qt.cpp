@@ -128,4 +128,9 @@ bool PageRequests::mayConnect(const NetworkAddress &address) const
     return m_remote == Remote::On && isPublic(address);
 }
 
+QUrl PageRequests::authorsUrl(const QUrl &url) const
+{
+    return plainUrl(url);
+}
+
 } // namespace kevra

@@ -8,7 +8,7 @@
 
 namespace kevra {
 
-class PageRequests {
+class PageRequests : public RequestGate {
 public:
     PageRequests();
 
@@ -20,10 +20,10 @@ public:
     [[nodiscard]] const QUrl &document() const { return m_document; } ///< as its author knows it
     [[nodiscard]] QUrl address(const QUrl &file) const; ///< as the engine is asked for the document in a file
 
-    // What the engine asks, see PageGate.
-    [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends);
-    [[nodiscard]] SchemeAnswer answer(const QUrl &url);
-    [[nodiscard]] bool mayConnect(const NetworkAddress &address) const;
+    [[nodiscard]] std::optional<QUrl> route(const QUrl &url, Resource kind, bool sends) override;
+    [[nodiscard]] SchemeAnswer answer(const QUrl &url) override;
+    [[nodiscard]] bool mayConnect(const NetworkAddress &address) const override;
+    [[nodiscard]] QUrl authorsUrl(const QUrl &url) const override;
 
 private:
     PageScope m_scope;

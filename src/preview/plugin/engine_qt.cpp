@@ -58,7 +58,7 @@ public:
         : m_view(new QWebEngineView(parent))
         , m_client(client)
         , m_use(use)
-        , m_profiles(client.gate)
+        , m_profiles(client.requests)
         , m_sandboxed(sandboxed)
     {
         m_view->setContextMenuPolicy(Qt::NoContextMenu);

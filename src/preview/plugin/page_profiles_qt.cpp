@@ -35,7 +35,7 @@ void PageProfiles::begin()
     m_current = std::make_unique<QWebEngineProfile>(); // without a name it is off the record
     m_current->setHttpCacheType(QWebEngineProfile::NoCache);
     m_current->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
-    installPageSchemes(*m_current, m_gate);
+    installPageSchemes(*m_current, m_requests);
     connect(m_current.get(), &QWebEngineProfile::downloadRequested, this,
         [this](QWebEngineDownloadRequest *download) {
             download->cancel();

@@ -19,8 +19,8 @@ class PageProfiles : public QObject {
     Q_OBJECT
 
 public:
-    explicit PageProfiles(PageGate &gate)
-        : m_gate(gate)
+    explicit PageProfiles(RequestGate &requests)
+        : m_requests(requests)
     {
     }
 
@@ -34,7 +34,7 @@ private:
     void begin();
     void retire();
 
-    PageGate &m_gate;
+    RequestGate &m_requests;
     std::unique_ptr<QWebEngineProfile> m_current;
     std::vector<std::unique_ptr<QWebEngineProfile>> m_retired; ///< oldest first
     std::int64_t m_before = 0; ///< bytes the editor held when the current one began

@@ -64,7 +64,8 @@ void insert(QWebEnginePage &page, const QString &source, quint32 world, Frames f
 
 Page::Page(QWebEngineProfile *profile, const BrowserClient &client, EngineUse use)
     : QWebEnginePage(profile)
-    , m_gate(client.gate)
+    , m_navigation(client.navigation)
+    , m_requests(client.requests)
     , m_events(client.page)
     , m_use(use)
     , m_linkMark(QUuid::createUuid().toString())
@@ -143,7 +144,7 @@ void Page::insertFollowingScript()
 bool Page::acceptNavigationRequest(const QUrl &url, NavigationType, bool isMainFrame)
 {
     if (m_navigations.allows(m_clock.elapsed()))
-        return m_gate.mayNavigate(url, isMainFrame);
+        return m_navigation.mayNavigate(url, isMainFrame);
     // Every frame has to be taken down when the page goes, which the user would wait for.
     if (++m_refused == bounds::refusedNavigations)
         endProcess();
@@ -180,19 +181,20 @@ bool Page::mayShowDialog(const QString &message)
 void Page::javaScriptAlert(const QUrl &origin, const QString &message)
 {
     if (mayShowDialog(message))
-        QWebEnginePage::javaScriptAlert(m_gate.authorsUrl(origin), message);
+        QWebEnginePage::javaScriptAlert(m_requests.authorsUrl(origin), message);
 }
 
 bool Page::javaScriptConfirm(const QUrl &origin, const QString &message)
 {
-    return mayShowDialog(message) && QWebEnginePage::javaScriptConfirm(m_gate.authorsUrl(origin), message);
+    return mayShowDialog(message)
+        && QWebEnginePage::javaScriptConfirm(m_requests.authorsUrl(origin), message);
 }
 
 bool Page::javaScriptPrompt(
     const QUrl &origin, const QString &message, const QString &initial, QString *answer)
 {
     return mayShowDialog(message)
-        && QWebEnginePage::javaScriptPrompt(m_gate.authorsUrl(origin), message, initial, answer);
+        && QWebEnginePage::javaScriptPrompt(m_requests.authorsUrl(origin), message, initial, answer);
 }
 
 void Page::javaScriptConsoleMessage(

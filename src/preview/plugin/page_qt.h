@@ -44,7 +44,8 @@ private:
     [[nodiscard]] bool mayShowDialog(const QString &message);
     void endProcess() const;
 
-    PageGate &m_gate;
+    NavigationGate &m_navigation;
+    const RequestGate &m_requests;
     PageEvents &m_events;
     EngineUse m_use;
     QString m_linkMark; ///< how the link script's messages differ from the page's

@@ -62,15 +62,15 @@ Resource resourceOf(Request::ResourceType type)
 
 class RequestFilter : public QWebEngineUrlRequestInterceptor {
 public:
-    RequestFilter(PageGate &gate, QObject *parent)
+    RequestFilter(RequestGate &requests, QObject *parent)
         : QWebEngineUrlRequestInterceptor(parent)
-        , m_gate(gate)
+        , m_requests(requests)
     {
     }
     void interceptRequest(Request &request) override
     {
         const bool sends = request.requestMethod() != "GET";
-        const auto to = m_gate.route(request.requestUrl(), resourceOf(request.resourceType()), sends);
+        const auto to = m_requests.route(request.requestUrl(), resourceOf(request.resourceType()), sends);
         if (!to)
             request.block(true);
         else if (*to != request.requestUrl())
@@ -78,21 +78,21 @@ public:
     }
 
 private:
-    PageGate &m_gate;
+    RequestGate &m_requests;
 };
 
 /// Workers of some kinds get here past the filter: an address that was not made for them is refused.
 class SchemeHandler : public QWebEngineUrlSchemeHandler {
 public:
-    SchemeHandler(PageGate &gate, QObject *parent)
+    SchemeHandler(RequestGate &requests, QObject *parent)
         : QWebEngineUrlSchemeHandler(parent)
-        , m_gate(gate)
-        , m_web(gate)
+        , m_requests(requests)
+        , m_web(requests)
     {
     }
     void requestStarted(QWebEngineUrlRequestJob *job) override
     {
-        auto answer = m_gate.answer(job->requestUrl());
+        auto answer = m_requests.answer(job->requestUrl());
         switch (answer.kind) {
         case PageAnswer::Kind::Refused:
             return job->fail(QWebEngineUrlRequestJob::RequestDenied);
@@ -114,7 +114,7 @@ private:
         job.reply(file.type, file.content.release());
     }
 
-    PageGate &m_gate;
+    RequestGate &m_requests;
     WebFetch m_web;
 };
 
@@ -134,10 +134,10 @@ void registerPageSchemes()
     }
 }
 
-void installPageSchemes(QWebEngineProfile &profile, PageGate &gate)
+void installPageSchemes(QWebEngineProfile &profile, RequestGate &requests)
 {
-    profile.setUrlRequestInterceptor(new RequestFilter(gate, &profile));
-    auto *handler = new SchemeHandler(gate, &profile);
+    profile.setUrlRequestInterceptor(new RequestFilter(requests, &profile));
+    auto *handler = new SchemeHandler(requests, &profile);
     for (const auto &row : schemes)
         profile.installUrlSchemeHandler(bytes(row.name), handler);
 }

@@ -11,7 +11,7 @@ namespace kevra {
 
 /// Before the engine starts; once is enough.
 void registerPageSchemes();
-/// The profile's requests are decided on, and answered where they are the program's, by `gate`.
-void installPageSchemes(QWebEngineProfile &profile, PageGate &gate);
+/// The profile's requests are decided on, and answered where they are the program's, by `requests`.
+void installPageSchemes(QWebEngineProfile &profile, RequestGate &requests);
 
 } // namespace kevra

@@ -58,8 +58,8 @@ void answer(QWebEngineUrlRequestJob &job, QNetworkReply &reply, const QUrl &aske
 
 } // namespace
 
-WebFetch::WebFetch(PageGate &gate)
-    : m_gate(gate)
+WebFetch::WebFetch(RequestGate &requests)
+    : m_requests(requests)
 {
     m_network.setProxy(QNetworkProxy::NoProxy);
 }
@@ -78,7 +78,7 @@ bool WebFetch::mayConnect(const QList<QHostAddress> &addresses) const
 {
     const auto own = QNetworkInterface::allAddresses();
     return std::ranges::all_of(addresses, [&](const QHostAddress &address) {
-        return !own.contains(address) && m_gate.mayConnect(networkAddress(address));
+        return !own.contains(address) && m_requests.mayConnect(networkAddress(address));
     });
 }
 

@@ -13,7 +13,7 @@ namespace kevra {
 
 class WebFetch {
 public:
-    explicit WebFetch(PageGate &gate);
+    explicit WebFetch(RequestGate &requests);
 
     /// Answers `job` with what is found at `url`, which is https. Asks for nothing but the content, keeps and
     /// sends no cookies, and connects to the addresses that were looked at, not to a name.
@@ -23,7 +23,7 @@ private:
     void connectTo(QWebEngineUrlRequestJob &job, const QUrl &url, const QHostInfo &host);
     [[nodiscard]] bool mayConnect(const QList<QHostAddress> &addresses) const;
 
-    PageGate &m_gate;
+    RequestGate &m_requests;
     QNetworkAccessManager m_network;
     QObject m_lookups; ///< those under way end with it
 };
