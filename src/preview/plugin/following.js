@@ -237,8 +237,12 @@
     const shown = new Map(); // by use: element and animation
     let atCaret = null;
 
-    const draw = (element, use) => animate(element,
-        {outline: [styles[use], styles[use]], outlineOffset: ['-2px', '-2px']}, {duration: 1, fill: 'forwards'});
+    function draw(element, use) {
+        const animation = animate(element, {outline: [styles[use], styles[use]], outlineOffset: ['-2px', '-2px']},
+            {duration: 1, fill: 'forwards'});
+        animation.persist(); // a later one on the same element would end it for good
+        return animation;
+    }
 
     function outline(use, wanted) {
         for (const [element, animation] of shown.get(use) || []) {
