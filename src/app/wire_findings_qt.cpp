@@ -167,6 +167,7 @@ void FindingsWiring::showList(bool on)
     m_frame.setVisible(on);
     m_app.mainWindow().setItemChecked("mfindings", on);
     m_app.mainWindow().arrange();
+    showInPage();
     if (on)
         m_panel->refill();
     else if (hadFocus)
@@ -203,7 +204,7 @@ void FindingsWiring::showInPage()
 {
     if (!m_app.outlineBroken)
         return;
-    m_app.outlineBroken(m_commands.list().firstPlaces(maxInPage));
+    m_app.outlineBroken(m_commands.list().firstPlaces(listShown() ? maxInPage : 0));
 }
 
 void FindingsWiring::showCurrent(std::size_t index)
