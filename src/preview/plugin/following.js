@@ -236,6 +236,7 @@
     const styles = {caret: '2px solid #3584e4', broken: '2px dashed #e01b24'};
     const shown = new Map(); // by use: element and animation
     let atCaret = null;
+    let follows = performance.navigation.type !== PerformanceNavigation.TYPE_RELOAD; // else the engine restores the place
 
     function draw(element, use) {
         const animation = animate(element, {outline: [styles[use], styles[use]], outlineOffset: ['-2px', '-2px']},
@@ -273,8 +274,9 @@
     function showCaret(at) {
         const element = visibleAt(at);
         outline('caret', new Set(element ? [element] : []));
-        if (element && element !== atCaret && !isInView(element))
+        if (follows && element && element !== atCaret && !isInView(element))
             scrollTo(element, {block: 'nearest', inline: 'nearest', behavior: 'instant'});
+        follows = true;
         atCaret = element;
     }
 
@@ -303,7 +305,7 @@
         item.children.forEach(release);
     }
 
-    function settle(text, caret) {
+    function settle(text) {
         compared = new Map();
         elements = new Map();
         const next = parse(text);
@@ -317,11 +319,10 @@
             match(read(root(document)), next.top);
         now = next;
         release(next.top);
-        showCaret(caret);
     }
 
     /// Some children of one element are others: what began in [start, end) of the text. The rest has moved.
-    function settlePart(parentAt, previous, next, start, end, growth, text, caret) {
+    function settlePart(parentAt, previous, next, start, end, growth, text) {
         compared = new Map();
         const parent = elements.get(parentAt);
         if (!now || !parent || !parent.live)
@@ -343,7 +344,6 @@
         changeChildren(old, parent);
         now = before;
         part.children.forEach(release);
-        showCaret(caret);
     }
 
     function moveElements(start, end, growth) {
@@ -357,10 +357,12 @@
         elements = moved;
     }
 
-    /// What a step cannot do is reported to the editor.
-    function attempt(step) {
+    /// What a step cannot do is reported to the editor. It leaves the place as it was, an element that the caret has
+    /// come to does not.
+    function attempt(step, caret) {
         try {
             keepPlace(step);
+            showCaret(caret);
             return 'done';
         } catch (error) {
             now = null;
@@ -372,9 +374,9 @@
 
     globalThis.following = {
         /// The text that the page was loaded from, or a later one.
-        show: (text, caret) => attempt(() => settle(text, caret)),
+        show: (text, caret) => attempt(() => settle(text), caret),
         /// Part of a later one, see PageChange.
-        change: (...given) => attempt(() => settlePart(...given)),
+        change: (...given) => attempt(() => settlePart(...given), given.at(-1)),
         caret(at) {
             showCaret(at);
             return 'done';
