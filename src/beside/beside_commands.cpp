@@ -246,7 +246,7 @@ void BesideCommands::clearOverdueNote()
 
 Offset BesideCommands::caretElement() const
 {
-    return m_shown ? m_shown->elementAt(m_document.caret()) : -1;
+    return m_shown ? m_shown->elementAtCaret(m_document.caret()) : -1;
 }
 
 void BesideCommands::caretMoved()

@@ -52,6 +52,17 @@ Offset PageText::elementAt(Offset offset) const
     return found ? page.tree().elements()[*found].startTag.start : -1;
 }
 
+Offset PageText::elementAtCaret(Offset caret) const
+{
+    const auto here = elementAt(caret);
+    const auto before = page.tree().elementAt(caret - 1);
+    if (!before || here == caret)
+        return here;
+    const auto &element = page.tree().elements()[*before];
+    const bool isOpen = element.endTag.empty() && element.whole.end == caret && element.startTag.end < caret;
+    return isOpen ? element.startTag.start : here;
+}
+
 std::optional<TextRange> PageText::elementFrom(Offset tag) const
 {
     const auto found = page.tree().elementAt(tag);

@@ -27,6 +27,8 @@ struct PageText {
 
     /// The start of the innermost element that holds the offset; -1 when there is none.
     [[nodiscard]] Offset elementAt(Offset offset) const;
+    /// The same for a caret: behind the last character of what has no end tag, it is still in that element.
+    [[nodiscard]] Offset elementAtCaret(Offset caret) const;
     /// The text of the element that begins there, with its tags.
     [[nodiscard]] std::optional<TextRange> elementFrom(Offset tag) const;
 };

@@ -16,5 +16,19 @@ TEST(PageText, ShowsThePageWithoutOffsetsAndMarksItWithThem)
     EXPECT_TRUE(makePageText("x", {1, PageUse::Change, nullptr}).shown.empty());
 }
 
+TEST(PageText, HoldsTheCaretInTheElementThatIsBeingTyped)
+{
+    struct Row {
+        std::string_view text; ///< the caret at |
+        Offset element;
+    };
+    for (const auto &[text, element] : {Row{"<div>a<p>b|</div>", 6}, Row{"<div>a<p>b</p>|</div>", 0},
+             Row{"<div>a<br>|</div>", 0}, Row{"<div><p>a|<p>b</div>", 9}, Row{"<p>a<i>b|", 4}}) {
+        const auto caret = text.find('|');
+        const auto page = makePageText(std::string(text).erase(caret, 1), {1, PageUse::Load, nullptr});
+        EXPECT_EQ(page.elementAtCaret(static_cast<Offset>(caret)), element) << text;
+    }
+}
+
 } // namespace
 } // namespace kevra
