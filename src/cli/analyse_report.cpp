@@ -11,6 +11,8 @@
 namespace kevra {
 namespace {
 
+constexpr std::size_t blockBytes = 4096;
+
 using script::Finding;
 using Json = nlohmann::ordered_json;
 
@@ -97,16 +99,24 @@ Positions::Positions(std::string_view text)
     : m_text(text)
     , m_lines(text)
 {
+    Offset characters = 0;
+    for (std::size_t at = 0; at <= text.size(); at += blockBytes) {
+        m_characters.push_back(characters);
+        characters += characterCount(text.substr(at, blockBytes));
+    }
+}
+
+Offset Positions::charactersBefore(Offset offset) const
+{
+    const auto end = static_cast<std::size_t>(offset);
+    const auto block = end / blockBytes;
+    return m_characters[block] + characterCount(m_text.substr(block * blockBytes, end % blockBytes));
 }
 
 Position Positions::at(Offset offset) const
 {
     const auto line = m_lines.lineAt(offset);
-    const auto start = m_lines.lineStart(line);
-    return {line,
-        characterCount(
-            m_text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(offset - start)))
-            + 1};
+    return {line, charactersBefore(offset) - charactersBefore(m_lines.lineStart(line)) + 1};
 }
 
 std::string analysisReport(const AnalysedFile &file, AnalysisFormat format)

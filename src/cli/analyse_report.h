@@ -32,8 +32,11 @@ public:
     [[nodiscard]] Position at(Offset offset) const;
 
 private:
+    [[nodiscard]] Offset charactersBefore(Offset offset) const;
+
     std::string_view m_text;
     script::LineIndex m_lines;
+    std::vector<Offset> m_characters; ///< before each block of bytes: a line can be as long as the text
 };
 
 /// The report for one file, in any format but Sarif. Empty in the text and gcc formats when there are no
