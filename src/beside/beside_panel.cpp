@@ -132,6 +132,7 @@ void BesidePanel::addTools(QToolBar &bar)
 void BesidePanel::setPageWidget(QWidget *page)
 {
     m_page = page;
+    m_scale = 0; // whatever was chosen before there was a page
     chooseColours();
     page->setAccessibleName("Page");
     layOutPage();

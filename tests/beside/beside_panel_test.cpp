@@ -24,6 +24,16 @@ TEST(BesidePanel, KeepsNotesApartAndShowsThemAsTheyAreWritten)
     EXPECT_EQ(note->text(), "no sandbox");
 }
 
+TEST(BesidePanel, AppliesToThePageWhatWasChosenBefore)
+{
+    BesidePanel panel(nullptr);
+    panel.zoomBy(1);
+    double scale = 0;
+    QObject::connect(&panel, &BesidePanel::scaleChanged, [&](double now) { scale = now; });
+    panel.setPageWidget(new QWidget(&panel.frame()));
+    EXPECT_GT(scale, 1);
+}
+
 TEST(DockWidth, LeavesTheTextItsRoomAndComesBackToTheWidthChosen)
 {
     QMainWindow window;
