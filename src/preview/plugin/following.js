@@ -398,5 +398,5 @@
     };
     window.addEventListener('click', tellOf('click'), true);
     window.addEventListener('dblclick', tellOf('pick'), true);
-    window.addEventListener('DOMContentLoaded', () => tell('ready'), true);
+    window.addEventListener('DOMContentLoaded', event => event.isTrusted && tell('ready'), true);
 })

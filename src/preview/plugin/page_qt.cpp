@@ -171,7 +171,7 @@ bool Page::mayShowDialog(const QString &message)
 {
     // Not over the text that somebody is typing.
     if (m_use == EngineUse::BesideText) {
-        if (!m_ending && m_messages.allows(m_clock.elapsed()))
+        if (!m_ending && m_alerts.allows(m_clock.elapsed()))
             m_events.pageAlert(message.left(longestAlert));
         return false;
     }

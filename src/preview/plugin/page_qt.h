@@ -55,7 +55,8 @@ private:
     QElapsedTimer m_clock;
     RateLimit m_navigations{bounds::navigations};
     RateLimit m_links{bounds::links};
-    RateLimit m_messages{bounds::messages};
+    RateLimit m_messages{bounds::messages}; ///< of the following script: no alerts may crowd them out
+    RateLimit m_alerts{bounds::messages};
     bool m_ending = false;
 };
 
