@@ -14,7 +14,7 @@ namespace {
 using script::Rule;
 using script::Tag;
 
-constexpr std::size_t furthest = 1000; ///< open elements that a tag is compared with
+constexpr std::size_t furthest = 1000; ///< open or crossed elements that a tag is compared with
 /// Their end tags, wherever they are, end nothing.
 constexpr std::array<std::string_view, 4> frames{"body", "frameset", "head", "html"};
 
@@ -68,6 +68,7 @@ private:
     const PageModel &m_page;
     Findings &m_findings;
     std::vector<Open> m_open;
+    std::size_t m_foreign = 0; ///< of them, those that hold another language
     std::vector<Crossed> m_crossed;
     TextRange m_endedParagraph; ///< the last tag that ended a paragraph
     std::unordered_set<std::string> m_written; ///< names of tags that scripts write
@@ -85,7 +86,7 @@ void NestingCheck::noteWrittenByScripts()
         for (auto at = script.find('<'); at != std::string_view::npos; at = script.find('<', at + 1)) {
             auto rest = script.substr(at + 1);
             rest.remove_prefix(std::min(rest.find_first_not_of("\\/"), rest.size()));
-            m_written.insert(lowerCase(rest.substr(0, rest.find_first_of(" \t\r\n/>\\\"'"))));
+            m_written.insert(lowerCase(rest.substr(0, rest.find_first_of(" \t\r\n/<>\\\"'"))));
         }
     }
 }
@@ -129,10 +130,11 @@ void NestingCheck::start(const Tag &tag, TagId id)
         else if (endsImpliedSearch(id, open))
             break;
     }
-    const bool isForeign
-        = std::ranges::any_of(m_open, [](const Open &open) { return has(open.id, TagKind::Foreign); });
-    if (!has(id, TagKind::Void) && !(tag.empty && (isForeign || has(id, TagKind::Foreign))))
-        m_open.push_back({id, tag.name, tag.range, tag.empty});
+    const bool isForeign = has(id, TagKind::Foreign);
+    if (has(id, TagKind::Void) || (tag.empty && (m_foreign > 0 || isForeign)))
+        return;
+    m_foreign += isForeign ? 1 : 0;
+    m_open.push_back({id, tag.name, tag.range, tag.empty});
 }
 
 void NestingCheck::close(std::size_t index, const Tag &by)
@@ -143,7 +145,8 @@ void NestingCheck::close(std::size_t index, const Tag &by)
         if (!has(m_open[i].id, TagKind::OptionalEnd))
             m_crossed.push_back({m_open[i], by.range});
     }
-    m_open.resize(index);
+    for (; m_open.size() > index; m_open.pop_back())
+        m_foreign -= has(m_open.back().id, TagKind::Foreign) ? 1 : 0;
 }
 
 void NestingCheck::end(const Tag &tag, TagId id)
@@ -164,9 +167,10 @@ void NestingCheck::unmatched(const Tag &tag, TagId id)
 {
     const auto isIt
         = [&](const Crossed &crossed) { return script::sameWord(crossed.element.name, tag.name); };
-    const auto crossed = std::find_if(m_crossed.rbegin(), m_crossed.rend(), isIt);
+    const auto last = m_crossed.rbegin() + static_cast<std::ptrdiff_t>(std::min(m_crossed.size(), furthest));
+    const auto crossed = std::find_if(m_crossed.rbegin(), last, isIt);
     const auto name = lowerCase(tag.name);
-    if (crossed != m_crossed.rend()) {
+    if (crossed != last) {
         add(Rule::MisnestedElement, name, tag.range,
             "The element <" + name + "> ends outside of the element it begins in.",
             {{crossed->element.tag, "It begins here"}, {crossed->by, "The element around it ends here"}});

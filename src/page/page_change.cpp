@@ -24,9 +24,11 @@ constexpr int maxCandidates = 12;
 [[nodiscard]] bool hasPageTag(std::string_view html)
 {
     for (auto at = html.find('<'); at != html.npos; at = html.find('<', at + 1)) {
-        const auto tag = script::readTag(html, at);
-        if (std::ranges::any_of(
-                pageTags, [&](std::string_view name) { return script::sameWord(tag.name, name); }))
+        // The name alone: without a '>' the tag would go on to the end of the page, each time.
+        auto rest = html.substr(at + 1);
+        rest.remove_prefix(rest.starts_with('/') ? 1 : 0);
+        const auto tag = rest.substr(0, rest.find_first_of(" \t\r\n\f>/<"));
+        if (std::ranges::any_of(pageTags, [&](std::string_view name) { return script::sameWord(tag, name); }))
             return true;
     }
     return false;

@@ -15,13 +15,20 @@ constexpr std::size_t longestValue = 256; ///< without quotation marks, that is 
     return {{static_cast<Offset>(start), static_cast<Offset>(end)}, isOutput};
 }
 
+/// One search to the end of the text is enough.
+struct Unclosed {
+    bool asp = false;
+    bool php = false;
+};
+
 /// The part that begins at text[at] == '<'.
-[[nodiscard]] std::optional<ServerPart> partAt(std::string_view text, std::size_t at)
+[[nodiscard]] std::optional<ServerPart> partAt(std::string_view text, std::size_t at, Unclosed &unclosed)
 {
     const auto rest = text.substr(at + 1, 4);
     if (rest.starts_with('%')) {
-        const auto close = text.find("%>", at + 2);
-        if (close == npos)
+        const auto close = unclosed.asp ? npos : text.find("%>", at + 2);
+        unclosed.asp = close == npos;
+        if (unclosed.asp)
             return std::nullopt;
         return part(at, close + 2, rest.substr(1).starts_with('='));
     }
@@ -29,9 +36,10 @@ constexpr std::size_t longestValue = 256; ///< without quotation marks, that is 
     const bool isPhp = isOutput || rest == "?php" || rest == "?PHP";
     if (!isPhp && !rest.starts_with("? ") && !rest.starts_with("?\r"))
         return std::nullopt;
-    const auto close = text.find("?>", at + 2);
+    const auto close = unclosed.php ? npos : text.find("?>", at + 2);
     if (close != npos)
         return part(at, close + 2, isOutput);
+    unclosed.php = true;
     return isPhp ? std::optional(part(at, text.size(), isOutput)) : std::nullopt;
 }
 
@@ -48,12 +56,9 @@ constexpr std::size_t longestValue = 256; ///< without quotation marks, that is 
 std::vector<ServerPart> findServerParts(std::string_view text)
 {
     std::vector<ServerPart> parts;
-    bool unclosed = false; // one search to the end of the text is enough
+    Unclosed unclosed;
     for (auto at = text.find('<'); at != npos; at = text.find('<', at)) {
-        const char next = at + 1 < text.size() ? text[at + 1] : '\0';
-        const bool mayBegin = next == '?' || (next == '%' && !unclosed);
-        const auto found = mayBegin ? partAt(text, at) : std::nullopt;
-        unclosed = unclosed || (mayBegin && next == '%' && !found);
+        const auto found = partAt(text, at, unclosed);
         if (found)
             parts.push_back(*found);
         at = found ? static_cast<std::size_t>(found->range.end) : at + 1;

@@ -29,8 +29,9 @@ constexpr std::string_view blanks = " \t\r\n\f";
     at = pastBlanks(style, at);
     if (at < style.size() && (style[at] == '"' || style[at] == '\''))
         return stringAt(style, at);
-    const auto end = needsString ? npos : style.find(')', at);
-    return end == npos ? std::string_view() : script::trimmed(style.substr(at, end - at));
+    const auto end = needsString ? npos : style.find_first_of("()\"'", at);
+    return end == npos || style[end] != ')' ? std::string_view()
+                                            : script::trimmed(style.substr(at, end - at));
 }
 
 } // namespace

@@ -112,7 +112,7 @@ TEST(ElementTree, WhatCostsParsersMostIsBounded)
         {"formatting across blocks", repeated(50'000, [](int) { return "<b><div></b>"; })},
         {"comments", repeated(100'000, [](int) { return "<!-- -"; })},
         {"raw text", repeated(100'000, [](int) { return "<title></titl>"; })},
-        {"server parts", repeated(100'000, [](int) { return "<% <?"; })},
+        {"server parts", repeated(100'000, [](int) { return "<% <? "; })},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);

@@ -89,5 +89,16 @@ TEST(RetypedPage, IsThePageThatIsParsed)
     EXPECT_GT(found, 300);
 }
 
+TEST(PageChange, LooksOnceAtWhatOnlyBeginsLikeTags)
+{
+    std::string tags;
+    for (int i = 0; i < 200'000; ++i)
+        tags += "<a ";
+    const auto page = [&](const std::string &text) {
+        return MarkedPage("<!DOCTYPE html><body><div><script>" + tags + text + "</script></div><p>");
+    };
+    EXPECT_TRUE(changeBetween(page("x"), page("y")));
+}
+
 } // namespace
 } // namespace kevra::page
