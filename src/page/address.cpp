@@ -66,10 +66,12 @@ Addresses::Addresses(PageFolders folders, std::optional<std::string_view> base)
 {
     if (!base)
         return;
-    const auto path = pathOf(asBrowsersRead(*base));
-    // The last part of a base is a file, unless it ends with a separator.
-    m_folders.folder = path ? path->substr(0, path->rfind('/')) : std::string();
     m_hasBase = true;
+    const auto path = base->empty() ? std::nullopt : pathOf(asBrowsersRead(*base));
+    if (!path)
+        m_folders = {};
+    else // its last part is a file, unless it ends with a separator
+        m_folders.folder = path->substr(0, path->rfind('/'));
 }
 
 std::optional<std::string> Addresses::pathOf(std::string_view address) const

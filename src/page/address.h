@@ -21,7 +21,7 @@ struct LocalTarget {
 
 class Addresses {
 public:
-    /// `base` is what the page's base element says.
+    /// `base` is what the page's base element says; empty: it is not known.
     Addresses(PageFolders folders, std::optional<std::string_view> base);
 
     /// Nothing for what leads to another machine or is no address of a file, and where it cannot be told.

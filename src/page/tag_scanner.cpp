@@ -74,7 +74,10 @@ std::optional<script::Tag> TagScanner::next()
             continue;
         }
         m_at = static_cast<std::size_t>(tag.range.end);
-        if (!tag.closing && isRawText(tag.name))
+        if (script::sameWord(tag.name, "svg") || script::sameWord(tag.name, "math"))
+            m_drawings = std::max(m_drawings + (tag.closing ? -1 : tag.empty ? 0 : 1), 0);
+        const bool isEmpty = tag.empty && m_drawings > 0;
+        if (!tag.closing && !isEmpty && isRawText(tag.name))
             passRawText(tag.name);
         return tag;
     }

@@ -24,6 +24,7 @@ private:
 
     std::string_view m_text;
     std::size_t m_at = 0;
+    int m_drawings = 0; ///< and formulas that are open: <title/> is as empty in them as it looks
 };
 
 /// Elements whose content is text up to their end tag.

@@ -63,7 +63,8 @@ TEST(PageAnalysis, NamesWhatIsBrokenAndNothingElse)
             "KV4001 b.css, KV4001 c.png"},
         {"with a base", R"(<base href="../"><a href="up.html"></a><a href="a.png"></a><a href="#x"></a>)",
             "KV4001 a.png"},
-        {"with a base elsewhere", R"(<base href="https://a/"><a href="b.png"></a>)", ""},
+        {"with a base elsewhere", R"(<base href="https://a/"><a href="b.png"></a><a href="/b.png"></a>)", ""},
+        {"with the server's base", R"(<base href="<%=a%>/"><a href="b.png"></a>)", ""},
         {"made by a server", R"(<a href="<%=b%>.png"></a><img src="b<?= c ?>">)", ""},
         {"places in the page",
             R"(<p id="a b"><a name=c></a><a href="#a%20b"></a><a href="#c"></a><a href="#TOP"></a><a href="#/r"></a><a href="#d"></a>)",
@@ -78,6 +79,8 @@ TEST(PageAnalysis, NamesWhatIsBrokenAndNothingElse)
         {"end tags that may be left out",
             "<ul><li>a<li>b</ul><p>a<p>b<table><tr><td>a<td>b<tr><th>c</table><dl><dt>a<dd>b</dl>"
             "<select><option>a<option>b</select><svg><path d=1 /></svg><br/><x:y>",
+            ""},
+        {"empty in a drawing", R"(<div><svg><title/><style/><g/></svg></div><p id=a></p><a href="#a"></a>)",
             ""},
         {"not closed", "<div><span>a</div><b>c", "KV4006 <span>, KV4006 <b>"},
         {"closed by a slash", "<div/>a", "KV4006 <div/>"},
@@ -95,6 +98,30 @@ TEST(PageAnalysis, NamesWhatIsBrokenAndNothingElse)
         EXPECT_EQ(findingsOf(c.page), c.findings);
     }
     EXPECT_EQ(findingsOf(R"(<a href="b.png"></a><a href="#b"></a>)", ""), "KV4002 #b");
+}
+
+TEST(PageAnalysis, ReachesTheEndOfPagesMadeToTakeLong)
+{
+    const struct {
+        const char *name;
+        const char *start;
+        std::string_view piece;
+        const char *end;
+    } cases[] = {
+        {"open elements", "", "<div>", ""},
+        {"crossed elements", "", "<div><b></div></i>", ""},
+        {"written by scripts", "<script>document.write('", "<", "')</script>"},
+        {"silenced on one line", "<b>", "a<!-- kevra: off KV4006 -->", ""},
+        {"styles", "<style>", "url(", "</style>"},
+        {"server parts", "", "<? ", ">"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        std::string page = c.start;
+        for (int i = 0; i < 50'000; ++i)
+            page += c.piece;
+        EXPECT_TRUE(findingsOf(page + c.end + "<img>").ends_with("KV4003 <img>"));
+    }
 }
 
 TEST(PageAnalysis, FixesLeaveAPageInOrder)
