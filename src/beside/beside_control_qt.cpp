@@ -10,7 +10,11 @@
 namespace kevra {
 namespace {
 
-constexpr std::chrono::seconds patience{2};
+/// How long a page may take over so many bytes before the user is told: 2 s, and 5 s a megabyte.
+std::chrono::milliseconds patience(std::size_t bytes)
+{
+    return std::chrono::milliseconds(2000 + bytes / 200);
+}
 
 } // namespace
 
@@ -36,10 +40,10 @@ bool BesideControlQt::isSandboxed() const
 
 void BesideControlQt::expectPage(std::shared_ptr<const PageText> page)
 {
+    m_patience.start(patience(page->shown.size()));
     m_requests.setPage(std::move(page));
     m_expected = true;
     ++m_load;
-    m_patience.start(patience);
 }
 
 bool BesideControlQt::load(
@@ -75,7 +79,7 @@ void BesideControlQt::unload()
 
 void BesideControlQt::ask(const std::string &call)
 {
-    m_patience.start(patience);
+    m_patience.start(patience(call.size()));
     m_engine->ask(QString::fromStdString(call), [this, load = m_load](const QString &answer) {
         if (load != m_load)
             return;

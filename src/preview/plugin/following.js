@@ -390,7 +390,8 @@
     // ---- messages to the editor
 
     const tellOf = word => event => {
-        if (!event.isTrusted || event.button !== 0)
+        // Without a detail it is Return or a space that the engine makes a click of.
+        if (!event.isTrusted || event.button !== 0 || event.detail === 0)
             return;
         const known = event.composedPath().find(node => items.has(node));
         if (known)
