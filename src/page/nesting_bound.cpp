@@ -5,6 +5,7 @@
 #include "page/tag_scanner.h"
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace kevra::page {
@@ -14,9 +15,21 @@ constexpr std::size_t furthestMatch = 512; ///< open elements that an end tag is
 
 struct Open {
     TagId tag;
+    std::size_t name; ///< of what HTML does not know
     bool dropped; ///< its start tag was overwritten
     std::size_t formattingOutside; ///< of an element that keeps formatting to itself
 };
+
+/// A number for the name of what HTML does not know: an end tag of another name ends nothing.
+[[nodiscard]] std::size_t numberOf(std::string_view name, TagId id)
+{
+    if (id != TagId{})
+        return 0;
+    std::string lower(name);
+    for (auto &c : lower)
+        c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 0x20 : c);
+    return std::hash<std::string>{}(lower);
+}
 
 /// A model of what is open that is never less deep than the parser's by much.
 class Bounding {
@@ -52,6 +65,8 @@ void Bounding::run()
         const auto id = tagId(tag->name);
         if (tag->closing)
             end(*tag, id);
+        else if (scanner.holdsTags())
+            blank(tag->range.start, tag->range.end); // a parser may take it either way
         else
             start(*tag, id);
     }
@@ -103,12 +118,13 @@ void Bounding::start(const script::Tag &tag, TagId id)
             ++m_formatting;
         return;
     }
+    const auto name = numberOf(tag.name, id); // before it is overwritten
     const bool dropped = depth >= m_bound.depth && !isRawText(tag.name);
     if (dropped)
         blank(tag.range.start, tag.range.end);
     m_dropped += dropped ? 1 : 0;
     m_foreign += has(id, TagKind::Foreign) ? 1 : 0;
-    m_open.push_back({id, dropped, m_formatting});
+    m_open.push_back({id, name, dropped, m_formatting});
 }
 
 void Bounding::end(const script::Tag &tag, TagId id)
@@ -117,9 +133,10 @@ void Bounding::end(const script::Tag &tag, TagId id)
         m_formatting -= m_formatting > 0 ? 1 : 0;
         return;
     }
+    const auto name = numberOf(tag.name, id);
     for (auto i = m_open.size(); i > 0 && m_open.size() - i < furthestMatch; --i) {
         const auto &open = m_open[i - 1];
-        if (open.tag == id) {
+        if (open.tag == id && open.name == name) {
             if (open.dropped)
                 blank(tag.range.start, tag.range.end);
             return closeTo(i - 1);

@@ -12,6 +12,9 @@ constexpr auto npos = std::string_view::npos;
 constexpr std::array<std::string_view, 8> rawText{
     "script", "style", "textarea", "title", "xmp", "iframe", "noembed", "noframes"};
 
+/// What is raw text in a page is tags in these.
+constexpr std::array<std::string_view, 2> drawings{"svg", "math"};
+
 /// Just past the comment that begins at text[at]; "<!-->" is one as well.
 [[nodiscard]] std::size_t pastComment(std::string_view text, std::size_t at)
 {
@@ -49,19 +52,28 @@ std::size_t TagScanner::pastMarkup(std::size_t at) const
     return kind == '!' || kind == '?' || kind == '/' ? script::past(m_text, ">", at) : at + 1;
 }
 
+/// Whether the end tag of that element begins at m_text[at] == '<'.
+bool TagScanner::isEndTag(std::size_t at, std::string_view name) const
+{
+    const auto after = at + 2 + name.size();
+    return m_text.substr(at).starts_with("</") && script::sameWord(m_text.substr(at + 2, name.size()), name)
+        && (after >= m_text.size() || std::string_view(" \t\r\n\f/>").find(m_text[after]) != npos);
+}
+
 void TagScanner::passRawText(std::string_view name)
 {
-    const auto isEnd = [&](std::size_t at) {
-        const auto after = at + 2 + name.size();
-        return after >= m_text.size() || std::string_view(" \t\r\n\f/>").find(m_text[after]) != npos;
-    };
-    for (auto at = m_text.find("</", m_at); at != npos; at = m_text.find("</", at + 2)) {
-        if (script::sameWord(m_text.substr(at + 2, name.size()), name) && isEnd(at)) {
-            m_at = at;
-            return;
-        }
+    auto at = m_text.find("</", m_at);
+    while (at != npos && !isEndTag(at, name))
+        at = m_text.find("</", at + 2);
+    m_at = std::min(at, m_text.size());
+}
+
+void TagScanner::countDrawings(const script::Tag &tag)
+{
+    for (std::size_t i = 0; i < drawings.size(); ++i) {
+        if (script::sameWord(tag.name, drawings[i]) && !tag.empty)
+            m_drawings[i] = std::max(m_drawings[i] + (tag.closing ? -1 : 1), 0);
     }
-    m_at = m_text.size();
 }
 
 std::optional<script::Tag> TagScanner::next()
@@ -74,10 +86,14 @@ std::optional<script::Tag> TagScanner::next()
             continue;
         }
         m_at = static_cast<std::size_t>(tag.range.end);
-        if (script::sameWord(tag.name, "svg") || script::sameWord(tag.name, "math"))
-            m_drawings = std::max(m_drawings + (tag.closing ? -1 : tag.empty ? 0 : 1), 0);
-        const bool isEmpty = tag.empty && m_drawings > 0;
-        if (!tag.closing && !isEmpty && isRawText(tag.name))
+        countDrawings(tag);
+        m_holdsTags = false;
+        if (tag.closing || !isRawText(tag.name))
+            return tag;
+        const bool isInDrawing = std::ranges::any_of(m_drawings, [](int open) { return open > 0; });
+        const auto next = isInDrawing ? m_text.find('<', m_at) : npos;
+        m_holdsTags = next != npos && !tag.empty && !isEndTag(next, tag.name);
+        if (!m_holdsTags && !(isInDrawing && tag.empty))
             passRawText(tag.name);
         return tag;
     }

@@ -5,6 +5,7 @@
 
 #include "script/markup.h"
 
+#include <array>
 #include <optional>
 #include <string_view>
 
@@ -17,14 +18,20 @@ public:
 
     /// Nothing at the end of the text.
     [[nodiscard]] std::optional<script::Tag> next();
+    /// Whether the content of the last tag would be text in a page and is read as tags, for it is in a
+    /// drawing.
+    [[nodiscard]] bool holdsTags() const { return m_holdsTags; }
 
 private:
     [[nodiscard]] std::size_t pastMarkup(std::size_t at) const;
+    [[nodiscard]] bool isEndTag(std::size_t at, std::string_view name) const;
     void passRawText(std::string_view name);
+    void countDrawings(const script::Tag &tag);
 
     std::string_view m_text;
     std::size_t m_at = 0;
-    int m_drawings = 0; ///< and formulas that are open: <title/> is as empty in them as it looks
+    std::array<int, 2> m_drawings{}; ///< and formulas that are open
+    bool m_holdsTags = false;
 };
 
 /// Elements whose content is text up to their end tag.

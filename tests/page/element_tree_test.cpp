@@ -111,6 +111,9 @@ TEST(ElementTree, WhatCostsParsersMostIsBounded)
         {"open formatting", repeated(20'000, [](int i) { return "<p><b id=" + std::to_string(i) + ">"; })},
         {"formatting across blocks", repeated(50'000, [](int) { return "<b><div></b>"; })},
         {"comments", repeated(100'000, [](int) { return "<!-- -"; })},
+        {"deep unknown, with other ends", repeated(10'000, [](int) { return "<x-y></x-z>"; })},
+        {"raw text in a drawing", "<svg><style>" + repeated(10'000, [](int) { return "<g></x>"; })},
+        {"title of a drawing", "<svg><title>" + repeated(10'000, [](int) { return "<div>"; })},
         {"raw text", repeated(100'000, [](int) { return "<title></titl>"; })},
         {"server parts", repeated(100'000, [](int) { return "<% <? "; })},
     };
