@@ -18,6 +18,8 @@ constexpr std::string_view scriptNote = "A script has no page.";
 constexpr std::string_view noEngineNote = "Pages cannot be shown on this machine.";
 constexpr std::string_view endedNote
     = "The page's process has ended: it took too much memory or failed. \"Reload\" shows it again.";
+constexpr std::string_view noMemoryNote
+    = "There is not enough memory to show the page. \"Reload\" tries again.";
 constexpr std::string_view stoppedNote = "The page has been stopped. \"Reload\" shows it again.";
 constexpr std::string_view busyNote
     = "The page does not answer. \"Stop\" ends it, \"Reload\" shows the text as it is now.";
@@ -151,6 +153,10 @@ bool BesideCommands::isUsable(const PageText &page) const
 void BesideCommands::prepared(std::shared_ptr<const PageText> page)
 {
     m_preparing = false;
+    if (!page && m_state == State::Starting) {
+        m_state = State::Ended;
+        m_page.showNote(BesideNote::State, noMemoryNote);
+    }
     if (!isActive() || !page)
         return;
     if (!isUsable(*page))

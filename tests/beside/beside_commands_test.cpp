@@ -119,6 +119,10 @@ TEST(BesideCommands, LeavesAPageThatHasEndedAlone)
     script.commands.open();
     EXPECT_FALSE(script.wanted);
     EXPECT_NE(script.note, "");
+    Fixture large;
+    large.commands.open();
+    large.commands.prepared(nullptr);
+    EXPECT_NE(large.note, "") << "no memory for the first text";
 }
 
 } // namespace
