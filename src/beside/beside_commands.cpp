@@ -108,6 +108,7 @@ void BesideCommands::setDocument(const std::string &path, bool isPage)
         return;
     m_path = path;
     m_isPage = isPage;
+    m_firstRevision = m_revision;
     if (m_state != State::Closed)
         start();
 }
@@ -159,7 +160,7 @@ void BesideCommands::prepared(std::shared_ptr<const PageText> page)
     }
     if (!isActive() || !page)
         return;
-    if (!isUsable(*page))
+    if (page->revision < m_firstRevision || !isUsable(*page))
         return prepare();
     m_newest = std::move(page);
     m_cost = m_newest->cost;

@@ -100,6 +100,7 @@ private:
     std::string m_path;
     bool m_isPage = true;
     std::uint64_t m_revision = 1; ///< of the document's text
+    std::uint64_t m_firstRevision = 1; ///< texts before it were another document's
     std::shared_ptr<const PageText> m_newest; ///< made ready
     std::shared_ptr<const PageText> m_shown; ///< that the page has, or is being loaded with
     bool m_preparing = false;

@@ -73,6 +73,17 @@ TEST(BesideCommands, ChangesThePageInPlaceOneQuestionAtATime)
         << "the newest text is shown then";
 }
 
+TEST(BesideCommands, ShowsNoTextOfTheDocumentBefore)
+{
+    Fixture f;
+    f.commands.setDocument("/a/b.html", true);
+    f.commands.open();
+    f.commands.textChanged();
+    f.commands.setDocument("/a/c.html", true);
+    EXPECT_EQ(f.by([&] { f.makeReady(); }), "");
+    EXPECT_EQ(f.by([&] { f.makeReady(); }), "load:/a/c.html ");
+}
+
 TEST(BesideCommands, LoadsAnewWhatIsRefusedButNotForEver)
 {
     Fixture f;
