@@ -33,11 +33,12 @@ private:
     Way leave() override
     {
         QElapsedTimer clock;
+        const auto before = queued();
         clock.start();
         m_commands.stop();
         m_commands.close();
         QCoreApplication::processEvents();
-        return {clock.elapsed()};
+        return {clock.elapsed(), queued() - before};
     }
 };
 

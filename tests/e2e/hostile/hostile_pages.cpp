@@ -14,15 +14,6 @@ using namespace kevra;
 
 namespace {
 
-/// In milliseconds: how long this thread has waited for a processor that others had.
-qint64 queued()
-{
-    QFile statistics("/proc/self/schedstat");
-    if (!statistics.open(QIODevice::ReadOnly))
-        return 0;
-    return statistics.readAll().split(' ').value(1).toLongLong() / 1'000'000;
-}
-
 class Stage : public HostileStage, private PreviewWindows {
 public:
     Stage(const QString &folder, Remote remote)
