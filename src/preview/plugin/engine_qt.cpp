@@ -59,6 +59,16 @@ public:
         , m_client(client)
         , m_use(use)
         , m_profiles(client.requests)
+        , m_watch([this](pid_t process) {
+            // The engine would tell of it behind all that the page has asked of it.
+            QMetaObject::invokeMethod(
+                this,
+                [this, process] {
+                    if (process == m_watched)
+                        m_page->tellEnded();
+                },
+                Qt::QueuedConnection);
+        })
         , m_sandboxed(sandboxed)
     {
         m_view->setContextMenuPolicy(Qt::NoContextMenu);
@@ -129,6 +139,7 @@ private:
     std::unique_ptr<PageColours> m_colours; ///< goes before its page
     bool m_dark = false;
     bool m_hasPage = false; ///< that was asked for
+    pid_t m_watched = 0; ///< the process of the page, 0 before it is known
     PageWatch m_watch;
     QTimer m_looks;
     qreal m_zoom = 1;
@@ -139,6 +150,7 @@ void Engine::newPage()
 {
     m_colours.reset();
     auto &profile = m_profiles.forNewPage();
+    m_watched = 0;
     m_watch.begin();
     const auto oldPage = std::exchange(m_page, std::make_unique<Page>(&profile, m_client, m_use));
     connect(m_page.get(), &QWebEnginePage::loadProgress, this, [this] { watchProcess(); });
@@ -153,8 +165,10 @@ void Engine::newPage()
 
 void Engine::watchProcess()
 {
-    if (m_page)
-        m_watch.setProcess(static_cast<pid_t>(m_page->renderProcessPid()));
+    if (!m_page)
+        return;
+    m_watched = static_cast<pid_t>(m_page->renderProcessPid());
+    m_watch.setProcess(m_watched);
 }
 
 void Engine::zoomBy(int steps)

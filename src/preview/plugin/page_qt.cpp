@@ -92,18 +92,20 @@ Page::Page(QWebEngineProfile *profile, const BrowserClient &client, EngineUse us
     });
     // The page goes with the message, and the engine is still speaking of it now. A queued connection would
     // copy the status, which the engine may give a value that is none of its own.
-    connect(this, &QWebEnginePage::renderProcessTerminated, this, [this] {
-        QTimer::singleShot(0, this, [this] {
-            if (!m_ending)
-                m_events.processDied();
-        });
-    });
+    connect(this, &QWebEnginePage::renderProcessTerminated, this,
+        [this] { QTimer::singleShot(0, this, &Page::tellEnded); });
 }
 
 Page::~Page()
 {
     m_ending = true;
     endProcess();
+}
+
+void Page::tellEnded()
+{
+    if (!std::exchange(m_ending, true))
+        m_events.processDied();
 }
 
 void Page::endProcess() const

@@ -24,6 +24,7 @@ public:
 
     /// Passed on as often as somebody can read it.
     void linkClicked(const QUrl &url);
+    void tellEnded(); ///< once, that its process has
 
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <fstream>
 #include <string>
+#include <utility>
 
 namespace kevra {
 
@@ -63,8 +64,9 @@ std::int64_t editorMemory()
     return memoryOf("/proc/self", {"RssAnon:", "RssShmem:"});
 }
 
-PageWatch::PageWatch()
-    : m_thread([this](const std::stop_token &stop) { run(stop); })
+PageWatch::PageWatch(std::function<void(pid_t)> killed)
+    : m_killed(std::move(killed))
+    , m_thread([this](const std::stop_token &stop) { run(stop); })
 {
 }
 
@@ -93,7 +95,7 @@ void PageWatch::run(const std::stop_token &stop)
             used.pageProcesses = pageMemory(m_process);
         if (m_process > 0 && isTooMuch(used)) {
             ::kill(m_process, SIGKILL);
-            m_process = 0;
+            m_killed(std::exchange(m_process, 0));
         }
         m_changed.wait_for(lock, stop, pause, [] { return false; });
     }

@@ -6,6 +6,7 @@
 
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -17,7 +18,8 @@ namespace kevra {
 /// On a thread of its own: what a page does can keep the editor's busy.
 class PageWatch {
 public:
-    PageWatch();
+    /// `killed` is called on the thread of its own when it has killed that process.
+    explicit PageWatch(std::function<void(pid_t)> killed);
 
     /// From now on what the editor grows by counts as the next page's.
     void begin();
@@ -27,6 +29,7 @@ public:
 private:
     void run(const std::stop_token &stop);
 
+    std::function<void(pid_t)> m_killed;
     std::mutex m_guard;
     std::condition_variable_any m_changed;
     pid_t m_process = 0;

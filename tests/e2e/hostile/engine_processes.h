@@ -19,21 +19,13 @@ inline int memoryOf(const QString &process, const QByteArray &line)
     return 0;
 }
 
-/// A number in the first line of a file, by its place; 0 when there is none.
-inline qint64 numberIn(const QString &path, int place)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readLine().simplified().split(' ').value(place).toLongLong()
-                                          : 0;
-}
-
-/// In milliseconds: how long this thread has waited for a processor that others had, programs of this machine
-/// or, as far as it is told, of the one that it runs on.
+/// In milliseconds: how long this thread has waited for a processor that others had.
 inline qint64 queued()
 {
-    constexpr qint64 tick = 10;
-    const auto taken = numberIn("/proc/stat", 8) * tick / QThread::idealThreadCount();
-    return numberIn("/proc/self/schedstat", 1) / 1'000'000 + taken;
+    QFile statistics("/proc/self/schedstat");
+    if (!statistics.open(QIODevice::ReadOnly))
+        return 0;
+    return statistics.readAll().split(' ').value(1).toLongLong() / 1'000'000;
 }
 
 inline void forgetPeak()

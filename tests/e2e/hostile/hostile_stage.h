@@ -143,10 +143,8 @@ private:
             for (const int process : processes)
                 ::kill(process, SIGKILL);
         }
-        // The engine tells of it behind all that the page has asked of it.
-        const int patience = name == "killed" ? 3000 : 10000;
         const bool hasGone = processes.isEmpty() || name == "killed";
-        bool good = !hasGone || QTest::qWaitFor([this] { return hasEnded(); }, patience);
+        bool good = !hasGone || QTest::qWaitFor([this] { return hasEnded(); }, name == "killed" ? 3000 : 0);
         const auto back = leave();
         good = QTest::qWaitFor([&] { return !pageProcesses().intersects(processes); }, 2000) && good;
         const bool kept = QGuiApplication::clipboard()->text() == ofTheUser;
